@@ -1,0 +1,26 @@
+# What every target of the project has in common.
+function(typeloft_target target)
+    target_compile_features(${target} PUBLIC cxx_std_17)
+    set_target_properties(${target} PROPERTIES
+        CXX_EXTENSIONS OFF
+        POSITION_INDEPENDENT_CODE ON
+        C_VISIBILITY_PRESET hidden
+        CXX_VISIBILITY_PRESET hidden
+        VISIBILITY_INLINES_HIDDEN ON)
+    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow)
+    if(TYPELOFT_WERROR)
+        target_compile_options(${target} PRIVATE -Werror)
+    endif()
+    if(TYPELOFT_SANITIZE)
+        target_compile_options(${target} PRIVATE
+            -fsanitize=${TYPELOFT_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+        target_link_options(${target} PUBLIC -fsanitize=${TYPELOFT_SANITIZE})
+    endif()
+endfunction()
+
+# A static library of the plug-in: its folder is its include folder.
+function(typeloft_library target)
+    add_library(${target} STATIC ${ARGN})
+    typeloft_target(${target})
+    target_include_directories(${target} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+endfunction()

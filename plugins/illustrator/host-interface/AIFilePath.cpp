@@ -1,0 +1,32 @@
+#include "AIFilePath.h"
+
+#include <utility>
+
+#include "AIError.h"
+#include "SuiteGlobals.h"
+
+namespace ai {
+
+FilePath::~FilePath()
+{
+    // A destructor has nobody to tell a failure to.
+    if (mImpl != nullptr) (void)sAIFilePath->DisposeFilePath(this);
+}
+
+UnicodeString FilePath::GetFileName(bool displayForm) const
+{
+    UnicodeString name;
+    check_result(sAIFilePath->GetFileName(*this, displayForm, name));
+    return name;
+}
+
+UnicodeString FilePath::GetFullPath(bool displayForm) const
+{
+    UnicodeString path;
+    check_result(sAIFilePath->GetFullPath(*this, displayForm, path));
+    return path;
+}
+
+void FilePath::swap(FilePath& other) noexcept { std::swap(mImpl, other.mImpl); }
+
+}  // namespace ai

@@ -1,0 +1,54 @@
+#include "HostSuites.h"
+
+#include "DebugUtils.h"
+#include "SuiteTable.h"
+#include "TypeloftSPEA.h"
+
+uint32_t sAcquireCount = 0;
+
+void AcquireSuite(char const* name, int version, void* slot)
+{
+    ThrowAIErr(sSPBasic->AcquireSuite(name, version, slot));
+}
+
+void ReleaseSuite(char const* name, int version, void* slot)
+{
+    auto* const suite = static_cast<void**>(slot);
+    if (*suite == nullptr) return;
+    // Whatever the host answers, the suite isn't used any more.
+    (void)sSPBasic->ReleaseSuite(name, version);
+    *suite = nullptr;
+}
+
+AIErr AcquireSuites(SPBasicSuite* basic)
+{
+    if (sAcquireCount != 0) return kNoErr;
+
+    for (const SuiteImport& suite : imports) {
+        if (suite.target == nullptr) continue;
+        const AIErr result = basic->AcquireSuite(suite.name, suite.version, suite.target);
+        if (result == kNoErr) continue;
+        OutputIndentedAndFormattedString(0, "Error 0x%08x acquiring suite '%s', version %d",
+                                         static_cast<unsigned int>(result), suite.name,
+                                         suite.version);
+        return result;
+    }
+    ++sAcquireCount;
+    return kNoErr;
+}
+
+AIErr ReleaseSuites()
+{
+    if (sAcquireCount == 1) {
+        for (const SuiteImport& suite : imports) {
+            auto* const target = static_cast<void**>(suite.target);
+            if (target == nullptr || *target == nullptr) continue;
+            const AIErr result = sSPBasic->ReleaseSuite(suite.name, suite.version);
+            if (result != kNoErr) return result;
+            *target = nullptr;
+        }
+    }
+    // Below 0 it wraps, and the suites are then never acquired again.
+    --sAcquireCount;
+    return kNoErr;
+}

@@ -1,0 +1,180 @@
+#include "PluginStartup.h"
+
+#include "DebugUtils.h"
+#include "DialogSuppression.h"
+#include "FileFormatHook.h"
+#include "HostSuites.h"
+#include "PCILoader.h"
+#include "TypeloftSPEA.h"
+
+namespace {
+
+constexpr char kBundleIdentifier[] = "com.corvanta.AutoActivationPlugin.AI24";
+constexpr char kHostVersion[] = "24";
+
+constexpr char kBlocksSuiteName[] = "SP Blocks Suite";
+constexpr int kBlocksSuiteVersion = 2;
+constexpr char kNotifierSuiteName[] = "AI Notifier Suite";
+constexpr int kNotifierSuiteVersion = 1004;
+
+struct NotifierRow {
+    const char* name;
+    const char* type;
+    AINotifierHandle SGlobals::*field;
+    const char* trace;
+};
+
+constexpr NotifierRow kNotifiers[] = {
+    {"Change!", "AI Document Changed Notifier", &SGlobals::documentChangedNotifier,
+     "...adding Change notifier"},
+    {"Open!", "AI Document Opened Notifier", &SGlobals::documentOpenedNotifier,
+     "...adding Open notifier"},
+    {"AboutToClose!", "AI Document About To Close Notifier",
+     &SGlobals::documentAboutToCloseNotifier, "...adding AboutToClose notifier"},
+    {"Close!", "AI Document Closed Notifier", &SGlobals::documentClosedNotifier,
+     "...adding Close notifier"},
+    {"New!", "AI Document New Notifier", &SGlobals::documentNewNotifier,
+     "...adding DocumentNew notifier"},
+    {"Startup", "AI Application Started Notifier", &SGlobals::startupNotifier,
+     "...adding Startup notifier"},
+    {"Shutdown", "AI Application Shutdown Notifier", &SGlobals::shutdownNotifier,
+     "...adding Shutdown notifier"},
+    {"font-list change", "AI Font List Changed Notifier", &SGlobals::fontListChangedNotifier,
+     "...adding font-list changed notifier"},
+    {"Menu Changed", "AI Menu Changed Notifier", &SGlobals::menuChangedNotifier,
+     "...adding Menu Changed notifier"},
+    {"Save", "AI Command Notifier: After Save", &SGlobals::afterSaveNotifier,
+     "...adding Save notifier"},
+    {"Save As", "AI Command Notifier: After Save As", &SGlobals::afterSaveAsNotifier,
+     "...adding Save As notifier"},
+    {"DocumentWriteOnDiskComplete", "AI Document Write On Disk Complete Notifier",
+     &SGlobals::diskWritingCompleteNotifier, "...adding DocumentWriteOnDiskComplete notifier"},
+};
+
+void AcquireBlocksSuite(SPBlocksSuite*& blocks)
+{
+    try {
+        AcquireSuite(kBlocksSuiteName, kBlocksSuiteVersion, &blocks);
+    } catch (int) {
+        OutputIndentedAndFormattedString(0, "EXCEPTION: AIErr from AcquireSuite(kSPBlocksSuite)");
+        throw;
+    }
+}
+
+void AllocateGlobals(SPInterfaceMessage* message, SPBlocksSuite* blocks)
+{
+    void* block = nullptr;
+    ThrowAIErr(blocks->AllocateBlock(sizeof(SGlobals), "globals", &block));
+    gGlobals = static_cast<SGlobals*>(block);
+    message->d.globals = gGlobals;
+    // The block comes as the host left it: what has no value of its own yet must read as none.
+    gGlobals->fileFormatHandle = nullptr;
+    gGlobals->reserved[1] = nullptr;
+    gGlobals->reserved[2] = nullptr;
+    gGlobals->pluginRef = message->d.self;
+    gGlobals->globalsVersion = kGlobalsVersion;
+    for (const NotifierRow& row : kNotifiers) gGlobals->*row.field = nullptr;
+    gGlobals->timerHandle = nullptr;
+    gGlobals->globalsString = new std::string;
+}
+
+void TakePlaceInHost(SPInterfaceMessage* message, SPBlocksSuite*& blocks)
+{
+    AcquireBlocksSuite(blocks);
+    AllocateGlobals(message, blocks);
+    // The plug-in goes on with what it got.
+    (void)AddNotifiers(message);
+    (void)AddFileFormat(message);
+    bool enabled = false;
+    // Only the answer counts.
+    (void)PCILoader::GetSharedInstance()->pfPluginIsEnabled(true, &enabled);
+    SetupIllustratorDialogSuppression(enabled);
+}
+
+}  // namespace
+
+AIErr StartupPlugin(SPInterfaceMessage* message)
+{
+    if (message == nullptr) return kBadParameterErr;
+    OutputIndentedAndFormattedString(1, "Entering %s", "StartupPlugin");
+    AIErr result = kNoErr;
+    PCILoader* const core = PCILoader::GetSharedInstance();
+    if (core->pfInitializePluginCoreInterface(kBundleIdentifier, kHostVersion) == 0) {
+        SPBlocksSuite* blocks = nullptr;
+        try {
+            TakePlaceInHost(message, blocks);
+        } catch (int error) {
+            OutputIndentedAndFormattedString(0, "StartupPlugin, after catching an error\n");
+            result = error;
+        }
+        ReleaseSuite(kBlocksSuiteName, kBlocksSuiteVersion, &blocks);
+    }
+    OutputIndentedAndFormattedString(-1, "%s returning %d", "StartupPlugin", result);
+    return result;
+}
+
+AIErr AddNotifiers(SPInterfaceMessage* message)
+{
+    if (message == nullptr) return kBadParameterErr;
+    OutputIndentedAndFormattedString(1, "Entering %s", "AddNotifiers");
+    AIErr result = kNoErr;
+    AINotifierSuite* notifiers = nullptr;
+    try {
+        OutputIndentedAndFormattedString(0, "...acquiring notifier suite");
+        AcquireSuite(kNotifierSuiteName, kNotifierSuiteVersion, &notifiers);
+        for (const NotifierRow& row : kNotifiers) {
+            OutputIndentedAndFormattedString(0, "%s", row.trace);
+            ThrowAIErr(notifiers->AddNotifier(message->d.self, row.name, row.type,
+                                              &(gGlobals->*row.field)));
+        }
+    } catch (int error) {
+        OutputIndentedAndFormattedString(0, "...exception caught while adding notifiers");
+        result = error;
+    }
+    ReleaseSuite(kNotifierSuiteName, kNotifierSuiteVersion, &notifiers);
+    OutputIndentedAndFormattedString(-1, "%s returning %d", "AddNotifiers", result);
+    return result;
+}
+
+AIErr ShutdownPlugin(SPInterfaceMessage* message)
+{
+    OutputIndentedAndFormattedString(0, "Entering %s", "ShutdownPlugin");
+    if (gGlobals == nullptr) return kNoErr;
+
+    AIErr result = kNoErr;
+    SPBlocksSuite* blocks = nullptr;
+    try {
+        result =
+            static_cast<AIErr>(PCILoader::GetSharedInstance()->pfTerminatePluginCoreInterface());
+        delete gGlobals->globalsString;
+        gGlobals->globalsString = nullptr;
+        SetupIllustratorDialogSuppression(false);
+        // Tried once: what the host doesn't take back now, nothing gives back later.
+        (void)ReleaseSuites();
+        AcquireSuite(kBlocksSuiteName, kBlocksSuiteVersion, &blocks);
+        ThrowAIErr(blocks->FreeBlock(gGlobals));
+    } catch (int error) {
+        result = error;
+    }
+    gGlobals = nullptr;
+    if (message != nullptr) message->d.globals = nullptr;
+    ReleaseSuite(kBlocksSuiteName, kBlocksSuiteVersion, &blocks);
+    return result;
+}
+
+AIErr AboutPlugin(SPInterfaceMessage* /*message*/)
+{
+    OutputIndentedAndFormattedString(1, "Entering %s", "AboutPlugin");
+    AIErr result = kNoErr;
+    PCILoader* const core = PCILoader::GetSharedInstance();
+    if (core != nullptr && core->pfInvokeCommandDialog != nullptr) {
+        std::string path;
+        // Without a document the path stays empty.
+        (void)GetDocumentFileSpec(&path, false);
+        char buffer[256] = {};
+        bool flag = false;
+        result = static_cast<AIErr>(core->pfInvokeCommandDialog(path.c_str(), buffer, &flag));
+    }
+    OutputIndentedAndFormattedString(-1, "%s returning %d", "AboutPlugin", result);
+    return result;
+}

@@ -1,0 +1,82 @@
+#include "DebugUtils.h"
+#include "DocumentHandlers.h"
+#include "TypeloftSPEA.h"
+
+namespace {
+
+constexpr short kNameSize = 8192;
+
+AIArtSpec sTextFrameSpec(kTextFrameArt, 0, 0);
+
+// The first text frame leads to all stories of the document.
+ATE::IArrayFontRef GetFontsOfAllStories()
+{
+    AIArtSet set = nullptr;
+    // Every failure is thrown.
+    (void)GetTextFrameArtSet(&sTextFrameSpec, 1, set);
+    int count = 0;
+    ThrowAIErr(gArtSetSuite->CountArtSet(set, &count));
+    if (count <= 0) ThrowAIErr(kBadParameterErr);
+
+    AIArtHandle art = nullptr;
+    ThrowAIErr(gArtSetSuite->IndexArtSet(set, 0, &art));
+    ATE::_TextFrame* frameReference = nullptr;
+    ThrowAIErr(sTextFrameSuite->GetATETextFrame(art, &frameReference));
+    const ATE::ITextFrame frame(frameReference);
+    return frame.GetStory().GetStories().GetTextRanges().GetCharInspector().GetFont();
+}
+
+void AppendName(json& fonts, const ATE::IFont& font)
+{
+    AIFontKey key = nullptr;
+    ThrowAIErr(gFontSuite->FontKeyFromFontRef(font.GetRef(), &key));
+    // One byte more than the host is told, so that the text ends whatever it writes.
+    char name[kNameSize + 1] = {};
+    ThrowAIErr(gFontSuite->GetPostScriptFontName(key, name, kNameSize));
+    fonts.push_back(json::object({{"PostScriptName", name}}));
+    OutputIndentedAndFormattedString(0, "Name of used font: %s", name);
+}
+
+void AppendNames(json& fonts)
+{
+    const ATE::IArrayFontRef used = GetFontsOfAllStories();
+    const int size = used.GetSize();
+    if (size < 1) ThrowAIErr(kBadParameterErr);
+    for (int index = 0; index < size; ++index) {
+        const ATE::IFont font = used.Item(index);
+        if (!font.IsNull()) AppendName(fonts, font);
+    }
+}
+
+}  // namespace
+
+AIErr GetTextFrameArtSet(AIArtSpec* specs, short numSpecs, AIArtSet& set)
+{
+    AIErr result = kNoErr;
+    try {
+        result = gArtSetSuite->NewArtSet(&set);
+        ThrowAIErr(result);
+        result = gArtSetSuite->MatchingArtSet(specs, numSpecs, set);
+        ThrowAIErr(result);
+    } catch (const ai::Error& error) {
+        // The code of the failure counts, not that of the disposal.
+        if (set != nullptr) (void)gArtSetSuite->DisposeArtSet(&set);
+        result = error;
+    }
+    return result;
+}
+
+AIErr IterateUsedFonts(json& fonts)
+{
+    OutputIndentedAndFormattedString(1, "Entering %s()", "IterateUsedFonts");
+    AIErr result = kNoErr;
+    try {
+        AppendNames(fonts);
+    } catch (const ai::Error& error) {
+        result = error;
+    } catch (const ATE::Exception& exception) {
+        result = exception.error;
+    }
+    OutputIndentedAndFormattedString(-1, "%s() returning %d", "IterateUsedFonts", result);
+    return result;
+}

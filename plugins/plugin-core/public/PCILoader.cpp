@@ -1,0 +1,122 @@
+#include "PCILoader.h"
+
+#include "DebugUtils.h"
+#include "SimpleAlert.h"
+#include "TraceArguments.h"
+
+namespace {
+
+constexpr char kFrameworkName[] = "PluginCore.framework";
+
+// The size that the table once had; a framework that lacks exactly so many is reported as empty.
+constexpr int kFormerFunctionCount = 24;
+
+}  // namespace
+
+PCILoader* PCILoader::sSharedInstance = nullptr;
+
+PCILoader::PCILoader() : missingFunctionCount(kFormerFunctionCount)
+{
+    ResetFunctionPointers(this, nullptr);
+    // What isn't as it should be has been traced.
+    (void)VerifyThatAllMembersAre(false);
+}
+
+PCILoader::~PCILoader() { sSharedInstance = nullptr; }
+
+PCILoader* PCILoader::GetSharedInstance()
+{
+    if (sSharedInstance != nullptr) return sSharedInstance;
+
+    OutputIndentedAndFormattedString(1, "Entering first call to %s()", "GetSharedInstance");
+    // Whether it was found shows in the shared instance.
+    (void)GetThisSharedInstance(kFrameworkName);
+    OutputIndentedAndFormattedString(-1, "Exiting first call to %s(); sSharedInstance=0x%08x",
+                                     "GetSharedInstance", TracePointer(sSharedInstance));
+    return sSharedInstance;
+}
+
+PCILoader* PCILoader::GetThisSharedInstance(const std::string& path)
+{
+    if (sSharedInstance != nullptr) return sSharedInstance;
+
+    char version[1024] = {};
+    const BundleRef bundle = LoadDllOrFramework(path.c_str(), version, sizeof version);
+    if (bundle == nullptr) {
+        OutputIndentedAndFormattedString(0, "ERROR:  cannot find %s", kFrameworkName);
+        return nullptr;
+    }
+    OutputIndentedAndFormattedString(0, "Loaded %s", path.c_str());
+    // Owned by the process: no code deletes the instance.
+    sSharedInstance = new PCILoader;
+    sSharedInstance->frameworkPath = path;
+    sSharedInstance->frameworkVersion = version;
+    ResetFunctionPointers(sSharedInstance, bundle);
+    return sSharedInstance;
+}
+
+void PCILoader::ResetFunctionPointers(PCILoader* loader, BundleRef bundle)
+{
+    if (bundle != nullptr) loader->missingFunctionCount = 0;
+#define FILL_MEMBER(name)                                                               \
+    loader->pf##name = reinterpret_cast<name##Function>(GetFunctionPtr(bundle, #name)); \
+    if (loader->pf##name == nullptr) ++loader->missingFunctionCount;
+    PLUGIN_CORE_FUNCTIONS(FILL_MEMBER)
+#undef FILL_MEMBER
+}
+
+bool PCILoader::VerifyThatAllMembersAre(bool nonNull)
+{
+    struct Member {
+        const char* name;
+        bool isNull;
+    };
+    const Member members[] = {
+#define LIST_MEMBER(name) {"pf" #name, pf##name == nullptr},
+        PLUGIN_CORE_FUNCTIONS(LIST_MEMBER)
+#undef LIST_MEMBER
+    };
+    bool result = true;
+    for (int index = 0; index < kFormerFunctionCount; ++index) {
+        const Member& member = members[index];
+        if (member.isNull != nonNull) continue;
+        OutputIndentedAndFormattedString(
+            0, nonNull ? "ERROR:  this->%s is NULL." : "ERROR:  this->%s is not NULL.",
+            member.name);
+        result = false;
+    }
+    return result;
+}
+
+bool PCILoader::IsLoaded(std::string* outPath, std::string* outVersion, int* outMissingCount)
+{
+    if (outPath == nullptr || outVersion == nullptr || outMissingCount == nullptr) {
+        OutputIndentedAndFormattedString(
+            0, "PCILoader::IsLoaded() returning false because it was called incorrectly.");
+        return false;
+    }
+    *outPath = frameworkPath;
+    *outVersion = frameworkVersion;
+    *outMissingCount = missingFunctionCount;
+
+    int version = 0;
+    const bool isServed =
+        pfGetAPIVersion != nullptr && pfGetAPIVersion(&version, kPluginCoreAPIVersion) == 0;
+    if (isServed && missingFunctionCount == 0) return true;
+
+    if (isServed && missingFunctionCount == kFormerFunctionCount) {
+        OutputIndentedAndFormattedString(
+            0, "PCILoader::IsLoaded() returning false because all %d functions are missing.",
+            kFormerFunctionCount);
+    } else {
+        OutputIndentedAndFormattedString(
+            0,
+            "PCILoader::IsLoaded() returning false. Reason: %d function(s) missing from %s, "
+            "version '%s'",
+            missingFunctionCount, frameworkPath.c_str(), frameworkVersion.c_str());
+    }
+    const std::string informative = frameworkPath + " (version " + frameworkVersion + ")";
+    // The alert's result is always 0.
+    (void)SimpleAlert("Incompatible PluginCore", informative.c_str());
+    return false;
+}
