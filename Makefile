@@ -1,0 +1,32 @@
+# The two commands are `make run` and `make test`; each installs what is missing, builds and runs.
+.PHONY: run test test-asan lint stage bootstrap clean
+
+run: stage
+	tools/run-demo
+
+test: bootstrap
+	cmake --preset dev >/dev/null
+	cmake --build --preset dev
+	ctest --preset dev
+
+test-asan: bootstrap
+	cmake --preset asan >/dev/null
+	cmake --build --preset asan
+	ASAN_OPTIONS=detect_leaks=1 ctest --preset asan
+
+lint: bootstrap
+	cmake --preset dev >/dev/null
+	ctest --preset dev --label-regex lint
+
+# What a user would install, below stage/.
+stage: bootstrap
+	cmake --preset release >/dev/null
+	cmake --build --preset release
+	rm -rf stage
+	cmake --install build/release --prefix stage >/dev/null
+
+bootstrap:
+	@tools/bootstrap
+
+clean:
+	rm -rf build stage
