@@ -1,0 +1,20 @@
+#include "Document.h"
+
+namespace documents {
+
+const char* GetKindName(Kind kind)
+{
+    switch (kind) {
+        case Kind::kIllustrator:
+            return "ai";
+        case Kind::kPDF:
+            return "pdf";
+        case Kind::kEPS:
+            return "eps";
+        case Kind::kUnknown:
+            break;
+    }
+    return "unknown";
+}
+
+}  // namespace documents

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string_view>
+
+#include "DocumentReader.h"
+
+namespace documents {
+
+// Fills in what PostScript says of itself in its comments: kind, creator and the placed files
+// (each %%IncludeFile, then what only %%DocumentFiles lists).
+void DescribePostScript(std::string_view bytes, Document& document);
+
+// Reads the fonts that the comments of a PostScript document list. The comments don't tell where
+// they are used: the document gets one frame with one run of length 1 for each font. Fonts that the
+// document only carries along (%%BeginFont) count if no comment lists any. Not this reader's if the
+// source is no PostScript.
+ReadResult ReadDscComments(const DocumentSource& source, const Limits& limits, Document& document);
+
+}  // namespace documents

@@ -1,0 +1,20 @@
+#include "PdfReader.h"
+
+#include "ContentWalker.h"
+#include "DocumentBuilder.h"
+#include "PdfFile.h"
+
+namespace documents {
+
+ReadResult ReadPdfContent(const DocumentSource& source, const Limits& limits, Document& document)
+{
+    if (source.pdf == nullptr) return {};
+    DocumentBuilder builder(document);
+    ContentWalker walker(*source.pdf, limits, builder);
+    for (const QPDFObjectHandle& page : source.pdf->GetPages()) walker.WalkPage(page);
+    if (document.linkedFiles.empty()) document.linkedFiles = walker.GetLinkedFiles();
+    for (std::string& note : walker.GetNotes()) document.notes.push_back(std::move(note));
+    return {ReadStatus::kRead, {}};
+}
+
+}  // namespace documents

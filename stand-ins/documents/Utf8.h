@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace documents {
+
+// The same text with each byte that is no part of valid UTF-8 replaced by U+FFFD. Overlong forms,
+// surrogates and what lies beyond U+10FFFF aren't valid.
+std::string ToValidUtf8(std::string_view bytes);
+
+// The text as part of a one-line message: valid UTF-8, control characters replaced by blanks, cut
+// off behind 200 bytes.
+std::string ToMessageText(std::string_view bytes);
+
+}  // namespace documents

@@ -1,0 +1,180 @@
+#include <gmock/gmock.h>
+
+#include <algorithm>
+
+#include "PdfMaker.h"
+#include "ScratchFolder.h"
+
+using namespace documents;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+constexpr char kHeader[] = "%!PS-Adobe-3.0 EPSF-3.0\n";
+
+Document OpenEps(const std::string& comments)
+{
+    const OpenResult result = OpenBytes(kHeader + comments);
+    EXPECT_TRUE(result.ok) << result.error;
+    return result.document;
+}
+
+std::vector<std::string> GetFonts(const std::string& comments) { return OpenEps(comments).fonts; }
+
+std::vector<std::string> GetFiles(const std::string& comments)
+{
+    return OpenEps(comments).linkedFiles;
+}
+
+std::string WithLineEnds(std::string text, const std::string& end)
+{
+    for (size_t at = text.find('\n'); at != std::string::npos; at = text.find('\n', at)) {
+        text.replace(at, 1, end);
+        at += end.size();
+    }
+    return text;
+}
+
+}  // namespace
+
+TEST(DscReader, OneFrameWithOneRunForEachFont)
+{
+    const OpenResult result = OpenBytes(std::string(kHeader) + "%%DocumentFonts: A B\n");
+    EXPECT_EQ("A:1 B:1", DescribeFrames(result));
+    EXPECT_EQ("dsc", result.document.reader);
+    EXPECT_EQ(1u, result.document.stories.size());
+}
+
+TEST(DscReader, EveryLineEnd)
+{
+    const std::string text = "%%DocumentFonts: A\n%%+ B\n%%EndComments\n%%Trailer\n";
+    for (const char* end : {"\n", "\r", "\r\n"}) {
+        const OpenResult result = OpenBytes(WithLineEnds(kHeader + text, end));
+        EXPECT_THAT(result.document.fonts, ElementsAre("A", "B"));
+    }
+}
+
+TEST(DscReader, ContinuationWithAndWithoutTypeWord)
+{
+    EXPECT_THAT(
+        GetFonts("%%DocumentNeededResources: font A B\n%%+ font C\n%%+ D\n%%+procset p 1 0\n"
+                 "%%+ q 1 0\n"),
+        ElementsAre("A", "B", "C", "D"));
+}
+
+TEST(DscReader, ContinuationOfAnotherCommentIsNotMine)
+{
+    EXPECT_THAT(GetFonts("%%DocumentFonts: A\n%%Title: x\n%%+ B\n"), ElementsAre("A"));
+}
+
+TEST(DscReader, ListsAtTheEnd)
+{
+    for (const char* atEnd : {"(atend)", "atend"}) {
+        EXPECT_THAT(GetFonts(std::string("%%DocumentFonts: ") + atEnd +
+                             "\n%%EndComments\n0 0 moveto\n%%Trailer\n%%DocumentFonts: A\n%%+ B\n"),
+                    ElementsAre("A", "B"));
+    }
+}
+
+TEST(DscReader, NamesAsPostScriptStrings)
+{
+    EXPECT_THAT(GetFonts("%%DocumentFonts: (My Font) A (B\\)c)\n%%+ (font)\n"),
+                ElementsAre("My Font", "A", "B)c", "font"));
+}
+
+TEST(DscReader, EveryListEachFontOnce)
+{
+    EXPECT_THAT(GetFonts("%%DocumentFonts: A\n%%DocumentNeededFonts: B A\n"
+                         "%%DocumentSuppliedFonts: C\n%%DocumentSuppliedResources: font D\n"
+                         "%%PageFonts: E\n%%PageResources: font F\n%%IncludeFont: G\n"
+                         "%%IncludeResource: font H\n"),
+                ElementsAre("A", "B", "C", "D", "E", "F", "G", "H"));
+}
+
+TEST(DscReader, CarriedFontsCountOnlyWithoutAList)
+{
+    const std::string carried = "%%BeginFont: X Printer 1.0\n%%BeginResource: font Y\n";
+    EXPECT_THAT(GetFonts(carried), ElementsAre("X", "Y"));
+    EXPECT_THAT(GetFonts("%%DocumentFonts: A\n" + carried), ElementsAre("A"));
+}
+
+TEST(DscReader, SubsetPrefixAndSlashAreTakenOff)
+{
+    EXPECT_THAT(GetFonts("%%DocumentFonts: ABCDEF+A /B\n"), ElementsAre("A", "B"));
+}
+
+TEST(DscReader, NamesAreHandedOutAsUtf8)
+{
+    EXPECT_THAT(GetFonts("%%DocumentFonts: A\xFF\n"), ElementsAre("A\uFFFD"));
+}
+
+TEST(DscReader, DataIsSkippedByCount)
+{
+    EXPECT_THAT(GetFonts("%%BeginData: 21 Hex Bytes\n%%DocumentFonts: No1\n%%EndData\n"
+                         "%%BeginBinary: 21\n%%DocumentFonts: No2\n%%EndBinary\n"
+                         "%%DocumentFonts: A\n"),
+                ElementsAre("A"));
+}
+
+TEST(DscReader, DataIsSkippedByLines)
+{
+    EXPECT_THAT(GetFonts("%%BeginData: 2 ASCII Lines\n%%DocumentFonts: No\n%%EndData\n%%EndData\n"
+                         "%%DocumentFonts: A\n"),
+                ElementsAre("A"));
+}
+
+TEST(DscReader, WrongCountFallsBackToTheEndMark)
+{
+    EXPECT_THAT(GetFonts("%%BeginData: 4000\nxyz\n%%EndData\n%%DocumentFonts: A\n"),
+                ElementsAre("A"));
+}
+
+TEST(DscReader, DataWithoutEndIsNoted)
+{
+    const Document document =
+        OpenEps("%%DocumentFonts: A\n%%BeginData: 99999999999999\n%%DocumentFonts: No\n");
+    EXPECT_THAT(document.fonts, ElementsAre("A"));
+    EXPECT_THAT(document.notes, ElementsAre("cut off within its data"));
+}
+
+TEST(DscReader, NestedDocumentsArePassedOver)
+{
+    EXPECT_THAT(GetFonts("%%BeginDocument: a.eps\n%%DocumentFonts: No\n%%BeginDocument: b.eps\n"
+                         "%%EndDocument\n%%DocumentFonts: No\n%%EndDocument\n%%EndDocument\n"
+                         "%%DocumentFonts: A\n"),
+                ElementsAre("A"));
+}
+
+TEST(DscReader, ListedFiles)
+{
+    EXPECT_THAT(GetFiles("%%DocumentFiles:/a b.eps\n%%+/c.eps\n%%+ (d e.eps)\n"),
+                ElementsAre("/a b.eps", "/c.eps", "d e.eps"));
+}
+
+TEST(DscReader, IncludedFilesWithRepeatsThenTheRestOfTheList)
+{
+    EXPECT_THAT(GetFiles("%%DocumentFiles:a\n%%+b\n%%IncludeFile:b\n%%IncludeFile: c\n"
+                         "%%IncludeFile:b\n"),
+                ElementsAre("b", "c", "b", "a"));
+}
+
+TEST(DscReader, EmptyListsGiveNoFrame)
+{
+    const Document document = OpenEps("%%DocumentFonts:\n%%DocumentFiles:\n");
+    EXPECT_THAT(document.frames, IsEmpty());
+    EXPECT_THAT(document.linkedFiles, IsEmpty());
+}
+
+TEST(DscReader, Creator)
+{
+    EXPECT_EQ("Drawer 8", OpenEps("%%Creator: (Drawer 8)\n%%Creator: Other\n").creator);
+}
+
+TEST(DscReader, KindIsToldByCreatorAndFirstLine)
+{
+    const std::string creator = "%%Creator: Adobe Illustrator(R) 8.0\n";
+    EXPECT_EQ(Kind::kEPS, OpenEps(creator).kind);
+    EXPECT_EQ(Kind::kIllustrator, OpenBytes("%!PS-Adobe-3.0\r" + creator).document.kind);
+    EXPECT_EQ(Kind::kEPS, OpenBytes("%!PS-Adobe-3.0\n%%Creator: Drawer\n").document.kind);
+}

@@ -1,0 +1,199 @@
+#include <gmock/gmock.h>
+
+#include <string>
+
+#include "PdfMaker.h"
+#include "ScratchFolder.h"
+
+using namespace documents;
+using testing::Contains;
+using testing::StartsWith;
+
+namespace {
+
+constexpr size_t kLimit = size_t{8} << 20;
+
+Limits GetLimits()
+{
+    Limits limits;
+    limits.inflatedBytes = kLimit;
+    return limits;
+}
+
+std::string Repeat(const std::string& text, size_t count)
+{
+    std::string all;
+    for (size_t index = 0; index < count; ++index) all += text;
+    return all;
+}
+
+}  // namespace
+
+TEST(HostileFiles, ContentThatInflatesBeyondTheLimit)
+{
+    const std::string bomb = Deflate(std::string(kLimit + 1, ' '));
+    EXPECT_EQ("too large: inflates to more than 8 MiB",
+              PdfMaker().SetStream(4, "/Filter /FlateDecode", bomb).Open(GetLimits()).error);
+}
+
+TEST(HostileFiles, BombWithinABomb)
+{
+    const std::string bomb = Deflate(Deflate(std::string(200u << 20, ' ')));
+    EXPECT_LT(bomb.size(), 20000u);
+    EXPECT_EQ("too large: inflates to more than 8 MiB",
+              PdfMaker()
+                  .SetStream(4, "/Filter [/FlateDecode /FlateDecode]", bomb)
+                  .Open(GetLimits())
+                  .error);
+}
+
+TEST(HostileFiles, ObjectStreamThatInflatesBeyondTheLimit)
+{
+    // A cross-reference stream puts the page into an object stream full of blanks.
+    const std::string objects = "3 0 << /Type /Page >>" + std::string(kLimit, ' ');
+    std::string pdf = "%PDF-1.5\n";
+    const auto add = [&pdf](const std::string& text) {
+        const size_t offset = pdf.size();
+        pdf += text;
+        return offset;
+    };
+    const std::string packed = Deflate(objects);
+    const size_t offsets[] = {
+        add("1 0 obj\n<< /Type /Catalog /Pages 2 0 R >>\nendobj\n"),
+        add("2 0 obj\n<< /Type /Pages /Kids [3 0 R] /Count 1 >>\nendobj\n"),
+        add("4 0 obj\n<< /Type /ObjStm /N 1 /First 4 /Filter /FlateDecode /Length " +
+            std::to_string(packed.size()) + " >>\nstream\n" + packed + "\nendstream\nendobj\n"),
+    };
+    const size_t start = pdf.size();
+    const auto entry = [](int type, size_t offset, int index) {
+        return std::string{static_cast<char>(type), static_cast<char>(offset >> 16),
+                           static_cast<char>(offset >> 8), static_cast<char>(offset),
+                           static_cast<char>(index)};
+    };
+    const std::string table = entry(0, 0, 0) + entry(1, offsets[0], 0) + entry(1, offsets[1], 0) +
+                              entry(2, 4, 0) + entry(1, offsets[2], 0) + entry(1, start, 0);
+    pdf += "5 0 obj\n<< /Type /XRef /Size 6 /W [1 3 1] /Root 1 0 R /Length " +
+           std::to_string(table.size()) + " >>\nstream\n" + table +
+           "\nendstream\nendobj\nstartxref\n" + std::to_string(start) + "\n%%EOF\n";
+    EXPECT_EQ("too large: inflates to more than 8 MiB", OpenBytes(pdf, "a", GetLimits()).error);
+    EXPECT_TRUE(OpenBytes(pdf).ok);
+}
+
+TEST(HostileFiles, ManyPagesWithOneContent)
+{
+    constexpr int kPages = 200;
+    PdfMaker maker;
+    std::string kids;
+    for (int page = 0; page < kPages; ++page) {
+        kids += std::to_string(100 + page) + " 0 R ";
+        maker.Set(100 + page, "<< /Type /Page /Parent 2 0 R /Contents 4 0 R >>");
+    }
+    maker.Set(2, "<< /Type /Pages /Kids [" + kids + "] /Count 200 >>");
+    maker.SetContent(std::string(100000, ' '));
+    EXPECT_EQ("too large: has more than 8 MiB of content", maker.Open(GetLimits()).error);
+}
+
+TEST(HostileFiles, FormsThatDoubleAtEachLevel)
+{
+    PdfMaker maker;
+    maker.AddResources("/XObject << /X 100 0 R >>").SetContent("/X Do");
+    for (int level = 100; level < 140; ++level) {
+        maker.SetStream(level,
+                        "/Subtype /Form /Resources << /Font << /F1 11 0 R >> /XObject << /X " +
+                            std::to_string(level + 1) + " 0 R >> >>",
+                        "/X Do /X Do");
+    }
+    maker.SetStream(140, "/Subtype /Form /Resources << /Font << /F1 11 0 R >> >>",
+                    "BT /F1 9 Tf (b) Tj ET");
+    EXPECT_EQ("Beta-Bold:1", DescribeFrames(maker.Open()));
+}
+
+TEST(HostileFiles, FormsTooDeepAreNoted)
+{
+    PdfMaker maker;
+    maker.AddResources("/XObject << /X 100 0 R >>").SetContent("/X Do BT /F1 9 Tf (a) Tj ET");
+    for (int level = 100; level < 300; ++level) {
+        maker.SetStream(level,
+                        "/Subtype /Form /Resources << /XObject << /X " + std::to_string(level + 1) +
+                            " 0 R >> >>",
+                        "/X Do");
+    }
+    maker.SetStream(300, "/Subtype /Form", "");
+    const OpenResult result = maker.Open();
+    EXPECT_EQ("Alpha-Regular:1", DescribeFrames(result));
+    EXPECT_THAT(result.document.notes, Contains("objects drawn within objects go too deep"));
+}
+
+TEST(HostileFiles, DeepNestingInContent)
+{
+    constexpr size_t kDepth = 1000000;
+    EXPECT_EQ("Alpha-Regular:1",
+              DescribeContent(Repeat("[", kDepth) + Repeat("<<", kDepth) +
+                              " m BT /F1 9 Tf (a) Tj ET " + std::string(kDepth, '(')));
+}
+
+TEST(HostileFiles, ManySavesAndRestores)
+{
+    EXPECT_EQ("Alpha-Regular:1", DescribeContent("/F1 9 Tf " + Repeat("q ", 300000) + "/F2 9 Tf " +
+                                                 Repeat("Q ", 300000) + "BT (a) Tj ET"));
+}
+
+TEST(HostileFiles, DeepNestingInObjects)
+{
+    const OpenResult result = PdfMaker()
+                                  .AddPageEntries("/X 20 0 R")
+                                  .Set(20, Repeat("[", 200000) + Repeat("]", 200000))
+                                  .SetContent("BT /F1 9 Tf (a) Tj ET")
+                                  .Open();
+    EXPECT_EQ("Alpha-Regular:1", DescribeFrames(result));
+}
+
+TEST(HostileFiles, PageTreeThatHoldsItself)
+{
+    EXPECT_FALSE(PdfMaker().Set(2, "<< /Type /Pages /Kids [2 0 R 2 0 R] /Count 2 >>").Open().ok);
+}
+
+TEST(HostileFiles, HugeCountsAndLengths)
+{
+    PdfMaker maker;
+    maker.Set(2, "<< /Type /Pages /Kids [3 0 R] /Count 2147483647 >>");
+    maker.Set(4, "<< /Length 2147483647 >>\nstream\nBT /F1 9 Tf (a) Tj ET\nendstream");
+    EXPECT_EQ("Alpha-Regular:1", DescribeFrames(maker.Open()));
+}
+
+TEST(HostileFiles, HugePredictorRow)
+{
+    const OpenResult result =
+        PdfMaker()
+            .SetStream(4,
+                       "/Filter /FlateDecode /DecodeParms << /Predictor 12 /Columns "
+                       "2147483647 /Colors 2147483647 >>",
+                       Deflate("BT ET"))
+            .Open();
+    EXPECT_TRUE(result.ok);
+    EXPECT_THAT(result.document.notes, Contains("1 streams can't be decoded whole"));
+}
+
+TEST(HostileFiles, WrongTypesEverywhere)
+{
+    const OpenResult result = PdfMaker()
+                                  .Set(1, "<< /Type /Catalog /Pages 2 0 R /Metadata 7 >>")
+                                  .Set(5, "<< /Font [1 2] /XObject 9 /ExtGState (x) /Pattern /P >>")
+                                  .AddPageEntries("/Annots << >> /PieceInfo [1]")
+                                  .AddTrailerEntries("/Info 5")
+                                  .SetContent("/F1 Tf (a) Tj /X Do /G gs /P scn Do gs scn Tf")
+                                  .Open();
+    EXPECT_TRUE(result.ok) << result.error;
+}
+
+TEST(HostileFiles, FontsOfWrongTypes)
+{
+    for (const char* font :
+         {"null", "[]", "<< >>", "<< /Subtype 5 /BaseFont (x) >>",
+          "<< /Subtype /Type0 /DescendantFonts 7 >>", "<< /Subtype /Type0 /DescendantFonts [] >>",
+          "<< /Subtype /Type0 /DescendantFonts [10 0 R] >>"}) {
+        EXPECT_EQ(
+            "", DescribeFrames(PdfMaker().Set(10, font).SetContent("BT /F1 9 Tf (a) Tj ET").Open()))
+            << font;
+    }
+}

@@ -1,0 +1,68 @@
+#include <gmock/gmock.h>
+
+#include "PdfMaker.h"
+
+using namespace documents;
+using testing::ElementsAre;
+
+namespace {
+
+PdfMaker MakeWithXmp(const std::string& packet)
+{
+    PdfMaker maker;
+    maker.Set(1, "<< /Type /Catalog /Pages 2 0 R /Metadata 20 0 R >>");
+    maker.SetStream(20, "/Type /Metadata /Subtype /XML /Filter /FlateDecode", Deflate(packet));
+    return maker;
+}
+
+}  // namespace
+
+TEST(PdfFacts, CreatorOfTheInformationDictionary)
+{
+    const OpenResult result = PdfMaker().AddTrailerEntries("/Info << /Creator (Drawer) >>").Open();
+    EXPECT_EQ("Drawer", result.document.creator);
+    EXPECT_EQ(Kind::kPDF, result.document.kind);
+}
+
+TEST(PdfFacts, CreatorInUtf16)
+{
+    EXPECT_EQ(
+        "\u00C9",
+        PdfMaker().AddTrailerEntries("/Info << /Creator <FEFF00C9> >>").Open().document.creator);
+}
+
+TEST(PdfFacts, CreatorOfTheXmpPacketStandsIn)
+{
+    EXPECT_EQ("Drawer",
+              MakeWithXmp("<xmp:CreatorTool>Drawer</xmp:CreatorTool>").Open().document.creator);
+}
+
+TEST(PdfFacts, PlacedFilesOfTheManifestStandAboveDrawnOnes)
+{
+    PdfMaker maker = MakeWithXmp(
+        "<m:Manifest><r:filePath>/b &amp; c.eps</r:filePath><r:filePath>/a.eps</r:filePath>"
+        "<r:filePath>/a.eps</r:filePath></m:Manifest>");
+    maker.AddResources("/XObject << /A 21 0 R >>")
+        .SetStream(21, "/Subtype /Image /OPI << /1.3 << /F (z.tif) >> >>", "x")
+        .SetContent("/A Do");
+    EXPECT_THAT(maker.Open().document.linkedFiles, ElementsAre("/b & c.eps", "/a.eps", "/a.eps"));
+}
+
+TEST(PdfFacts, IllustratorByNativePart)
+{
+    EXPECT_EQ(Kind::kIllustrator, PdfMaker()
+                                      .AddPageEntries("/PieceInfo << /Illustrator << /Private "
+                                                      "<< >> >> >>")
+                                      .Open()
+                                      .document.kind);
+    EXPECT_EQ(Kind::kPDF, PdfMaker().AddPageEntries("/PieceInfo /None").Open().document.kind);
+}
+
+TEST(PdfFacts, IllustratorByCreator)
+{
+    EXPECT_EQ(Kind::kIllustrator,
+              PdfMaker()
+                  .AddTrailerEntries("/Info << /Creator (Adobe Illustrator 25.0) >>")
+                  .Open()
+                  .document.kind);
+}
