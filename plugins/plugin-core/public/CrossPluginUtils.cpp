@@ -60,8 +60,9 @@ void CreateFontDataForOneFont(std::string name, SFontRecord& record)
 
 bool AddFontToArray(SFontRecord record, bool checkForDuplicates, FontList& fonts)
 {
-    if (checkForDuplicates) {
-        const std::string& name = GetName(record);
+    if (checkForDuplicates && !fonts.empty()) {
+        // A record without a name is given an empty one by the comparison.
+        const std::string& name = record[kPostScriptName];
         for (const SFontRecord& font : fonts) {
             if (GetName(font) == name) return false;
         }

@@ -2,24 +2,9 @@
 
 #include <sys/stat.h>
 
-#include <nlohmann/json.hpp>
+#include "TextEncoding_Linux.h"
 
 namespace CorvantaFileUtils {
-
-namespace {
-
-// The strict dump of a JSON string refuses exactly what isn't UTF-8.
-bool IsUTF8(const char* text)
-{
-    try {
-        (void)nlohmann::json(text).dump();
-        return true;
-    } catch (const nlohmann::json::type_error&) {
-        return false;
-    }
-}
-
-}  // namespace
 
 long GetFileModificationDate(const char* path)
 {

@@ -9,6 +9,7 @@
 
 #include "DebugUtils.h"
 #include "PropertyList_Linux.h"
+#include "TextEncoding_Linux.h"
 #include "TraceArguments.h"
 
 struct OpaqueBundle {
@@ -75,7 +76,7 @@ void CopyVersion(const OpaqueBundle& bundle, char* versionBuffer, unsigned int b
 BundleRef LoadDllOrFramework(const char* path, char* versionBuffer, unsigned int bufferSize)
 {
     OpaqueBundle* bundle = nullptr;
-    if (path != nullptr) bundle = OpenBundle(StripTrailingSeparators(path));
+    if (path != nullptr && IsUTF8(path)) bundle = OpenBundle(StripTrailingSeparators(path));
     OutputIndentedAndFormattedString(
         0, "CFBundleCreate() returned 0x%08x on attempt to load plug-in interface from '%s'",
         TracePointer(bundle), TraceText(path));

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+
+namespace headless {
+
+// How the program ends. Of several the greatest wins.
+enum ExitStatus : int {
+    kAllOpened = 0,
+    kFontMissing = 1,
+    kWrongUse = 2,
+    kFileNotOpened = 3,
+    kPluginNotLoaded = 4,
+    kPluginBrokeRule = 5,
+    kInterrupted = 130,
+};
+
+struct ExitStatusRow {
+    int status;
+    const char* meaning;
+};
+
+constexpr ExitStatusRow kExitStatuses[] = {
+    {kAllOpened, "all files were opened and no font is missing"},
+    {kFontMissing, "a font is missing"},
+    {kWrongUse, "wrong use of the program"},
+    {kFileNotOpened, "a file could not be opened"},
+    {kPluginNotLoaded, "the plug-in or PluginCore could not be loaded"},
+    {kPluginBrokeRule, "the plug-in broke a rule of the host"},
+    {kInterrupted, "interrupted; open documents were closed and the plug-in was shut down"},
+};
+
+}  // namespace headless

@@ -1,0 +1,175 @@
+#include <algorithm>
+
+#include "SuiteCall.h"
+#include "SuiteTables.h"
+
+namespace headless {
+
+namespace {
+
+const SuiteRow& Row()
+{
+    static const SuiteRow& row = *FindSuiteRow("AI Menu Suite");
+    return row;
+}
+
+// An operation on one item.
+template <class Body>
+AIErr WithItem(const char* operation, AIMenuItemHandle item, Body body)
+{
+    return Answer(Row(), operation, [&](SuiteCall& call) {
+        call.Handle("item", item);
+        auto* const object = call.Find<MenuItemObject>(item);
+        return object == nullptr ? kBadParameterErr : body(call, *object);
+    });
+}
+
+AIErr AddMenuItem(SPPluginRef self, const char* key, AIPlatformAddMenuItemDataUS* data,
+                  int32_t options, AIMenuItemHandle* item)
+{
+    return Answer(Row(), "AddMenuItem", [&](SuiteCall& call) {
+        if (call.Find<PluginObject>(self) == nullptr || !call.Require(key, "key") ||
+            !call.Require(data, "data") || !call.Require(data->groupName, "groupName") ||
+            !call.Require(item, "item")) {
+            return kBadParameterErr;
+        }
+        MenuItemObject object;
+        object.key = key;
+        object.group = data->groupName;
+        object.options = options;
+        if (GetSlot(data->itemText) != nullptr) {
+            const auto* const text = call.Find<StringObject>(GetSlot(data->itemText));
+            if (text == nullptr) return kBadParameterErr;
+            object.text = text->text;
+        }
+        call.Arg("key", object.key);
+        call.Arg("group", object.group);
+        call.Arg("text", object.text);
+        call.Arg("options", options);
+        void* const handle =
+            call.host.handles.Issue(std::make_shared<MenuItemObject>(std::move(object)));
+        call.host.menuItems.push_back(handle);
+        *item = static_cast<AIMenuItemHandle>(handle);
+        call.OutHandle("item", *item);
+        return kNoErr;
+    });
+}
+
+AIErr EnableItem(AIMenuItemHandle item)
+{
+    return WithItem("EnableItem", item, [](SuiteCall&, MenuItemObject& object) {
+        object.isEnabled = true;
+        return kNoErr;
+    });
+}
+
+AIErr DisableItem(AIMenuItemHandle item)
+{
+    return WithItem("DisableItem", item, [](SuiteCall&, MenuItemObject& object) {
+        object.isEnabled = false;
+        return kNoErr;
+    });
+}
+
+AIErr GetItemText(AIMenuItemHandle item, ai::UnicodeString& text)
+{
+    return WithItem("GetItemText", item, [&](SuiteCall& call, const MenuItemObject& object) {
+        PutString(call, text, object.text);
+        call.Out("text", object.text);
+        return kNoErr;
+    });
+}
+
+AIErr CheckItem(AIMenuItemHandle item, bool checked)
+{
+    return WithItem("CheckItem", item, [&](SuiteCall& call, MenuItemObject& object) {
+        call.Arg("checked", checked);
+        object.isChecked = checked;
+        return kNoErr;
+    });
+}
+
+// The text belongs to the item and lives as long.
+AIErr GetMenuItemKeyboardShortcutDictionaryKey(AIMenuItemHandle item, const char** key)
+{
+    return WithItem("GetMenuItemKeyboardShortcutDictionaryKey", item,
+                    [&](SuiteCall& call, const MenuItemObject& object) {
+                        if (!call.Require(key, "key")) return kBadParameterErr;
+                        *key = object.key.c_str();
+                        call.Out("key", object.key);
+                        return kNoErr;
+                    });
+}
+
+AIErr CountMenuItems(int* count)
+{
+    return Answer(Row(), "CountMenuItems", [&](SuiteCall& call) {
+        if (!call.Require(count, "count")) return kBadParameterErr;
+        *count = static_cast<int>(call.host.menuItems.size());
+        call.Out("count", *count);
+        return kNoErr;
+    });
+}
+
+AIErr GetNthMenuItem(int index, AIMenuItemHandle* item)
+{
+    return Answer(Row(), "GetNthMenuItem", [&](SuiteCall& call) {
+        call.Arg("index", index);
+        if (!call.Require(item, "item")) return kBadParameterErr;
+        if (index < 0 || static_cast<size_t>(index) >= call.host.menuItems.size()) {
+            return call.Refuse("there is no item " + std::to_string(index));
+        }
+        *item = static_cast<AIMenuItemHandle>(call.host.menuItems[static_cast<size_t>(index)]);
+        call.OutHandle("item", *item);
+        return kNoErr;
+    });
+}
+
+AIErr AddMenuGroupAsSubMenu(const char* name, int32_t options, AIMenuItemHandle item,
+                            AIMenuGroup* group)
+{
+    return WithItem("AddMenuGroupAsSubMenu", item, [&](SuiteCall& call, MenuItemObject& object) {
+        if (!call.Require(name, "name") || !call.Require(group, "group")) return kBadParameterErr;
+        call.Arg("name", std::string(name));
+        call.Arg("options", options);
+        object.submenu =
+            call.host.handles.Issue(std::make_shared<MenuGroupObject>(MenuGroupObject{name}));
+        call.host.menuGroups.push_back(object.submenu);
+        *group = static_cast<AIMenuGroup>(object.submenu);
+        call.OutHandle("group", *group);
+        return kNoErr;
+    });
+}
+
+AIErr GetItemSubMenuGroup(AIMenuItemHandle item, AIMenuGroup* group)
+{
+    return WithItem("GetItemSubMenuGroup", item,
+                    [&](SuiteCall& call, const MenuItemObject& object) {
+                        if (!call.Require(group, "group")) return kBadParameterErr;
+                        if (object.submenu != nullptr) {
+                            *group = static_cast<AIMenuGroup>(object.submenu);
+                        }
+                        call.OutHandle("group", object.submenu);
+                        return kNoErr;
+                    });
+}
+
+AIErr RemoveMenuItem(AIMenuItemHandle item)
+{
+    return WithItem("RemoveMenuItem", item, [&](SuiteCall& call, MenuItemObject&) {
+        std::vector<void*>& items = call.host.menuItems;
+        items.erase(std::remove(items.begin(), items.end(), item), items.end());
+        call.host.handles.Expire(item);
+        return kNoErr;
+    });
+}
+
+}  // namespace
+
+const AIMenuSuite kMenuTable = {
+    AddMenuItem,         EnableItem,     DisableItem,
+    GetItemText,         CheckItem,      GetMenuItemKeyboardShortcutDictionaryKey,
+    CountMenuItems,      GetNthMenuItem, AddMenuGroupAsSubMenu,
+    GetItemSubMenuGroup, RemoveMenuItem};
+
+}  // namespace headless

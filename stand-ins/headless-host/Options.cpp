@@ -1,0 +1,93 @@
+#include "Options.h"
+
+#include <CLI/CLI.hpp>
+
+#include "ExitStatus.h"
+#include "MissingFontsDialog.h"
+
+namespace headless {
+
+const std::vector<OptionRow> kOptions = {
+    {"--json", nullptr, "Write one JSON object per file, a line each", &Options::json, nullptr,
+     nullptr, nullptr},
+    {"--home", "DIR", "Use DIR as home folder: settings, caches and active fonts are below it",
+     nullptr, &Options::home, nullptr, nullptr},
+    {"--library", "DIR", "Look for fonts in DIR; may be given several times", nullptr, nullptr,
+     &Options::libraries, nullptr},
+    {"--plugin", "PATH", "Load this plug-in: a folder X.aip, or the module itself", nullptr,
+     &Options::plugin, nullptr, nullptr},
+    {"--plugin-core", "DIR", "The folder that holds PluginCore.framework", nullptr,
+     &Options::pluginCore, nullptr, nullptr},
+    {"--language", "TAG", "Language of the host's dialogs: en, es, fr, it, de or ja", nullptr,
+     &Options::language, nullptr, nullptr},
+    {"--journal", "FILE", "Write every message and call to FILE, one JSON object a line", nullptr,
+     &Options::journal, nullptr, nullptr},
+    {"--exec", "COMMAND",
+     "Run COMMAND with the shell while each document is open; DOCUMENT holds its path", nullptr,
+     &Options::command, nullptr, nullptr},
+    {"--hold", "SECONDS", "Keep the documents open for so long before they are closed", nullptr,
+     nullptr, nullptr, &Options::hold},
+    {"--interactive", nullptr, "Ask on the terminal which fonts to activate", &Options::interactive,
+     nullptr, nullptr, nullptr},
+};
+
+namespace {
+
+std::string MakeFooter()
+{
+    std::string text = "Exit status, the greatest that applies:\n";
+    for (const ExitStatusRow& row : kExitStatuses) {
+        std::string number = std::to_string(row.status);
+        number.insert(0, number.size() < 5 ? 5 - number.size() : 0, ' ');
+        text += number + "  " + row.meaning + "\n";
+    }
+    return text;
+}
+
+void AddOptions(CLI::App& command, Options& options)
+{
+    for (const OptionRow& row : kOptions) {
+        CLI::Option* option = nullptr;
+        if (row.flag != nullptr) option = command.add_flag(row.name, options.*row.flag, row.help);
+        if (row.text != nullptr) option = command.add_option(row.name, options.*row.text, row.help);
+        if (row.list != nullptr) {
+            option = command.add_option(row.name, options.*row.list, row.help);
+            option->expected(1)->take_all();
+        }
+        if (row.number != nullptr) {
+            option = command.add_option(row.name, options.*row.number, row.help);
+            option->check(CLI::Range(0.0, 86400.0));
+        }
+        if (row.argument != nullptr) option->option_text(row.argument);
+    }
+    std::vector<std::string> languages;
+    for (const HostLanguage& language : kHostLanguages) languages.emplace_back(language.tag);
+    command.get_option("--language")->check(CLI::IsMember(languages));
+}
+
+}  // namespace
+
+ParseOutcome ParseCommandLine(int argc, const char* const* argv, Options& options,
+                              std::string& text)
+{
+    CLI::App app("Opens documents as a design program with the font plug-in would.",
+                 "headless-host");
+    app.require_subcommand(1);
+    app.footer(MakeFooter());
+    CLI::App* const open = app.add_subcommand("open", "Open documents and tell of their fonts");
+    open->add_option("FILE", options.files, "The documents")->required()->option_text("...");
+    AddOptions(*open, options);
+    open->footer(MakeFooter());
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::CallForHelp&) {
+        text = open->parsed() ? open->help() : app.help();
+        return ParseOutcome::kDone;
+    } catch (const CLI::ParseError& error) {
+        text = error.what();
+        return ParseOutcome::kWrongUse;
+    }
+    return ParseOutcome::kRun;
+}
+
+}  // namespace headless

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace headless {
+
+struct Options {
+    std::vector<std::string> files;
+    bool json = false;
+    bool interactive = false;
+    std::string home;
+    std::vector<std::string> libraries;
+    std::string plugin;
+    std::string pluginCore;
+    std::string language = "en";
+    std::string journal;
+    std::string command;
+    double hold = 0;
+};
+
+// One row per option: parser, help and manual are made from this table. Exactly one of the four
+// members is set, which tells what the option takes.
+struct OptionRow {
+    const char* name;
+    const char* argument;  // null for a switch
+    const char* help;
+    bool Options::*flag;
+    std::string Options::*text;
+    std::vector<std::string> Options::*list;
+    double Options::*number;
+};
+
+extern const std::vector<OptionRow> kOptions;
+
+enum class ParseOutcome { kRun, kDone, kWrongUse };
+
+// Fills `options` from the command line. With kDone, `text` is what was asked for (help, version)
+// and belongs on standard output; with kWrongUse it is what is wrong.
+ParseOutcome ParseCommandLine(int argc, const char* const* argv, Options& options,
+                              std::string& text);
+
+}  // namespace headless

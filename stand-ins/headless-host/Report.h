@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+#include "Application.h"
+
+namespace headless {
+
+// One JSON object in one line, without the line end; always with the same members.
+std::string WriteReportAsJson(const OpenReport& report);
+
+// A few lines for people, with the last line end.
+std::string WriteReportAsTable(const OpenReport& report);
+
+// Takes control characters out of a text that is shown on a terminal.
+std::string MakePrintable(const std::string& text);
+
+}  // namespace headless

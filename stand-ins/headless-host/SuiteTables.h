@@ -1,0 +1,40 @@
+#pragma once
+
+#include "AISuites.h"
+#include "ATESuites.h"
+#include "SPBasicSuite.h"
+
+namespace headless {
+
+// The function tables of the suites that are called. Each stands with its operations.
+
+extern const ATE::TextFrameSuite kTextFrameTable;
+extern const ATE::StorySuite kStoryTable;
+extern const ATE::StoriesSuite kStoriesTable;
+extern const ATE::TextRangeSuite kTextRangeTable;
+extern const ATE::TextRangesSuite kTextRangesTable;
+extern const ATE::TextRunsIteratorSuite kTextRunsIteratorTable;
+extern const ATE::CharFeaturesSuite kCharFeaturesTable;
+extern const ATE::CharInspectorSuite kCharInspectorTable;
+extern const ATE::ArrayFontRefSuite kArrayFontRefTable;
+extern const ATE::FontSuite kFontTable;
+
+extern const AIArtSetSuite kArtSetTable;
+extern const AIDocumentSuite kDocumentTable;
+extern const AIFileFormatSuite kFileFormatTable;
+extern const AIFilePathSuite kFilePathTable;
+extern const AIFontSuite kFontsTable;
+extern const AIMatchingArtSuite kMatchingArtTable;
+extern const AIMdMemorySuite kMdMemoryTable;
+extern const AIMenuSuite kMenuTable;
+extern const AINotifierSuite kNotifierTable;
+extern const AIPlacedSuite kPlacedTable;
+extern const AITextFrameSuite kArtTextFrameTable;
+extern const AITimerSuite kTimerTable;
+extern const AIUnicodeStringSuite kUnicodeStringTable;
+extern const SPBlocksSuite kBlocksTable;
+
+// What comes with every message. Its functions aren't const: the guest's record isn't either.
+extern SPBasicSuite gBasicSuite;
+
+}  // namespace headless

@@ -1,0 +1,17 @@
+#include "FakeClock.h"
+
+namespace {
+
+std::time_t gNow = 1000000;
+
+}  // namespace
+
+extern "C" time_t time(time_t* out) noexcept
+{
+    if (out != nullptr) *out = gNow;
+    return gNow;
+}
+
+void FakeClock::Set(std::time_t seconds) { gNow = seconds; }
+
+void FakeClock::Advance(std::time_t seconds) { gNow += seconds; }

@@ -1,0 +1,263 @@
+// The scripted host's registrations: notifiers, file formats, timers and menus.
+
+#include "ScriptedHostSuites.h"
+
+namespace {
+
+ScriptedHost& Host() { return ScriptedHost::Current(); }
+
+template <class HandleType>
+HandleType NewHandleOf()
+{
+    return static_cast<HandleType>(Host().NewHandle());
+}
+
+ScriptedMenuItem* Item(AIMenuItemHandle item)
+{
+    for (ScriptedMenuItem& each : Host().menuItems) {
+        if (each.handle == item && !each.removed) return &each;
+    }
+    (void)Host().Fault("no live menu item " + Handle(item));
+    return nullptr;
+}
+
+std::string KeyOf(AIMenuItemHandle item)
+{
+    const ScriptedMenuItem* const found = Item(item);
+    return found == nullptr ? "unknown item" : "item " + found->key;
+}
+
+AIErr AddNotifier(SPPluginRef self, const char* name, const char* type, AINotifierHandle* notifier)
+{
+    const std::string operation = "AINotifierSuite.AddNotifier";
+    if (const AIErr code = Host().Record(operation, Quoted(name) + ", " + Quoted(type))) {
+        return code;
+    }
+    *notifier = Host().GivesNull(operation) ? nullptr : NewHandleOf<AINotifierHandle>();
+    Host().notifiers.push_back({self, name, type, *notifier});
+    return kNoErr;
+}
+
+AIErr AddFileFormatEx(SPPluginRef self, const char* name, PlatformAddFileFormatExData* data,
+                      int32_t options, AIFileFormatHandle* format, int32_t reserved)
+{
+    const std::string operation = "AIFileFormatSuite.AddFileFormatEx";
+    if (const AIErr code = Host().Record(operation, Quoted(name) + ", " + std::to_string(options) +
+                                                        ", " + std::to_string(reserved))) {
+        return code;
+    }
+    if (*format != nullptr) (void)Host().Fault("the file format handle was not preset to null");
+    if (Host().GivesNull(operation)) return kNoErr;
+    *format = NewHandleOf<AIFileFormatHandle>();
+    Host().fileFormats.push_back(
+        {self, name, std::vector<int32_t>(data->typeList, data->typeList + data->numTypes),
+         HostStringText(data->title), data->titleOrder, HostStringText(data->extensions), options,
+         reserved, 0, *format});
+    return kNoErr;
+}
+
+AIErr SetFileFormatPriority(AIFileFormatHandle format, int32_t priority)
+{
+    if (const AIErr code =
+            Host().Record("AIFileFormatSuite.SetFileFormatPriority", std::to_string(priority))) {
+        return code;
+    }
+    for (ScriptedFileFormat& each : Host().fileFormats) {
+        if (each.handle == format) {
+            each.priority = priority;
+            return kNoErr;
+        }
+    }
+    return Host().Fault("unknown file format");
+}
+
+AIErr AddTimer(SPPluginRef self, const char* name, int32_t period, AITimerHandle* timer)
+{
+    if (const AIErr code =
+            Host().Record("AITimerSuite.AddTimer", Quoted(name) + ", " + std::to_string(period))) {
+        return code;
+    }
+    *timer = NewHandleOf<AITimerHandle>();
+    Host().timers.push_back({self, name, period, true, *timer});
+    return kNoErr;
+}
+
+ScriptedTimer* Timer(AITimerHandle timer)
+{
+    for (ScriptedTimer& each : Host().timers) {
+        if (each.handle == timer) return &each;
+    }
+    (void)Host().Fault("unknown timer");
+    return nullptr;
+}
+
+AIErr GetTimerActive(AITimerHandle timer, bool* active)
+{
+    if (const AIErr code = Host().Record("AITimerSuite.GetTimerActive", "")) return code;
+    const ScriptedTimer* const found = Timer(timer);
+    if (found == nullptr) return kBadParameterErr;
+    *active = found->active;
+    return kNoErr;
+}
+
+AIErr SetTimerActive(AITimerHandle timer, bool active)
+{
+    if (const AIErr code =
+            Host().Record("AITimerSuite.SetTimerActive", active ? "true" : "false")) {
+        return code;
+    }
+    ScriptedTimer* const found = Timer(timer);
+    if (found == nullptr) return kBadParameterErr;
+    found->active = active;
+    return kNoErr;
+}
+
+AIErr AddMenuItem(SPPluginRef self, const char* key, AIPlatformAddMenuItemDataUS* data,
+                  int32_t options, AIMenuItemHandle* item)
+{
+    const std::string operation = "AIMenuSuite.AddMenuItem";
+    const std::string text = HostStringText(data->itemText);
+    if (const AIErr code =
+            Host().Record(operation, Quoted(key) + ", " + Quoted(data->groupName) + ", " +
+                                         Quoted(text.c_str()) + ", " + std::to_string(options))) {
+        return code;
+    }
+    if (Host().GivesNull(operation)) return kNoErr;
+    const auto handle = NewHandleOf<AIMenuItemHandle>();
+    if (item != nullptr) *item = handle;
+    Host().menuItems.push_back({self, key == nullptr ? "" : key, data->groupName, text, options,
+                                true, false, false, handle, nullptr});
+    return kNoErr;
+}
+
+AIErr Enable(const char* operation, AIMenuItemHandle item, bool enabled)
+{
+    if (const AIErr code = Host().Record(operation, KeyOf(item))) return code;
+    ScriptedMenuItem* const found = Item(item);
+    if (found == nullptr) return kBadParameterErr;
+    found->enabled = enabled;
+    return kNoErr;
+}
+
+AIErr EnableItem(AIMenuItemHandle item) { return Enable("AIMenuSuite.EnableItem", item, true); }
+
+AIErr DisableItem(AIMenuItemHandle item) { return Enable("AIMenuSuite.DisableItem", item, false); }
+
+AIErr GetItemText(AIMenuItemHandle item, ai::UnicodeString& text)
+{
+    if (const AIErr code = Host().Record("AIMenuSuite.GetItemText", KeyOf(item))) return code;
+    const ScriptedMenuItem* const found = Item(item);
+    if (found == nullptr) return kBadParameterErr;
+    SetHostString(text, found->text);
+    return kNoErr;
+}
+
+AIErr CheckItem(AIMenuItemHandle item, bool checked)
+{
+    if (const AIErr code = Host().Record("AIMenuSuite.CheckItem",
+                                         KeyOf(item) + (checked ? ", true" : ", false"))) {
+        return code;
+    }
+    ScriptedMenuItem* const found = Item(item);
+    if (found == nullptr) return kBadParameterErr;
+    found->checked = checked;
+    return kNoErr;
+}
+
+AIErr GetMenuItemKeyboardShortcutDictionaryKey(AIMenuItemHandle item, const char** key)
+{
+    const std::string operation = "AIMenuSuite.GetMenuItemKeyboardShortcutDictionaryKey";
+    if (const AIErr code = Host().Record(operation, KeyOf(item))) return code;
+    const ScriptedMenuItem* const found = Item(item);
+    if (found == nullptr) return kBadParameterErr;
+    if (!Host().GivesNull(operation)) *key = found->key.c_str();
+    return kNoErr;
+}
+
+AIErr CountMenuItems(int* count)
+{
+    if (const AIErr code = Host().Record("AIMenuSuite.CountMenuItems", "")) return code;
+    *count = 0;
+    for (const ScriptedMenuItem& each : Host().menuItems) *count += each.removed ? 0 : 1;
+    return kNoErr;
+}
+
+AIErr GetNthMenuItem(int index, AIMenuItemHandle* item)
+{
+    if (const AIErr code = Host().Record("AIMenuSuite.GetNthMenuItem", std::to_string(index))) {
+        return code;
+    }
+    int left = index;
+    for (const ScriptedMenuItem& each : Host().menuItems) {
+        if (each.removed || left-- > 0) continue;
+        *item = each.handle;
+        return kNoErr;
+    }
+    return kBadParameterErr;
+}
+
+AIErr AddMenuGroupAsSubMenu(const char* name, int32_t options, AIMenuItemHandle item,
+                            AIMenuGroup* group)
+{
+    if (const AIErr code =
+            Host().Record("AIMenuSuite.AddMenuGroupAsSubMenu",
+                          Quoted(name) + ", " + std::to_string(options) + ", " + KeyOf(item))) {
+        return code;
+    }
+    ScriptedMenuItem* const found = Item(item);
+    if (found == nullptr) return kBadParameterErr;
+    found->submenu = NewHandleOf<AIMenuGroup>();
+    Host().menuGroups.push_back({name, found->submenu});
+    if (group != nullptr) *group = found->submenu;
+    return kNoErr;
+}
+
+AIErr GetItemSubMenuGroup(AIMenuItemHandle item, AIMenuGroup* group)
+{
+    if (const AIErr code = Host().Record("AIMenuSuite.GetItemSubMenuGroup", KeyOf(item))) {
+        return code;
+    }
+    const ScriptedMenuItem* const found = Item(item);
+    if (found == nullptr) return kBadParameterErr;
+    if (found->submenu != nullptr) *group = found->submenu;
+    return kNoErr;
+}
+
+AIErr RemoveMenuItem(AIMenuItemHandle item)
+{
+    if (const AIErr code = Host().Record("AIMenuSuite.RemoveMenuItem", KeyOf(item))) return code;
+    ScriptedMenuItem* const found = Item(item);
+    if (found == nullptr) return kBadParameterErr;
+    found->removed = true;
+    return kNoErr;
+}
+
+}  // namespace
+
+AINotifierSuite* NotifierSuite()
+{
+    static AINotifierSuite suite = {AddNotifier};
+    return &suite;
+}
+
+AIFileFormatSuite* FileFormatSuite()
+{
+    static AIFileFormatSuite suite = {AddFileFormatEx, SetFileFormatPriority};
+    return &suite;
+}
+
+AITimerSuite* TimerSuite()
+{
+    static AITimerSuite suite = {AddTimer, GetTimerActive, SetTimerActive};
+    return &suite;
+}
+
+AIMenuSuite* MenuSuite()
+{
+    static AIMenuSuite suite = {
+        AddMenuItem,         EnableItem,     DisableItem,
+        GetItemText,         CheckItem,      GetMenuItemKeyboardShortcutDictionaryKey,
+        CountMenuItems,      GetNthMenuItem, AddMenuGroupAsSubMenu,
+        GetItemSubMenuGroup, RemoveMenuItem};
+    return &suite;
+}

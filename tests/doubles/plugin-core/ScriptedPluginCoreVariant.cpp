@@ -1,0 +1,3 @@
+#include "ScriptedPluginCoreVariant.h"
+
+const char* ScriptedPluginCoreVariant() { return SCRIPTED_PLUGIN_CORE_VARIANT; }

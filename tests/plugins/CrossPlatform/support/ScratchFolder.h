@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
+#include <string>
+
+#include <gtest/gtest.h>
+
+// A fresh folder below the test's temporary folder, removed with all that is in it at the end.
+class ScratchFolder {
+public:
+    ScratchFolder()
+    {
+        std::string pattern = testing::TempDir() + "typeloft-XXXXXX";
+        if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no scratch folder");
+        mPath = pattern;
+    }
+    ~ScratchFolder()
+    {
+        std::error_code ignored;  // What can't be removed is left to the system's own clean-up.
+        std::filesystem::remove_all(mPath, ignored);
+    }
+    ScratchFolder(const ScratchFolder&) = delete;
+    ScratchFolder& operator=(const ScratchFolder&) = delete;
+
+    // The full path of a name in the folder; of the folder itself for the empty name.
+    std::string Path(const std::string& name = "") const
+    {
+        return name.empty() ? mPath : mPath + "/" + name;
+    }
+
+    // Writes a file, with the folders above it, and gives its full path.
+    std::string Write(const std::string& name, const std::string& content) const
+    {
+        const std::string path = Path(name);
+        std::filesystem::create_directories(std::filesystem::path(path).parent_path());
+        std::ofstream file(path, std::ios::binary);
+        file << content;
+        file.close();
+        if (!file) throw std::runtime_error("cannot write " + path);
+        return path;
+    }
+
+private:
+    std::string mPath;
+};

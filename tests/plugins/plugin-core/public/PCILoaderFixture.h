@@ -1,0 +1,63 @@
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <stdlib.h>
+#include <unistd.h>
+
+#include <memory>
+#include <string>
+
+#include "PCILoader.h"
+#include "RecordingTrace.h"
+#include "ScriptedHost.h"
+#include "ScriptedPluginCore.h"
+
+// The loader over the scripted libraries. The working folder is the test's own, so that no
+// framework lies about in it, and nothing is configured for the user.
+class PCILoaderTest : public ::testing::Test {
+protected:
+    PCILoaderTest()
+    {
+        std::string pattern = ::testing::TempDir() + "typeloft-XXXXXX";
+        scratch = mkdtemp(pattern.data());
+        EXPECT_EQ(setenv("HOME", scratch.c_str(), 1), 0);
+        EXPECT_EQ(setenv("XDG_DATA_HOME", scratch.c_str(), 1), 0);
+        EXPECT_EQ(chdir(scratch.c_str()), 0);
+        PCILoader::sSharedInstance = nullptr;
+        ClearTraces();
+    }
+    ~PCILoaderTest() override
+    {
+        // The system keeps the instance for good; a test doesn't.
+        const std::unique_ptr<PCILoader> instance(PCILoader::sSharedInstance);
+        EXPECT_EQ(chdir("/"), 0);
+        EXPECT_EQ(rmdir(scratch.c_str()), 0);
+    }
+
+    static std::string Folder(const std::string& variant)
+    {
+        return std::string(SCRIPTED_PLUGIN_CORE_FOLDER) + "/" + variant;
+    }
+    static std::string Framework(const std::string& variant)
+    {
+        return Folder(variant) + "/PluginCore.framework";
+    }
+    static PCILoader* Load(const std::string& variant)
+    {
+        return PCILoader::GetThisSharedInstance(Framework(variant));
+    }
+    // Loads the variant and tests it; the alerts are the host's.
+    bool IsLoaded(const std::string& variant)
+    {
+        PCILoader* const loader = Load(variant);
+        EXPECT_NE(loader, nullptr) << variant;
+        return loader != nullptr && loader->IsLoaded(&path, &version, &missing);
+    }
+
+    ScriptedHost host;
+    std::string scratch;
+    std::string path;
+    std::string version;
+    int missing = -1;
+};

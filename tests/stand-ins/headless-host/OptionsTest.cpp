@@ -1,0 +1,74 @@
+#include "Options.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "ExitStatus.h"
+
+using namespace headless;
+
+namespace {
+
+ParseOutcome Parse(std::vector<const char*> arguments, Options& options, std::string& text)
+{
+    arguments.insert(arguments.begin(), "headless-host");
+    return ParseCommandLine(static_cast<int>(arguments.size()), arguments.data(), options, text);
+}
+
+}  // namespace
+
+TEST(OptionsTest, TakesAllOptions)
+{
+    Options options;
+    std::string text;
+    ASSERT_EQ(
+        Parse({"open",      "a", "b",        "--json", "--home",        "h",   "--library",    "l",
+               "--library", "m", "--plugin", "p",      "--plugin-core", "c",   "--language",   "ja",
+               "--journal", "j", "--exec",   "true",   "--hold",        "1.5", "--interactive"},
+              options, text),
+        ParseOutcome::kRun)
+        << text;
+    EXPECT_THAT(options.files, testing::ElementsAre("a", "b"));
+    EXPECT_THAT(options.libraries, testing::ElementsAre("l", "m"));
+    EXPECT_TRUE(options.json && options.interactive);
+    EXPECT_EQ(options.home + options.plugin + options.pluginCore + options.journal, "hpcj");
+    EXPECT_EQ(options.language, "ja");
+    EXPECT_EQ(options.command, "true");
+    EXPECT_EQ(options.hold, 1.5);
+}
+
+TEST(OptionsTest, ALibraryDoesNotSwallowTheFile)
+{
+    Options options;
+    std::string text;
+    ASSERT_EQ(Parse({"open", "--library", "l", "a"}, options, text), ParseOutcome::kRun) << text;
+    EXPECT_THAT(options.files, testing::ElementsAre("a"));
+}
+
+TEST(OptionsTest, WrongUseIsToldInOneLine)
+{
+    const std::vector<std::vector<const char*>> wrong = {{},
+                                                         {"open"},
+                                                         {"close", "a"},
+                                                         {"open", "a", "--nonsense"},
+                                                         {"open", "a", "--language", "tlh"},
+                                                         {"open", "a", "--home"},
+                                                         {"open", "a", "--hold", "-1"}};
+    for (const auto& arguments : wrong) {
+        Options options;
+        std::string text;
+        EXPECT_EQ(Parse(arguments, options, text), ParseOutcome::kWrongUse);
+        EXPECT_FALSE(text.empty());
+        EXPECT_EQ(text.find('\n'), std::string::npos) << text;
+    }
+}
+
+TEST(OptionsTest, HelpNamesEveryOptionAndExitStatus)
+{
+    Options options;
+    std::string text;
+    ASSERT_EQ(Parse({"open", "--help"}, options, text), ParseOutcome::kDone);
+    for (const OptionRow& row : kOptions) EXPECT_THAT(text, testing::HasSubstr(row.name));
+    for (const ExitStatusRow& row : kExitStatuses)
+        EXPECT_THAT(text, testing::HasSubstr(row.meaning));
+}

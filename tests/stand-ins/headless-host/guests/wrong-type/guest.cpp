@@ -1,0 +1,17 @@
+#include "../GuestSupport.h"
+
+namespace {
+
+void OnOpened(_t_AIDocument* document)
+{
+    guest::Held<AITextFrameSuite> frames("AI Text Frame Suite", 1004);
+    ATE::_TextRange* range = nullptr;
+    (void)frames->GetATETextRange(reinterpret_cast<AIArtHandle>(document), &range);
+}
+
+}  // namespace
+
+GUEST_MAIN(char* caller, char* selector, void* message)
+{
+    return guest::Serve(caller, selector, message, OnOpened, nullptr);
+}
