@@ -1,0 +1,49 @@
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <type_traits>
+
+#include "HostInterface.h"
+
+namespace {
+
+TEST(HostError, GivesItsCodeAndAText)
+{
+    const ai::Error error(0x214D454D);
+    EXPECT_EQ(static_cast<int>(error), 0x214D454D);
+    EXPECT_STREQ(error.what(), "AI Exception");
+    EXPECT_TRUE((std::is_base_of_v<std::exception, ai::Error>));
+}
+
+TEST(HostError, CodeZeroIsNeverThrown)
+{
+    EXPECT_NO_THROW(check_result(0));
+    EXPECT_NO_THROW(ai::check_ai_error(0));
+    EXPECT_NO_THROW(ATE::Throw_ATE_Exception(0));
+}
+
+TEST(HostError, ChecksThrowTheirOwnKinds)
+{
+    EXPECT_THROW(check_result(1), ai::Error);
+    EXPECT_THROW(ai::check_ai_error(-1), ai::Error);
+    EXPECT_THROW(ATE::Throw_ATE_Exception(7), ATE::Exception);
+}
+
+TEST(HostError, TextEngineExceptionHoldsItsCode)
+{
+    try {
+        ATE::Throw_ATE_Exception(-17);
+        FAIL() << "nothing was thrown";
+    } catch (const ATE::Exception& exception) {
+        EXPECT_EQ(exception.error, -17);
+    }
+}
+
+// A handler for one doesn't see the other.
+TEST(HostError, TheTwoKindsAreNotRelated)
+{
+    EXPECT_FALSE((std::is_base_of_v<ai::Error, ATE::Exception>));
+    EXPECT_FALSE((std::is_base_of_v<ATE::Exception, ai::Error>));
+}
+
+}  // namespace

@@ -1,0 +1,128 @@
+#include "MessageFixture.h"
+
+using ::testing::Contains;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+namespace {
+
+class NotifierDispatch : public MessageTest {
+protected:
+    static std::string Unhandled(const std::string& type)
+    {
+        return "UNHANDLED NOTIFIER MESSAGE TYPE:  " + type;
+    }
+};
+
+TEST_F(NotifierDispatch, NullMessageIsAParameterErrorWithoutTrace)
+{
+    Start();
+    EXPECT_EQ(GoNotifier(nullptr), kParameterError);
+    EXPECT_THAT(TraceTexts(), IsEmpty());
+}
+
+TEST_F(NotifierDispatch, MissingGlobalsAreAParameterErrorWithoutTrace)
+{
+    gGlobals = nullptr;
+    AINotifierMessage message = host.NotifierMessage(kOpened);
+    EXPECT_EQ(GoNotifier(&message), kParameterError);
+    EXPECT_THAT(TraceTexts(), IsEmpty());
+}
+
+TEST_F(NotifierDispatch, HostIsToldOfTheMissingGlobals)
+{
+    EXPECT_EQ(SendNotifier(kOpened), kParameterError);
+}
+
+TEST_F(NotifierDispatch, EntryAndExitAreTraced)
+{
+    Start();
+    const void* const handle = host.NotifierHandle("AI Application Started Notifier");
+    EXPECT_EQ(SendNotifier("AI Application Started Notifier"), 0);
+    EXPECT_TRUE(HasTrace("Entering GoNotifier(message->notifier = " + Low32(handle) + ")"));
+    EXPECT_TRUE(HasTrace("GoNotifier returning 0"));
+}
+
+TEST_F(NotifierDispatch, ApplicationStartedDoesNothing)
+{
+    Start();
+    EXPECT_EQ(SendNotifier("AI Application Started Notifier"), 0);
+    EXPECT_THAT(core->calls, IsEmpty());
+    EXPECT_FALSE(HasTraceBeginningWith("UNHANDLED"));
+    EXPECT_TRUE(HasTraceBeginningWith("Entering HandleStartupNotifier"));
+}
+
+TEST_F(NotifierDispatch, ApplicationShutdownStopsThePluginAndIsAnswered0)
+{
+    Start();
+    core->statuses["TerminatePluginCoreInterface"] = 0x02000000;
+    EXPECT_EQ(SendNotifier("AI Application Shutdown Notifier"), 0);
+    EXPECT_EQ(host.globals, nullptr);
+    EXPECT_EQ(gGlobals, nullptr);
+    EXPECT_THAT(core->CalledNames(), Contains("TerminatePluginCoreInterface"));
+}
+
+TEST_F(NotifierDispatch, OpenedAndNewReachTheirHandlers)
+{
+    Start();
+    host.AddDocument("/a.ai");
+    EXPECT_EQ(SendNotifier(kOpened, host.DocumentHandle(0)), 0);
+    EXPECT_THAT(core->CalledNames(), Contains("HandleOpenExistingDocument"));
+    EXPECT_EQ(SendNotifier(kNew), 0);
+    EXPECT_THAT(core->CalledNames(), Contains("HandleCreateNewDocument"));
+    EXPECT_FALSE(HasTraceBeginningWith("UNHANDLED"));
+}
+
+TEST_F(NotifierDispatch, MenuChangedIsSubscribedAndUnhandled)
+{
+    Start();
+    ASSERT_NE(host.NotifierHandle("AI Menu Changed Notifier"), nullptr);
+    EXPECT_EQ(SendNotifier("AI Menu Changed Notifier"), 0);
+    EXPECT_TRUE(HasTrace(Unhandled("AI Menu Changed Notifier")));
+    EXPECT_THAT(core->calls, IsEmpty());
+}
+
+TEST_F(NotifierDispatch, UnknownHandleIsUnhandledWhateverItsTypeSays)
+{
+    Start();
+    AINotifierMessage message = host.NotifierMessage(kOpened);
+    message.notifier = reinterpret_cast<AINotifierHandle>(0x77770);
+    EXPECT_EQ(host.Send(Main, "AI Notifier", "AI Notify", message), 0);
+    EXPECT_TRUE(HasTrace(Unhandled(kOpened)));
+    EXPECT_THAT(core->calls, IsEmpty());
+}
+
+TEST_F(NotifierDispatch, HandleDecidesAndNotTheType)
+{
+    Start();
+    AINotifierMessage message = host.NotifierMessage(kNew);
+    message.type = nullptr;
+    EXPECT_EQ(host.Send(Main, "AI Notifier", "AI Notify", message), 0);
+    EXPECT_THAT(core->CalledNames(), Contains("HandleCreateNewDocument"));
+}
+
+// Of two equal handles the one tested first decides.
+TEST_F(NotifierDispatch, OpenedIsTestedBeforeNew)
+{
+    Start();
+    gGlobals->documentOpenedNotifier = gGlobals->documentNewNotifier;
+    EXPECT_EQ(SendNotifier(kNew), 0);
+    EXPECT_THAT(core->CalledNames(), Not(Contains("HandleCreateNewDocument")));
+}
+
+TEST_F(NotifierDispatch, StartupIsTestedBeforeAllOthers)
+{
+    Start();
+    gGlobals->startupNotifier = gGlobals->shutdownNotifier;
+    EXPECT_EQ(SendNotifier("AI Application Shutdown Notifier"), 0);
+    EXPECT_NE(host.globals, nullptr);
+    EXPECT_THAT(core->calls, IsEmpty());
+}
+
+TEST_F(NotifierDispatch, NullMessagesOfTheHandlersAreParameterErrors)
+{
+    EXPECT_EQ(HandleStartupNotifier(nullptr), kParameterError);
+    EXPECT_EQ(HandleShutdownNotifier(nullptr), kParameterError);
+}
+
+}  // namespace
