@@ -1,0 +1,255 @@
+#include "Exports.h"
+
+#include <string>
+#include <type_traits>
+
+#include "Buffers.h"
+#include "Core.h"
+#include "Dialogs.h"
+#include "FontJson.h"
+#include "Menus.h"
+#include "StatusCodes.h"
+
+using plugincore::Failure;
+using plugincore::GetCore;
+using plugincore::ReadBuffer;
+using plugincore::Report;
+using plugincore::StatusCodes;
+using plugincore::WriteBuffer;
+
+namespace {
+
+// Each export has the type that the plug-in calls it by; for the unsettled ones only the name is
+// given.
+template <class Declared, class Defined>
+constexpr bool HasDeclaredType()
+{
+    return std::is_same_v<Declared, Defined> || std::is_same_v<Declared, void*>;
+}
+#define CHECK_TYPE(name) \
+    static_assert(HasDeclaredType<name##Function, decltype(&(name))>(), #name " differs");
+PLUGIN_CORE_FUNCTIONS(CHECK_TYPE)
+#undef CHECK_TYPE
+
+template <class... Pointer>
+bool IsAnyNull(Pointer... pointers)
+{
+    return ((pointers == nullptr) || ...);
+}
+
+// Nothing may leave an export but a status.
+template <class Work>
+unsigned int Guard(const char* name, Work work) noexcept
+try {
+    return work();
+} catch (const Failure& failure) {
+    Report(std::string(name) + ": " + failure.what());
+    return failure.GetStatus();
+} catch (const std::exception& failure) {
+    Report(std::string(name) + ": " + failure.what());
+    return StatusCodes::kUnknownError;
+} catch (...) {
+    Report(std::string(name) + ": unknown failure");
+    return StatusCodes::kUnknownError;
+}
+
+}  // namespace
+
+unsigned int ActivateChosenFonts(const char* documentPath, const char* fontsJson, int* outValue)
+{
+    if (IsAnyNull(documentPath, fontsJson, outValue)) return StatusCodes::kNullPointer;
+    return Guard(__func__, [&] {
+        *outValue = GetCore().ActivateFonts(documentPath, fontsJson);
+        return StatusCodes::kSuccess;
+    });
+}
+
+unsigned int CreateMenusFromJSONBuffer(const char* menusJson, AddIllustratorMenuFunction callback,
+                                       MenuItemHelp* help)
+{
+    if (IsAnyNull(menusJson, help) || !callback) return StatusCodes::kNullPointer;
+    return Guard(__func__, [&] {
+        plugincore::AddMenus(menusJson, callback, help);
+        return StatusCodes::kSuccess;
+    });
+}
+
+unsigned int GetAPIVersion(int* outVersion, int requiredVersion)
+{
+    if (IsAnyNull(outVersion)) return StatusCodes::kNullPointer;
+    *outVersion = kPluginCoreAPIVersion;
+    return requiredVersion == kPluginCoreAPIVersion ? StatusCodes::kSuccess
+                                                    : StatusCodes::kVersionMismatch;
+}
+
+unsigned int GetIDForDocument(const char* documentPath, char* idBuffer, size_t* ioSize)
+{
+    if (IsAnyNull(documentPath, idBuffer) || !ioSize) return StatusCodes::kNullPointer;
+    return Guard(__func__, [&] {
+        WriteBuffer(GetCore().GetDocumentId(documentPath), idBuffer, *ioSize);
+        return StatusCodes::kSuccess;
+    });
+}
+
+unsigned int GetMenus(const char* documentPath, char* buffer, size_t* ioSize)
+{
+    if (IsAnyNull(documentPath) || !ioSize || (!buffer && *ioSize != 0))
+        return StatusCodes::kNullPointer;
+    return Guard(__func__, [&] {
+        const std::string menus = GetCore().GetMenus();
+        if (!buffer || *ioSize <= menus.size()) {
+            if (buffer && *ioSize != 0) buffer[0] = '\0';
+            *ioSize = menus.size() + 1;
+            return StatusCodes::kIndexOutOfRange;
+        }
+        WriteBuffer(menus, buffer, *ioSize);
+        return StatusCodes::kSuccess;
+    });
+}
+
+unsigned int GetSettings(char* buffer, size_t* ioSize)
+{
+    if (IsAnyNull(buffer) || !ioSize) return StatusCodes::kNullPointer;
+    return Guard(__func__, [&] {
+        WriteBuffer(GetCore().GetSettings(), buffer, *ioSize);
+        return StatusCodes::kSuccess;
+    });
+}
+
+unsigned int GetSocketPort(int* outPort)
+{
+    return outPort ? StatusCodes::kNotFound : StatusCodes::kNullPointer;
+}
+
+unsigned int HandleCloseDocument(const char* path, const char* fontUsageJson)
+{
+    if (IsAnyNull(path, fontUsageJson)) return StatusCodes::kNullPointer;
+    return Guard(__func__, [&] {
+        GetCore().CloseDocument(path, fontUsageJson);
+        return StatusCodes::kSuccess;
+    });
+}
+
+unsigned int HandleCreateNewDocument(char* idBuffer, size_t* ioSize)
+{
+    if (IsAnyNull(idBuffer) || !ioSize) return StatusCodes::kNullPointer;
+    return Guard(__func__, [&] {
+        WriteBuffer(GetCore().AddBlankDocument(), idBuffer, *ioSize);
+        return StatusCodes::kSuccess;
+    });
+}
+
+unsigned int HandleMenuSelection(const char* documentId, const char* lastKnownMenuState,
+                                 const char* menuKey, const char* fontUsageJson)
+{
+    if (IsAnyNull(documentId, lastKnownMenuState, menuKey, fontUsageJson))
+        return StatusCodes::kNullPointer;
+    return Guard(__func__, [&] {
+        if (std::string(menuKey) != "about") return StatusCodes::kNotFound;
+        plugincore::ShowAlert("Corvanta Fonts", GetCore().GetAboutText());
+        return StatusCodes::kSuccess;
+    });
+}
+
+unsigned int HandleOpenExistingDocument(const char* path, char* ioJson, size_t* ioSize,
+                                        int* outValue)
+{
+    if (IsAnyNull(path, ioJson) || !ioSize || !outValue) return StatusCodes::kNullPointer;
+    return Guard(__func__, [&] {
+        const std::string fontsJson = ReadBuffer(ioJson, *ioSize);
+        if (*ioSize != 0) ioJson[0] = '\0';  // what comes out of a failure
+        const std::string left = GetCore().OpenDocument(path, fontsJson);
+        WriteBuffer(left, ioJson, *ioSize);
+        *outValue = left.empty() ? 0 : static_cast<int>(plugincore::ReadFontNames(left).size());
+        return StatusCodes::kSuccess;
+    });
+}
+
+unsigned int HandleSaveDocument(const char* path, const char* fontUsageJson)
+{
+    if (IsAnyNull(path, fontUsageJson)) return StatusCodes::kNullPointer;
+    return Guard(__func__, [&] {
+        GetCore().SaveDocument(path, fontUsageJson);
+        return StatusCodes::kSuccess;
+    });
+}
+
+unsigned int IdleEvent() { return StatusCodes::kSuccess; }
+
+unsigned int InitializePluginCoreInterface(const char* bundleIdentifier, const char* hostVersion)
+{
+    if (IsAnyNull(bundleIdentifier, hostVersion)) return StatusCodes::kNullPointer;
+    return Guard(__func__, [] {
+        GetCore().Start();
+        return StatusCodes::kSuccess;
+    });
+}
+
+unsigned int InvokeCommandDialog(const char* documentPath, char* buffer, bool* outFlag)
+{
+    if (IsAnyNull(documentPath, buffer) || !outFlag) return StatusCodes::kNullPointer;
+    return Guard(__func__, [&] {
+        plugincore::ShowAlert("Corvanta Fonts", GetCore().GetAboutText());
+        *outFlag = true;
+        return StatusCodes::kSuccess;
+    });
+}
+
+unsigned int InvokeResolveDialog(char* ioJson, size_t* ioSize)
+{
+    if (IsAnyNull(ioJson) || !ioSize) return StatusCodes::kNullPointer;
+    return Guard(__func__, [&] {
+        const std::string fontsJson = ReadBuffer(ioJson, *ioSize);
+        if (*ioSize != 0) ioJson[0] = '\0';  // what comes out of a failure
+        WriteBuffer(GetCore().Resolve(fontsJson), ioJson, *ioSize);
+        return StatusCodes::kSuccess;
+    });
+}
+
+unsigned int PluginIsEnabled(bool request, bool* outEnabled)
+{
+    (void)request;  // always true, and nothing else depends on it
+    if (!outEnabled) return StatusCodes::kNullPointer;
+    return Guard(__func__, [&] {
+        *outEnabled = GetCore().IsEnabled();
+        return StatusCodes::kSuccess;
+    });
+}
+
+unsigned int ProcessPanelMessages(int value)
+{
+    (void)value;  // always 1, and nothing else depends on it
+    return StatusCodes::kSuccess;
+}
+
+unsigned int RegisterPlugPlug(SDKPlugPlug* plugPlug)
+{
+    return plugPlug ? StatusCodes::kSuccess : StatusCodes::kNullPointer;
+}
+
+unsigned int TerminatePluginCoreInterface()
+{
+    return Guard(__func__, [] {
+        GetCore().Stop();
+        return StatusCodes::kSuccess;
+    });
+}
+
+unsigned int UpdateDocumentFontUsage(const char* documentId, const char* fontUsageJson)
+{
+    if (IsAnyNull(documentId, fontUsageJson)) return StatusCodes::kNullPointer;
+    return Guard(__func__, [&] {
+        GetCore().UpdateUsage(documentId, fontUsageJson);
+        return StatusCodes::kSuccess;
+    });
+}
+
+unsigned int SetRebuildWorkgroupsMenuCallback(RebuildWorkgroupsMenuFunction callback)
+{
+    return callback ? StatusCodes::kSuccess : StatusCodes::kNullPointer;
+}
+
+unsigned int InvokeRestrictedFontsDialog() { return StatusCodes::kSuccess; }
+unsigned int SetPathForDocument() { return StatusCodes::kSuccess; }
+unsigned int ShowNotLoggedInMessageBox() { return StatusCodes::kSuccess; }
+unsigned int ShouldShowLogin() { return StatusCodes::kSuccess; }

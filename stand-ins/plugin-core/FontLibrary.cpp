@@ -1,0 +1,158 @@
+#include "FontLibrary.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+
+#include "FontFaces.h"
+#include "FontFiles.h"
+
+namespace plugincore {
+namespace {
+
+struct KnownFile {
+    int64_t id;
+    int64_t modified;
+    int64_t size;
+};
+
+std::map<std::string, KnownFile> LoadKnownFiles(Database& database, const std::string& folder)
+{
+    std::map<std::string, KnownFile> known;
+    Statement statement(database,
+                        "SELECT path, id, modified, size FROM font_file WHERE library = ?");
+    statement.Bind(folder);
+    while (statement.Step())
+        known[statement.GetText(0)] = {statement.GetNumber(1), statement.GetNumber(2),
+                                       statement.GetNumber(3)};
+    return known;
+}
+
+struct ReadFile {
+    FontFileState state;
+    fonts::FontFaces content;
+};
+
+void Store(Database& database, const std::string& folder, const std::vector<ReadFile>& files)
+{
+    Statement addFile(database,
+                      "INSERT OR REPLACE INTO font_file(library, path, modified, size, problem)"
+                      " VALUES(?, ?, ?, ?, ?) RETURNING id");
+    Statement addFace(database,
+                      "INSERT INTO font_face(file, name, face_index, is_type1) VALUES(?, ?, ?, ?)");
+    for (const ReadFile& file : files) {
+        addFile.Bind(folder).Bind(file.state.path).Bind(file.state.modified);
+        addFile.Bind(file.state.size).Bind(file.content.problem);
+        const int64_t id = addFile.Step() ? addFile.GetNumber(0) : 0;
+        addFile.Run();
+        for (const fonts::FontFace& face : file.content.faces) {
+            addFace.Bind(id).Bind(face.postScriptName).Bind(static_cast<int64_t>(face.index));
+            addFace.Bind(static_cast<int64_t>(face.isType1)).Run();
+        }
+    }
+}
+
+// The library folders as JSON text for json_each, so that a statement takes any number of them.
+std::string QuoteForJson(const std::string& text)
+{
+    std::string quoted = "\"";
+    for (const char c : text) {
+        constexpr const char* kDigits = "0123456789abcdef";
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte < 0x20) {
+            quoted += std::string("\\u00") + kDigits[byte >> 4] + kDigits[byte & 15];
+            continue;
+        }
+        if (c == '"' || c == '\\') quoted += '\\';
+        quoted += c;
+    }
+    return quoted + '"';
+}
+
+std::string GetFoldersAsJson(const std::vector<std::string>& folders)
+{
+    std::string text = "[";
+    for (const std::string& folder : folders)
+        text += (text.size() > 1 ? "," : "") + QuoteForJson(folder);
+    return text + "]";
+}
+
+constexpr const char* kInFolders = "library IN (SELECT value FROM json_each(?))";
+
+}  // namespace
+
+FontLibrary::FontLibrary(Database& database, std::vector<std::string> folders)
+    : mDatabase(database), mFolders(std::move(folders))
+{
+}
+
+void FontLibrary::Refresh()
+{
+    mFilesRead = 0;
+    for (const std::string& folder : mFolders) RefreshFolder(folder);
+}
+
+void FontLibrary::RefreshFolder(const std::string& folder)
+{
+    std::map<std::string, KnownFile> gone = LoadKnownFiles(mDatabase, folder);
+    std::vector<ReadFile> changed;
+    // The reading is done before the transaction: other processes don't wait for it.
+    for (const FontFileState& state : ListFontFiles(folder)) {
+        const auto known = gone.find(state.path);
+        const bool isSame = known != gone.end() && known->second.modified == state.modified &&
+                            known->second.size == state.size;
+        if (known != gone.end()) gone.erase(known);
+        if (!isSame) changed.push_back({state, fonts::ReadFontFaces(state.path)});
+    }
+    mFilesRead += static_cast<int64_t>(changed.size());
+    if (changed.empty() && gone.empty()) return;
+    Transaction transaction(mDatabase);
+    Store(mDatabase, folder, changed);
+    Statement remove(mDatabase, "DELETE FROM font_file WHERE id = ?");
+    for (const auto& [path, file] : gone) remove.Bind(file.id).Run();
+    transaction.Commit();
+}
+
+std::optional<std::string> FontLibrary::Find(const std::string& postScriptName)
+{
+    Statement statement(mDatabase, std::string("SELECT path FROM font_face JOIN font_file ON"
+                                               " font_file.id = font_face.file"
+                                               " WHERE name = ? AND ") +
+                                       kInFolders +
+                                       " ORDER BY is_type1, modified DESC, path LIMIT 1");
+    statement.Bind(postScriptName).Bind(GetFoldersAsJson(mFolders));
+    if (!statement.Step()) return std::nullopt;
+    return statement.GetText(0);
+}
+
+std::vector<std::string> FontLibrary::GetNamesInFile(const std::string& path)
+{
+    Statement statement(mDatabase,
+                        "SELECT DISTINCT name FROM font_face JOIN font_file ON"
+                        " font_file.id = font_face.file WHERE path = ?");
+    statement.Bind(path);
+    std::vector<std::string> names;
+    while (statement.Step()) names.push_back(statement.GetText(0));
+    return names;
+}
+
+int64_t FontLibrary::CountRows(const std::string& selectFromWhere)
+{
+    Statement statement(mDatabase, selectFromWhere + kInFolders);
+    statement.Bind(GetFoldersAsJson(mFolders));
+    return statement.Step() ? statement.GetNumber(0) : 0;
+}
+
+FontLibrary::Counts FontLibrary::GetCounts()
+{
+    Counts counts;
+    counts.files = CountRows("SELECT COUNT(*) FROM font_file WHERE problem = '' AND ");
+    counts.badFiles = CountRows("SELECT COUNT(*) FROM font_file WHERE problem <> '' AND ");
+    counts.names = CountRows(
+        "SELECT COUNT(DISTINCT name) FROM font_face JOIN font_file ON"
+        " font_file.id = font_face.file WHERE ");
+    counts.filesRead = mFilesRead;
+    return counts;
+}
+
+}  // namespace plugincore

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "Database.h"
+
+namespace plugincore {
+
+// The fonts that can be activated: those in the library folders, indexed by PostScript name.
+//
+// The index lies in the database and is brought up to date by comparing modification time and size
+// of each file, so that only what is new or changed is read. Folders are searched to any depth;
+// links to files are followed, links to folders aren't. A file counts as a font by its extension.
+class FontLibrary {
+public:
+    // `folders` are absolute. The database has to outlive this object.
+    FontLibrary(Database& database, std::vector<std::string> folders);
+
+    struct Counts {
+        int64_t files = 0;      // font files of use
+        int64_t names = 0;      // different PostScript names
+        int64_t badFiles = 0;   // skipped; they aren't read again until they change
+        int64_t filesRead = 0;  // by the last Refresh
+    };
+
+    // Makes the index equal to the folders. A folder or file that can't be read is no failure.
+    void Refresh();
+
+    // The file to take for a name: OpenType before Type 1, then the newest, then the first by path.
+    std::optional<std::string> Find(const std::string& postScriptName);
+
+    // All names that a file in the index answers to.
+    std::vector<std::string> GetNamesInFile(const std::string& path);
+
+    Counts GetCounts();
+    const std::vector<std::string>& GetFolders() const { return mFolders; }
+
+private:
+    void RefreshFolder(const std::string& folder);
+    int64_t CountRows(const std::string& selectFromWhere);
+
+    Database& mDatabase;
+    std::vector<std::string> mFolders;
+    int64_t mFilesRead = 0;
+};
+
+}  // namespace plugincore
