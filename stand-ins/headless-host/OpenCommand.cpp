@@ -69,7 +69,8 @@ private:
     const bool mWanted;
 };
 
-int OpenAll(Application& application, const Options& options, const std::vector<std::string>& paths)
+int OpenAll(Application& application, const Options& options, const std::vector<std::string>& paths,
+            const std::string& startFolder)
 {
     int status = kAllOpened;
     const Progress progress(paths.size());
@@ -94,7 +95,7 @@ int OpenAll(Application& application, const Options& options, const std::vector<
         if (report.HasMissingFont()) status = std::max<int>(status, kFontMissing);
         if (options.command.empty()) continue;
         SetEnvironment("DOCUMENT", paths[i]);
-        const int result = RunCommand(options.command, options.json);
+        const int result = RunCommand(options.command, startFolder, options.json);
         if (result != 0) Tell("the command ended with status " + std::to_string(result));
     }
     if (options.hold > 0) Hold(options.hold);
@@ -107,6 +108,7 @@ int RunOpenCommand(Options options)
 {
     std::vector<std::string> paths;
     for (const std::string& file : options.files) paths.push_back(MakeAbsolute(file));
+    const std::string startFolder = MakeAbsolute(".");
     std::string error;
     if (!SetUp(options, error)) {
         Tell(error);
@@ -133,7 +135,7 @@ int RunOpenCommand(Options options)
     // A folder that isn't there means that PluginCore isn't either; the plug-in tells of it.
     if (!ChangeFolder(options.pluginCore, error)) Tell("PluginCore: " + error);
     if (application.Start(options.plugin, error)) {
-        status = OpenAll(application, options, paths);
+        status = OpenAll(application, options, paths, startFolder);
     } else {
         Tell(error);
         status = kPluginNotLoaded;

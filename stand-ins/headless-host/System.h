@@ -35,8 +35,9 @@ bool IsInterrupted();
 // Sleeps, but no longer than to the next interrupt.
 void Hold(double seconds);
 
-// Runs a command with the shell and waits for it; an interrupt ends it. With `outputToError` what
-// it prints goes to standard error. Returns its exit status, -1 if it couldn't be run or was ended.
-int RunCommand(const std::string& command, bool outputToError);
+// Runs a command with the shell in `folder` and waits for it; an interrupt ends it. With
+// `outputToError` what it prints goes to standard error. Returns its exit status, -1 if it couldn't
+// be run or was ended.
+int RunCommand(const std::string& command, const std::string& folder, bool outputToError);
 
 }  // namespace headless

@@ -105,7 +105,7 @@ void Hold(double seconds)
     }
 }
 
-int RunCommand(const std::string& command, bool outputToError)
+int RunCommand(const std::string& command, const std::string& folder, bool outputToError)
 {
     posix_spawn_file_actions_t actions;
     posix_spawnattr_t attributes;
@@ -116,6 +116,7 @@ int RunCommand(const std::string& command, bool outputToError)
     }
     // A group of its own: an interrupt ends what the command has started as well.
     int failure = posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETPGROUP);
+    if (failure == 0) failure = posix_spawn_file_actions_addchdir_np(&actions, folder.c_str());
     if (failure == 0 && outputToError) {
         failure = posix_spawn_file_actions_adddup2(&actions, STDERR_FILENO, STDOUT_FILENO);
     }

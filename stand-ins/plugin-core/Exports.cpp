@@ -4,17 +4,20 @@
 #include <type_traits>
 
 #include "Buffers.h"
+#include "CallRecord.h"
 #include "Core.h"
 #include "Dialogs.h"
 #include "FontJson.h"
 #include "Menus.h"
 #include "StatusCodes.h"
 
+using plugincore::CallRecord;
 using plugincore::Failure;
 using plugincore::GetCore;
 using plugincore::ReadBuffer;
 using plugincore::Report;
 using plugincore::StatusCodes;
+using plugincore::Told;
 using plugincore::WriteBuffer;
 
 namespace {
@@ -57,45 +60,62 @@ try {
 
 unsigned int ActivateChosenFonts(const char* documentPath, const char* fontsJson, int* outValue)
 {
+    const CallRecord call(__func__, [&] {
+        return nlohmann::json::object(
+            {{"documentPath", Told(documentPath)}, {"fontsJson", Told(fontsJson)}});
+    });
     if (IsAnyNull(documentPath, fontsJson, outValue)) return StatusCodes::kNullPointer;
-    return Guard(__func__, [&] {
+    return call.Return(Guard(__func__, [&] {
         *outValue = GetCore().ActivateFonts(documentPath, fontsJson);
         return StatusCodes::kSuccess;
-    });
+    }));
 }
 
 unsigned int CreateMenusFromJSONBuffer(const char* menusJson, AddIllustratorMenuFunction callback,
                                        MenuItemHelp* help)
 {
+    const CallRecord call(__func__, [&] {
+        return nlohmann::json::object({{"menusJson", Told(menusJson)}});
+    });
     if (IsAnyNull(menusJson, help) || !callback) return StatusCodes::kNullPointer;
-    return Guard(__func__, [&] {
+    return call.Return(Guard(__func__, [&] {
         plugincore::AddMenus(menusJson, callback, help);
         return StatusCodes::kSuccess;
-    });
+    }));
 }
 
 unsigned int GetAPIVersion(int* outVersion, int requiredVersion)
 {
+    const CallRecord call(__func__, [&] {
+        return nlohmann::json::object({{"requiredVersion", requiredVersion}});
+    });
     if (IsAnyNull(outVersion)) return StatusCodes::kNullPointer;
     *outVersion = kPluginCoreAPIVersion;
-    return requiredVersion == kPluginCoreAPIVersion ? StatusCodes::kSuccess
-                                                    : StatusCodes::kVersionMismatch;
+    return call.Return(requiredVersion == kPluginCoreAPIVersion ? StatusCodes::kSuccess
+                                                                : StatusCodes::kVersionMismatch);
 }
 
 unsigned int GetIDForDocument(const char* documentPath, char* idBuffer, size_t* ioSize)
 {
+    const CallRecord call(__func__, [&] {
+        return nlohmann::json::object({{"documentPath", Told(documentPath)}});
+    });
     if (IsAnyNull(documentPath, idBuffer) || !ioSize) return StatusCodes::kNullPointer;
-    return Guard(__func__, [&] {
+    const unsigned int status = Guard(__func__, [&] {
         WriteBuffer(GetCore().GetDocumentId(documentPath), idBuffer, *ioSize);
         return StatusCodes::kSuccess;
     });
+    return call.Return(status, [&] { return nlohmann::json::object({{"id", Told(idBuffer)}}); });
 }
 
 unsigned int GetMenus(const char* documentPath, char* buffer, size_t* ioSize)
 {
+    const CallRecord call(__func__, [&] {
+        return nlohmann::json::object({{"documentPath", Told(documentPath)}});
+    });
     if (IsAnyNull(documentPath) || !ioSize || (!buffer && *ioSize != 0))
         return StatusCodes::kNullPointer;
-    return Guard(__func__, [&] {
+    const unsigned int status = Guard(__func__, [&] {
         const std::string menus = GetCore().GetMenus();
         if (!buffer || *ioSize <= menus.size()) {
             if (buffer && *ioSize != 0) buffer[0] = '\0';
@@ -105,14 +125,19 @@ unsigned int GetMenus(const char* documentPath, char* buffer, size_t* ioSize)
         WriteBuffer(menus, buffer, *ioSize);
         return StatusCodes::kSuccess;
     });
+    return call.Return(status, [&] { return nlohmann::json::object({{"menus", Told(buffer)}}); });
 }
 
 unsigned int GetSettings(char* buffer, size_t* ioSize)
 {
+    const CallRecord call(__func__, [] { return nlohmann::json::object(); });
     if (IsAnyNull(buffer) || !ioSize) return StatusCodes::kNullPointer;
-    return Guard(__func__, [&] {
+    const unsigned int status = Guard(__func__, [&] {
         WriteBuffer(GetCore().GetSettings(), buffer, *ioSize);
         return StatusCodes::kSuccess;
+    });
+    return call.Return(status, [&] {
+        return nlohmann::json::object({{"settings", Told(buffer)}});
     });
 }
 
@@ -123,39 +148,53 @@ unsigned int GetSocketPort(int* outPort)
 
 unsigned int HandleCloseDocument(const char* path, const char* fontUsageJson)
 {
+    const CallRecord call(__func__, [&] {
+        return nlohmann::json::object(
+            {{"path", Told(path)}, {"fontUsageJson", Told(fontUsageJson)}});
+    });
     if (IsAnyNull(path, fontUsageJson)) return StatusCodes::kNullPointer;
-    return Guard(__func__, [&] {
+    return call.Return(Guard(__func__, [&] {
         GetCore().CloseDocument(path, fontUsageJson);
         return StatusCodes::kSuccess;
-    });
+    }));
 }
 
 unsigned int HandleCreateNewDocument(char* idBuffer, size_t* ioSize)
 {
+    const CallRecord call(__func__, [] { return nlohmann::json::object(); });
     if (IsAnyNull(idBuffer) || !ioSize) return StatusCodes::kNullPointer;
-    return Guard(__func__, [&] {
+    const unsigned int status = Guard(__func__, [&] {
         WriteBuffer(GetCore().AddBlankDocument(), idBuffer, *ioSize);
         return StatusCodes::kSuccess;
     });
+    return call.Return(status, [&] { return nlohmann::json::object({{"id", Told(idBuffer)}}); });
 }
 
 unsigned int HandleMenuSelection(const char* documentId, const char* lastKnownMenuState,
                                  const char* menuKey, const char* fontUsageJson)
 {
+    const CallRecord call(__func__, [&] {
+        return nlohmann::json::object({{"documentId", Told(documentId)},
+                                       {"menuKey", Told(menuKey)},
+                                       {"fontUsageJson", Told(fontUsageJson)}});
+    });
     if (IsAnyNull(documentId, lastKnownMenuState, menuKey, fontUsageJson))
         return StatusCodes::kNullPointer;
-    return Guard(__func__, [&] {
+    return call.Return(Guard(__func__, [&] {
         if (std::string(menuKey) != "about") return StatusCodes::kNotFound;
         plugincore::ShowAlert("Corvanta Fonts", GetCore().GetAboutText());
         return StatusCodes::kSuccess;
-    });
+    }));
 }
 
 unsigned int HandleOpenExistingDocument(const char* path, char* ioJson, size_t* ioSize,
                                         int* outValue)
 {
+    const CallRecord call(__func__, [&] {
+        return nlohmann::json::object({{"path", Told(path)}, {"ioJson", Told(ioJson)}});
+    });
     if (IsAnyNull(path, ioJson) || !ioSize || !outValue) return StatusCodes::kNullPointer;
-    return Guard(__func__, [&] {
+    const unsigned int status = Guard(__func__, [&] {
         const std::string fontsJson = ReadBuffer(ioJson, *ioSize);
         if (*ioSize != 0) ioJson[0] = '\0';  // what comes out of a failure
         const std::string left = GetCore().OpenDocument(path, fontsJson);
@@ -163,57 +202,75 @@ unsigned int HandleOpenExistingDocument(const char* path, char* ioJson, size_t* 
         *outValue = left.empty() ? 0 : static_cast<int>(plugincore::ReadFontNames(left).size());
         return StatusCodes::kSuccess;
     });
+    return call.Return(status, [&] { return nlohmann::json::object({{"ioJson", Told(ioJson)}}); });
 }
 
 unsigned int HandleSaveDocument(const char* path, const char* fontUsageJson)
 {
+    const CallRecord call(__func__, [&] {
+        return nlohmann::json::object(
+            {{"path", Told(path)}, {"fontUsageJson", Told(fontUsageJson)}});
+    });
     if (IsAnyNull(path, fontUsageJson)) return StatusCodes::kNullPointer;
-    return Guard(__func__, [&] {
+    return call.Return(Guard(__func__, [&] {
         GetCore().SaveDocument(path, fontUsageJson);
         return StatusCodes::kSuccess;
-    });
+    }));
 }
 
 unsigned int IdleEvent() { return StatusCodes::kSuccess; }
 
 unsigned int InitializePluginCoreInterface(const char* bundleIdentifier, const char* hostVersion)
 {
+    const CallRecord call(__func__, [&] {
+        return nlohmann::json::object(
+            {{"bundleIdentifier", Told(bundleIdentifier)}, {"hostVersion", Told(hostVersion)}});
+    });
     if (IsAnyNull(bundleIdentifier, hostVersion)) return StatusCodes::kNullPointer;
-    return Guard(__func__, [] {
+    return call.Return(Guard(__func__, [] {
         GetCore().Start();
         return StatusCodes::kSuccess;
-    });
+    }));
 }
 
 unsigned int InvokeCommandDialog(const char* documentPath, char* buffer, bool* outFlag)
 {
+    const CallRecord call(__func__, [&] {
+        return nlohmann::json::object({{"documentPath", Told(documentPath)}});
+    });
     if (IsAnyNull(documentPath, buffer) || !outFlag) return StatusCodes::kNullPointer;
-    return Guard(__func__, [&] {
+    return call.Return(Guard(__func__, [&] {
         plugincore::ShowAlert("Corvanta Fonts", GetCore().GetAboutText());
         *outFlag = true;
         return StatusCodes::kSuccess;
-    });
+    }));
 }
 
 unsigned int InvokeResolveDialog(char* ioJson, size_t* ioSize)
 {
+    const CallRecord call(__func__, [&] {
+        return nlohmann::json::object({{"ioJson", Told(ioJson)}});
+    });
     if (IsAnyNull(ioJson) || !ioSize) return StatusCodes::kNullPointer;
-    return Guard(__func__, [&] {
+    const unsigned int status = Guard(__func__, [&] {
         const std::string fontsJson = ReadBuffer(ioJson, *ioSize);
         if (*ioSize != 0) ioJson[0] = '\0';  // what comes out of a failure
         WriteBuffer(GetCore().Resolve(fontsJson), ioJson, *ioSize);
         return StatusCodes::kSuccess;
     });
+    return call.Return(status, [&] { return nlohmann::json::object({{"ioJson", Told(ioJson)}}); });
 }
 
 unsigned int PluginIsEnabled(bool request, bool* outEnabled)
 {
+    const CallRecord call(__func__, [] { return nlohmann::json::object(); });
     (void)request;  // always true, and nothing else depends on it
     if (!outEnabled) return StatusCodes::kNullPointer;
-    return Guard(__func__, [&] {
+    const unsigned int status = Guard(__func__, [&] {
         *outEnabled = GetCore().IsEnabled();
         return StatusCodes::kSuccess;
     });
+    return call.Return(status, [&] { return nlohmann::json::object({{"enabled", *outEnabled}}); });
 }
 
 unsigned int ProcessPanelMessages(int value)
@@ -229,19 +286,24 @@ unsigned int RegisterPlugPlug(SDKPlugPlug* plugPlug)
 
 unsigned int TerminatePluginCoreInterface()
 {
-    return Guard(__func__, [] {
+    const CallRecord call(__func__, [] { return nlohmann::json::object(); });
+    return call.Return(Guard(__func__, [] {
         GetCore().Stop();
         return StatusCodes::kSuccess;
-    });
+    }));
 }
 
 unsigned int UpdateDocumentFontUsage(const char* documentId, const char* fontUsageJson)
 {
+    const CallRecord call(__func__, [&] {
+        return nlohmann::json::object(
+            {{"documentId", Told(documentId)}, {"fontUsageJson", Told(fontUsageJson)}});
+    });
     if (IsAnyNull(documentId, fontUsageJson)) return StatusCodes::kNullPointer;
-    return Guard(__func__, [&] {
+    return call.Return(Guard(__func__, [&] {
         GetCore().UpdateUsage(documentId, fontUsageJson);
         return StatusCodes::kSuccess;
-    });
+    }));
 }
 
 unsigned int SetRebuildWorkgroupsMenuCallback(RebuildWorkgroupsMenuFunction callback)

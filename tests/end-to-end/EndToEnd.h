@@ -1,0 +1,54 @@
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <nlohmann/json.hpp>
+#include <set>
+#include <string>
+#include <vector>
+
+// Runs the host program with the real plug-in in a home folder of the test's own. The machine's
+// fonts are hidden: fontconfig knows DejaVuSansMono, which so becomes the host's default font, and
+// whatever is activated. Whatever begins with the default font's name counts as the host's own, so
+// the library holds fonts that don't: DejaVuSans and DejaVuSerif-Bold.
+class EndToEnd : public testing::Test {
+protected:
+    EndToEnd();
+    ~EndToEnd() override;
+
+    // The exit status of `headless-host open ARGUMENTS`, run in the scratch folder; -1 if a signal
+    // ended it. What it wrote is in `output` and `errors`.
+    int Open(const std::string& arguments);
+
+    // The line of JSON for each file, in order, of the last run.
+    std::vector<nlohmann::json> Reports() const;
+
+    // The state of each font of a report, by PostScript name.
+    static std::map<std::string, std::string> States(const nlohmann::json& report);
+
+    // Copies a sample to the scratch folder; returns its name.
+    std::string Sample(const std::string& name) const;
+
+    // PostScript names that fc-list of another process sees in this home folder.
+    std::set<std::string> ActiveFonts() const;
+
+    // A folder with a PluginCore of the test's own that it may add files to.
+    std::filesystem::path CopyOfPluginCore() const;
+
+    void WriteFile(const std::filesystem::path& file, const std::string& bytes) const;
+    std::string ReadFile(const std::filesystem::path& file) const;
+
+    // Fonts that were left below the user's font folder, in whatever state.
+    std::vector<std::string> FontFilesInHome() const;
+
+    std::filesystem::path scratch;
+    std::filesystem::path home;
+    std::filesystem::path pluginCore;  // the folder that holds PluginCore.framework
+    std::string output;
+    std::string errors;
+
+private:
+    std::string EnvironmentOfHome() const;
+};

@@ -1,0 +1,35 @@
+#include "EndToEnd.h"
+
+using testing::Contains;
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
+
+TEST_F(EndToEnd, TheNextStartRepairsWhatAKilledHostLeft)
+{
+    EXPECT_EQ(Open(Sample("leaflet.eps") + " --exec 'kill -9 $PPID'"), -1);
+    EXPECT_THAT(ActiveFonts(), Contains("DejaVuSans"));
+
+    EXPECT_EQ(Open(Sample("letterhead.ait") +
+                   " --exec \"fc-list --format '%{postscriptname}\\n' | sort >while-open\""),
+              1);
+    EXPECT_EQ(ReadFile(scratch / "while-open"), "DejaVuSansMono\nDejaVuSerif-Bold\n");
+    EXPECT_THAT(ActiveFonts(), UnorderedElementsAre("DejaVuSansMono"));
+    EXPECT_THAT(FontFilesInHome(), IsEmpty());
+}
+
+TEST_F(EndToEnd, ASecondHostKeepsItsFontsWhenTheFirstEnds)
+{
+    // The inner host opens and closes the same document while the outer one has it open.
+    const std::string again = "'" HEADLESS_HOST_PROGRAM
+                              "' open leaflet.eps --home home --library "
+                              "library --plugin '" PLUG_IN_FOLDER "' --plugin-core '" +
+                              pluginCore.string() + "' >inner 2>&1";
+    WriteFile(scratch / "again",
+              "#!/bin/sh\n" + again + "\nfc-list --format '%{postscriptname}\\n' >after-inner\n");
+    EXPECT_EQ(Open(Sample("leaflet.eps") + " --exec 'cd " + scratch.string() + " && sh ./again'"),
+              0)
+        << errors;
+    EXPECT_THAT(ReadFile(scratch / "after-inner"), testing::HasSubstr("DejaVuSans"))
+        << ReadFile(scratch / "inner");
+    EXPECT_THAT(FontFilesInHome(), IsEmpty());
+}

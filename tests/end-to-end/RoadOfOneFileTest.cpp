@@ -1,0 +1,36 @@
+#include <algorithm>
+#include <cstdlib>
+#include <regex>
+#include <sstream>
+
+#include "EndToEnd.h"
+
+namespace {
+
+void ReplaceAll(std::string& text, const std::string& from, const std::string& to)
+{
+    for (size_t at = text.find(from); at != std::string::npos; at = text.find(from, at)) {
+        text.replace(at, from.size(), to);
+        at += to.size();
+    }
+}
+
+}  // namespace
+
+// The journal of a whole session, each line's time and number left out, against the one that is
+// kept. With UPDATE_GOLDEN in the environment the kept one is written anew.
+TEST_F(EndToEnd, TheRoadOfOneFileIsAsItIsKept)
+{
+    ASSERT_EQ(Open(Sample("leaflet.eps") + " --json --journal journal"), 0) << errors;
+    std::string road;
+    std::istringstream lines(ReadFile(scratch / "journal"));
+    for (std::string line; std::getline(lines, line);) {
+        const auto entry = nlohmann::json::parse(line);
+        road += entry.at("side").get<std::string>() + " | " + entry.at("op").get<std::string>() +
+                " | " + entry.at("args").dump() + " | " + entry.at("result").dump() + "\n";
+    }
+    ReplaceAll(road, scratch.string(), "SCRATCH");
+    const std::filesystem::path golden = std::string(GOLDEN_FOLDER) + "/road-of-one-file.txt";
+    if (std::getenv("UPDATE_GOLDEN") != nullptr) WriteFile(golden, road);
+    EXPECT_EQ(road, ReadFile(golden));
+}
