@@ -39,6 +39,16 @@ std::string GetFrameworkName(const std::string& folder)
     return component.substr(0, nameLength);
 }
 
+// What has been opened calls back into this code for the rest of the process's life, and the host
+// may hold functions of it as well: it stays, even if the host unloads it.
+void KeepThisModuleLoaded()
+{
+    Dl_info module;
+    if (dladdr(reinterpret_cast<void*>(&KeepThisModuleLoaded), &module) == 0) return;
+    // A program that holds this code itself can't lose it: there the call fails, and may.
+    (void)dlopen(module.dli_fname, RTLD_NOW | RTLD_NOLOAD | RTLD_NODELETE);
+}
+
 // Bundles stay open for the life of the process, since their functions may be called at any time.
 // Opening one again gives the same one.
 OpaqueBundle* OpenBundle(const std::string& folder)
@@ -59,6 +69,7 @@ OpaqueBundle* OpenBundle(const std::string& folder)
         open->information = information;
         return open.get();
     }
+    KeepThisModuleLoaded();
     sOpenBundles.push_back(std::make_unique<OpaqueBundle>(OpaqueBundle{library, information}));
     return sOpenBundles.back().get();
 }
