@@ -1,5 +1,5 @@
 # The two commands are `make run` and `make test`; each installs what is missing, builds and runs.
-.PHONY: run test test-asan lint stage bootstrap clean
+.PHONY: run test test-asan lint stage bench bootstrap clean
 
 run: stage
 	tools/run-demo
@@ -24,6 +24,11 @@ stage: bootstrap
 	cmake --build --preset release
 	rm -rf stage
 	cmake --install build/release --prefix stage >/dev/null
+
+bench: bootstrap
+	cmake --preset release -DTYPELOFT_BUILD_BENCH=ON >/dev/null
+	cmake --build --preset release --target plugin-bench
+	build/release/bench/plugin-bench
 
 bootstrap:
 	@tools/bootstrap

@@ -63,7 +63,8 @@ bool Application::Start(const std::string& pluginPath, std::string& error)
         }
         return false;
     }
-    (void)mPump->SendNotifier("AI Application Started Notifier", nullptr);  // nobody need listen
+    Notify("AI Application Started Notifier", nullptr);
+    TellMenuChanges();
     return true;
 }
 
@@ -113,32 +114,16 @@ OpenReport Application::Open(const std::string& path, const std::string& givenPa
     const std::set<std::string> atReading = FindMissing(names, mHost.fonts.RefreshActiveNames());
     if (!atReading.empty()) report.dialog = RunMissingFontsDialog(report.dialogTitle);
     DocumentObject* const document = mHost.AddDocument(std::move(read.document), path);
-    (void)mPump->SendNotifier("AI Document Opened Notifier", document->handle);  // may be nobody
+    Notify("AI Document Opened Notifier", document->handle);
 
     // The guest was told of the fonts once more and may have found others by now.
-    if (!atReading.empty()) mHost.fonts.RefreshActiveNames();
-    const std::set<std::string> missing = FindMissing(names, mHost.fonts.GetActiveNames());
+    if (!atReading.empty()) (void)mHost.fonts.RefreshActiveNames();  // used below
+    document->activeBefore = activeBefore;
     for (const std::string& name : names) {
-        FontState state = FontState::kActivated;
-        if (missing.count(name) != 0) {
-            state = FontState::kMissing;
-        } else if (mHost.fonts.IsDefault(name)) {
-            state = FontState::kDefault;
-        } else if (activeBefore.count(name) != 0) {
-            state = FontState::kActive;
-        }
-        report.fonts.push_back({name, state});
+        report.fonts.push_back({name, GetFontState(*document, name)});
     }
+    TellMenuChanges();
     return finish();
-}
-
-void Application::Close(DocumentObject* document)
-{
-    void* const handle = document->handle;
-    // Nobody need listen to either.
-    (void)mPump->SendNotifier("AI Document About To Close Notifier", handle);
-    (void)mPump->SendNotifier("AI Document Closed Notifier", handle);
-    mHost.RemoveDocument(document);
 }
 
 void Application::ShutDown()
@@ -146,7 +131,7 @@ void Application::ShutDown()
     if (!mPump) return;
     while (!mHost.GetDocuments().empty()) Close(mHost.GetDocuments().front().get());
     if (mRunning) {
-        (void)mPump->SendNotifier("AI Application Shutdown Notifier", nullptr);  // may be nobody
+        Notify("AI Application Shutdown Notifier", nullptr);
         mHost.suites.LetStay(false);
     }
     // What the guest answers to its end changes nothing; it stands in the journal.

@@ -54,13 +54,54 @@ public:
     // document stays open. `path` is absolute, `givenPath` what the report calls it.
     OpenReport Open(const std::string& path, const std::string& givenPath);
 
+    // A new document without a file.
+    DocumentObject* New();
+
+    // What becomes of a document's font at this moment, as its report tells it.
+    FontState GetFontState(const DocumentObject& document, const std::string& postScriptName);
+
+    // Changes of the current document, which must be there; the guest is told of each.
+    void AddText(const std::string& postScriptName, const std::string& words);
+    void Place(const std::string& path);
+    void Change();
+
+    // Saves the current document under its own name, or under another one (an absolute path) that
+    // is its own from then on. Returns one line that says why it failed, without the path; then
+    // all stays as it was and the guest is told nothing.
+    std::string Save();
+    std::string SaveAs(const std::string& path);
+
+    // The guest is told before the document goes and when it is gone. It needn't be the current
+    // one.
     void Close(DocumentObject* document);
+
+    // The user looks at the menus: the items that want to be asked are brought up to date.
+    void UpdateMenus();
+
+    // The user chooses an item.
+    void Choose(void* menuItem);
+
+    void ShowAbout();
+
+    // Somebody installed or removed fonts.
+    void TellFontsChanged();
+
+    // One tick of the host's clock, 60 to the second: the timers.
+    void Tick();
+
+    // Ticks for so long; an interrupt ends it.
+    void Idle(double seconds);
+
+    static constexpr int kTicksPerSecond = 60;
 
     // Closes all documents in the order they were opened, ends the guest and lists what it hasn't
     // given back among the host's errors. Does nothing the second time.
     void ShutDown();
 
 private:
+    void Notify(const char* type, void* notifyData);
+    void TellMenuChanges();
+    void TellSaved(const char* type);
     DialogOutcome RunMissingFontsDialog(std::string& title);
 
     Host& mHost;
@@ -69,6 +110,8 @@ private:
     std::unique_ptr<MessagePump> mPump;
     bool mRunning = false;
     long mWindowNumber = 0;
+    unsigned long mTick = 0;
+    size_t mToldMenuChanges = 0;
 };
 
 }  // namespace headless

@@ -8,6 +8,7 @@ namespace headless {
 enum ExitStatus : int {
     kAllOpened = 0,
     kFontMissing = 1,
+    kNotAsExpected = 1,
     kWrongUse = 2,
     kFileNotOpened = 3,
     kPluginNotLoaded = 4,
@@ -21,10 +22,11 @@ struct ExitStatusRow {
 };
 
 constexpr ExitStatusRow kExitStatuses[] = {
-    {kAllOpened, "all files were opened and no font is missing"},
-    {kFontMissing, "a font is missing"},
-    {kWrongUse, "wrong use of the program"},
-    {kFileNotOpened, "a file could not be opened"},
+    {kAllOpened,
+     "all files were opened and no font is missing; a session ran and all was as expected"},
+    {kFontMissing, "open: a font is missing; run: something isn't as expected"},
+    {kWrongUse, "wrong use of the program; run: a wrong line"},
+    {kFileNotOpened, "a file could not be opened or saved"},
     {kPluginNotLoaded, "the plug-in or PluginCore could not be loaded"},
     {kPluginBrokeRule, "the plug-in broke a rule of the host"},
     {kInterrupted, "interrupted; open documents were closed and the plug-in was shut down"},

@@ -28,6 +28,16 @@ std::string SystemFonts::GetDefaultName(const std::string& language)
     return fonts::GetDefaultFontName(language);
 }
 
+std::map<std::string, documents::FontFile> SystemFonts::ListFiles()
+{
+    std::map<std::string, documents::FontFile> files;
+    for (const fonts::ActiveFont& font : fonts::ListActiveFonts()) {
+        // Of several files with one name the first one counts, as for the names.
+        (void)files.emplace(font.postScriptName, documents::FontFile{font.file, font.index});
+    }
+    return files;
+}
+
 const std::set<std::string>& FontBook::RefreshActiveNames()
 {
     mActive = mSource.ListActiveNames();

@@ -6,6 +6,7 @@
 
 #include "HandleRegister.h"
 #include "HostTypes.h"
+#include "WriteText.h"
 
 namespace headless {
 
@@ -17,6 +18,8 @@ public:
     // The default font for a language tag as "ja", for the system if that is empty; empty if there
     // is none.
     virtual std::string GetDefaultName(const std::string& language) = 0;
+    // The files of the active fonts, by name.
+    virtual std::map<std::string, documents::FontFile> ListFiles() = 0;
 };
 
 // The source of the real host: fontconfig.
@@ -24,6 +27,7 @@ class SystemFonts : public FontSource {
 public:
     std::set<std::string> ListActiveNames() override;
     std::string GetDefaultName(const std::string& language) override;
+    std::map<std::string, documents::FontFile> ListFiles() override;
 };
 
 // The host's fonts: which are active, which are its own defaults, and a key for each name asked
@@ -42,6 +46,8 @@ public:
 
     // Whether the name is the default of one of the host's scripts.
     bool IsDefault(const std::string& postScriptName);
+
+    std::map<std::string, documents::FontFile> ListFiles() { return mSource.ListFiles(); }
 
     // The same name gives the same key for the life of the host.
     AIFontKey GetKey(const std::string& postScriptName);

@@ -11,6 +11,14 @@ namespace {
 
 Host* sCurrent = nullptr;
 
+// How many characters a text in UTF-8 has: its bytes but for those that go on with one.
+size_t CountCharacters(const std::string& text)
+{
+    return static_cast<size_t>(std::count_if(text.begin(), text.end(), [](char c) {
+        return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
+    }));
+}
+
 }  // namespace
 
 Host::Host(FontSource& fontSource, DocumentReader documentReader)
@@ -32,20 +40,50 @@ DocumentObject* Host::AddDocument(documents::Document content, const std::string
 {
     const auto document = std::make_shared<DocumentObject>();
     document->content = std::move(content);
-    document->hasFile = !document->content.isTemplate;
+    document->hasFile = !path.empty() && !document->content.isTemplate;
     document->path = document->hasFile ? path : "Untitled-" + std::to_string(++mUntitledCount);
     document->handle = handles.Issue(document);
-    const auto addArt = [&](int16_t type, size_t count) {
-        for (size_t i = 0; i < count; ++i) {
-            auto art = std::make_shared<ArtItem>(ArtItem{document.get(), type, i});
-            document->art.push_back(handles.Issue(std::move(art), document->handle));
-        }
-    };
-    addArt(kTextFrameArt, document->content.frames.size());
-    addArt(kPlacedArt, document->content.linkedFiles.size());
+    document->source = path;
+    const documents::Document& kept = document->content;
+    for (size_t i = 0; i < kept.frames.size(); ++i) AddArt(*document, kTextFrameArt, i);
+    for (size_t i = 0; i < kept.linkedFiles.size(); ++i) AddArt(*document, kPlacedArt, i);
     mDocuments.push_back(document);
-    mCurrent = document.get();
-    return mCurrent;
+    mRecent.push_back(document.get());
+    return document.get();
+}
+
+void Host::AddArt(DocumentObject& document, int16_t type, size_t index)
+{
+    auto art = std::make_shared<ArtItem>(ArtItem{&document, type, index});
+    document.art.push_back(handles.Issue(std::move(art), document.handle));
+}
+
+void Host::AddText(DocumentObject& document, const documents::AddedText& text)
+{
+    documents::Document& content = document.content;
+    const std::vector<documents::TextRun> runs = {
+        {text.postScriptName, CountCharacters(text.words)}};
+    content.frames.push_back({content.stories.size(), runs});
+    content.stories.push_back({runs});
+    std::vector<std::string>& names = content.fonts;
+    if (std::find(names.begin(), names.end(), text.postScriptName) == names.end()) {
+        names.push_back(text.postScriptName);
+    }
+    document.addedTexts.push_back(text);
+    AddArt(document, kTextFrameArt, content.frames.size() - 1);
+}
+
+void Host::AddLink(DocumentObject& document, const std::string& path)
+{
+    document.content.linkedFiles.push_back(path);
+    document.addedLinks.push_back(path);
+    AddArt(document, kPlacedArt, document.content.linkedFiles.size() - 1);
+}
+
+void Host::MakeCurrent(DocumentObject* document)
+{
+    const auto place = std::find(mRecent.begin(), mRecent.end(), document);
+    if (place != mRecent.end()) std::rotate(place, place + 1, mRecent.end());
 }
 
 void Host::RemoveDocument(DocumentObject* document)
@@ -56,7 +94,7 @@ void Host::RemoveDocument(DocumentObject* document)
     if (place == mDocuments.end()) return;
     const std::shared_ptr<DocumentObject> kept = *place;
     mDocuments.erase(place);
-    mCurrent = mDocuments.empty() ? nullptr : mDocuments.back().get();
+    mRecent.erase(std::remove(mRecent.begin(), mRecent.end(), document), mRecent.end());
     handles.Expire(kept->handle);
 }
 

@@ -37,16 +37,25 @@ public:
     // Null while there is none.
     static Host* GetCurrent();
 
-    // Makes a document with its art; it becomes the current one. A template becomes an untitled
-    // copy with a bare name and without a file.
+    // Makes a document with its art; it becomes the current one. A template, and a document without
+    // a path, becomes an untitled one with a bare name and without a file.
     DocumentObject* AddDocument(documents::Document content, const std::string& path);
 
-    // Ends the handle of the document and of all that belongs to it. The last one that is still
-    // open becomes the current one.
+    // Ends the handle of the document and of all that belongs to it. If it was the current one, the
+    // one that was current before it becomes so again.
     void RemoveDocument(DocumentObject* document);
 
+    void MakeCurrent(DocumentObject* document);
+
+    // A new frame with a story of its own that holds one run.
+    void AddText(DocumentObject& document, const documents::AddedText& text);
+    void AddLink(DocumentObject& document, const std::string& path);
+
     // Null while none is open.
-    DocumentObject* GetCurrentDocument() const { return mCurrent; }
+    DocumentObject* GetCurrentDocument() const
+    {
+        return mRecent.empty() ? nullptr : mRecent.back();
+    }
     const std::vector<std::shared_ptr<DocumentObject>>& GetDocuments() const { return mDocuments; }
 
     HostErrors errors;
@@ -65,13 +74,16 @@ public:
     std::vector<void*> timers;
     std::vector<void*> menuItems;
     std::vector<void*> menuGroups;
+    size_t menuChanges = 0;  // how often an item or a group came or went
 
     std::vector<Alert> alerts;
     std::function<void(const Alert&)> alertSink;  // may be empty
 
 private:
+    void AddArt(DocumentObject& document, int16_t type, size_t index);
+
     std::vector<std::shared_ptr<DocumentObject>> mDocuments;
-    DocumentObject* mCurrent = nullptr;
+    std::vector<DocumentObject*> mRecent;  // the current one last
     int mUntitledCount = 0;
 };
 

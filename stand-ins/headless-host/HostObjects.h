@@ -2,12 +2,14 @@
 
 #include <cstdint>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
 #include "Document.h"
 #include "HandleType.h"
 #include "HostTypes.h"
+#include "WriteDocument.h"
 
 namespace headless {
 
@@ -26,7 +28,16 @@ struct DocumentObject {
     bool hasFile = true;
     bool isModified = false;
     void* handle = nullptr;
-    std::vector<void*> art;  // in paint order: text frames, then placed files
+    std::vector<void*> art;  // text frames, then placed files; what was added since stands behind
+
+    // What a save needs: the file as it was read, and what was added since.
+    std::string source;  // the file that it was opened from, empty if it was begun here
+    bool hasBase = false;
+    std::string base;  // the bytes of `source`, if hasBase
+    std::vector<documents::AddedText> addedTexts;
+    std::vector<std::string> addedLinks;
+
+    std::set<std::string> activeBefore;  // names of the fonts that were active before it was there
 };
 
 struct ArtItem {

@@ -10,6 +10,9 @@ namespace headless {
 // exchanged a slot for a function of its module, which is gone once the guest is unloaded.
 void ResetHostPlatform();
 
+// Where the guest finds the host's own frameworks; an empty text for nowhere. Until the next reset.
+void SetPrivateFrameworks(const std::string& folder);
+
 // How many real modal sessions were begun since the last reset: whoever exchanges the slot must
 // still begin the real one.
 unsigned long GetModalSessionCount();

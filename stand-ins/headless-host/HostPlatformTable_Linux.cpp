@@ -53,6 +53,13 @@ void ResetHostPlatform()
     sPlatform = {BeginRealModalSession, ShowAlert, nullptr};
 }
 
+void SetPrivateFrameworks(const std::string& folder)
+{
+    static std::string kept;  // the table points at it
+    kept = folder;
+    sPlatform.privateFrameworksPath = kept.empty() ? nullptr : kept.c_str();
+}
+
 unsigned long GetModalSessionCount() { return sModalSessionCount; }
 
 }  // namespace headless

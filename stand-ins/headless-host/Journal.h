@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <string>
 
 #include <nlohmann/json.hpp>
@@ -19,10 +20,17 @@ public:
 
     // Empties or makes the file. False, and the reason in `error`, if that can't be done.
     bool Open(const std::string& path, std::string& error);
-    bool IsOpen() const { return mFile >= 0; }
 
-    // Does nothing while no file is open. Text that isn't UTF-8 is written with the broken bytes
-    // replaced. After a failed write (disk full) nothing more is written.
+    // Told of each line as well, with or without a file.
+    using Observer = std::function<void(const std::string& op, const nlohmann::json& args,
+                                        const nlohmann::json& result)>;
+    void SetObserver(Observer observer) { mObserver = std::move(observer); }
+
+    // Whether anybody wants the lines.
+    bool IsOpen() const { return mFile >= 0 || mObserver; }
+
+    // Does nothing while nobody wants the lines. Text that isn't UTF-8 is written with the broken
+    // bytes replaced. After a failed write (disk full) nothing more is written.
     void Write(const char* side, const std::string& op, const nlohmann::json& args,
                const nlohmann::json& result);
 
@@ -30,6 +38,7 @@ private:
     void Close();
 
     int mFile = -1;
+    Observer mObserver;
     unsigned long mSequence = 0;
     std::chrono::steady_clock::time_point mStart;
 };

@@ -34,6 +34,7 @@ bool Journal::Open(const std::string& path, std::string& error)
 
 void Journal::Write(const char* side, const std::string& op, const json& args, const json& result)
 {
+    if (mObserver) mObserver(op, args, result);
     if (mFile < 0) return;
     const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - mStart;
     nlohmann::ordered_json line;

@@ -28,13 +28,13 @@ AIErr AddMenuItem(SPPluginRef self, const char* key, AIPlatformAddMenuItemDataUS
                   int32_t options, AIMenuItemHandle* item)
 {
     return Answer(Row(), "AddMenuItem", [&](SuiteCall& call) {
-        if (call.Find<PluginObject>(self) == nullptr || !call.Require(key, "key") ||
-            !call.Require(data, "data") || !call.Require(data->groupName, "groupName") ||
-            !call.Require(item, "item")) {
+        if (call.Find<PluginObject>(self) == nullptr || !call.Require(data, "data") ||
+            !call.Require(data->groupName, "groupName") || !call.Require(item, "item")) {
             return kBadParameterErr;
         }
         MenuItemObject object;
-        object.key = key;
+        // An item may go without a key.
+        if (key != nullptr) object.key = key;
         object.group = data->groupName;
         object.options = options;
         if (GetSlot(data->itemText) != nullptr) {
@@ -49,6 +49,7 @@ AIErr AddMenuItem(SPPluginRef self, const char* key, AIPlatformAddMenuItemDataUS
         void* const handle =
             call.host.handles.Issue(std::make_shared<MenuItemObject>(std::move(object)));
         call.host.menuItems.push_back(handle);
+        ++call.host.menuChanges;
         *item = static_cast<AIMenuItemHandle>(handle);
         call.OutHandle("item", *item);
         return kNoErr;
@@ -135,6 +136,7 @@ AIErr AddMenuGroupAsSubMenu(const char* name, int32_t options, AIMenuItemHandle 
         object.submenu =
             call.host.handles.Issue(std::make_shared<MenuGroupObject>(MenuGroupObject{name}));
         call.host.menuGroups.push_back(object.submenu);
+        ++call.host.menuChanges;
         *group = static_cast<AIMenuGroup>(object.submenu);
         call.OutHandle("group", *group);
         return kNoErr;
@@ -160,6 +162,7 @@ AIErr RemoveMenuItem(AIMenuItemHandle item)
         std::vector<void*>& items = call.host.menuItems;
         items.erase(std::remove(items.begin(), items.end(), item), items.end());
         call.host.handles.Expire(item);
+        ++call.host.menuChanges;
         return kNoErr;
     });
 }

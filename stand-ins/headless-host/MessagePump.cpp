@@ -96,12 +96,13 @@ void MessagePump::SendCheck(const std::string& path)
     mHost.handles.Expire(pathHandle);
 }
 
-void MessagePump::SendTimers()
+void MessagePump::SendTimers(unsigned long tick)
 {
     const std::vector<void*> timers = mHost.timers;
     for (void* const handle : timers) {
         const auto* const timer = mHost.handles.Peek<TimerObject>(handle);
         if (timer == nullptr || !timer->isActive) continue;
+        if (timer->period > 1 && tick % static_cast<unsigned long>(timer->period) != 0) continue;
         AITimerMessage message{MakeHead()};
         // A timer has nothing to answer.
         (void)Send("AI Timer", "AI Go", &message, message.d, {{"timer", timer->name}});
@@ -111,7 +112,10 @@ void MessagePump::SendTimers()
 AIErr MessagePump::SendMenu(const char* selector, void* item)
 {
     AIMenuMessage message{MakeHead(), static_cast<AIMenuItemHandle>(item)};
-    return Send("AI Menu", selector, &message, message.d, {{"item", mHost.handles.Describe(item)}});
+    const auto* const object = mHost.handles.Peek<MenuItemObject>(item);
+    return Send("AI Menu", selector, &message, message.d,
+                {{"item", mHost.handles.Describe(item)},
+                 {"text", object == nullptr ? std::string() : object->text}});
 }
 
 }  // namespace headless

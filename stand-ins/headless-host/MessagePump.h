@@ -29,8 +29,9 @@ public:
     // the first that was registered. All are asked, whatever they answer.
     void SendCheck(const std::string& path);
 
-    // "AI Timer" / "AI Go" to each active timer.
-    void SendTimers();
+    // "AI Timer" / "AI Go" to each active timer whose period the number of the tick is a multiple
+    // of.
+    void SendTimers(unsigned long tick);
 
     // "AI Menu" with "AI Go" or "AI Update".
     AIErr SendMenu(const char* selector, void* item);

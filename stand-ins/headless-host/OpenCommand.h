@@ -4,8 +4,7 @@
 
 namespace headless {
 
-// Runs `headless-host open` and returns the exit status. Reports go to standard output, all else to
-// standard error.
-int RunOpenCommand(Options options);
+// `headless-host open`: all of it. Returns the exit status.
+int RunOpenCommand(const Options& options);
 
 }  // namespace headless

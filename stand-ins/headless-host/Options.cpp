@@ -2,7 +2,9 @@
 
 #include <CLI/CLI.hpp>
 
+#include "Actions.h"
 #include "ExitStatus.h"
+#include "Manual.h"
 #include "MissingFontsDialog.h"
 
 namespace headless {
@@ -18,6 +20,8 @@ const std::vector<OptionRow> kOptions = {
      &Options::plugin, nullptr, nullptr},
     {"--plugin-core", "DIR", "The folder that holds PluginCore.framework", nullptr,
      &Options::pluginCore, nullptr, nullptr},
+    {"--frameworks", "DIR", "The host's private frameworks: PlugPlugOwl.framework and others",
+     nullptr, &Options::frameworks, nullptr, nullptr},
     {"--language", "TAG", "Language of the host's dialogs: en, es, fr, it, de or ja", nullptr,
      &Options::language, nullptr, nullptr},
     {"--journal", "FILE", "Write every message and call to FILE, one JSON object a line", nullptr,
@@ -70,6 +74,12 @@ void AddOptions(CLI::App& command, Options& options)
 ParseOutcome ParseCommandLine(int argc, const char* const* argv, Options& options,
                               std::string& text)
 {
+    // Neither is for everyday use, so the help doesn't name them.
+    const std::string only = argc == 2 ? argv[1] : "";
+    if (only == "--man" || only == "--readme") {
+        text = only == "--man" ? WriteManualPage() : WriteReadme();
+        return ParseOutcome::kDone;
+    }
     CLI::App app("Opens documents as a design program with the font plug-in would.",
                  "headless-host");
     app.require_subcommand(1);
@@ -78,15 +88,21 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, Options& option
     open->add_option("FILE", options.files, "The documents")->required()->option_text("...");
     AddOptions(*open, options);
     open->footer(MakeFooter());
+    CLI::App* const run = app.add_subcommand("run", "Run a session: a line with an action each");
+    run->add_option("FILE", options.session, "The session; standard input without it or with -")
+        ->option_text(" ");
+    AddOptions(*run, options);
+    run->footer("Actions:\n" + DescribeActions() + "\n" + MakeFooter());
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp&) {
-        text = open->parsed() ? open->help() : app.help();
+        text = open->parsed() ? open->help() : run->parsed() ? run->help() : app.help();
         return ParseOutcome::kDone;
     } catch (const CLI::ParseError& error) {
         text = error.what();
         return ParseOutcome::kWrongUse;
     }
+    options.action = run->parsed() ? Command::kRun : Command::kOpen;
     return ParseOutcome::kRun;
 }
 

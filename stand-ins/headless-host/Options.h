@@ -5,14 +5,19 @@
 
 namespace headless {
 
+enum class Command { kOpen, kRun };
+
 struct Options {
-    std::vector<std::string> files;
+    Command action = Command::kOpen;
+    std::vector<std::string> files;  // of open
+    std::string session;             // of run: a file, "-" or empty for standard input
     bool json = false;
     bool interactive = false;
     std::string home;
     std::vector<std::string> libraries;
     std::string plugin;
     std::string pluginCore;
+    std::string frameworks;
     std::string language = "en";
     std::string journal;
     std::string command;
@@ -35,7 +40,7 @@ extern const std::vector<OptionRow> kOptions;
 
 enum class ParseOutcome { kRun, kDone, kWrongUse };
 
-// Fills `options` from the command line. With kDone, `text` is what was asked for (help, version)
+// Fills `options` from the command line. With kDone, `text` is what was asked for (help, manual)
 // and belongs on standard output; with kWrongUse it is what is wrong.
 ParseOutcome ParseCommandLine(int argc, const char* const* argv, Options& options,
                               std::string& text);

@@ -6,21 +6,6 @@ namespace headless {
 
 namespace {
 
-const char* GetStateName(FontState state)
-{
-    switch (state) {
-        case FontState::kDefault:
-            return "default";
-        case FontState::kActive:
-            return "active";
-        case FontState::kActivated:
-            return "activated";
-        case FontState::kMissing:
-            return "missing";
-    }
-    return "";
-}
-
 const char* GetStateText(FontState state)
 {
     switch (state) {
@@ -30,6 +15,28 @@ const char* GetStateText(FontState state)
             return "already active";
         case FontState::kActivated:
             return "activated now";
+        case FontState::kMissing:
+            return "missing";
+    }
+    return "";
+}
+
+std::string Count(size_t count, const char* what)
+{
+    return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
+}
+
+}  // namespace
+
+const char* GetStateName(FontState state)
+{
+    switch (state) {
+        case FontState::kDefault:
+            return "default";
+        case FontState::kActive:
+            return "active";
+        case FontState::kActivated:
+            return "activated";
         case FontState::kMissing:
             return "missing";
     }
@@ -48,13 +55,6 @@ const char* GetDialogName(DialogOutcome outcome)
     }
     return "";
 }
-
-std::string Count(size_t count, const char* what)
-{
-    return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
-}
-
-}  // namespace
 
 std::string WriteReportAsJson(const OpenReport& report)
 {

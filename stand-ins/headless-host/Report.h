@@ -6,6 +6,12 @@
 
 namespace headless {
 
+// "default", "active", "activated", "missing".
+const char* GetStateName(FontState state);
+
+// "none", "dismissed", "shown".
+const char* GetDialogName(DialogOutcome outcome);
+
 // One JSON object in one line, without the line end; always with the same members.
 std::string WriteReportAsJson(const OpenReport& report);
 

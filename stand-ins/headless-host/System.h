@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -13,8 +14,13 @@ std::string GetProgramFolder();
 // `path` as an absolute one against the current folder, without looking whether it exists.
 std::string MakeAbsolute(const std::string& path);
 
+// The same against another folder.
+std::string MakeAbsolute(const std::string& folder, const std::string& path);
+
 // Whether there is a file at `path`, and no folder or device, that this user may read.
 bool IsReadableFile(const std::string& path);
+
+bool IsFolder(const std::string& path);
 
 // Makes `folder` the home of this process: HOME and the XDG folders point into it. Creates what
 // isn't there. False, and one line in `error`, if that can't be done. Call it before fontconfig.
@@ -22,6 +28,14 @@ bool UseHome(const std::string& folder, std::string& error);
 
 // The current folder of this process. False, and one line in `error`, on failure.
 bool ChangeFolder(const std::string& folder, std::string& error);
+
+// The folder that keeps what isn't worth a backup, made if need be; empty if there is none.
+std::string GetStateFolder();
+
+// The files and folders below `folder`, or anywhere, whose path begins with `start`, as the user
+// would go on writing it; folders end with "/". In order, without hidden ones that aren't asked
+// for.
+std::vector<std::string> ListPaths(const std::string& folder, const std::string& start);
 
 void SetEnvironment(const char* name, const std::string& value);
 
@@ -32,8 +46,8 @@ bool IsTerminal(int descriptor);
 void CatchInterrupts();
 bool IsInterrupted();
 
-// Sleeps, but no longer than to the next interrupt.
-void Hold(double seconds);
+// Calls `tick` so many times a second for `seconds`, but no longer than to the next interrupt.
+void IdleFor(double seconds, int ticksPerSecond, const std::function<void()>& tick);
 
 // Runs a command with the shell in `folder` and waits for it; an interrupt ends it. With
 // `outputToError` what it prints goes to standard error. Returns its exit status, -1 if it couldn't

@@ -2,6 +2,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <csignal>
@@ -40,10 +41,52 @@ std::string MakeAbsolute(const std::string& path)
     return error ? path : absolute.lexically_normal().string();
 }
 
+std::string MakeAbsolute(const std::string& folder, const std::string& path)
+{
+    return (fs::path(folder) / path).lexically_normal().string();
+}
+
 bool IsReadableFile(const std::string& path)
 {
     std::error_code ignored;  // what can't be looked at isn't readable
     return fs::is_regular_file(path, ignored) && access(path.c_str(), R_OK) == 0;
+}
+
+bool IsFolder(const std::string& path)
+{
+    std::error_code ignored;  // what can't be looked at is none
+    return fs::is_directory(path, ignored);
+}
+
+std::string GetStateFolder()
+{
+    const char* const state = std::getenv("XDG_STATE_HOME");
+    const char* const home = std::getenv("HOME");
+    fs::path folder;
+    if (state != nullptr && *state == '/') folder = state;
+    if (folder.empty() && home != nullptr && *home == '/') folder = fs::path(home) / ".local/state";
+    std::error_code error;
+    if (!folder.empty()) (void)fs::create_directories(folder, error);  // false: it was there
+    return folder.empty() || error ? std::string() : folder.string();
+}
+
+std::vector<std::string> ListPaths(const std::string& folder, const std::string& start)
+{
+    const size_t slash = start.rfind('/');
+    const std::string above = slash == std::string::npos ? "" : start.substr(0, slash + 1);
+    const std::string name = start.substr(above.size());
+    std::vector<std::string> paths;
+    std::error_code error;  // a folder that can't be listed has nothing to offer
+    for (fs::directory_iterator entry(fs::path(folder) / above, error), end; !error && entry != end;
+         entry.increment(error)) {
+        const std::string each = entry->path().filename().string();
+        const bool isHidden = each[0] == '.' && name.empty();
+        if (isHidden || each.rfind(name, 0) != 0) continue;
+        std::error_code ignored;  // what can't be looked at is taken for a file
+        paths.push_back(above + each + (entry->is_directory(ignored) ? "/" : ""));
+    }
+    std::sort(paths.begin(), paths.end());
+    return paths;
 }
 
 void SetEnvironment(const char* name, const std::string& value)
@@ -97,11 +140,17 @@ void CatchInterrupts()
 
 bool IsInterrupted() { return sInterrupted != 0; }
 
-void Hold(double seconds)
+void IdleFor(double seconds, int ticksPerSecond, const std::function<void()>& tick)
 {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::duration<double>(seconds);
-    while (!IsInterrupted() && std::chrono::steady_clock::now() < end) {
-        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    using Clock = std::chrono::steady_clock;
+    const auto step = std::chrono::duration_cast<Clock::duration>(
+        std::chrono::duration<double>(1.0 / ticksPerSecond));
+    const auto end = Clock::now() + std::chrono::duration_cast<Clock::duration>(
+                                        std::chrono::duration<double>(seconds));
+    while (!IsInterrupted() && Clock::now() < end) {
+        // A tick that comes late isn't made up for.
+        std::this_thread::sleep_for(std::min<Clock::duration>(step, end - Clock::now()));
+        tick();
     }
 }
 

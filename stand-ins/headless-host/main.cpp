@@ -3,6 +3,7 @@
 
 #include "ExitStatus.h"
 #include "OpenCommand.h"
+#include "SessionCommand.h"
 
 int main(int argc, char** argv)
 {
@@ -11,7 +12,9 @@ int main(int argc, char** argv)
         std::string text;
         switch (headless::ParseCommandLine(argc, argv, options, text)) {
             case headless::ParseOutcome::kRun:
-                return headless::RunOpenCommand(std::move(options));
+                return options.action == headless::Command::kRun
+                           ? headless::RunSessionCommand(options)
+                           : headless::RunOpenCommand(options);
             case headless::ParseOutcome::kDone:
                 return std::fputs(text.c_str(), stdout) < 0 ? headless::kWrongUse
                                                             : headless::kAllOpened;

@@ -151,6 +151,44 @@ void Activation::Release(const std::string& document)
     transaction.Commit();
 }
 
+void Activation::Release(const std::string& document, const std::vector<std::string>& names)
+{
+    if (names.empty()) return;
+    Transaction transaction(mDatabase);
+    Statement statement(mDatabase,
+                        "DELETE FROM hold WHERE document = ? AND holder = ? AND name = ?");
+    for (const std::string& name : names) statement.Bind(document).Bind(mHolder).Bind(name).Run();
+    DeactivateWhatNobodyHolds();
+    transaction.Commit();
+}
+
+std::set<std::string> Activation::GetHeld(const std::string& document)
+{
+    Statement statement(mDatabase, "SELECT name FROM hold WHERE document = ? AND holder = ?");
+    statement.Bind(document).Bind(mHolder);
+    std::set<std::string> names;
+    while (statement.Step()) names.insert(statement.GetText(0));
+    return names;
+}
+
+std::vector<std::string> Activation::GetHolders()
+{
+    Statement statement(mDatabase,
+                        "SELECT DISTINCT document FROM hold WHERE holder = ? ORDER BY document");
+    statement.Bind(mHolder);
+    std::vector<std::string> documents;
+    while (statement.Step()) documents.push_back(statement.GetText(0));
+    return documents;
+}
+
+std::set<std::string> Activation::GetActive()
+{
+    Statement statement(mDatabase, "SELECT DISTINCT name FROM active_face");
+    std::set<std::string> names;
+    while (statement.Step()) names.insert(statement.GetText(0));
+    return names;
+}
+
 void Activation::ReleaseAll()
 {
     Transaction transaction(mDatabase);

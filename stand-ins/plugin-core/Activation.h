@@ -41,6 +41,18 @@ public:
     // Drops this process's holds of the document, and deactivates what nobody holds any more.
     void Release(const std::string& document);
 
+    // The same for single names. What the document doesn't hold is passed over.
+    void Release(const std::string& document, const std::vector<std::string>& names);
+
+    // The names that a document of this process holds.
+    std::set<std::string> GetHeld(const std::string& document);
+
+    // The documents of this process that hold something.
+    std::vector<std::string> GetHolders();
+
+    // All names that are active through the folder, whoever holds them.
+    std::set<std::string> GetActive();
+
     // The same for all documents of this process.
     void ReleaseAll();
 

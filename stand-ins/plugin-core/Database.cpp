@@ -7,7 +7,7 @@
 namespace plugincore {
 namespace {
 
-constexpr int kSchemaVersion = 1;
+constexpr int kSchemaVersion = 2;
 constexpr int kBusyMilliseconds = 10000;
 
 // font_file, font_face: the index of the libraries; a file without faces has its problem.
@@ -32,7 +32,15 @@ CREATE TABLE active_face(name TEXT NOT NULL,
 CREATE TABLE hold(document TEXT NOT NULL, name TEXT NOT NULL, file TEXT NOT NULL,
     holder TEXT NOT NULL, PRIMARY KEY(document, name, holder));
 CREATE INDEX hold_file ON hold(file);
-PRAGMA user_version = 1;
+)";
+
+// What version 2 added.
+// added_folder: font folders that the user added to the library's root folders.
+// choice: what the user chose that isn't a setting, as the library that fonts are taken from.
+constexpr const char* kSchemaOfVersion2 = R"(
+CREATE TABLE added_folder(path TEXT PRIMARY KEY);
+CREATE TABLE choice(name TEXT PRIMARY KEY, value TEXT NOT NULL);
+PRAGMA user_version = 2;
 )";
 
 int64_t GetSchemaVersion(Database& database)
@@ -49,7 +57,8 @@ void UpdateSchema(Database& database, const std::string& file)
     if (version > kSchemaVersion)
         throw Failure(StatusCodes::kDatabaseError,
                       file + ": written by a newer version of this program");
-    if (version == 0) database.Execute(kSchema);
+    if (version < 1) database.Execute(kSchema);
+    if (version < 2) database.Execute(kSchemaOfVersion2);
     transaction.Commit();
 }
 
@@ -83,6 +92,13 @@ void Database::Execute(const std::string& sql)
 {
     if (sqlite3_exec(GetConnection(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
         ThrowFailure();
+}
+
+std::string Database::GetChangeMark()
+{
+    Statement others(*this, "PRAGMA data_version");
+    const int64_t version = others.Step() ? others.GetNumber(0) : 0;
+    return std::to_string(version) + ":" + std::to_string(sqlite3_total_changes(GetConnection()));
 }
 
 void Database::ThrowFailure() const

@@ -19,6 +19,9 @@ public:
     explicit Database(const std::filesystem::path& file);
 
     void Execute(const std::string& sql);
+
+    // Differs whenever this or another process has changed something. Cheap.
+    std::string GetChangeMark();
     sqlite3* GetConnection() const { return mConnection.get(); }
     [[noreturn]] void ThrowFailure() const;
 

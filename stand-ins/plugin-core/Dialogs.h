@@ -19,6 +19,10 @@ bool IsInteractive();
 std::vector<std::string> AskForFonts(const std::vector<std::string>& names, std::istream& in,
                                      std::ostream& out);
 
+// Asks for one line, as for a path. Blanks around it are dropped; the end of the input gives the
+// empty text.
+std::string AskForText(const std::string& question, std::istream& in, std::ostream& out);
+
 // What the user said no to, so that the second look at a document that is being opened doesn't ask
 // the same again.
 class Refusals {
@@ -30,6 +34,9 @@ public:
     void Continue(const std::string& document) { mDocument = document; }
 
     bool Has(const std::string& name) const;
+
+    // The same for a certain document.
+    bool HasFor(const std::string& document, const std::string& name) const;
     void Add(const std::string& name) { mNames[mDocument].insert(name); }
     void Forget(const std::string& document) { mNames.erase(document); }
 

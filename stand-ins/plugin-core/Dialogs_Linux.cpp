@@ -81,15 +81,25 @@ std::vector<std::string> AskForFonts(const std::vector<std::string>& names, std:
     }
 }
 
+std::string AskForText(const std::string& question, std::istream& in, std::ostream& out)
+{
+    out << question << ' ' << std::flush;
+    std::string line;
+    if (!std::getline(in, line)) return {};
+    return Trim(line);
+}
+
 void Refusals::Begin(const std::string& document)
 {
     mNames.erase(document);
     mDocument = document;
 }
 
-bool Refusals::Has(const std::string& name) const
+bool Refusals::Has(const std::string& name) const { return HasFor(mDocument, name); }
+
+bool Refusals::HasFor(const std::string& document, const std::string& name) const
 {
-    const auto names = mNames.find(mDocument);
+    const auto names = mNames.find(document);
     return names != mNames.end() && names->second.count(name) != 0;
 }
 

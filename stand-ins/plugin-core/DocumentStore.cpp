@@ -5,6 +5,11 @@
 #include "ProcessIdentity.h"
 
 namespace plugincore {
+namespace {
+
+bool HasFolder(const std::string& path) { return path.find('/') != std::string::npos; }
+
+}  // namespace
 
 DocumentStore::DocumentStore(Database& database, std::string holder)
     : mDatabase(database), mHolder(std::move(holder))
@@ -13,7 +18,7 @@ DocumentStore::DocumentStore(Database& database, std::string holder)
 
 void DocumentStore::Remember(const std::string& path)
 {
-    if (path.empty()) return;
+    if (!HasFolder(path)) return;
     Statement statement(
         mDatabase,
         "INSERT OR IGNORE INTO document(id, path) VALUES(lower(hex(randomblob(16))), ?)");
@@ -31,6 +36,12 @@ std::string DocumentStore::GetId(const std::string& path) { return GetColumn("id
 
 std::string DocumentStore::GetUsage(const std::string& path) { return GetColumn("usage", path); }
 
+std::string DocumentStore::GetPath(const std::string& id)
+{
+    Statement statement(mDatabase, "SELECT path FROM document WHERE id = ?");
+    return statement.Bind(id).Step() ? statement.GetText(0) : std::string();
+}
+
 std::string DocumentStore::AddBlank()
 {
     Statement statement(mDatabase,
@@ -44,7 +55,6 @@ std::string DocumentStore::AddBlank()
 
 void DocumentStore::StoreUsage(const std::string& path, const std::string& usage)
 {
-    if (path.empty()) return;
     Remember(path);
     if (usage.empty()) return;
     Statement statement(mDatabase, "UPDATE document SET usage = ? WHERE path = ?");

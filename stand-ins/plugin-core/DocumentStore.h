@@ -13,7 +13,8 @@ public:
     // `holder` is the identity of this process. The database has to outlive this object.
     DocumentStore(Database& database, std::string holder);
 
-    // From now on the path has an id. A known path keeps its own.
+    // From now on the path has an id. A known path keeps its own. A bare name, without a folder, is
+    // that of a document without a file and gets none.
     void Remember(const std::string& path);
 
     // The id of a path, empty for one that isn't known.
@@ -30,6 +31,9 @@ public:
 
     // The usage kept for a path, empty if there is none.
     std::string GetUsage(const std::string& path);
+
+    // The path that has this id, empty if none has.
+    std::string GetPath(const std::string& id);
 
     // Forgets the blank documents of this process, and those of processes that are gone.
     void ForgetBlanks();

@@ -116,7 +116,7 @@ unsigned int GetMenus(const char* documentPath, char* buffer, size_t* ioSize)
     if (IsAnyNull(documentPath) || !ioSize || (!buffer && *ioSize != 0))
         return StatusCodes::kNullPointer;
     const unsigned int status = Guard(__func__, [&] {
-        const std::string menus = GetCore().GetMenus();
+        const std::string menus = GetCore().GetMenus(documentPath);
         if (!buffer || *ioSize <= menus.size()) {
             if (buffer && *ioSize != 0) buffer[0] = '\0';
             *ioSize = menus.size() + 1;
@@ -143,7 +143,13 @@ unsigned int GetSettings(char* buffer, size_t* ioSize)
 
 unsigned int GetSocketPort(int* outPort)
 {
-    return outPort ? StatusCodes::kNotFound : StatusCodes::kNullPointer;
+    const CallRecord call(__func__, [] { return nlohmann::json::object(); });
+    if (IsAnyNull(outPort)) return StatusCodes::kNullPointer;
+    const unsigned int status = Guard(__func__, [&] {
+        *outPort = GetCore().GetPanelPort();
+        return StatusCodes::kSuccess;
+    });
+    return call.Return(status, [&] { return nlohmann::json::object({{"port", *outPort}}); });
 }
 
 unsigned int HandleCloseDocument(const char* path, const char* fontUsageJson)
@@ -181,8 +187,7 @@ unsigned int HandleMenuSelection(const char* documentId, const char* lastKnownMe
     if (IsAnyNull(documentId, lastKnownMenuState, menuKey, fontUsageJson))
         return StatusCodes::kNullPointer;
     return call.Return(Guard(__func__, [&] {
-        if (std::string(menuKey) != "about") return StatusCodes::kNotFound;
-        plugincore::ShowAlert("Corvanta Fonts", GetCore().GetAboutText());
+        GetCore().SelectMenu(menuKey, documentId, fontUsageJson);
         return StatusCodes::kSuccess;
     }));
 }
@@ -218,7 +223,13 @@ unsigned int HandleSaveDocument(const char* path, const char* fontUsageJson)
     }));
 }
 
-unsigned int IdleEvent() { return StatusCodes::kSuccess; }
+unsigned int IdleEvent()
+{
+    return Guard(__func__, [] {
+        GetCore().Idle();
+        return StatusCodes::kSuccess;
+    });
+}
 
 unsigned int InitializePluginCoreInterface(const char* bundleIdentifier, const char* hostVersion)
 {
@@ -276,12 +287,16 @@ unsigned int PluginIsEnabled(bool request, bool* outEnabled)
 unsigned int ProcessPanelMessages(int value)
 {
     (void)value;  // always 1, and nothing else depends on it
-    return StatusCodes::kSuccess;
+    return Guard(__func__, [] {
+        GetCore().ServePanel();
+        return StatusCodes::kSuccess;
+    });
 }
 
 unsigned int RegisterPlugPlug(SDKPlugPlug* plugPlug)
 {
-    return plugPlug ? StatusCodes::kSuccess : StatusCodes::kNullPointer;
+    const CallRecord call(__func__, [] { return nlohmann::json::object(); });
+    return call.Return(plugPlug ? StatusCodes::kSuccess : StatusCodes::kNullPointer);
 }
 
 unsigned int TerminatePluginCoreInterface()
@@ -308,7 +323,10 @@ unsigned int UpdateDocumentFontUsage(const char* documentId, const char* fontUsa
 
 unsigned int SetRebuildWorkgroupsMenuCallback(RebuildWorkgroupsMenuFunction callback)
 {
-    return callback ? StatusCodes::kSuccess : StatusCodes::kNullPointer;
+    const CallRecord call(__func__, [] { return nlohmann::json::object(); });
+    if (!callback) return call.Return(StatusCodes::kNullPointer);
+    GetCore().SetRebuildCallback(callback);
+    return call.Return(StatusCodes::kSuccess);
 }
 
 unsigned int InvokeRestrictedFontsDialog() { return StatusCodes::kSuccess; }

@@ -30,10 +30,12 @@ PLUGIN_CORE_EXPORT unsigned int GetIDForDocument(const char* documentPath, char*
 PLUGIN_CORE_EXPORT unsigned int GetMenus(const char* documentPath, char* buffer, size_t* ioSize);
 PLUGIN_CORE_EXPORT unsigned int GetSettings(char* buffer, size_t* ioSize);
 
-// kNotFound as long as there is no socket for the panel.
+// Opens the panel's socket, once; docs/PANEL.md has its protocol.
 PLUGIN_CORE_EXPORT unsigned int GetSocketPort(int* outPort);
 PLUGIN_CORE_EXPORT unsigned int HandleCloseDocument(const char* path, const char* fontUsageJson);
 PLUGIN_CORE_EXPORT unsigned int HandleCreateNewDocument(char* idBuffer, size_t* ioSize);
+
+// kNotFound for a key that no item of the menu has.
 PLUGIN_CORE_EXPORT unsigned int HandleMenuSelection(const char* documentId,
                                                     const char* lastKnownMenuState,
                                                     const char* menuKey, const char* fontUsageJson);
@@ -50,6 +52,8 @@ PLUGIN_CORE_EXPORT unsigned int InvokeCommandDialog(const char* documentPath, ch
 PLUGIN_CORE_EXPORT unsigned int InvokeResolveDialog(char* ioJson, size_t* ioSize);
 PLUGIN_CORE_EXPORT unsigned int PluginIsEnabled(bool request, bool* outEnabled);
 PLUGIN_CORE_EXPORT unsigned int ProcessPanelMessages(int value);
+
+// Nothing is done with the binding: the plug-in itself tells the panel the port.
 PLUGIN_CORE_EXPORT unsigned int RegisterPlugPlug(SDKPlugPlug* plugPlug);
 PLUGIN_CORE_EXPORT unsigned int TerminatePluginCoreInterface();
 PLUGIN_CORE_EXPORT unsigned int UpdateDocumentFontUsage(const char* documentId,

@@ -11,6 +11,7 @@ namespace plugincore {
 namespace {
 
 constexpr const char* kFonts = "DocumentFonts";
+constexpr const char* kLinked = "LinkedDocuments";
 constexpr const char* kName = "PostScriptName";
 
 Failure MakeFailure(const std::string& reason)
@@ -20,16 +21,13 @@ Failure MakeFailure(const std::string& reason)
 
 }  // namespace
 
-std::vector<std::string> ReadFontNames(const std::string& text)
+namespace {
+
+std::vector<std::string> ReadNames(const json& array)
 {
-    const json value = json::parse(text, nullptr, false);
-    if (value.is_discarded()) throw MakeFailure("it isn't JSON, or was cut off");
-    const json* array = &value;
-    if (value.is_object() && value.find(kFonts) != value.end()) array = &value.at(kFonts);
-    if (!array->is_array()) throw MakeFailure("it has no array of fonts");
     std::vector<std::string> names;
     std::set<std::string> seen;
-    for (const json& entry : *array) {
+    for (const json& entry : array) {
         if (!entry.is_object()) continue;
         const auto member = entry.find(kName);
         if (member == entry.end() || !member->is_string()) continue;
@@ -37,6 +35,40 @@ std::vector<std::string> ReadFontNames(const std::string& text)
         if (!name.empty() && seen.insert(name).second) names.push_back(name);
     }
     return names;
+}
+
+std::vector<std::string> ReadPaths(const json& array)
+{
+    std::vector<std::string> paths;
+    for (const json& entry : array)
+        if (entry.is_string() && !entry.get_ref<const std::string&>().empty())
+            paths.push_back(entry.get<std::string>());
+    return paths;
+}
+
+}  // namespace
+
+Usage ReadUsage(const std::string& text)
+{
+    const json value = json::parse(text, nullptr, false);
+    if (value.is_discarded()) throw MakeFailure("it isn't JSON, or was cut off");
+    Usage usage;
+    if (value.is_array()) usage.fonts = ReadNames(value);
+    if (value.is_array()) return usage;
+    if (!value.is_object()) throw MakeFailure("it is neither an object nor an array");
+    const auto fonts = value.find(kFonts);
+    const auto linked = value.find(kLinked);
+    if (fonts != value.end() && !fonts->is_array()) throw MakeFailure("it has no array of fonts");
+    if (fonts != value.end()) usage.fonts = ReadNames(*fonts);
+    if (linked != value.end() && linked->is_array()) usage.linkedDocuments = ReadPaths(*linked);
+    return usage;
+}
+
+std::vector<std::string> ReadFontNames(const std::string& text)
+{
+    std::optional<std::vector<std::string>> names = ReadUsage(text).fonts;
+    if (!names) throw MakeFailure("it has no array of fonts");
+    return *std::move(names);
 }
 
 std::string WriteFontNames(const std::vector<std::string>& names)

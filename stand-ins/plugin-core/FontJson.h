@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -9,6 +10,15 @@ namespace plugincore {
 // alone. Each name once, in the order of the text; entries without a name are left out. Throws
 // Failure with kInvalidParam for any other text.
 std::vector<std::string> ReadFontNames(const std::string& text);
+
+// What a usage text tells. A member that isn't in the text isn't known.
+struct Usage {
+    std::optional<std::vector<std::string>> fonts;            // as ReadFontNames gives them
+    std::optional<std::vector<std::string>> linkedDocuments;  // paths, in order, repeats included
+};
+
+// Reads a usage, or an array of fonts alone. Throws Failure with kInvalidParam for any other text.
+Usage ReadUsage(const std::string& text);
 
 // {"DocumentFonts":[{"PostScriptName":...},...]}, or the empty text for no names.
 std::string WriteFontNames(const std::vector<std::string>& names);

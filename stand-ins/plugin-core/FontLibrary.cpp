@@ -79,6 +79,15 @@ std::string GetFoldersAsJson(const std::vector<std::string>& folders)
 
 constexpr const char* kInFolders = "library IN (SELECT value FROM json_each(?))";
 
+// Below a folder, or anywhere if the text is empty.
+constexpr const char* kBelow = "substr(path, 1, length(?)) = ?";
+
+void BindBelow(Statement& statement, const std::string& folder)
+{
+    const std::string prefix = folder.empty() ? folder : folder + "/";
+    statement.Bind(prefix).Bind(prefix);
+}
+
 }  // namespace
 
 FontLibrary::FontLibrary(Database& database, std::vector<std::string> folders)
@@ -113,16 +122,53 @@ void FontLibrary::RefreshFolder(const std::string& folder)
     transaction.Commit();
 }
 
-std::optional<std::string> FontLibrary::Find(const std::string& postScriptName)
+std::optional<std::string> FontLibrary::FindIn(const std::string& folder, const std::string& name)
 {
     Statement statement(mDatabase, std::string("SELECT path FROM font_face JOIN font_file ON"
                                                " font_file.id = font_face.file"
                                                " WHERE name = ? AND ") +
-                                       kInFolders +
+                                       kInFolders + " AND " + kBelow +
                                        " ORDER BY is_type1, modified DESC, path LIMIT 1");
-    statement.Bind(postScriptName).Bind(GetFoldersAsJson(mFolders));
+    statement.Bind(name).Bind(GetFoldersAsJson(mFolders));
+    BindBelow(statement, folder);
     if (!statement.Step()) return std::nullopt;
     return statement.GetText(0);
+}
+
+std::optional<std::string> FontLibrary::Find(const std::string& postScriptName)
+{
+    return FindIn(mSelection, postScriptName);
+}
+
+std::optional<std::string> FontLibrary::FindAnywhere(const std::string& postScriptName)
+{
+    return FindIn("", postScriptName);
+}
+
+std::vector<std::string> FontLibrary::ListNames(const std::string& folder, int64_t offset,
+                                                int64_t limit)
+{
+    Statement statement(mDatabase, std::string("SELECT DISTINCT name FROM font_face JOIN font_file"
+                                               " ON font_file.id = font_face.file WHERE ") +
+                                       kInFolders + " AND " + kBelow +
+                                       " ORDER BY name LIMIT ? OFFSET ?");
+    statement.Bind(GetFoldersAsJson(mFolders));
+    BindBelow(statement, folder);
+    statement.Bind(limit).Bind(offset);
+    std::vector<std::string> names;
+    while (statement.Step()) names.push_back(statement.GetText(0));
+    return names;
+}
+
+int64_t FontLibrary::CountNames(const std::string& folder)
+{
+    Statement statement(mDatabase, std::string("SELECT COUNT(DISTINCT name) FROM font_face JOIN"
+                                               " font_file ON font_file.id = font_face.file"
+                                               " WHERE ") +
+                                       kInFolders + " AND " + kBelow);
+    statement.Bind(GetFoldersAsJson(mFolders));
+    BindBelow(statement, folder);
+    return statement.Step() ? statement.GetNumber(0) : 0;
 }
 
 std::vector<std::string> FontLibrary::GetNamesInFile(const std::string& path)

@@ -26,11 +26,27 @@ public:
         int64_t filesRead = 0;  // by the last Refresh
     };
 
+    // Other folders from now on; to be indexed by the next Refresh.
+    void SetFolders(std::vector<std::string> folders) { mFolders = std::move(folders); }
+
+    // From now on fonts are taken from this folder and those below it alone; the empty text lifts
+    // that.
+    void SetSelection(std::string folder) { mSelection = std::move(folder); }
+    const std::string& GetSelection() const { return mSelection; }
+
     // Makes the index equal to the folders. A folder or file that can't be read is no failure.
     void Refresh();
 
     // The file to take for a name: OpenType before Type 1, then the newest, then the first by path.
     std::optional<std::string> Find(const std::string& postScriptName);
+
+    // The same, wherever in the folders it lies.
+    std::optional<std::string> FindAnywhere(const std::string& postScriptName);
+
+    // The names in a folder and those below it, or in all folders if it is empty, in ascending
+    // order: at most `limit` of them from position `offset`.
+    std::vector<std::string> ListNames(const std::string& folder, int64_t offset, int64_t limit);
+    int64_t CountNames(const std::string& folder);
 
     // All names that a file in the index answers to.
     std::vector<std::string> GetNamesInFile(const std::string& path);
@@ -40,10 +56,12 @@ public:
 
 private:
     void RefreshFolder(const std::string& folder);
+    std::optional<std::string> FindIn(const std::string& folder, const std::string& name);
     int64_t CountRows(const std::string& selectFromWhere);
 
     Database& mDatabase;
     std::vector<std::string> mFolders;
+    std::string mSelection;
     int64_t mFilesRead = 0;
 };
 

@@ -51,6 +51,7 @@ Locations GetLocations()
     result.database = data / "Corvanta/fonts.db";
     result.activationFolder = data / "fonts/corvanta";
     result.settings = GetFolder("XDG_CONFIG_HOME", ".config") / "Corvanta/settings.json";
+    result.panelToken = GetFolder("XDG_STATE_HOME", ".local/state") / "Corvanta/panel-token";
     result.libraries = GetLibrariesOfEnvironment();
     result.librariesAreDefault = result.libraries.empty();
     if (result.librariesAreDefault) result.libraries.push_back(data / "Corvanta/Library");

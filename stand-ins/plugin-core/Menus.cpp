@@ -1,22 +1,15 @@
 #include "Menus.h"
 
-#include <filesystem>
+#include <algorithm>
 #include <nlohmann/json.hpp>
 
+#include "MenuContent.h"
 #include "StatusCodes.h"
 
 using nlohmann::json;
 
 namespace plugincore {
 namespace {
-
-constexpr const char* kSelectLibrary = "Select Library";
-
-json MakeNode(const std::string& id, const std::string& title, json child = json::array())
-{
-    return {{"id", id},         {"label", title},  {"title", title},
-            {"checked", false}, {"enabled", true}, {"child", std::move(child)}};
-}
 
 bool IsNode(const json& node)
 {
@@ -46,7 +39,7 @@ struct HostMenu {
             const auto title = node.at("title").get<std::string>();
             const json& child = node.at("child");
             // The libraries may come later, so their submenu is there from the start.
-            const bool hasSubmenu = !child.empty() || label == kSelectLibrary;
+            const bool hasSubmenu = !child.empty() || label == MenuContent::kSelectLibrary;
             const unsigned int status =
                 callback(id.c_str(), label.c_str(), title.c_str(), node.at("checked").get<bool>(),
                          node.at("enabled").get<bool>(), hasSubmenu, parent, help);
@@ -60,21 +53,6 @@ struct HostMenu {
 };
 
 }  // namespace
-
-std::string MakeMenus(const std::vector<std::string>& libraryFolders)
-{
-    json libraries = json::array();
-    for (const std::string& folder : libraryFolders) {
-        json node = MakeNode("library:" + folder, std::filesystem::path(folder).filename());
-        node["checked"] = true;
-        libraries.push_back(std::move(node));
-    }
-    json child = json::array();
-    child.push_back(MakeNode("selectLibrary", kSelectLibrary, std::move(libraries)));
-    child.push_back(MakeNode("about", "About Corvanta Fonts"));
-    return MakeNode("root", "Corvanta", std::move(child))
-        .dump(-1, ' ', false, json::error_handler_t::replace);
-}
 
 void AddMenus(const std::string& menusJson, AddIllustratorMenuFunction callback, MenuItemHelp* help)
 {

@@ -4,6 +4,7 @@
 #include <iterator>
 #include <nlohmann/json.hpp>
 
+#include "AtomicFile.h"
 #include "StatusCodes.h"
 
 namespace fs = std::filesystem;
@@ -37,6 +38,24 @@ std::string Settings::Get(const fs::path& file, const std::string& key)
     Refresh(file);
     const auto found = mValues.find(key);
     return found == mValues.end() ? std::string() : found->second;
+}
+
+void Settings::Set(const fs::path& file, const std::string& key, const std::string& value)
+{
+    json settings = json::object();
+    std::error_code error;
+    if (fs::status(file, error).type() != fs::file_type::not_found) {
+        std::ifstream stream(file, std::ios::binary);
+        const std::string text{std::istreambuf_iterator<char>(stream), {}};
+        settings = json::parse(text, nullptr, false);
+        if (!settings.is_object())
+            throw Failure(StatusCodes::kError, file.string() +
+                                                   ": isn't a JSON object, and is left "
+                                                   "as it is");
+    }
+    settings[key] = value;
+    WriteFileAtomically(file, settings.dump(2, ' ', false, json::error_handler_t::replace) + "\n");
+    mState.clear();
 }
 
 void Settings::Refresh(const fs::path& file)

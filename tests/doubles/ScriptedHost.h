@@ -67,6 +67,8 @@ public:
     std::vector<ScriptedFileFormat> fileFormats;
     std::vector<ScriptedMenuItem> menuItems;
     std::vector<ScriptedMenuGroup> menuGroups;
+    // Handles that the next items get, in this order; later ones get handles of the host's own.
+    std::list<AIMenuItemHandle> menuItemHandles;
     std::vector<ScriptedAlert> alerts;
     std::vector<ModalWindow*> modalSessions;  // by the host's own modal-session function
 

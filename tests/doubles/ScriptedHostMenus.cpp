@@ -12,8 +12,10 @@ HandleType NewHandleOf()
     return static_cast<HandleType>(Host().NewHandle());
 }
 
+// The null item is known to nobody but no fault: the plug-in keeps an entry under it.
 ScriptedMenuItem* Item(AIMenuItemHandle item)
 {
+    if (item == nullptr) return nullptr;
     for (ScriptedMenuItem& each : Host().menuItems) {
         if (each.handle == item && !each.removed) return &each;
     }
@@ -21,10 +23,22 @@ ScriptedMenuItem* Item(AIMenuItemHandle item)
     return nullptr;
 }
 
-std::string KeyOf(AIMenuItemHandle item)
+// An item is named by its key, else by its text. A removed one is no fault yet.
+std::string NameOf(AIMenuItemHandle item)
 {
-    const ScriptedMenuItem* const found = Item(item);
-    return found == nullptr ? "unknown item" : "item " + found->key;
+    if (item == nullptr) return "null";
+    for (const ScriptedMenuItem& each : Host().menuItems) {
+        if (each.handle == item) return "item " + (each.key.empty() ? each.text : each.key);
+    }
+    return "unknown item";
+}
+
+AIMenuItemHandle NextItemHandle()
+{
+    if (Host().menuItemHandles.empty()) return NewHandleOf<AIMenuItemHandle>();
+    const AIMenuItemHandle handle = Host().menuItemHandles.front();
+    Host().menuItemHandles.pop_front();
+    return handle;
 }
 
 AIErr AddNotifier(SPPluginRef self, const char* name, const char* type, AINotifierHandle* notifier)
@@ -122,9 +136,10 @@ AIErr AddMenuItem(SPPluginRef self, const char* key, AIPlatformAddMenuItemDataUS
                                          Quoted(text.c_str()) + ", " + std::to_string(options))) {
         return code;
     }
+    if (*item != nullptr) (void)Host().Fault("the menu item was not preset to null");
     if (Host().GivesNull(operation)) return kNoErr;
-    const auto handle = NewHandleOf<AIMenuItemHandle>();
-    if (item != nullptr) *item = handle;
+    const AIMenuItemHandle handle = NextItemHandle();
+    *item = handle;
     Host().menuItems.push_back({self, key == nullptr ? "" : key, data->groupName, text, options,
                                 true, false, false, handle, nullptr});
     return kNoErr;
@@ -132,7 +147,7 @@ AIErr AddMenuItem(SPPluginRef self, const char* key, AIPlatformAddMenuItemDataUS
 
 AIErr Enable(const char* operation, AIMenuItemHandle item, bool enabled)
 {
-    if (const AIErr code = Host().Record(operation, KeyOf(item))) return code;
+    if (const AIErr code = Host().Record(operation, NameOf(item))) return code;
     ScriptedMenuItem* const found = Item(item);
     if (found == nullptr) return kBadParameterErr;
     found->enabled = enabled;
@@ -145,7 +160,7 @@ AIErr DisableItem(AIMenuItemHandle item) { return Enable("AIMenuSuite.DisableIte
 
 AIErr GetItemText(AIMenuItemHandle item, ai::UnicodeString& text)
 {
-    if (const AIErr code = Host().Record("AIMenuSuite.GetItemText", KeyOf(item))) return code;
+    if (const AIErr code = Host().Record("AIMenuSuite.GetItemText", NameOf(item))) return code;
     const ScriptedMenuItem* const found = Item(item);
     if (found == nullptr) return kBadParameterErr;
     SetHostString(text, found->text);
@@ -155,7 +170,7 @@ AIErr GetItemText(AIMenuItemHandle item, ai::UnicodeString& text)
 AIErr CheckItem(AIMenuItemHandle item, bool checked)
 {
     if (const AIErr code = Host().Record("AIMenuSuite.CheckItem",
-                                         KeyOf(item) + (checked ? ", true" : ", false"))) {
+                                         NameOf(item) + (checked ? ", true" : ", false"))) {
         return code;
     }
     ScriptedMenuItem* const found = Item(item);
@@ -167,7 +182,7 @@ AIErr CheckItem(AIMenuItemHandle item, bool checked)
 AIErr GetMenuItemKeyboardShortcutDictionaryKey(AIMenuItemHandle item, const char** key)
 {
     const std::string operation = "AIMenuSuite.GetMenuItemKeyboardShortcutDictionaryKey";
-    if (const AIErr code = Host().Record(operation, KeyOf(item))) return code;
+    if (const AIErr code = Host().Record(operation, NameOf(item))) return code;
     const ScriptedMenuItem* const found = Item(item);
     if (found == nullptr) return kBadParameterErr;
     if (!Host().GivesNull(operation)) *key = found->key.c_str();
@@ -201,31 +216,33 @@ AIErr AddMenuGroupAsSubMenu(const char* name, int32_t options, AIMenuItemHandle 
 {
     if (const AIErr code =
             Host().Record("AIMenuSuite.AddMenuGroupAsSubMenu",
-                          Quoted(name) + ", " + std::to_string(options) + ", " + KeyOf(item))) {
+                          Quoted(name) + ", " + std::to_string(options) + ", " + NameOf(item))) {
         return code;
     }
+    if (*group != nullptr) (void)Host().Fault("the menu group was not preset to null");
     ScriptedMenuItem* const found = Item(item);
     if (found == nullptr) return kBadParameterErr;
     found->submenu = NewHandleOf<AIMenuGroup>();
     Host().menuGroups.push_back({name, found->submenu});
-    if (group != nullptr) *group = found->submenu;
+    *group = found->submenu;
     return kNoErr;
 }
 
 AIErr GetItemSubMenuGroup(AIMenuItemHandle item, AIMenuGroup* group)
 {
-    if (const AIErr code = Host().Record("AIMenuSuite.GetItemSubMenuGroup", KeyOf(item))) {
+    if (const AIErr code = Host().Record("AIMenuSuite.GetItemSubMenuGroup", NameOf(item))) {
         return code;
     }
     const ScriptedMenuItem* const found = Item(item);
     if (found == nullptr) return kBadParameterErr;
+    if (*group != nullptr) (void)Host().Fault("the menu group was not preset to null");
     if (found->submenu != nullptr) *group = found->submenu;
     return kNoErr;
 }
 
 AIErr RemoveMenuItem(AIMenuItemHandle item)
 {
-    if (const AIErr code = Host().Record("AIMenuSuite.RemoveMenuItem", KeyOf(item))) return code;
+    if (const AIErr code = Host().Record("AIMenuSuite.RemoveMenuItem", NameOf(item))) return code;
     ScriptedMenuItem* const found = Item(item);
     if (found == nullptr) return kBadParameterErr;
     found->removed = true;

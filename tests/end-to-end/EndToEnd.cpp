@@ -46,7 +46,8 @@ std::string EndToEnd::EnvironmentOfHome() const
            Quote(scratch / "fonts.conf") + " HOME=" + Quote(home) +
            " XDG_DATA_HOME=" + Quote(home / ".local/share") +
            " XDG_CONFIG_HOME=" + Quote(home / ".config") +
-           " XDG_CACHE_HOME=" + Quote(home / ".cache") + "; ";
+           " XDG_CACHE_HOME=" + Quote(home / ".cache") +
+           " XDG_STATE_HOME=" + Quote(home / ".local/state") + "; ";
 }
 
 int EndToEnd::Open(const std::string& arguments)

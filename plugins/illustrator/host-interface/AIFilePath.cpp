@@ -10,20 +10,20 @@ namespace ai {
 FilePath::~FilePath()
 {
     // A destructor has nobody to tell a failure to.
-    if (mImpl != nullptr) (void)sAIFilePath->DisposeFilePath(this);
+    if (mImpl != nullptr && sAIFilePath != nullptr) (void)sAIFilePath->DisposeFilePath(this);
 }
 
 UnicodeString FilePath::GetFileName(bool displayForm) const
 {
     UnicodeString name;
-    check_result(sAIFilePath->GetFileName(*this, displayForm, name));
+    check_result(check_suite(sAIFilePath)->GetFileName(*this, displayForm, name));
     return name;
 }
 
 UnicodeString FilePath::GetFullPath(bool displayForm) const
 {
     UnicodeString path;
-    check_result(sAIFilePath->GetFullPath(*this, displayForm, path));
+    check_result(check_suite(sAIFilePath)->GetFullPath(*this, displayForm, path));
     return path;
 }
 

@@ -11,7 +11,8 @@ namespace ai {
 UnicodeString::UnicodeString(const char* text, AICharacterEncoding encoding)
 {
     if (text == nullptr) return;
-    check_ai_error(sAIUnicodeString->Initialize(this, text, std::strlen(text), encoding));
+    check_ai_error(
+        check_suite(sAIUnicodeString)->Initialize(this, text, std::strlen(text), encoding));
 }
 
 UnicodeString::~UnicodeString()
@@ -28,7 +29,7 @@ UnicodeString UnicodeString::FromUTF8(const char* text)
 unsigned long UnicodeString::getAs(AICharacterEncoding encoding, Buffer& buffer) const
 {
     unsigned long count = 0;
-    check_ai_error(sAIUnicodeString->GetAs(*this, encoding, buffer, &count));
+    check_ai_error(check_suite(sAIUnicodeString)->GetAs(*this, encoding, buffer, &count));
     return count;
 }
 

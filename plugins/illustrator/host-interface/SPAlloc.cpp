@@ -8,7 +8,8 @@ namespace ai {
 void* SPAlloc::AllocateBlock(size_t size)
 {
     void* block = nullptr;
-    if (sSPBlocks->AllocateBlock(size, "ai::SPAlloc::AllocateBlock", &block) != kNoErr) {
+    if (sSPBlocks == nullptr ||
+        sSPBlocks->AllocateBlock(size, "ai::SPAlloc::AllocateBlock", &block) != kNoErr) {
         throw Error(kOutOfMemoryErr);
     }
     return block;
@@ -16,7 +17,7 @@ void* SPAlloc::AllocateBlock(size_t size)
 
 void SPAlloc::DeleteBlock(void* block)
 {
-    if (block != nullptr) (void)sSPBlocks->FreeBlock(block);
+    if (block != nullptr && sSPBlocks != nullptr) (void)sSPBlocks->FreeBlock(block);
 }
 
 }  // namespace ai

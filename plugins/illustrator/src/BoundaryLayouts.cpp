@@ -6,6 +6,7 @@
 #include "HostPlatform_Linux.h"
 #include "PCILoader.h"
 #include "PluginStartup.h"
+#include "SDKPlugPlug.h"
 
 namespace {
 
@@ -94,6 +95,21 @@ PIN_OFFSET(SGlobals, fontListChangedNotifier, 17 * kWord);
 PIN_OFFSET(SGlobals, timerHandle, 18 * kWord);
 PIN_OFFSET(SGlobals, fileFormatHandle, 19 * kWord);
 PIN_SIZE(SGlobals, 20 * kWord);
+
+PIN_OFFSET(SDKPlugPlug, bundle, 0);
+PIN_OFFSET(SDKPlugPlug, PlugPlugLoadExtension, kWord);
+PIN_OFFSET(SDKPlugPlug, PlugPlugUnloadExtension, 2 * kWord);
+PIN_OFFSET(SDKPlugPlug, PlugPlugAddEventListener, 3 * kWord);
+PIN_OFFSET(SDKPlugPlug, PlugPlugRemoveEventListener, 4 * kWord);
+PIN_OFFSET(SDKPlugPlug, PlugPlugDispatchEvent, 5 * kWord);
+PIN_SIZE(SDKPlugPlug, 6 * kWord);
+
+PIN_OFFSET(csxs::event::Event, type, 0);
+PIN_OFFSET(csxs::event::Event, scope, kWord);
+PIN_OFFSET(csxs::event::Event, appId, 2 * kWord);
+PIN_OFFSET(csxs::event::Event, extensionId, 3 * kWord);
+PIN_OFFSET(csxs::event::Event, data, 4 * kWord);
+PIN_SIZE(csxs::event::Event, 5 * kWord);
 
 // The loader has virtual destructors, so its members begin behind one word.
 #pragma GCC diagnostic push

@@ -3,6 +3,7 @@
 #include "DebugUtils.h"
 #include "HostInterface.h"
 #include "IllustratorUtilities.h"
+#include "TypeloftSPEA.h"
 
 namespace {
 
@@ -55,6 +56,8 @@ const std::vector<std::string>& GetIllustratorDefaultFonts()
     static std::vector<std::string> kAllIllustratorDefaultFontNames;
     if (!kAllIllustratorDefaultFontNames.empty()) return kAllIllustratorDefaultFontNames;
 
+    // Without the suite nothing can be told of any font.
+    if (gFontSuite == nullptr) ThrowAIErr(kBadParameterErr);
     // Not reset in the loop: a script that the host doesn't know repeats the one before it.
     AIFontKey key = nullptr;
     for (const AIFaceScript script : kScripts) {

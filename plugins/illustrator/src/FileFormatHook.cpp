@@ -183,9 +183,18 @@ AIErr GetAIPathAsUTF8String(const ai::FilePath& filePath, std::string& out, bool
 
 AIErr GetDocumentFileSpec(std::string* out, bool fileNameOnly)
 {
+    if (gDocumentSuite == nullptr) return kBadParameterErr;
     ai::FilePath path;
     const AIErr status = gDocumentSuite->GetDocumentFileSpecification(path);
     // An empty path is told by the text alone.
     if (status == kNoErr) (void)GetAIPathAsUTF8String(path, *out, fileNameOnly);
     return status;
+}
+
+_t_AIDocument* GetCurrentDocument()
+{
+    _t_AIDocument* document = nullptr;
+    // Without a current document the handle stays null.
+    if (gDocumentSuite != nullptr) (void)gDocumentSuite->GetDocument(&document);
+    return document;
 }

@@ -28,6 +28,9 @@ bool IsEPSVersion8(const std::string& path);
 // Throws ai::Error if the host fails.
 AIErr GetAIPathAsUTF8String(const ai::FilePath& filePath, std::string& out, bool fileNameOnly);
 
+// The current document's handle, or null.
+_t_AIDocument* GetCurrentDocument();
+
 // The current document's path, or its bare name if it has no file. The host's status; with a status
 // other than 0 `out` stays as it was, and with 0 it can still be empty.
 AIErr GetDocumentFileSpec(std::string* out, bool fileNameOnly);

@@ -1,5 +1,8 @@
 #include "IllustratorUtilities.h"
 
+#include <unordered_set>
+#include <utility>
+
 #include "CoreErrorCodes.h"
 #include "DebugUtils.h"
 #include "DefaultFonts.h"
@@ -14,8 +17,11 @@ void ThrowIfAIErr(int code)
     if (code != kNoErr) throw code;
 }
 
+// The names that a walk has met: a repeat needn't be looked for in the list.
+typedef std::unordered_set<std::string> KnownNames;
+
 // 0 for a font that was added or is a repeat; kUnknownError for any other run.
-int AddNewFontNameFromTextArt(ATE::ITextRange run, FontList& fonts)
+int AddNewFontNameFromTextArt(ATE::ITextRange run, FontList& fonts, KnownNames& known)
 {
     std::string name;
     const int status = GetTextRunFaceStyle(run, name);
@@ -31,7 +37,9 @@ int AddNewFontNameFromTextArt(ATE::ITextRange run, FontList& fonts)
     }
     SFontRecord record;
     CrossPluginUtils::CreateFontDataForOneFont(name, record);
-    if (CrossPluginUtils::AddFontToArray(record, true, fonts)) {
+    const bool isAdded = known.insert(name).second &&
+                         CrossPluginUtils::AddFontToArray(std::move(record), true, fonts);
+    if (isAdded) {
         OutputIndentedAndFormattedString(0, "AddNewFontNameFromTextArt() added '%s'", name.c_str());
     } else {
         OutputIndentedAndFormattedString(
@@ -41,12 +49,12 @@ int AddNewFontNameFromTextArt(ATE::ITextRange run, FontList& fonts)
 }
 
 void ExamineRunsOfFrame(ATE::_TextRange* rangeReference, int frameIndex, FontList& fonts,
-                        int& status)
+                        KnownNames& known, int& status)
 {
     const ATE::ITextRange range(rangeReference);
     ATE::ITextRunsIterator runs = range.GetTextRunsIterator();
     while (runs.IsNotDone()) {
-        status = AddNewFontNameFromTextArt(runs.Item(), fonts);
+        status = AddNewFontNameFromTextArt(runs.Item(), fonts, known);
         if (status != 0) {
             OutputIndentedAndFormattedString(
                 0, "WARNING: for text frame %d, AddNewFontNameFromTextArt() returned %d",
@@ -59,9 +67,12 @@ void ExamineRunsOfFrame(ATE::_TextRange* rangeReference, int frameIndex, FontLis
 int ExamineTextRangesInThisFrameForFontUsage(AIArtHandle** matches, int count, FontList& fonts)
 {
     int status = kUnknownError;
+    KnownNames known;
     for (int index = 0; index < count; ++index) {
         ATE::_TextRange* range = nullptr;
-        status = sTextFrameSuite->GetATETextRange((*matches)[index], &range);
+        status = sTextFrameSuite != nullptr
+                     ? sTextFrameSuite->GetATETextRange((*matches)[index], &range)
+                     : kBadParameterErr;
         if (status != 0) {
             OutputIndentedAndFormattedString(
                 0, "ERROR: sTextFrameSuite->GetATETextRange(AIArtHandle index=%d) returned %d",
@@ -69,7 +80,7 @@ int ExamineTextRangesInThisFrameForFontUsage(AIArtHandle** matches, int count, F
             continue;
         }
         try {
-            ExamineRunsOfFrame(range, index, fonts, status);
+            ExamineRunsOfFrame(range, index, fonts, known, status);
         } catch (const ATE::Exception& exception) {
             status = exception.error;
         }
@@ -77,22 +88,30 @@ int ExamineTextRangesInThisFrameForFontUsage(AIArtHandle** matches, int count, F
     return status;
 }
 
+}  // namespace
+
 void DisposeIllustratorHandle(AIArtHandle**& handle)
 {
     // A failure leaves the array with the host, which is where it came from.
-    (void)sMdMemorySuite->MdMemoryDisposeHandle(reinterpret_cast<void**>(handle));
+    if (sMdMemorySuite != nullptr) {
+        (void)sMdMemorySuite->MdMemoryDisposeHandle(reinterpret_cast<void**>(handle));
+    }
     handle = nullptr;
 }
 
-}  // namespace
+AIErr GetMatchingArt(int16_t type, AIArtHandle**& matches, int32_t& count)
+{
+    if (sMatchingArt == nullptr) return kBadParameterErr;
+    AIMatchingArtSpec spec(type, 0, 0);
+    return sMatchingArt->GetMatchingArt(&spec, 1, &matches, &count);
+}
 
 int ExamineTextFramesInCurrentDocForFontUsage(FontList& fonts)
 {
     int status = kUnknownError;
-    AIMatchingArtSpec spec(kTextFrameArt, 0, 0);
     AIArtHandle** matches = nullptr;
     int32_t count = 0;
-    const AIErr result = sMatchingArt->GetMatchingArt(&spec, 1, &matches, &count);
+    const AIErr result = GetMatchingArt(kTextFrameArt, matches, count);
     OutputIndentedAndFormattedString(
         0,
         "sMatchingArt->GetMatchingArt(spec.type=kTextFrameArt, numSpecs=1, numMatches=%d) "

@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 #include <string>
+#include <vector>
 
 #include "CrossPluginUtils.h"
 #include "HostInterface.h"
@@ -25,3 +26,19 @@ bool RemoveIllustratorDefaultFonts(json& fonts);
 
 // The same for a JSON text, which keeps its bytes if nothing was taken out.
 bool RemoveIllustratorDefaultFonts(std::string& text);
+
+// Appends the path of every placed file, in the host's order and with repeats. One file whose path
+// can't be had makes the status CoreErrorCodes::kUnknownError; the others are listed all the same.
+int ExamineCurrentDocForPlacedArt(std::vector<std::string>& paths);
+
+// What the current document needs of the font manager, as JSON; the empty string if both the text's
+// and the placed art's status aren't 0, whatever was found. Throws the JSON library's type error
+// for text that isn't UTF-8.
+std::string CurrentDocumentFontUsage();
+
+// All art of the type in the current document, as the host gives it; the array may be null. The
+// host's code, kBadParameterErr if it refused the suite.
+AIErr GetMatchingArt(int16_t type, AIArtHandle**& matches, int32_t& count);
+
+// Gives an array of GetMatchingArt back to the host and nulls the handle.
+void DisposeIllustratorHandle(AIArtHandle**& handle);

@@ -4,7 +4,9 @@
 #include "DialogSuppression.h"
 #include "FileFormatHook.h"
 #include "HostSuites.h"
+#include "MenuHandler.h"
 #include "PCILoader.h"
+#include "TimerHandler.h"
 #include "TypeloftSPEA.h"
 
 namespace {
@@ -82,8 +84,8 @@ void TakePlaceInHost(SPInterfaceMessage* message, SPBlocksSuite*& blocks)
 {
     AcquireBlocksSuite(blocks);
     AllocateGlobals(message, blocks);
-    // The plug-in goes on with what it got.
-    (void)AddNotifiers(message);
+    // Without its menus the plug-in follows no documents; of notifiers it takes what it got.
+    if (AddAllCorvantaMenuItems(message) == 0) (void)AddNotifiers(message);
     (void)AddFileFormat(message);
     bool enabled = false;
     // Only the answer counts.
@@ -100,6 +102,8 @@ AIErr StartupPlugin(SPInterfaceMessage* message)
     AIErr result = kNoErr;
     PCILoader* const core = PCILoader::GetSharedInstance();
     if (core->pfInitializePluginCoreInterface(kBundleIdentifier, kHostVersion) == 0) {
+        // It is registered in any case: PluginCore has no other way to refuse than to do nothing.
+        (void)core->pfSetRebuildWorkgroupsMenuCallback(RebuildWorkgroupsMenu);
         SPBlocksSuite* blocks = nullptr;
         try {
             TakePlaceInHost(message, blocks);
@@ -108,6 +112,8 @@ AIErr StartupPlugin(SPInterfaceMessage* message)
             result = error;
         }
         ReleaseSuite(kBlocksSuiteName, kBlocksSuiteVersion, &blocks);
+        // Without the timer the plug-in runs on, only without idle calls and panel.
+        if (result == kNoErr) (void)AddTimers(message);
     }
     OutputIndentedAndFormattedString(-1, "%s returning %d", "StartupPlugin", result);
     return result;
@@ -149,6 +155,9 @@ AIErr ShutdownPlugin(SPInterfaceMessage* message)
         delete gGlobals->globalsString;
         gGlobals->globalsString = nullptr;
         SetupIllustratorDialogSuppression(false);
+        OutputIndentedAndFormattedString(0, "Calling RemoveTimers from ShutdownPlugin.");
+        // A timer that can't be stopped now goes with the host.
+        (void)RemoveTimers();
         // Tried once: what the host doesn't take back now, nothing gives back later.
         (void)ReleaseSuites();
         AcquireSuite(kBlocksSuiteName, kBlocksSuiteVersion, &blocks);

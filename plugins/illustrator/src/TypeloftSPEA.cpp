@@ -5,10 +5,12 @@
 #include "DocumentRegistry.h"
 #include "FileFormatHook.h"
 #include "HostSuites.h"
+#include "MenuHandler.h"
 #include "PCILoader.h"
 #include "PluginInfo.h"
 #include "PluginStartup.h"
 #include "SimpleAlert.h"
+#include "TimerHandler.h"
 #include "TraceArguments.h"
 
 SPBasicSuite* sSPBasic = nullptr;
@@ -85,6 +87,15 @@ AIErr DispatchCaller(char* caller, char* selector, void* message)
 {
     if (IsEqual(caller, "AI Menu")) {
         OutputIndentedAndFormattedString(0, "- caller is kCallerAIMenu");
+        if (IsEqual(selector, "AI Go")) {
+            OutputIndentedAndFormattedString(0, "- selector is kSelectorAIGoMenuItem");
+            return GoMenuItem(static_cast<AIMenuMessage*>(message));
+        }
+        if (IsEqual(selector, "AI Update")) {
+            // The host asks for the items' state, not for a result.
+            (void)updateMenuItem(static_cast<AIMenuMessage*>(message));
+            return kNoErr;
+        }
         TraceUnhandledSelector();
         return kNoErr;
     }
@@ -104,7 +115,11 @@ AIErr DispatchCaller(char* caller, char* selector, void* message)
         TraceUnhandledSelector();
         return kNoErr;
     }
-    if (IsEqual(caller, "AI Timer")) return kNoErr;
+    if (IsEqual(caller, "AI Timer")) {
+        // A tick has no result.
+        if (IsEqual(selector, "AI Go")) (void)GoTimer(static_cast<AITimerMessage*>(message));
+        return kNoErr;
+    }
     if (IsEqual(caller, "SP Access")) {
         const bool mustStay = IsEqual(selector, "Unload") && gGlobals != nullptr;
         return mustStay ? 1 : 0;
@@ -167,7 +182,14 @@ AIErr GoNotifier(AINotifierMessage* message)
         {&SGlobals::startupNotifier, HandleStartupNotifier},
         {&SGlobals::shutdownNotifier, HandleShutdownNotifier},
         {&SGlobals::documentOpenedNotifier, HandleDocumentOpenedNotifier},
+        {&SGlobals::documentAboutToCloseNotifier, HandleDocumentAboutToCloseNotifier},
+        {&SGlobals::documentClosedNotifier, HandleDocumentClosedNotifier},
         {&SGlobals::documentNewNotifier, HandleDocumentNewNotifier},
+        {&SGlobals::documentChangedNotifier, HandleDocumentChangedNotifier},
+        {&SGlobals::afterSaveNotifier, HandleDocumentSavedNotifier},
+        {&SGlobals::afterSaveAsNotifier, HandleDocumentSavedNotifier},
+        {&SGlobals::diskWritingCompleteNotifier, HandleDocumentSavedNotifier},
+        {&SGlobals::fontListChangedNotifier, HandleFontListChangedNotifier},
     };
     AIErr result = kNoErr;
     const Row* found = nullptr;

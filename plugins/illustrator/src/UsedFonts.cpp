@@ -53,6 +53,7 @@ void AppendNames(json& fonts)
 AIErr GetTextFrameArtSet(AIArtSpec* specs, short numSpecs, AIArtSet& set)
 {
     AIErr result = kNoErr;
+    if (gArtSetSuite == nullptr) ThrowAIErr(kBadParameterErr);
     try {
         result = gArtSetSuite->NewArtSet(&set);
         ThrowAIErr(result);

@@ -70,9 +70,12 @@ EXPORTED unsigned int ActivateChosenFonts(const char* path, const char* fonts, i
                   Text(path) + ", " + Text(fonts) + ", " + std::to_string(*outValue));
 }
 
-EXPORTED unsigned int CreateMenusFromJSONBuffer(const char* menus, AddIllustratorMenuFunction,
-                                                MenuItemHelp*)
+EXPORTED unsigned int CreateMenusFromJSONBuffer(const char* menus,
+                                                AddIllustratorMenuFunction callback,
+                                                MenuItemHelp* help)
 {
+    State().addIllustratorMenu = callback;
+    State().menuItemHelp = help;
     return Answer("CreateMenusFromJSONBuffer", Text(menus));
 }
 
@@ -90,6 +93,7 @@ EXPORTED unsigned int GetIDForDocument(const char* path, char* idBuffer, size_t*
         Answer("GetIDForDocument",
                Text(path) + ", " + Buffer(idBuffer, *ioSize) + ", " + std::to_string(*ioSize));
     Put(idBuffer, *ioSize, State().documentID);
+    if (State().documentIDSize) *ioSize = *State().documentIDSize;
     return status;
 }
 

@@ -29,6 +29,8 @@ struct ScriptedPluginCore {
     std::string settings = "{}";
     std::string menus = "{}";
     std::string documentID;
+    // What GetIDForDocument leaves as the size; without a value, what came.
+    std::optional<std::size_t> documentIDSize;
     int socketPort = 0;
 
     // Runs inside every call of that name, before it is answered: may send messages or throw.
@@ -38,6 +40,9 @@ struct ScriptedPluginCore {
     // it was zero.
     std::vector<std::string> openTexts;
     RebuildWorkgroupsMenuFunction rebuildWorkgroupsMenu = nullptr;
+    // What CreateMenusFromJSONBuffer got; the second lives only inside of that call.
+    AddIllustratorMenuFunction addIllustratorMenu = nullptr;
+    MenuItemHelp* menuItemHelp = nullptr;
 
     // The names alone, in order.
     std::vector<std::string> CalledNames() const

@@ -23,6 +23,7 @@ FontTestHome::FontTestHome()
     SetVariable("HOME", mPath);
     SetVariable("XDG_DATA_HOME", GetData());
     SetVariable("XDG_CONFIG_HOME", mPath / "config");
+    SetVariable("XDG_STATE_HOME", mPath / "state");
     SetVariable("XDG_CACHE_HOME", mPath / "cache");
     SetVariable("FONTCONFIG_FILE", mPath / "fonts.conf");
     SetVariable("CORVANTA_FONT_LIBRARY", GetLibrary());

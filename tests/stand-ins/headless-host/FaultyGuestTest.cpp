@@ -153,6 +153,7 @@ TEST_F(FaultyGuest, EveryFaultyGuestHasATestHere)
                                           "refuses-unload",
                                           "refuses-to-start",
                                           "no-entry",
+                                          "subscribes-all",
                                           "well-behaved"};
     std::set<std::string> built;
     for (const auto& entry : std::filesystem::directory_iterator(GUEST_FOLDER)) {

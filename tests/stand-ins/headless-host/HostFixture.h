@@ -22,6 +22,9 @@ public:
         return found == defaults.end() ? "Default-Regular" : found->second;
     }
 
+    std::map<std::string, documents::FontFile> ListFiles() override { return files; }
+
+    std::map<std::string, documents::FontFile> files;
     std::set<std::string> active = {"Default-Regular"};
     std::map<std::string, std::string> defaults;
     std::vector<std::string> asked;

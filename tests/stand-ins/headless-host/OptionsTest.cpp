@@ -37,6 +37,35 @@ TEST(OptionsTest, TakesAllOptions)
     EXPECT_EQ(options.hold, 1.5);
 }
 
+TEST(OptionsTest, BothCommandsTakeTheSameOptions)
+{
+    for (const OptionRow& row : kOptions) {
+        std::vector<const char*> arguments = {"run", row.name};
+        if (row.argument != nullptr) arguments.push_back(row.number != nullptr ? "1" : "de");
+        Options options;
+        std::string text;
+        EXPECT_EQ(Parse(arguments, options, text), ParseOutcome::kRun) << row.name << text;
+        EXPECT_EQ(options.action, Command::kRun);
+        arguments[0] = "open";
+        arguments.push_back("a");
+        EXPECT_EQ(Parse(arguments, options, text), ParseOutcome::kRun) << row.name << text;
+        EXPECT_EQ(options.action, Command::kOpen);
+    }
+}
+
+TEST(OptionsTest, ASessionIsAFileOrStandardInput)
+{
+    for (const char* const file : {"s.txt", "-"}) {
+        Options options;
+        std::string text;
+        ASSERT_EQ(Parse({"run", file}, options, text), ParseOutcome::kRun) << text;
+        EXPECT_EQ(options.session, file);
+    }
+    Options options;
+    std::string text;
+    EXPECT_EQ(Parse({"run", "a", "b"}, options, text), ParseOutcome::kWrongUse);
+}
+
 TEST(OptionsTest, ALibraryDoesNotSwallowTheFile)
 {
     Options options;

@@ -67,7 +67,20 @@ protected:
 TEST_F(ResolveTest, KeepsTheTextWithoutAskingByDefault)
 {
     mInput.str("n\n");
+    mCore.Start();
     EXPECT_EQ(mCore.Resolve(mList), mList);
+    mCore.Stop();
+}
+
+TEST_F(ResolveTest, TheSettingStandsAboveTheTerminal)
+{
+    setenv("CORVANTA_INTERACTIVE", "1", 1);
+    FontTestHome::WriteFile(mHome.GetPath() / "config/Corvanta/settings.json",
+                            "{\"FontActivation\":\"1\"}");
+    mInput.str("n\n");
+    mCore.Start();
+    EXPECT_EQ(mCore.Resolve(mList), mList);
+    mCore.Stop();
 }
 
 TEST_F(ResolveTest, AsksOnceForBothLooksAtADocument)

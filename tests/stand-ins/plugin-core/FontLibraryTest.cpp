@@ -3,7 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "DocumentStore.h"
 #include "FontTestHome.h"
+#include "LibraryFolders.h"
 #include "StatusCodes.h"
 
 namespace fs = std::filesystem;
@@ -142,8 +144,51 @@ TEST_F(FontLibraryTest, ADatabaseThatCannotBeMadeIsNamed)
 
 TEST_F(FontLibraryTest, ADatabaseOfANewerVersionIsRefused)
 {
-    mDatabase.Execute("PRAGMA user_version = 2");
+    mDatabase.Execute("PRAGMA user_version = 3");
     EXPECT_THROW(Database(mHome.GetPath() / "state/fonts.db"), Failure);
+}
+
+TEST_F(FontLibraryTest, ADatabaseOfTheFirstVersionIsBroughtUpToDate)
+{
+    Copy("DejaVuSans");
+    mLibrary.Refresh();
+    mDatabase.Execute(
+        "DROP TABLE added_folder; DROP TABLE choice; PRAGMA user_version = 1;"
+        "INSERT INTO document(id, path, usage) VALUES('7', '/a.ai', '{}')");
+    Database database(mHome.GetPath() / "state/fonts.db");
+    plugincore::DocumentStore documents(database, "");
+    EXPECT_EQ(documents.GetId("/a.ai"), "7");
+    EXPECT_EQ(documents.GetUsage("/a.ai"), "{}");
+    plugincore::LibraryFolders folders(database, {"/root"});
+    EXPECT_TRUE(folders.Add("/added"));
+    EXPECT_EQ(folders.GetFolders().size(), 2U);
+    EXPECT_NE(mLibrary.Find("DejaVuSans"), std::nullopt);
+}
+
+TEST_F(FontLibraryTest, ASelectionLimitsWhereFontsComeFrom)
+{
+    const fs::path house = Copy("DejaVuSans", "House");
+    Copy("DejaVuSerif", "Housework");
+    mLibrary.Refresh();
+    mLibrary.SetSelection(mHome.GetLibrary() / "House");
+    EXPECT_EQ(mLibrary.Find("DejaVuSans"), house);
+    EXPECT_EQ(mLibrary.Find("DejaVuSerif"), std::nullopt);
+    EXPECT_NE(mLibrary.FindAnywhere("DejaVuSerif"), std::nullopt);
+    mLibrary.SetSelection("");
+    EXPECT_NE(mLibrary.Find("DejaVuSerif"), std::nullopt);
+}
+
+TEST_F(FontLibraryTest, ListsNamesInPages)
+{
+    for (const char* name : {"DejaVuSerif", "DejaVuSans", "DejaVuSansMono"}) Copy(name, "House");
+    Copy("DejaVuSans-Bold");
+    mLibrary.Refresh();
+    const std::string house = mHome.GetLibrary() / "House";
+    EXPECT_EQ(mLibrary.CountNames(""), 4);
+    EXPECT_EQ(mLibrary.CountNames(house), 3);
+    EXPECT_THAT(mLibrary.ListNames(house, 1, 5),
+                testing::ElementsAre("DejaVuSansMono", "DejaVuSerif"));
+    EXPECT_THAT(mLibrary.ListNames("", 0, 1), testing::ElementsAre("DejaVuSans"));
 }
 
 }  // namespace

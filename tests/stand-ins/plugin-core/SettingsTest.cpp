@@ -2,7 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
+
 #include "CoreTestHome.h"
+#include "StatusCodes.h"
 
 using plugincore::Settings;
 
@@ -54,6 +58,57 @@ TEST_F(SettingsTest, AMemberThatIsNoStringIsLeftOut)
     EXPECT_EQ(mSettings.GetAsJson(mFile), "{\"DialogSuppression\":\"1\",\"PluginEnabled\":\"0\"}");
     EXPECT_NE(testing::internal::GetCapturedStderr().find("\"DialogSuppression\" isn't a string"),
               std::string::npos);
+}
+
+TEST_F(SettingsTest, ASettingIsWrittenAndTheOthersStay)
+{
+    FontTestHome::WriteFile(mFile, "{\"Other\":\"x\",\"Number\":7}");
+    std::filesystem::permissions(mFile, std::filesystem::perms(0640));
+    mSettings.Set(mFile, "DialogSuppression", "2");
+    std::ifstream stream(mFile);
+    const std::string text{std::istreambuf_iterator<char>(stream), {}};
+    EXPECT_EQ(text,
+              "{\n  \"DialogSuppression\": \"2\",\n  \"Number\": 7,\n  \"Other\": \"x\"\n}\n");
+    EXPECT_EQ(std::filesystem::status(mFile).permissions(), std::filesystem::perms(0640));
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(mSettings.Get(mFile, "DialogSuppression"), "2");
+    (void)testing::internal::GetCapturedStderr();  // tells of the number
+}
+
+TEST_F(SettingsTest, AFileIsMadeForTheFirstSetting)
+{
+    mSettings.Set(mFile, "FontActivation", "0");
+    EXPECT_EQ(mSettings.Get(mFile, "FontActivation"), "0");
+    const std::filesystem::directory_iterator entries(mFile.parent_path());
+    EXPECT_EQ(std::distance(begin(entries), end(entries)), 1);
+}
+
+TEST_F(SettingsTest, ALinkToTheFileStaysALink)
+{
+    FontTestHome::WriteFile(mHome.GetPath() / "real.json", "{}");
+    std::filesystem::create_directories(mFile.parent_path());
+    std::filesystem::create_symlink(mHome.GetPath() / "real.json", mFile);
+    mSettings.Set(mFile, "FontActivation", "0");
+    EXPECT_TRUE(std::filesystem::is_symlink(mFile));
+    EXPECT_EQ(Settings().Get(mHome.GetPath() / "real.json", "FontActivation"), "0");
+}
+
+TEST_F(SettingsTest, ABrokenFileIsNotWrittenOver)
+{
+    FontTestHome::WriteFile(mFile, "{\"DialogSuppression\":");
+    EXPECT_THROW(mSettings.Set(mFile, "DialogSuppression", "2"), plugincore::Failure);
+    EXPECT_EQ(std::filesystem::file_size(mFile), 21U);
+}
+
+TEST_F(SettingsTest, AFolderThatCannotBeMadeIsNamed)
+{
+    FontTestHome::WriteFile(mHome.GetPath() / "config", "a file");
+    try {
+        mSettings.Set(mFile, "DialogSuppression", "2");
+        FAIL();
+    } catch (const plugincore::Failure& failure) {
+        EXPECT_EQ(std::string(failure.what()).rfind(mFile.parent_path().string() + ": ", 0), 0U);
+    }
 }
 
 TEST_F(SettingsTest, TheUserCanSwitchThePluginOff)

@@ -1,5 +1,6 @@
 #include "MessageFixture.h"
 
+using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 namespace {
@@ -73,6 +74,7 @@ TEST_F(Dispatch, TimerWithAnotherSelectorLeavesNoTrace)
 {
     EXPECT_EQ(Send("AI Timer", "AI Stop"), 0);
     EXPECT_THAT(TraceTexts(), IsEmpty());
+    EXPECT_THAT(core->calls, IsEmpty());
 }
 
 TEST_F(Dispatch, TimerTickIsAnswered0WithoutEntryTrace)
@@ -80,6 +82,8 @@ TEST_F(Dispatch, TimerTickIsAnswered0WithoutEntryTrace)
     Start();
     EXPECT_EQ(Send("AI Timer", "AI Go"), 0);
     EXPECT_FALSE(HasTraceBeginningWith("Entering HandlePluginCaller"));
+    EXPECT_FALSE(HasTraceBeginningWith("HandlePluginCaller"));
+    EXPECT_THAT(core->calls, ElementsAre("IdleEvent()", "ProcessPanelMessages(1)"));
 }
 
 TEST_F(Dispatch, UnloadIsRefusedFromStartupToShutdown)

@@ -42,7 +42,8 @@ TEST_F(GlobalsRecord, IsFilledAtStartup)
     ASSERT_NE(globals.globalsString, nullptr);
     EXPECT_EQ(*globals.globalsString, "");
     EXPECT_EQ(globals.pluginRef, host.Head().self);
-    EXPECT_EQ(globals.timerHandle, nullptr);
+    ASSERT_EQ(host.timers.size(), 1U);
+    EXPECT_EQ(globals.timerHandle, host.timers[0].handle);
     ASSERT_EQ(host.fileFormats.size(), 1U);
     EXPECT_EQ(globals.fileFormatHandle, host.fileFormats[0].handle);
 }

@@ -2,7 +2,6 @@
 
 using ::testing::Contains;
 using ::testing::IsEmpty;
-using ::testing::Not;
 
 namespace {
 
@@ -101,14 +100,77 @@ TEST_F(NotifierDispatch, HandleDecidesAndNotTheType)
     EXPECT_THAT(core->CalledNames(), Contains("HandleCreateNewDocument"));
 }
 
-// Of two equal handles the one tested first decides.
-TEST_F(NotifierDispatch, OpenedIsTestedBeforeNew)
+// The rows in the order in which they are tested.
+struct NotifierRow {
+    const char* field;
+    const char* type;
+    AINotifierHandle SGlobals::*notifier;
+    const char* handler;
+};
+
+constexpr char kSavedHandler[] = "HandleDocumentSavedNotifier";
+
+const NotifierRow kNotifierRows[] = {
+    {"Startup", "AI Application Started Notifier", &SGlobals::startupNotifier,
+     "HandleStartupNotifier"},
+    {"Shutdown", "AI Application Shutdown Notifier", &SGlobals::shutdownNotifier,
+     "HandleShutdownNotifier"},
+    {"Opened", kOpened, &SGlobals::documentOpenedNotifier, "HandleDocumentOpenedNotifier"},
+    {"AboutToClose", "AI Document About To Close Notifier", &SGlobals::documentAboutToCloseNotifier,
+     "HandleDocumentAboutToCloseNotifier"},
+    {"Closed", "AI Document Closed Notifier", &SGlobals::documentClosedNotifier,
+     "HandleDocumentClosedNotifier"},
+    {"New", kNew, &SGlobals::documentNewNotifier, "HandleDocumentNewNotifier"},
+    {"Changed", "AI Document Changed Notifier", &SGlobals::documentChangedNotifier,
+     "HandleDocumentChangedNotifier"},
+    {"AfterSave", "AI Command Notifier: After Save", &SGlobals::afterSaveNotifier, kSavedHandler},
+    {"AfterSaveAs", "AI Command Notifier: After Save As", &SGlobals::afterSaveAsNotifier,
+     kSavedHandler},
+    {"DiskWritingComplete", "AI Document Write On Disk Complete Notifier",
+     &SGlobals::diskWritingCompleteNotifier, kSavedHandler},
+    {"FontListChanged", "AI Font List Changed Notifier", &SGlobals::fontListChangedNotifier,
+     "HandleFontListChangedNotifier"},
+};
+
+class EachNotifier : public NotifierDispatch, public ::testing::WithParamInterface<NotifierRow> {
+protected:
+    static bool WasEntered(const NotifierRow& row)
+    {
+        return HasTraceBeginningWith(std::string("Entering ") + row.handler);
+    }
+};
+
+TEST_P(EachNotifier, ReachesItsHandlerAndNoOther)
 {
     Start();
-    gGlobals->documentOpenedNotifier = gGlobals->documentNewNotifier;
-    EXPECT_EQ(SendNotifier(kNew), 0);
-    EXPECT_THAT(core->CalledNames(), Not(Contains("HandleCreateNewDocument")));
+    host.AddDocument("/a.ai");
+    ASSERT_NE(host.NotifierHandle(GetParam().type), nullptr);
+    EXPECT_EQ(gGlobals->*GetParam().notifier, host.NotifierHandle(GetParam().type));
+    EXPECT_EQ(SendNotifier(GetParam().type, host.DocumentHandle(0)), 0);
+    for (const NotifierRow& row : kNotifierRows) {
+        EXPECT_EQ(WasEntered(row), row.handler == std::string(GetParam().handler)) << row.handler;
+    }
+    EXPECT_FALSE(HasTraceBeginningWith("UNHANDLED"));
 }
+
+// Of equal handles the one tested first decides.
+TEST_P(EachNotifier, IsTestedBeforeThoseBehindIt)
+{
+    Start();
+    host.AddDocument("/a.ai");
+    bool behind = false;
+    for (const NotifierRow& row : kNotifierRows) {
+        if (behind) gGlobals->*row.notifier = gGlobals->*GetParam().notifier;
+        if (row.notifier == GetParam().notifier) behind = true;
+    }
+    EXPECT_EQ(SendNotifier(GetParam().type, host.DocumentHandle(0)), 0);
+    for (const NotifierRow& row : kNotifierRows) {
+        EXPECT_EQ(WasEntered(row), row.handler == std::string(GetParam().handler)) << row.handler;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, EachNotifier, ::testing::ValuesIn(kNotifierRows),
+                         [](const auto& row) { return std::string(row.param.field); });
 
 TEST_F(NotifierDispatch, StartupIsTestedBeforeAllOthers)
 {

@@ -77,6 +77,15 @@ TEST_F(Shutdown, SuppressionIsSetUpAnewWithoutEnabling)
     EXPECT_TRUE(HasTrace("Entering SetupIllustratorDialogSuppression(0)"));
 }
 
+TEST_F(Shutdown, TimerIsStoppedWithAnAnnouncement)
+{
+    Start();
+    EXPECT_EQ(SendInterface("Shutdown"), 0);
+    EXPECT_EQ(CountTraces("Calling RemoveTimers from ShutdownPlugin."), 1U);
+    ASSERT_EQ(host.timers.size(), 1U);
+    EXPECT_FALSE(host.timers[0].active);
+}
+
 TEST_F(Shutdown, NotifierMessageLosesItsGlobalsWord)
 {
     Start();
@@ -155,6 +164,8 @@ TEST_F(Shutdown, StartsAgainAfterwards)
     EXPECT_EQ(SendInterface("Shutdown"), 0);
     EXPECT_EQ(SendInterface("Startup"), 0);
     EXPECT_NE(host.globals, nullptr);
+    ASSERT_EQ(host.timers.size(), 2U);
+    EXPECT_TRUE(host.timers[1].active);
 }
 
 }  // namespace

@@ -49,8 +49,10 @@ TEST_F(Startup, RegistersInOrder)
     const auto block = PlaceOf("SPBlocksSuite.AllocateBlock(160, \"globals\")");
     const auto notifier = PlaceOf("AINotifierSuite.AddNotifier(\"Change!\"");
     const auto format = PlaceOf("AIFileFormatSuite.AddFileFormatEx");
+    const auto timer = PlaceOf("AITimerSuite.AddTimer(\"Corvanta AIPlugin Timer\", 1)");
     EXPECT_LT(block, notifier);
     EXPECT_LT(notifier, format);
+    EXPECT_LT(format, timer);
 }
 
 TEST_F(Startup, HostKeepsTheGlobals)
@@ -153,6 +155,7 @@ TEST_F(Startup, FailedFileFormatDoesNotStopIt)
 {
     host.RefuseSuite("AI File Format Suite", 1015, 4711);
     EXPECT_EQ(SendInterface("Startup"), 0);
+    EXPECT_EQ(host.timers.size(), 1U);
     EXPECT_EQ(host.notifiers.size(), 12U);
     EXPECT_THAT(CallsBesidesMenus(), ::testing::Contains("PluginIsEnabled(true, false)"));
 }

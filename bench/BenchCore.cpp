@@ -1,0 +1,47 @@
+#include "BenchCore.h"
+
+#include <cstring>
+
+#include "PCILoader.h"
+
+namespace bench_core {
+
+namespace {
+
+std::string sMenus;
+
+}  // namespace
+
+void SetMenus(const std::string& menus) { sMenus = menus; }
+
+void Use()
+{
+    static PCILoader sLoader;
+    PCILoader::sSharedInstance = &sLoader;
+    sLoader.frameworkPath = "/PluginCore.framework";
+    sLoader.missingFunctionCount = 0;
+    sLoader.pfPluginIsEnabled = [](bool, bool* enabled) {
+        *enabled = true;
+        return 0u;
+    };
+    sLoader.pfHandleOpenExistingDocument = [](const char*, char* json, size_t*, int*) {
+        *json = '\0';
+        return 0u;
+    };
+    sLoader.pfHandleSaveDocument = [](const char*, const char*) { return 0u; };
+    sLoader.pfIdleEvent = [] { return 0u; };
+    sLoader.pfProcessPanelMessages = [](int) { return 0u; };
+    sLoader.pfGetMenus = [](const char*, char* buffer, size_t* size) -> unsigned int {
+        if (buffer == nullptr) {
+            *size = sMenus.size();
+            return 0x0C000000;
+        }
+        std::memcpy(buffer, sMenus.data(), *size);
+        return 0;
+    };
+    sLoader.pfCreateMenusFromJSONBuffer = nullptr;
+    sLoader.pfRegisterPlugPlug = [](SDKPlugPlug*) { return 0u; };
+    sLoader.pfGetSocketPort = [](int*) { return 1u; };
+}
+
+}  // namespace bench_core

@@ -1,0 +1,62 @@
+#include "BenchMenus.h"
+
+#include <cstdint>
+#include <nlohmann/json.hpp>
+
+namespace bench_menus {
+
+namespace {
+
+uintptr_t sItems = 0;
+
+nlohmann::json MakeNode(int number)
+{
+    const std::string text = std::to_string(number);
+    return {{"id", "id" + text},       {"label", "label" + text},
+            {"title", "Item " + text}, {"checked", number % 2 == 0},
+            {"enabled", true},         {"child", nlohmann::json::array()}};
+}
+
+}  // namespace
+
+AIMenuSuite* GetMenuSuite()
+{
+    static AIMenuSuite sMenus = {
+        [](SPPluginRef, const char*, AIPlatformAddMenuItemDataUS*, int32_t,
+           AIMenuItemHandle* item) -> AIErr {
+            *item = reinterpret_cast<AIMenuItemHandle>(++sItems);
+            return kNoErr;
+        },
+        [](AIMenuItemHandle) -> AIErr { return kNoErr; },
+        [](AIMenuItemHandle) -> AIErr { return kNoErr; },
+        [](AIMenuItemHandle, ai::UnicodeString& text) -> AIErr {
+            return sAIUnicodeString->Initialize(&text, "Item 1", 6, kAIUTF8CharacterEncoding);
+        },
+        [](AIMenuItemHandle, bool) -> AIErr { return kNoErr; },
+        [](AIMenuItemHandle, const char**) -> AIErr { return kBadParameterErr; },
+        [](int* count) -> AIErr {
+            *count = 0;
+            return kNoErr;
+        },
+        [](int, AIMenuItemHandle*) -> AIErr { return kBadParameterErr; },
+        [](const char*, int32_t, AIMenuItemHandle, AIMenuGroup*) -> AIErr { return kNoErr; },
+        [](AIMenuItemHandle, AIMenuGroup*) -> AIErr { return kNoErr; },
+        [](AIMenuItemHandle) -> AIErr { return kNoErr; },
+    };
+    return &sMenus;
+}
+
+std::string MakeTree(int nodes)
+{
+    nlohmann::json root = MakeNode(0);
+    for (int number = 1; number <= nodes; ++number) {
+        if (number % 11 == 1) {
+            root["child"].push_back(MakeNode(number));
+        } else {
+            root["child"].back()["child"].push_back(MakeNode(number));
+        }
+    }
+    return root.dump();
+}
+
+}  // namespace bench_menus

@@ -1,0 +1,43 @@
+#include <benchmark/benchmark.h>
+
+#include "BenchCore.h"
+#include "BenchHost.h"
+#include "DocumentHandlers.h"
+#include "HostPlatform_Linux.h"
+#include "PluginStartup.h"
+#include "TimerHandler.h"
+#include "TypeloftSPEA.h"
+
+namespace {
+
+SGlobals sGlobals = {};
+
+void UseSmallDocument()
+{
+    bench_host::Use({1, 3, {"First-Regular", "Second-Regular", "Third-Regular"}, "/bench/a.ai"});
+    bench_core::Use();
+    gGlobals = &sGlobals;
+}
+
+// A tick without a panel; the frameworks of the event bus aren't there.
+void IdleTick(benchmark::State& state)
+{
+    UseSmallDocument();
+    AITimerMessage message = {};
+    const size_t before = bench_host::GetAllocationCount();
+    for (auto _ : state) benchmark::DoNotOptimize(GoTimer(&message));
+    state.counters["allocations"] =
+        benchmark::Counter(static_cast<double>(bench_host::GetAllocationCount() - before),
+                           benchmark::Counter::kAvgIterations);
+}
+BENCHMARK(IdleTick);
+
+void Save(benchmark::State& state)
+{
+    UseSmallDocument();
+    AINotifierMessage message = {};
+    for (auto _ : state) benchmark::DoNotOptimize(HandleDocumentSavedNotifier(&message));
+}
+BENCHMARK(Save)->Unit(benchmark::kMicrosecond);
+
+}  // namespace

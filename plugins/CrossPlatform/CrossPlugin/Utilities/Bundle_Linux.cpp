@@ -1,0 +1,75 @@
+#include "Bundle_Linux.h"
+
+#include <dlfcn.h>
+#include <unistd.h>
+
+#include <memory>
+#include <vector>
+
+#include "PropertyList_Linux.h"
+#include "TextEncoding_Linux.h"
+
+namespace {
+
+constexpr char kFrameworkSuffix[] = ".framework";
+
+std::string StripTrailingSeparators(std::string path)
+{
+    while (path.size() > 1 && path.back() == '/') path.pop_back();
+    return path;
+}
+
+// The X of /a/b/X.framework, or the empty string.
+std::string GetFrameworkName(const std::string& folder)
+{
+    const std::string component = folder.substr(folder.rfind('/') + 1);
+    const size_t suffixLength = sizeof kFrameworkSuffix - 1;
+    if (component.size() <= suffixLength) return std::string();
+    const size_t nameLength = component.size() - suffixLength;
+    if (component.compare(nameLength, suffixLength, kFrameworkSuffix) != 0) return std::string();
+    return component.substr(0, nameLength);
+}
+
+// What has been opened calls back into this code for the rest of the process's life, and the host
+// may hold functions of it as well: it stays, even if the host unloads it.
+void KeepThisModuleLoaded()
+{
+    Dl_info module;
+    if (dladdr(reinterpret_cast<void*>(&KeepThisModuleLoaded), &module) == 0) return;
+    // A program that holds this code itself can't lose it: there the call fails, and may.
+    (void)dlopen(module.dli_fname, RTLD_NOW | RTLD_NOLOAD | RTLD_NODELETE);
+}
+
+}  // namespace
+
+OpaqueBundle* OSOpenBundle(const std::string& path)
+{
+    static std::vector<std::unique_ptr<OpaqueBundle>> sOpenBundles;
+
+    const std::string folder = StripTrailingSeparators(path);
+    const std::string name = GetFrameworkName(folder);
+    std::map<std::string, std::string> information;
+    if (!IsUTF8(folder) || name.empty() ||
+        !ReadPropertyList(folder + "/Resources/Info.plist", information)) {
+        return nullptr;
+    }
+    void* const library = dlopen((folder + "/" + name).c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (library == nullptr) return nullptr;
+    for (const auto& open : sOpenBundles) {
+        if (open->library != library) continue;
+        // Gives back the count of the second opening alone.
+        (void)dlclose(library);
+        open->information = information;
+        return open.get();
+    }
+    KeepThisModuleLoaded();
+    sOpenBundles.push_back(std::make_unique<OpaqueBundle>(OpaqueBundle{library, information}));
+    return sOpenBundles.back().get();
+}
+
+void* OSFindFunction(BundleRef bundle, const char* name)
+{
+    return bundle != nullptr && name != nullptr ? dlsym(bundle->library, name) : nullptr;
+}
+
+bool OSIsReachable(const std::string& path) { return access(path.c_str(), F_OK) == 0; }

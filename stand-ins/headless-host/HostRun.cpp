@@ -1,0 +1,115 @@
+#include "HostRun.h"
+
+#include <algorithm>
+
+#include "Console.h"
+#include "ExitStatus.h"
+#include "HostPlatformTable.h"
+#include "Report.h"
+#include "System.h"
+
+namespace headless {
+
+namespace {
+
+std::string Choose(const std::string& given, const std::string& fallback)
+{
+    return given.empty() ? GetProgramFolder() + "/../" + fallback : MakeAbsolute(given);
+}
+
+// Every path is made absolute before the current folder changes.
+bool SetUp(Options& options, std::string& error)
+{
+    options.plugin = Choose(options.plugin, "Plug-ins/TypeloftSPEA.aip");
+    options.pluginCore = Choose(options.pluginCore, "Vexcor/PluginFiles");
+    options.frameworks = MakeAbsolute(Choose(options.frameworks, "Frameworks"));
+    if (!IsFolder(options.frameworks)) options.frameworks.clear();
+    if (!options.journal.empty()) options.journal = MakeAbsolute(options.journal);
+    if (!options.home.empty() && !UseHome(MakeAbsolute(options.home), error)) return false;
+    std::string libraries;
+    for (const std::string& library : options.libraries) {
+        libraries += (libraries.empty() ? "" : ":") + MakeAbsolute(library);
+    }
+    if (!libraries.empty()) SetEnvironment("CORVANTA_FONT_LIBRARY", libraries);
+    if (options.interactive) SetEnvironment("CORVANTA_INTERACTIVE", "1");
+    return true;
+}
+
+void TellErrorsAndAlerts(Host& host)
+{
+    host.errors.SetSink([&host](const std::string& line) {
+        host.journal.Write("host", "plug-in error", nlohmann::json::object(), line);
+        Tell("plug-in error: " + line);
+    });
+    host.alertSink = [](const Alert& alert) {
+        Tell("alert: " + alert.message +
+             (alert.information.empty() ? std::string() : " (" + alert.information + ")"));
+    };
+}
+
+}  // namespace
+
+int RunHost(const Options& given, const std::function<int(HostRun&)>& body)
+{
+    Options options = given;
+    const std::string startFolder = MakeAbsolute(".");
+    std::string error;
+    if (!SetUp(options, error)) {
+        Tell(error);
+        return kWrongUse;
+    }
+    SystemFonts fonts;
+    Host host(fonts, [](const std::string& path) { return documents::OpenDocument(path); });
+    if (!options.journal.empty() && !host.journal.Open(options.journal, error)) {
+        Tell(error);
+        return kWrongUse;
+    }
+    TellErrorsAndAlerts(host);
+    SetPrivateFrameworks(options.frameworks);
+    CatchInterrupts();
+
+    int status = kAllOpened;
+    Application application(host, options.language);
+    // A folder that isn't there means that PluginCore isn't either; the plug-in tells of it.
+    if (!ChangeFolder(options.pluginCore, error)) Tell("PluginCore: " + error);
+    if (application.Start(options.plugin, error)) {
+        HostRun run{host, application, options, startFolder};
+        status = body(run);
+        if (options.hold > 0) application.Idle(options.hold);
+    } else {
+        Tell(error);
+        status = kPluginNotLoaded;
+    }
+    application.ShutDown();
+    if (host.errors.Count() > 0) {
+        status = std::max<int>(status, kPluginBrokeRule);
+        if (host.errors.Count() > host.errors.Lines().size()) {
+            Tell("plug-in errors in all: " + std::to_string(host.errors.Count()));
+        }
+    }
+    return IsInterrupted() ? kInterrupted : status;
+}
+
+int OpenFile(HostRun& run, const std::string& givenPath, OpenReport& last)
+{
+    const std::string path = MakeAbsolute(run.startFolder, givenPath);
+    last = run.application.Open(path, givenPath);
+    if (!Print(run.options.json ? WriteReportAsJson(last) + "\n" : WriteReportAsTable(last))) {
+        return kFileNotOpened;
+    }
+    if (last.dialog == DialogOutcome::kShown) {
+        Tell(givenPath + ": the dialog \"" + last.dialogTitle + "\" was shown");
+    }
+    if (!last.opened) {
+        Tell(givenPath + ": " + last.error);
+        return kFileNotOpened;
+    }
+    if (!run.options.command.empty()) {
+        SetEnvironment("DOCUMENT", path);
+        const int result = RunCommand(run.options.command, run.startFolder, run.options.json);
+        if (result != 0) Tell("the command ended with status " + std::to_string(result));
+    }
+    return last.HasMissingFont() ? kFontMissing : kAllOpened;
+}
+
+}  // namespace headless

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <set>
+#include <string>
+#include <vector>
+
+#include "Activation.h"
+#include "Database.h"
+#include "DocumentStore.h"
+#include "FontLibrary.h"
+#include "LibraryFolders.h"
+#include "LinkedDocuments.h"
+#include "Locations.h"
+
+namespace plugincore {
+
+// What there is between a start and a stop: the database and all that stands on it. Main thread.
+struct Workspace {
+    // Opens the database. Throws Failure.
+    explicit Workspace(const Locations& places);
+    Workspace(const Workspace&) = delete;
+    Workspace& operator=(const Workspace&) = delete;
+
+    // Repairs what a killed process left and indexes the library.
+    void Start();
+
+    // Drops this process's holds and deactivates what nobody holds.
+    void Stop();
+
+    struct ActiveNames {
+        std::set<std::string> ours;    // through our folder
+        std::set<std::string> others;  // without us
+    };
+
+    // What fontconfig shows at this moment.
+    ActiveNames ListActive() const;
+
+    // Those of the names that fonts can be taken from the library for. If one isn't known, the
+    // index is brought up to date first.
+    std::vector<std::string> KeepThoseInLibrary(const std::vector<std::string>& names);
+
+    // Takes over the user's choice of folders and of a library.
+    void ApplyLibraryChoice();
+
+    Locations locations;
+    Database database;
+    LibraryFolders folders;
+    FontLibrary library;
+    Activation activation;
+    DocumentStore documents;
+    LinkedDocuments linkedDocuments;
+};
+
+// The names in one line.
+std::string JoinNames(const std::vector<std::string>& names);
+
+}  // namespace plugincore

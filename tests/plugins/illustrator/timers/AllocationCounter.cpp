@@ -1,0 +1,59 @@
+#include "AllocationCounter.h"
+
+#include <cstdlib>
+#include <new>
+
+namespace {
+
+std::size_t gAllocations = 0;
+std::size_t gFrees = 0;
+
+void* Allocate(std::size_t size, std::size_t alignment) noexcept
+{
+    ++gAllocations;
+    if (alignment <= alignof(std::max_align_t)) return std::malloc(size == 0 ? 1 : size);
+    return std::aligned_alloc(alignment, (size + alignment - 1) / alignment * alignment);
+}
+
+void* AllocateOrThrow(std::size_t size, std::size_t alignment)
+{
+    void* const block = Allocate(size, alignment);
+    if (block == nullptr) throw std::bad_alloc();
+    return block;
+}
+
+void Free(void* block) noexcept
+{
+    ++gFrees;
+    std::free(block);
+}
+
+}  // namespace
+
+std::size_t AllocationCounter::Allocations() { return gAllocations; }
+std::size_t AllocationCounter::Frees() { return gFrees; }
+
+// The forms that aren't here call one of these.
+void* operator new(std::size_t size) { return AllocateOrThrow(size, 1); }
+void* operator new[](std::size_t size) { return AllocateOrThrow(size, 1); }
+void* operator new(std::size_t size, std::align_val_t alignment)
+{
+    return AllocateOrThrow(size, std::size_t(alignment));
+}
+void* operator new[](std::size_t size, std::align_val_t alignment)
+{
+    return AllocateOrThrow(size, std::size_t(alignment));
+}
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return Allocate(size, 1); }
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept { return Allocate(size, 1); }
+
+void operator delete(void* block) noexcept { Free(block); }
+void operator delete[](void* block) noexcept { Free(block); }
+void operator delete(void* block, std::size_t) noexcept { Free(block); }
+void operator delete[](void* block, std::size_t) noexcept { Free(block); }
+void operator delete(void* block, std::align_val_t) noexcept { Free(block); }
+void operator delete[](void* block, std::align_val_t) noexcept { Free(block); }
+void operator delete(void* block, std::size_t, std::align_val_t) noexcept { Free(block); }
+void operator delete[](void* block, std::size_t, std::align_val_t) noexcept { Free(block); }
+void operator delete(void* block, const std::nothrow_t&) noexcept { Free(block); }
+void operator delete[](void* block, const std::nothrow_t&) noexcept { Free(block); }

@@ -1,0 +1,155 @@
+#include <gmock/gmock.h>
+
+#include "PanelScene.h"
+
+using headless::PanelAnswer;
+using headless::PanelPlayer;
+using nlohmann::json;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+std::string Name(const PanelScene& scene)
+{
+    return "127.0.0.1:" + std::to_string(scene.server.GetPort());
+}
+
+}  // namespace
+
+TEST(PanelRefusals, AWrongTokenIsRefused)
+{
+    PanelScene scene;
+    scene.WriteToken(std::string(64, 'b'));
+    const PanelAnswer answer = scene.Ask({{{"op", "libraries"}}});
+    EXPECT_FALSE(answer.ok);
+    EXPECT_EQ("the panel's token isn't taken: \"{\"error\":\"refused\",\"ok\":false}\"",
+              answer.error);
+    EXPECT_EQ(scene.server.GetPort(), answer.port);
+    EXPECT_EQ(1U, scene.server.lines.size());
+}
+
+TEST(PanelRefusals, WithoutATokenNothingIsSent)
+{
+    PanelScene scene;
+    scene.RemoveToken();
+    EXPECT_EQ("the panel's token can't be read: " + scene.GetTokenFile(), scene.Ask().error);
+    EXPECT_THAT(scene.server.lines, IsEmpty());
+}
+
+TEST(PanelRefusals, AFileWithoutATokenIsNamed)
+{
+    PanelScene scene;
+    const std::string right(64, 'a');
+    for (const std::string& bytes :
+         {std::string(), std::string(63, 'a'), right + "a", right + "\n", std::string(64, 'g')}) {
+        scene.WriteToken(bytes);
+        EXPECT_EQ("the file of the panel's token holds none: " + scene.GetTokenFile(),
+                  scene.Ask().error)
+            << bytes;
+    }
+}
+
+TEST(PanelRefusals, WithoutAServerThereIsOneLine)
+{
+    PanelScene scene;
+    scene.server.StopListening();
+    const PanelAnswer answer = scene.Ask();
+    EXPECT_FALSE(answer.ok);
+    EXPECT_THAT(answer.error, testing::HasSubstr(Name(scene) + ": "));
+}
+
+TEST(PanelRefusals, AServerThatSaysNothingIsNotWaitedForEver)
+{
+    PanelScene scene;
+    scene.welcome.clear();
+    EXPECT_EQ("no answer to the token within 200 ticks", scene.Ask().error);
+    EXPECT_EQ(PanelPlayer::kMaximumTicks, scene.ticks);
+}
+
+TEST(PanelRefusals, ARequestWithoutAnAnswerIsNotWaitedForEver)
+{
+    PanelScene scene;
+    scene.serve = [](const json& request) {
+        return request["op"] == "first" ? "{\"ok\":true}\n" : "{\"ok\":tr";
+    };
+    const PanelAnswer answer = scene.Ask({{{"op", "first"}}, {{"op", "second"}}});
+    EXPECT_FALSE(answer.ok);
+    EXPECT_EQ("no answer to request 2 within 200 ticks", answer.error);
+    EXPECT_THAT(answer.answers, ElementsAre(json{{"ok", true}}));
+}
+
+TEST(PanelRefusals, EventsAloneAreNotTakenForEver)
+{
+    PanelScene scene;
+    std::string endless;
+    for (int count = 0; count < 100000; ++count) endless += "{\"event\":\"libraries\"}\n";
+    scene.server.bytesPerTick = 22;
+    scene.serve = [&](const json&) { return endless; };
+    const PanelAnswer answer = scene.Ask({{{"op", "subscribe"}}});
+    EXPECT_EQ("no answer to request 1 within 200 ticks", answer.error);
+}
+
+TEST(PanelRefusals, AClosedConnectionIsTold)
+{
+    PanelScene scene;
+    scene.serve = [&](const json&) {
+        scene.server.Hang();
+        return "";
+    };
+    EXPECT_EQ("no answer to request 1: " + Name(scene) + ": the connection was closed",
+              scene.Ask({{{"op", "libraries"}}}).error);
+}
+
+TEST(PanelRefusals, AHalfLineBeforeTheEndIsNoAnswer)
+{
+    PanelScene scene;
+    scene.serve = [&](const json&) {
+        scene.server.Hang();
+        return "{\"ok\":true}";
+    };
+    EXPECT_EQ("no answer to request 1: " + Name(scene) +
+                  ": the connection was closed in the middle of a line",
+              scene.Ask({{{"op", "libraries"}}}).error);
+}
+
+TEST(PanelRefusals, AWholeLineBeforeTheEndIsAnAnswer)
+{
+    PanelScene scene;
+    scene.serve = [&](const json&) {
+        scene.server.Hang();
+        return "{\"ok\":true}\n";
+    };
+    EXPECT_TRUE(scene.Ask({{{"op", "libraries"}}}).ok);
+}
+
+TEST(PanelRefusals, ALineThatIsNoJsonIsQuoted)
+{
+    PanelScene scene;
+    scene.serve = [](const json&) { return "GET / HTTP/1.1\r\n"; };
+    EXPECT_EQ("the answer to request 1 isn't a JSON object: \"GET / HTTP/1.1?\"",
+              scene.Ask({{{"op", "libraries"}}}).error);
+}
+
+TEST(PanelRefusals, AnAnswerThatIsNoObjectIsQuoted)
+{
+    PanelScene scene;
+    scene.welcome = "[true]\n";
+    EXPECT_EQ("the answer to the token isn't a JSON object: \"[true]\"", scene.Ask().error);
+}
+
+TEST(PanelRefusals, AnEndlessLineIsCut)
+{
+    PanelScene scene;
+    scene.serve = [](const json&) { return std::string(8000000, 'x'); };
+    EXPECT_EQ("no answer to request 1: " + Name(scene) + ": the answer is too long",
+              scene.Ask({{{"op", "libraries"}}}).error);
+}
+
+TEST(PanelRefusals, ARequestThatIsNoTextIsNamed)
+{
+    PanelScene scene;
+    const PanelAnswer answer = scene.Ask({{{"op", "\xff"}}});
+    EXPECT_FALSE(answer.ok);
+    EXPECT_THAT(answer.error, testing::StartsWith("request 1: "));
+}

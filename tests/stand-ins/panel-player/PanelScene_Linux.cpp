@@ -1,0 +1,80 @@
+#include <gtest/gtest.h>
+#include <stdlib.h>
+
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
+
+#include "PanelScene.h"
+#include "PlugPlugEvent.h"
+
+namespace {
+
+constexpr char kRequest[] = "com.corvanta.portnumberrequest";
+constexpr char kResponse[] = "com.corvanta.portnumberresponse";
+
+}  // namespace
+
+PanelScene::PanelScene() : mFolder(testing::TempDir() + "panel-player-XXXXXX")
+{
+    if (mkdtemp(mFolder.data()) == nullptr) throw std::runtime_error("no scratch folder");
+    std::filesystem::create_directory(mFolder + "/Corvanta");
+    if (const char* const before = getenv("XDG_STATE_HOME")) mStateBefore = before;
+    setenv("XDG_STATE_HOME", mFolder.c_str(), 1);
+    WriteToken(token);
+    server.answer = [this](const std::string& line) {
+        const nlohmann::json request = nlohmann::json::parse(line);
+        if (request == nlohmann::json{{"token", token}}) return welcome;
+        if (server.lines.size() == 1) {
+            server.Hang();
+            return std::string("{\"ok\":false,\"error\":\"refused\"}\n");
+        }
+        return serve ? serve(request) : "{\"ok\":true}\n";
+    };
+    if (mBus.Add(kRequest, Requested, this) != 0) throw std::runtime_error("no bus");
+}
+
+PanelScene::~PanelScene()
+{
+    (void)mBus.Remove(kRequest, Requested, this);  // it was added
+    if (mStateBefore) {
+        setenv("XDG_STATE_HOME", mStateBefore->c_str(), 1);
+    } else {
+        unsetenv("XDG_STATE_HOME");
+    }
+    std::error_code ignored;
+    std::filesystem::remove_all(mFolder, ignored);
+}
+
+headless::PanelAnswer PanelScene::Ask(const std::vector<nlohmann::json>& requests)
+{
+    headless::PanelPlayer player(frameworks);
+    return player.Ask(requests, [this] {
+        if (ticks++ == tellsAtTick) TellPort();
+        server.Tick();
+    });
+}
+
+void PanelScene::WriteToken(const std::string& bytes)
+{
+    std::ofstream(GetTokenFile(), std::ios::binary) << bytes;
+}
+
+void PanelScene::RemoveToken() { std::filesystem::remove(GetTokenFile()); }
+
+void PanelScene::TellPort()
+{
+    const std::string data =
+        payload ? *payload
+                : "<payload><number>" + std::to_string(server.GetPort()) + "</number></payload>";
+    const PlugPlugEvent event = {kResponse, csxs::event::kEventScopeApplication, "test", nullptr,
+                                 data.c_str()};
+    (void)mBus.Dispatch(&event);  // the panel shows what it heard
+}
+
+void PanelScene::Requested(const PlugPlugEvent*, void* context)
+{
+    auto* const self = static_cast<PanelScene*>(context);
+    ++self->portRequests;
+    if (self->answersRequests) self->TellPort();
+}

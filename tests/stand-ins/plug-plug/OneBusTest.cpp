@@ -1,0 +1,57 @@
+#include <gmock/gmock.h>
+#include <stdlib.h>
+
+#include <filesystem>
+
+#include "TestListener.h"
+
+using testing::ElementsAre;
+
+TEST(PlugPlugOneBus, BothFrameworksShareIt)
+{
+    OpenFramework owl("PlugPlugOwl");
+    OpenFramework plain("PlugPlug");
+    const TestListener throughOwl(owl, "some.type");
+    const TestListener throughPlain(plain, "some.type");
+    EXPECT_EQ(kPlugPlugSuccess, DispatchText(plain, "some.type", "one"));
+    EXPECT_EQ(kPlugPlugSuccess, DispatchText(owl, "some.type", "two"));
+    EXPECT_THAT(throughOwl.data, ElementsAre("one", "two"));
+    EXPECT_THAT(throughPlain.data, ElementsAre("one", "two"));
+}
+
+TEST(PlugPlugOneBus, AListenerIsRemovedThroughTheOtherFramework)
+{
+    OpenFramework owl("PlugPlugOwl");
+    OpenFramework plain("PlugPlug");
+    const auto ignore = [](const PlugPlugEvent*, void*) {};
+    ASSERT_EQ(kPlugPlugSuccess, owl.Add("some.type", ignore, nullptr));
+    EXPECT_EQ(kPlugPlugSuccess, plain.Remove("some.type", ignore, nullptr));
+    EXPECT_EQ(kPlugPlugNotFound, owl.Remove("some.type", ignore, nullptr));
+}
+
+TEST(PlugPlugOneBus, EachOpeningOfAFrameworkSharesIt)
+{
+    OpenFramework first("PlugPlugOwl");
+    const TestListener listener(first, "some.type");
+    OpenFramework second("PlugPlugOwl");
+    EXPECT_EQ(kPlugPlugSuccess, DispatchText(second, "some.type", "one"));
+    EXPECT_THAT(listener.data, ElementsAre("one"));
+}
+
+TEST(PlugPlugOneBus, FrameworksOfAnotherFolderShareIt)
+{
+    namespace fs = std::filesystem;
+    std::string folder = testing::TempDir() + "plug-plug-XXXXXX";
+    ASSERT_NE(nullptr, mkdtemp(folder.data()));
+    fs::copy(PLUG_PLUG_FRAMEWORKS, folder, fs::copy_options::recursive);
+    {
+        OpenFramework here("PlugPlugOwl");
+        OpenFramework there("PlugPlugOwl", folder);
+        ASSERT_NE(nullptr, there.Dispatch);
+        EXPECT_NE(here.Dispatch, there.Dispatch);
+        const TestListener listener(here, "some.type");
+        EXPECT_EQ(kPlugPlugSuccess, DispatchText(there, "some.type", "one"));
+        EXPECT_THAT(listener.data, ElementsAre("one"));
+    }
+    fs::remove_all(folder);
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+
+#include "PlugPlugFunctions.h"
+
+// A framework of PlugPlug held open, with its functions. All are null if it can't be opened.
+class OpenFramework {
+public:
+    explicit OpenFramework(const std::string& name,
+                           const std::string& folder = PLUG_PLUG_FRAMEWORKS);
+    ~OpenFramework();
+    OpenFramework(const OpenFramework&) = delete;
+    OpenFramework& operator=(const OpenFramework&) = delete;
+
+    PlugPlugLoadExtensionFunction LoadExtension = nullptr;
+    PlugPlugUnloadExtensionFunction UnloadExtension = nullptr;
+    PlugPlugAddEventListenerFunction Add = nullptr;
+    PlugPlugRemoveEventListenerFunction Remove = nullptr;
+    PlugPlugDispatchEventFunction Dispatch = nullptr;
+
+private:
+    void* mHandle;
+};
