@@ -50,13 +50,16 @@ std::string EndToEnd::EnvironmentOfHome() const
            " XDG_STATE_HOME=" + Quote(home / ".local/state") + "; ";
 }
 
-int EndToEnd::Open(const std::string& arguments)
+int EndToEnd::Open(const std::string& arguments) { return Run("open " + arguments); }
+
+int EndToEnd::Run(const std::string& commandLine)
 {
-    const std::string command = "cd " + Quote(scratch) + "; " + EnvironmentOfHome() +
-                                "exec '" HEADLESS_HOST_PROGRAM "' open " + arguments + " --home " +
-                                Quote(home) + " --library " + Quote(scratch / "library") +
-                                " --plugin '" PLUG_IN_FOLDER "' --plugin-core " +
-                                Quote(pluginCore) + " >out 2>err </dev/null";
+    const std::string command =
+        "cd " + Quote(scratch) + "; " + EnvironmentOfHome() + "exec '" HEADLESS_HOST_PROGRAM "' " +
+        commandLine + " --home " + Quote(home) +
+        " --frameworks '" PRIVATE_FRAMEWORKS_FOLDER "' --library " + Quote(scratch / "library") +
+        " --plugin '" PLUG_IN_FOLDER "' --plugin-core " + Quote(pluginCore) +
+        " >out 2>err </dev/null";
     const int status = std::system(command.c_str());
     output = ReadFile(scratch / "out");
     errors = ReadFile(scratch / "err");

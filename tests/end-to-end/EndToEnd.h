@@ -22,6 +22,9 @@ protected:
     // ended it. What it wrote is in `output` and `errors`.
     int Open(const std::string& arguments);
 
+    // The same for any command of `headless-host`, as "run FILE".
+    int Run(const std::string& commandLine);
+
     // The line of JSON for each file, in order, of the last run.
     std::vector<nlohmann::json> Reports() const;
 

@@ -25,7 +25,8 @@ TEST_F(EndToEnd, TheRoadOfOneFileIsAsItIsKept)
     std::string road;
     std::istringstream lines(ReadFile(scratch / "journal"));
     for (std::string line; std::getline(lines, line);) {
-        const auto entry = nlohmann::json::parse(line);
+        auto entry = nlohmann::json::parse(line);
+        if (entry.at("op") == "GetSocketPort") entry["result"] = "a port";
         road += entry.at("side").get<std::string>() + " | " + entry.at("op").get<std::string>() +
                 " | " + entry.at("args").dump() + " | " + entry.at("result").dump() + "\n";
     }

@@ -1,0 +1,78 @@
+#include <chrono>
+#include <cstdlib>
+#include <regex>
+#include <sstream>
+
+#include "EndToEnd.h"
+#include "SessionNames.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// What crosses both boundaries, without the suites; what differs from run to run is left out.
+std::string Condense(const std::string& journal, const std::string& scratch)
+{
+    std::string text;
+    std::istringstream lines(journal);
+    for (std::string line; std::getline(lines, line);) {
+        auto entry = nlohmann::json::parse(line);
+        if (entry.at("side") == "suite") continue;
+        if (entry.at("op") == "GetSocketPort") entry["result"] = "a port";
+        text += entry.at("side").get<std::string>() + " | " + entry.at("op").get<std::string>() +
+                " | " + entry.at("args").dump() + " | " + entry.at("result").dump() + "\n";
+    }
+    for (size_t at = text.find(scratch); at != std::string::npos; at = text.find(scratch, at)) {
+        text.replace(at, scratch.size(), "SCRATCH");
+    }
+    // Lasting ids of documents, handles and block numbers.
+    text = std::regex_replace(text, std::regex("[0-9a-f]{32}"), "ID");
+    text = std::regex_replace(
+        text, std::regex("[0-9a-f]{8}-[0-9a-f]{4}-[0-9a-f]{4}-[0-9a-f]{4}-[0-9a-f]{12}"), "ID");
+    return std::regex_replace(text, std::regex("#[0-9]+"), "#N");
+}
+
+}  // namespace
+
+class Session : public EndToEnd, public testing::WithParamInterface<const char*> {
+protected:
+    Session()
+    {
+        // Long ago, so that whatever is saved is newer than it was at the open.
+        for (const char* name : {"leaflet.eps", "letterhead.ait", "missing-font.pdf"}) {
+            fs::last_write_time(scratch / Sample(name),
+                                fs::file_time_type::clock::now() - std::chrono::hours(24 * 365));
+        }
+        WriteFile(scratch / "version8.eps",
+                  "%!PS-Adobe-3.0 EPSF-3.0\n%%Creator: Adobe Illustrator(R) 8.0\n"
+                  "%%BoundingBox: 0 0 100 100\n%%DocumentFonts: DejaVuSans\n%%EndComments\n"
+                  "showpage\n%%EOF\n");
+        fs::last_write_time(scratch / "version8.eps",
+                            fs::file_time_type::clock::now() - std::chrono::hours(24 * 365));
+        fs::create_directory(scratch / "library/First");
+    }
+};
+
+TEST_P(Session, GoesAsItIsKept)
+{
+    const std::string name = GetParam();
+    if (name == "disabled") {
+        WriteFile(home / ".config/Corvanta/settings.json", R"({"PluginEnabled":"0"})");
+    }
+    fs::copy(fs::path(SESSIONS_FOLDER) / (name + ".session"), scratch / "session");
+    EXPECT_EQ(Run("run session --journal journal"), 0) << output << errors;
+    const std::string road = Condense(ReadFile(scratch / "journal"), scratch.string());
+    const fs::path golden = fs::path(SESSIONS_FOLDER) / "golden" / (name + ".txt");
+    if (std::getenv("UPDATE_GOLDEN") != nullptr) WriteFile(golden, road);
+    EXPECT_EQ(road, ReadFile(golden));
+    EXPECT_THAT(FontFilesInHome(), testing::IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(All, Session, testing::ValuesIn(kSessionNames),
+                         [](const auto& information) {
+                             std::string name = information.param;
+                             for (char& c : name) {
+                                 if (c == '-') c = '_';
+                             }
+                             return name;
+                         });
