@@ -66,9 +66,9 @@ Usage ReadUsage(const std::string& text)
 
 std::vector<std::string> ReadFontNames(const std::string& text)
 {
-    std::optional<std::vector<std::string>> names = ReadUsage(text).fonts;
-    if (!names) throw MakeFailure("it has no array of fonts");
-    return *std::move(names);
+    Usage usage = ReadUsage(text);
+    if (!usage.fonts) throw MakeFailure("it has no array of fonts");
+    return std::move(*usage.fonts);
 }
 
 std::string WriteFontNames(const std::vector<std::string>& names)
