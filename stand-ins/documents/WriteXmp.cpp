@@ -37,6 +37,7 @@ std::string EscapeXml(const std::string& text)
 std::string MakeManifest(const std::string& rdf, const std::vector<std::string>& placedFiles)
 {
     if (placedFiles.empty()) return {};
+    const std::string_view resource = ":parseType=\"Resource\">\n";
     std::string text;
     const auto add = [&text](std::initializer_list<std::string_view> parts) {
         for (const std::string_view part : parts) text += part;
@@ -49,11 +50,9 @@ std::string MakeManifest(const std::string& rdf, const std::vector<std::string>&
          "   <xmpMM:Manifest>\n    <",
          rdf, ":Bag>\n"});
     for (const std::string& file : placedFiles) {
-        add({"     <", rdf, ":li ", rdf,
-             ":parseType=\"Resource\">\n"
-             "      <stMfs:linkForm>ReferenceStream</stMfs:linkForm>\n"
-             "      <stMfs:reference ",
-             rdf, ":parseType=\"Resource\">\n       <stRef:filePath>", EscapeXml(file),
+        add({"     <", rdf, ":li ", rdf, resource});
+        add({"      <stMfs:linkForm>ReferenceStream</stMfs:linkForm>\n", "      <stMfs:reference ",
+             rdf, resource, "       <stRef:filePath>", EscapeXml(file),
              "</stRef:filePath>\n      </stMfs:reference>\n     </", rdf, ":li>\n"});
     }
     add({"    </", rdf, ":Bag>\n   </xmpMM:Manifest>\n  </", rdf, ":Description>\n"});

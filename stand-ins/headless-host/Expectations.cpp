@@ -30,7 +30,7 @@ LineResult CheckWord(const std::string& word, const std::vector<std::string>& kn
 
 LineResult ExpectFont(Session& session, const Words& words)
 {
-    const LineResult known =
+    LineResult known =
         CheckWord(words[1], {"default", "active", "activated", "missing"}, "state of a font");
     if (known.outcome != LineOutcome::kDone) return known;
     const std::string subject = "font " + words[0];
@@ -86,7 +86,7 @@ LineResult ExpectCalls(Session& session, const Words& words)
 
 LineResult ExpectDialog(Session& session, const Words& words)
 {
-    const LineResult known = CheckWord(words[0], {"none", "dismissed", "shown"}, "outcome");
+    LineResult known = CheckWord(words[0], {"none", "dismissed", "shown"}, "outcome");
     if (known.outcome != LineOutcome::kDone) return known;
     return Compare("missing-fonts dialog", words[0], GetDialogName(session.lastOpened.dialog));
 }
@@ -104,8 +104,8 @@ LineResult ExpectDocuments(Session& session, const Words& words)
 LineResult ExpectMenu(Session& session, const Words& words)
 {
     const std::string& state = words.back();
-    const LineResult known = CheckWord(
-        state, {"checked", "unchecked", "enabled", "disabled", "absent"}, "state of a menu item");
+    LineResult known = CheckWord(state, {"checked", "unchecked", "enabled", "disabled", "absent"},
+                                 "state of a menu item");
     if (known.outcome != LineOutcome::kDone) return known;
     std::string label = words[0];
     for (size_t i = 1; i + 1 < words.size(); ++i) label += " " + words[i];

@@ -18,7 +18,7 @@ std::string CloseDocumentWithoutPath(PCILoader* core)
 {
     // One byte more than is copied, so that a usage that fills it ends.
     char buffer[kUsageSize + 1] = {};
-    const std::string usage = CurrentDocumentFontUsage();
+    std::string usage = CurrentDocumentFontUsage();
     if (!usage.empty()) {
         usage.copy(buffer, kUsageSize);
         int value = 0;

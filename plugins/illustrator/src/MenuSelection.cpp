@@ -32,7 +32,8 @@ void RefreshAllItems(const AIMenuSuite* menus, AIMenuItemHandle item)
     const MenuIndex index(root, "id");
     for (const auto& entry : gMenuState.sMenuHandleMap) {
         // As the search does, up to a zero byte in the id.
-        const json* const node = index.Find(entry.second.c_str());
+        const std::string& id = entry.second;
+        const json* const node = index.Find(id.substr(0, id.find('\0')));
         if (node != nullptr) RefreshItem(menus, entry.first, *node);
     }
 }
