@@ -7,7 +7,9 @@ function(typeloft_target target)
         C_VISIBILITY_PRESET hidden
         CXX_VISIBILITY_PRESET hidden
         VISIBILITY_INLINES_HIDDEN ON)
-    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow)
+    # Reports name their source file: no path of the building machine goes into a binary.
+    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow
+        -fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=)
     if(TYPELOFT_WERROR)
         target_compile_options(${target} PRIVATE -Werror)
     endif()

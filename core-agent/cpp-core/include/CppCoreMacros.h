@@ -4,20 +4,14 @@
 
 #include "CoreErrorCodes.h"
 
-// The one line that a failing core function writes beside returning its code. It never changes the
-// flow of its caller, and it never throws.
+// The full name of the code's constant, or "Unknown error code". Any thread. The table of names is
+// built at the first call, which only a failure makes.
+std::string GetNameForErrorCode(unsigned int code);
+
+// The one line that a failing core function writes beside returning its code; it goes to the shared
+// logger under the category. It never changes the flow of its caller, and it never throws.
 //
 // Levels: 1 for an error, 0 for a report that stays silent, 4 for one below the default threshold.
-
-// The line's text; the blanks are part of it.
-std::string FormatCoreError(const std::string& name, const char* file, int line,
-                            const char* expression, unsigned int code);
-
-// Where a report goes. Null, the value at load, discards it. The receiver may be called from any
-// thread and must not throw.
-typedef void (*CoreErrorReceiver)(const char* category, int level, unsigned int code,
-                                  const char* expression, const char* file, int line);
-void SetCoreErrorReceiver(CoreErrorReceiver receiver);
 void ReportCoreError(const char* category, int level, unsigned int code, const char* expression,
                      const char* file, int line) noexcept;
 

@@ -1,35 +1,67 @@
 #include "CppCoreMacros.h"
 
 #include <atomic>
-#include <cstdio>
+#include <map>
+#include <memory>
+
+#include "CoreErrorNames.h"
+#include "GBlockingLockStrategy.h"
+#include "GLogger.h"
+#include "GMutex.h"
+#include "GScopedLock.h"
 
 namespace {
 
-std::atomic<CoreErrorReceiver> sReceiver{nullptr};
+typedef std::map<unsigned int, std::string> CodeTable;
 
 constexpr char kReportFormat[] = "Error='%s'  File='%s'  Line=%d  Expression='%s'  Code='%u'  ";
 
-}  // namespace
-
-std::string FormatCoreError(const std::string& name, const char* file, int line,
-                            const char* expression, unsigned int code)
+CodeTable* MakeCodeTable()
 {
-    const int length =
-        std::snprintf(nullptr, 0, kReportFormat, name.c_str(), file, line, expression, code);
-    if (length <= 0) return std::string();
-    std::string text(static_cast<size_t>(length) + 1, '\0');
-    // The length was measured by the call above.
-    (void)std::snprintf(&text[0], text.size(), kReportFormat, name.c_str(), file, line, expression,
-                        code);
-    text.pop_back();
-    return text;
+    auto table = std::make_unique<CodeTable>();
+    for (const CoreErrorName& row : kCoreErrorNames) {
+        table->emplace_hint(table->end(), MakeErrorCode(row.ordinal, row.classNumber), row.name);
+    }
+    return table.release();
 }
 
-void SetCoreErrorReceiver(CoreErrorReceiver receiver) { sReceiver = receiver; }
+}  // namespace
+
+std::string GetNameForErrorCode(unsigned int code)
+{
+    // Lives until the process ends.
+    static std::atomic<CodeTable*> gMap{nullptr};
+    static GMutex mutex;
+    // The report of a lock that fails here asks for a name as well: it must not lock again.
+    static thread_local bool sIsFilling = false;
+    if (gMap.load(std::memory_order_acquire) == nullptr && !sIsFilling) {
+        struct FillingScope {
+            FillingScope() { sIsFilling = true; }
+            ~FillingScope() { sIsFilling = false; }
+        } filling;
+        const GScopedLock lock(mutex, true, new GBlockingLockStrategy);
+        if (lock.IsLocked() && gMap.load(std::memory_order_relaxed) == nullptr) {
+            gMap.store(MakeCodeTable(), std::memory_order_release);
+        }
+    }
+    const CodeTable* const table = gMap.load(std::memory_order_acquire);
+    if (table != nullptr) {
+        const auto found = table->find(code);
+        if (found != table->end()) return found->second;
+    }
+    return "Unknown error code";
+}
 
 void ReportCoreError(const char* category, int level, unsigned int code, const char* expression,
                      const char* file, int line) noexcept
 {
-    const CoreErrorReceiver receiver = sReceiver;
-    if (receiver != nullptr) receiver(category, level, code, expression, file, line);
+    try {
+        GLogger* const logger = GLogger::GetSharedInstance();
+        const std::string name = GetNameForErrorCode(code);
+        if (logger == nullptr) return;
+        logger->Log(category, GLogger::LoggingLevel(level), kReportFormat, name.c_str(), file, line,
+                    expression, code);
+    } catch (...) {
+        // A report that can't be made is lost: its caller has the code.
+    }
 }

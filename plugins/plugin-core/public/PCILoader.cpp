@@ -1,6 +1,9 @@
 #include "PCILoader.h"
 
+#include "CoreErrorCodes.h"
 #include "DebugUtils.h"
+#include "FileProbes.h"
+#include "GetPathToRunningProcess.h"
 #include "SimpleAlert.h"
 #include "TraceArguments.h"
 
@@ -10,6 +13,26 @@ constexpr char kFrameworkName[] = "PluginCore.framework";
 
 // The size that the table once had; a framework that lacks exactly so many is reported as empty.
 constexpr int kFormerFunctionCount = 24;
+
+// The path of the framework, which lies with the font manager's core process; the bare name when
+// nothing tells where that is.
+std::string LocateFramework()
+{
+    std::string directory;
+    if (GetPathToRunningProcessExe("Vexcor", directory) != CoreErrorCodes::kSuccess &&
+        GetConfiguredPath("Corvanta", "com.corvanta.Vexcor-LaunchInfo.conf", "vexcor.path",
+                          directory) == CoreErrorCodes::kSuccess) {
+        const size_t separator = directory.find_last_of("/\\");
+        if (separator != std::string::npos) directory.erase(separator + 1);
+    }
+    // A framework is a folder: only a plain file of its name beside the executable stays there.
+    if (!directory.empty() && !CorvantaFileUtils::FileExists(directory + kFrameworkName)) {
+        const char separator = directory.back();
+        directory += "PluginFiles";
+        directory += separator;
+    }
+    return directory + kFrameworkName;
+}
 
 }  // namespace
 
@@ -30,7 +53,7 @@ PCILoader* PCILoader::GetSharedInstance()
 
     OutputIndentedAndFormattedString(1, "Entering first call to %s()", "GetSharedInstance");
     // Whether it was found shows in the shared instance.
-    (void)GetThisSharedInstance(kFrameworkName);
+    (void)GetThisSharedInstance(LocateFramework());
     OutputIndentedAndFormattedString(-1, "Exiting first call to %s(); sSharedInstance=0x%08x",
                                      "GetSharedInstance", TracePointer(sSharedInstance));
     return sSharedInstance;

@@ -14,7 +14,7 @@ protected:
         EXPECT_EQ(GJSONUtils::GetValueForKey(source, "id", value), code);
         EXPECT_EQ(value, "before");
     }
-    static bool IsFromTheHeader(const Report& report)
+    static bool IsFromTheHeader(const LoggedReport& report)
     {
         return report.file.find("core-agent/cpp-core/include/GJSONUtils") != std::string::npos;
     }
@@ -66,7 +66,7 @@ TEST_F(JSONGetValueForKey, EmptyValueIsReportedAsAnError)
 {
     std::string text;
     (void)GJSONUtils::GetValueForKey(json::object(), "id", text);  // only the report counts
-    ExpectOneReport(1, CoreErrorCodes::kNotFound, "json.empty()");
+    ExpectOneError(CoreErrorCodes::kNotFound, "json.empty()");
     EXPECT_TRUE(IsFromTheHeader(Reports()[0])) << Reports()[0].file;
 }
 
@@ -81,17 +81,14 @@ TEST_F(JSONGetValueForKey, WhatIsNoObjectIsReportedAsAnError)
 {
     json value;
     (void)GJSONUtils::GetValueForKey(json(5), "id", value);  // only the report counts
-    ExpectOneReport(1, CoreErrorCodes::kInvalidParam, "!json.is_object()");
+    ExpectOneError(CoreErrorCodes::kInvalidParam, "!json.is_object()");
     EXPECT_TRUE(IsFromTheHeader(Reports()[0])) << Reports()[0].file;
 }
 
 TEST_F(JSONGetValueForKey, AbsentKeyIsNotFoundAndItsReportSilent)
 {
     ExpectNothingFrom(json{{"label", "x"}}, CoreErrorCodes::kNotFound);
-    ASSERT_EQ(Reports().size(), 2U);
-    Reports().pop_back();
-    ExpectOneReport(0, CoreErrorCodes::kNotFound, "json.find(key) == json.end()");
-    EXPECT_TRUE(IsFromTheHeader(Reports()[0])) << Reports()[0].file;
+    EXPECT_TRUE(Reports().empty());
 }
 
 TEST_F(JSONGetValueForKey, TextThatIsOfAnotherTypeIsNotFoundAndReportedAsAnError)
@@ -105,7 +102,7 @@ TEST_F(JSONGetValueForKey, TextThatIsOfAnotherTypeIsNotFoundAndReportedAsAnError
                   CoreErrorCodes::kNotFound)
             << other;
         EXPECT_EQ(text, "before") << other;
-        ExpectOneReport(1, CoreErrorCodes::kNotFound, "CoreErrorCodes::kNotFound");
+        ExpectOneError(CoreErrorCodes::kNotFound, "CoreErrorCodes::kNotFound");
         EXPECT_TRUE(IsFromTheHeader(Reports().at(0))) << other;
     }
 }

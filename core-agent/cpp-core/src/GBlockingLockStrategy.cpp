@@ -1,0 +1,5 @@
+#include "GBlockingLockStrategy.h"
+
+#include "GLockable.h"
+
+unsigned int GBlockingLockStrategy::Lock(GLockable& lockable) { return lockable.Lock(); }

@@ -1,0 +1,3 @@
+#include "GLogAppender.h"
+
+GLogAppender::~GLogAppender() = default;

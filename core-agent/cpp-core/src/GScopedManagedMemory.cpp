@@ -1,0 +1,5 @@
+#include "GScopedManagedMemory.h"
+
+GScopedManagedMemory::GScopedManagedMemory() : mOSManagedMemory(nullptr) { OSSetupManagedMemory(); }
+
+GScopedManagedMemory::~GScopedManagedMemory() { OSTearDownManagedMemory(); }

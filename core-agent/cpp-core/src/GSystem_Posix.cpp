@@ -1,0 +1,11 @@
+#include <unistd.h>
+
+#include "GSystem.h"
+
+int GSystem::OSGetSystem() { return 0; }
+
+void GSystem::OSSleep(unsigned int milliseconds)
+{
+    // A sleep that a signal cuts short is short.
+    (void)usleep(milliseconds * 1000u);
+}
