@@ -1,14 +1,22 @@
+#include <cstring>
+
 #include "GThread.h"
 
 static_assert(sizeof(pthread_t) == sizeof(void*), "a thread's identity is of a pointer's size");
 
-namespace {
+// The type is an integer on one system and a pointer on another: its bytes serve both.
 
-// An integer on one system, a pointer on another: the C cast serves both.
-void* ToIdentity(pthread_t thread) { return (void*)thread; }
+void* GThread::OSGetCurrentThread()
+{
+    const pthread_t thread = pthread_self();
+    void* identity = nullptr;
+    std::memcpy(&identity, &thread, sizeof identity);
+    return identity;
+}
 
-}  // namespace
-
-void* GThread::OSGetCurrentThread() { return ToIdentity(pthread_self()); }
-
-pthread_t GThread::OSGetPthreadFromOSData(void* data) { return (pthread_t)data; }
+pthread_t GThread::OSGetPthreadFromOSData(void* data)
+{
+    pthread_t thread = {};
+    std::memcpy(&thread, &data, sizeof thread);
+    return thread;
+}
