@@ -1,10 +1,7 @@
 #include "Activation.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <fstream>
-
-#include "ProcessIdentity.h"
 
 namespace plugincore {
 namespace {
@@ -13,10 +10,45 @@ bool IsReadable(const std::string& file) { return std::ifstream(file, std::ios::
 
 }  // namespace
 
-Activation::Activation(Database& database, FontLibrary& library, ActivationFolder folder,
-                       std::string holder)
-    : mDatabase(database), mLibrary(library), mFolder(std::move(folder)), mHolder(std::move(holder))
+Activation::Activation(Database& database, FontLibrary& library, Programs& programs,
+                       ActivationFolder folder, std::string holder)
+    : mDatabase(database),
+      mLibrary(library),
+      mPrograms(programs),
+      mFolder(std::move(folder)),
+      mHolder(std::move(holder))
 {
+}
+
+// Works under the write lock, on tables and a folder that agree. What fails leaves both as they
+// were.
+template <class Work>
+auto Activation::Change(Work work)
+{
+    try {
+        Transaction transaction(mDatabase);
+        Repairs repairs;
+        if (mMayDiffer || !mPrograms.ListGone().empty()) PutRight(repairs);
+        auto result = work();
+        transaction.Commit();
+        mMayDiffer = false;
+        return result;
+    } catch (...) {
+        RestoreFolder();
+        throw;
+    }
+}
+
+void Activation::RestoreFolder() noexcept
+try {
+    if (!mMayDiffer) return;
+    Transaction transaction(mDatabase);
+    Repairs repairs;
+    MakeFolderEqual(repairs);
+    transaction.Commit();
+    mMayDiffer = false;
+} catch (const std::exception&) {
+    // The failure that led here is told; the next change, and any other program, tries again.
 }
 
 std::string Activation::FindActiveFile(const std::string& name)
@@ -84,16 +116,16 @@ std::vector<int64_t> Activation::GetGroups()
 std::set<std::string> Activation::Hold(const std::string& document,
                                        const std::vector<std::string>& names)
 {
-    std::set<std::string> held;
-    Transaction transaction(mDatabase);
-    for (const std::string& name : names) {
-        const std::string file = FindActiveFile(name);
-        if (file.empty()) continue;
-        AddHold(document, name, file);
-        held.insert(name);
-    }
-    transaction.Commit();
-    return held;
+    return Change([&] {
+        std::set<std::string> held;
+        for (const std::string& name : names) {
+            const std::string file = FindActiveFile(name);
+            if (file.empty()) continue;
+            AddHold(document, name, file);
+            held.insert(name);
+        }
+        return held;
+    });
 }
 
 Activation::Outcome Activation::Activate(const std::string& document,
@@ -104,11 +136,15 @@ Activation::Outcome Activation::Activate(const std::string& document,
         return FindActiveFile(name).empty() && FindReadableFile(name).empty();
     });
     if (isIndexOld) mLibrary.Refresh();
+    return Change([&] { return ActivateInTransaction(document, names); });
+}
 
+Activation::Outcome Activation::ActivateInTransaction(const std::string& document,
+                                                      const std::vector<std::string>& names)
+{
     Outcome outcome;
     ActivationFolder::Links links;
     std::set<std::string> newFiles;
-    Transaction transaction(mDatabase);
     const int64_t group = AddGroup();
     for (const std::string& name : names) {
         std::string file = FindActiveFile(name);
@@ -127,39 +163,34 @@ Activation::Outcome Activation::Activate(const std::string& document,
     }
     if (links.empty()) {
         Statement(mDatabase, "DELETE FROM active_group WHERE id = ?").Bind(group).Run();
-        transaction.Commit();
         return outcome;
     }
+    mMayDiffer = true;
     mFolder.Show(group, links);
-    try {
-        transaction.Commit();
-    } catch (...) {
-        mFolder.Hide(group);
-        throw;
-    }
     return outcome;
 }
 
 void Activation::Release(const std::string& document)
 {
-    Transaction transaction(mDatabase);
-    Statement(mDatabase, "DELETE FROM hold WHERE document = ? AND holder = ?")
-        .Bind(document)
-        .Bind(mHolder)
-        .Run();
-    DeactivateWhatNobodyHolds();
-    transaction.Commit();
+    (void)Change([&] {  // which files went isn't asked for
+        Statement(mDatabase, "DELETE FROM hold WHERE document = ? AND holder = ?")
+            .Bind(document)
+            .Bind(mHolder)
+            .Run();
+        return DeactivateWhatNobodyHolds();
+    });
 }
 
 void Activation::Release(const std::string& document, const std::vector<std::string>& names)
 {
     if (names.empty()) return;
-    Transaction transaction(mDatabase);
-    Statement statement(mDatabase,
-                        "DELETE FROM hold WHERE document = ? AND holder = ? AND name = ?");
-    for (const std::string& name : names) statement.Bind(document).Bind(mHolder).Bind(name).Run();
-    DeactivateWhatNobodyHolds();
-    transaction.Commit();
+    (void)Change([&] {  // which files went isn't asked for
+        Statement statement(mDatabase,
+                            "DELETE FROM hold WHERE document = ? AND holder = ? AND name = ?");
+        for (const std::string& name : names)
+            statement.Bind(document).Bind(mHolder).Bind(name).Run();
+        return DeactivateWhatNobodyHolds();
+    });
 }
 
 std::set<std::string> Activation::GetHeld(const std::string& document)
@@ -189,43 +220,74 @@ std::set<std::string> Activation::GetActive()
     return names;
 }
 
+std::vector<Activation::HoldOfDocument> Activation::ListHolds(const std::string& name)
+{
+    Statement statement(mDatabase,
+                        "SELECT document, file, holder FROM hold WHERE name = ?"
+                        " ORDER BY document, holder");
+    statement.Bind(name);
+    std::vector<HoldOfDocument> holds;
+    while (statement.Step())
+        holds.push_back({statement.GetText(0), statement.GetText(1), statement.GetText(2)});
+    return holds;
+}
+
 void Activation::ReleaseAll()
 {
-    Transaction transaction(mDatabase);
-    Statement(mDatabase, "DELETE FROM hold WHERE holder = ?").Bind(mHolder).Run();
-    DeactivateWhatNobodyHolds();
-    transaction.Commit();
+    (void)Change([&] {  // which files went isn't asked for
+        Statement(mDatabase, "DELETE FROM hold WHERE holder = ?").Bind(mHolder).Run();
+        return DeactivateWhatNobodyHolds();
+    });
 }
 
-void Activation::Repair()
+Activation::Repairs Activation::Repair()
 {
-    Transaction transaction(mDatabase);
-    DropHoldsOfDeadProcesses();
-    DeactivateWhatNobodyHolds();
-    MakeFolderEqual();
-    transaction.Commit();
+    return Change([&] {
+        Repairs repairs;
+        PutRight(repairs);
+        return repairs;
+    });
 }
 
-void Activation::DropHoldsOfDeadProcesses()
+Activation::Repairs Activation::RepairIfNeeded()
 {
-    std::vector<std::string> dead;
-    Statement holders(mDatabase, "SELECT DISTINCT holder FROM hold");
-    while (holders.Step())
-        if (!IsProcessAlive(holders.GetText(0))) dead.push_back(holders.GetText(0));
-    for (const std::string& holder : dead)
-        Statement(mDatabase, "DELETE FROM hold WHERE holder = ?").Bind(holder).Run();
+    if (!mMayDiffer && mPrograms.ListGone().empty()) return {};
+    return Repair();
 }
 
-void Activation::DeactivateWhatNobodyHolds()
+void Activation::PutRight(Repairs& repairs)
 {
-    std::vector<int64_t> touched;
-    {
-        Statement groups(mDatabase,
-                         "SELECT DISTINCT group_id FROM active_file"
-                         " WHERE path NOT IN (SELECT file FROM hold)");
-        while (groups.Step()) touched.push_back(groups.GetNumber(0));
+    DropHoldsOfGonePrograms(repairs);
+    repairs.deactivatedFiles = DeactivateWhatNobodyHolds();
+    MakeFolderEqual(repairs);
+}
+
+void Activation::DropHoldsOfGonePrograms(Repairs& repairs)
+{
+    for (const Programs::Program& program : mPrograms.ListGone()) {
+        repairs.gonePrograms.push_back(mPrograms.Describe(program.identity));
+        Statement holds(mDatabase, "SELECT name, document FROM hold WHERE holder = ?");
+        holds.Bind(program.identity);
+        while (holds.Step())
+            repairs.droppedHolds.push_back(holds.GetText(0) + " for " + holds.GetText(1));
+        mPrograms.Forget(program.identity);
     }
+}
+
+std::vector<std::string> Activation::DeactivateWhatNobodyHolds()
+{
+    std::set<int64_t> touched;
+    std::vector<std::string> files;
+    {
+        Statement unheld(mDatabase,
+                         "SELECT path, group_id FROM active_file"
+                         " WHERE path NOT IN (SELECT file FROM hold)");
+        for (; unheld.Step(); touched.insert(unheld.GetNumber(1)))
+            files.push_back(unheld.GetText(0));
+    }
+    if (files.empty()) return files;
     mDatabase.Execute("DELETE FROM active_file WHERE path NOT IN (SELECT file FROM hold)");
+    mMayDiffer = true;
     for (const int64_t group : touched) {
         const ActivationFolder::Links kept = GetLinks(group);
         if (!kept.empty()) {
@@ -235,19 +297,30 @@ void Activation::DeactivateWhatNobodyHolds()
         Statement(mDatabase, "DELETE FROM active_group WHERE id = ?").Bind(group).Run();
         mFolder.Hide(group);
     }
+    return files;
 }
 
-void Activation::MakeFolderEqual()
+void Activation::MakeFolderEqual(Repairs& repairs)
 {
-    mFolder.RemoveLeftovers();
-    std::vector<int64_t> known = GetGroups();
-    for (const int64_t group : mFolder.List())
-        if (std::find(known.begin(), known.end(), group) == known.end()) mFolder.Hide(group);
+    mMayDiffer = true;
+    if (const size_t count = mFolder.RemoveLeftovers(); count != 0)
+        repairs.folderChanges.push_back("removed " + std::to_string(count) + " half done folder" +
+                                        (count == 1 ? "" : "s"));
+    const std::vector<int64_t> known = GetGroups();
+    for (const int64_t group : mFolder.List()) {
+        if (std::find(known.begin(), known.end(), group) != known.end()) continue;
+        mFolder.Hide(group);
+        repairs.folderChanges.push_back("removed group " + std::to_string(group) +
+                                        ", which isn't in the database");
+    }
     for (const int64_t group : known) {
         const ActivationFolder::Links links = GetLinks(group);
         if (mFolder.Holds(group, links)) continue;
         mFolder.Hide(group);
         mFolder.Show(group, links);
+        repairs.folderChanges.push_back("restored group " + std::to_string(group) + ", " +
+                                        std::to_string(links.size()) + " file" +
+                                        (links.size() == 1 ? "" : "s"));
     }
 }
 

@@ -7,6 +7,7 @@
 #include "ActivationFolder.h"
 #include "Database.h"
 #include "FontLibrary.h"
+#include "Programs.h"
 
 namespace plugincore {
 
@@ -16,20 +17,47 @@ namespace plugincore {
 // A font stays active as long as any document of any live process holds it. What is active without
 // PluginCore is neither held nor touched. A whole file comes and goes with each name in it: holding
 // one name of a collection keeps all.
+//
+// Several processes may work at once, and each may be killed at any moment. What changes tables and
+// folder does so under the database's write lock, and first puts right what a killed process left.
 class Activation {
 public:
-    // `holder` is the identity of this process. The references have to outlive this object.
-    Activation(Database& database, FontLibrary& library, ActivationFolder folder,
-               std::string holder);
+    // `holder` is the identity of this process, which is in the list of programs whenever something
+    // is changed. The references have to outlive this object.
+    Activation(Database& database, FontLibrary& library, Programs& programs,
+               ActivationFolder folder, std::string holder);
 
     struct Outcome {
         std::vector<std::string> activated;  // names asked for that weren't visible before
         std::vector<std::string> failed;     // names that no readable file has
     };
 
-    // What a killed process left: drops the holds of processes that are gone and makes the folder
-    // equal to the tables.
-    void Repair();
+    // One document's need for a name.
+    struct HoldOfDocument {
+        std::string document;
+        std::string file;
+        std::string holder;  // identity of the process
+    };
+
+    // What a repair found, as texts for the user.
+    struct Repairs {
+        std::vector<std::string> gonePrograms;
+        std::vector<std::string> droppedHolds;
+        std::vector<std::string> deactivatedFiles;
+        std::vector<std::string> folderChanges;
+        bool IsEmpty() const
+        {
+            return gonePrograms.empty() && deactivatedFiles.empty() && folderChanges.empty();
+        }
+    };
+
+    // What a killed process left: drops the holds of processes that are gone, deactivates what
+    // nobody holds and makes the folder equal to the tables.
+    Repairs Repair();
+
+    // The same if a process was killed since the last look, or a change of this one failed half
+    // way. Takes no lock if there is nothing to do.
+    Repairs RepairIfNeeded();
 
     // Makes the document hold those of the names that PluginCore activated; returns them.
     std::set<std::string> Hold(const std::string& document, const std::vector<std::string>& names);
@@ -53,27 +81,40 @@ public:
     // All names that are active through the folder, whoever holds them.
     std::set<std::string> GetActive();
 
+    // The file that makes the name active through the folder, empty if none does.
+    std::string FindActiveFile(const std::string& name);
+
+    // Who holds the name, by document.
+    std::vector<HoldOfDocument> ListHolds(const std::string& name);
+
     // The same for all documents of this process.
     void ReleaseAll();
 
     const ActivationFolder& GetFolder() const { return mFolder; }
 
 private:
-    std::string FindActiveFile(const std::string& name);
+    template <class Work>
+    auto Change(Work work);
+    void RestoreFolder() noexcept;
     std::string FindReadableFile(const std::string& name);
     void AddHold(const std::string& document, const std::string& name, const std::string& file);
     int64_t AddGroup();
     bool AddFile(const std::string& file, int64_t group, ActivationFolder::Links& links);
     ActivationFolder::Links GetLinks(int64_t group);
     std::vector<int64_t> GetGroups();
-    void DropHoldsOfDeadProcesses();
-    void DeactivateWhatNobodyHolds();
-    void MakeFolderEqual();
+    void PutRight(Repairs& repairs);
+    void DropHoldsOfGonePrograms(Repairs& repairs);
+    std::vector<std::string> DeactivateWhatNobodyHolds();
+    void MakeFolderEqual(Repairs& repairs);
+    Outcome ActivateInTransaction(const std::string& document,
+                                  const std::vector<std::string>& names);
 
     Database& mDatabase;
     FontLibrary& mLibrary;
+    Programs& mPrograms;
     ActivationFolder mFolder;
     std::string mHolder;
+    bool mMayDiffer = false;  // the folder was changed and the tables weren't
 };
 
 }  // namespace plugincore

@@ -27,7 +27,7 @@ public:
     // The name of a file's link; `position` makes it the only one in its group.
     static std::string MakeLinkName(size_t position, const std::string& file);
 
-    // Makes the group visible in one step. A group of that number may not be there.
+    // Makes the group visible in one step. What is there under that number goes first.
     void Show(int64_t group, const Links& links) const;
 
     // Leaves only these links, all of them there already, in a visible group. They are visible at
@@ -43,8 +43,9 @@ public:
     // The numbers of all groups that are there.
     std::vector<int64_t> List() const;
 
-    // Removes what a killed process left half done. Nothing that this class didn't make is touched.
-    void RemoveLeftovers() const;
+    // Removes what a killed process left half done; returns how much. Nothing that this class
+    // didn't make is touched.
+    size_t RemoveLeftovers() const;
 
     const std::filesystem::path& GetPath() const { return mFolder; }
 

@@ -95,6 +95,7 @@ void ActivationFolder::Show(int64_t group, const Links& links) const
     const fs::path parent = GetParent(group);
     const fs::path prepared = parent / ("." + GetGroupName(group) + ".new");
     Remove(prepared);
+    Hide(group);
     try {
         MakeLinks(prepared, links);
         Rename(prepared, parent / GetGroupName(group));
@@ -170,10 +171,15 @@ std::vector<int64_t> ActivationFolder::List() const
     return groups;
 }
 
-void ActivationFolder::RemoveLeftovers() const
+size_t ActivationFolder::RemoveLeftovers() const
 {
-    for (const fs::path& entry : ListEntries())
-        if (IsLeftover(entry.filename())) Remove(entry);
+    size_t count = 0;
+    for (const fs::path& entry : ListEntries()) {
+        if (!IsLeftover(entry.filename())) continue;
+        Remove(entry);
+        ++count;
+    }
+    return count;
 }
 
 }  // namespace plugincore

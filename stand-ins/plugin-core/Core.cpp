@@ -20,7 +20,7 @@ Core::Running::Running(const Locations& places, Settings& settings)
           panelProtocol.NoteLibraries();
       })
 {
-    workspace.Start();
+    (void)workspace.Start();  // what was repaired is told by nobody
     watch.Begin(workspace.folders.GetFolders(), [this] {
         std::vector<std::string> paths;
         for (const Library& library : workspace.folders.List()) paths.push_back(library.path);
@@ -117,9 +117,20 @@ void Core::UpdateUsage(const std::string& id, const std::string& usage)
     GetRunning().life.Update(id, usage);
 }
 
+void Core::LookForGonePrograms()
+{
+    constexpr std::chrono::milliseconds kBetweenLooks(500);
+    const auto now = std::chrono::steady_clock::now();
+    if (now - mRunning->lastLook < kBetweenLooks) return;
+    mRunning->lastLook = now;
+    (void)mRunning->workspace.activation.RepairIfNeeded();  // what was repaired is told by nobody
+}
+
 void Core::Idle()
 {
-    if (!mRunning || !mRunning->watch.HasChanged()) return;
+    if (!mRunning) return;
+    LookForGonePrograms();
+    if (!mRunning->watch.HasChanged()) return;
     mRunning->panelProtocol.NoteLibraries();
     if (mRebuild) mRebuild();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <string>
 
@@ -50,6 +51,8 @@ public:
 
     // Called from Idle when libraries came or went.
     void SetRebuildCallback(void (*callback)()) { mRebuild = callback; }
+
+    // Also looks, at times, whether another process was killed, and puts right what it left.
     void Idle();
 
     // The port of the panel's socket, which the first call opens.
@@ -66,9 +69,11 @@ private:
         PanelProtocol panelProtocol;
         MenuCommands commands;
         std::unique_ptr<PanelServer> panel;
+        std::chrono::steady_clock::time_point lastLook;  // for programs that are gone
     };
 
     Running& GetRunning();
+    void LookForGonePrograms();
     ActivationMode GetMode();
 
     Settings mSettings;

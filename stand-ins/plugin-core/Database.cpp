@@ -7,7 +7,7 @@
 namespace plugincore {
 namespace {
 
-constexpr int kSchemaVersion = 2;
+constexpr int kSchemaVersion = 3;
 constexpr int kBusyMilliseconds = 10000;
 
 // font_file, font_face: the index of the libraries; a file without faces has its problem.
@@ -43,6 +43,13 @@ CREATE TABLE choice(name TEXT PRIMARY KEY, value TEXT NOT NULL);
 PRAGMA user_version = 2;
 )";
 
+// What version 3 added.
+// program: who works with the database and the folder at the moment.
+constexpr const char* kSchemaOfVersion3 = R"(
+CREATE TABLE program(identity TEXT PRIMARY KEY, name TEXT NOT NULL);
+PRAGMA user_version = 3;
+)";
+
 int64_t GetSchemaVersion(Database& database)
 {
     Statement statement(database, "PRAGMA user_version");
@@ -59,6 +66,7 @@ void UpdateSchema(Database& database, const std::string& file)
                       file + ": written by a newer version of this program");
     if (version < 1) database.Execute(kSchema);
     if (version < 2) database.Execute(kSchemaOfVersion2);
+    if (version < 3) database.Execute(kSchemaOfVersion3);
     transaction.Commit();
 }
 

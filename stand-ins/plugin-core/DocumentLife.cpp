@@ -72,7 +72,7 @@ std::string DocumentLife::Open(const std::string& path, const std::string& fonts
     const Workspace::ActiveNames active = mWorkspace.ListActive();
     // Somebody may have cleared the folder meanwhile.
     if (!std::includes(active.ours.begin(), active.ours.end(), held.begin(), held.end()))
-        mWorkspace.activation.Repair();
+        (void)mWorkspace.activation.Repair();  // what was repaired is told by nobody
     if (mode == ActivationMode::kOff) return {};
     return WriteFontNames(mWorkspace.KeepThoseInLibrary(Select(names, [&](const auto& name) {
         return held.count(name) == 0 && active.others.count(name) == 0;

@@ -1,9 +1,5 @@
 #include "DocumentStore.h"
 
-#include <vector>
-
-#include "ProcessIdentity.h"
-
 namespace plugincore {
 namespace {
 
@@ -73,16 +69,9 @@ bool DocumentStore::StoreUsageOfId(const std::string& id, const std::string& usa
 
 void DocumentStore::ForgetBlanks()
 {
-    std::vector<std::string> gone;
-    Statement holders(mDatabase, "SELECT DISTINCT holder FROM document WHERE path IS NULL");
-    while (holders.Step()) {
-        const std::string holder = holders.GetText(0);
-        if (holder == mHolder || !IsProcessAlive(holder)) gone.push_back(holder);
-    }
-    for (const std::string& holder : gone)
-        Statement(mDatabase, "DELETE FROM document WHERE path IS NULL AND holder = ?")
-            .Bind(holder)
-            .Run();
+    Statement(mDatabase, "DELETE FROM document WHERE path IS NULL AND holder = ?")
+        .Bind(mHolder)
+        .Run();
 }
 
 }  // namespace plugincore

@@ -35,7 +35,7 @@ public:
     // The path that has this id, empty if none has.
     std::string GetPath(const std::string& id);
 
-    // Forgets the blank documents of this process, and those of processes that are gone.
+    // Forgets the blank documents of this process.
     void ForgetBlanks();
 
 private:

@@ -17,4 +17,8 @@ struct FontFileState {
 // that can't be read are left out; a folder that isn't there has none.
 std::vector<FontFileState> ListFontFiles(const std::string& folder);
 
+// The folder itself and all folders below it, in which ListFontFiles looks. Links to folders are
+// followed for `folder` alone.
+std::vector<std::string> ListFolders(const std::string& folder);
+
 }  // namespace plugincore

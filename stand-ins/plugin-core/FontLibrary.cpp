@@ -77,6 +77,9 @@ std::string GetFoldersAsJson(const std::vector<std::string>& folders)
     return text + "]";
 }
 
+constexpr const char* kOfFaces =
+    " FROM font_face JOIN font_file ON font_file.id = font_face.file WHERE ";
+
 constexpr const char* kInFolders = "library IN (SELECT value FROM json_each(?))";
 
 // Below a folder, or anywhere if the text is empty.
@@ -86,6 +89,13 @@ void BindBelow(Statement& statement, const std::string& folder)
 {
     const std::string prefix = folder.empty() ? folder : folder + "/";
     statement.Bind(prefix).Bind(prefix);
+}
+
+std::vector<std::string> GetTexts(Statement& statement)
+{
+    std::vector<std::string> texts;
+    while (statement.Step()) texts.push_back(statement.GetText(0));
+    return texts;
 }
 
 }  // namespace
@@ -98,6 +108,7 @@ FontLibrary::FontLibrary(Database& database, std::vector<std::string> folders)
 void FontLibrary::Refresh()
 {
     mFilesRead = 0;
+    mFilesGone = 0;
     for (const std::string& folder : mFolders) RefreshFolder(folder);
 }
 
@@ -114,11 +125,16 @@ void FontLibrary::RefreshFolder(const std::string& folder)
         if (!isSame) changed.push_back({state, fonts::ReadFontFaces(state.path)});
     }
     mFilesRead += static_cast<int64_t>(changed.size());
+    mFilesGone += static_cast<int64_t>(gone.size());
     if (changed.empty() && gone.empty()) return;
     Transaction transaction(mDatabase);
+    // What another process has stored meanwhile is newer, and stays.
+    Statement remove(mDatabase,
+                     "DELETE FROM font_file"
+                     " WHERE id = ? AND path = ? AND modified = ? AND size = ?");
+    for (const auto& [path, file] : gone)
+        remove.Bind(file.id).Bind(path).Bind(file.modified).Bind(file.size).Run();
     Store(mDatabase, folder, changed);
-    Statement remove(mDatabase, "DELETE FROM font_file WHERE id = ?");
-    for (const auto& [path, file] : gone) remove.Bind(file.id).Run();
     transaction.Commit();
 }
 
@@ -145,6 +161,39 @@ std::optional<std::string> FontLibrary::FindAnywhere(const std::string& postScri
     return FindIn("", postScriptName);
 }
 
+std::vector<std::string> FontLibrary::ListFiles(const std::string& postScriptName)
+{
+    Statement statement(mDatabase, std::string("SELECT path") + kOfFaces + "name = ? AND " +
+                                       kInFolders +
+                                       " GROUP BY path"
+                                       " ORDER BY MIN(is_type1), MAX(modified) DESC, path");
+    statement.Bind(postScriptName).Bind(GetFoldersAsJson(mFolders));
+    return GetTexts(statement);
+}
+
+std::vector<std::string> FontLibrary::ListSimilarNames(const std::string& postScriptName)
+{
+    const auto simplify = [](const char* text) {
+        return std::string("lower(replace(replace(") + text + ", '-', ''), ' ', ''))";
+    };
+    Statement statement(mDatabase, std::string("SELECT DISTINCT name") + kOfFaces + kInFolders +
+                                       " AND name <> ? AND " + simplify("name") + " = " +
+                                       simplify("?") + " ORDER BY name");
+    statement.Bind(GetFoldersAsJson(mFolders)).Bind(postScriptName).Bind(postScriptName);
+    return GetTexts(statement);
+}
+
+std::vector<FontLibrary::BadFile> FontLibrary::ListBadFiles()
+{
+    Statement statement(mDatabase, std::string("SELECT DISTINCT path, problem FROM font_file"
+                                               " WHERE problem <> '' AND ") +
+                                       kInFolders + " ORDER BY path");
+    statement.Bind(GetFoldersAsJson(mFolders));
+    std::vector<BadFile> files;
+    while (statement.Step()) files.push_back({statement.GetText(0), statement.GetText(1)});
+    return files;
+}
+
 std::vector<std::string> FontLibrary::ListNames(const std::string& folder, int64_t offset,
                                                 int64_t limit)
 {
@@ -155,9 +204,7 @@ std::vector<std::string> FontLibrary::ListNames(const std::string& folder, int64
     statement.Bind(GetFoldersAsJson(mFolders));
     BindBelow(statement, folder);
     statement.Bind(limit).Bind(offset);
-    std::vector<std::string> names;
-    while (statement.Step()) names.push_back(statement.GetText(0));
-    return names;
+    return GetTexts(statement);
 }
 
 int64_t FontLibrary::CountNames(const std::string& folder)
@@ -177,9 +224,7 @@ std::vector<std::string> FontLibrary::GetNamesInFile(const std::string& path)
                         "SELECT DISTINCT name FROM font_face JOIN font_file ON"
                         " font_file.id = font_face.file WHERE path = ?");
     statement.Bind(path);
-    std::vector<std::string> names;
-    while (statement.Step()) names.push_back(statement.GetText(0));
-    return names;
+    return GetTexts(statement);
 }
 
 int64_t FontLibrary::CountRows(const std::string& selectFromWhere)
@@ -198,6 +243,7 @@ FontLibrary::Counts FontLibrary::GetCounts()
         "SELECT COUNT(DISTINCT name) FROM font_face JOIN font_file ON"
         " font_file.id = font_face.file WHERE ");
     counts.filesRead = mFilesRead;
+    counts.filesGone = mFilesGone;
     return counts;
 }
 

@@ -24,6 +24,7 @@ public:
         int64_t names = 0;      // different PostScript names
         int64_t badFiles = 0;   // skipped; they aren't read again until they change
         int64_t filesRead = 0;  // by the last Refresh
+        int64_t filesGone = 0;  // taken out by the last Refresh
     };
 
     // Other folders from now on; to be indexed by the next Refresh.
@@ -42,6 +43,18 @@ public:
 
     // The same, wherever in the folders it lies.
     std::optional<std::string> FindAnywhere(const std::string& postScriptName);
+
+    // All files that have the name, wherever in the folders they lie, the one to take first.
+    std::vector<std::string> ListFiles(const std::string& postScriptName);
+
+    // Names that differ from this one by case, blanks and hyphens alone.
+    std::vector<std::string> ListSimilarNames(const std::string& postScriptName);
+
+    struct BadFile {
+        std::string path;
+        std::string problem;
+    };
+    std::vector<BadFile> ListBadFiles();
 
     // The names in a folder and those below it, or in all folders if it is empty, in ascending
     // order: at most `limit` of them from position `offset`.
@@ -63,6 +76,7 @@ private:
     std::vector<std::string> mFolders;
     std::string mSelection;
     int64_t mFilesRead = 0;
+    int64_t mFilesGone = 0;
 };
 
 }  // namespace plugincore

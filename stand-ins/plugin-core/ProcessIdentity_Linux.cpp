@@ -1,10 +1,16 @@
 #include "ProcessIdentity.h"
 
+#include <signal.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
+#include <charconv>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
+
+#include "StatusCodes.h"
 
 namespace plugincore {
 namespace {
@@ -17,15 +23,16 @@ std::string GetBoot()
     return boot;
 }
 
-// Empty if the process is gone. A zombie counts as gone: it holds nothing any more.
-std::string GetIdentity(const std::string& pid)
+// Empty if the process is gone or can't be looked at. A zombie counts as gone: it holds nothing
+// any more.
+std::string GetIdentity(const std::string& pid, bool& isRead)
 {
     std::ifstream file("/proc/" + pid + "/stat");
     std::string line;
-    if (!std::getline(file, line)) return {};
+    isRead = static_cast<bool>(std::getline(file, line));
     // The program's name stands in brackets and may hold anything, brackets too.
     const size_t nameEnd = line.rfind(')');
-    if (nameEnd == std::string::npos) return {};
+    if (!isRead || nameEnd == std::string::npos) return {};
     std::istringstream fields(line.substr(nameEnd + 1));
     std::string state;
     fields >> state;
@@ -37,16 +44,41 @@ std::string GetIdentity(const std::string& pid)
     return pid + ":" + GetBoot() + ":" + field;
 }
 
+// Whether no process has the number.
+bool IsFree(const std::string& pid)
+{
+    pid_t number = 0;
+    const auto result = std::from_chars(pid.data(), pid.data() + pid.size(), number);
+    if (result.ec != std::errc() || number <= 0) return true;
+    return kill(number, 0) != 0 && errno == ESRCH;
+}
+
 }  // namespace
 
-std::string GetIdentityOfThisProcess() { return GetIdentity(std::to_string(getpid())); }
+std::string GetIdentityOfThisProcess()
+{
+    bool isRead = false;
+    std::string identity = GetIdentity(std::to_string(getpid()), isRead);
+    if (identity.empty()) throw Failure(StatusCodes::kError, "/proc/self/stat: cannot be read");
+    return identity;
+}
 
 bool IsProcessAlive(const std::string& identity)
 {
     const std::string pid = identity.substr(0, identity.find(':'));
     const bool isNumber = !pid.empty() && std::all_of(pid.begin(), pid.end(),
                                                       [](char c) { return c >= '0' && c <= '9'; });
-    return isNumber && GetIdentity(pid) == identity;
+    if (!isNumber) return false;
+    bool isRead = false;
+    const std::string present = GetIdentity(pid, isRead);
+    // Out of file descriptors, say: holds aren't dropped for that.
+    return isRead ? present == identity : !IsFree(pid);
+}
+
+std::string GetNameOfThisProgram()
+{
+    std::error_code error;
+    return std::filesystem::read_symlink("/proc/self/exe", error).filename().string();
 }
 
 }  // namespace plugincore

@@ -2,7 +2,21 @@
 
 #include "StatusCodes.h"
 
-void plugincore::Report(const std::string& line)
+namespace plugincore {
+namespace {
+
+ReportSink sSink = nullptr;
+
+}  // namespace
+
+void SetReportSink(ReportSink sink) { sSink = sink; }
+
+void Report(const std::string& line)
 {
-    std::cerr << "PluginCore: " + line + "\n" << std::flush;
+    if (sSink)
+        sSink(line);
+    else
+        std::cerr << "PluginCore: " + line + "\n" << std::flush;
 }
+
+}  // namespace plugincore

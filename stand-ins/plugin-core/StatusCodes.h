@@ -32,7 +32,12 @@ private:
     unsigned int mStatus;
 };
 
-// Writes "PluginCore: " and the line to standard error, in one piece.
+// Writes "PluginCore: " and the line to standard error, in one piece, or hands the line to the
+// sink.
 void Report(const std::string& line);
+
+// For a program of its own: where lines go from now on.
+using ReportSink = void (*)(const std::string& line);
+void SetReportSink(ReportSink sink);
 
 }  // namespace plugincore

@@ -42,25 +42,29 @@ Workspace::Workspace(const Locations& places)
       database(locations.database),
       folders(database, locations.libraries),
       library(database, {}),
-      activation(database, library, ActivationFolder(locations.activationFolder),
+      programs(database, GetIdentityOfThisProcess()),
+      activation(database, library, programs, ActivationFolder(locations.activationFolder),
                  GetIdentityOfThisProcess()),
       documents(database, GetIdentityOfThisProcess())
 {
 }
 
-void Workspace::Start()
+Activation::Repairs Workspace::Start()
 {
+    programs.Enter(GetNameOfThisProgram());
     ApplyLibraryChoice();
-    activation.Repair();
+    Activation::Repairs repairs = activation.Repair();
     documents.ForgetBlanks();
     ReportMissingLibraries(locations);
     library.Refresh();
+    return repairs;
 }
 
 void Workspace::Stop()
 {
     activation.ReleaseAll();
     documents.ForgetBlanks();
+    programs.Leave();
 }
 
 void Workspace::ApplyLibraryChoice()

@@ -11,6 +11,7 @@
 #include "LibraryFolders.h"
 #include "LinkedDocuments.h"
 #include "Locations.h"
+#include "Programs.h"
 
 namespace plugincore {
 
@@ -21,10 +22,11 @@ struct Workspace {
     Workspace(const Workspace&) = delete;
     Workspace& operator=(const Workspace&) = delete;
 
-    // Repairs what a killed process left and indexes the library.
-    void Start();
+    // Lists this process among the programs, repairs what a killed process left and indexes the
+    // library. Returns what was repaired.
+    Activation::Repairs Start();
 
-    // Drops this process's holds and deactivates what nobody holds.
+    // Drops this process's holds, deactivates what nobody holds and leaves the list.
     void Stop();
 
     struct ActiveNames {
@@ -46,6 +48,7 @@ struct Workspace {
     Database database;
     LibraryFolders folders;
     FontLibrary library;
+    Programs programs;
     Activation activation;
     DocumentStore documents;
     LinkedDocuments linkedDocuments;

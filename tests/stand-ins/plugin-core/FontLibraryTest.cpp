@@ -144,7 +144,7 @@ TEST_F(FontLibraryTest, ADatabaseThatCannotBeMadeIsNamed)
 
 TEST_F(FontLibraryTest, ADatabaseOfANewerVersionIsRefused)
 {
-    mDatabase.Execute("PRAGMA user_version = 3");
+    mDatabase.Execute("PRAGMA user_version = 4");
     EXPECT_THROW(Database(mHome.GetPath() / "state/fonts.db"), Failure);
 }
 
@@ -153,7 +153,8 @@ TEST_F(FontLibraryTest, ADatabaseOfTheFirstVersionIsBroughtUpToDate)
     Copy("DejaVuSans");
     mLibrary.Refresh();
     mDatabase.Execute(
-        "DROP TABLE added_folder; DROP TABLE choice; PRAGMA user_version = 1;"
+        "DROP TABLE added_folder; DROP TABLE choice; DROP TABLE program;"
+        "PRAGMA user_version = 1;"
         "INSERT INTO document(id, path, usage) VALUES('7', '/a.ai', '{}')");
     Database database(mHome.GetPath() / "state/fonts.db");
     plugincore::DocumentStore documents(database, "");
