@@ -23,6 +23,10 @@ struct ActiveFont {
 // Never throws; without fontconfig the list is empty.
 std::vector<ActiveFont> ListActiveFonts();
 
+// Has fontconfig read a folder, and all below it, anew, whatever it remembers of them. Never
+// throws.
+void RescanFolder(const std::string& folder);
+
 // The names alone.
 std::set<std::string> GetActiveFontNames();
 

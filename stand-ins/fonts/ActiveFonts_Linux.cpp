@@ -1,6 +1,7 @@
 #include <fontconfig/fontconfig.h>
 #include <sys/stat.h>
 
+#include <filesystem>
 #include <memory>
 #include <mutex>
 
@@ -158,6 +159,26 @@ try {
     return ListThrowing();
 } catch (const std::exception&) {
     return {};
+}
+
+void RescanFolder(const std::string& folder)
+try {
+    const Config config = LoadConfig();
+    if (!config) return;
+    const auto rescan = [&config](const std::string& path) {
+        const auto* const text = reinterpret_cast<const FcChar8*>(path.c_str());
+        if (FcCache* const cache = FcDirCacheRescan(text, config.get())) FcDirCacheUnload(cache);
+    };
+    rescan(folder);
+    std::error_code error;
+    std::filesystem::recursive_directory_iterator entry(folder, error);
+    for (; !error && entry != std::filesystem::recursive_directory_iterator();
+         entry.increment(error)) {
+        std::error_code noStatus;
+        if (entry->is_directory(noStatus)) rescan(entry->path());
+    }
+} catch (const std::exception&) {
+    // What fontconfig remembers stays; the caller looks what it shows.
 }
 
 std::set<std::string> GetActiveFontNames()

@@ -2,8 +2,6 @@
 
 #include <sqlite3.h>
 
-#include "StatusCodes.h"
-
 namespace plugincore {
 namespace {
 
@@ -109,9 +107,19 @@ std::string Database::GetChangeMark()
     return std::to_string(version) + ":" + std::to_string(sqlite3_total_changes(GetConnection()));
 }
 
+std::string Database::FindDamage()
+{
+    Statement check(*this, "PRAGMA integrity_check(1)");
+    const std::string found = check.Step() ? check.GetText(0) : std::string("no answer");
+    return found == "ok" ? std::string() : found;
+}
+
 void Database::ThrowFailure() const
 {
-    throw Failure(StatusCodes::kDatabaseError, mFile + ": " + sqlite3_errmsg(GetConnection()));
+    const std::string line = mFile + ": " + sqlite3_errmsg(GetConnection());
+    const int code = sqlite3_errcode(GetConnection());
+    if (code == SQLITE_NOTADB || code == SQLITE_CORRUPT) throw DamagedDatabase(line);
+    throw Failure(StatusCodes::kDatabaseError, line);
 }
 
 void Statement::Finalizer::operator()(sqlite3_stmt* statement) const

@@ -5,12 +5,22 @@
 #include <memory>
 #include <string>
 
+#include "StatusCodes.h"
+
 struct sqlite3;
 struct sqlite3_stmt;
 
 // SQLite behind scoped objects. Failures are thrown as Failure with kDatabaseError; the line names
 // the database file and SQLite's reason.
 namespace plugincore {
+
+// The file is no database, or parts of it are unreadable.
+class DamagedDatabase : public Failure {
+public:
+    explicit DamagedDatabase(const std::string& line) : Failure(StatusCodes::kDatabaseError, line)
+    {
+    }
+};
 
 // The one connection of this process. Several processes may share the file.
 class Database {
@@ -19,6 +29,9 @@ public:
     explicit Database(const std::filesystem::path& file);
 
     void Execute(const std::string& sql);
+
+    // Reads all of the file. What is wrong with it, or the empty text.
+    std::string FindDamage();
 
     // Differs whenever this or another process has changed something. Cheap.
     std::string GetChangeMark();

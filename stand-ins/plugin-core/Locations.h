@@ -8,7 +8,9 @@
 namespace plugincore {
 
 struct Locations {
-    std::filesystem::path database;          // Corvanta/fonts.db in the data folder
+    std::filesystem::path database;  // Corvanta/fonts.db in the data folder
+    // Corvanta/com.corvanta.Vexcor-LaunchInfo.conf in the data folder
+    std::filesystem::path launchInformation;
     std::filesystem::path activationFolder;  // fonts/corvanta in the data folder
     std::filesystem::path settings;          // Corvanta/settings.json in the configuration folder
     std::filesystem::path panelToken;        // Corvanta/panel-token in the state folder

@@ -49,6 +49,7 @@ Locations GetLocations()
     const fs::path data = GetFolder("XDG_DATA_HOME", ".local/share");
     Locations result;
     result.database = data / "Corvanta/fonts.db";
+    result.launchInformation = data / "Corvanta/com.corvanta.Vexcor-LaunchInfo.conf";
     result.activationFolder = data / "fonts/corvanta";
     result.settings = GetFolder("XDG_CONFIG_HOME", ".config") / "Corvanta/settings.json";
     result.panelToken = GetFolder("XDG_STATE_HOME", ".local/state") / "Corvanta/panel-token";

@@ -12,6 +12,18 @@ void Programs::Enter(const std::string& name)
     statement.Bind(mIdentity).Bind(name).Run();
 }
 
+std::optional<Programs::Program> Programs::EnterAlone(const std::string& name)
+{
+    Transaction transaction(mDatabase);
+    for (const Program& program : List())
+        if (program.name == name && program.identity != mIdentity &&
+            IsProcessAlive(program.identity))
+            return program;
+    Enter(name);
+    transaction.Commit();
+    return std::nullopt;
+}
+
 void Programs::Leave()
 {
     Statement(mDatabase, "DELETE FROM program WHERE identity = ?").Bind(mIdentity).Run();

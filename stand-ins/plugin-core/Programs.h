@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -27,6 +28,10 @@ public:
     // Lists this process under the name. Once more gives it another name.
     void Enter(const std::string& name);
     void Leave();
+
+    // The same, unless another running program has that name: then it is returned, and this process
+    // isn't listed.
+    std::optional<Program> EnterAlone(const std::string& name);
 
     std::vector<Program> List();
 

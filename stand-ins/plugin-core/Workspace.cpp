@@ -4,7 +4,6 @@
 #include <filesystem>
 
 #include "ActiveFonts.h"
-#include "ProcessIdentity.h"
 #include "StatusCodes.h"
 
 namespace fs = std::filesystem;
@@ -49,9 +48,9 @@ Workspace::Workspace(const Locations& places)
 {
 }
 
-Activation::Repairs Workspace::Start()
+Activation::Repairs Workspace::Start(const std::string& programName)
 {
-    programs.Enter(GetNameOfThisProgram());
+    programs.Enter(programName);
     ApplyLibraryChoice();
     Activation::Repairs repairs = activation.Repair();
     documents.ForgetBlanks();
@@ -76,10 +75,18 @@ void Workspace::ApplyLibraryChoice()
 Workspace::ActiveNames Workspace::ListActive() const
 {
     ActiveNames names;
+    for (const auto& [name, active] : ListActiveFiles())
+        (active.isOurs ? names.ours : names.others).insert(name);
+    return names;
+}
+
+std::multimap<std::string, Workspace::ActiveFile> Workspace::ListActiveFiles() const
+{
+    std::multimap<std::string, ActiveFile> files;
     const fs::path& folder = activation.GetFolder().GetPath();
     for (const fonts::ActiveFont& font : fonts::ListActiveFonts())
-        (IsBelow(font.file, folder) ? names.ours : names.others).insert(font.postScriptName);
-    return names;
+        files.insert({font.postScriptName, {font.file, IsBelow(font.file, folder)}});
+    return files;
 }
 
 std::vector<std::string> Workspace::KeepThoseInLibrary(const std::vector<std::string>& names)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <set>
 #include <string>
 #include <vector>
@@ -11,6 +12,7 @@
 #include "LibraryFolders.h"
 #include "LinkedDocuments.h"
 #include "Locations.h"
+#include "ProcessIdentity.h"
 #include "Programs.h"
 
 namespace plugincore {
@@ -22,9 +24,9 @@ struct Workspace {
     Workspace(const Workspace&) = delete;
     Workspace& operator=(const Workspace&) = delete;
 
-    // Lists this process among the programs, repairs what a killed process left and indexes the
-    // library. Returns what was repaired.
-    Activation::Repairs Start();
+    // Lists this process among the programs under the name, repairs what a killed process left and
+    // indexes the library. Returns what was repaired.
+    Activation::Repairs Start(const std::string& programName = GetNameOfThisProgram());
 
     // Drops this process's holds, deactivates what nobody holds and leaves the list.
     void Stop();
@@ -36,6 +38,14 @@ struct Workspace {
 
     // What fontconfig shows at this moment.
     ActiveNames ListActive() const;
+
+    struct ActiveFile {
+        std::string file;  // as fontconfig tells it
+        bool isOurs = false;
+    };
+
+    // The same with the files, by name.
+    std::multimap<std::string, ActiveFile> ListActiveFiles() const;
 
     // Those of the names that fonts can be taken from the library for. If one isn't known, the
     // index is brought up to date first.

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+namespace vexcor {
+
+// One line on standard error, with the program's name before it and without control characters. It
+// goes to the log, too.
+void Tell(const std::string& text);
+
+// Writes to standard output at once. False if that isn't possible; it has been told then.
+bool Print(const std::string& text);
+
+// The text without control characters.
+std::string MakePrintable(const std::string& text);
+
+}  // namespace vexcor

@@ -1,0 +1,29 @@
+#include <string>
+
+#include "AtomicFile.h"
+#include "Commands.h"
+#include "Console.h"
+#include "ExitStatus.h"
+#include "LaunchInformation.h"
+#include "Log.h"
+#include "StatusCodes.h"
+#include "System.h"
+
+namespace vexcor {
+
+int RunInstallCommand()
+{
+    const std::string program = GetProgramPath();
+    if (program.find_first_of("\r\n") != std::string::npos)
+        throw plugincore::Failure(plugincore::StatusCodes::kError,
+                                  program + ": a line break in the path can't be written");
+    const std::filesystem::path file = GetLaunchInformationFile();
+    const std::string before = ReadSmallFile(file);
+    const std::string after = SetVexcorPath(before, program);
+    if (after != before) plugincore::WriteFileAtomically(file, after);
+    const std::string line = file.string() + ": tells " + program;
+    LogAction(line);
+    return Print(MakePrintable(line) + "\n") ? kDone : kFileFailed;
+}
+
+}  // namespace vexcor

@@ -1,0 +1,16 @@
+#include "Commands.h"
+#include "Console.h"
+#include "ExitStatus.h"
+#include "FontStory.h"
+
+namespace vexcor {
+
+int RunWhyCommand(plugincore::Workspace& workspace, const Options& options)
+{
+    const FontStory story = TellStory(workspace, workspace.ListActiveFiles(), options.operand);
+    if (!Print(options.json ? WriteStoryAsJson(story) : WriteStoryAsText(story)))
+        return kFileFailed;
+    return story.state == "inactive" ? kNotSo : kDone;
+}
+
+}  // namespace vexcor
