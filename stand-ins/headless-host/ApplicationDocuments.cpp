@@ -1,4 +1,5 @@
 #include "Application.h"
+#include "Log.h"
 #include "SaveDocument.h"
 #include "System.h"
 
@@ -68,20 +69,25 @@ std::string Application::Save()
 {
     DocumentObject& document = *mHost.GetCurrentDocument();
     std::string error = SaveDocument(mHost, document, document.path);
-    if (error.empty()) TellSaved("AI Command Notifier: After Save");
-    return error;
+    if (!error.empty()) return error;
+    LogAction("saved " + document.path);
+    TellSaved("AI Command Notifier: After Save");
+    return {};
 }
 
 std::string Application::SaveAs(const std::string& path)
 {
     std::string error = SaveDocument(mHost, *mHost.GetCurrentDocument(), path);
-    if (error.empty()) TellSaved("AI Command Notifier: After Save As");
-    return error;
+    if (!error.empty()) return error;
+    LogAction("saved as " + path);
+    TellSaved("AI Command Notifier: After Save As");
+    return {};
 }
 
 void Application::Close(DocumentObject* document)
 {
     void* const handle = document->handle;
+    LogAction("closes " + (document->path.empty() ? "a document without a file" : document->path));
     Notify("AI Document About To Close Notifier", handle);
     mHost.RemoveDocument(document);
     Notify("AI Document Closed Notifier", handle);

@@ -2,14 +2,17 @@
 
 #include <cstdio>
 
+#include "Log.h"
 #include "Report.h"
 
 namespace headless {
 
 void Tell(const std::string& text)
 {
+    const std::string line = MakePrintable(text);
     // Standard error is the last resort: a failure to write there can be told nobody.
-    (void)std::fprintf(stderr, "headless-host: %s\n", MakePrintable(text).c_str());
+    (void)std::fprintf(stderr, "headless-host: %s\n", line.c_str());
+    LogProblem(line);
 }
 
 bool Print(const std::string& text)

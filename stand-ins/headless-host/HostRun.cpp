@@ -5,6 +5,7 @@
 #include "Console.h"
 #include "ExitStatus.h"
 #include "HostPlatformTable.h"
+#include "Log.h"
 #include "Report.h"
 #include "System.h"
 
@@ -17,11 +18,9 @@ std::string Choose(const std::string& given, const std::string& fallback)
     return given.empty() ? GetProgramFolder() + "/../" + fallback : MakeAbsolute(given);
 }
 
-// Every path is made absolute before the current folder changes.
 bool SetUp(Options& options, std::string& error)
 {
     options.plugin = Choose(options.plugin, "Plug-ins/TypeloftSPEA.aip");
-    options.pluginCore = Choose(options.pluginCore, "Vexcor/PluginFiles");
     options.frameworks = MakeAbsolute(Choose(options.frameworks, "Frameworks"));
     if (!IsFolder(options.frameworks)) options.frameworks.clear();
     if (!options.journal.empty()) options.journal = MakeAbsolute(options.journal);
@@ -54,7 +53,8 @@ int RunHost(const Options& given, const std::function<int(HostRun&)>& body)
     Options options = given;
     const std::string startFolder = MakeAbsolute(".");
     std::string error;
-    if (!SetUp(options, error)) {
+    if ((!options.log.empty() && !OpenLog(MakeAbsolute(options.log), error)) ||
+        !SetUp(options, error)) {
         Tell(error);
         return kWrongUse;
     }
@@ -70,9 +70,8 @@ int RunHost(const Options& given, const std::function<int(HostRun&)>& body)
 
     int status = kAllOpened;
     Application application(host, options.language);
-    // A folder that isn't there means that PluginCore isn't either; the plug-in tells of it.
-    if (!ChangeFolder(options.pluginCore, error)) Tell("PluginCore: " + error);
     if (application.Start(options.plugin, error)) {
+        LogAction("started with " + options.plugin);
         HostRun run{host, application, options, startFolder};
         status = body(run);
         if (options.hold > 0) application.Idle(options.hold);
@@ -81,6 +80,7 @@ int RunHost(const Options& given, const std::function<int(HostRun&)>& body)
         status = kPluginNotLoaded;
     }
     application.ShutDown();
+    LogAction("ends");
     if (host.errors.Count() > 0) {
         status = std::max<int>(status, kPluginBrokeRule);
         if (host.errors.Count() > host.errors.Lines().size()) {

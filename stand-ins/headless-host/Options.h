@@ -16,10 +16,10 @@ struct Options {
     std::string home;
     std::vector<std::string> libraries;
     std::string plugin;
-    std::string pluginCore;
     std::string frameworks;
     std::string language = "en";
     std::string journal;
+    std::string log;
     std::string command;
     double hold = 0;
 };

@@ -26,9 +26,6 @@ bool IsFolder(const std::string& path);
 // isn't there. False, and one line in `error`, if that can't be done. Call it before fontconfig.
 bool UseHome(const std::string& folder, std::string& error);
 
-// The current folder of this process. False, and one line in `error`, on failure.
-bool ChangeFolder(const std::string& folder, std::string& error);
-
 // The folder that keeps what isn't worth a backup, made if need be; empty if there is none.
 std::string GetStateFolder();
 

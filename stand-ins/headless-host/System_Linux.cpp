@@ -3,11 +3,9 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
-#include <cstring>
 #include <filesystem>
 #include <thread>
 
@@ -118,13 +116,6 @@ bool UseHome(const std::string& folder, std::string& error)
         SetEnvironment(row.name, path.string());
     }
     return true;
-}
-
-bool ChangeFolder(const std::string& folder, std::string& error)
-{
-    if (chdir(folder.c_str()) == 0) return true;
-    error = folder + ": " + std::strerror(errno);
-    return false;
 }
 
 bool IsTerminal(int descriptor) { return isatty(descriptor) == 1; }

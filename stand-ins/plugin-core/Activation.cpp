@@ -20,15 +20,12 @@ Activation::Activation(Database& database, FontLibrary& library, Programs& progr
 {
 }
 
-// Works under the write lock, on tables and a folder that agree. What fails leaves both as they
-// were.
+// Works under the write lock. What fails leaves tables and folder as they were.
 template <class Work>
-auto Activation::Change(Work work)
+auto Activation::RunInTransaction(Work work)
 {
     try {
         Transaction transaction(mDatabase);
-        Repairs repairs;
-        if (mMayDiffer || !mPrograms.ListGone().empty()) PutRight(repairs);
         auto result = work();
         transaction.Commit();
         mMayDiffer = false;
@@ -37,6 +34,17 @@ auto Activation::Change(Work work)
         RestoreFolder();
         throw;
     }
+}
+
+// The same, on tables and a folder that agree.
+template <class Work>
+auto Activation::Change(Work work)
+{
+    return RunInTransaction([&] {
+        Repairs repairs;
+        if (mMayDiffer || !mPrograms.ListGone().empty()) PutRight(repairs);
+        return work();
+    });
 }
 
 void Activation::RestoreFolder() noexcept
@@ -242,7 +250,7 @@ void Activation::ReleaseAll()
 
 Activation::Repairs Activation::Repair()
 {
-    return Change([&] {
+    return RunInTransaction([&] {
         Repairs repairs;
         PutRight(repairs);
         return repairs;

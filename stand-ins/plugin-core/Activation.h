@@ -94,6 +94,8 @@ public:
 
 private:
     template <class Work>
+    auto RunInTransaction(Work work);
+    template <class Work>
     auto Change(Work work);
     void RestoreFolder() noexcept;
     std::string FindReadableFile(const std::string& name);

@@ -1,6 +1,7 @@
 #include "Options.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 
 #include "ExitStatus.h"
 #include "Manual.h"
@@ -35,6 +36,15 @@ std::string MakeFooter()
     return text;
 }
 
+// A first word that is no command, else empty.
+std::string GetWrongCommand(int argc, const char* const* argv)
+{
+    const std::string word = argc > 1 ? argv[1] : "";
+    if (word.empty() || word[0] == '-') return {};
+    const auto isIt = [&word](const CommandRow& row) { return row.name == word; };
+    return std::any_of(kCommands.begin(), kCommands.end(), isIt) ? std::string() : word;
+}
+
 }  // namespace
 
 ParseOutcome ParseCommandLine(int argc, const char* const* argv, Options& options,
@@ -44,6 +54,10 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, Options& option
     if (argc == 2 && std::string(argv[1]) == "--readme") {
         text = WriteReadme();
         return ParseOutcome::kDone;
+    }
+    if (const std::string word = GetWrongCommand(argc, argv); !word.empty()) {
+        text = "\"" + word + "\" is no command";
+        return ParseOutcome::kWrongUse;
     }
     CLI::App app("The font manager's own program.", "Vexcor");
     app.require_subcommand(1);

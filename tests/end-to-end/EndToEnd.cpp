@@ -52,13 +52,25 @@ std::string EndToEnd::EnvironmentOfHome() const
 
 int EndToEnd::Open(const std::string& arguments) { return Run("open " + arguments); }
 
+void EndToEnd::Install() const
+{
+    const fs::path installed = scratch / "installed";
+    fs::create_directories(installed);
+    fs::remove(installed / "PluginFiles");
+    fs::create_directory_symlink(pluginCore, installed / "PluginFiles");
+    WriteFile(home / ".local/share/Corvanta/com.corvanta.Vexcor-LaunchInfo.conf",
+              "vexcor.path=" + (installed / "Vexcor").string() + "\n");
+}
+
 int EndToEnd::Run(const std::string& commandLine)
 {
+    if (!pluginCore.empty()) Install();
     const std::string command =
         "cd " + Quote(scratch) + "; " + EnvironmentOfHome() + "exec '" HEADLESS_HOST_PROGRAM "' " +
         commandLine + " --home " + Quote(home) +
         " --frameworks '" PRIVATE_FRAMEWORKS_FOLDER "' --library " + Quote(scratch / "library") +
-        " --plugin '" PLUG_IN_FOLDER "' --plugin-core " + Quote(pluginCore) +
+        " --plugin '" PLUG_IN_FOLDER
+        "'"
         " >out 2>err </dev/null";
     const int status = std::system(command.c_str());
     output = ReadFile(scratch / "out");

@@ -48,10 +48,16 @@ protected:
 
     std::filesystem::path scratch;
     std::filesystem::path home;
-    std::filesystem::path pluginCore;  // the folder that holds PluginCore.framework
+
+    // The folder that holds PluginCore.framework. A launch information file leads there; with an
+    // empty path there is none.
+    std::filesystem::path pluginCore;
     std::string output;
     std::string errors;
 
-private:
+    // Text for a shell that has what follows it run in the test's home.
     std::string EnvironmentOfHome() const;
+
+private:
+    void Install() const;
 };

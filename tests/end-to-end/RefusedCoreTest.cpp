@@ -5,8 +5,7 @@ using testing::IsEmpty;
 
 TEST_F(EndToEnd, WithoutPluginCoreNothingIsOpened)
 {
-    std::filesystem::create_directory(scratch / "nothing");
-    pluginCore = scratch / "nothing";
+    pluginCore.clear();
     EXPECT_EQ(Open(Sample("leaflet.eps") + " --json"), 4);
     EXPECT_THAT(errors, HasSubstr("Missing PluginCore"));
     EXPECT_THAT(errors, HasSubstr("./CorvantaFontManagement..."));

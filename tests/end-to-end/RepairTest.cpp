@@ -22,8 +22,7 @@ TEST_F(EndToEnd, ASecondHostKeepsItsFontsWhenTheFirstEnds)
     // The inner host opens and closes the same document while the outer one has it open.
     const std::string again = "'" HEADLESS_HOST_PROGRAM
                               "' open leaflet.eps --home home --library "
-                              "library --plugin '" PLUG_IN_FOLDER "' --plugin-core '" +
-                              pluginCore.string() + "' >inner 2>&1";
+                              "library --plugin '" PLUG_IN_FOLDER "' >inner 2>&1";
     WriteFile(scratch / "again",
               "#!/bin/sh\n" + again + "\nfc-list --format '%{postscriptname}\\n' >after-inner\n");
     EXPECT_EQ(Open(Sample("leaflet.eps") + " --exec 'cd " + scratch.string() + " && sh ./again'"),

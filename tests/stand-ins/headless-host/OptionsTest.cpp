@@ -21,17 +21,16 @@ TEST(OptionsTest, TakesAllOptions)
 {
     Options options;
     std::string text;
-    ASSERT_EQ(
-        Parse({"open",      "a", "b",        "--json", "--home",        "h",   "--library",    "l",
-               "--library", "m", "--plugin", "p",      "--plugin-core", "c",   "--language",   "ja",
-               "--journal", "j", "--exec",   "true",   "--hold",        "1.5", "--interactive"},
-              options, text),
-        ParseOutcome::kRun)
+    ASSERT_EQ(Parse({"open",      "a", "b",        "--json", "--home", "h",   "--library",    "l",
+                     "--library", "m", "--plugin", "p",      "--log",  "c",   "--language",   "ja",
+                     "--journal", "j", "--exec",   "true",   "--hold", "1.5", "--interactive"},
+                    options, text),
+              ParseOutcome::kRun)
         << text;
     EXPECT_THAT(options.files, testing::ElementsAre("a", "b"));
     EXPECT_THAT(options.libraries, testing::ElementsAre("l", "m"));
     EXPECT_TRUE(options.json && options.interactive);
-    EXPECT_EQ(options.home + options.plugin + options.pluginCore + options.journal, "hpcj");
+    EXPECT_EQ(options.home + options.plugin + options.log + options.journal, "hpcj");
     EXPECT_EQ(options.language, "ja");
     EXPECT_EQ(options.command, "true");
     EXPECT_EQ(options.hold, 1.5);

@@ -32,10 +32,10 @@ protected:
     int Run(const std::string& arguments, const std::string& guest = "well-behaved",
             const std::string& before = "")
     {
-        const std::string command =
-            "cd '" + folder + "' && " + before + " '" HEADLESS_HOST_PROGRAM "' " + arguments +
-            " --home '" + folder + "/home' --plugin-core '" + folder +
-            "/core' --plugin '" GUEST_FOLDER "/" + guest + ".aip' >out 2>err </dev/null";
+        const std::string command = "cd '" + folder + "' && " + before +
+                                    " '" HEADLESS_HOST_PROGRAM "' " + arguments + " --home '" +
+                                    folder + "/home' --plugin '" GUEST_FOLDER "/" + guest +
+                                    ".aip' >out 2>err </dev/null";
         const int status = std::system(command.c_str());
         output = ReadFile("out");
         errors = ReadFile("err");

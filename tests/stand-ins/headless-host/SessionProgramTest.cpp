@@ -32,8 +32,7 @@ protected:
         std::ofstream(folder + "/session") << lines;
         const std::string command =
             "cd '" + folder + "' && '" HEADLESS_HOST_PROGRAM "' run " + arguments + " --home '" +
-            folder + "/home' --plugin-core '" + folder +
-            "/core' --plugin '" GUEST_FOLDER "/subscribes-all.aip' >out 2>err <session";
+            folder + "/home' --plugin '" GUEST_FOLDER "/subscribes-all.aip' >out 2>err <session";
         const int status = std::system(command.c_str());
         output = ReadFile("out");
         errors = ReadFile("err");
