@@ -1,0 +1,53 @@
+#include "VexcorScene.h"
+
+#include <fstream>
+#include <iterator>
+
+namespace {
+
+std::vector<std::string> MakeCommand(std::vector<std::string> arguments)
+{
+    arguments.insert(arguments.begin(), VEXCOR_PROGRAM);
+    return arguments;
+}
+
+}  // namespace
+
+int VexcorScene::Run(const std::vector<std::string>& arguments)
+{
+    ChildProcess program(MakeCommand(arguments), home.GetPath() / "output");
+    const int status = program.Wait();
+    output = program.GetOutput();
+    return status;
+}
+
+std::unique_ptr<ChildProcess> VexcorScene::StartKeeper(
+    const std::vector<std::string>& arguments) const
+{
+    std::vector<std::string> words = {"run"};
+    words.insert(words.end(), arguments.begin(), arguments.end());
+    auto keeper =
+        std::make_unique<ChildProcess>(MakeCommand(words), home.GetPath() / "keeper-output");
+    EXPECT_TRUE(keeper->WaitForOutput("keeps ")) << keeper->GetOutput();
+    return keeper;
+}
+
+plugincore::Workspace& VexcorScene::OpenWorkspace()
+{
+    if (!mWorkspace) {
+        mWorkspace = std::make_unique<plugincore::Workspace>(plugincore::GetLocations());
+        (void)mWorkspace->Start("test");  // nothing is there to repair
+    }
+    return *mWorkspace;
+}
+
+std::filesystem::path VexcorScene::GetLaunchFile() const
+{
+    return home.GetData() / "Corvanta/com.corvanta.Vexcor-LaunchInfo.conf";
+}
+
+std::string VexcorScene::ReadFile(const std::filesystem::path& file)
+{
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
