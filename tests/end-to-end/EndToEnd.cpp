@@ -21,6 +21,7 @@ EndToEnd::EndToEnd()
     if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no scratch folder");
     scratch = fs::canonical(pattern);
     home = scratch / "home";
+    runFolder = scratch;
     pluginCore = fs::path(PLUGIN_CORE_FRAMEWORK).parent_path();
     for (const char* folder : {"home", "system", "library"}) fs::create_directory(scratch / folder);
     const fs::path fonts = SYSTEM_FONTS_FOLDER;
@@ -66,12 +67,13 @@ int EndToEnd::Run(const std::string& commandLine)
 {
     if (!pluginCore.empty()) Install();
     const std::string command =
-        "cd " + Quote(scratch) + "; " + EnvironmentOfHome() + "exec '" HEADLESS_HOST_PROGRAM "' " +
-        commandLine + " --home " + Quote(home) +
+        "cd " + Quote(runFolder) + "; " + EnvironmentOfHome() +
+        "exec '" HEADLESS_HOST_PROGRAM "' " + commandLine + " --home " + Quote(home) +
         " --frameworks '" PRIVATE_FRAMEWORKS_FOLDER "' --library " + Quote(scratch / "library") +
         " --plugin '" PLUG_IN_FOLDER
         "'"
-        " >out 2>err </dev/null";
+        " >" +
+        Quote(scratch / "out") + " 2>" + Quote(scratch / "err") + " </dev/null";
     const int status = std::system(command.c_str());
     output = ReadFile(scratch / "out");
     errors = ReadFile(scratch / "err");

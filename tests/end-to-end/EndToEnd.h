@@ -18,7 +18,7 @@ protected:
     EndToEnd();
     ~EndToEnd() override;
 
-    // The exit status of `headless-host open ARGUMENTS`, run in the scratch folder; -1 if a signal
+    // The exit status of `headless-host open ARGUMENTS`, run in `runFolder`; -1 if a signal
     // ended it. What it wrote is in `output` and `errors`.
     int Open(const std::string& arguments);
 
@@ -48,6 +48,7 @@ protected:
 
     std::filesystem::path scratch;
     std::filesystem::path home;
+    std::filesystem::path runFolder;  // that programs are run in: the scratch folder
 
     // The folder that holds PluginCore.framework. A launch information file leads there; with an
     // empty path there is none.

@@ -1,8 +1,12 @@
 #include "KillScene.h"
 
+#include <fcntl.h>
 #include <signal.h>
 
 #include <algorithm>
+#include <chrono>
+#include <sstream>
+#include <thread>
 
 namespace fs = std::filesystem;
 using plugincore::ActivationFolder;
@@ -16,11 +20,11 @@ constexpr int kDocuments = 6;
 
 std::string GetDocument(int number) { return "d" + std::to_string(number) + ".eps"; }
 
-// Three of the fonts, others for each document.
+// Two of the fonts, others for each document.
 std::string MakeDocument(int number)
 {
     std::string text = "%!PS-Adobe-3.0 EPSF-3.0\n%%BoundingBox: 0 0 10 10\n%%DocumentFonts:";
-    for (int font = 0; font < 3; ++font)
+    for (int font = 0; font < 2; ++font)
         text += std::string(" ") + kFonts[static_cast<size_t>(number + font) % kFonts.size()];
     return text + "\n%%EndComments\nshowpage\n%%EOF\n";
 }
@@ -43,6 +47,14 @@ int KillScene::Random(int first, int last)
 void KillScene::Begin(unsigned seed)
 {
     mRandom.seed(seed);
+    // The host's default font, whatever else is active: its name begins no other's.
+    FontTestHome::CopyFont("DejaVuSansMono", home.GetUserFonts());
+    FontTestHome::WriteFile(
+        home.GetPath() / "fonts.conf",
+        "<fontconfig><dir>" + home.GetUserFonts().string() +
+            "</dir><cachedir prefix=\"xdg\">fontconfig</cachedir>"
+            "<match target=\"pattern\"><edit name=\"family\" mode=\"prepend\" "
+            "binding=\"strong\"><string>DejaVu Sans Mono</string></edit></match></fontconfig>");
     for (const char* const font : kFonts) FontTestHome::CopyFont(font, home.GetLibrary());
     for (int number = 0; number < kDocuments; ++number)
         FontTestHome::WriteFile(home.GetPath() / GetDocument(number), MakeDocument(number));
@@ -55,7 +67,7 @@ std::unique_ptr<ChildProcess> KillScene::StartHost(size_t number)
     std::string session;
     std::vector<int> open;
     for (int line = 0; line < 2000; ++line) {
-        const bool opens = open.empty() || (open.size() < 3 && Random(0, 1) == 0);
+        const bool opens = open.empty() || (open.size() < 2 && Random(0, 1) == 0);
         const int document = Random(0, kDocuments - 1);
         const auto place = std::find(open.begin(), open.end(), document);
         if (opens && place == open.end()) {
@@ -76,7 +88,7 @@ std::unique_ptr<ChildProcess> KillScene::StartHost(size_t number)
 
 void KillScene::StartAll()
 {
-    if (!mKeeper) mKeeper = StartKeeper();
+    if (!mKeeper) mKeeper = StartKeeper({"--log", home.GetPath() / "log"});
     EXPECT_FALSE(mKeeper->HasEnded()) << mKeeper->GetOutput();
     for (size_t number = 0; number < kHosts; ++number) {
         if (mHosts[number] && mHosts[number]->HasEnded()) {
@@ -87,15 +99,51 @@ void KillScene::StartAll()
     }
 }
 
+pid_t KillScene::FindWriter()
+{
+    // The lock by which one connection at a time writes, as the format of the file beside the
+    // database has it. The file stays open: closing it would drop this process's locks.
+    constexpr off_t kWriteLock = 120;
+    if (mLocks < 0) mLocks = open((home.GetData() / "Corvanta/fonts.db-shm").c_str(), O_RDWR);
+    struct flock lock = {};
+    lock.l_type = F_WRLCK;
+    lock.l_whence = SEEK_SET;
+    lock.l_start = kWriteLock;
+    lock.l_len = 1;
+    const bool isHeld = fcntl(mLocks, F_GETLK, &lock) == 0 && lock.l_type != F_UNLCK;
+    return isHeld ? lock.l_pid : 0;
+}
+
+// One that has been in a change for so long, or nobody for a long time.
+std::unique_ptr<ChildProcess>* KillScene::WaitForWriter(std::chrono::microseconds sinceLock)
+{
+    using Clock = std::chrono::steady_clock;
+    const auto end = Clock::now() + std::chrono::milliseconds(500);
+    pid_t writer = 0;
+    for (Clock::time_point start, now = Clock::now(); now < end; now = Clock::now()) {
+        const pid_t present = FindWriter();
+        if (present != writer) start = now;
+        writer = present;
+        if (writer == 0 || now - start < sinceLock) continue;
+        for (auto* const process : {&mKeeper, &mHosts[0], &mHosts[1]})
+            if ((*process)->GetNumber() == writer) return process;
+    }
+    return nullptr;
+}
+
 std::string KillScene::KillOne()
 {
-    const int victim = Random(0, static_cast<int>(kHosts));
-    std::unique_ptr<ChildProcess>& process =
-        victim == 0 ? mKeeper : mHosts[static_cast<size_t>(victim) - 1];
-    process->Send(SIGKILL);
-    EXPECT_THAT(process->Wait(), testing::AnyOf(-SIGKILL, 0)) << process->GetOutput();
-    process.reset();
-    return victim == 0 ? "Vexcor" : "host " + std::to_string(victim);
+    std::this_thread::sleep_for(std::chrono::milliseconds(Random(0, 300)));
+    const std::array<std::unique_ptr<ChildProcess>*, 3> all = {&mKeeper, &mHosts[0], &mHosts[1]};
+    std::unique_ptr<ChildProcess>* victim = all[static_cast<size_t>(std::max(0, Random(-1, 2)))];
+    if (Random(0, 2) != 0) {
+        const std::chrono::microseconds sinceLock(Random(0, 1000));
+        if (auto* const writer = WaitForWriter(sinceLock)) victim = writer;
+    }
+    (*victim)->Send(SIGKILL);
+    EXPECT_THAT((*victim)->Wait(), testing::AnyOf(-SIGKILL, 0)) << (*victim)->GetOutput();
+    victim->reset();
+    return victim == all[0] ? "Vexcor" : victim == all[1] ? "host 1" : "host 2";
 }
 
 void KillScene::EndAll()
@@ -103,7 +151,8 @@ void KillScene::EndAll()
     for (auto& host : mHosts) {
         if (!host) continue;
         host->Send(SIGTERM);
-        EXPECT_THAT(host->Wait(), testing::AnyOf(130, 0)) << host->GetOutput();
+        // One that is about to start doesn't know yet how to end in order.
+        EXPECT_THAT(host->Wait(), testing::AnyOf(130, 0, -SIGTERM)) << host->GetOutput();
         host.reset();
     }
     if (!mKeeper) return;
@@ -119,11 +168,22 @@ std::string KillScene::FindDisagreement()
     EXPECT_EQ(database.FindDamage(), "");
     EXPECT_TRUE(GetTexts(database, "PRAGMA foreign_key_check").empty());
     for (const auto look :
-         {&KillScene::CompareTables, &KillScene::CompareFolder, &KillScene::CompareFontconfig}) {
+         {&KillScene::CompareFolder, &KillScene::CompareTables, &KillScene::CompareFontconfig}) {
         std::string found = (this->*look)();
         if (!found.empty()) return found;
     }
     return {};
+}
+
+std::map<std::string, int> KillScene::CountRepairs() const
+{
+    std::map<std::string, int> repairs;
+    std::istringstream lines(ReadFile(home.GetPath() / "log"));
+    for (std::string line; std::getline(lines, line);)
+        for (const char* const what : {"a program is gone", "dropped its hold", "deactivated",
+                                       "folder: removed", "folder: restored"})
+            if (line.find(std::string("\t") + what) != std::string::npos) ++repairs[what];
+    return repairs;
 }
 
 int64_t KillScene::CountActivations()
@@ -170,7 +230,7 @@ std::string KillScene::CompareFolder()
         ActivationFolder::Links links;
         while (files.Step()) links[files.GetText(0)] = files.GetText(1);
         if (!folder.Holds(group, links))
-            return "group " + std::to_string(group) + " has other links than in the tables";
+            return "other links in a group than in the tables: " + std::to_string(group);
     }
     std::error_code error;
     for (const auto& entry : fs::recursive_directory_iterator(folder.GetPath(), error))

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <array>
+#include <chrono>
+#include <map>
 #include <memory>
 #include <random>
 #include <string>
@@ -21,7 +23,8 @@ protected:
 
     int Random(int first, int last);
 
-    // Kills one of the three; returns its name.
+    // Kills one of the three at a random moment; returns its name. Two times of three it is one in
+    // the middle of a change.
     std::string KillOne();
 
     // Ends all three as a user would, and expects that they end well.
@@ -31,16 +34,22 @@ protected:
     // damaged database is a failure at any moment.
     std::string FindDisagreement();
 
+    // What Vexcor put right by now; the hosts, which do the same, keep no log of it.
+    std::map<std::string, int> CountRepairs() const;
+
     // How many groups of fonts were activated by now.
     int64_t CountActivations();
 
 private:
+    pid_t FindWriter();
+    std::unique_ptr<ChildProcess>* WaitForWriter(std::chrono::microseconds sinceLock);
     std::unique_ptr<ChildProcess> StartHost(size_t number);
     std::string CompareTables();
     std::string CompareFolder();
     std::string CompareFontconfig();
 
     std::mt19937 mRandom;
+    int mLocks = -1;  // stays open to the end of the process
     std::unique_ptr<ChildProcess> mKeeper;
     std::array<std::unique_ptr<ChildProcess>, kHosts> mHosts;
 };
