@@ -3,6 +3,7 @@
 namespace vexcor {
 
 // The signals that ask the program to end: from the constructor on they don't end it by themselves.
+// Nor does the end of whoever reads what it writes.
 class StopSignals {
 public:
     StopSignals();

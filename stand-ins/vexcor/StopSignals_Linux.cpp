@@ -17,8 +17,9 @@ StopSignals::StopSignals()
 {
     sigset_t signals;
     (void)sigemptyset(&signals);  // these fail for no valid set and signal
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) (void)sigaddset(&signals, signal);
+    for (const int number : {SIGINT, SIGTERM, SIGHUP}) (void)sigaddset(&signals, number);
     (void)sigprocmask(SIG_BLOCK, &signals, nullptr);
+    (void)signal(SIGPIPE, SIG_IGN);
     mDescriptor = signalfd(-1, &signals, SFD_NONBLOCK | SFD_CLOEXEC);
     if (mDescriptor < 0)
         throw plugincore::Failure(plugincore::StatusCodes::kError,
