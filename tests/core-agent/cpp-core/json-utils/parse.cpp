@@ -27,6 +27,8 @@ struct Unreadable {
     const char* text;
 };
 
+void PrintTo(const Unreadable& row, std::ostream* out) { *out << row.text; }
+
 class JSONParseOfUnreadable : public JSONReports, public testing::WithParamInterface<Unreadable> {};
 
 TEST_P(JSONParseOfUnreadable, IsReportedAndKeepsTheValue)
