@@ -55,6 +55,13 @@ std::string GetNameForErrorCode(unsigned int code)
 void ReportCoreError(const char* category, int level, unsigned int code, const char* expression,
                      const char* file, int line) noexcept
 {
+    // A lock that fails while the report is made is reported in turn, and would be without end.
+    static thread_local bool sIsReporting = false;
+    if (sIsReporting) return;
+    struct ReportingScope {
+        ReportingScope() { sIsReporting = true; }
+        ~ReportingScope() { sIsReporting = false; }
+    } reporting;
     try {
         GLogger* const logger = GLogger::GetSharedInstance();
         const std::string name = GetNameForErrorCode(code);
