@@ -1,5 +1,5 @@
 # The two commands are `make run` and `make test`; each installs what is missing, builds and runs.
-.PHONY: run test test-asan lint stage bench bootstrap clean
+.PHONY: run test test-asan test-tsan lint stage bench bootstrap clean
 
 run: stage
 	tools/run-demo
@@ -13,6 +13,12 @@ test-asan: bootstrap
 	cmake --preset asan >/dev/null
 	cmake --build --preset asan
 	ASAN_OPTIONS=detect_leaks=1 ctest --preset asan
+
+# Only the tests of what threads share.
+test-tsan: bootstrap
+	cmake --preset tsan >/dev/null
+	cmake --build --preset tsan
+	ctest --preset tsan
 
 lint: bootstrap
 	cmake --preset dev >/dev/null

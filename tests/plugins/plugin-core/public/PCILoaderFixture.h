@@ -5,6 +5,8 @@
 #include <stdlib.h>
 #include <unistd.h>
 
+#include <filesystem>
+#include <fstream>
 #include <memory>
 #include <string>
 
@@ -12,9 +14,10 @@
 #include "RecordingTrace.h"
 #include "ScriptedHost.h"
 #include "ScriptedPluginCore.h"
+#include "ScriptedProcessList.h"
 
 // The loader over the scripted libraries. The working folder is the test's own, so that no
-// framework lies about in it, and nothing is configured for the user.
+// framework lies about in it, no process runs, and nothing is configured for the user.
 class PCILoaderTest : public ::testing::Test {
 protected:
     PCILoaderTest()
@@ -25,6 +28,7 @@ protected:
         EXPECT_EQ(setenv("XDG_DATA_HOME", scratch.c_str(), 1), 0);
         EXPECT_EQ(chdir(scratch.c_str()), 0);
         PCILoader::sSharedInstance = nullptr;
+        ScriptedExecutables().clear();
         ClearTraces();
     }
     ~PCILoaderTest() override
@@ -32,7 +36,7 @@ protected:
         // The system keeps the instance for good; a test doesn't.
         const std::unique_ptr<PCILoader> instance(PCILoader::sSharedInstance);
         EXPECT_EQ(chdir("/"), 0);
-        EXPECT_EQ(rmdir(scratch.c_str()), 0);
+        EXPECT_GT(std::filesystem::remove_all(scratch), 0U);
     }
 
     static std::string Folder(const std::string& variant)
@@ -46,6 +50,14 @@ protected:
     static PCILoader* Load(const std::string& variant)
     {
         return PCILoader::GetThisSharedInstance(Framework(variant));
+    }
+    // Writes a file below the scratch folder, with the folders above it.
+    std::string Write(const std::string& name, const std::string& content) const
+    {
+        const std::filesystem::path file = scratch + "/" + name;
+        std::filesystem::create_directories(file.parent_path());
+        std::ofstream(file, std::ios::binary) << content;
+        return file;
     }
     // Loads the variant and tests it; the alerts are the host's.
     bool IsLoaded(const std::string& variant)
