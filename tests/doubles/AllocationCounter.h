@@ -3,10 +3,13 @@
 #include <cstddef>
 
 // Counts what the whole program allocates and frees with operator new and delete, in all their
-// forms. A program that links this has them replaced.
+// forms, in any thread. A program that links this has them replaced.
 namespace AllocationCounter {
 
 std::size_t Allocations();
 std::size_t Frees();
+
+// From now on each allocation lets other threads run, so that threads overlap in what they build.
+void YieldAtEach();
 
 }  // namespace AllocationCounter

@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <string>
+#include <thread>
+#include <vector>
 
 #include "AllocationCounter.h"
 #include "CppCoreMacros.h"
@@ -36,6 +39,31 @@ TEST(TableCost, FirstNameBuildsAllRowsAndLaterOnesNone)
         EXPECT_LT(CountForAName(), 4U);
         EXPECT_LT(CountAllocations([] { (void)GetNameForErrorCode(0xFF000001); }), 4U);
     });
+}
+
+// A table takes a block for each row and another for nearly every name.
+TEST(TableCost, FirstCallOfManyThreadsBuildsOneTable)
+{
+    constexpr int kThreads = 8;
+    for (int round = 0; round < 5; ++round) {
+        InFreshProcess([] {
+            AllocationCounter::YieldAtEach();
+            const std::size_t allocations = CountAllocations([] {
+                std::atomic<bool> isOpen{false};
+                std::vector<std::thread> threads;
+                for (int index = 0; index < kThreads; ++index) {
+                    threads.emplace_back([&] {
+                        while (!isOpen) std::this_thread::yield();
+                        (void)GetNameForErrorCode(0);  // only the cost counts
+                    });
+                }
+                isOpen = true;
+                for (std::thread& thread : threads) thread.join();
+            });
+            EXPECT_GE(allocations, kRows);
+            EXPECT_LT(allocations, 3 * kRows);
+        });
+    }
 }
 
 TEST(TableCost, CoreCallsThatSucceedBuildNothing)
