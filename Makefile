@@ -1,5 +1,5 @@
 # The two commands are `make run` and `make test`; each installs what is missing, builds and runs.
-.PHONY: run test test-asan test-tsan lint stage bench bootstrap clean
+.PHONY: run test test-asan test-tsan test-mac mac lint stage bench bootstrap clean
 
 run: stage
 	tools/run-demo
@@ -19,6 +19,19 @@ test-tsan: bootstrap
 	cmake --preset tsan >/dev/null
 	cmake --build --preset tsan
 	ctest --preset tsan
+
+# The macOS files over GNUstep, on Linux.
+test-mac:
+	@tools/bootstrap --mac
+	cmake --preset mac-gnustep >/dev/null
+	cmake --build --preset mac-gnustep
+	ctest --preset mac-gnustep
+
+# The bundle and its tests, on a Mac.
+mac: bootstrap
+	cmake --preset mac >/dev/null
+	cmake --build --preset mac
+	ctest --preset mac
 
 lint: bootstrap
 	cmake --preset dev >/dev/null

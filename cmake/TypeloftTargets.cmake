@@ -6,6 +6,8 @@ function(typeloft_target target)
         POSITION_INDEPENDENT_CODE ON
         C_VISIBILITY_PRESET hidden
         CXX_VISIBILITY_PRESET hidden
+        OBJC_VISIBILITY_PRESET hidden
+        OBJCXX_VISIBILITY_PRESET hidden
         VISIBILITY_INLINES_HIDDEN ON)
     # Reports name their source file: no path of the building machine goes into a binary.
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow

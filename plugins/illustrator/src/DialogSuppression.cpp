@@ -1,7 +1,6 @@
 #include "DialogSuppression.h"
 
 #include <cstdint>
-#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -33,11 +32,6 @@ const char* const kBuiltInHints[] = {
 std::vector<std::string> sTitleSubstrings;
 std::vector<uint32_t> sDismissalKeys;
 
-bool Contains(const std::string& title, const std::string& hint)
-{
-    return !hint.empty() && title.find(hint) != std::string::npos;
-}
-
 void SendDismissalKey(ModalWindow& window, unsigned int keyCode)
 {
     SKeyEvent event = {};
@@ -50,16 +44,11 @@ void SendDismissalKey(ModalWindow& window, unsigned int keyCode)
     window.SendEvent(event);
 }
 
-void DismissIfSuppressable(ModalWindow& window)
+void DismissIfSuppressable(void* context)
 {
-    try {
-        unsigned int keyCode = 0;
-        if (isSuppressableDialog(&window, &keyCode)) SendDismissalKey(window, keyCode);
-    } catch (const ModalWindowException& exception) {
-        // Standard error is the system log here; without one the text is lost.
-        (void)std::fprintf(stderr, "Exception when beginModalOverride:  exception=%s\n",
-                           exception.what());
-    }
+    ModalWindow& window = *static_cast<ModalWindow*>(context);
+    unsigned int keyCode = 0;
+    if (isSuppressableDialog(&window, &keyCode)) SendDismissalKey(window, keyCode);
 }
 
 }  // namespace
@@ -83,7 +72,7 @@ bool isSuppressableDialog(ModalWindow* window, unsigned int* outKeyCode)
     for (const std::string& hint : sTitleSubstrings) {
         const std::string title = window->GetTitle();
         OutputIndentedAndFormattedString(0, "Does '%s' contain '%s'?", title.c_str(), hint.c_str());
-        if (Contains(title, hint)) {
+        if (OSTitleContains(title, hint)) {
             *outKeyCode = *key;
             OutputIndentedAndFormattedString(
                 0, "Dialog '%s' is suppressable with key-event 0x%08x because it contains '%s'",
@@ -104,6 +93,6 @@ void HandleModalWindow(ModalWindow& window)
     if (!GetSuppressionOfMissingFontsDialog()) return;
     // A modal session that begins from inside the next step passes through untouched.
     SetSuppressionOfMissingFontsDialog(0);
-    DismissIfSuppressable(window);
+    OSCallGuarded(DismissIfSuppressable, &window);
     SetSuppressionOfMissingFontsDialog(kSecondsAfterDialog);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "ModalWindow.h"
 
 // Holds the host's missing-fonts dialog back for a few seconds after a file's fonts have been dealt
@@ -44,9 +46,16 @@ void InitSuppressionHooks();
 // Does nothing: once installed, the hook stays for the life of the process.
 void RemoveSuppressionHooks();
 
-// All that happens with a window in front of its modal session. A ModalWindowException ends no more
-// than the event; any other exception passes through.
+// All that happens with a window in front of its modal session. The platform's own exception (off
+// macOS a ModalWindowException) ends no more than the event; any other passes through.
 void HandleModalWindow(ModalWindow& window);
+
+// Whether the hint stands in the title, letter by letter. An empty hint stands in none.
+bool OSTitleContains(const std::string& title, const std::string& hint);
+
+// Calls the action. The platform's own exception ends it and goes to the system log; any other
+// passes through.
+void OSCallGuarded(void (*action)(void* context), void* context);
 
 // The Escape key.
 extern unsigned short sDismissalKeyCode;

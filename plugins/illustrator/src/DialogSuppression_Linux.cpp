@@ -1,3 +1,4 @@
+#include <cstdio>
 #include <utility>
 
 #include "DialogSuppression.h"
@@ -23,4 +24,20 @@ void InitSuppressionHooks()
     SHostPlatform* const platform = FindHostPlatform();
     if (platform == nullptr) return;
     std::swap(platform->beginModalSession, sBeginModalOverride);
+}
+
+bool OSTitleContains(const std::string& title, const std::string& hint)
+{
+    return !hint.empty() && title.find(hint) != std::string::npos;
+}
+
+void OSCallGuarded(void (*action)(void* context), void* context)
+{
+    try {
+        action(context);
+    } catch (const ModalWindowException& exception) {
+        // Standard error is the system log here; without one the text is lost.
+        (void)std::fprintf(stderr, "Exception when beginModalOverride:  exception=%s\n",
+                           exception.what());
+    }
 }

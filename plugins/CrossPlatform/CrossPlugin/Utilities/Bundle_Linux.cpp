@@ -12,6 +12,7 @@
 namespace {
 
 constexpr char kFrameworkSuffix[] = ".framework";
+constexpr char kVersionKey[] = "CFBundleShortVersionString";
 
 std::string StripTrailingSeparators(std::string path)
 {
@@ -42,7 +43,7 @@ void KeepThisModuleLoaded()
 
 }  // namespace
 
-OpaqueBundle* OSOpenBundle(const std::string& path)
+BundleRef OSOpenBundle(const std::string& path)
 {
     static std::vector<std::unique_ptr<OpaqueBundle>> sOpenBundles;
 
@@ -65,6 +66,14 @@ OpaqueBundle* OSOpenBundle(const std::string& path)
     KeepThisModuleLoaded();
     sOpenBundles.push_back(std::make_unique<OpaqueBundle>(OpaqueBundle{library, information}));
     return sOpenBundles.back().get();
+}
+
+bool OSGetBundleVersion(BundleRef bundle, std::string& version)
+{
+    const auto found = bundle->information.find(kVersionKey);
+    if (found == bundle->information.end()) return false;
+    version = found->second;
+    return true;
 }
 
 void* OSFindFunction(BundleRef bundle, const char* name)

@@ -1,6 +1,6 @@
 #pragma once
 
-// A framework opened by path, whose functions are looked up by name.
+// A framework opened by path, whose functions are looked up by name. On macOS it is a CFBundleRef.
 typedef struct OpaqueBundle* BundleRef;
 
 // Opens the framework folder at `path` (UTF-8) and returns its bundle, which is the caller's and

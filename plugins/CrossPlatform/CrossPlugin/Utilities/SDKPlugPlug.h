@@ -48,3 +48,7 @@ struct SDKPlugPlug {
     int AddEventListener(const char* type, PlugPlugEventHandler handler, void* context);
     int DispatchEvent(const csxs::event::Event* event);
 };
+
+// Opens the bundle that Load binds: by whether the preferred folder is there, not by whether it can
+// be opened. Null if the host has no such folder, or it is no framework. No trace.
+BundleRef OSOpenEventBus();

@@ -1,19 +1,18 @@
+#include "DllFrameworkUtils.h"
+
 #include <string>
 
-#include "Bundle_Linux.h"
+#include "Bundle.h"
 #include "DebugUtils.h"
-#include "DllFrameworkUtils.h"
 #include "TraceArguments.h"
 
 namespace {
 
-constexpr char kVersionKey[] = "CFBundleShortVersionString";
-
-void CopyVersion(const OpaqueBundle& bundle, char* versionBuffer, unsigned int bufferSize)
+void CopyVersion(BundleRef bundle, char* versionBuffer, unsigned int bufferSize)
 {
-    const auto version = bundle.information.find(kVersionKey);
-    if (version == bundle.information.end() || versionBuffer == nullptr || bufferSize == 0) return;
-    const size_t length = version->second.copy(versionBuffer, bufferSize - 1);
+    std::string version;
+    if (versionBuffer == nullptr || bufferSize == 0 || !OSGetBundleVersion(bundle, version)) return;
+    const size_t length = version.copy(versionBuffer, bufferSize - 1);
     versionBuffer[length] = '\0';
 }
 
@@ -21,12 +20,12 @@ void CopyVersion(const OpaqueBundle& bundle, char* versionBuffer, unsigned int b
 
 BundleRef LoadDllOrFramework(const char* path, char* versionBuffer, unsigned int bufferSize)
 {
-    OpaqueBundle* bundle = nullptr;
+    BundleRef bundle = nullptr;
     if (path != nullptr) bundle = OSOpenBundle(path);
     OutputIndentedAndFormattedString(
         0, "CFBundleCreate() returned 0x%08x on attempt to load plug-in interface from '%s'",
         TracePointer(bundle), TraceText(path));
-    if (bundle != nullptr) CopyVersion(*bundle, versionBuffer, bufferSize);
+    if (bundle != nullptr) CopyVersion(bundle, versionBuffer, bufferSize);
     return bundle;
 }
 

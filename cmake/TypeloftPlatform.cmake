@@ -1,0 +1,72 @@
+# Which files with a platform's suffix are compiled, and what they are linked with.
+#
+# On macOS that is the Mac half; so it is with TYPELOFT_MAC_HALF elsewhere, where GNUstep stands for
+# Foundation and AppKit and a stand-in of the tests for CoreFoundation.
+option(TYPELOFT_MAC_HALF "Compile the macOS files over GNUstep, for their tests" OFF)
+
+if(APPLE OR TYPELOFT_MAC_HALF)
+    set(TYPELOFT_PLATFORM Mac)
+    if(NOT APPLE)
+        # The runtime library that GNUstep is built for is that of gcc.
+        find_program(CMAKE_OBJC_COMPILER gcc REQUIRED)
+        find_program(CMAKE_OBJCXX_COMPILER g++ REQUIRED)
+    endif()
+    enable_language(OBJC)
+    enable_language(OBJCXX)
+    set(CMAKE_OBJCXX_STANDARD 17)
+    set(CMAKE_OBJCXX_STANDARD_REQUIRED ON)
+else()
+    set(TYPELOFT_PLATFORM Linux)
+endif()
+
+# What every library with platform files is linked with.
+add_library(typeloftplatform INTERFACE)
+if(APPLE)
+    target_link_libraries(typeloftplatform INTERFACE
+        "-framework AppKit" "-framework Foundation" "-framework CoreServices"
+        "-framework CoreFoundation" objc)
+elseif(TYPELOFT_MAC_HALF)
+    find_path(GNUSTEP_INCLUDE_DIR AppKit/AppKit.h PATHS /usr/include/GNUstep REQUIRED)
+    target_include_directories(typeloftplatform SYSTEM INTERFACE ${GNUSTEP_INCLUDE_DIR})
+    set(gnustep_flags
+        -DGNUSTEP -DGNUSTEP_BASE_LIBRARY=1 -DGNU_GUI_LIBRARY=1 -DGNU_RUNTIME=1
+        -D_NATIVE_OBJC_EXCEPTIONS -fobjc-exceptions -fexceptions
+        -fconstant-string-class=NSConstantString)
+    # And a name that GNUstep knows by its older one.
+    set(newer_names ${PROJECT_SOURCE_DIR}/tests/mac/gnustep/NewerNames.h)
+    target_compile_options(typeloftplatform INTERFACE
+        "$<$<COMPILE_LANGUAGE:OBJC,OBJCXX>:${gnustep_flags}>"
+        "$<$<COMPILE_LANGUAGE:OBJC,OBJCXX>:SHELL:-include ${newer_names}>"
+        # Its Objective-C is that of 1990 otherwise.
+        $<$<COMPILE_LANGUAGE:OBJC>:-std=gnu11>)
+    target_link_libraries(typeloftplatform INTERFACE
+        corefoundationstandin gnustep-gui gnustep-base objc)
+else()
+    find_package(PkgConfig REQUIRED)
+    pkg_check_modules(PLIST REQUIRED IMPORTED_TARGET GLOBAL libplist-2.0)
+    target_link_libraries(typeloftplatform INTERFACE PkgConfig::PLIST ${CMAKE_DL_LIBS})
+endif()
+
+# typeloft_platform_sources(TARGET LINUX files... MAC files...): adds those of the platform.
+function(typeloft_platform_sources target)
+    cmake_parse_arguments(arg "" "" "LINUX;MAC" ${ARGN})
+    string(TOUPPER ${TYPELOFT_PLATFORM} platform)
+    target_sources(${target} PRIVATE ${arg_${platform}})
+    target_link_libraries(${target} PUBLIC typeloftplatform)
+endfunction()
+
+# No symbol of the module is exported but these.
+function(typeloft_export_only target)
+    set(script ${CMAKE_CURRENT_BINARY_DIR}/${target}.exports)
+    if(APPLE)
+        list(TRANSFORM ARGN PREPEND _)
+        list(JOIN ARGN "\n" names)
+        file(CONFIGURE OUTPUT ${script} CONTENT "${names}\n")
+        target_link_options(${target} PRIVATE -Wl,-exported_symbols_list,${script})
+    else()
+        list(JOIN ARGN "; " names)
+        file(CONFIGURE OUTPUT ${script} CONTENT "{ global: ${names}; local: *; };\n")
+        target_link_options(${target} PRIVATE -Wl,--version-script=${script})
+    endif()
+    set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${script})
+endfunction()

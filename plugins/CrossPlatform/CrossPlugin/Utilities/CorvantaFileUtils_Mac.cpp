@@ -1,0 +1,33 @@
+#include "CorvantaFileUtils_Mac.h"
+
+#include "CFHolder_Mac.h"
+
+namespace CorvantaFileUtils {
+
+long GetFileModificationDate(const char* path)
+{
+    if (path == nullptr) return 0;
+    const CFHolder<CFStringRef> text(
+        CFStringCreateWithCString(kCFAllocatorDefault, path, kCFStringEncodingUTF8));
+    return GetFileModificationDate(text.get());
+}
+
+long GetFileModificationDate(CFStringRef path)
+{
+    if (path == nullptr) return 0;
+    const CFHolder<CFURLRef> url(
+        CFURLCreateWithFileSystemPath(kCFAllocatorDefault, path, kCFURLPOSIXPathStyle, false));
+    if (!url) return 0;
+    CFDateRef value = nullptr;
+    if (!CFURLCopyResourcePropertyForKey(url.get(), kCFURLContentModificationDateKey, &value,
+                                         nullptr) ||
+        value == nullptr) {
+        return 0;
+    }
+    const CFHolder<CFDateRef> date(value);
+    // The fraction goes first: in front of 2001 the cut is towards the later second.
+    return static_cast<long>(CFDateGetAbsoluteTime(date.get())) +
+           static_cast<long>(kCFAbsoluteTimeIntervalSince1970);
+}
+
+}  // namespace CorvantaFileUtils

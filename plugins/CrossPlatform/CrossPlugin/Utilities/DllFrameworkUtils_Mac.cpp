@@ -1,0 +1,51 @@
+#include "DllFrameworkUtils_Mac.h"
+
+#include "Bundle.h"
+#include "CFHolder_Mac.h"
+
+namespace {
+
+CFHolder<CFStringRef> MakeString(const char* text)
+{
+    return CFHolder<CFStringRef>(
+        CFStringCreateWithCString(kCFAllocatorDefault, text, kCFStringEncodingUTF8));
+}
+
+}  // namespace
+
+std::string GetStdString(CFStringRef text)
+{
+    if (text == nullptr || CFStringGetLength(text) == 0) return std::string();
+    const CFIndex size =
+        CFStringGetMaximumSizeForEncoding(CFStringGetLength(text), kCFStringEncodingUTF8) + 1;
+    std::string result(static_cast<size_t>(size), '\0');
+    if (!CFStringGetCString(text, result.data(), size, kCFStringEncodingUTF8)) return std::string();
+    result.resize(result.find('\0'));
+    return result;
+}
+
+BundleRef OSOpenBundle(const std::string& path)
+{
+    const CFHolder<CFStringRef> text = MakeString(path.c_str());
+    if (!text) return nullptr;
+    const CFHolder<CFURLRef> url(
+        CFURLCreateWithFileSystemPath(kCFAllocatorDefault, text.get(), kCFURLPOSIXPathStyle, true));
+    return url ? ToBundle(CFBundleCreate(kCFAllocatorDefault, url.get())) : nullptr;
+}
+
+bool OSGetBundleVersion(BundleRef bundle, std::string& version)
+{
+    const CFTypeRef value = CFBundleGetValueForInfoDictionaryKey(
+        ToCFBundle(bundle), CFSTR("CFBundleShortVersionString"));
+    // A property list may hold a number there.
+    if (value == nullptr || CFGetTypeID(value) != CFStringGetTypeID()) return false;
+    version = GetStdString(static_cast<CFStringRef>(value));
+    return true;
+}
+
+void* OSFindFunction(BundleRef bundle, const char* name)
+{
+    if (bundle == nullptr || name == nullptr) return nullptr;
+    const CFHolder<CFStringRef> text = MakeString(name);
+    return text ? CFBundleGetFunctionPointerForName(ToCFBundle(bundle), text.get()) : nullptr;
+}

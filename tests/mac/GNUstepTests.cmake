@@ -1,0 +1,53 @@
+# Of the frameworks folders of the event bus only those that these tests use are built.
+function(use_plug_plug target)
+    foreach(property INCLUDE_DIRECTORIES COMPILE_DEFINITIONS)
+        set_property(TARGET ${target} APPEND PROPERTY
+            ${property} $<TARGET_PROPERTY:scriptedplugplug,INTERFACE_${property}>)
+    endforeach()
+    foreach(library both-PlugPlugOwl both-PlugPlug plain-only-PlugPlug
+            owl-not-a-library-PlugPlug missing-PlugPlugRemoveEventListener-PlugPlugOwl)
+        add_dependencies(${target} scriptedplugplug-${library})
+    endforeach()
+endfunction()
+
+# Tests of what macOS alone has: they drive the stand-ins for CoreFoundation and the workspace.
+mac_test(mac-only-test
+    SOURCES only/calendar.cpp only/guard.mm only/references.cpp only/running_applications.cpp
+    LIBRARIES recordinglog recordingtrace typeloft)
+target_include_directories(mac-only-test PRIVATE ${PROJECT_SOURCE_DIR}/core-agent/cpp-core/src)
+
+# The plug-in by its messages, with the macOS files.
+set(artefacts ${CMAKE_CURRENT_BINARY_DIR}/artefacts)
+file(MAKE_DIRECTORY ${artefacts})
+mac_test(mac-messages-test
+    SOURCES ${platform} ${plugin_tests}/src/MessageFixture.cpp
+        messages/panel.cpp messages/screenshot.mm messages/startup.cpp
+    LIBRARIES ${doubles} typeloft)
+target_include_directories(mac-messages-test PRIVATE
+    contract ${plugin_tests}/src ${plugin_tests}/panel-link)
+target_compile_definitions(mac-messages-test PRIVATE ARTEFACTS="${artefacts}")
+
+use_plug_plug(mac-messages-test)
+
+# Nothing of the plug-in but the module that is loaded.
+mac_test(mac-module-test
+    SOURCES ${platform} messages/module.cpp
+    LIBRARIES scriptedhost)
+target_include_directories(mac-module-test PRIVATE contract)
+target_compile_definitions(mac-module-test PRIVATE
+    PLUGIN_MODULE="$<TARGET_FILE:TypeloftSPEA>"
+    $<TARGET_PROPERTY:scriptedplugincore,INTERFACE_COMPILE_DEFINITIONS>)
+add_dependencies(mac-module-test TypeloftSPEA)
+
+foreach(variant complete version-refused missing-ShouldShowLogin)
+    add_dependencies(mac-messages-test scriptedplugincore-${variant})
+    add_dependencies(mac-module-test scriptedplugincore-${variant})
+endforeach()
+
+find_program(CLANG_TIDY clang-tidy)
+if(CLANG_TIDY)
+    add_test(NAME mac.tidy COMMAND ${PROJECT_SOURCE_DIR}/tests/lint/check-tidy
+        ${CLANG_TIDY} ${PROJECT_BINARY_DIR} mac)
+    set_tests_properties(mac.tidy PROPERTIES
+        LABELS "mac;lint" WORKING_DIRECTORY ${PROJECT_SOURCE_DIR} TIMEOUT 300)
+endif()

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "ScratchFolder.h"
+#include "Workspace.h"
+
+// A font manager whose process runs, with a scripted PluginCore of that variant where an
+// installation has it.
+class InstalledCore {
+public:
+    explicit InstalledCore(const std::string& variant)
+    {
+        std::filesystem::create_directory_symlink(
+            std::string(SCRIPTED_PLUGIN_CORE_FOLDER) + "/" + variant, mFolder.Path("PluginFiles"));
+        SetRunningApplications({mFolder.Path("Other"), mFolder.Path("Vexcor")});
+    }
+
+    std::string FrameworkPath() const { return mFolder.Path("PluginFiles/PluginCore.framework"); }
+    std::string Executable() const { return mFolder.Path("Vexcor"); }
+
+private:
+    ScratchFolder mFolder;
+};

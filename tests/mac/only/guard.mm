@@ -1,0 +1,92 @@
+#import <Foundation/Foundation.h>
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include "GScopedManagedMemory.h"
+#import "OSGuard_Mac.h"
+
+namespace {
+
+void Nothing(void*) {}
+
+void Raise(void*) { [NSException raise:@"Gone" format:@"reason"]; }
+
+void ThrowCPlusPlus(void*) { throw std::runtime_error("other"); }
+
+void RaiseOverADestructor(void* context)
+{
+    struct Counter {
+        ~Counter() { ++*count; }
+        int* count;
+    };
+    const Counter counter{static_cast<int*>(context)};
+    Raise(nullptr);
+}
+
+TEST(Guard, AnswersNilIfNothingIsRaised) { EXPECT_EQ(nil, OSGuard(Nothing, nullptr)); }
+
+TEST(Guard, HandsTheExceptionOut)
+{
+    NSException* const exception = OSGuard(Raise, nullptr);
+    ASSERT_NE(nil, exception);
+    EXPECT_STREQ("Gone", [[exception name] UTF8String]);
+    EXPECT_STREQ("reason", [[exception reason] UTF8String]);
+}
+
+TEST(Guard, LetsAnyOtherExceptionPass)
+{
+    EXPECT_THROW((void)OSGuard(ThrowCPlusPlus, nullptr), std::runtime_error);
+}
+
+TEST(Guard, RunsTheDestructorsInBetween)
+{
+    NSAutoreleasePool* const pool = [[NSAutoreleasePool alloc] init];
+    int count = 0;
+    EXPECT_NE(nil, OSGuard(RaiseOverADestructor, &count));
+    EXPECT_EQ(1, count);
+    [pool release];
+}
+
+}  // namespace
+
+// Tells when it goes.
+@interface Probe : NSObject {
+@public
+    int* deaths;
+}
+@end
+
+@implementation Probe
+
+- (void)dealloc
+{
+    ++*deaths;
+    [super dealloc];
+}
+
+@end
+
+TEST(ManagedMemory, FreesTemporaryObjectsAtItsEnd)
+{
+    int deaths = 0;
+    {
+        const GScopedManagedMemory pool;
+        Probe* const probe = [[[Probe alloc] init] autorelease];
+        probe->deaths = &deaths;
+        EXPECT_EQ(0, deaths);
+    }
+    EXPECT_EQ(1, deaths);
+}
+
+TEST(ManagedMemory, ScopesNest)
+{
+    int deaths = 0;
+    const GScopedManagedMemory outer;
+    {
+        const GScopedManagedMemory inner;
+        Probe* const probe = [[[Probe alloc] init] autorelease];
+        probe->deaths = &deaths;
+    }
+    EXPECT_EQ(1, deaths);
+}

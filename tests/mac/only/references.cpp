@@ -1,0 +1,122 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "Bundle.h"
+#include "CFHolder_Mac.h"
+#include "CoreFoundationStandIn.h"
+#include "CorvantaFileUtils_Mac.h"
+#include "DllFrameworkUtils_Mac.h"
+#include "PluginInfo.h"
+#include "SDKPlugPlug.h"
+#include "ScratchFolder.h"
+
+using CoreFoundationStandIn::FailNextCall;
+using CoreFoundationStandIn::LiveReferences;
+using CorvantaFileUtils::GetFileModificationDate;
+
+namespace {
+
+CFHolder<CFStringRef> Text(const char* text)
+{
+    return CFHolder<CFStringRef>(
+        CFStringCreateWithCString(kCFAllocatorDefault, text, kCFStringEncodingUTF8));
+}
+
+TEST(StdString, IsTheTextInUTF8)
+{
+    EXPECT_EQ("4.5.6", GetStdString(Text("4.5.6").get()));
+    EXPECT_EQ("caf\xC3\xA9\xE3\x83\x95", GetStdString(Text("caf\xC3\xA9\xE3\x83\x95").get()));
+}
+
+TEST(StdString, IsEmptyForNoText)
+{
+    EXPECT_EQ("", GetStdString(nullptr));
+    EXPECT_EQ("", GetStdString(Text("").get()));
+    FailNextCall("CFStringGetCString");
+    EXPECT_EQ("", GetStdString(Text("text").get()));
+}
+
+TEST(FileDateOfAString, IsThatOfTheBytes)
+{
+    const ScratchFolder scratch;
+    const std::string path = scratch.Write("a", "x");
+    EXPECT_NE(0, GetFileModificationDate(path.c_str()));
+    EXPECT_EQ(GetFileModificationDate(path.c_str()),
+              GetFileModificationDate(Text(path.c_str()).get()));
+    EXPECT_EQ(0, GetFileModificationDate(static_cast<CFStringRef>(nullptr)));
+}
+
+TEST(BundlePath, IsThatOfTheLoadedBundleWithTheIdentifier)
+{
+    const ScratchFolder scratch;
+    (void)scratch.Write(
+        "A.framework/Resources/Info.plist",  // The path is known.
+        "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>CFBundleIdentifier</key>"
+        "<string>com.example.a</string></dict></plist>");
+    const std::string folder = scratch.Path("A.framework");
+    ASSERT_NE(nullptr, OSOpenBundle(folder));
+    const long before = LiveReferences();
+    EXPECT_EQ(folder, PluginInfo::GetPluginPath("com.example.a"));
+    EXPECT_EQ(before, LiveReferences());
+    FailNextCall("CFURLGetFileSystemRepresentation");
+    EXPECT_EQ("./CorvantaFontManagement...", PluginInfo::GetPluginPath("com.example.a"));
+    FailNextCall("CFBundleCopyBundleURL");
+    EXPECT_EQ("./CorvantaFontManagement...", PluginInfo::GetPluginPath("com.example.a"));
+    EXPECT_EQ(before, LiveReferences());
+}
+
+// What each step of a look-up leaves behind if it fails: nothing.
+class FailingStep : public testing::TestWithParam<const char*> {};
+
+TEST_P(FailingStep, OfTheEventBusGivesNoBundleAndKeepsNothing)
+{
+    const ScratchFolder scratch;
+    std::filesystem::create_directories(
+        scratch.Path("Host.app/Contents/Frameworks/PlugPlugOwl.framework"));
+    CoreFoundationStandIn::SetMainBundle(scratch.Path("Host.app"));
+    const long before = LiveReferences();
+    FailNextCall(GetParam());
+    SDKPlugPlug binding;
+    EXPECT_EQ(31, binding.Load());
+    EXPECT_EQ(nullptr, binding.bundle);
+    EXPECT_EQ(before, LiveReferences());
+}
+
+INSTANTIATE_TEST_SUITE_P(Steps, FailingStep,
+                         testing::Values("CFBundleCopyPrivateFrameworksURL",
+                                         "CFURLCreateCopyAppendingPathComponent",
+                                         "CFURLCopyAbsoluteURL", "CFURLCreateFilePathURL",
+                                         "CFBundleCreate"),
+                         [](const auto& row) { return std::string(row.param); });
+
+class FailingBundleStep : public testing::TestWithParam<const char*> {};
+
+TEST_P(FailingBundleStep, GivesNoBundleAndKeepsNothing)
+{
+    const ScratchFolder scratch;
+    const long before = LiveReferences();
+    FailNextCall(GetParam());
+    EXPECT_EQ(nullptr, OSOpenBundle(scratch.Path()));
+    EXPECT_EQ(before, LiveReferences());
+}
+
+INSTANTIATE_TEST_SUITE_P(Steps, FailingBundleStep,
+                         testing::Values("CFStringCreateWithCString",
+                                         "CFURLCreateWithFileSystemPath", "CFBundleCreate"),
+                         [](const auto& row) { return std::string(row.param); });
+
+TEST(FileDateSteps, FailSilentlyAndKeepNothing)
+{
+    const ScratchFolder scratch;
+    const std::string path = scratch.Write("a", "x");
+    for (const char* step : {"CFStringCreateWithCString", "CFURLCreateWithFileSystemPath",
+                             "CFURLCopyResourcePropertyForKey"}) {
+        const long before = LiveReferences();
+        FailNextCall(step);
+        EXPECT_EQ(0, GetFileModificationDate(path.c_str())) << step;
+        EXPECT_EQ(before, LiveReferences()) << step;
+    }
+}
+
+}  // namespace

@@ -1,0 +1,4 @@
+#pragma once
+
+// Makes the process an application with windows, once.
+void StartApplication();

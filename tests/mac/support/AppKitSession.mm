@@ -1,0 +1,16 @@
+#include "AppKitSession.h"
+
+#import <AppKit/AppKit.h>
+
+#include "Display.h"
+
+void StartApplication()
+{
+    if (NSApp != nil) return;
+    EnterDisplay();
+    NSDictionary* const defaults =
+        [NSDictionary dictionaryWithObject:@"NO" forKey:@"GSX11HandlesWindowDecorations"];
+    [[NSUserDefaults standardUserDefaults] registerDefaults:defaults];
+    // Known as NSApp from now on.
+    (void)[NSApplication sharedApplication];
+}

@@ -1,0 +1,3 @@
+#include "Display.h"
+
+void EnterDisplay() {}
