@@ -10,6 +10,7 @@
 #include "DscReader.h"
 #include "FileBytes.h"
 #include "InflateBudget.h"
+#include "NativeReader.h"
 #include "PdfDescription.h"
 #include "PdfFile.h"
 #include "PdfReader.h"
@@ -83,6 +84,7 @@ OpenResult ReadPdf(std::string_view bytes, const Limits& limits, Document descri
 
 OpenResult ReadPostScript(std::string_view bytes, const Limits& limits, Document described)
 {
+    const InflateBudget budget(limits.inflatedBytes);
     DocumentSource source;
     source.container = GetContainer(bytes);
     source.postScript = bytes;
@@ -121,6 +123,7 @@ OpenResult Read(const std::string& path, const Limits& limits)
 const std::vector<DocumentReader>& GetDocumentReaders()
 {
     static const std::vector<DocumentReader> readers = {
+        {"native", ReadNative},
         {"pdf", ReadPdfContent},
         {"dsc", ReadDscComments},
     };

@@ -41,6 +41,20 @@ size_t GetCharacterLength(std::string_view bytes)
     return length;
 }
 
+void AppendCharacter(unsigned long character, std::string& text)
+{
+    if (character < 0x80) {
+        text += static_cast<char>(character);
+        return;
+    }
+    const int following = character < 0x800 ? 1 : character < 0x10000 ? 2 : 3;
+    constexpr unsigned kFirstBytes[] = {0, 0xC0, 0xE0, 0xF0};
+    text += static_cast<char>(kFirstBytes[following] | character >> (6 * following));
+    for (int i = following - 1; i >= 0; --i) {
+        text += static_cast<char>(0x80 | (character >> (6 * i) & 0x3F));
+    }
+}
+
 }  // namespace
 
 std::string ToValidUtf8(std::string_view bytes)
@@ -55,6 +69,29 @@ std::string ToValidUtf8(std::string_view bytes)
             text += bytes.substr(0, length);
         }
         bytes.remove_prefix(std::max<size_t>(length, 1));
+    }
+    return text;
+}
+
+std::string FromUtf16(std::string_view bytes)
+{
+    constexpr unsigned long kReplacementCharacter = 0xFFFD;
+    const auto unit = [bytes](size_t at) -> unsigned long {
+        if (at + 1 >= bytes.size()) return 0;
+        return static_cast<unsigned long>(static_cast<unsigned char>(bytes[at])) << 8 |
+               static_cast<unsigned char>(bytes[at + 1]);
+    };
+    std::string text;
+    for (size_t at = 0; at < bytes.size(); at += 2) {
+        unsigned long character = at + 1 < bytes.size() ? unit(at) : kReplacementCharacter;
+        if (character >= 0xD800 && character < 0xE000) {
+            const unsigned long second = unit(at + 2);
+            const bool isPair = character < 0xDC00 && second >= 0xDC00 && second < 0xE000;
+            character = isPair ? 0x10000 + ((character - 0xD800) << 10) + (second - 0xDC00)
+                               : kReplacementCharacter;
+            if (isPair) at += 2;
+        }
+        AppendCharacter(character, text);
     }
     return text;
 }

@@ -9,6 +9,10 @@ namespace documents {
 // surrogates and what lies beyond U+10FFFF aren't valid.
 std::string ToValidUtf8(std::string_view bytes);
 
+// Big-endian UTF-16 as UTF-8; halves of pairs that stand alone become U+FFFD, and so does a last
+// single byte.
+std::string FromUtf16(std::string_view bytes);
+
 // The text as part of a one-line message: valid UTF-8, control characters replaced by blanks, cut
 // off behind 200 bytes.
 std::string ToMessageText(std::string_view bytes);
