@@ -151,6 +151,7 @@ private:
             if (isWhole || line.find("/Art :") != std::string_view::npos || !mLines.Next(line)) {
                 break;
             }
+            if (StartsWith(line, "%_")) line.remove_prefix(2);
         }
         // 1 is what an effect makes out of a frame that stands there as well.
         if (undone == 1 || story < 0 || frame < 0 || !mFrames.emplace(story, frame).second) return;

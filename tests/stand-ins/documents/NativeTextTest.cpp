@@ -1,0 +1,207 @@
+#include <gmock/gmock.h>
+
+#include <string>
+
+#include "NativeMaker.h"
+#include "PdfMaker.h"
+#include "ScratchFolder.h"
+
+using namespace documents;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Keys = NativeMaker::Keys;
+
+namespace {
+
+NativeMaker MakeThreeFonts(Keys keys = Keys::kNumbers)
+{
+    return NativeMaker(keys)
+        .SetFonts({"Default-Regular", "Serif-Bold", "Sans-Italic", "AdobeInvisFont"})
+        .AddStyle(0);
+}
+
+class NativeTextKeys : public testing::TestWithParam<Keys> {};
+
+}  // namespace
+
+INSTANTIATE_TEST_SUITE_P(All, NativeTextKeys, testing::Values(Keys::kNumbers, Keys::kWords));
+
+TEST_P(NativeTextKeys, RunsOfAStory)
+{
+    const OpenResult result =
+        OpenNative(MakeThreeFonts(GetParam()).AddStory({{2, 3}, {1, 4}, {2, 2}}).AddFrame(0));
+    EXPECT_EQ("Sans-Italic:3 Serif-Bold:4 Sans-Italic:1", DescribeFrames(result));
+    EXPECT_THAT(result.document.fonts, ElementsAre("Sans-Italic", "Serif-Bold"));
+}
+
+TEST_P(NativeTextKeys, RunWithoutFontTakesItsStyles)
+{
+    const OpenResult result = OpenNative(MakeThreeFonts(GetParam())
+                                             .AddStyle(1)       // 1
+                                             .AddStyle(-1, 1)   // 2
+                                             .AddStyle(-1, -1)  // 3
+                                             .AddStory({{-1, 2, 2}, {-1, 3, 3}, {-1, 4, 99}})
+                                             .AddFrame(0));
+    EXPECT_EQ("Serif-Bold:2 Default-Regular:3 Default-Regular:3", DescribeFrames(result));
+}
+
+TEST_P(NativeTextKeys, FontsWithoutRunsDontCount)
+{
+    EXPECT_THAT(
+        OpenNative(MakeThreeFonts(GetParam()).AddStory({{1, 2}}).AddFrame(0)).document.fonts,
+        ElementsAre("Serif-Bold"));
+}
+
+TEST(NativeText, StylesThatLeadInACircleGiveTheDefault)
+{
+    EXPECT_EQ(
+        "Default-Regular:1",
+        DescribeFrames(OpenNative(
+            MakeThreeFonts().AddStyle(-1, 2).AddStyle(-1, 1).AddStory({{-1, 2, 1}}).AddFrame(0))));
+}
+
+TEST(NativeText, FramesStandInPaintOrder)
+{
+    const OpenResult result =
+        OpenNative(MakeThreeFonts().AddStory({{1, 2}}).AddStory({{2, 3}}).AddFrame(1).AddFrame(0));
+    EXPECT_EQ("Sans-Italic:2 | Serif-Bold:1", DescribeFrames(result));
+    EXPECT_EQ(1u, result.document.frames[0].story);
+    EXPECT_EQ(0u, result.document.frames[1].story);
+    EXPECT_THAT(result.document.fonts, ElementsAre("Serif-Bold", "Sans-Italic"));
+}
+
+TEST(NativeText, FramesOfOneStoryShowTheirPartsOfIt)
+{
+    const OpenResult result = OpenNative(MakeThreeFonts()
+                                             .AddStory({{1, 10}, {2, 5}, {1, 6}}, {4, 8, 9})
+                                             .AddFrame(0, 0)
+                                             .AddFrame(0, 2)
+                                             .AddFrame(0, 1));
+    EXPECT_EQ("Serif-Bold:4 | Sans-Italic:3 Serif-Bold:5 | Serif-Bold:6 Sans-Italic:2",
+              DescribeFrames(result));
+    EXPECT_EQ(1u, result.document.stories.size());
+}
+
+TEST(NativeText, FramesOfOneStoryShowAllOfItIfTheLayoutIsUnknown)
+{
+    const OpenResult result = OpenNative(MakeThreeFonts(Keys::kWords)
+                                             .AddStory({{1, 3}, {2, 3}}, {3, 3})
+                                             .AddFrame(0, 0)
+                                             .AddFrame(0, 1));
+    EXPECT_EQ("Serif-Bold:3 Sans-Italic:2 | Serif-Bold:3 Sans-Italic:2", DescribeFrames(result));
+}
+
+TEST(NativeText, TextThatNoFrameHasRoomForCountsInTheStoryAlone)
+{
+    const OpenResult result = OpenNative(
+        MakeThreeFonts().AddStory({{1, 10}, {2, 5}}, {4, 3}).AddFrame(0, 0).AddFrame(0, 1));
+    EXPECT_EQ("Serif-Bold:4 | Serif-Bold:3", DescribeFrames(result));
+    EXPECT_THAT(result.document.fonts, ElementsAre("Serif-Bold", "Sans-Italic"));
+}
+
+TEST(NativeText, EmptyFrameHasNoRuns)
+{
+    const OpenResult result = OpenNative(MakeThreeFonts().AddStory({{1, 1}}).AddFrame(0));
+    ASSERT_EQ(1u, result.document.frames.size());
+    EXPECT_THAT(result.document.frames[0].runs, IsEmpty());
+    EXPECT_THAT(result.document.fonts, IsEmpty());
+}
+
+TEST(NativeText, StoryWithoutAFrameDoesntCount)
+{
+    const OpenResult result =
+        OpenNative(MakeThreeFonts().AddStory({{1, 3}}).AddStory({{2, 3}}).AddFrame(1));
+    EXPECT_THAT(result.document.fonts, ElementsAre("Sans-Italic"));
+    EXPECT_EQ(1u, result.document.stories.size());
+}
+
+TEST(NativeText, ResultOfAnEffectDoesntCount)
+{
+    const OpenResult result = OpenNative(
+        MakeThreeFonts()
+            .AddStory({{1, 3}})
+            .AddLines("%_/AI11Text :\n%_0 /FreeUndo ,\n%_0 /FrameIndex ,\n"
+                      "%_0 /StoryIndex ,\n%_;\n%_")
+            .AddLines("/AI11Text :\n1 /FreeUndo ,\n0 /FrameIndex ,\n0 /StoryIndex ,\n;"));
+    EXPECT_EQ("Serif-Bold:2", DescribeFrames(result));
+}
+
+TEST(NativeText, FrameThatStandsThereTwiceCountsOnce)
+{
+    EXPECT_EQ(
+        "Serif-Bold:2",
+        DescribeFrames(OpenNative(MakeThreeFonts().AddStory({{1, 3}}).AddFrame(0).AddFrame(0))));
+}
+
+TEST(NativeText, FramesWithoutStoryAreNoted)
+{
+    const OpenResult result =
+        OpenNative(MakeThreeFonts().AddStory({{1, 3}}).AddFrame(0).AddFrame(7));
+    EXPECT_EQ("Serif-Bold:2", DescribeFrames(result));
+    EXPECT_THAT(result.document.notes, ElementsAre("1 text frames lead to no story"));
+}
+
+TEST(NativeText, RunsWhoseFontIsntThereAreNoted)
+{
+    const OpenResult result = OpenNative(MakeThreeFonts().AddStory({{1, 3}, {9, 4}}).AddFrame(0));
+    EXPECT_EQ("Serif-Bold:3", DescribeFrames(result));
+    EXPECT_THAT(result.document.notes, ElementsAre("1 stretches of text name no font"));
+}
+
+TEST(NativeText, NameInJapanese)
+{
+    NativeMaker maker = MakeThreeFonts().AddStory({{1, 3}}).AddFrame(0);
+    std::string tree = maker.MakeTree();
+    const std::string name = std::string("\0S\0e\0r\0i\0f", 10);
+    tree.replace(tree.find(name), name.size(), "\x6E\x38\x30\xCE");
+    const std::string text = "%AI5_FileFormat 7.0\r/AI11TextDocument : /ASCII85Decode ,\r" +
+                             EncodeAscii85(tree) +
+                             "\r/AI11Text :\r0 /FreeUndo ,\r0 /FrameIndex ,\r0 /StoryIndex ,\r;\r";
+    EXPECT_EQ("\xE6\xB8\xB8\xE3\x83\x8E-Bold:2",
+              DescribeFrames(OpenBytes(WrapInPdf(PackZlib(text)))));
+}
+
+TEST(NativeText, UnknownEncodingFallsBackToThePage)
+{
+    std::string text = MakeThreeFonts().AddStory({{1, 3}}).AddFrame(0).MakeText();
+    text.replace(text.find("/ASCII85Decode"), 14, "/ASCIIHexDecod");
+    const OpenResult result = OpenBytes(WrapInPdf(PackZlib(text)));
+    EXPECT_EQ("pdf", result.document.reader);
+    EXPECT_THAT(
+        result.document.notes,
+        ElementsAre("the native document can't be read: its text is packed in an unknown way"));
+}
+
+TEST(NativeText, MissingTreeFallsBackToThePage)
+{
+    const OpenResult result = OpenNative(NativeMaker().AddFrame(0));
+    EXPECT_EQ("pdf", result.document.reader);
+    EXPECT_THAT(result.document.notes,
+                ElementsAre("the native document can't be read: its text is missing"));
+}
+
+TEST(NativeText, ConvertedFromNothing)
+{
+    const OpenResult result = OpenNative(NativeMaker());
+    EXPECT_EQ("native", result.document.reader);
+    EXPECT_THAT(result.document.frames, IsEmpty());
+}
+
+TEST(NativeText, DeepTreeIsPassedOver)
+{
+    std::string text = MakeThreeFonts().AddStory({{1, 3}}).AddFrame(0).MakeText();
+    std::string tree = MakeThreeFonts().AddStory({{1, 3}}).MakeTree();
+    tree.insert(0, "/7 " + std::string(1000000, '[') + std::string(1000000, ']') + " ");
+    const std::string native = "%AI5_FileFormat 7.0\r/AI11TextDocument : /ASCII85Decode ,\r" +
+                               EncodeAscii85(tree) + "\r" + text.substr(text.find("/AI11Text :"));
+    EXPECT_EQ("Serif-Bold:2", DescribeFrames(OpenBytes(WrapInPdf(PackZlib(native)))));
+}
+
+TEST(NativeText, LegacyTextIsReadFromItsPage)
+{
+    const std::string page = PdfMaker().SetContent("BT /F2 9 Tf (ab) Tj ET").Make();
+    const OpenResult result = OpenNative(MakeThreeFonts().AddStory({{1, 3}}).AddFrame(0).AddLines(
+        "/ArtLegacyText :\n0 /Flags ,\n/Data : /ASCII85Decode ,\n" + EncodeAscii85(page, "\n") +
+        "\n/Data ,\n;"));
+    EXPECT_EQ("Serif-Bold:2 | Beta-Bold:2", DescribeFrames(result));
+}
