@@ -17,4 +17,11 @@ const char* GetKindName(Kind kind)
     return "unknown";
 }
 
+std::string JoinNotes(const Document& document)
+{
+    std::string line;
+    for (const std::string& note : document.notes) line += (line.empty() ? "" : "; ") + note;
+    return line;
+}
+
 }  // namespace documents

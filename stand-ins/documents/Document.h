@@ -43,4 +43,7 @@ struct Document {
     std::vector<std::string> linkedFiles;  // placed files in order, repeats included
 };
 
+// The notes in one line.
+std::string JoinNotes(const Document& document);
+
 }  // namespace documents

@@ -108,6 +108,8 @@ OpenReport Application::Open(const std::string& path, const std::string& givenPa
 
     const std::vector<std::string> names = read.document.fonts;
     report.opened = true;
+    report.reader = read.document.reader;
+    report.note = documents::JoinNotes(read.document);
     report.frames = read.document.frames.size();
     for (const documents::TextFrame& frame : read.document.frames) report.runs += frame.runs.size();
     report.linkedDocuments = read.document.linkedFiles;

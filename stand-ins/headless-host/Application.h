@@ -24,6 +24,8 @@ struct OpenReport {
     bool opened = false;
     std::string error;  // one line without the path; empty if opened
     std::string kind;
+    std::string reader;  // which reader answered; empty if none did
+    std::string note;    // what it couldn't make use of, or why others couldn't; one line
     size_t frames = 0;
     size_t runs = 0;
     std::vector<FontReport> fonts;

@@ -54,6 +54,7 @@ void AddMarkdownRow(std::string& text, const std::string& what, const std::strin
 
 struct Lists {
     std::string options;
+    std::string fontsOptions;
     std::string actions;
     std::string expectations;
     std::string statuses;
@@ -63,6 +64,7 @@ Lists MakeLists(AddRow add)
 {
     Lists lists;
     for (const OptionRow& row : kOptions) add(lists.options, GetUsage(row), row.help);
+    for (const OptionRow& row : kFontsOptions) add(lists.fontsOptions, GetUsage(row), row.help);
     for (const ActionRow& row : kActions) add(lists.actions, GetUsage(row), row.help);
     for (const ExpectRow& row : kExpectations) add(lists.expectations, GetUsage(row), row.help);
     for (const ExitStatusRow& row : kExitStatuses) {
@@ -87,10 +89,11 @@ std::string WriteManualPage()
            "would\n.SH SYNOPSIS\n"
            ".B headless\\-host open\n[\\fIOPTION\\fR]... \\fIFILE\\fR...\n.br\n"
            ".B headless\\-host run\n[\\fIOPTION\\fR]... [\\fIFILE\\fR|\\-]\n"
+           ".br\n.B headless\\-host fonts\n[\\fIOPTION\\fR]... \\fIFILE\\fR...\n"
            ".SH OPTIONS\n" +
-           lists.options + ".SH SESSIONS\n" + EscapeRoff(kSessionText) + "\n" + lists.actions +
-           ".SS Expectations\n" + lists.expectations +
-           ".SH EXIT STATUS\nOf several the greatest.\n" + lists.statuses;
+           lists.options + ".SS Options of fonts\n" + lists.fontsOptions + ".SH SESSIONS\n" +
+           EscapeRoff(kSessionText) + "\n" + lists.actions + ".SS Expectations\n" +
+           lists.expectations + ".SH EXIT STATUS\nOf several the greatest.\n" + lists.statuses;
 }
 
 std::string WriteReadme()
@@ -101,11 +104,13 @@ std::string WriteReadme()
     };
     return "# headless-host\n\n"
            "    headless-host open [OPTION]... FILE...\n"
-           "    headless-host run [OPTION]... [FILE|-]\n\n"
+           "    headless-host run [OPTION]... [FILE|-]\n"
+           "    headless-host fonts [OPTION]... FILE...\n\n"
            "Opens documents as a design program with the font plug-in would. This page is what\n"
            "`headless-host --readme` prints; `headless-host --man` prints the manual page.\n\n"
            "## Options\n\n" +
-           table("option", lists.options) + "\n## Sessions\n\n" + kSessionText + "\n\n" +
+           table("option", lists.options) + "\n## Options of fonts\n\n" +
+           table("option", lists.fontsOptions) + "\n## Sessions\n\n" + kSessionText + "\n\n" +
            table("action", lists.actions) + "\n" + table("expectation", lists.expectations) +
            "\n## Exit status\n\nOf several the greatest.\n\n" + table("status", lists.statuses);
 }

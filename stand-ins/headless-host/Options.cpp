@@ -35,6 +35,17 @@ const std::vector<OptionRow> kOptions = {
      nullptr, nullptr, nullptr},
 };
 
+const std::vector<OptionRow> kFontsOptions = {
+    {"--json", nullptr, "Write one JSON object per file, a line each", &Options::json, nullptr,
+     nullptr, nullptr},
+    {"--names", nullptr, "Write the names of the fonts alone, each once", &Options::names, nullptr,
+     nullptr, nullptr},
+    {"--recursive", nullptr, "Read the documents in folders and in the folders below",
+     &Options::recursive, nullptr, nullptr, nullptr},
+    {"--timeout", "SECONDS", "Give a file up that takes longer; 30 without this option", nullptr,
+     nullptr, nullptr, &Options::timeout},
+};
+
 namespace {
 
 std::string MakeFooter()
@@ -48,9 +59,9 @@ std::string MakeFooter()
     return text;
 }
 
-void AddOptions(CLI::App& command, Options& options)
+void AddOptions(const std::vector<OptionRow>& rows, CLI::App& command, Options& options)
 {
-    for (const OptionRow& row : kOptions) {
+    for (const OptionRow& row : rows) {
         CLI::Option* option = nullptr;
         if (row.flag != nullptr) option = command.add_flag(row.name, options.*row.flag, row.help);
         if (row.text != nullptr) option = command.add_option(row.name, options.*row.text, row.help);
@@ -64,6 +75,11 @@ void AddOptions(CLI::App& command, Options& options)
         }
         if (row.argument != nullptr) option->option_text(row.argument);
     }
+}
+
+void AddHostOptions(CLI::App& command, Options& options)
+{
+    AddOptions(kOptions, command, options);
     std::vector<std::string> languages;
     for (const HostLanguage& language : kHostLanguages) languages.emplace_back(language.tag);
     command.get_option("--language")->check(CLI::IsMember(languages));
@@ -86,23 +102,34 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, Options& option
     app.footer(MakeFooter());
     CLI::App* const open = app.add_subcommand("open", "Open documents and tell of their fonts");
     open->add_option("FILE", options.files, "The documents")->required()->option_text("...");
-    AddOptions(*open, options);
+    AddHostOptions(*open, options);
     open->footer(MakeFooter());
     CLI::App* const run = app.add_subcommand("run", "Run a session: a line with an action each");
     run->add_option("FILE", options.session, "The session; standard input without it or with -")
         ->option_text(" ");
-    AddOptions(*run, options);
+    AddHostOptions(*run, options);
     run->footer("Actions:\n" + DescribeActions() + "\n" + MakeFooter());
+    CLI::App* const fonts =
+        app.add_subcommand("fonts", "Tell of the fonts of documents, without the plug-in");
+    fonts->add_option("FILE", options.files, "The documents")->required()->option_text("...");
+    AddOptions(kFontsOptions, *fonts, options);
+    fonts->get_option("--names")->excludes(fonts->get_option("--json"));
+    fonts->footer(MakeFooter());
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp&) {
-        text = open->parsed() ? open->help() : run->parsed() ? run->help() : app.help();
+        text = open->parsed()    ? open->help()
+               : run->parsed()   ? run->help()
+               : fonts->parsed() ? fonts->help()
+                                 : app.help();
         return ParseOutcome::kDone;
     } catch (const CLI::ParseError& error) {
         text = error.what();
         return ParseOutcome::kWrongUse;
     }
-    options.action = run->parsed() ? Command::kRun : Command::kOpen;
+    options.action = run->parsed()     ? Command::kRun
+                     : fonts->parsed() ? Command::kFonts
+                                       : Command::kOpen;
     return ParseOutcome::kRun;
 }
 

@@ -5,11 +5,11 @@
 
 namespace headless {
 
-enum class Command { kOpen, kRun };
+enum class Command { kOpen, kRun, kFonts };
 
 struct Options {
     Command action = Command::kOpen;
-    std::vector<std::string> files;  // of open
+    std::vector<std::string> files;  // of open and fonts
     std::string session;             // of run: a file, "-" or empty for standard input
     bool json = false;
     bool interactive = false;
@@ -22,6 +22,9 @@ struct Options {
     std::string log;
     std::string command;
     double hold = 0;
+    bool names = false;      // of fonts
+    bool recursive = false;  // of fonts
+    double timeout = 30;     // of fonts
 };
 
 // One row per option: parser, help and manual are made from this table. Exactly one of the four
@@ -36,7 +39,8 @@ struct OptionRow {
     double Options::*number;
 };
 
-extern const std::vector<OptionRow> kOptions;
+extern const std::vector<OptionRow> kOptions;       // of open and run
+extern const std::vector<OptionRow> kFontsOptions;  // of fonts
 
 enum class ParseOutcome { kRun, kDone, kWrongUse };
 

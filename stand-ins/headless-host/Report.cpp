@@ -63,6 +63,8 @@ std::string WriteReportAsJson(const OpenReport& report)
     line["status"] = report.opened ? "opened" : "failed";
     line["error"] = report.error;
     line["kind"] = report.kind;
+    line["reader"] = report.reader;
+    line["note"] = report.note;
     line["frames"] = report.frames;
     line["runs"] = report.runs;
     line["documentFonts"] = nlohmann::ordered_json::array();
@@ -91,7 +93,7 @@ std::string WriteReportAsTable(const OpenReport& report)
 {
     std::string text = MakePrintable(report.path) + ": ";
     if (!report.opened) return text + "failed: " + MakePrintable(report.error) + "\n";
-    text += report.kind + ", " + Count(report.frames, "text frame") + ", " +
+    text += report.kind + " (" + report.reader + "), " + Count(report.frames, "text frame") + ", " +
             Count(report.runs, "run") + "\n";
     size_t width = 0;
     for (const FontReport& font : report.fonts) {
@@ -106,6 +108,7 @@ std::string WriteReportAsTable(const OpenReport& report)
     for (const std::string& file : report.linkedDocuments) {
         text += "    placed file: " + MakePrintable(file) + "\n";
     }
+    if (!report.note.empty()) text += "    note: " + MakePrintable(report.note) + "\n";
     text += std::string("    missing-fonts dialog: ") + GetDialogName(report.dialog) + "\n";
     return text;
 }

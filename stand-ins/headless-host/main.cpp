@@ -2,6 +2,7 @@
 #include <exception>
 
 #include "ExitStatus.h"
+#include "FontsCommand.h"
 #include "OpenCommand.h"
 #include "SessionCommand.h"
 
@@ -12,6 +13,9 @@ int main(int argc, char** argv)
         std::string text;
         switch (headless::ParseCommandLine(argc, argv, options, text)) {
             case headless::ParseOutcome::kRun:
+                if (options.action == headless::Command::kFonts) {
+                    return headless::RunFontsCommand(options);
+                }
                 return options.action == headless::Command::kRun
                            ? headless::RunSessionCommand(options)
                            : headless::RunOpenCommand(options);

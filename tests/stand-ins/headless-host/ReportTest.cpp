@@ -12,6 +12,8 @@ OpenReport MakeReport()
     report.path = "a.ai";
     report.opened = true;
     report.kind = "ai";
+    report.reader = "native";
+    report.note = "cut off";
     report.frames = 1;
     report.runs = 2;
     report.fonts = {{"A", FontState::kDefault},
@@ -29,8 +31,8 @@ OpenReport MakeReport()
 TEST(Report, AsJsonInOneLine)
 {
     EXPECT_EQ(WriteReportAsJson(MakeReport()),
-              R"({"path":"a.ai","status":"opened","error":"","kind":"ai","frames":1,"runs":2,)"
-              R"("documentFonts":[{"PostScriptName":"A","state":"default"},)"
+              R"({"path":"a.ai","status":"opened","error":"","kind":"ai","reader":"native","note":"cut off",)"
+              R"("frames":1,"runs":2,"documentFonts":[{"PostScriptName":"A","state":"default"},)"
               R"({"PostScriptName":"Bb","state":"active"},)"
               R"({"PostScriptName":"C","state":"activated"},)"
               R"({"PostScriptName":"D","state":"missing"}],"linkedDocuments":["/p.png"],)"
@@ -53,12 +55,13 @@ TEST(Report, AFailedFileHasTheSameMembers)
 TEST(Report, AsTable)
 {
     EXPECT_EQ(WriteReportAsTable(MakeReport()),
-              "a.ai: ai, 1 text frame, 2 runs\n"
+              "a.ai: ai (native), 1 text frame, 2 runs\n"
               "    A   host default\n"
               "    Bb  already active\n"
               "    C   activated now\n"
               "    D   missing\n"
               "    placed file: /p.png\n"
+              "    note: cut off\n"
               "    missing-fonts dialog: shown\n");
 }
 
