@@ -35,7 +35,7 @@ struct Document {
     Kind kind = Kind::kUnknown;
     std::string creator;             // the program that wrote it, empty if it doesn't say
     bool isTemplate = false;         // told by the extension .ait, in any case of letters
-    std::string reader;              // which reader answered: "native", "pdf", "dsc"
+    std::string reader;              // which reader answered: "native", "pdf", "dsc", "ghostscript"
     std::vector<std::string> notes;  // what a reader couldn't make use of, a line each
     std::vector<TextFrame> frames;
     std::vector<Story> stories;

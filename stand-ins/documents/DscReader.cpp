@@ -83,15 +83,18 @@ public:
     Texts includedFiles;
     std::string creator;
     bool isCutOff = false;
+    bool tellsFonts = false;
 
 private:
     void Take(Meaning meaning, std::string_view value)
     {
         switch (meaning) {
             case Meaning::kFonts:
+                tellsFonts = true;
                 TakeFonts(value, fonts);
                 break;
             case Meaning::kResources:
+                tellsFonts = true;
                 TakeResources(value, fonts);
                 break;
             case Meaning::kCarriedFont:
@@ -186,12 +189,21 @@ ReadResult ReadDscComments(const DocumentSource& source, const Limits& limits, D
     (void)limits;  // comments neither inflate nor nest
     if (source.pdf != nullptr) return {};
     Comments comments(source.postScript);
+    const bool isForeign = comments.creator.find("Adobe Illustrator") == std::string::npos;
+    if (isForeign && !comments.tellsFonts && comments.carriedFonts.empty()) return {};
     const Texts& fonts = comments.fonts.empty() ? comments.carriedFonts : comments.fonts;
     std::vector<TextRun> runs;
     runs.reserve(fonts.size());
     for (const std::string& font : fonts) runs.push_back({font, 1});
     if (!runs.empty()) DocumentBuilder(document).AddFrameWithStory(std::move(runs));
     return {ReadStatus::kRead, {}};
+}
+
+ReadResult ReadWithoutFonts(const DocumentSource& source, const Limits& limits, Document& document)
+{
+    (void)limits;    // nothing is read
+    (void)document;  // it has no text
+    return {source.pdf == nullptr ? ReadStatus::kRead : ReadStatus::kNotMine, {}};
 }
 
 }  // namespace documents

@@ -9,6 +9,7 @@
 #include "DocumentReader.h"
 #include "DscReader.h"
 #include "FileBytes.h"
+#include "GhostscriptReader.h"
 #include "InflateBudget.h"
 #include "NativeReader.h"
 #include "PdfDescription.h"
@@ -123,9 +124,9 @@ OpenResult Read(const std::string& path, const Limits& limits)
 const std::vector<DocumentReader>& GetDocumentReaders()
 {
     static const std::vector<DocumentReader> readers = {
-        {"native", ReadNative},
-        {"pdf", ReadPdfContent},
-        {"dsc", ReadDscComments},
+        {"native", ReadNative},    {"pdf", ReadPdfContent},
+        {"dsc", ReadDscComments},  {"ghostscript", ReadThroughGhostscript},
+        {"dsc", ReadWithoutFonts},
     };
     return readers;
 }

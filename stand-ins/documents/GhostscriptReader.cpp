@@ -1,0 +1,31 @@
+#include "GhostscriptReader.h"
+
+#include "Ghostscript.h"
+#include "PdfFile.h"
+#include "PdfReader.h"
+
+namespace documents {
+
+ReadResult ReadThroughGhostscript(const DocumentSource& source, const Limits& limits,
+                                  Document& document)
+{
+    if (source.pdf != nullptr) return {};
+    const auto fail = [](const std::string& reason) {
+        return ReadResult{ReadStatus::kFailed, "no comment tells of fonts, and " + reason};
+    };
+    const GhostscriptResult drawn = DrawWithGhostscript(source.postScript, limits.helperSeconds,
+                                                        limits.helperBytes, limits.inflatedBytes);
+    if (!drawn.error.empty()) return fail(drawn.error);
+    PdfFile file(drawn.pdf);
+    const std::string error = file.Open();
+    if (!error.empty()) return fail("what Ghostscript drew is " + error);
+    DocumentSource page;
+    page.container = Container::kPDF;
+    page.pdf = &file;
+    const std::vector<std::string> linkedFiles = document.linkedFiles;
+    ReadResult result = ReadPdfContent(page, limits, document);
+    document.linkedFiles = linkedFiles;
+    return result;
+}
+
+}  // namespace documents

@@ -1,0 +1,99 @@
+#include <gmock/gmock.h>
+#include <sys/stat.h>
+
+#include <cstdlib>
+#include <string>
+
+#include "PdfMaker.h"
+#include "ScratchFolder.h"
+
+using namespace documents;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+constexpr char kForeign[] = "%!PS-Adobe-3.0 EPSF-3.0\n%%Creator: somebody\n%%EndComments\n";
+constexpr char kReason[] = "no comment tells of fonts, and ";
+
+// A program named gs in front of all others of the PATH, or none at all.
+class GhostscriptTest : public testing::Test {
+protected:
+    void SetUp() override { setenv("PATH", mFolder.GetPath().c_str(), 1); }
+
+    void Install(const std::string& script)
+    {
+        const std::string program = mFolder.Write("gs", "#!/bin/sh\nPATH=/usr/bin:/bin\n" + script);
+        ASSERT_EQ(0, chmod(program.c_str(), 0755));
+    }
+
+    OpenResult Open(const std::string& eps, double seconds = 20) const
+    {
+        Limits limits;
+        limits.helperSeconds = seconds;
+        return OpenBytes(eps, "foreign.eps", limits);
+    }
+
+    ScratchFolder mFolder;
+};
+
+}  // namespace
+
+TEST_F(GhostscriptTest, DrawsWhatSaysNothingOfFonts)
+{
+    const std::string page = PdfMaker().SetContent("BT /F1 9 Tf (abc) Tj ET").Make();
+    Install("cat '" + mFolder.Write("page.pdf", page) + "' >/proc/self/fd/11\n");
+    const OpenResult result = Open(std::string(kForeign) + "%%IncludeFile: a.eps\n");
+    EXPECT_EQ("ghostscript", result.document.reader);
+    EXPECT_EQ("Alpha-Regular:3", DescribeFrames(result));
+    EXPECT_EQ(Kind::kEPS, result.document.kind);
+    EXPECT_THAT(result.document.linkedFiles, ElementsAre("a.eps"));
+}
+
+TEST_F(GhostscriptTest, ReadsTheDocumentSafely)
+{
+    const std::string page = PdfMaker().SetContent("BT /F1 9 Tf (abc) Tj ET").Make();
+    const std::string drawing = mFolder.Write("page.pdf", page);
+    Install("cmp -s /proc/self/fd/10 '" + mFolder.Write("wanted", kForeign) +
+            "' && [ \"$2\" = -dSAFER ] && cat '" + drawing + "' >/proc/self/fd/11\n");
+    EXPECT_EQ("ghostscript", Open(kForeign).document.reader);
+}
+
+TEST_F(GhostscriptTest, IsNotAskedIfCommentsTellOfFonts)
+{
+    Install("exit 1\n");
+    EXPECT_EQ("dsc", Open("%!PS-Adobe-3.0 EPSF-3.0\n%%DocumentFonts:\n").document.reader);
+    EXPECT_THAT(Open("%!PS-Adobe-3.0 EPSF-3.0\n%%DocumentFonts:\n").document.notes, IsEmpty());
+}
+
+TEST_F(GhostscriptTest, IsNotInstalled)
+{
+    const OpenResult result = Open(kForeign);
+    ASSERT_TRUE(result.ok) << result.error;
+    EXPECT_EQ("dsc", result.document.reader);
+    EXPECT_THAT(result.document.fonts, IsEmpty());
+    EXPECT_THAT(result.document.notes,
+                ElementsAre(std::string(kReason) + "Ghostscript isn't installed"));
+}
+
+TEST_F(GhostscriptTest, Fails)
+{
+    Install("exit 1\n");
+    EXPECT_THAT(Open(kForeign).document.notes,
+                ElementsAre(std::string(kReason) + "Ghostscript can't draw it"));
+}
+
+TEST_F(GhostscriptTest, DrawsNothing)
+{
+    Install("exit 0\n");
+    EXPECT_THAT(Open(kForeign).document.notes,
+                ElementsAre(std::string(kReason) + "Ghostscript drew nothing"));
+}
+
+TEST_F(GhostscriptTest, IsEndedWithItsChildren)
+{
+    // Each of the two would keep the pipe open that its end is told by.
+    Install("sleep 1000 &\nsleep 1000\n");
+    EXPECT_THAT(Open(kForeign, 0.2).document.notes,
+                ElementsAre(std::string(kReason) + "Ghostscript took longer than 0 s"));
+}
