@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "Decompress.h"
+#include "NativeAdditions.h"
 #include "NativeContainer.h"
 #include "PdfFile.h"
 #include "PdfKey.h"
@@ -56,8 +57,9 @@ void Unpack(NativePart& part)
 NativePart JoinPrivateData(PdfFile& file)
 {
     NativePart part;
-    QPDFObjectHandle data = FindPrivateData(file);
-    if (!data.isDictionary()) return part;
+    QPDFObjectHandle page = FindNativePage(file.GetPages());
+    if (page.isNull()) return part;
+    QPDFObjectHandle data = page.getKey("/PieceInfo").getKey("/Illustrator").getKey("/Private");
     part.isThere = true;
     auto joined = std::make_unique<ByteBuffer>();
     for (size_t i = 1; i <= kMostBlocks; ++i) {
@@ -100,17 +102,6 @@ NativePart FindInPostScript(std::string_view file)
 }
 
 }  // namespace
-
-QPDFObjectHandle FindPrivateData(PdfFile& file)
-{
-    for (const QPDFObjectHandle& each : file.GetPages()) {
-        QPDFObjectHandle page = each;
-        QPDFObjectHandle piece = GetKey(page.getKey("/PieceInfo"), "/Illustrator");
-        QPDFObjectHandle data = GetKey(piece, "/Private");
-        if (GetKey(data, "/AIPrivateData1").isStream()) return data;
-    }
-    return QPDFObjectHandle::newNull();
-}
 
 NativePart FindNativePart(const DocumentSource& source)
 {

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <qpdf/QPDFObjectHandle.hh>
-
 #include <memory>
 #include <string>
 #include <string_view>
@@ -33,8 +31,5 @@ struct NativePart {
 
 // Throws TooLarge.
 NativePart FindNativePart(const DocumentSource& source);
-
-// The dictionary that holds the native part, under the first page that has one; null without one.
-QPDFObjectHandle FindPrivateData(PdfFile& file);
 
 }  // namespace documents

@@ -5,6 +5,7 @@
 
 #include "ContentWalker.h"
 #include "DocumentBuilder.h"
+#include "NativeAdditions.h"
 #include "NativeContainer.h"
 #include "NativeScan.h"
 #include "NativeTextTree.h"
@@ -22,8 +23,10 @@ ReadResult Fail(const std::string& reason)
 // Puts the text of a native document together.
 class Assembler {
 public:
-    Assembler(const NativeContents& contents, const Limits& limits, Document& document)
+    Assembler(const NativeContents& contents, const NativeAdditions& additions,
+              const Limits& limits, Document& document)
         : mContents(contents),
+          mAdditions(additions),
           mLimits(limits),
           mDocument(document),
           mBuilder(document),
@@ -47,6 +50,7 @@ public:
                     break;
             }
         }
+        for (const TextRun& text : mAdditions.texts) mBuilder.AddFrameWithStory({text});
         Note(mLostFrames, "text frames lead to no story");
         Note(mTree.GetUnknownFonts(), "stretches of text name no font");
         Note(mLostPdfs, "texts of an older version can't be read");
@@ -95,6 +99,7 @@ private:
     }
 
     const NativeContents& mContents;
+    const NativeAdditions& mAdditions;
     const Limits& mLimits;
     Document& mDocument;
     DocumentBuilder mBuilder;
@@ -124,8 +129,16 @@ ReadResult ReadNative(const DocumentSource& source, const Limits& limits, Docume
     if (!contents.error.empty()) return Fail(contents.error);
     if (!contents.isNative) return Fail("it is none");
     if (!contents.hasTree && HasFrames(contents)) return Fail("its text is missing");
+    const NativeAdditions additions = source.pdf != nullptr
+                                          ? ReadAdditions(FindNativePage(source.pdf->GetPages()))
+                                          : ReadAdditions(source.postScript);
     document.linkedFiles = contents.linkedFiles;
-    Assembler(contents, limits, document).Assemble();
+    // The comments of a bare document tell of the added files as well.
+    if (!part.isBare || !contents.linksAreListed) {
+        document.linkedFiles.insert(document.linkedFiles.end(), additions.files.begin(),
+                                    additions.files.end());
+    }
+    Assembler(contents, additions, limits, document).Assemble();
     return {ReadStatus::kRead, {}};
 }
 

@@ -60,7 +60,8 @@ public:
             if (mIsStyled) line.remove_prefix(2);
             if (!line.empty()) TakeLine(line);
         }
-        if (mContents.linkedFiles.empty()) {
+        mContents.linksAreListed = mContents.linkedFiles.empty();
+        if (mContents.linksAreListed) {
             mContents.linkedFiles = mIncludedFiles.empty() ? mListedFiles : mIncludedFiles;
         }
         return std::move(mContents);

@@ -32,6 +32,7 @@ struct NativeContents {
     ByteBuffer tree;  // the text tree, decoded
     std::vector<NativeText> texts;
     std::vector<std::string> linkedFiles;  // placed files in order, repeats included
+    bool linksAreListed = false;           // no object tells of them: they are from comments
     std::string error;                     // why the text can't be read; a few words
 };
 

@@ -73,6 +73,13 @@ std::string ToValidUtf8(std::string_view bytes)
     return text;
 }
 
+size_t CountCharacters(std::string_view text)
+{
+    return static_cast<size_t>(std::count_if(text.begin(), text.end(), [](char c) {
+        return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
+    }));
+}
+
 std::string FromUtf16(std::string_view bytes)
 {
     constexpr unsigned long kReplacementCharacter = 0xFFFD;

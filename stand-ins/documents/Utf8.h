@@ -9,6 +9,9 @@ namespace documents {
 // surrogates and what lies beyond U+10FFFF aren't valid.
 std::string ToValidUtf8(std::string_view bytes);
 
+// How many characters a text in UTF-8 has: its bytes but for those that go on with one.
+size_t CountCharacters(std::string_view text);
+
 // Big-endian UTF-16 as UTF-8; halves of pairs that stand alone become U+FFFD, and so does a last
 // single byte.
 std::string FromUtf16(std::string_view bytes);

@@ -9,6 +9,8 @@
 // Documents back to bytes: what was opened, with what was added since.
 namespace documents {
 
+struct NativeAdditions;
+
 // A text that was added, in the font of this name whether or not anybody has it.
 struct AddedText {
     std::string postScriptName;
@@ -32,12 +34,17 @@ struct WriteOrder {
 };
 
 // The bytes of a PDF: the base's pages with the added text drawn on the first one, the placed files
-// in the manifest of its metadata. A native part of another program is taken out if anything was
-// added, since it would no longer tell what the pages show. Throws std::exception with one line.
+// in the manifest of its metadata. The illustration program's own document in it stays as it is,
+// and what was added is told beside it (see NativeAdditions.h). Throws std::exception with one
+// line.
 std::string WritePdf(const WriteOrder& order);
 
-// The bytes of an EPS whose comments name all fonts and placed files. Throws as above.
+// The bytes of an EPS whose comments name all fonts and placed files, with what was added told
+// beside a native part as well. Throws as above.
 std::string WriteEps(const WriteOrder& order);
+
+// What was added, as it is told beside a native part.
+NativeAdditions MakeAdditions(const WriteOrder& order);
 
 // The file of the wanted font, or of the substitute. Throws if there is neither.
 FontFile ChooseFont(const WriteOrder& order, const std::string& postScriptName);

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "FileKind.h"
+#include "NativeAdditions.h"
 #include "WriteDocument.h"
 
 namespace documents {
@@ -167,6 +168,7 @@ std::string WriteEps(const WriteOrder& order)
     for (const std::string& file : order.addedLinks) {
         body += "%%IncludeFile: " + Quote(file, false) + "\n";
     }
+    if (!isNew) body += WriteAdditions(MakeAdditions(order));
     result.insert(FindBodyEnd(result), body);
     result.insert(FindHeaderEnd(result), (isNew ? "%%Creator: Headless Host\n" : "") +
                                              MakeList("DocumentFonts", order.fonts, true) +

@@ -8,7 +8,9 @@
 #include <memory>
 #include <stdexcept>
 
+#include "NativeAdditions.h"
 #include "StreamFilters.h"
+#include "Utf8.h"
 #include "WriteDocument.h"
 #include "WriteXmp.h"
 
@@ -150,12 +152,12 @@ void SetPacket(QPDF& pdf, const std::string& packet)
     pdf.getRoot().replaceKey("/Metadata", metadata);
 }
 
-void RemoveNativePart(QPDF& pdf)
+// A native part stays as it is and would no longer tell all: what is new stands beside it.
+void KeepNativePart(const WriteOrder& order, QPDF& pdf)
 {
-    for (QPDFPageObjectHelper& page : QPDFPageDocumentHelper(pdf).getAllPages()) {
-        QPDFObjectHandle pieces = page.getObjectHandle().getKey("/PieceInfo");
-        if (pieces.isDictionary()) pieces.removeKey("/Illustrator");
-    }
+    QPDFObjectHandle page = FindNativePage(pdf.getAllPages());
+    const NativeAdditions additions = MakeAdditions(order);
+    if (!page.isNull() && !additions.IsEmpty()) AppendAdditions(additions, pdf, page);
 }
 
 void AddEmptyPage(const WriteOrder& order, QPDF& pdf)
@@ -169,6 +171,16 @@ void AddEmptyPage(const WriteOrder& order, QPDF& pdf)
 }
 
 }  // namespace
+
+NativeAdditions MakeAdditions(const WriteOrder& order)
+{
+    NativeAdditions additions;
+    for (const AddedText& text : order.texts) {
+        additions.texts.push_back({text.postScriptName, CountCharacters(text.words)});
+    }
+    additions.files = order.addedLinks;
+    return additions;
+}
 
 FontFile ChooseFont(const WriteOrder& order, const std::string& postScriptName)
 {
@@ -193,7 +205,7 @@ std::string WritePdf(const WriteOrder& order)
             const std::string packet = ReplaceManifest(GetPacket(*pdf), order.linkedFiles);
             SetPacket(*pdf, packet.empty() ? MakeXmpPacket(kCreator, order.linkedFiles) : packet);
         }
-        if (!order.addedLinks.empty() || !order.texts.empty()) RemoveNativePart(*pdf);
+        KeepNativePart(order, *pdf);
     }
     std::vector<std::unique_ptr<MemoryPdf>> drawn;
     AddTexts(order, *pdf, drawn);

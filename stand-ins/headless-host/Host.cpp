@@ -4,20 +4,13 @@
 #include <stdexcept>
 
 #include "HostPlatformTable.h"
+#include "Utf8.h"
 
 namespace headless {
 
 namespace {
 
 Host* sCurrent = nullptr;
-
-// How many characters a text in UTF-8 has: its bytes but for those that go on with one.
-size_t CountCharacters(const std::string& text)
-{
-    return static_cast<size_t>(std::count_if(text.begin(), text.end(), [](char c) {
-        return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
-    }));
-}
 
 }  // namespace
 
@@ -62,7 +55,7 @@ void Host::AddText(DocumentObject& document, const documents::AddedText& text)
 {
     documents::Document& content = document.content;
     const std::vector<documents::TextRun> runs = {
-        {text.postScriptName, CountCharacters(text.words)}};
+        {text.postScriptName, documents::CountCharacters(text.words)}};
     content.frames.push_back({content.stories.size(), runs});
     content.stories.push_back({runs});
     std::vector<std::string>& names = content.fonts;
