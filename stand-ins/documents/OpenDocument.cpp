@@ -21,7 +21,7 @@ namespace documents {
 
 namespace {
 
-std::string GetHeadError(const std::string& head)
+std::string GetHeadError(std::string_view head)
 {
     if (head.empty()) return "is empty";
     if (GetContainer(head) == Container::kNone) return "is no PDF, EPS or Illustrator document";
@@ -104,19 +104,42 @@ OpenResult ReadPostScript(std::string_view bytes, const Limits& limits, Document
     return AskReaders(source, limits, described);
 }
 
+OpenResult ReadBytes(std::string_view bytes, const Limits& limits, Document described)
+{
+    return GetContainer(bytes) == Container::kPDF
+               ? ReadPdf(bytes, limits, std::move(described))
+               : ReadPostScript(bytes, limits, std::move(described));
+}
+
 OpenResult Read(const std::string& path, const Limits& limits)
 {
     OpenResult result;
-    const FileBytes file = ReadFileBytes(path, limits.inflatedBytes, GetHeadError);
+    const FileBytes file = ReadFileBytes(
+        path, limits.inflatedBytes, [](const std::string& head) { return GetHeadError(head); });
     if (!file.error.empty()) {
         result.error = file.error;
         return result;
     }
     Document described;
     described.isTemplate = IsTemplatePath(path);
-    return GetContainer(file.bytes) == Container::kPDF
-               ? ReadPdf(file.bytes, limits, std::move(described))
-               : ReadPostScript(file.bytes, limits, std::move(described));
+    return ReadBytes(file.bytes, limits, std::move(described));
+}
+
+// Whatever is thrown becomes an error.
+template <class Reading>
+OpenResult Guard(Reading reading)
+{
+    OpenResult result;
+    try {
+        return reading();
+    } catch (const std::bad_alloc&) {
+        result.error = "too large: not enough memory";
+    } catch (const std::exception& exception) {
+        result.error = ToMessageText(exception.what());
+    } catch (...) {
+        result.error = "damaged in an unknown way";
+    }
+    return result;
 }
 
 }  // namespace
@@ -133,17 +156,16 @@ const std::vector<DocumentReader>& GetDocumentReaders()
 
 OpenResult OpenDocument(const std::string& path, const Limits& limits)
 {
-    OpenResult result;
-    try {
-        return Read(path, limits);
-    } catch (const std::bad_alloc&) {
-        result.error = "too large: not enough memory";
-    } catch (const std::exception& exception) {
-        result.error = ToMessageText(exception.what());
-    } catch (...) {
-        result.error = "damaged in an unknown way";
-    }
-    return result;
+    return Guard([&] { return Read(path, limits); });
+}
+
+OpenResult OpenDocumentBytes(std::string_view bytes, const Limits& limits)
+{
+    return Guard([&] {
+        OpenResult result;
+        result.error = GetHeadError(bytes);
+        return result.error.empty() ? ReadBytes(bytes, limits, {}) : result;
+    });
 }
 
 }  // namespace documents

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "Document.h"
 
@@ -24,5 +25,8 @@ struct OpenResult {
 // comes within the limits: missing, a folder, no permission, not a document, encrypted, cut off and
 // too large are each an error text of their own. Safe to call from several threads.
 OpenResult OpenDocument(const std::string& path, const Limits& limits = {});
+
+// The same for a file whose bytes are in memory already.
+OpenResult OpenDocumentBytes(std::string_view bytes, const Limits& limits = {});
 
 }  // namespace documents

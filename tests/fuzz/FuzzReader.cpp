@@ -1,0 +1,84 @@
+// Whatever the bytes are, a document is opened or there is one line that says why not; nothing
+// crashes, and no limit is passed. Built once for each reader: the native one gets the text of a
+// native document and of a text tree, the others whole files.
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+
+#include "InflateBudget.h"
+#include "NativeScan.h"
+#include "NativeTextTree.h"
+#include "OpenDocument.h"
+#include "Utf8.h"
+
+namespace {
+
+void Require(bool condition)
+{
+    if (!condition) std::abort();
+}
+
+documents::Limits GetLimits()
+{
+    documents::Limits limits;
+    limits.inflatedBytes = size_t{32} << 20;
+    limits.helperSeconds = 0;  // Ghostscript isn't what is tested here
+    return limits;
+}
+
+void CheckResult(const documents::OpenResult& result)
+{
+    Require(result.ok == result.error.empty());
+    Require(result.error.find('\n') == std::string::npos);
+    for (const documents::TextFrame& frame : result.document.frames) {
+        Require(frame.story < result.document.stories.size());
+        for (const documents::TextRun& run : frame.runs) Require(run.length > 0);
+    }
+    for (const std::string& font : result.document.fonts) {
+        Require(font == documents::ToValidUtf8(font));
+    }
+}
+
+[[maybe_unused]] void ReadFile(std::string_view bytes)
+{
+    CheckResult(documents::OpenDocumentBytes(bytes, GetLimits()));
+}
+
+[[maybe_unused]] void ReadNativeText(std::string_view bytes)
+{
+    const documents::InflateBudget budget(GetLimits().inflatedBytes);
+    try {
+        (void)documents::ScanNative(bytes);  // what it finds is checked below, in a whole file
+        const documents::NativeTextTree tree(bytes);
+        for (size_t i = 0; i < tree.GetStories().size(); ++i) {
+            for (size_t frame = 0; frame < 3; ++frame) {
+                size_t shown = 0;
+                for (const auto& run : tree.GetFrameRuns(i, frame)) shown += run.length;
+                size_t all = 0;
+                for (const auto& run : tree.GetStories()[i].runs) all += run.length;
+                Require(shown <= all);
+            }
+        }
+    } catch (const documents::TooLarge&) {
+        // A limit that held.
+        return;
+    }
+    ReadFile("%!PS-Adobe-3.0\n%AI5_FileFormat 7.0\n%%EndComments\n" + std::string(bytes));
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+    const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+#if defined(FUZZ_NATIVE)
+    ReadNativeText(bytes);
+    ReadFile(bytes);
+#elif defined(FUZZ_PDF)
+    ReadFile("%PDF-1.7\n" + std::string(bytes));
+#else
+    ReadFile("%!PS-Adobe-3.0 EPSF-3.0\n%%DocumentFonts: A\n" + std::string(bytes));
+#endif
+    return 0;
+}
