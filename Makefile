@@ -1,5 +1,5 @@
 # The two commands are `make run` and `make test`; each installs what is missing, builds and runs.
-.PHONY: run test test-asan test-tsan test-mac mac lint stage bench bootstrap clean
+.PHONY: run test test-asan test-tsan test-mac test-corpus mac lint stage bench bootstrap clean
 
 run: stage
 	tools/run-demo
@@ -32,6 +32,14 @@ mac: bootstrap
 	cmake --preset mac >/dev/null
 	cmake --build --preset mac
 	ctest --preset mac
+
+# Real documents of other people, fetched from Debian packages below .deps/corpus.
+test-corpus: bootstrap
+	cmake --preset dev >/dev/null
+	cmake --build --preset dev --target headless-host document-fonts
+	tools/corpus
+	tools/check-corpus build/dev/stand-ins/headless-host/headless-host \
+	    build/dev/tests/stand-ins/documents/document-fonts .deps/corpus docs/CORPUS.md
 
 lint: bootstrap
 	cmake --preset dev >/dev/null

@@ -43,6 +43,7 @@ void DropLastReturn(std::vector<ParsedTextTree::Run>& runs)
 
 std::vector<NativeTextTree::Portion> MakePortions(const ParsedTextTree::Story& story, size_t length)
 {
+    if (story.laid.empty()) return {};
     std::vector<NativeTextTree::Portion> portions(story.frames.size());
     size_t start = 0;
     for (const ParsedTextTree::Laid& laid : story.laid) {
@@ -77,7 +78,6 @@ NativeTextTree::NativeTextTree(std::string_view bytes)
                 AppendRun(*font, run.length, story.runs);
             }
         }
-        story.frameCount = parsed.frames.size();
         // With text left out the layout's counts would fall on other runs.
         if (mUnknownFonts == 0) story.portions = MakePortions(parsed, length);
         mStories.push_back(std::move(story));
@@ -87,7 +87,7 @@ NativeTextTree::NativeTextTree(std::string_view bytes)
 std::vector<TextRun> NativeTextTree::GetFrameRuns(size_t index, size_t frame) const
 {
     const Story& story = mStories[index];
-    if (story.frameCount <= 1 || frame >= story.portions.size()) return story.runs;
+    if (frame >= story.portions.size()) return story.runs;
     const size_t start = story.portions[frame].start;
     const size_t end = start + story.portions[frame].length;
     std::vector<TextRun> runs;

@@ -27,7 +27,6 @@ public:
         // By the frame's index in the story. Empty if the tree doesn't tell how the text is laid
         // out, or tells something that doesn't fit the runs.
         std::vector<Portion> portions;
-        size_t frameCount = 0;
     };
 
     // `tree` is only read here. Runs whose font isn't told at all count as `unknownFonts`, and are
@@ -37,8 +36,8 @@ public:
     const std::vector<Story>& GetStories() const { return mStories; }
     size_t GetUnknownFonts() const { return mUnknownFonts; }
 
-    // The runs that the frame with this index in the story shows: all of them if the layout isn't
-    // known.
+    // The runs that the frame with this index in the story shows, without what no frame has room
+    // for: all of them if the layout isn't known.
     std::vector<TextRun> GetFrameRuns(size_t story, size_t frame) const;
 
 private:

@@ -99,6 +99,14 @@ TEST(NativeText, TextThatNoFrameHasRoomForCountsInTheStoryAlone)
     EXPECT_THAT(result.document.fonts, ElementsAre("Serif-Bold", "Sans-Italic"));
 }
 
+TEST(NativeText, TextThatItsOnlyFrameHasNoRoomForCountsInTheStoryAlone)
+{
+    const OpenResult result =
+        OpenNative(MakeThreeFonts().AddStory({{1, 10}, {2, 5}}, {4}).AddFrame(0));
+    EXPECT_EQ("Serif-Bold:4", DescribeFrames(result));
+    EXPECT_THAT(result.document.fonts, ElementsAre("Serif-Bold", "Sans-Italic"));
+}
+
 TEST(NativeText, EmptyFrameHasNoRuns)
 {
     const OpenResult result = OpenNative(MakeThreeFonts().AddStory({{1, 1}}).AddFrame(0));
