@@ -48,7 +48,7 @@ std::string FindProgram()
     std::string rest = path == nullptr ? "" : path;
     while (!rest.empty()) {
         const size_t end = std::min(rest.find(':'), rest.size());
-        const std::string program = rest.substr(0, end) + "/gs";
+        std::string program = rest.substr(0, end) + "/gs";
         rest.erase(0, end + 1);
         // A relative folder would make it matter where the user stands.
         if (program.front() == '/' && access(program.c_str(), X_OK) == 0) return program;

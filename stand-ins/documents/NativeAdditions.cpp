@@ -69,7 +69,8 @@ void ReadLine(std::string_view line, NativeAdditions& additions)
 
 QPDFObjectHandle FindNativePage(const std::vector<QPDFObjectHandle>& pages)
 {
-    for (QPDFObjectHandle page : pages) {
+    for (const QPDFObjectHandle& each : pages) {
+        QPDFObjectHandle page = each;
         QPDFObjectHandle piece = GetKey(GetKey(page, "/PieceInfo"), "/Illustrator");
         if (GetKey(GetKey(piece, "/Private"), "/AIPrivateData1").isStream()) return page;
     }
