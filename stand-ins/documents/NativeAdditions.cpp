@@ -69,8 +69,7 @@ void ReadLine(std::string_view line, NativeAdditions& additions)
 
 QPDFObjectHandle FindNativePage(const std::vector<QPDFObjectHandle>& pages)
 {
-    for (const QPDFObjectHandle& each : pages) {
-        QPDFObjectHandle page = each;
+    for (const QPDFObjectHandle& page : pages) {
         QPDFObjectHandle piece = GetKey(GetKey(page, "/PieceInfo"), "/Illustrator");
         if (GetKey(GetKey(piece, "/Private"), "/AIPrivateData1").isStream()) return page;
     }

@@ -1,6 +1,7 @@
-// document-fonts [--all|--listed] FILE...: prints the fonts of each file, one a line, in byte order;
-// with --all everything else that was read too, with --listed those that the native part lists in
-// its own header. Exit status 1 if a file can't be read, or has no native part to list them.
+// document-fonts [--all|--listed] FILE...: prints the fonts of each file, one a line, in byte
+// order; with --all everything else that was read too, with --listed those that the native part
+// lists in its own header. Exit status 1 if a file can't be read, or has no native part to list
+// them.
 #include <algorithm>
 #include <cstdio>
 #include <string>

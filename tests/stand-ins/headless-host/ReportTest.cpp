@@ -31,7 +31,8 @@ OpenReport MakeReport()
 TEST(Report, AsJsonInOneLine)
 {
     EXPECT_EQ(WriteReportAsJson(MakeReport()),
-              R"({"path":"a.ai","status":"opened","error":"","kind":"ai","reader":"native","note":"cut off",)"
+              R"({"path":"a.ai","status":"opened","error":"","kind":"ai","reader":"native",)"
+              R"("note":"cut off",)"
               R"("frames":1,"runs":2,"documentFonts":[{"PostScriptName":"A","state":"default"},)"
               R"({"PostScriptName":"Bb","state":"active"},)"
               R"({"PostScriptName":"C","state":"activated"},)"
