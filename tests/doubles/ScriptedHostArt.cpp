@@ -8,8 +8,6 @@ constexpr std::size_t kFrameBase = 0xF0000;
 constexpr std::size_t kPlacedBase = 0xE0000;
 constexpr AIErr kNoDocument = 0x4E4F4443;  // 'NODC'
 
-ScriptedHost& Host() { return ScriptedHost::Current(); }
-
 AIArtHandle ArtHandle(std::size_t base, std::size_t index)
 {
     return reinterpret_cast<AIArtHandle>(base + index * 16);

@@ -4,8 +4,6 @@
 
 namespace {
 
-ScriptedHost& Host() { return ScriptedHost::Current(); }
-
 template <class HandleType>
 HandleType NewHandleOf()
 {

@@ -12,8 +12,6 @@ struct BufferFields {
 };
 static_assert(sizeof(Buffer) == sizeof(BufferFields));
 
-ScriptedHost& Host() { return ScriptedHost::Current(); }
-
 std::string LastComponent(const std::string& path)
 {
     const std::size_t slash = path.rfind('/');

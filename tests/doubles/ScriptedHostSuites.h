@@ -6,6 +6,8 @@
 
 // Inside of the scripted host: the suites' tables, one function per source file that fills them.
 
+inline ScriptedHost& Host() { return ScriptedHost::Current(); }
+
 // The table of the suite, null if the host hasn't got that name in that version. Suites that nobody
 // calls have an empty table.
 void* SuiteNamed(const char* name, int version);

@@ -5,8 +5,6 @@
 
 namespace {
 
-ScriptedHost& Host() { return ScriptedHost::Current(); }
-
 ScriptedReference* Find(const std::string& kind, void* reference)
 {
     const auto found = Host().references.find(reference);

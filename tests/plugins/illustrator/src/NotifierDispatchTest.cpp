@@ -101,7 +101,7 @@ TEST_F(NotifierDispatch, HandleDecidesAndNotTheType)
 }
 
 // The rows in the order in which they are tested.
-struct NotifierRow {
+struct DispatchedNotifier {
     const char* field;
     const char* type;
     AINotifierHandle SGlobals::*notifier;
@@ -110,7 +110,7 @@ struct NotifierRow {
 
 constexpr char kSavedHandler[] = "HandleDocumentSavedNotifier";
 
-const NotifierRow kNotifierRows[] = {
+const DispatchedNotifier kNotifierRows[] = {
     {"Startup", "AI Application Started Notifier", &SGlobals::startupNotifier,
      "HandleStartupNotifier"},
     {"Shutdown", "AI Application Shutdown Notifier", &SGlobals::shutdownNotifier,
@@ -132,9 +132,9 @@ const NotifierRow kNotifierRows[] = {
      "HandleFontListChangedNotifier"},
 };
 
-class EachNotifier : public NotifierDispatch, public ::testing::WithParamInterface<NotifierRow> {
+class EachNotifier : public NotifierDispatch, public ::testing::WithParamInterface<DispatchedNotifier> {
 protected:
-    static bool WasEntered(const NotifierRow& row)
+    static bool WasEntered(const DispatchedNotifier& row)
     {
         return HasTraceBeginningWith(std::string("Entering ") + row.handler);
     }
@@ -147,7 +147,7 @@ TEST_P(EachNotifier, ReachesItsHandlerAndNoOther)
     ASSERT_NE(host.NotifierHandle(GetParam().type), nullptr);
     EXPECT_EQ(gGlobals->*GetParam().notifier, host.NotifierHandle(GetParam().type));
     EXPECT_EQ(SendNotifier(GetParam().type, host.DocumentHandle(0)), 0);
-    for (const NotifierRow& row : kNotifierRows) {
+    for (const DispatchedNotifier& row : kNotifierRows) {
         EXPECT_EQ(WasEntered(row), row.handler == std::string(GetParam().handler)) << row.handler;
     }
     EXPECT_FALSE(HasTraceBeginningWith("UNHANDLED"));
@@ -159,12 +159,12 @@ TEST_P(EachNotifier, IsTestedBeforeThoseBehindIt)
     Start();
     host.AddDocument("/a.ai");
     bool behind = false;
-    for (const NotifierRow& row : kNotifierRows) {
+    for (const DispatchedNotifier& row : kNotifierRows) {
         if (behind) gGlobals->*row.notifier = gGlobals->*GetParam().notifier;
         if (row.notifier == GetParam().notifier) behind = true;
     }
     EXPECT_EQ(SendNotifier(GetParam().type, host.DocumentHandle(0)), 0);
-    for (const NotifierRow& row : kNotifierRows) {
+    for (const DispatchedNotifier& row : kNotifierRows) {
         EXPECT_EQ(WasEntered(row), row.handler == std::string(GetParam().handler)) << row.handler;
     }
 }
