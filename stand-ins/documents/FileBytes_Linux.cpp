@@ -76,7 +76,8 @@ FileBytes ReadFileBytes(const std::string& path, size_t limit,
         result.error = "is not a regular file";
     } else {
         const auto size = static_cast<size_t>(status.st_size);
-        result.error = ReadUpTo(file.Get(), size < kBytesOfHead ? size : kBytesOfHead, result.bytes);
+        result.error =
+            ReadUpTo(file.Get(), size < kBytesOfHead ? size : kBytesOfHead, result.bytes);
         if (result.error.empty()) result.error = accepts(result.bytes);
         if (result.error.empty() && size > limit) {
             result.error = "too large: " + std::to_string(size >> 20) + " MiB, at most " +

@@ -132,7 +132,8 @@ const DispatchedNotifier kNotifierRows[] = {
      "HandleFontListChangedNotifier"},
 };
 
-class EachNotifier : public NotifierDispatch, public ::testing::WithParamInterface<DispatchedNotifier> {
+class EachNotifier : public NotifierDispatch,
+                     public ::testing::WithParamInterface<DispatchedNotifier> {
 protected:
     static bool WasEntered(const DispatchedNotifier& row)
     {
