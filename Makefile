@@ -1,5 +1,5 @@
 # The two commands are `make run` and `make test`; each installs what is missing, builds and runs.
-.PHONY: run test test-asan test-tsan test-mac test-corpus mac lint stage bench bootstrap clean
+.PHONY: run test test-asan test-tsan test-mac test-corpus mac lint stage bench bench-documents bootstrap clean
 
 run: stage
 	tools/run-demo
@@ -36,7 +36,8 @@ mac: bootstrap
 	ctest --preset mac
 
 # Real documents of other people, fetched from Debian packages below .deps/corpus.
-test-corpus: bootstrap
+test-corpus:
+	@tools/bootstrap --corpus
 	cmake --preset dev >/dev/null
 	cmake --build --preset dev --target headless-host document-fonts
 	tools/corpus
@@ -58,6 +59,14 @@ bench: bootstrap
 	cmake --preset release -DTYPELOFT_BUILD_BENCH=ON >/dev/null
 	cmake --build --preset release --target plugin-bench
 	build/release/bench/plugin-bench
+
+# How fast real documents are read, beside pdffonts on the same files.
+bench-documents: bootstrap
+	cmake --preset release -DTYPELOFT_BUILD_BENCH=ON >/dev/null
+	cmake --build --preset release --target document-bench headless-host
+	tools/corpus >/dev/null
+	build/release/bench/document-bench .deps/corpus
+	bench/compare-speed build/release/stand-ins/headless-host/headless-host .deps/corpus
 
 bootstrap:
 	@tools/bootstrap
