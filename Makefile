@@ -1,5 +1,6 @@
 # The two commands are `make run` and `make test`; each installs what is missing, builds and runs.
-.PHONY: run test test-asan test-tsan test-mac test-corpus mac lint stage bench bench-documents bootstrap clean
+.PHONY: run test test-asan test-tsan test-mac test-corpus mac lint stage bench bench-documents
+.PHONY: bootstrap clean
 
 run: stage
 	tools/run-demo
