@@ -65,6 +65,7 @@ void ContentWalker::WalkAnnotation(QPDFObjectHandle annotation, PdfResources& re
 
 void ContentWalker::TakeWork(size_t bytes)
 {
+    InflateBudget::Take(0);
     mWork += bytes + kMinimumWork;
     if (mWork > mLimits.inflatedBytes) {
         throw TooLarge("too large: has more than " + std::to_string(mLimits.inflatedBytes >> 20) +

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <stdexcept>
 
@@ -11,26 +12,31 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-// How many bytes one document may inflate to, over all of its streams. While it lives it is the
-// calling thread's: the stream filters take from it what they put out. One at a time per thread.
+// How many bytes one document may inflate to, over all of its streams, and how long its reading may
+// take. While it lives it is the calling thread's: the stream filters take from it what they put
+// out. One at a time per thread.
 class InflateBudget {
 public:
-    explicit InflateBudget(size_t bytes);
+    InflateBudget(size_t bytes, double seconds);
     ~InflateBudget();
     InflateBudget(const InflateBudget&) = delete;
     InflateBudget& operator=(const InflateBudget&) = delete;
 
-    // Takes from the calling thread's budget, if there is one; throws TooLarge once it is used up.
+    // Takes from the calling thread's budget, if there is one; throws TooLarge once it is used up
+    // or the time is over.
     static void Take(size_t bytes);
 
     // The PDF library drops exceptions of filters in places, so this is to be asked at the end.
-    bool IsExceeded() const { return mExceeded; }
+    bool IsExceeded() const { return mExceeded || mIsLate; }
     void Check() const;
 
 private:
     size_t mLeft;
     size_t mLimit;
+    double mSeconds;
+    std::chrono::steady_clock::time_point mEnd;
     bool mExceeded = false;
+    bool mIsLate = false;
 };
 
 }  // namespace documents

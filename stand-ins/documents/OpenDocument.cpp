@@ -68,7 +68,7 @@ OpenResult AskReaders(const DocumentSource& source, const Limits& limits, const 
 OpenResult ReadPdf(std::string_view bytes, const Limits& limits, Document described)
 {
     OpenResult result;
-    const InflateBudget budget(limits.inflatedBytes);
+    const InflateBudget budget(limits.inflatedBytes, limits.seconds);
     PdfFile file(bytes);
     result.error = file.Open();
     budget.Check();
@@ -85,7 +85,7 @@ OpenResult ReadPdf(std::string_view bytes, const Limits& limits, Document descri
 
 OpenResult ReadPostScript(std::string_view bytes, const Limits& limits, Document described)
 {
-    const InflateBudget budget(limits.inflatedBytes);
+    const InflateBudget budget(limits.inflatedBytes, limits.seconds);
     DocumentSource source;
     source.container = GetContainer(bytes);
     source.postScript = bytes;

@@ -28,9 +28,10 @@ constexpr char kNoMemory[] = "too large: not enough memory";
 size_t GetWorkerMemory(size_t workers) { return kMemoryBytes / workers / 5 * 4; }
 
 // Reads one file: the work of a process.
-std::string ReadOne(const std::string& path, size_t helperBytes)
+std::string ReadOne(const std::string& path, double seconds, size_t helperBytes)
 {
     documents::Limits limits;
+    limits.seconds = seconds;
     limits.helperBytes = helperBytes;
     return WriteFontsReportAsJson(MakeFontsReport(path, documents::OpenDocument(path, limits)));
 }
@@ -94,7 +95,9 @@ private:
         const size_t helperBytes = limits.memoryBytes / 4;
         return RunInWorkers(
             wanted.size(), limits,
-            [&](size_t i) { return ReadOne(mFiles[wanted[i]].path, helperBytes); },
+            [&](size_t i) {
+                return ReadOne(mFiles[wanted[i]].path, mOptions.timeout, helperBytes);
+            },
             [&](size_t i, WorkerAnswer answer) {
                 const size_t index = wanted[i];
                 FontsReport report = TakeAnswer(index, std::move(answer));

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <chrono>
+#include <cmath>
 #include <filesystem>
 
 #include "OpenDocument.h"
@@ -13,6 +15,8 @@ namespace fs = std::filesystem;
 
 namespace plugincore {
 namespace {
+
+using Clock = std::chrono::steady_clock;
 
 // Placed files are few; this bounds what a document made to do harm can have read.
 constexpr size_t kMostFiles = 1000;
@@ -49,7 +53,8 @@ std::string GetRealPath(const fs::path& path)
 }  // namespace
 
 struct LinkedDocuments::Walk {
-    std::string document;            // at whose top the walk began
+    std::string document;  // at whose top the walk began
+    Clock::time_point end;
     std::vector<std::string> above;  // the files that are being visited, outermost first
     std::set<std::string> visited;
     std::set<std::string> seen;
@@ -62,15 +67,20 @@ struct LinkedDocuments::Walk {
     }
 };
 
-const LinkedDocuments::Entry& LinkedDocuments::Load(const std::string& path)
+const LinkedDocuments::Entry& LinkedDocuments::Load(const std::string& path, double seconds)
 {
     const std::string state = GetState(path);
     if (mEntries.size() > kMostEntries) mEntries.clear();
     const auto [position, isNew] = mEntries.try_emplace(path);
     Entry& entry = position->second;
     if (!isNew && !state.empty() && entry.state == state) return entry;
-    documents::OpenResult result = documents::OpenDocument(path);
-    entry.state = state;
+    documents::Limits limits;
+    const bool isCutShort = seconds < limits.seconds;
+    limits.seconds = std::min(limits.seconds, seconds);
+    limits.helperSeconds = std::min(limits.helperSeconds, seconds);
+    documents::OpenResult result = documents::OpenDocument(path, limits);
+    // With more time the answer may be another.
+    entry.state = isCutShort && !result.ok ? std::string() : state;
     entry.error = result.ok ? std::string() : result.error;
     entry.content = {};
     if (!result.ok) return entry;
@@ -81,7 +91,7 @@ const LinkedDocuments::Entry& LinkedDocuments::Load(const std::string& path)
 
 std::optional<DocumentContent> LinkedDocuments::Read(const std::string& path)
 {
-    const Entry& entry = Load(path);
+    const Entry& entry = Load(path, mSeconds);
     if (!entry.error.empty()) return std::nullopt;
     return entry.content;
 }
@@ -91,6 +101,7 @@ std::vector<std::string> LinkedDocuments::GetFonts(const std::string& document,
 {
     Walk walk;
     walk.document = document;
+    walk.end = Clock::now() + std::chrono::milliseconds(std::llround(mSeconds * 1000));
     walk.above.push_back(GetRealPath(document));
     const fs::path folder = fs::path(document).parent_path();
     for (const std::string& file : placed)
@@ -111,8 +122,13 @@ void LinkedDocuments::Visit(const std::string& file, Walk& walk)
         ReportOnce(walk.document, {}, "more placed documents than are looked into");
         return;
     }
+    const double secondsLeft = std::chrono::duration<double>(walk.end - Clock::now()).count();
+    if (secondsLeft <= 0) {
+        ReportOnce(walk.document, {}, "its placed documents take too long to look into");
+        return;
+    }
     walk.visited.insert(real);
-    const Entry& entry = Load(real);
+    const Entry& entry = Load(real, secondsLeft);
     if (!entry.error.empty()) {
         ReportOnce(walk.document, real, "can't be looked into: " + entry.error);
         return;

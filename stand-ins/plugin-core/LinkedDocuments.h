@@ -21,9 +21,13 @@ struct DocumentContent {
 // as it is.
 //
 // A placed document that is missing or can't be read, and one that is placed inside itself, adds
-// nothing and is told on standard error, once for each document in this process.
+// nothing and is told on standard error, once for each document in this process. So is it when
+// there are too many, or when all of a document together take longer than `seconds`; the fonts that
+// were found until then count.
 class LinkedDocuments {
 public:
+    explicit LinkedDocuments(double seconds = 30) : mSeconds(seconds) {}
+
     // The content of a document's own file, or nothing if it can't be read.
     std::optional<DocumentContent> Read(const std::string& path);
 
@@ -39,10 +43,11 @@ private:
     };
     struct Walk;
 
-    const Entry& Load(const std::string& path);
+    const Entry& Load(const std::string& path, double seconds);
     void Visit(const std::string& file, Walk& walk);
     void ReportOnce(const std::string& document, const std::string& file, const std::string& what);
 
+    double mSeconds;
     std::map<std::string, Entry> mEntries;
     std::set<std::pair<std::string, std::string>> mReported;
 };

@@ -36,6 +36,13 @@ TEST(HostileFiles, ContentThatInflatesBeyondTheLimit)
               PdfMaker().SetStream(4, "/Filter /FlateDecode", bomb).Open(GetLimits()).error);
 }
 
+TEST(HostileFiles, ReadingThatTakesTooLong)
+{
+    Limits limits;
+    limits.seconds = 0;
+    EXPECT_EQ("takes longer than 0 s to read", PdfMaker().Open(limits).error);
+}
+
 TEST(HostileFiles, BombWithinABomb)
 {
     const std::string bomb = Deflate(Deflate(std::string(200u << 20, ' ')));

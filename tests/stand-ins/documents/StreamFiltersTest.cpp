@@ -112,11 +112,18 @@ TEST(StreamFilters, PredictedContent)
 
 TEST(InflateBudget, ThrowsOnceUsedUpAndStaysSo)
 {
-    const InflateBudget budget(10);
+    const InflateBudget budget(10, 1e9);
     InflateBudget::Take(10);
     EXPECT_FALSE(budget.IsExceeded());
     EXPECT_THROW(InflateBudget::Take(1), TooLarge);
     EXPECT_THROW(InflateBudget::Take(0), TooLarge);
+    EXPECT_TRUE(budget.IsExceeded());
+}
+
+TEST(InflateBudget, ThrowsWhenTheTimeIsOver)
+{
+    const InflateBudget budget(10, 0);
+    EXPECT_THROW(InflateBudget::Take(1), TooLarge);
     EXPECT_TRUE(budget.IsExceeded());
 }
 

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "CoreSession.h"
+#include "LinkedDocuments.h"
 
 namespace fs = std::filesystem;
 
@@ -136,12 +137,25 @@ TEST_F(LinkedDocumentsTest, AChangedFileIsReadAgain)
 
 TEST_F(LinkedDocumentsTest, AChainLongerThanTheLimitEnds)
 {
-    WriteEps(mDocument, {}, {"0.eps"});
+    WriteEps(mDocument, {"DejaVuSans"}, {"0.eps"});
     for (int number = 0; number < 1010; ++number)
-        WriteEps(mFolder / (std::to_string(number) + ".eps"), {},
+        WriteEps(mFolder / (std::to_string(number) + ".eps"), {"DejaVuSans"},
                  {std::to_string(number + 1) + ".eps"});
     EXPECT_EQ(Open(""), "PluginCore: " + mDocument.string() +
                             ": more placed documents than are looked into\n");
+}
+
+TEST_F(LinkedDocumentsTest, ThoseThatTakeTooLongAreLeftOut)
+{
+    WriteEps(mFolder / "a.eps", {"DejaVuSans"});
+    plugincore::LinkedDocuments linked(0);
+    testing::internal::CaptureStderr();
+    EXPECT_THAT(linked.GetFonts(mDocument, {"a.eps"}), IsEmpty());
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "PluginCore: " + mDocument.string() +
+                  ": its placed documents take too long to look into\n");
+    EXPECT_THAT(plugincore::LinkedDocuments().GetFonts(mDocument, {"a.eps"}),
+                ElementsAre("DejaVuSans"));
 }
 
 }  // namespace
