@@ -5,6 +5,7 @@
 #include <cstring>
 #include <new>
 
+#include "ArtTypes.h"
 #include "BenchMenus.h"
 
 namespace {
@@ -64,13 +65,13 @@ const char* GetText(const void* string)
 AIErr Initialize(ai::UnicodeString* string, const char* text, size_t, AICharacterEncoding)
 {
     SetImplementation(string, strdup(text));
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr Destroy(ai::UnicodeString* string)
 {
     std::free(const_cast<char*>(GetText(string)));
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr GetAs(const ai::UnicodeString& string, AICharacterEncoding, ai::UnicodeString::Buffer& buffer,
@@ -78,74 +79,75 @@ AIErr GetAs(const ai::UnicodeString& string, AICharacterEncoding, ai::UnicodeStr
 {
     const char* const text = GetText(&string);
     *count = text != nullptr ? std::strlen(text) : 0;
-    if (*count == 0) return kNoErr;
+    if (*count == 0) return kHostSuccess;
     buffer = ai::UnicodeString::Buffer(*count);
     std::memcpy(buffer.GetBuffer(), text, *count);
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr GetFullPath(const ai::FilePath&, bool, ai::UnicodeString& path)
 {
     SetImplementation(&path, strdup(sDocument.path.c_str()));
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIDocumentSuite sDocuments = {
     [](ai::FilePath& path) -> AIErr {
         SetImplementation(&path, &sDocument);
-        return kNoErr;
+        return kHostSuccess;
     },
     [](bool* modified) -> AIErr {
         *modified = false;
-        return kNoErr;
+        return kHostSuccess;
     },
     [](_t_AIDocument** document) -> AIErr {
         *document = reinterpret_cast<_t_AIDocument*>(&sDocument);
-        return kNoErr;
+        return kHostSuccess;
     },
 };
-AIFilePathSuite sPaths = {[](ai::FilePath*) -> AIErr { return kNoErr; }, GetFullPath, GetFullPath};
+AIFilePathSuite sPaths = {[](ai::FilePath*) -> AIErr { return kHostSuccess; }, GetFullPath,
+                          GetFullPath};
 AIUnicodeStringSuite sStrings = {Initialize, Destroy, GetAs};
 SPBlocksSuite sBlocks = {
     [](size_t size, const char*, void** block) -> AIErr {
         *block = std::malloc(size);
-        return kNoErr;
+        return kHostSuccess;
     },
     [](void* block) -> AIErr {
         std::free(block);
-        return kNoErr;
+        return kHostSuccess;
     },
 };
-AIMdMemorySuite sMemory = {[](void**) -> AIErr { return kNoErr; }};
+AIMdMemorySuite sMemory = {[](void**) -> AIErr { return kHostSuccess; }};
 AIMatchingArtSuite sMatching = {
     [](AIMatchingArtSpec* specs, int16_t, AIArtHandle*** matches, int32_t* count) -> AIErr {
-        if (specs->type != kTextFrameArt) return kNoErr;
+        if (specs->type != kTextFrameArt) return kHostSuccess;
         *matches = &sArtArray;
         *count = static_cast<int32_t>(sArt.size());
-        return kNoErr;
+        return kHostSuccess;
     }};
 AIPlacedSuite sPlaced = {nullptr};
 AITextFrameSuite sFrames = {
     [](AIArtHandle art, ATE::_TextRange** range) -> AIErr {
         *range = reinterpret_cast<ATE::_TextRange*>(art);
-        return kNoErr;
+        return kHostSuccess;
     },
     nullptr,
 };
 AIFontSuite sFonts = {
     [](AIFaceScript, AIFontKey* key) -> AIErr {
         *key = nullptr;
-        return kNoErr;
+        return kHostSuccess;
     },
     [](AIFontKey key, char* buffer, short size) -> AIErr {
         const char* const name =
             key == nullptr ? "HostSans-Regular" : sDocument.fonts[ToNumber(key)].c_str();
         std::strncpy(buffer, name, static_cast<size_t>(size) - 1);
-        return kNoErr;
+        return kHostSuccess;
     },
     [](ATE::_Font* font, AIFontKey* key) -> AIErr {
         *key = font;
-        return kNoErr;
+        return kHostSuccess;
     },
 };
 ATE::TextRangeSuite sRanges = {
@@ -218,11 +220,11 @@ SPBasicSuite* GetBasicSuite()
 {
     static SPBasicSuite sBasic = {
         [](const char* name, int, void* suite) -> AIErr {
-            if (std::strcmp(name, "AI Menu Suite") != 0) return kBadParameterErr;
+            if (std::strcmp(name, "AI Menu Suite") != 0) return kHostBadParameter;
             *static_cast<AIMenuSuite**>(suite) = bench_menus::GetMenuSuite();
-            return kNoErr;
+            return kHostSuccess;
         },
-        [](const char*, int) -> AIErr { return kNoErr; },
+        [](const char*, int) -> AIErr { return kHostSuccess; },
         [](const char* a, const char* b) -> int { return std::strcmp(a, b) == 0; },
     };
     return &sBasic;

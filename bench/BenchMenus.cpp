@@ -25,23 +25,23 @@ AIMenuSuite* GetMenuSuite()
         [](SPPluginRef, const char*, AIPlatformAddMenuItemDataUS*, int32_t,
            AIMenuItemHandle* item) -> AIErr {
             *item = reinterpret_cast<AIMenuItemHandle>(++sItems);
-            return kNoErr;
+            return kHostSuccess;
         },
-        [](AIMenuItemHandle) -> AIErr { return kNoErr; },
-        [](AIMenuItemHandle) -> AIErr { return kNoErr; },
+        [](AIMenuItemHandle) -> AIErr { return kHostSuccess; },
+        [](AIMenuItemHandle) -> AIErr { return kHostSuccess; },
         [](AIMenuItemHandle, ai::UnicodeString& text) -> AIErr {
             return sAIUnicodeString->Initialize(&text, "Item 1", 6, kAIUTF8CharacterEncoding);
         },
-        [](AIMenuItemHandle, bool) -> AIErr { return kNoErr; },
-        [](AIMenuItemHandle, const char**) -> AIErr { return kBadParameterErr; },
+        [](AIMenuItemHandle, bool) -> AIErr { return kHostSuccess; },
+        [](AIMenuItemHandle, const char**) -> AIErr { return kHostBadParameter; },
         [](int* count) -> AIErr {
             *count = 0;
-            return kNoErr;
+            return kHostSuccess;
         },
-        [](int, AIMenuItemHandle*) -> AIErr { return kBadParameterErr; },
-        [](const char*, int32_t, AIMenuItemHandle, AIMenuGroup*) -> AIErr { return kNoErr; },
-        [](AIMenuItemHandle, AIMenuGroup*) -> AIErr { return kNoErr; },
-        [](AIMenuItemHandle) -> AIErr { return kNoErr; },
+        [](int, AIMenuItemHandle*) -> AIErr { return kHostBadParameter; },
+        [](const char*, int32_t, AIMenuItemHandle, AIMenuGroup*) -> AIErr { return kHostSuccess; },
+        [](AIMenuItemHandle, AIMenuGroup*) -> AIErr { return kHostSuccess; },
+        [](AIMenuItemHandle) -> AIErr { return kHostSuccess; },
     };
     return &sMenus;
 }

@@ -50,14 +50,14 @@ bool Application::Start(const std::string& pluginPath, std::string& error)
     mHost.plugin = mHost.handles.Issue(std::move(plugin));
     mPump = std::make_unique<MessagePump>(mHost, mModule->GetMain());
     const AIErr result = mPump->SendInterface("Startup");
-    mRunning = result == kNoErr && mHost.globalsWord != nullptr;
+    mRunning = result == kHostSuccess && mHost.globalsWord != nullptr;
     if (!mRunning) {
         // A guest that doesn't run has no occasion to release what came with the first message.
         mHost.suites.LetStay(true);
         error = "the plug-in doesn't run: ";
         if (!mHost.alerts.empty()) {
             error += mHost.alerts.back().message;
-        } else if (result != kNoErr) {
+        } else if (result != kHostSuccess) {
             error += "startup answered " + std::to_string(result);
         } else {
             error += "PluginCore refused to start";
@@ -141,7 +141,7 @@ void Application::ShutDown()
     // What the guest answers to its end changes nothing; it stands in the journal.
     (void)mPump->SendInterface("Shutdown");
     mHost.suites.LetStay(false);
-    if (mPump->SendUnload() != kNoErr) {
+    if (mPump->SendUnload() != kHostSuccess) {
         mHost.errors.Add("Unload: the plug-in refuses to be unloaded after its shutdown");
         mModule->LeaveLoaded();
     }

@@ -1,5 +1,6 @@
 #include <cstring>
 
+#include "ArtTypes.h"
 #include "SuiteCall.h"
 #include "SuiteTables.h"
 #include "TextObjects.h"
@@ -62,7 +63,7 @@ AIErr GetMatchingArt(AIMatchingArtSpec* specs, int16_t numSpecs, AIArtHandle*** 
         call.Arg("numSpecs", numSpecs);
         if (!call.Require(specs, "specs") || !call.Require(matches, "matches") ||
             !call.Require(numMatches, "numMatches") || call.host.GetCurrentDocument() == nullptr) {
-            return kBadParameterErr;
+            return kHostBadParameter;
         }
         if (numSpecs > 0) call.Arg("type", specs[0].type);
         const std::vector<void*> found = MatchArt(call.host, specs, numSpecs);
@@ -79,30 +80,30 @@ AIErr GetMatchingArt(AIMatchingArtSpec* specs, int16_t numSpecs, AIArtHandle*** 
         }
         call.Out("numMatches", *numMatches);
         call.OutHandle("matches", *matches);
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 
 AIErr NewArtSet(AIArtSet* set)
 {
     return Answer(SetRow(), "NewArtSet", [&](SuiteCall& call) {
-        if (!call.Require(set, "set")) return kBadParameterErr;
+        if (!call.Require(set, "set")) return kHostBadParameter;
         *set = static_cast<AIArtSet>(call.host.handles.Issue(std::make_shared<ArtSetObject>()));
         call.OutHandle("set", *set);
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 
 AIErr DisposeArtSet(AIArtSet* set)
 {
     return Answer(SetRow(), "DisposeArtSet", [&](SuiteCall& call) {
-        if (!call.Require(set, "set")) return kBadParameterErr;
+        if (!call.Require(set, "set")) return kHostBadParameter;
         call.Handle("set", *set);
         if (!call.host.handles.Release(*set, HandleType::kArtSet, call.operation)) {
-            return kBadParameterErr;
+            return kHostBadParameter;
         }
         *set = nullptr;
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 
@@ -111,10 +112,10 @@ AIErr CountArtSet(AIArtSet set, int* count)
     return Answer(SetRow(), "CountArtSet", [&](SuiteCall& call) {
         call.Handle("set", set);
         const auto* const object = call.Find<ArtSetObject>(set);
-        if (object == nullptr || !call.Require(count, "count")) return kBadParameterErr;
+        if (object == nullptr || !call.Require(count, "count")) return kHostBadParameter;
         *count = static_cast<int>(object->art.size());
         call.Out("count", *count);
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 
@@ -124,13 +125,13 @@ AIErr IndexArtSet(AIArtSet set, int index, AIArtHandle* art)
         call.Handle("set", set);
         call.Arg("index", index);
         const auto* const object = call.Find<ArtSetObject>(set);
-        if (object == nullptr || !call.Require(art, "art")) return kBadParameterErr;
+        if (object == nullptr || !call.Require(art, "art")) return kHostBadParameter;
         if (index < 0 || static_cast<size_t>(index) >= object->art.size()) {
             return call.Refuse("there is no member " + std::to_string(index));
         }
         *art = static_cast<AIArtHandle>(object->art[static_cast<size_t>(index)]);
         call.OutHandle("art", *art);
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 
@@ -142,12 +143,12 @@ AIErr MatchingArtSet(AIArtSpec* specs, short numSpecs, AIArtSet set)
         auto* const object = call.Find<ArtSetObject>(set);
         if (object == nullptr || !call.Require(specs, "specs") ||
             call.host.GetCurrentDocument() == nullptr) {
-            return kBadParameterErr;
+            return kHostBadParameter;
         }
         const std::vector<void*> found = MatchArt(call.host, specs, numSpecs);
         object->art.insert(object->art.end(), found.begin(), found.end());
         call.Out("added", found.size());
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 
@@ -166,11 +167,11 @@ AIErr GetPlacedFilePathFromArt(AIArtHandle handle, ai::UnicodeString& path)
 {
     return Answer(PlacedRow(), "GetPlacedFilePathFromArt", [&](SuiteCall& call) {
         const ArtItem* const art = FindArt(call, handle, kPlacedArt);
-        if (art == nullptr) return kBadParameterErr;
+        if (art == nullptr) return kHostBadParameter;
         const std::string& text = art->document->content.linkedFiles[art->index];
         PutString(call, path, text);
         call.Out("path", text);
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 
@@ -178,11 +179,11 @@ AIErr GetATETextRange(AIArtHandle handle, ATE::_TextRange** range)
 {
     return Answer(FrameRow(), "GetATETextRange", [&](SuiteCall& call) {
         const ArtItem* const art = FindArt(call, handle, kTextFrameArt);
-        if (art == nullptr || !call.Require(range, "range")) return kBadParameterErr;
+        if (art == nullptr || !call.Require(range, "range")) return kHostBadParameter;
         const size_t runs = art->document->content.frames[art->index].runs.size();
         *range = IssueText(call.host.handles, TextRangeRef{{art->document}, art->index, 0, runs});
         call.OutHandle("range", *range);
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 
@@ -190,10 +191,10 @@ AIErr GetATETextFrame(AIArtHandle handle, ATE::_TextFrame** frame)
 {
     return Answer(FrameRow(), "GetATETextFrame", [&](SuiteCall& call) {
         const ArtItem* const art = FindArt(call, handle, kTextFrameArt);
-        if (art == nullptr || !call.Require(frame, "frame")) return kBadParameterErr;
+        if (art == nullptr || !call.Require(frame, "frame")) return kHostBadParameter;
         *frame = IssueText(call.host.handles, TextFrameRef{{art->document}, art->index});
         call.OutHandle("frame", *frame);
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 

@@ -17,16 +17,16 @@ nlohmann::json DescribeArguments(const char* name, int version)
 AIErr AcquireSuite(const char* name, int version, void* suite) noexcept
 {
     Host* const host = Host::GetCurrent();
-    if (host == nullptr) return kBadParameterErr;
+    if (host == nullptr) return kHostBadParameter;
     try {
-        AIErr result = kBadParameterErr;
+        AIErr result = kHostBadParameter;
         if (name == nullptr || suite == nullptr) {
             host->errors.Add(std::string("AcquireSuite: the ") +
                              (name == nullptr ? "name" : "place for the suite") + " is null");
         } else if (const SuiteRow* const row = FindSuiteRow(name, version)) {
             host->suites.Acquire(*row);
             std::memcpy(suite, &row->table, sizeof(row->table));
-            result = kNoErr;
+            result = kHostSuccess;
         } else {
             result = kSuiteNotFoundErr;
         }
@@ -35,19 +35,19 @@ AIErr AcquireSuite(const char* name, int version, void* suite) noexcept
         }
         return result;
     } catch (...) {
-        return kOutOfMemoryErr;
+        return kHostOutOfMemory;
     }
 }
 
 AIErr ReleaseSuite(const char* name, int version) noexcept
 {
     Host* const host = Host::GetCurrent();
-    if (host == nullptr) return kBadParameterErr;
+    if (host == nullptr) return kHostBadParameter;
     try {
-        AIErr result = kBadParameterErr;
+        AIErr result = kHostBadParameter;
         const SuiteRow* const row = name == nullptr ? nullptr : FindSuiteRow(name, version);
         if (row != nullptr) {
-            if (host->suites.Release(*row)) result = kNoErr;
+            if (host->suites.Release(*row)) result = kHostSuccess;
         } else {
             host->errors.Add("ReleaseSuite: the host has no suite \"" +
                              std::string(name == nullptr ? "(null)" : name) + "\" version " +
@@ -58,7 +58,7 @@ AIErr ReleaseSuite(const char* name, int version) noexcept
         }
         return result;
     } catch (...) {
-        return kOutOfMemoryErr;
+        return kHostOutOfMemory;
     }
 }
 

@@ -22,7 +22,7 @@ AIErr GetDocumentFileSpecification(ai::FilePath& file)
 {
     return Answer(DocumentRow(), "GetDocumentFileSpecification", [&](SuiteCall& call) {
         const DocumentObject* const document = call.host.GetCurrentDocument();
-        if (document == nullptr) return kBadParameterErr;
+        if (document == nullptr) return kHostBadParameter;
         if (GetSlot(file) != nullptr) {
             // A slot with rubbish in it is reported by the register and then overwritten.
             (void)call.host.handles.Release(GetSlot(file), HandleType::kPath, call.operation);
@@ -30,7 +30,7 @@ AIErr GetDocumentFileSpecification(ai::FilePath& file)
         SetSlot(file,
                 call.host.handles.Issue(std::make_shared<PathObject>(PathObject{document->path})));
         call.OutHandle("file", GetSlot(file));
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 
@@ -38,10 +38,10 @@ AIErr GetDocumentModified(bool* modified)
 {
     return Answer(DocumentRow(), "GetDocumentModified", [&](SuiteCall& call) {
         const DocumentObject* const document = call.host.GetCurrentDocument();
-        if (!call.Require(modified, "modified") || document == nullptr) return kBadParameterErr;
+        if (!call.Require(modified, "modified") || document == nullptr) return kHostBadParameter;
         *modified = document->isModified;
         call.Out("modified", *modified);
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 
@@ -49,23 +49,23 @@ AIErr GetDocument(_t_AIDocument** document)
 {
     return Answer(DocumentRow(), "GetDocument", [&](SuiteCall& call) {
         const DocumentObject* const current = call.host.GetCurrentDocument();
-        if (!call.Require(document, "document") || current == nullptr) return kBadParameterErr;
+        if (!call.Require(document, "document") || current == nullptr) return kHostBadParameter;
         *document = static_cast<_t_AIDocument*>(current->handle);
         call.OutHandle("document", *document);
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 
 AIErr DisposeFilePath(ai::FilePath* path)
 {
     return Answer(FilePathRow(), "DisposeFilePath", [&](SuiteCall& call) {
-        if (!call.Require(path, "path")) return kBadParameterErr;
+        if (!call.Require(path, "path")) return kHostBadParameter;
         call.Handle("path", GetSlot(*path));
         if (!call.host.handles.Release(GetSlot(*path), HandleType::kPath, call.operation)) {
-            return kBadParameterErr;
+            return kHostBadParameter;
         }
         SetSlot(*path, nullptr);
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 
@@ -76,13 +76,13 @@ AIErr GivePathText(const char* operation, const ai::FilePath& path, bool display
         call.Handle("path", GetSlot(path));
         call.Arg("displayForm", displayForm);
         const auto* const found = call.Find<PathObject>(GetSlot(path));
-        if (found == nullptr) return kBadParameterErr;
+        if (found == nullptr) return kHostBadParameter;
         std::string result = found->path;
         const size_t slash = result.rfind('/');
         if (nameOnly && slash != std::string::npos) result.erase(0, slash + 1);
         PutString(call, text, result);
         call.Out("text", result);
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 

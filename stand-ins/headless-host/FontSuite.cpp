@@ -19,12 +19,12 @@ AIErr GetDefaultFontForScript(AIFaceScript script, AIFontKey* key)
 {
     return Answer(Row(), "GetDefaultFontForScript", [&](SuiteCall& call) {
         call.Arg("script", script);
-        if (!call.Require(key, "key")) return kBadParameterErr;
+        if (!call.Require(key, "key")) return kHostBadParameter;
         const std::string& name = call.host.fonts.GetDefaultName(script);
-        if (name.empty()) return kBadParameterErr;
+        if (name.empty()) return kHostBadParameter;
         *key = call.host.fonts.GetKey(name);
         call.OutHandle("key", *key);
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 
@@ -34,14 +34,14 @@ AIErr GetPostScriptFontName(AIFontKey key, char* buffer, short bufferSize)
         call.Handle("key", key);
         call.Arg("bufferSize", bufferSize);
         const auto* const font = call.Find<FontKeyObject>(key);
-        if (font == nullptr || !call.Require(buffer, "buffer")) return kBadParameterErr;
+        if (font == nullptr || !call.Require(buffer, "buffer")) return kHostBadParameter;
         if (bufferSize <= 0) return call.Refuse("the buffer has no room");
         const size_t length =
             std::min(font->postScriptName.size(), static_cast<size_t>(bufferSize) - 1);
         std::memcpy(buffer, font->postScriptName.data(), length);
         buffer[length] = '\0';
         call.Out("name", std::string(buffer));
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 
@@ -50,12 +50,12 @@ AIErr FontKeyFromFontRef(ATE::_Font* font, AIFontKey* key)
     return Answer(Row(), "FontKeyFromFontRef", [&](SuiteCall& call) {
         call.Handle("font", font);
         const auto* const object = call.Find<FontRef>(font);
-        if (object == nullptr || !call.Require(key, "key")) return kBadParameterErr;
+        if (object == nullptr || !call.Require(key, "key")) return kHostBadParameter;
         // Text without a font in common: there is no key, which isn't the guest's mistake.
-        if (object->postScriptName.empty()) return kBadParameterErr;
+        if (object->postScriptName.empty()) return kHostBadParameter;
         *key = call.host.fonts.GetKey(object->postScriptName);
         call.OutHandle("key", *key);
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "ArtTypes.h"
 #include "HostPlatformTable.h"
 #include "Utf8.h"
 

@@ -31,10 +31,10 @@ AIErr AllocateBlock(size_t size, const char* debugName, void** block)
     return Answer(BlocksRow(), "AllocateBlock", [&](SuiteCall& call) {
         call.Arg("size", size);
         call.Arg("debugName", std::string(debugName == nullptr ? "(null)" : debugName));
-        if (!call.Require(block, "block")) return kBadParameterErr;
+        if (!call.Require(block, "block")) return kHostBadParameter;
         *block = call.host.handles.IssueBlock(HandleType::kBlock, size);
         call.OutHandle("block", *block);
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 
@@ -43,8 +43,8 @@ AIErr FreeBlock(void* block)
     return Answer(BlocksRow(), "FreeBlock", [&](SuiteCall& call) {
         call.Handle("block", block);
         return call.host.handles.Release(block, HandleType::kBlock, call.operation)
-                   ? kNoErr
-                   : kBadParameterErr;
+                   ? kHostSuccess
+                   : kHostBadParameter;
     });
 }
 
@@ -53,8 +53,8 @@ AIErr MdMemoryDisposeHandle(void** handle)
     return Answer(MdMemoryRow(), "MdMemoryDisposeHandle", [&](SuiteCall& call) {
         call.Handle("handle", handle);
         return call.host.handles.Release(handle, HandleType::kMemoryHandle, call.operation)
-                   ? kNoErr
-                   : kBadParameterErr;
+                   ? kHostSuccess
+                   : kHostBadParameter;
     });
 }
 
@@ -73,28 +73,29 @@ AIErr Initialize(ai::UnicodeString* string, const char* text, size_t byteLength,
                  AICharacterEncoding encoding)
 {
     return Answer(StringRow(), "Initialize", [&](SuiteCall& call) {
-        if (!call.Require(string, "string") || !IsEncoding(call, encoding)) return kBadParameterErr;
-        if (byteLength > 0 && !call.Require(text, "text")) return kBadParameterErr;
+        if (!call.Require(string, "string") || !IsEncoding(call, encoding))
+            return kHostBadParameter;
+        if (byteLength > 0 && !call.Require(text, "text")) return kHostBadParameter;
         std::string bytes = byteLength == 0 ? std::string() : std::string(text, byteLength);
         call.Arg("text", bytes);
         // What the place held before is the guest's own affair: it needn't have been a string.
         SetSlot(*string, call.host.handles.Issue(
                              std::make_shared<StringObject>(StringObject{std::move(bytes)})));
         call.OutHandle("string", GetSlot(*string));
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 
 AIErr Destroy(ai::UnicodeString* string)
 {
     return Answer(StringRow(), "Destroy", [&](SuiteCall& call) {
-        if (!call.Require(string, "string")) return kBadParameterErr;
+        if (!call.Require(string, "string")) return kHostBadParameter;
         call.Handle("string", GetSlot(*string));
         if (!call.host.handles.Release(GetSlot(*string), HandleType::kString, call.operation)) {
-            return kBadParameterErr;
+            return kHostBadParameter;
         }
         SetSlot(*string, nullptr);
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 
@@ -110,17 +111,17 @@ AIErr GetAs(const ai::UnicodeString& string, AICharacterEncoding encoding,
 {
     return Answer(StringRow(), "GetAs", [&](SuiteCall& call) {
         call.Handle("string", GetSlot(string));
-        if (!IsEncoding(call, encoding) || !call.Require(count, "count")) return kBadParameterErr;
+        if (!IsEncoding(call, encoding) || !call.Require(count, "count")) return kHostBadParameter;
         std::string text;
         if (GetSlot(string) != nullptr) {
             const auto* const found = call.Find<StringObject>(GetSlot(string));
-            if (found == nullptr) return kBadParameterErr;
+            if (found == nullptr) return kHostBadParameter;
             text = found->text;
         }
         auto& fields = reinterpret_cast<BufferFields&>(buffer);
         if (fields.buffer != nullptr &&
             !call.host.handles.Release(fields.buffer, HandleType::kBlock, call.operation)) {
-            return kBadParameterErr;
+            return kHostBadParameter;
         }
         fields = {0, nullptr};
         if (!text.empty()) {
@@ -131,7 +132,7 @@ AIErr GetAs(const ai::UnicodeString& string, AICharacterEncoding encoding,
         *count = text.size();
         call.Out("text", text);
         call.OutHandle("block", fields.buffer);
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 

@@ -20,7 +20,7 @@ AIErr WithItem(const char* operation, AIMenuItemHandle item, Body body)
     return Answer(Row(), operation, [&](SuiteCall& call) {
         call.Handle("item", item);
         auto* const object = call.Find<MenuItemObject>(item);
-        return object == nullptr ? kBadParameterErr : body(call, *object);
+        return object == nullptr ? kHostBadParameter : body(call, *object);
     });
 }
 
@@ -30,7 +30,7 @@ AIErr AddMenuItem(SPPluginRef self, const char* key, AIPlatformAddMenuItemDataUS
     return Answer(Row(), "AddMenuItem", [&](SuiteCall& call) {
         if (call.Find<PluginObject>(self) == nullptr || !call.Require(data, "data") ||
             !call.Require(data->groupName, "groupName") || !call.Require(item, "item")) {
-            return kBadParameterErr;
+            return kHostBadParameter;
         }
         MenuItemObject object;
         // An item may go without a key.
@@ -39,7 +39,7 @@ AIErr AddMenuItem(SPPluginRef self, const char* key, AIPlatformAddMenuItemDataUS
         object.options = options;
         if (GetSlot(data->itemText) != nullptr) {
             const auto* const text = call.Find<StringObject>(GetSlot(data->itemText));
-            if (text == nullptr) return kBadParameterErr;
+            if (text == nullptr) return kHostBadParameter;
             object.text = text->text;
         }
         call.Arg("key", object.key);
@@ -52,7 +52,7 @@ AIErr AddMenuItem(SPPluginRef self, const char* key, AIPlatformAddMenuItemDataUS
         ++call.host.menuChanges;
         *item = static_cast<AIMenuItemHandle>(handle);
         call.OutHandle("item", *item);
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 
@@ -60,7 +60,7 @@ AIErr EnableItem(AIMenuItemHandle item)
 {
     return WithItem("EnableItem", item, [](SuiteCall&, MenuItemObject& object) {
         object.isEnabled = true;
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 
@@ -68,7 +68,7 @@ AIErr DisableItem(AIMenuItemHandle item)
 {
     return WithItem("DisableItem", item, [](SuiteCall&, MenuItemObject& object) {
         object.isEnabled = false;
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 
@@ -77,7 +77,7 @@ AIErr GetItemText(AIMenuItemHandle item, ai::UnicodeString& text)
     return WithItem("GetItemText", item, [&](SuiteCall& call, const MenuItemObject& object) {
         PutString(call, text, object.text);
         call.Out("text", object.text);
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 
@@ -86,7 +86,7 @@ AIErr CheckItem(AIMenuItemHandle item, bool checked)
     return WithItem("CheckItem", item, [&](SuiteCall& call, MenuItemObject& object) {
         call.Arg("checked", checked);
         object.isChecked = checked;
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 
@@ -95,20 +95,20 @@ AIErr GetMenuItemKeyboardShortcutDictionaryKey(AIMenuItemHandle item, const char
 {
     return WithItem("GetMenuItemKeyboardShortcutDictionaryKey", item,
                     [&](SuiteCall& call, const MenuItemObject& object) {
-                        if (!call.Require(key, "key")) return kBadParameterErr;
+                        if (!call.Require(key, "key")) return kHostBadParameter;
                         *key = object.key.c_str();
                         call.Out("key", object.key);
-                        return kNoErr;
+                        return kHostSuccess;
                     });
 }
 
 AIErr CountMenuItems(int* count)
 {
     return Answer(Row(), "CountMenuItems", [&](SuiteCall& call) {
-        if (!call.Require(count, "count")) return kBadParameterErr;
+        if (!call.Require(count, "count")) return kHostBadParameter;
         *count = static_cast<int>(call.host.menuItems.size());
         call.Out("count", *count);
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 
@@ -116,13 +116,13 @@ AIErr GetNthMenuItem(int index, AIMenuItemHandle* item)
 {
     return Answer(Row(), "GetNthMenuItem", [&](SuiteCall& call) {
         call.Arg("index", index);
-        if (!call.Require(item, "item")) return kBadParameterErr;
+        if (!call.Require(item, "item")) return kHostBadParameter;
         if (index < 0 || static_cast<size_t>(index) >= call.host.menuItems.size()) {
             return call.Refuse("there is no item " + std::to_string(index));
         }
         *item = static_cast<AIMenuItemHandle>(call.host.menuItems[static_cast<size_t>(index)]);
         call.OutHandle("item", *item);
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 
@@ -130,7 +130,7 @@ AIErr AddMenuGroupAsSubMenu(const char* name, int32_t options, AIMenuItemHandle 
                             AIMenuGroup* group)
 {
     return WithItem("AddMenuGroupAsSubMenu", item, [&](SuiteCall& call, MenuItemObject& object) {
-        if (!call.Require(name, "name") || !call.Require(group, "group")) return kBadParameterErr;
+        if (!call.Require(name, "name") || !call.Require(group, "group")) return kHostBadParameter;
         call.Arg("name", std::string(name));
         call.Arg("options", options);
         object.submenu =
@@ -139,7 +139,7 @@ AIErr AddMenuGroupAsSubMenu(const char* name, int32_t options, AIMenuItemHandle 
         ++call.host.menuChanges;
         *group = static_cast<AIMenuGroup>(object.submenu);
         call.OutHandle("group", *group);
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 
@@ -147,12 +147,12 @@ AIErr GetItemSubMenuGroup(AIMenuItemHandle item, AIMenuGroup* group)
 {
     return WithItem("GetItemSubMenuGroup", item,
                     [&](SuiteCall& call, const MenuItemObject& object) {
-                        if (!call.Require(group, "group")) return kBadParameterErr;
+                        if (!call.Require(group, "group")) return kHostBadParameter;
                         if (object.submenu != nullptr) {
                             *group = static_cast<AIMenuGroup>(object.submenu);
                         }
                         call.OutHandle("group", object.submenu);
-                        return kNoErr;
+                        return kHostSuccess;
                     });
 }
 
@@ -163,7 +163,7 @@ AIErr RemoveMenuItem(AIMenuItemHandle item)
         items.erase(std::remove(items.begin(), items.end(), item), items.end());
         call.host.handles.Expire(item);
         ++call.host.menuChanges;
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 

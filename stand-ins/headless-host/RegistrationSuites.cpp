@@ -29,7 +29,7 @@ AIErr AddNotifier(SPPluginRef self, const char* name, const char* type, AINotifi
     return Answer(NotifierRow(), "AddNotifier", [&](SuiteCall& call) {
         if (call.Find<PluginObject>(self) == nullptr || !call.Require(name, "name") ||
             !call.Require(type, "type") || !call.Require(notifier, "notifier")) {
-            return kBadParameterErr;
+            return kHostBadParameter;
         }
         call.Arg("name", std::string(name));
         call.Arg("type", std::string(type));
@@ -38,7 +38,7 @@ AIErr AddNotifier(SPPluginRef self, const char* name, const char* type, AINotifi
         call.host.notifiers.push_back(handle);
         *notifier = static_cast<AINotifierHandle>(handle);
         call.OutHandle("notifier", *notifier);
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 
@@ -56,7 +56,7 @@ AIErr AddFileFormatEx(SPPluginRef self, const char* name, PlatformAddFileFormatE
     return Answer(FileFormatRow(), "AddFileFormatEx", [&](SuiteCall& call) {
         if (call.Find<PluginObject>(self) == nullptr || !call.Require(name, "name") ||
             !call.Require(data, "data") || !call.Require(format, "format")) {
-            return kBadParameterErr;
+            return kHostBadParameter;
         }
         if (data->numTypes < 0 || (data->numTypes > 0 && data->typeList == nullptr)) {
             return call.Refuse("the list of types is broken");
@@ -77,7 +77,7 @@ AIErr AddFileFormatEx(SPPluginRef self, const char* name, PlatformAddFileFormatE
         call.host.fileFormats.push_back(handle);
         *format = static_cast<AIFileFormatHandle>(handle);
         call.OutHandle("format", *format);
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 
@@ -87,9 +87,9 @@ AIErr SetFileFormatPriority(AIFileFormatHandle format, int32_t priority)
         call.Handle("format", format);
         call.Arg("priority", priority);
         auto* const object = call.Find<FileFormatObject>(format);
-        if (object == nullptr) return kBadParameterErr;
+        if (object == nullptr) return kHostBadParameter;
         object->priority = priority;
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 
@@ -99,7 +99,7 @@ AIErr AddTimer(SPPluginRef self, const char* name, int32_t period, AITimerHandle
         call.Arg("period", period);
         if (call.Find<PluginObject>(self) == nullptr || !call.Require(name, "name") ||
             !call.Require(timer, "timer")) {
-            return kBadParameterErr;
+            return kHostBadParameter;
         }
         call.Arg("name", std::string(name));
         if (period < 0) return call.Refuse("the period is negative");
@@ -108,7 +108,7 @@ AIErr AddTimer(SPPluginRef self, const char* name, int32_t period, AITimerHandle
         call.host.timers.push_back(handle);
         *timer = static_cast<AITimerHandle>(handle);
         call.OutHandle("timer", *timer);
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 
@@ -117,10 +117,10 @@ AIErr GetTimerActive(AITimerHandle timer, bool* active)
     return Answer(TimerRow(), "GetTimerActive", [&](SuiteCall& call) {
         call.Handle("timer", timer);
         const auto* const object = call.Find<TimerObject>(timer);
-        if (object == nullptr || !call.Require(active, "active")) return kBadParameterErr;
+        if (object == nullptr || !call.Require(active, "active")) return kHostBadParameter;
         *active = object->isActive;
         call.Out("active", *active);
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 
@@ -130,9 +130,9 @@ AIErr SetTimerActive(AITimerHandle timer, bool active)
         call.Handle("timer", timer);
         call.Arg("active", active);
         auto* const object = call.Find<TimerObject>(timer);
-        if (object == nullptr) return kBadParameterErr;
+        if (object == nullptr) return kHostBadParameter;
         object->isActive = active;
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 

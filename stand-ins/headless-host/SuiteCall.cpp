@@ -13,7 +13,7 @@ SuiteCall::SuiteCall(Host& theHost, const SuiteRow& row, const char* operationNa
 AIErr SuiteCall::Refuse(const std::string& reason)
 {
     host.errors.Add(operation + ": " + reason);
-    return kBadParameterErr;
+    return kHostBadParameter;
 }
 
 bool SuiteCall::Require(const void* pointer, const char* name)

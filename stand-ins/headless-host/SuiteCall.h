@@ -62,14 +62,14 @@ template <class Body>
 AIErr Answer(const SuiteRow& row, const char* operation, Body body) noexcept
 {
     Host* const host = Host::GetCurrent();
-    if (host == nullptr) return kBadParameterErr;
+    if (host == nullptr) return kHostBadParameter;
     try {
         SuiteCall call(*host, row, operation);
-        const AIErr result = call.IsAllowed() ? body(call) : kBadParameterErr;
+        const AIErr result = call.IsAllowed() ? body(call) : kHostBadParameter;
         call.Finish(result);
         return result;
     } catch (...) {
-        return kOutOfMemoryErr;
+        return kHostOutOfMemory;
     }
 }
 

@@ -22,8 +22,8 @@ ATEErr AddRef(typename Object::Raw* reference)
     return Answer(RowOf<Object>(), "AddRef", [&](SuiteCall& call) {
         call.Handle("reference", reference);
         return call.host.handles.Retain(reference, Object::kHandleType, call.operation)
-                   ? kNoErr
-                   : kBadParameterErr;
+                   ? kHostSuccess
+                   : kHostBadParameter;
     });
 }
 
@@ -33,8 +33,8 @@ ATEErr Release(typename Object::Raw* reference)
     return Answer(RowOf<Object>(), "Release", [&](SuiteCall& call) {
         call.Handle("reference", reference);
         return call.host.handles.Release(reference, Object::kHandleType, call.operation)
-                   ? kNoErr
-                   : kBadParameterErr;
+                   ? kHostSuccess
+                   : kHostBadParameter;
     });
 }
 
@@ -45,10 +45,10 @@ ATEErr Derive(const char* operation, typename From::Raw* from, typename To::Raw*
     return Answer(RowOf<From>(), operation, [&](SuiteCall& call) {
         call.Handle("reference", from);
         const From* const object = call.Find<From>(from);
-        if (object == nullptr || !call.Require(out, "out")) return kBadParameterErr;
+        if (object == nullptr || !call.Require(out, "out")) return kHostBadParameter;
         *out = IssueText<To>(call.host.handles, make(*object));
         call.OutHandle("out", *out);
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 
@@ -92,10 +92,10 @@ ATEErr GetSize(ATE::_ArrayFontRef* fonts, int* size)
     return Answer(RowOf<FontArrayRef>(), "GetSize", [&](SuiteCall& call) {
         call.Handle("reference", fonts);
         const auto* const object = call.Find<FontArrayRef>(fonts);
-        if (object == nullptr || !call.Require(size, "size")) return kBadParameterErr;
+        if (object == nullptr || !call.Require(size, "size")) return kHostBadParameter;
         *size = static_cast<int>(object->document->content.fonts.size());
         call.Out("size", *size);
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 
@@ -105,7 +105,7 @@ ATEErr GetArrayItem(ATE::_ArrayFontRef* fonts, int index, ATE::_Font** font)
         call.Handle("reference", fonts);
         call.Arg("index", index);
         const auto* const object = call.Find<FontArrayRef>(fonts);
-        if (object == nullptr || !call.Require(font, "font")) return kBadParameterErr;
+        if (object == nullptr || !call.Require(font, "font")) return kHostBadParameter;
         const std::vector<std::string>& names = object->document->content.fonts;
         if (index < 0 || static_cast<size_t>(index) >= names.size()) {
             return call.Refuse("there is no font " + std::to_string(index));
@@ -113,7 +113,7 @@ ATEErr GetArrayItem(ATE::_ArrayFontRef* fonts, int index, ATE::_Font** font)
         *font = IssueText(call.host.handles,
                           FontRef{{object->document}, names[static_cast<size_t>(index)]});
         call.OutHandle("font", *font);
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 
@@ -124,10 +124,10 @@ bool IsNull(ATE::_Font* font)
     (void)Answer(RowOf<FontRef>(), "IsNull", [&](SuiteCall& call) {
         call.Handle("reference", font);
         const auto* const object = call.Find<FontRef>(font);
-        if (object == nullptr) return kBadParameterErr;
+        if (object == nullptr) return kHostBadParameter;
         isNull = object->postScriptName.empty();
         call.Out("isNull", isNull);
-        return kNoErr;
+        return kHostSuccess;
     });
     return isNull;
 }
@@ -162,11 +162,11 @@ ATEErr GetFeatureFont(ATE::_CharFeatures* features, bool* isAssigned, ATE::_Font
     return Answer(RowOf<CharFeaturesRef>(), "GetFont", [&](SuiteCall& call) {
         call.Handle("reference", features);
         const auto* const object = call.Find<CharFeaturesRef>(features);
-        if (object == nullptr || !call.Require(font, "font")) return kBadParameterErr;
+        if (object == nullptr || !call.Require(font, "font")) return kHostBadParameter;
         if (isAssigned != nullptr) *isAssigned = !object->postScriptName.empty();
         *font = IssueText(call.host.handles, FontRef{{object->document}, object->postScriptName});
         call.OutHandle("font", *font);
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 
@@ -175,10 +175,10 @@ ATEErr IsNotDone(ATE::_TextRunsIterator* iterator, bool* isNotDone)
     return Answer(RowOf<TextRunsIteratorRef>(), "IsNotDone", [&](SuiteCall& call) {
         call.Handle("reference", iterator);
         const auto* const object = call.Find<TextRunsIteratorRef>(iterator);
-        if (object == nullptr || !call.Require(isNotDone, "isNotDone")) return kBadParameterErr;
+        if (object == nullptr || !call.Require(isNotDone, "isNotDone")) return kHostBadParameter;
         *isNotDone = object->run < object->endRun;
         call.Out("isNotDone", *isNotDone);
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 
@@ -187,10 +187,10 @@ ATEErr Next(ATE::_TextRunsIterator* iterator)
     return Answer(RowOf<TextRunsIteratorRef>(), "Next", [&](SuiteCall& call) {
         call.Handle("reference", iterator);
         auto* const object = call.Find<TextRunsIteratorRef>(iterator);
-        if (object == nullptr) return kBadParameterErr;
+        if (object == nullptr) return kHostBadParameter;
         if (object->run >= object->endRun) return call.Refuse("the iterator is at its end");
         ++object->run;
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 
@@ -199,13 +199,13 @@ ATEErr GetIteratorItem(ATE::_TextRunsIterator* iterator, ATE::_TextRange** run)
     return Answer(RowOf<TextRunsIteratorRef>(), "Item", [&](SuiteCall& call) {
         call.Handle("reference", iterator);
         const auto* const object = call.Find<TextRunsIteratorRef>(iterator);
-        if (object == nullptr || !call.Require(run, "run")) return kBadParameterErr;
+        if (object == nullptr || !call.Require(run, "run")) return kHostBadParameter;
         if (object->run >= object->endRun) return call.Refuse("the iterator is at its end");
         *run = IssueText(
             call.host.handles,
             TextRangeRef{{object->document}, object->frame, object->run, object->run + 1});
         call.OutHandle("run", *run);
-        return kNoErr;
+        return kHostSuccess;
     });
 }
 

@@ -9,11 +9,12 @@ namespace {
 
 std::atomic<std::size_t> gAllocations{0};
 std::atomic<std::size_t> gFrees{0};
+std::atomic<std::size_t> gFailing{0};
 std::atomic<bool> gIsYielding{false};
 
 void* Allocate(std::size_t size, std::size_t alignment) noexcept
 {
-    ++gAllocations;
+    if (++gAllocations == gFailing) return nullptr;
     if (gIsYielding) std::this_thread::yield();
     if (alignment <= alignof(std::max_align_t)) return std::malloc(size == 0 ? 1 : size);
     return std::aligned_alloc(alignment, (size + alignment - 1) / alignment * alignment);
@@ -36,6 +37,7 @@ void Free(void* block) noexcept
 
 std::size_t AllocationCounter::Allocations() { return gAllocations; }
 std::size_t AllocationCounter::Frees() { return gFrees; }
+void AllocationCounter::FailNth(std::size_t nth) { gFailing = gAllocations + nth; }
 void AllocationCounter::YieldAtEach() { gIsYielding = true; }
 
 // The forms that aren't here call one of these.

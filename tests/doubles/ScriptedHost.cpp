@@ -118,7 +118,7 @@ AIErr ScriptedHost::Record(const std::string& operation, const std::string& argu
     std::vector<std::function<void()>> actions;
     for (auto each = range.first; each != range.second; ++each) actions.push_back(each->second);
     for (const auto& action : actions) action();
-    AIErr result = kNoErr;
+    AIErr result = kHostSuccess;
     for (Failure& failure : mFailures) {
         if (failure.operation != operation) continue;
         if (failure.nth == 0) result = failure.code;
@@ -133,7 +133,7 @@ AIErr ScriptedHost::Record(const std::string& operation, const std::string& argu
 AIErr ScriptedHost::Fault(const std::string& text)
 {
     mFaults.push_back(text);
-    return kBadParameterErr;
+    return kHostBadParameter;
 }
 
 void* ScriptedHost::NewHandle()
@@ -146,7 +146,7 @@ AIErr ScriptedHost::Acquire(const char* name, int version, void** slot)
 {
     const AIErr failed =
         Record("SPBasicSuite.AcquireSuite", Quoted(name) + ", " + std::to_string(version));
-    if (failed != kNoErr) return failed;
+    if (failed != kHostSuccess) return failed;
     const auto refused = mRefused.find({name, version});
     if (refused != mRefused.end()) return refused->second;
     void* const suite = SuiteNamed(name, version);
@@ -155,18 +155,18 @@ AIErr ScriptedHost::Acquire(const char* name, int version, void** slot)
     }
     ++mSuiteReferences[{name, version}];
     *slot = suite;
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr ScriptedHost::ReleaseOne(const char* name, int version)
 {
     const AIErr failed =
         Record("SPBasicSuite.ReleaseSuite", Quoted(name) + ", " + std::to_string(version));
-    if (failed != kNoErr) return failed;
+    if (failed != kHostSuccess) return failed;
     int& count = mSuiteReferences[{name, version}];
     if (count == 0) return Fault("released once too often: " + Quoted(name));
     --count;
-    return kNoErr;
+    return kHostSuccess;
 }
 
 int ScriptedHost::SuiteReferences(const std::string& name, int version) const

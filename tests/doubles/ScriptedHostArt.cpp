@@ -1,5 +1,6 @@
 // The scripted host's art, art sets and fonts.
 
+#include "ArtTypes.h"
 #include "ScriptedHostSuites.h"
 
 namespace {
@@ -68,21 +69,21 @@ AIErr GetMatchingArt(AIMatchingArtSpec* specs, int16_t numSpecs, AIArtHandle*** 
     const std::string operation = "AIMatchingArtSuite.GetMatchingArt";
     if (const AIErr code = Host().Record(operation, SpecText(specs, numSpecs))) return code;
     if (Host().Document() == nullptr) return kNoDocument;
-    if (Host().GivesNull(operation)) return kNoErr;
+    if (Host().GivesNull(operation)) return kHostSuccess;
     auto array = std::make_unique<ScriptedArtArray>();
     array->art = Matches(specs, numSpecs);
     array->first = array->art.data();
     *numMatches = static_cast<int32_t>(array->art.size());
     *matches = &array->first;
     Host().artArrays[static_cast<void*>(*matches)] = std::move(array);
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr MdMemoryDisposeHandle(void** handle)
 {
     if (const AIErr code = Host().Record("AIMdMemorySuite.MdMemoryDisposeHandle", "")) return code;
     if (Host().artArrays.erase(handle) == 0) return Host().Fault("unknown memory handle freed");
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr GetPlacedFilePathFromArt(AIArtHandle art, ai::UnicodeString& path)
@@ -95,7 +96,7 @@ AIErr GetPlacedFilePathFromArt(AIArtHandle art, ai::UnicodeString& path)
     const int placed = IndexOf(art, kPlacedBase, document->placedPaths.size());
     if (placed < 0) return Host().Fault("not placed art");
     SetHostString(path, document->placedPaths[static_cast<std::size_t>(placed)]);
-    return kNoErr;
+    return kHostSuccess;
 }
 
 template <class Reference>
@@ -106,12 +107,12 @@ AIErr FrameReference(const char* operation, const char* kind, AIArtHandle art, R
     if (document == nullptr) return kNoDocument;
     const int frame = IndexOf(art, kFrameBase, document->frames.size());
     if (frame < 0) return Host().Fault("not a text frame");
-    if (Host().GivesNull(operation)) return kNoErr;
+    if (Host().GivesNull(operation)) return kHostSuccess;
     void* const handle = Host().NewHandle();
     Host().references[handle] = {kind, 1, document->frames[static_cast<std::size_t>(frame)].runs,
                                  0};
     *out = static_cast<Reference*>(handle);
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr GetATETextRange(AIArtHandle art, ATE::_TextRange** range)
@@ -130,7 +131,7 @@ AIErr NewArtSet(AIArtSet* set)
     void* const handle = Host().NewHandle();
     Host().artSets[handle] = {};
     *set = static_cast<AIArtSet>(handle);
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr DisposeArtSet(AIArtSet* set)
@@ -138,7 +139,7 @@ AIErr DisposeArtSet(AIArtSet* set)
     if (const AIErr code = Host().Record("AIArtSetSuite.DisposeArtSet", "")) return code;
     if (Host().artSets.erase(*set) == 0) return Host().Fault("unknown art set");
     *set = nullptr;
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr CountArtSet(AIArtSet set, int* count)
@@ -147,7 +148,7 @@ AIErr CountArtSet(AIArtSet set, int* count)
     const auto found = Host().artSets.find(set);
     if (found == Host().artSets.end()) return Host().Fault("unknown art set");
     *count = static_cast<int>(found->second.size());
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr IndexArtSet(AIArtSet set, int index, AIArtHandle* art)
@@ -161,7 +162,7 @@ AIErr IndexArtSet(AIArtSet set, int index, AIArtHandle* art)
         return Host().Fault("index outside of the art set");
     }
     *art = found->second[static_cast<std::size_t>(index)];
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr MatchingArtSet(AIArtSpec* specs, short numSpecs, AIArtSet set)
@@ -174,7 +175,7 @@ AIErr MatchingArtSet(AIArtSpec* specs, short numSpecs, AIArtSet set)
     const auto found = Host().artSets.find(set);
     if (found == Host().artSets.end()) return Host().Fault("unknown art set");
     found->second = Matches(specs, numSpecs);
-    return kNoErr;
+    return kHostSuccess;
 }
 
 }  // namespace

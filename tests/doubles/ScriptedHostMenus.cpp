@@ -47,7 +47,7 @@ AIErr AddNotifier(SPPluginRef self, const char* name, const char* type, AINotifi
     }
     *notifier = Host().GivesNull(operation) ? nullptr : NewHandleOf<AINotifierHandle>();
     Host().notifiers.push_back({self, name, type, *notifier});
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr AddFileFormatEx(SPPluginRef self, const char* name, PlatformAddFileFormatExData* data,
@@ -59,13 +59,13 @@ AIErr AddFileFormatEx(SPPluginRef self, const char* name, PlatformAddFileFormatE
         return code;
     }
     if (*format != nullptr) (void)Host().Fault("the file format handle was not preset to null");
-    if (Host().GivesNull(operation)) return kNoErr;
+    if (Host().GivesNull(operation)) return kHostSuccess;
     *format = NewHandleOf<AIFileFormatHandle>();
     Host().fileFormats.push_back(
         {self, name, std::vector<int32_t>(data->typeList, data->typeList + data->numTypes),
          HostStringText(data->title), data->titleOrder, HostStringText(data->extensions), options,
          reserved, 0, *format});
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr SetFileFormatPriority(AIFileFormatHandle format, int32_t priority)
@@ -77,7 +77,7 @@ AIErr SetFileFormatPriority(AIFileFormatHandle format, int32_t priority)
     for (ScriptedFileFormat& each : Host().fileFormats) {
         if (each.handle == format) {
             each.priority = priority;
-            return kNoErr;
+            return kHostSuccess;
         }
     }
     return Host().Fault("unknown file format");
@@ -91,7 +91,7 @@ AIErr AddTimer(SPPluginRef self, const char* name, int32_t period, AITimerHandle
     }
     *timer = NewHandleOf<AITimerHandle>();
     Host().timers.push_back({self, name, period, true, *timer});
-    return kNoErr;
+    return kHostSuccess;
 }
 
 ScriptedTimer* Timer(AITimerHandle timer)
@@ -107,9 +107,9 @@ AIErr GetTimerActive(AITimerHandle timer, bool* active)
 {
     if (const AIErr code = Host().Record("AITimerSuite.GetTimerActive", "")) return code;
     const ScriptedTimer* const found = Timer(timer);
-    if (found == nullptr) return kBadParameterErr;
+    if (found == nullptr) return kHostBadParameter;
     *active = found->active;
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr SetTimerActive(AITimerHandle timer, bool active)
@@ -119,9 +119,9 @@ AIErr SetTimerActive(AITimerHandle timer, bool active)
         return code;
     }
     ScriptedTimer* const found = Timer(timer);
-    if (found == nullptr) return kBadParameterErr;
+    if (found == nullptr) return kHostBadParameter;
     found->active = active;
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr AddMenuItem(SPPluginRef self, const char* key, AIPlatformAddMenuItemDataUS* data,
@@ -135,21 +135,21 @@ AIErr AddMenuItem(SPPluginRef self, const char* key, AIPlatformAddMenuItemDataUS
         return code;
     }
     if (*item != nullptr) (void)Host().Fault("the menu item was not preset to null");
-    if (Host().GivesNull(operation)) return kNoErr;
+    if (Host().GivesNull(operation)) return kHostSuccess;
     const AIMenuItemHandle handle = NextItemHandle();
     *item = handle;
     Host().menuItems.push_back({self, key == nullptr ? "" : key, data->groupName, text, options,
                                 true, false, false, handle, nullptr});
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr Enable(const char* operation, AIMenuItemHandle item, bool enabled)
 {
     if (const AIErr code = Host().Record(operation, NameOf(item))) return code;
     ScriptedMenuItem* const found = Item(item);
-    if (found == nullptr) return kBadParameterErr;
+    if (found == nullptr) return kHostBadParameter;
     found->enabled = enabled;
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr EnableItem(AIMenuItemHandle item) { return Enable("AIMenuSuite.EnableItem", item, true); }
@@ -160,9 +160,9 @@ AIErr GetItemText(AIMenuItemHandle item, ai::UnicodeString& text)
 {
     if (const AIErr code = Host().Record("AIMenuSuite.GetItemText", NameOf(item))) return code;
     const ScriptedMenuItem* const found = Item(item);
-    if (found == nullptr) return kBadParameterErr;
+    if (found == nullptr) return kHostBadParameter;
     SetHostString(text, found->text);
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr CheckItem(AIMenuItemHandle item, bool checked)
@@ -172,9 +172,9 @@ AIErr CheckItem(AIMenuItemHandle item, bool checked)
         return code;
     }
     ScriptedMenuItem* const found = Item(item);
-    if (found == nullptr) return kBadParameterErr;
+    if (found == nullptr) return kHostBadParameter;
     found->checked = checked;
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr GetMenuItemKeyboardShortcutDictionaryKey(AIMenuItemHandle item, const char** key)
@@ -182,9 +182,9 @@ AIErr GetMenuItemKeyboardShortcutDictionaryKey(AIMenuItemHandle item, const char
     const std::string operation = "AIMenuSuite.GetMenuItemKeyboardShortcutDictionaryKey";
     if (const AIErr code = Host().Record(operation, NameOf(item))) return code;
     const ScriptedMenuItem* const found = Item(item);
-    if (found == nullptr) return kBadParameterErr;
+    if (found == nullptr) return kHostBadParameter;
     if (!Host().GivesNull(operation)) *key = found->key.c_str();
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr CountMenuItems(int* count)
@@ -192,7 +192,7 @@ AIErr CountMenuItems(int* count)
     if (const AIErr code = Host().Record("AIMenuSuite.CountMenuItems", "")) return code;
     *count = 0;
     for (const ScriptedMenuItem& each : Host().menuItems) *count += each.removed ? 0 : 1;
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr GetNthMenuItem(int index, AIMenuItemHandle* item)
@@ -204,9 +204,9 @@ AIErr GetNthMenuItem(int index, AIMenuItemHandle* item)
     for (const ScriptedMenuItem& each : Host().menuItems) {
         if (each.removed || left-- > 0) continue;
         *item = each.handle;
-        return kNoErr;
+        return kHostSuccess;
     }
-    return kBadParameterErr;
+    return kHostBadParameter;
 }
 
 AIErr AddMenuGroupAsSubMenu(const char* name, int32_t options, AIMenuItemHandle item,
@@ -219,11 +219,11 @@ AIErr AddMenuGroupAsSubMenu(const char* name, int32_t options, AIMenuItemHandle 
     }
     if (*group != nullptr) (void)Host().Fault("the menu group was not preset to null");
     ScriptedMenuItem* const found = Item(item);
-    if (found == nullptr) return kBadParameterErr;
+    if (found == nullptr) return kHostBadParameter;
     found->submenu = NewHandleOf<AIMenuGroup>();
     Host().menuGroups.push_back({name, found->submenu});
     *group = found->submenu;
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr GetItemSubMenuGroup(AIMenuItemHandle item, AIMenuGroup* group)
@@ -232,19 +232,19 @@ AIErr GetItemSubMenuGroup(AIMenuItemHandle item, AIMenuGroup* group)
         return code;
     }
     const ScriptedMenuItem* const found = Item(item);
-    if (found == nullptr) return kBadParameterErr;
+    if (found == nullptr) return kHostBadParameter;
     if (*group != nullptr) (void)Host().Fault("the menu group was not preset to null");
     if (found->submenu != nullptr) *group = found->submenu;
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr RemoveMenuItem(AIMenuItemHandle item)
 {
     if (const AIErr code = Host().Record("AIMenuSuite.RemoveMenuItem", NameOf(item))) return code;
     ScriptedMenuItem* const found = Item(item);
-    if (found == nullptr) return kBadParameterErr;
+    if (found == nullptr) return kHostBadParameter;
     found->removed = true;
-    return kNoErr;
+    return kHostSuccess;
 }
 
 }  // namespace

@@ -41,10 +41,10 @@ AIErr GetDocumentFileSpecification(ai::FilePath& file)
     }
     const ScriptedDocument* const document = Host().Document();
     if (document == nullptr) return 0x4E4F4443;  // 'NODC'
-    if (document->path.empty()) return kNoErr;
+    if (document->path.empty()) return kHostSuccess;
     PathSlot(file) = Host().NewHandle();
     Host().paths[PathSlot(file)] = document->path;
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr GetDocumentModified(bool* modified)
@@ -52,7 +52,7 @@ AIErr GetDocumentModified(bool* modified)
     if (const AIErr code = Host().Record("AIDocumentSuite.GetDocumentModified", "")) return code;
     if (Host().Document() == nullptr) return 0x4E4F4443;
     *modified = Host().Document()->modified;
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr GetDocument(_t_AIDocument** document)
@@ -60,7 +60,7 @@ AIErr GetDocument(_t_AIDocument** document)
     if (const AIErr code = Host().Record("AIDocumentSuite.GetDocument", "")) return code;
     if (Host().Document() == nullptr) return 0x4E4F4443;
     *document = Host().DocumentHandle(Host().currentDocument);
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr DisposeFilePath(ai::FilePath* path)
@@ -68,7 +68,7 @@ AIErr DisposeFilePath(ai::FilePath* path)
     if (const AIErr code = Host().Record("AIFilePathSuite.DisposeFilePath", "")) return code;
     if (Host().paths.erase(PathSlot(*path)) == 0) return Host().Fault("path freed twice");
     PathSlot(*path) = nullptr;
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr GetFileName(const ai::FilePath& path, bool displayForm, ai::UnicodeString& name)
@@ -77,7 +77,7 @@ AIErr GetFileName(const ai::FilePath& path, bool displayForm, ai::UnicodeString&
         Quoted(PathText(path).c_str()) + (displayForm ? ", true" : ", false");
     if (const AIErr code = Host().Record("AIFilePathSuite.GetFileName", arguments)) return code;
     SetHostString(name, LastComponent(PathText(path)));
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr GetFullPath(const ai::FilePath& path, bool displayForm, ai::UnicodeString& fullPath)
@@ -86,7 +86,7 @@ AIErr GetFullPath(const ai::FilePath& path, bool displayForm, ai::UnicodeString&
         Quoted(PathText(path).c_str()) + (displayForm ? ", true" : ", false");
     if (const AIErr code = Host().Record("AIFilePathSuite.GetFullPath", arguments)) return code;
     SetHostString(fullPath, PathText(path));
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr Initialize(ai::UnicodeString* string, const char* text, size_t length,
@@ -99,7 +99,7 @@ AIErr Initialize(ai::UnicodeString* string, const char* text, size_t length,
         return code;
     }
     SetHostString(*string, bytes);
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr Destroy(ai::UnicodeString* string)
@@ -107,7 +107,7 @@ AIErr Destroy(ai::UnicodeString* string)
     if (const AIErr code = Host().Record("AIUnicodeStringSuite.Destroy", "")) return code;
     if (Host().strings.erase(StringSlot(*string)) == 0) return Host().Fault("string freed twice");
     StringSlot(*string) = nullptr;
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr GetAs(const ai::UnicodeString& string, AICharacterEncoding encoding, Buffer& buffer,
@@ -128,7 +128,7 @@ AIErr GetAs(const ai::UnicodeString& string, AICharacterEncoding encoding, Buffe
         std::memcpy(fields.block, text.data(), text.size());
     }
     *count = text.size();
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr AllocateBlock(size_t size, const char* debugName, void** block)
@@ -138,7 +138,7 @@ AIErr AllocateBlock(size_t size, const char* debugName, void** block)
         return code;
     }
     *block = NewBlock(size, debugName);
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr FreeBlock(void* block)
@@ -148,7 +148,7 @@ AIErr FreeBlock(void* block)
     if (const AIErr code = Host().Record("SPBlocksSuite.FreeBlock", name)) return code;
     if (found == Host().blocks.end()) return Host().Fault("unknown block freed");
     Host().blocks.erase(found);
-    return kNoErr;
+    return kHostSuccess;
 }
 
 }  // namespace

@@ -24,21 +24,21 @@ Reference* NewReference(const std::string& kind, std::vector<std::string> fonts)
 AIErr AddRefTo(const char* kind, void* reference)
 {
     const AIErr code = Host().Record("ATE " + std::string(kind) + ".AddRef", "");
-    if (code != kNoErr) return code;
+    if (code != kHostSuccess) return code;
     ScriptedReference* const found = Find(kind, reference);
-    if (found == nullptr) return kBadParameterErr;
+    if (found == nullptr) return kHostBadParameter;
     ++found->count;
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr ReleaseOf(const char* kind, void* reference)
 {
     const AIErr code = Host().Record("ATE " + std::string(kind) + ".Release", "");
-    if (code != kNoErr) return code;
+    if (code != kHostSuccess) return code;
     ScriptedReference* const found = Find(kind, reference);
-    if (found == nullptr) return kBadParameterErr;
+    if (found == nullptr) return kHostBadParameter;
     if (--found->count == 0) Host().references.erase(reference);
-    return kNoErr;
+    return kHostSuccess;
 }
 
 // One suite each: the kind names it in the log.
@@ -94,10 +94,10 @@ AIErr Derive(const char* member, Source* source, Result** result,
     const std::string operation = "ATE " + std::string(From::name) + "." + member;
     if (const AIErr code = Host().Record(operation, arguments)) return code;
     ScriptedReference* const found = Find(From::name, source);
-    if (found == nullptr) return kBadParameterErr;
-    if (Host().GivesNull(operation)) return kNoErr;
+    if (found == nullptr) return kHostBadParameter;
+    if (Host().GivesNull(operation)) return kHostSuccess;
     *result = NewReference<Result>(To::name, fonts(*found));
-    return kNoErr;
+    return kHostSuccess;
 }
 
 std::vector<std::string> SameFonts(ScriptedReference& from) { return from.fonts; }
@@ -148,9 +148,9 @@ ATE::ATEErr GetSize(ATE::_ArrayFontRef* fonts, int* size)
 {
     if (const AIErr code = Host().Record("ATE ArrayFontRef.GetSize", "")) return code;
     ScriptedReference* const found = Find("ArrayFontRef", fonts);
-    if (found == nullptr) return kBadParameterErr;
+    if (found == nullptr) return kHostBadParameter;
     *size = static_cast<int>(found->fonts.size());
-    return kNoErr;
+    return kHostSuccess;
 }
 
 ATE::ATEErr FontItem(ATE::_ArrayFontRef* fonts, int index, ATE::_Font** font)
@@ -192,18 +192,18 @@ ATE::ATEErr IsNotDone(ATE::_TextRunsIterator* iterator, bool* isNotDone)
 {
     if (const AIErr code = Host().Record("ATE TextRunsIterator.IsNotDone", "")) return code;
     ScriptedReference* const found = Find("TextRunsIterator", iterator);
-    if (found == nullptr) return kBadParameterErr;
+    if (found == nullptr) return kHostBadParameter;
     *isNotDone = found->position < found->fonts.size();
-    return kNoErr;
+    return kHostSuccess;
 }
 
 ATE::ATEErr Next(ATE::_TextRunsIterator* iterator)
 {
     if (const AIErr code = Host().Record("ATE TextRunsIterator.Next", "")) return code;
     ScriptedReference* const found = Find("TextRunsIterator", iterator);
-    if (found == nullptr) return kBadParameterErr;
+    if (found == nullptr) return kHostBadParameter;
     ++found->position;
-    return kNoErr;
+    return kHostSuccess;
 }
 
 ATE::ATEErr RunItem(ATE::_TextRunsIterator* iterator, ATE::_TextRange** run)
@@ -218,7 +218,7 @@ AIErr GetDefaultFontForScript(AIFaceScript script, AIFontKey* key)
     const auto found = Host().defaultFonts.find(script);
     if (found == Host().defaultFonts.end()) return 0x4E4F464E;  // 'NOFN'
     if (!Host().GivesNull(operation)) *key = Host().FontKey(found->second);
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr GetPostScriptFontName(AIFontKey key, char* buffer, short bufferSize)
@@ -232,7 +232,7 @@ AIErr GetPostScriptFontName(AIFontKey key, char* buffer, short bufferSize)
     if (name == nullptr) return Host().Fault("unknown font key " + Handle(key));
     const std::string cut = name->substr(0, static_cast<std::size_t>(bufferSize) - 1);
     std::memcpy(buffer, cut.c_str(), cut.size() + 1);
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr FontKeyFromFontRef(ATE::_Font* font, AIFontKey* key)
@@ -243,9 +243,9 @@ AIErr FontKeyFromFontRef(ATE::_Font* font, AIFontKey* key)
                                          "font " + name + ", key " + Handle(*key))) {
         return code;
     }
-    if (found == nullptr) return kBadParameterErr;
+    if (found == nullptr) return kHostBadParameter;
     *key = Host().FontKey(name);
-    return kNoErr;
+    return kHostSuccess;
 }
 
 }  // namespace

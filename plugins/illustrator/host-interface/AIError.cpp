@@ -8,7 +8,7 @@ const char* Error::what() const noexcept { return "AI Exception"; }
 
 void check_ai_error(int code)
 {
-    if (code != kNoErr) throw Error(code);
+    if (code != kHostSuccess) throw Error(code);
 }
 
 }  // namespace ai

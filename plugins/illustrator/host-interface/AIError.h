@@ -22,11 +22,11 @@ private:
 // Throws ai::Error for any code but 0.
 void check_ai_error(int code);
 
-// A suite that the host refused can't be called: throws ai::Error with kBadParameterErr for null.
+// A suite that the host refused can't be called: throws ai::Error with kHostBadParameter for null.
 template <class Suite>
 Suite* check_suite(Suite* suite)
 {
-    if (suite == nullptr) throw Error(kBadParameterErr);
+    if (suite == nullptr) throw Error(kHostBadParameter);
     return suite;
 }
 

@@ -35,9 +35,6 @@ enum AICharacterEncoding : int32_t {
     kAIUTF8CharacterEncoding = 1,
 };
 
-constexpr AIErr kNoErr = 0;
-constexpr AIErr kBadParameterErr = 0x5041524D;  // 'PARM'
-constexpr AIErr kOutOfMemoryErr = 0x214D454D;   // '!MEM'
-
-constexpr int16_t kPlacedArt = 7;
-constexpr int16_t kTextFrameArt = 12;
+constexpr AIErr kHostSuccess = 0;
+constexpr AIErr kHostBadParameter = 0x5041524D;  // 'PARM'
+constexpr AIErr kHostOutOfMemory = 0x214D454D;   // '!MEM'

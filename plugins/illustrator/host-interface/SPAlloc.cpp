@@ -9,8 +9,8 @@ void* SPAlloc::AllocateBlock(size_t size)
 {
     void* block = nullptr;
     if (sSPBlocks == nullptr ||
-        sSPBlocks->AllocateBlock(size, "ai::SPAlloc::AllocateBlock", &block) != kNoErr) {
-        throw Error(kOutOfMemoryErr);
+        sSPBlocks->AllocateBlock(size, "ai::SPAlloc::AllocateBlock", &block) != kHostSuccess) {
+        throw Error(kHostOutOfMemory);
     }
     return block;
 }

@@ -57,7 +57,7 @@ const std::vector<std::string>& GetIllustratorDefaultFonts()
     if (!kAllIllustratorDefaultFontNames.empty()) return kAllIllustratorDefaultFontNames;
 
     // Without the suite nothing can be told of any font.
-    if (gFontSuite == nullptr) ThrowAIErr(kBadParameterErr);
+    if (gFontSuite == nullptr) ThrowAIErr(kHostBadParameter);
     // Not reset in the loop: a script that the host doesn't know repeats the one before it.
     AIFontKey key = nullptr;
     for (const AIFaceScript script : kScripts) {

@@ -38,6 +38,7 @@ void StoreUsageOfCurrentDocument()
 
 void TraceSaveNotifier(AINotifierHandle notifier)
 {
+    if (gGlobals == nullptr) return;
     if (notifier == gGlobals->afterSaveNotifier) {
         OutputIndentedAndFormattedString(0, "...afterSaveNotifier");
     } else if (notifier == gGlobals->afterSaveAsNotifier) {
@@ -54,14 +55,14 @@ AIErr PassOnSavedDocument(AINotifierHandle notifier)
     bool isModified = false;
     // A host that can't tell counts as unmodified.
     if (gDocumentSuite != nullptr) (void)gDocumentSuite->GetDocumentModified(&isModified);
-    if (isModified) return kNoErr;
+    if (isModified) return kHostSuccess;
     std::string path;
     const AIErr status = GetDocumentFileSpec(&path, false);
-    if (status != kNoErr) return status;
-    if (path.empty() || IsEPSVersion8(path)) return kNoErr;
+    if (status != kHostSuccess) return status;
+    if (path.empty() || IsEPSVersion8(path)) return kHostSuccess;
     // The file is written; nothing follows from the status.
     (void)PCILoader::GetSharedInstance()->pfHandleSaveDocument(path.c_str(), usage.c_str());
-    return kNoErr;
+    return kHostSuccess;
 }
 
 }  // namespace
@@ -69,38 +70,38 @@ AIErr PassOnSavedDocument(AINotifierHandle notifier)
 void ReplaceBareName(_t_AIDocument* document, std::string& path)
 {
     if (path.empty() || HasSeparator(path)) return;
-    if (GetDocumentFileSpec(&path, false) != kNoErr || !HasSeparator(path)) return;
+    if (GetDocumentFileSpec(&path, false) != kHostSuccess || !HasSeparator(path)) return;
     SetFilePathForDocumentHandle(document, path);
 }
 
 AIErr HandleDocumentChangedNotifier(AINotifierMessage* message)
 {
-    if (message == nullptr) return kBadParameterErr;
+    if (message == nullptr) return kHostBadParameter;
     OutputIndentedAndFormattedString(1, "Entering %s(message->notifyData = 0x%08x)",
                                      "HandleDocumentChangedNotifier",
                                      TracePointer(message->notifyData));
     if (IsPluginEnabled()) StoreUsageOfCurrentDocument();
     OutputIndentedAndFormattedString(-1, "%s returning %d", "HandleDocumentChangedNotifier",
-                                     kNoErr);
-    return kNoErr;
+                                     kHostSuccess);
+    return kHostSuccess;
 }
 
 AIErr HandleDocumentSavedNotifier(AINotifierMessage* message)
 {
-    if (message == nullptr) return kBadParameterErr;
+    if (message == nullptr) return kHostBadParameter;
     OutputIndentedAndFormattedString(1, "Entering %s(message->notifyData = 0x%08x)",
                                      "HandleDocumentSavedNotifier",
                                      TracePointer(message->notifyData));
-    const AIErr result = IsPluginEnabled() ? PassOnSavedDocument(message->notifier) : kNoErr;
+    const AIErr result = IsPluginEnabled() ? PassOnSavedDocument(message->notifier) : kHostSuccess;
     OutputIndentedAndFormattedString(-1, "%s returning %d", "HandleDocumentSavedNotifier", result);
     return result;
 }
 
 AIErr HandleFontListChangedNotifier(AINotifierMessage* message)
 {
-    if (message == nullptr) return kBadParameterErr;
+    if (message == nullptr) return kHostBadParameter;
     OutputIndentedAndFormattedString(1, "Entering %s", "HandleFontListChangedNotifier");
     OutputIndentedAndFormattedString(-1, "%s returning %d", "HandleFontListChangedNotifier",
-                                     kNoErr);
-    return kNoErr;
+                                     kHostSuccess);
+    return kHostSuccess;
 }

@@ -48,7 +48,7 @@ std::string CloseDocumentWithPath(PCILoader* core, _t_AIDocument* document, std:
 
 AIErr HandleDocumentAboutToCloseNotifier(AINotifierMessage* message)
 {
-    if (message == nullptr) return kBadParameterErr;
+    if (message == nullptr) return kHostBadParameter;
     OutputIndentedAndFormattedString(1, "Entering %s(message->notifyData = 0x%08x)",
                                      "HandleDocumentAboutToCloseNotifier",
                                      TracePointer(message->notifyData));
@@ -63,13 +63,13 @@ AIErr HandleDocumentAboutToCloseNotifier(AINotifierMessage* message)
         }
     }
     OutputIndentedAndFormattedString(-1, "%s returning %d", "HandleDocumentAboutToCloseNotifier",
-                                     kNoErr);
-    return kNoErr;
+                                     kHostSuccess);
+    return kHostSuccess;
 }
 
 AIErr HandleDocumentClosedNotifier(AINotifierMessage* message)
 {
-    if (message == nullptr) return kBadParameterErr;
+    if (message == nullptr) return kHostBadParameter;
     OutputIndentedAndFormattedString(1, "Entering %s(message->notifyData = 0x%08x)",
                                      "HandleDocumentClosedNotifier",
                                      TracePointer(message->notifyData));
@@ -91,6 +91,7 @@ AIErr HandleDocumentClosedNotifier(AINotifierMessage* message)
         // Goes out for a disabled plug-in, too; the document is gone, so nothing follows from it.
         (void)core->pfHandleCloseDocument(templatePath.c_str(), usage.c_str());
     }
-    OutputIndentedAndFormattedString(-1, "%s returning %d", "HandleDocumentClosedNotifier", kNoErr);
-    return kNoErr;
+    OutputIndentedAndFormattedString(-1, "%s returning %d", "HandleDocumentClosedNotifier",
+                                     kHostSuccess);
+    return kHostSuccess;
 }

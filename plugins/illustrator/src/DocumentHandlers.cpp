@@ -32,7 +32,7 @@ std::string RecordOpenedDocument(_t_AIDocument* document, const std::string& pat
 
 AIErr HandleDocumentOpenedNotifier(AINotifierMessage* message)
 {
-    if (message == nullptr) return kBadParameterErr;
+    if (message == nullptr) return kHostBadParameter;
     OutputIndentedAndFormattedString(1, "Entering %s(message->notifyData = 0x%08x)",
                                      "HandleDocumentOpenedNotifier",
                                      TracePointer(message->notifyData));
@@ -45,18 +45,19 @@ AIErr HandleDocumentOpenedNotifier(AINotifierMessage* message)
     }
 
     std::string path;
-    if (GetDocumentFileSpec(&path, false) == kNoErr) {
+    if (GetDocumentFileSpec(&path, false) == kHostSuccess) {
         auto* const document = static_cast<_t_AIDocument*>(message->notifyData);
         HandleCheckFileFormat(RecordOpenedDocument(document, path), fonts);
     }
     if (GetSuppressionOfMissingFontsDialog()) CrossPluginUtils::BackgroundForegroundApp();
-    OutputIndentedAndFormattedString(-1, "%s returning %d", "HandleDocumentOpenedNotifier", kNoErr);
-    return kNoErr;
+    OutputIndentedAndFormattedString(-1, "%s returning %d", "HandleDocumentOpenedNotifier",
+                                     kHostSuccess);
+    return kHostSuccess;
 }
 
 AIErr HandleDocumentNewNotifier(AINotifierMessage* message)
 {
-    if (message == nullptr) return kBadParameterErr;
+    if (message == nullptr) return kHostBadParameter;
     OutputIndentedAndFormattedString(1, "Entering %s(message->notifyData = 0x%08x)",
                                      "HandleDocumentNewNotifier",
                                      TracePointer(message->notifyData));
@@ -71,6 +72,7 @@ AIErr HandleDocumentNewNotifier(AINotifierMessage* message)
         (void)core->pfHandleCreateNewDocument(id, &size);
     }
     CrossPluginUtils::BackgroundForegroundApp();
-    OutputIndentedAndFormattedString(-1, "%s returning %d", "HandleDocumentNewNotifier", kNoErr);
-    return kNoErr;
+    OutputIndentedAndFormattedString(-1, "%s returning %d", "HandleDocumentNewNotifier",
+                                     kHostSuccess);
+    return kHostSuccess;
 }

@@ -8,7 +8,7 @@
 using nlohmann::json;
 
 // What happens when a document opens, changes, is saved or closes. Every handler returns
-// kBadParameterErr for a null message; the document in question is the message's notifyData.
+// kHostBadParameter for a null message; the document in question is the message's notifyData.
 // Exceptions of the host's wrappers and of the JSON library pass through.
 
 // Records the document and has its fonts checked a second time, now that it can be walked. Else 0.
@@ -44,7 +44,7 @@ void ReplaceBareName(_t_AIDocument* document, std::string& path);
 AIErr GetTextFrameArtSet(AIArtSpec* specs, short numSpecs, AIArtSet& set);
 
 // Appends one {"PostScriptName": name} for every font of the document's stories, repeats and the
-// host's default fonts included. Throws kBadParameterErr as an int for a document without text, and
-// every other host code alike; returns the text engine's code. What was appended stays, and so does
-// one art set of the host's.
+// host's default fonts included. Throws kHostBadParameter as an int for a document without text,
+// and every other host code alike; returns the text engine's code. What was appended stays, and so
+// does one art set of the host's.
 AIErr IterateUsedFonts(json& fonts);

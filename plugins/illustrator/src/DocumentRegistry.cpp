@@ -4,6 +4,7 @@
 #include <cctype>
 #include <functional>
 #include <map>
+#include <utility>
 
 #include "DebugUtils.h"
 #include "TraceArguments.h"
@@ -17,7 +18,9 @@ void SetText(const char* function, _t_AIDocument* document, std::string Document
 {
     OutputIndentedAndFormattedString(1, "Entering %s(%08x, '%s')", function, TracePointer(document),
                                      text.c_str());
-    sMapOfHandlesToDocumentData[document].*field = text;
+    // The copy comes first: if there is no memory for it, the map stays as it was.
+    std::string copy = text;
+    sMapOfHandlesToDocumentData[document].*field = std::move(copy);
     OutputIndentedAndFormattedString(-1, "Exiting %s()", function);
 }
 

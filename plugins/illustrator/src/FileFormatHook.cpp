@@ -115,12 +115,12 @@ AIErr AddFileFormat(SPInterfaceMessage* message)
         AcquireFileFormatSuite(formats);
         RegisterFormat(message, formats);
         ReleaseSuite(kFileFormatSuiteName, kFileFormatSuiteVersion, &formats);
-        OutputIndentedAndFormattedString(-1, "%s returning %d", "AddFileFormat", kNoErr);
+        OutputIndentedAndFormattedString(-1, "%s returning %d", "AddFileFormat", kHostSuccess);
     } catch (...) {
         OutputIndentedAndFormattedString(-1, "Error thrown in %s()", "AddFileFormat");
         ReleaseSuite(kFileFormatSuiteName, kFileFormatSuiteVersion, &formats);
     }
-    return kNoErr;
+    return kHostSuccess;
 }
 
 std::string GetDocumentPathFromFileFormatMessage(AIFileFormatMessage* message)
@@ -178,16 +178,16 @@ bool IsEPSVersion8(const std::string& path)
 AIErr GetAIPathAsUTF8String(const ai::FilePath& filePath, std::string& out, bool fileNameOnly)
 {
     out = (fileNameOnly ? filePath.GetFileName(false) : filePath.GetFullPath(false)).as_UTF8();
-    return out.empty() ? -1 : kNoErr;
+    return out.empty() ? -1 : kHostSuccess;
 }
 
 AIErr GetDocumentFileSpec(std::string* out, bool fileNameOnly)
 {
-    if (gDocumentSuite == nullptr) return kBadParameterErr;
+    if (gDocumentSuite == nullptr) return kHostBadParameter;
     ai::FilePath path;
     const AIErr status = gDocumentSuite->GetDocumentFileSpecification(path);
     // An empty path is told by the text alone.
-    if (status == kNoErr) (void)GetAIPathAsUTF8String(path, *out, fileNameOnly);
+    if (status == kHostSuccess) (void)GetAIPathAsUTF8String(path, *out, fileNameOnly);
     return status;
 }
 

@@ -22,19 +22,19 @@ void ReleaseSuite(char const* name, int version, void* slot)
 
 AIErr AcquireSuites(SPBasicSuite* basic)
 {
-    if (sAcquireCount != 0) return kNoErr;
+    if (sAcquireCount != 0) return kHostSuccess;
 
     for (const SuiteImport& suite : imports) {
         if (suite.target == nullptr) continue;
         const AIErr result = basic->AcquireSuite(suite.name, suite.version, suite.target);
-        if (result == kNoErr) continue;
+        if (result == kHostSuccess) continue;
         OutputIndentedAndFormattedString(0, "Error 0x%08x acquiring suite '%s', version %d",
                                          static_cast<unsigned int>(result), suite.name,
                                          suite.version);
         return result;
     }
     ++sAcquireCount;
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr ReleaseSuites()
@@ -44,11 +44,11 @@ AIErr ReleaseSuites()
             auto* const target = static_cast<void**>(suite.target);
             if (target == nullptr || *target == nullptr) continue;
             const AIErr result = sSPBasic->ReleaseSuite(suite.name, suite.version);
-            if (result != kNoErr) return result;
+            if (result != kHostSuccess) return result;
             *target = nullptr;
         }
     }
     // Below 0 it wraps, and the suites are then never acquired again.
     --sAcquireCount;
-    return kNoErr;
+    return kHostSuccess;
 }

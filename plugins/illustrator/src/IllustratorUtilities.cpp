@@ -3,6 +3,7 @@
 #include <unordered_set>
 #include <utility>
 
+#include "ArtTypes.h"
 #include "CoreErrorCodes.h"
 #include "DebugUtils.h"
 #include "DefaultFonts.h"
@@ -14,7 +15,7 @@ constexpr short kNameSize = 256;
 
 void ThrowIfAIErr(int code)
 {
-    if (code != kNoErr) throw code;
+    if (code != kHostSuccess) throw code;
 }
 
 // The names that a walk has met: a repeat needn't be looked for in the list.
@@ -72,7 +73,7 @@ int ExamineTextRangesInThisFrameForFontUsage(AIArtHandle** matches, int count, F
         ATE::_TextRange* range = nullptr;
         status = sTextFrameSuite != nullptr
                      ? sTextFrameSuite->GetATETextRange((*matches)[index], &range)
-                     : kBadParameterErr;
+                     : kHostBadParameter;
         if (status != 0) {
             OutputIndentedAndFormattedString(
                 0, "ERROR: sTextFrameSuite->GetATETextRange(AIArtHandle index=%d) returned %d",
@@ -101,7 +102,7 @@ void DisposeIllustratorHandle(AIArtHandle**& handle)
 
 AIErr GetMatchingArt(int16_t type, AIArtHandle**& matches, int32_t& count)
 {
-    if (sMatchingArt == nullptr) return kBadParameterErr;
+    if (sMatchingArt == nullptr) return kHostBadParameter;
     AIMatchingArtSpec spec(type, 0, 0);
     return sMatchingArt->GetMatchingArt(&spec, 1, &matches, &count);
 }
@@ -117,7 +118,7 @@ int ExamineTextFramesInCurrentDocForFontUsage(FontList& fonts)
         "sMatchingArt->GetMatchingArt(spec.type=kTextFrameArt, numSpecs=1, numMatches=%d) "
         "returned %d",
         count, status);
-    if (result == kNoErr && matches != nullptr) {
+    if (result == kHostSuccess && matches != nullptr) {
         status = ExamineTextRangesInThisFrameForFontUsage(matches, count, fonts);
         DisposeIllustratorHandle(matches);
     }

@@ -37,7 +37,7 @@ int ExamineCurrentDocForPlacedArt(std::vector<std::string>& paths);
 std::string CurrentDocumentFontUsage();
 
 // All art of the type in the current document, as the host gives it; the array may be null. The
-// host's code, kBadParameterErr if it refused the suite.
+// host's code, kHostBadParameter if it refused the suite.
 AIErr GetMatchingArt(int16_t type, AIArtHandle**& matches, int32_t& count);
 
 // Gives an array of GetMatchingArt back to the host and nulls the handle.

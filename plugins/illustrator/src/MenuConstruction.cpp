@@ -31,14 +31,14 @@ bool IsText(const char* text, const char* expected)
 bool IsItemPresent(const AIMenuSuite* menus, const char* label)
 {
     int count = 0;
-    if (label == nullptr || menus->CountMenuItems(&count) != kNoErr) return false;
+    if (menus->CountMenuItems(&count) != kHostSuccess) return false;
     bool isPresent = false;
     for (int index = 0; index < count; ++index) {
         AIMenuItemHandle item = nullptr;
         const char* key = nullptr;
-        if (menus->GetNthMenuItem(index, &item) != kNoErr ||
-            menus->GetMenuItemKeyboardShortcutDictionaryKey(item, &key) != kNoErr ||
-            !IsText(key, label)) {
+        if (menus->GetNthMenuItem(index, &item) != kHostSuccess ||
+            menus->GetMenuItemKeyboardShortcutDictionaryKey(item, &key) != kHostSuccess ||
+            label == nullptr || !IsText(key, label)) {
             continue;
         }
         OutputIndentedAndFormattedString(0, "Error: '%s' menu item already present.", label);

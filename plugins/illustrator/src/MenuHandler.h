@@ -41,10 +41,10 @@ unsigned int AddIllustratorMenu(const char* id, const char* label, const char* t
 unsigned int GetMenuObject(const json& node, const char* key, const char* value, json& found);
 
 // Brings check marks and enabled state of all items into line with PluginCore. 0, or
-// kBadParameterErr for a null message.
+// kHostBadParameter for a null message.
 int updateMenuItem(AIMenuMessage* message);
 
-// Passes a command with its document and fonts on to PluginCore. 0, or kBadParameterErr for a null
+// Passes a command with its document and fonts on to PluginCore. 0, or kHostBadParameter for a null
 // message.
 int GoMenuItem(AIMenuMessage* message);
 

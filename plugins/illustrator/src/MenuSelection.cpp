@@ -25,7 +25,7 @@ void RefreshItem(const AIMenuSuite* menus, AIMenuItemHandle item, const json& no
 void RefreshAllItems(const AIMenuSuite* menus, AIMenuItemHandle item)
 {
     ai::UnicodeString text;
-    if (menus->GetItemText(item, text) != kNoErr) return;
+    if (menus->GetItemText(item, text) != kHostSuccess) return;
     const std::string title = text.as_UTF8();
     const json root = json::parse(gMenuState.sLastKnownMenuState);
     if (FindMenuNode(root, "title", title.c_str()) == nullptr) return;
@@ -72,7 +72,7 @@ std::string RefreshUsage(PCILoader* core, const char* id)
 
 int updateMenuItem(AIMenuMessage* message)
 {
-    if (message == nullptr) return kBadParameterErr;
+    if (message == nullptr) return kHostBadParameter;
     OutputIndentedAndFormattedString(1, "Entering %s", "updateMenuItem");
     const MenuItemHelp help;
     std::string menus;
@@ -84,7 +84,7 @@ int updateMenuItem(AIMenuMessage* message)
 
 int GoMenuItem(AIMenuMessage* message)
 {
-    if (message == nullptr) return kBadParameterErr;
+    if (message == nullptr) return kHostBadParameter;
     OutputIndentedAndFormattedString(1, "Entering %s()", "GoMenuItem");
     PCILoader* const core = PCILoader::GetSharedInstance();
     std::string path;

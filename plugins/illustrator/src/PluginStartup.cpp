@@ -11,6 +11,8 @@
 
 namespace {
 
+constexpr int64_t kGlobalsVersion = 2023;
+
 constexpr char kBundleIdentifier[] = "com.corvanta.AutoActivationPlugin.AI24";
 constexpr char kHostVersion[] = "24";
 
@@ -97,9 +99,9 @@ void TakePlaceInHost(SPInterfaceMessage* message, SPBlocksSuite*& blocks)
 
 AIErr StartupPlugin(SPInterfaceMessage* message)
 {
-    if (message == nullptr) return kBadParameterErr;
+    if (message == nullptr) return kHostBadParameter;
     OutputIndentedAndFormattedString(1, "Entering %s", "StartupPlugin");
-    AIErr result = kNoErr;
+    AIErr result = kHostSuccess;
     PCILoader* const core = PCILoader::GetSharedInstance();
     if (core->pfInitializePluginCoreInterface(kBundleIdentifier, kHostVersion) == 0) {
         // It is registered in any case: PluginCore has no other way to refuse than to do nothing.
@@ -113,7 +115,7 @@ AIErr StartupPlugin(SPInterfaceMessage* message)
         }
         ReleaseSuite(kBlocksSuiteName, kBlocksSuiteVersion, &blocks);
         // Without the timer the plug-in runs on, only without idle calls and panel.
-        if (result == kNoErr) (void)AddTimers(message);
+        if (result == kHostSuccess) (void)AddTimers(message);
     }
     OutputIndentedAndFormattedString(-1, "%s returning %d", "StartupPlugin", result);
     return result;
@@ -121,9 +123,9 @@ AIErr StartupPlugin(SPInterfaceMessage* message)
 
 AIErr AddNotifiers(SPInterfaceMessage* message)
 {
-    if (message == nullptr) return kBadParameterErr;
+    if (message == nullptr) return kHostBadParameter;
     OutputIndentedAndFormattedString(1, "Entering %s", "AddNotifiers");
-    AIErr result = kNoErr;
+    AIErr result = kHostSuccess;
     AINotifierSuite* notifiers = nullptr;
     try {
         OutputIndentedAndFormattedString(0, "...acquiring notifier suite");
@@ -144,10 +146,11 @@ AIErr AddNotifiers(SPInterfaceMessage* message)
 
 AIErr ShutdownPlugin(SPInterfaceMessage* message)
 {
+    if (message == nullptr) return kHostBadParameter;
     OutputIndentedAndFormattedString(0, "Entering %s", "ShutdownPlugin");
-    if (gGlobals == nullptr) return kNoErr;
+    if (gGlobals == nullptr) return kHostSuccess;
 
-    AIErr result = kNoErr;
+    AIErr result = kHostSuccess;
     SPBlocksSuite* blocks = nullptr;
     try {
         result =
@@ -166,7 +169,7 @@ AIErr ShutdownPlugin(SPInterfaceMessage* message)
         result = error;
     }
     gGlobals = nullptr;
-    if (message != nullptr) message->d.globals = nullptr;
+    message->d.globals = nullptr;
     ReleaseSuite(kBlocksSuiteName, kBlocksSuiteVersion, &blocks);
     return result;
 }
@@ -174,7 +177,7 @@ AIErr ShutdownPlugin(SPInterfaceMessage* message)
 AIErr AboutPlugin(SPInterfaceMessage* /*message*/)
 {
     OutputIndentedAndFormattedString(1, "Entering %s", "AboutPlugin");
-    AIErr result = kNoErr;
+    AIErr result = kHostSuccess;
     PCILoader* const core = PCILoader::GetSharedInstance();
     if (core != nullptr && core->pfInvokeCommandDialog != nullptr) {
         std::string path;

@@ -27,7 +27,9 @@ int GetSettingOfUser()
     char settings[kSettingsSize + 1] = {};
     size_t size = kSettingsSize;
     int value = 0;
-    if (PCILoader::GetSharedInstance()->pfGetSettings(settings, &size) == 0) {
+    PCILoader* const core = PCILoader::GetSharedInstance();
+    if (core != nullptr && core->pfGetSettings != nullptr &&
+        core->pfGetSettings(settings, &size) == 0) {
         // A setting that can't be read leaves the value at 0.
         (void)CrossPluginUtils::GetSettingFromJSONBuffer(settings, kSettingName, &value);
     }

@@ -26,7 +26,7 @@ bool registeredListener = false;
 template <class Action>
 AIErr WithTimerSuite(Action action)
 {
-    AIErr result = kNoErr;
+    AIErr result = kHostSuccess;
     AITimerSuite* timers = nullptr;
     try {
         AcquireSuite(kTimerSuiteName, kTimerSuiteVersion, &timers);
@@ -55,6 +55,7 @@ AIErr AddTimers(SPInterfaceMessage* message)
 int GoTimer(AITimerMessage* /*message*/)
 {
     PCILoader* const core = PCILoader::GetSharedInstance();
+    if (core == nullptr) return 0;
     // The next tick comes in any case, and tries again what failed.
     (void)StartPlugPlug();
     (void)core->pfIdleEvent();
@@ -66,7 +67,7 @@ AIErr RemoveTimers()
 {
     OutputIndentedAndFormattedString(1, "Entering %s", "RemoveTimers");
     const AIErr result = WithTimerSuite([](const AITimerSuite& timers) {
-        if (gGlobals->timerHandle == nullptr) return;
+        if (gGlobals == nullptr || gGlobals->timerHandle == nullptr) return;
         bool isActive = false;
         ThrowAIErr(timers.GetTimerActive(gGlobals->timerHandle, &isActive));
         if (isActive) ThrowAIErr(timers.SetTimerActive(gGlobals->timerHandle, false));

@@ -33,12 +33,12 @@ AIErr TestPluginCoreAndStart(SPInterfaceMessage* message)
     if (loader == nullptr) {
         // The alert's result is always 0.
         (void)SimpleAlert("Missing PluginCore", PluginInfo::GetPluginPath(nullptr).c_str());
-        return kNoErr;
+        return kHostSuccess;
     }
     std::string path;
     std::string version;
     int missingCount = 0;
-    if (!loader->IsLoaded(&path, &version, &missingCount)) return kNoErr;
+    if (!loader->IsLoaded(&path, &version, &missingCount)) return kHostSuccess;
     return StartupPlugin(message);
 }
 
@@ -48,7 +48,7 @@ AIErr HandleInterfaceSelector(char* selector, SPInterfaceMessage* message)
     if (IsEqual(selector, "About")) return AboutPlugin(message);
     if (IsEqual(selector, "Shutdown")) return ShutdownPlugin(message);
     OutputIndentedAndFormattedString(0, "- unknown message from kSPInterfaceCaller");
-    return kNoErr;
+    return kHostSuccess;
 }
 
 AIErr innerMain(char* caller, char* selector, void* message)
@@ -61,7 +61,7 @@ AIErr innerMain(char* caller, char* selector, void* message)
     sSPBasic = data != nullptr ? data->basic : nullptr;
     gGlobals = data != nullptr ? static_cast<SGlobals*>(data->globals) : nullptr;
 
-    AIErr result = kNoErr;
+    AIErr result = kHostSuccess;
     if (sSPBasic == nullptr) {
         OutputIndentedAndFormattedString(0, "- no basic suite available in message");
     } else {
@@ -94,17 +94,17 @@ AIErr DispatchCaller(char* caller, char* selector, void* message)
         if (IsEqual(selector, "AI Update")) {
             // The host asks for the items' state, not for a result.
             (void)updateMenuItem(static_cast<AIMenuMessage*>(message));
-            return kNoErr;
+            return kHostSuccess;
         }
         TraceUnhandledSelector();
-        return kNoErr;
+        return kHostSuccess;
     }
     if (IsEqual(caller, "AI Notifier")) {
         if (IsEqual(selector, "AI Notify")) {
             return GoNotifier(static_cast<AINotifierMessage*>(message));
         }
         TraceUnhandledSelector();
-        return kNoErr;
+        return kHostSuccess;
     }
     if (IsEqual(caller, "AI File Format")) {
         if (IsEqual(selector, "AI Check")) {
@@ -113,12 +113,12 @@ AIErr DispatchCaller(char* caller, char* selector, void* message)
             return -1;
         }
         TraceUnhandledSelector();
-        return kNoErr;
+        return kHostSuccess;
     }
     if (IsEqual(caller, "AI Timer")) {
         // A tick has no result.
         if (IsEqual(selector, "AI Go")) (void)GoTimer(static_cast<AITimerMessage*>(message));
-        return kNoErr;
+        return kHostSuccess;
     }
     if (IsEqual(caller, "SP Access")) {
         const bool mustStay = IsEqual(selector, "Unload") && gGlobals != nullptr;
@@ -127,14 +127,14 @@ AIErr DispatchCaller(char* caller, char* selector, void* message)
     OutputIndentedAndFormattedString(
         0, "%s(caller='%s', selector='%s', message=0x%08x) doing nothing.", "HandlePluginCaller",
         caller, selector, TracePointer(message));
-    return kNoErr;
+    return kHostSuccess;
 }
 
 }  // namespace
 
 void ThrowAIErr(int code)
 {
-    if (code == kNoErr) return;
+    if (code == kHostSuccess) return;
     OutputIndentedAndFormattedString(0, "ERROR:  throwing %d.", code);
     throw code;
 }
@@ -146,7 +146,7 @@ AIErr Main(char* caller, char* selector, void* message)
     } catch (...) {
         gReentrantFlag = 0;
         OutputIndentedAndFormattedString(0, "Unhandled exception in Typeloft plugin.");
-        return kNoErr;
+        return kHostSuccess;
     }
 }
 
@@ -170,7 +170,7 @@ AIErr HandlePluginCaller(char* caller, char* selector, void* message)
 
 AIErr GoNotifier(AINotifierMessage* message)
 {
-    if (message == nullptr || gGlobals == nullptr) return kBadParameterErr;
+    if (message == nullptr || gGlobals == nullptr) return kHostBadParameter;
     OutputIndentedAndFormattedString(1, "Entering %s(message->notifier = 0x%08x)", "GoNotifier",
                                      TracePointer(message->notifier));
 
@@ -191,7 +191,7 @@ AIErr GoNotifier(AINotifierMessage* message)
         {&SGlobals::diskWritingCompleteNotifier, HandleDocumentSavedNotifier},
         {&SGlobals::fontListChangedNotifier, HandleFontListChangedNotifier},
     };
-    AIErr result = kNoErr;
+    AIErr result = kHostSuccess;
     const Row* found = nullptr;
     for (const Row& row : kRows) {
         if (message->notifier != gGlobals->*row.notifier) continue;
@@ -210,19 +210,19 @@ AIErr GoNotifier(AINotifierMessage* message)
 
 AIErr HandleStartupNotifier(AINotifierMessage* message)
 {
-    if (message == nullptr) return kBadParameterErr;
+    if (message == nullptr) return kHostBadParameter;
     OutputIndentedAndFormattedString(1, "Entering %s", "HandleStartupNotifier");
-    OutputIndentedAndFormattedString(-1, "%s returning %d", "HandleStartupNotifier", kNoErr);
-    return kNoErr;
+    OutputIndentedAndFormattedString(-1, "%s returning %d", "HandleStartupNotifier", kHostSuccess);
+    return kHostSuccess;
 }
 
 AIErr HandleShutdownNotifier(AINotifierMessage* message)
 {
-    if (message == nullptr) return kBadParameterErr;
+    if (message == nullptr) return kHostBadParameter;
     OutputIndentedAndFormattedString(1, "Entering %s", "HandleShutdownNotifier");
     // Of both records the shutdown knows only the head, which is the same. Its result has no
     // receiver: the application ends in any case.
     (void)ShutdownPlugin(reinterpret_cast<SPInterfaceMessage*>(message));
-    OutputIndentedAndFormattedString(-1, "%s returning %d", "HandleShutdownNotifier", kNoErr);
-    return kNoErr;
+    OutputIndentedAndFormattedString(-1, "%s returning %d", "HandleShutdownNotifier", kHostSuccess);
+    return kHostSuccess;
 }

@@ -14,13 +14,13 @@ AIErr Main(char* caller, char* selector, void* message);
 // Splits by caller and selector whatever isn't for "SP Interface".
 AIErr HandlePluginCaller(char* caller, char* selector, void* message);
 
-// Splits by the notifier's handle. kBadParameterErr for a null message or without globals.
+// Splits by the notifier's handle. kHostBadParameter for a null message or without globals.
 AIErr GoNotifier(AINotifierMessage* message);
 
-// The application has finished starting: nothing is to be done. kBadParameterErr for null, else 0.
+// The application has finished starting: nothing is to be done. kHostBadParameter for null, else 0.
 AIErr HandleStartupNotifier(AINotifierMessage* message);
 
-// The application is about to end, which is what stops the plug-in. kBadParameterErr for null,
+// The application is about to end, which is what stops the plug-in. kHostBadParameter for null,
 // else 0 whatever the shutdown gave.
 AIErr HandleShutdownNotifier(AINotifierMessage* message);
 

@@ -1,3 +1,4 @@
+#include "ArtTypes.h"
 #include "CoreErrorCodes.h"
 #include "DebugUtils.h"
 #include "IllustratorUtilities.h"
@@ -9,7 +10,8 @@ constexpr int kUnknownError = static_cast<int>(CoreErrorCodes::kUnknownError);
 int AppendPath(AIArtHandle art, std::vector<std::string>& paths)
 {
     ai::UnicodeString path;
-    if (sPlacedSuite == nullptr || sPlacedSuite->GetPlacedFilePathFromArt(art, path) != kNoErr) {
+    if (sPlacedSuite == nullptr ||
+        sPlacedSuite->GetPlacedFilePathFromArt(art, path) != kHostSuccess) {
         OutputIndentedAndFormattedString(
             0, "WARNING: sPlacedSuite->GetPlacedFilePathFromArt() failed.");
         return kUnknownError;
@@ -31,7 +33,7 @@ int ExamineCurrentDocForPlacedArt(std::vector<std::string>& paths)
         0,
         "sMatchingArt->GetMatchingArt(spec.type=kPlacedArt, numSpecs=1, numMatches=%d) returned %d",
         count, status);
-    if (result != kNoErr || matches == nullptr) return status;
+    if (result != kHostSuccess || matches == nullptr) return status;
 
     status = 0;
     for (int32_t index = 0; index < count; ++index) {

@@ -1,3 +1,4 @@
+#include "ArtTypes.h"
 #include "DebugUtils.h"
 #include "DocumentHandlers.h"
 #include "TypeloftSPEA.h"
@@ -16,7 +17,7 @@ ATE::IArrayFontRef GetFontsOfAllStories()
     (void)GetTextFrameArtSet(&sTextFrameSpec, 1, set);
     int count = 0;
     ThrowAIErr(gArtSetSuite->CountArtSet(set, &count));
-    if (count <= 0) ThrowAIErr(kBadParameterErr);
+    if (count <= 0) ThrowAIErr(kHostBadParameter);
 
     AIArtHandle art = nullptr;
     ThrowAIErr(gArtSetSuite->IndexArtSet(set, 0, &art));
@@ -41,7 +42,7 @@ void AppendNames(json& fonts)
 {
     const ATE::IArrayFontRef used = GetFontsOfAllStories();
     const int size = used.GetSize();
-    if (size < 1) ThrowAIErr(kBadParameterErr);
+    if (size < 1) ThrowAIErr(kHostBadParameter);
     for (int index = 0; index < size; ++index) {
         const ATE::IFont font = used.Item(index);
         if (!font.IsNull()) AppendName(fonts, font);
@@ -52,8 +53,8 @@ void AppendNames(json& fonts)
 
 AIErr GetTextFrameArtSet(AIArtSpec* specs, short numSpecs, AIArtSet& set)
 {
-    AIErr result = kNoErr;
-    if (gArtSetSuite == nullptr) ThrowAIErr(kBadParameterErr);
+    AIErr result = kHostSuccess;
+    if (gArtSetSuite == nullptr) ThrowAIErr(kHostBadParameter);
     try {
         result = gArtSetSuite->NewArtSet(&set);
         ThrowAIErr(result);
@@ -70,7 +71,7 @@ AIErr GetTextFrameArtSet(AIArtSpec* specs, short numSpecs, AIArtSet& set)
 AIErr IterateUsedFonts(json& fonts)
 {
     OutputIndentedAndFormattedString(1, "Entering %s()", "IterateUsedFonts");
-    AIErr result = kNoErr;
+    AIErr result = kHostSuccess;
     try {
         AppendNames(fonts);
     } catch (const ai::Error& error) {

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <stdexcept>
 
 #include "DebugUtils.h"
 
@@ -21,7 +22,7 @@ const char* TextOrNull(const char* text) { return text != nullptr ? text : "NULL
 // Indexing an array by a key makes the library throw, so an array never gives a setting.
 int GetSettingFromArray(const json& settings, const char* key, int* value)
 {
-    if (settings[key].is_null()) return -1;
+    if (!settings[key].is_null()) return -1;
     *value = settings[key].get<int>();
     return 0;
 }
@@ -29,6 +30,7 @@ int GetSettingFromArray(const json& settings, const char* key, int* value)
 int GetSettingFromObject(const json& settings, const char* key, int* value)
 {
     try {
+        if (key == nullptr) throw std::invalid_argument("no key");
         const std::string text = settings.at(std::string(key)).get<std::string>();
         *value = static_cast<int32_t>(std::strtol(text.c_str(), nullptr, 10));
         return 0;

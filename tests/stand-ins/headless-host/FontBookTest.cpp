@@ -12,8 +12,8 @@ TEST_F(FontBookTest, HasADefaultForEachScript)
          {-2, -1, 0, 1, 2, 3, 4, 5, 6, 7, 9, 10, 11, 12, 13, 14, 15, 16, 17, 25, 29, 32, 81, 85}) {
         AIFontKey key = nullptr;
         char name[128] = {};
-        EXPECT_EQ(suite.GetDefaultFontForScript(script, &key), kNoErr) << script;
-        EXPECT_EQ(suite.GetPostScriptFontName(key, name, 128), kNoErr);
+        EXPECT_EQ(suite.GetDefaultFontForScript(script, &key), kHostSuccess) << script;
+        EXPECT_EQ(suite.GetPostScriptFontName(key, name, 128), kHostSuccess);
         const std::string expected = script == 1   ? "Gothic-Regular"
                                      : script == 4 ? "Naskh"
                                                    : "Default-Regular";
@@ -34,7 +34,7 @@ TEST_F(FontBookTest, CutsTheNameToTheBuffer)
 {
     const AIFontKey key = host->fonts.GetKey("ABCDEFGH");
     char name[5] = "";
-    EXPECT_EQ(suite.GetPostScriptFontName(key, name, 4), kNoErr);
+    EXPECT_EQ(suite.GetPostScriptFontName(key, name, 4), kHostSuccess);
     EXPECT_STREQ(name, "ABC");
 }
 
@@ -42,7 +42,7 @@ TEST_F(FontBookTest, ASystemWithoutFontsHasNoDefault)
 {
     fonts.defaults[""] = "";
     AIFontKey key = nullptr;
-    EXPECT_NE(suite.GetDefaultFontForScript(-2, &key), kNoErr);
+    EXPECT_NE(suite.GetDefaultFontForScript(-2, &key), kHostSuccess);
     EXPECT_EQ(key, nullptr);
 }
 

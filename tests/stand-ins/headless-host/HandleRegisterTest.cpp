@@ -5,6 +5,7 @@
 
 #include <set>
 
+#include "ArtTypes.h"
 #include "HostObjects.h"
 
 using headless::DocumentObject;

@@ -55,7 +55,7 @@ protected:
     const Suite& Acquire(const char* name, int version)
     {
         const Suite* suite = nullptr;
-        EXPECT_EQ(headless::gBasicSuite.AcquireSuite(name, version, &suite), kNoErr);
+        EXPECT_EQ(headless::gBasicSuite.AcquireSuite(name, version, &suite), kHostSuccess);
         return *suite;
     }
 

@@ -20,11 +20,11 @@ protected:
         auto& string = reinterpret_cast<ai::UnicodeString&>(data.itemText);
         AIMenuItemHandle item = nullptr;
         EXPECT_EQ(strings.Initialize(&string, text, std::strlen(text), kAIUTF8CharacterEncoding),
-                  kNoErr);
+                  kHostSuccess);
         EXPECT_EQ(menus.AddMenuItem(
                       self, key, reinterpret_cast<AIPlatformAddMenuItemDataUS*>(&data), 1, &item),
-                  kNoErr);
-        EXPECT_EQ(strings.Destroy(&string), kNoErr);
+                  kHostSuccess);
+        EXPECT_EQ(strings.Destroy(&string), kHostSuccess);
         return item;
     }
 
@@ -39,18 +39,18 @@ TEST_F(RegistrationSuites, TimersAreActiveUntilStopped)
 {
     AITimerHandle timer = nullptr;
     bool active = false;
-    ASSERT_EQ(timers.AddTimer(self, "tick", 1, &timer), kNoErr);
-    ASSERT_EQ(timers.GetTimerActive(timer, &active), kNoErr);
+    ASSERT_EQ(timers.AddTimer(self, "tick", 1, &timer), kHostSuccess);
+    ASSERT_EQ(timers.GetTimerActive(timer, &active), kHostSuccess);
     EXPECT_TRUE(active);
-    ASSERT_EQ(timers.SetTimerActive(timer, false), kNoErr);
-    ASSERT_EQ(timers.GetTimerActive(timer, &active), kNoErr);
+    ASSERT_EQ(timers.SetTimerActive(timer, false), kHostSuccess);
+    ASSERT_EQ(timers.GetTimerActive(timer, &active), kHostSuccess);
     EXPECT_FALSE(active);
 }
 
 TEST_F(RegistrationSuites, AStrangerMayNotAddATimer)
 {
     AITimerHandle timer = nullptr;
-    EXPECT_NE(timers.AddTimer(nullptr, "tick", 1, &timer), kNoErr);
+    EXPECT_NE(timers.AddTimer(nullptr, "tick", 1, &timer), kHostSuccess);
     EXPECT_THAT(host->errors.Lines(),
                 testing::ElementsAre("AI Timer Suite, AddTimer: the plug-in is null"));
 }
@@ -63,12 +63,12 @@ TEST_F(RegistrationSuites, MenuItemsKeepWhatTheyAreGiven)
     EXPECT_EQ(object->text, "Text");
     EXPECT_EQ(object->group, "Group");
     EXPECT_EQ(object->options, 1);
-    EXPECT_EQ(menus.CheckItem(item, true), kNoErr);
-    EXPECT_EQ(menus.DisableItem(item), kNoErr);
+    EXPECT_EQ(menus.CheckItem(item, true), kHostSuccess);
+    EXPECT_EQ(menus.DisableItem(item), kHostSuccess);
     EXPECT_TRUE(object->isChecked);
     EXPECT_FALSE(object->isEnabled);
     const char* key = nullptr;
-    ASSERT_EQ(menus.GetMenuItemKeyboardShortcutDictionaryKey(item, &key), kNoErr);
+    ASSERT_EQ(menus.GetMenuItemKeyboardShortcutDictionaryKey(item, &key), kHostSuccess);
     EXPECT_STREQ(key, "key");
     EXPECT_TRUE(host->errors.Lines().empty());
 }
@@ -79,12 +79,12 @@ TEST_F(RegistrationSuites, ARemovedItemIsGone)
     const AIMenuItemHandle second = AddItem("b", "B");
     int count = 0;
     AIMenuItemHandle found = nullptr;
-    ASSERT_EQ(menus.RemoveMenuItem(first), kNoErr);
-    ASSERT_EQ(menus.CountMenuItems(&count), kNoErr);
+    ASSERT_EQ(menus.RemoveMenuItem(first), kHostSuccess);
+    ASSERT_EQ(menus.CountMenuItems(&count), kHostSuccess);
     EXPECT_EQ(count, 1);
-    ASSERT_EQ(menus.GetNthMenuItem(0, &found), kNoErr);
+    ASSERT_EQ(menus.GetNthMenuItem(0, &found), kHostSuccess);
     EXPECT_EQ(found, second);
-    EXPECT_NE(menus.EnableItem(first), kNoErr);
+    EXPECT_NE(menus.EnableItem(first), kHostSuccess);
     EXPECT_EQ(host->errors.Count(), 1u);
 }
 
@@ -94,10 +94,10 @@ TEST_F(RegistrationSuites, ASubmenuIsAGroupOfTheItem)
     int untouched = 0;
     auto* const before = reinterpret_cast<AIMenuGroup>(&untouched);
     AIMenuGroup group = before;
-    ASSERT_EQ(menus.GetItemSubMenuGroup(item, &group), kNoErr);
+    ASSERT_EQ(menus.GetItemSubMenuGroup(item, &group), kHostSuccess);
     EXPECT_EQ(group, before) << "an item without a submenu leaves it as it was";
     AIMenuGroup made = nullptr;
-    ASSERT_EQ(menus.AddMenuGroupAsSubMenu("sub", 0, item, &made), kNoErr);
-    ASSERT_EQ(menus.GetItemSubMenuGroup(item, &group), kNoErr);
+    ASSERT_EQ(menus.AddMenuGroupAsSubMenu("sub", 0, item, &made), kHostSuccess);
+    ASSERT_EQ(menus.GetItemSubMenuGroup(item, &group), kHostSuccess);
     EXPECT_EQ(group, made);
 }

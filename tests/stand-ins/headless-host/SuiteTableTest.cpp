@@ -73,12 +73,13 @@ TEST_F(BasicSuite, AnswersEveryRowAndNoOtherVersion)
 {
     for (const headless::SuiteRow& row : kSuiteRows) {
         const void* suite = nullptr;
-        EXPECT_EQ(headless::gBasicSuite.AcquireSuite(row.name, row.version, &suite), kNoErr);
+        EXPECT_EQ(headless::gBasicSuite.AcquireSuite(row.name, row.version, &suite), kHostSuccess);
         EXPECT_EQ(suite, row.table);
         suite = &suite;
-        EXPECT_NE(headless::gBasicSuite.AcquireSuite(row.name, row.version + 1, &suite), kNoErr);
+        EXPECT_NE(headless::gBasicSuite.AcquireSuite(row.name, row.version + 1, &suite),
+                  kHostSuccess);
         EXPECT_EQ(suite, &suite) << "the place is left as it was";
-        EXPECT_EQ(headless::gBasicSuite.ReleaseSuite(row.name, row.version), kNoErr);
+        EXPECT_EQ(headless::gBasicSuite.ReleaseSuite(row.name, row.version), kHostSuccess);
     }
     EXPECT_TRUE(host->errors.Lines().empty());
     EXPECT_TRUE(host->suites.ListLeaks().empty());
@@ -93,7 +94,7 @@ TEST_F(BasicSuite, ComparesWholeTexts)
 
 TEST_F(BasicSuite, TellsOfAReleaseOfAnUnknownSuite)
 {
-    EXPECT_NE(headless::gBasicSuite.ReleaseSuite("AI Font Suite", 1), kNoErr);
+    EXPECT_NE(headless::gBasicSuite.ReleaseSuite("AI Font Suite", 1), kHostSuccess);
     EXPECT_THAT(host->errors.Lines(),
                 testing::ElementsAre("ReleaseSuite: the host has no suite \"AI Font Suite\" "
                                      "version 1"));

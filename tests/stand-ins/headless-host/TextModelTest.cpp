@@ -1,3 +1,4 @@
+#include "ArtTypes.h"
 #include "HostFixture.h"
 
 using namespace ATE;
@@ -27,9 +28,9 @@ protected:
     {
         AIFontKey key = nullptr;
         char name[256] = {};
-        EXPECT_EQ(headless::kFontsTable.FontKeyFromFontRef(font, &key), kNoErr);
-        EXPECT_EQ(headless::kFontsTable.GetPostScriptFontName(key, name, 256), kNoErr);
-        EXPECT_EQ(headless::kFontTable.Release(font), kNoErr);
+        EXPECT_EQ(headless::kFontsTable.FontKeyFromFontRef(font, &key), kHostSuccess);
+        EXPECT_EQ(headless::kFontsTable.GetPostScriptFontName(key, name, 256), kHostSuccess);
+        EXPECT_EQ(headless::kFontTable.Release(font), kHostSuccess);
         return name;
     }
 
@@ -38,25 +39,28 @@ protected:
         std::vector<std::string> names;
         _TextRange* range = nullptr;
         _TextRunsIterator* iterator = nullptr;
-        EXPECT_EQ(headless::kArtTextFrameTable.GetATETextRange(art, &range), kNoErr);
-        EXPECT_EQ(headless::kTextRangeTable.GetTextRunsIterator(range, &iterator), kNoErr);
+        EXPECT_EQ(headless::kArtTextFrameTable.GetATETextRange(art, &range), kHostSuccess);
+        EXPECT_EQ(headless::kTextRangeTable.GetTextRunsIterator(range, &iterator), kHostSuccess);
         bool more = false;
-        while (headless::kTextRunsIteratorTable.IsNotDone(iterator, &more) == kNoErr && more) {
+        while (headless::kTextRunsIteratorTable.IsNotDone(iterator, &more) == kHostSuccess &&
+               more) {
             _TextRange* run = nullptr;
             _CharFeatures* features = nullptr;
             _Font* font = nullptr;
             bool assigned = false;
-            EXPECT_EQ(headless::kTextRunsIteratorTable.Item(iterator, &run), kNoErr);
-            EXPECT_EQ(headless::kTextRangeTable.GetUniqueCharFeatures(run, &features), kNoErr);
-            EXPECT_EQ(headless::kCharFeaturesTable.GetFont(features, &assigned, &font), kNoErr);
+            EXPECT_EQ(headless::kTextRunsIteratorTable.Item(iterator, &run), kHostSuccess);
+            EXPECT_EQ(headless::kTextRangeTable.GetUniqueCharFeatures(run, &features),
+                      kHostSuccess);
+            EXPECT_EQ(headless::kCharFeaturesTable.GetFont(features, &assigned, &font),
+                      kHostSuccess);
             EXPECT_TRUE(assigned);
             names.push_back(GetName(font));
-            EXPECT_EQ(headless::kCharFeaturesTable.Release(features), kNoErr);
-            EXPECT_EQ(headless::kTextRangeTable.Release(run), kNoErr);
-            EXPECT_EQ(headless::kTextRunsIteratorTable.Next(iterator), kNoErr);
+            EXPECT_EQ(headless::kCharFeaturesTable.Release(features), kHostSuccess);
+            EXPECT_EQ(headless::kTextRangeTable.Release(run), kHostSuccess);
+            EXPECT_EQ(headless::kTextRunsIteratorTable.Next(iterator), kHostSuccess);
         }
-        EXPECT_EQ(headless::kTextRunsIteratorTable.Release(iterator), kNoErr);
-        EXPECT_EQ(headless::kTextRangeTable.Release(range), kNoErr);
+        EXPECT_EQ(headless::kTextRunsIteratorTable.Release(iterator), kHostSuccess);
+        EXPECT_EQ(headless::kTextRangeTable.Release(range), kHostSuccess);
         return names;
     }
 
@@ -77,15 +81,15 @@ TEST_F(TextModel, AMixedRangeHasNoFontInCommon)
     _CharFeatures* features = nullptr;
     _Font* font = nullptr;
     bool assigned = true;
-    ASSERT_EQ(headless::kArtTextFrameTable.GetATETextRange(GetArt(0), &range), kNoErr);
-    ASSERT_EQ(headless::kTextRangeTable.GetUniqueCharFeatures(range, &features), kNoErr);
-    ASSERT_EQ(headless::kCharFeaturesTable.GetFont(features, &assigned, &font), kNoErr);
+    ASSERT_EQ(headless::kArtTextFrameTable.GetATETextRange(GetArt(0), &range), kHostSuccess);
+    ASSERT_EQ(headless::kTextRangeTable.GetUniqueCharFeatures(range, &features), kHostSuccess);
+    ASSERT_EQ(headless::kCharFeaturesTable.GetFont(features, &assigned, &font), kHostSuccess);
     EXPECT_FALSE(assigned);
     EXPECT_TRUE(headless::kFontTable.IsNull(font));
     AIFontKey key = nullptr;
-    EXPECT_NE(headless::kFontsTable.FontKeyFromFontRef(font, &key), kNoErr);
+    EXPECT_NE(headless::kFontsTable.FontKeyFromFontRef(font, &key), kHostSuccess);
     _Font* again = nullptr;
-    EXPECT_EQ(headless::kCharFeaturesTable.GetFont(features, nullptr, &again), kNoErr);
+    EXPECT_EQ(headless::kCharFeaturesTable.GetFont(features, nullptr, &again), kHostSuccess);
 }
 
 TEST_F(TextModel, TheInspectorHasTheFontsOfAllStories)
@@ -97,17 +101,17 @@ TEST_F(TextModel, TheInspectorHasTheFontsOfAllStories)
     _CharInspector* inspector = nullptr;
     _ArrayFontRef* all = nullptr;
     int size = 0;
-    ASSERT_EQ(headless::kArtTextFrameTable.GetATETextFrame(GetArt(0), &frame), kNoErr);
-    ASSERT_EQ(headless::kTextFrameTable.GetStory(frame, &story), kNoErr);
-    ASSERT_EQ(headless::kStoryTable.GetStories(story, &stories), kNoErr);
-    ASSERT_EQ(headless::kStoriesTable.GetTextRanges(stories, &ranges), kNoErr);
-    ASSERT_EQ(headless::kTextRangesTable.GetCharInspector(ranges, &inspector), kNoErr);
-    ASSERT_EQ(headless::kCharInspectorTable.GetFont(inspector, &all), kNoErr);
-    ASSERT_EQ(headless::kArrayFontRefTable.GetSize(all, &size), kNoErr);
+    ASSERT_EQ(headless::kArtTextFrameTable.GetATETextFrame(GetArt(0), &frame), kHostSuccess);
+    ASSERT_EQ(headless::kTextFrameTable.GetStory(frame, &story), kHostSuccess);
+    ASSERT_EQ(headless::kStoryTable.GetStories(story, &stories), kHostSuccess);
+    ASSERT_EQ(headless::kStoriesTable.GetTextRanges(stories, &ranges), kHostSuccess);
+    ASSERT_EQ(headless::kTextRangesTable.GetCharInspector(ranges, &inspector), kHostSuccess);
+    ASSERT_EQ(headless::kCharInspectorTable.GetFont(inspector, &all), kHostSuccess);
+    ASSERT_EQ(headless::kArrayFontRefTable.GetSize(all, &size), kHostSuccess);
     std::vector<std::string> names;
     for (int i = 0; i < size; ++i) {
         _Font* font = nullptr;
-        ASSERT_EQ(headless::kArrayFontRefTable.Item(all, i, &font), kNoErr);
+        ASSERT_EQ(headless::kArrayFontRefTable.Item(all, i, &font), kHostSuccess);
         names.push_back(GetName(font));
     }
     EXPECT_EQ(names, (std::vector<std::string>{"A", "B", "C"}));
@@ -118,14 +122,15 @@ TEST_F(TextModel, MatchesArtByTypeInPaintOrder)
     AIMatchingArtSpec frames(kTextFrameArt, 0, 0);
     AIArtHandle** matches = nullptr;
     int32_t count = 0;
-    ASSERT_EQ(headless::kMatchingArtTable.GetMatchingArt(&frames, 1, &matches, &count), kNoErr);
+    ASSERT_EQ(headless::kMatchingArtTable.GetMatchingArt(&frames, 1, &matches, &count),
+              kHostSuccess);
     ASSERT_EQ(count, 3);
     EXPECT_EQ((*matches)[0], GetArt(0));
     EXPECT_EQ((*matches)[2], GetArt(2));
     EXPECT_EQ(headless::kMdMemoryTable.MdMemoryDisposeHandle(reinterpret_cast<void**>(matches)),
-              kNoErr);
+              kHostSuccess);
     AIMatchingArtSpec none(3, 0, 0);
-    ASSERT_EQ(headless::kMatchingArtTable.GetMatchingArt(&none, 1, &matches, &count), kNoErr);
+    ASSERT_EQ(headless::kMatchingArtTable.GetMatchingArt(&none, 1, &matches, &count), kHostSuccess);
     EXPECT_EQ(matches, nullptr);
     EXPECT_EQ(count, 0);
     EXPECT_THAT(host->handles.ListLeaks(), testing::IsEmpty());
@@ -137,9 +142,11 @@ TEST_F(TextModel, ArtWithAnAttributeThatIsAskedForIsNotThere)
     AIMatchingArtSpec unlocked(kTextFrameArt, 2, 0);
     AIArtHandle** matches = nullptr;
     int32_t count = -1;
-    ASSERT_EQ(headless::kMatchingArtTable.GetMatchingArt(&locked, 1, &matches, &count), kNoErr);
+    ASSERT_EQ(headless::kMatchingArtTable.GetMatchingArt(&locked, 1, &matches, &count),
+              kHostSuccess);
     EXPECT_EQ(count, 0);
-    ASSERT_EQ(headless::kMatchingArtTable.GetMatchingArt(&unlocked, 1, &matches, &count), kNoErr);
+    ASSERT_EQ(headless::kMatchingArtTable.GetMatchingArt(&unlocked, 1, &matches, &count),
+              kHostSuccess);
     EXPECT_EQ(count, 3);
 }
 
@@ -154,14 +161,14 @@ TEST_F(TextModel, StringsKeepTheirZeroBytesAndComeInABlock)
     auto& buffer = reinterpret_cast<ai::UnicodeString::Buffer&>(fields);
     unsigned long count = 99;
     const auto& strings = headless::kUnicodeStringTable;
-    ASSERT_EQ(strings.GetAs(wrapper, kAIUTF8CharacterEncoding, buffer, &count), kNoErr);
+    ASSERT_EQ(strings.GetAs(wrapper, kAIUTF8CharacterEncoding, buffer, &count), kHostSuccess);
     EXPECT_EQ(count, 0u) << "the null string is empty";
     EXPECT_EQ(fields.buffer, nullptr);
-    ASSERT_EQ(strings.Initialize(&wrapper, "a\0b", 3, kAIUTF8CharacterEncoding), kNoErr);
-    ASSERT_EQ(strings.GetAs(wrapper, kAIUTF8CharacterEncoding, buffer, &count), kNoErr);
+    ASSERT_EQ(strings.Initialize(&wrapper, "a\0b", 3, kAIUTF8CharacterEncoding), kHostSuccess);
+    ASSERT_EQ(strings.GetAs(wrapper, kAIUTF8CharacterEncoding, buffer, &count), kHostSuccess);
     EXPECT_EQ(std::string(fields.buffer, count), std::string("a\0b", 3));
-    EXPECT_EQ(headless::kBlocksTable.FreeBlock(fields.buffer), kNoErr);
-    ASSERT_EQ(strings.Destroy(&wrapper), kNoErr);
+    EXPECT_EQ(headless::kBlocksTable.FreeBlock(fields.buffer), kHostSuccess);
+    ASSERT_EQ(strings.Destroy(&wrapper), kHostSuccess);
     EXPECT_EQ(string, nullptr);
     EXPECT_THAT(host->handles.ListLeaks(), testing::IsEmpty());
 }
@@ -172,15 +179,15 @@ TEST_F(TextModel, ThePathOfTheCurrentDocument)
     void* text = nullptr;
     auto& file = reinterpret_cast<ai::FilePath&>(path);
     auto& string = reinterpret_cast<ai::UnicodeString&>(text);
-    ASSERT_EQ(headless::kDocumentTable.GetDocumentFileSpecification(file), kNoErr);
-    ASSERT_EQ(headless::kFilePathTable.GetFileName(file, false, string), kNoErr);
+    ASSERT_EQ(headless::kDocumentTable.GetDocumentFileSpecification(file), kHostSuccess);
+    ASSERT_EQ(headless::kFilePathTable.GetFileName(file, false, string), kHostSuccess);
     EXPECT_EQ(host->handles.Peek<headless::StringObject>(text)->text, "name.pdf");
-    ASSERT_EQ(headless::kFilePathTable.GetFullPath(file, false, string), kNoErr);
+    ASSERT_EQ(headless::kFilePathTable.GetFullPath(file, false, string), kHostSuccess);
     EXPECT_EQ(host->handles.Peek<headless::StringObject>(text)->text, "/folder/name.pdf");
-    ASSERT_EQ(headless::kPlacedTable.GetPlacedFilePathFromArt(GetArt(4), string), kNoErr);
+    ASSERT_EQ(headless::kPlacedTable.GetPlacedFilePathFromArt(GetArt(4), string), kHostSuccess);
     EXPECT_EQ(host->handles.Peek<headless::StringObject>(text)->text, "/q.png");
-    EXPECT_EQ(headless::kUnicodeStringTable.Destroy(&string), kNoErr);
-    EXPECT_EQ(headless::kFilePathTable.DisposeFilePath(&file), kNoErr);
+    EXPECT_EQ(headless::kUnicodeStringTable.Destroy(&string), kHostSuccess);
+    EXPECT_EQ(headless::kFilePathTable.DisposeFilePath(&file), kHostSuccess);
     EXPECT_THAT(host->handles.ListLeaks(), testing::IsEmpty());
 }
 
@@ -189,7 +196,7 @@ TEST_F(TextModel, WithoutADocumentTheDocumentOperationsFail)
     host->RemoveDocument(document);
     _t_AIDocument* current = nullptr;
     bool modified = false;
-    EXPECT_NE(headless::kDocumentTable.GetDocument(&current), kNoErr);
-    EXPECT_NE(headless::kDocumentTable.GetDocumentModified(&modified), kNoErr);
+    EXPECT_NE(headless::kDocumentTable.GetDocument(&current), kHostSuccess);
+    EXPECT_NE(headless::kDocumentTable.GetDocumentModified(&modified), kHostSuccess);
     EXPECT_EQ(current, nullptr);
 }

@@ -21,10 +21,11 @@ BundleRef OSOpenEventBus()
     if (!folder) return nullptr;
     const CFHolder<CFURLRef> plain = MakeAbsoluteURL(folder.get(), CFSTR("PlugPlug.framework"));
     const CFHolder<CFURLRef> owl = MakeAbsoluteURL(folder.get(), CFSTR("PlugPlugOwl.framework"));
-    if (!plain || !owl) return nullptr;
+    if (!owl) return nullptr;
     const CFHolder<CFURLRef> owlPath(
         CFURLCreateFilePathURL(kCFAllocatorDefault, owl.get(), nullptr));
     if (!owlPath) return nullptr;
     const bool isOwlThere = CFURLResourceIsReachable(owlPath.get(), nullptr);
-    return ToBundle(CFBundleCreate(kCFAllocatorDefault, isOwlThere ? owl.get() : plain.get()));
+    const CFURLRef chosen = isOwlThere ? owl.get() : plain.get();
+    return chosen != nullptr ? ToBundle(CFBundleCreate(kCFAllocatorDefault, chosen)) : nullptr;
 }

@@ -20,7 +20,7 @@ public:
     explicit DefaultFontsHost(const std::string& name)
     {
         for (const AIFaceScript script : kScripts) defaultFonts[script] = name;
-        if (AcquireSuites(Basic()) != kNoErr) throw std::runtime_error("no suites");
+        if (AcquireSuites(Basic()) != kHostSuccess) throw std::runtime_error("no suites");
         ClearCalls();
         ClearTraces();
     }

@@ -88,7 +88,7 @@ TEST(DefaultFontList, AnEmptyFirstNameMakesEveryFontADefault)
 {
     InFreshProcess([] {
         DefaultFontsHost host("Sans-Regular");
-        host.FailCall("AIFontSuite.GetPostScriptFontName", 1, kBadParameterErr);
+        host.FailCall("AIFontSuite.GetPostScriptFontName", 1, kHostBadParameter);
         EXPECT_TRUE(IsDefault("Other"));
         EXPECT_TRUE(IsDefault(""));
         EXPECT_EQ(Names{""}, AddedNames());

@@ -90,6 +90,15 @@ TEST(RemoveIllustratorDefaultFonts, TakesThemOutOfADocumentObjectAndLeavesTheRes
     });
 }
 
+TEST(RemoveIllustratorDefaultFonts, GoesIntoAnObjectInAnObject)
+{
+    WithExampleSans([] {
+        json fonts = {{"DocumentFonts", {{"DocumentFonts", Fonts({"ExampleSans", "Kept"})}}}};
+        EXPECT_TRUE(RemoveIllustratorDefaultFonts(fonts));
+        EXPECT_EQ((json{{"DocumentFonts", {{"DocumentFonts", Fonts({"Kept"})}}}}), fonts);
+    });
+}
+
 TEST(RemoveIllustratorDefaultFonts, AddsANullMemberToAnObjectWithoutFonts)
 {
     WithExampleSans([] {

@@ -6,7 +6,7 @@ template <class Suite>
 void Fill(ScriptedHost& host, const char* name, int version, Suite*& global)
 {
     void* suite = nullptr;
-    ASSERT_EQ(host.Basic()->AcquireSuite(name, version, &suite), kNoErr);
+    ASSERT_EQ(host.Basic()->AcquireSuite(name, version, &suite), kHostSuccess);
     global = static_cast<Suite*>(suite);
 }
 

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <type_traits>
 
 #include "HostInterface.h"
 
@@ -92,6 +93,15 @@ TEST(Layout, ReleaseIsTheSecondOperationOfTextEngineSuites)
     EXPECT_EQ(offsetof(ATE::TextRangeSuite, Release), 8U);
     EXPECT_EQ(offsetof(ATE::CharFeaturesSuite, Release), 8U);
     EXPECT_EQ(offsetof(ATE::TextRunsIteratorSuite, Release), 8U);
+}
+
+// The one header gives the window system's side, too.
+TEST(Layout, HostPlatformTable)
+{
+    EXPECT_EQ(offsetof(SHostPlatform, beginModalSession), 0U);
+    EXPECT_EQ(offsetof(SHostPlatform, showAlert), 8U);
+    EXPECT_EQ(offsetof(SHostPlatform, privateFrameworksPath), 16U);
+    EXPECT_TRUE(std::is_abstract_v<ModalWindow>);
 }
 
 }  // namespace

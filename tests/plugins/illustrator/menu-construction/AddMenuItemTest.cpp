@@ -76,6 +76,7 @@ TEST_F(AddMenuItem, NullLabelIsNoObstacle)
     EXPECT_EQ(Add("2", nullptr, "Top", nullptr), 0U);
     EXPECT_EQ(Item("Child").group, "Group");
     EXPECT_EQ(Item("Top").group, kTopGroup);
+    EXPECT_EQ(host.CountCalls("AIMenuSuite.GetNthMenuItem"), 2U);
 }
 
 TEST_F(AddMenuItem, SameHandleAgainTakesTheNewId)

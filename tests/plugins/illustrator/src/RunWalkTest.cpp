@@ -202,4 +202,23 @@ TEST_F(RunWalk, ListOfTheCallerIsContinued)
     EXPECT_THAT(Names(), ElementsAre("A"));
 }
 
+TEST_F(RunWalk, RunWhoseFontCannotBeToldIsSkippedAlone)
+{
+    AddFrames({{"A", "B"}});
+    host.FailCall("AIFontSuite.FontKeyFromFontRef", 1, 4711);
+    EXPECT_EQ(Walk(), 0);
+    EXPECT_THAT(Names(), ElementsAre("B"));
+    EXPECT_EQ(host.LiveReferences(), 0U);
+}
+
+TEST_F(RunWalk, OtherExceptionsPassAndLeaveWhatWasFound)
+{
+    AddFrames({{"A", "B"}});
+    host.OnCall("ATE TextRunsIterator.Next", [] { throw std::runtime_error("other"); });
+    EXPECT_THROW((void)Walk(), std::runtime_error);
+    EXPECT_THAT(Names(), ElementsAre("A"));
+    EXPECT_EQ(host.LiveReferences(), 0U);
+    host.artArrays.clear();
+}
+
 }  // namespace

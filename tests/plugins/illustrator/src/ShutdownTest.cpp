@@ -168,4 +168,20 @@ TEST_F(Shutdown, StartsAgainAfterwards)
     EXPECT_TRUE(host.timers[1].active);
 }
 
+TEST_F(Shutdown, NullMessageIsABadParameter)
+{
+    Start();
+    EXPECT_EQ(ShutdownPlugin(nullptr), 0x5041524D);
+    EXPECT_NE(gGlobals, nullptr);
+}
+
+TEST_F(Shutdown, RecordThatTheHostDoesNotTakeBackIsTheResult)
+{
+    Start();
+    host.FailCall("SPBlocksSuite.FreeBlock", 1, 4711);
+    EXPECT_EQ(SendInterface("Shutdown"), 4711);
+    EXPECT_EQ(gGlobals, nullptr);
+    EXPECT_EQ(host.globals, nullptr);
+}
+
 }  // namespace

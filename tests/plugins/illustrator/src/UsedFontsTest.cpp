@@ -186,4 +186,21 @@ TEST_F(UsedFonts, ArtSetHoldsTheMatches)
     EXPECT_EQ(count, 2);
 }
 
+TEST_F(UsedFonts, StringFailureInTheArtSetGivesItsCodeAndDisposesOfTheSet)
+{
+    host.OnCall("AIArtSetSuite.MatchingArtSet", [] { throw ai::Error(77); });
+    AIArtSpec spec(12, 0, 0);
+    AIArtSet set = nullptr;
+    EXPECT_EQ(GetTextFrameArtSet(&spec, 1, set), 77);
+    EXPECT_EQ(set, nullptr);
+    EXPECT_EQ(host.LiveArtSets(), 0U);
+}
+
+TEST_F(UsedFonts, StringFailureInTheScanIsItsResult)
+{
+    host.OnCall("AIArtSetSuite.CountArtSet", [] { throw ai::Error(78); });
+    json fonts;
+    EXPECT_EQ(IterateUsedFonts(fonts), 78);
+}
+
 }  // namespace

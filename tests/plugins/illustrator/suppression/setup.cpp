@@ -156,6 +156,17 @@ TEST(Setup, ReadsNoOverrideFileWithoutPluginCore)
     });
 }
 
+TEST(Setup, GoesWithoutTheSettingIfPluginCoreHasNone)
+{
+    InFreshProcess([] {
+        Suppression suppression;
+        suppression.core.Loader().pfGetSettings = nullptr;
+        SetupIllustratorDialogSuppression(true);
+        EXPECT_EQ(HintTracesOf(kBuiltInHints), HintTraces());
+        EXPECT_NE(suppression.ownSession, suppression.Slot());
+    });
+}
+
 TEST(Setup, KeepsThePeriodOffWhileAFileWithLinesExists)
 {
     InFreshProcess([] {

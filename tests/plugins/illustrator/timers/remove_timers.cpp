@@ -1,4 +1,5 @@
 #include <memory>
+#include <utility>
 
 #include "TimerTest.h"
 
@@ -58,6 +59,14 @@ TEST_F(RemoveTimersTest, WithoutATimerTheSuiteIsAcquiredAndReleased)
 {
     gGlobals->timerHandle = nullptr;
     EXPECT_EQ(RemoveTimers(), 0);
+    EXPECT_THAT(TimerCalls(), ElementsAre(kAcquireTimers, kReleaseTimers));
+}
+
+TEST_F(RemoveTimersTest, BeforeThereAreGlobalsTheSuiteIsAcquiredAndReleased)
+{
+    SGlobals* const globals = std::exchange(gGlobals, nullptr);
+    EXPECT_EQ(RemoveTimers(), 0);
+    gGlobals = globals;
     EXPECT_THAT(TimerCalls(), ElementsAre(kAcquireTimers, kReleaseTimers));
 }
 

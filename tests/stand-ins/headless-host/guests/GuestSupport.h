@@ -4,6 +4,7 @@
 
 #include "AISuites.h"
 #include "ATESuites.h"
+#include "ArtTypes.h"
 #include "HostMessages.h"
 #include "SPBasicSuite.h"
 
@@ -22,7 +23,7 @@ class Held {
 public:
     Held(const char* name, int version) : mName(name), mVersion(version)
     {
-        if (basic->AcquireSuite(name, version, &mSuite) != kNoErr) mSuite = nullptr;
+        if (basic->AcquireSuite(name, version, &mSuite) != kHostSuccess) mSuite = nullptr;
     }
     ~Held()
     {
@@ -78,7 +79,7 @@ inline AIErr Serve(const char* caller, const char* selector, void* message,
         if (notice.notifier == opened && onOpened != nullptr) onOpened(document);
         if (notice.notifier == closed && onClosed != nullptr) onClosed(document);
     }
-    return kNoErr;
+    return kHostSuccess;
 }
 
 }  // namespace guest

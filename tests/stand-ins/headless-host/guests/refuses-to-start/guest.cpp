@@ -15,5 +15,5 @@ GUEST_MAIN(char*, char* selector, void* message)
         (void)guest::basic->AcquireSuite("AI User Suite", 1017, &suite);
         get()->showAlert("Missing PluginCore", "./somewhere");
     }
-    return kNoErr;
+    return kHostSuccess;
 }

@@ -60,7 +60,7 @@ GUEST_MAIN(char* caller, char* selector, void* message)
     auto& data = *static_cast<SPMessageData*>(message);
     guest::basic = data.basic;
     if (!sHoldsSuite) {
-        sHoldsSuite = data.basic->AcquireSuite("AI User Suite", 1017, &sUserSuite) == kNoErr;
+        sHoldsSuite = data.basic->AcquireSuite("AI User Suite", 1017, &sUserSuite) == kHostSuccess;
     }
     const AIErr result = guest::Serve(caller, selector, message, OnOpened, nullptr);
     if (std::string(caller) == "AI File Format") return -1;
