@@ -66,16 +66,29 @@ TEST(BundlePath, IsThatOfTheLoadedBundleWithTheIdentifier)
     EXPECT_EQ(before, LiveReferences());
 }
 
+// A host with the preferred framework, which holds nothing.
+class HostWithOwl {
+public:
+    HostWithOwl()
+    {
+        std::filesystem::create_directories(
+            mScratch.Path("Host.app/Contents/Frameworks/PlugPlugOwl.framework"));
+        CoreFoundationStandIn::SetMainBundle(mScratch.Path("Host.app"));
+    }
+
+private:
+    ScratchFolder mScratch;
+};
+
 // What each step of a look-up leaves behind if it fails: nothing.
 class FailingStep : public testing::TestWithParam<const char*> {};
 
 TEST_P(FailingStep, OfTheEventBusGivesNoBundleAndKeepsNothing)
 {
-    const ScratchFolder scratch;
-    std::filesystem::create_directories(
-        scratch.Path("Host.app/Contents/Frameworks/PlugPlugOwl.framework"));
-    CoreFoundationStandIn::SetMainBundle(scratch.Path("Host.app"));
+    const HostWithOwl host;
     const long before = LiveReferences();
+    // Twice: some steps are done for each of the two names.
+    FailNextCall(GetParam());
     FailNextCall(GetParam());
     SDKPlugPlug binding;
     EXPECT_EQ(31, binding.Load());
@@ -88,6 +101,22 @@ INSTANTIATE_TEST_SUITE_P(Steps, FailingStep,
                                          "CFURLCreateCopyAppendingPathComponent",
                                          "CFURLCopyAbsoluteURL", "CFURLCreateFilePathURL",
                                          "CFBundleCreate"),
+                         [](const auto& row) { return std::string(row.param); });
+
+class FailingPlainName : public testing::TestWithParam<const char*> {};
+
+TEST_P(FailingPlainName, LeavesThePreferredOne)
+{
+    const HostWithOwl host;
+    FailNextCall(GetParam());
+    SDKPlugPlug binding;
+    EXPECT_EQ(31, binding.Load());  // it has none of the functions
+    EXPECT_NE(nullptr, binding.bundle);
+}
+
+INSTANTIATE_TEST_SUITE_P(Steps, FailingPlainName,
+                         testing::Values("CFURLCreateCopyAppendingPathComponent",
+                                         "CFURLCopyAbsoluteURL"),
                          [](const auto& row) { return std::string(row.param); });
 
 class FailingBundleStep : public testing::TestWithParam<const char*> {};
