@@ -67,7 +67,7 @@ void AddOptions(const std::vector<OptionRow>& rows, CLI::App& command, Options& 
         if (row.text != nullptr) option = command.add_option(row.name, options.*row.text, row.help);
         if (row.list != nullptr) {
             option = command.add_option(row.name, options.*row.list, row.help);
-            option->expected(1)->take_all();
+            option->expected(1)->take_all()->allow_extra_args(false);
         }
         if (row.number != nullptr) {
             option = command.add_option(row.name, options.*row.number, row.help);

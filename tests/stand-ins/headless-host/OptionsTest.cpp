@@ -65,12 +65,16 @@ TEST(OptionsTest, ASessionIsAFileOrStandardInput)
     EXPECT_EQ(Parse({"run", "a", "b"}, options, text), ParseOutcome::kWrongUse);
 }
 
-TEST(OptionsTest, ALibraryDoesNotSwallowTheFile)
+TEST(OptionsTest, ALibraryDoesNotSwallowTheFiles)
 {
     Options options;
     std::string text;
-    ASSERT_EQ(Parse({"open", "--library", "l", "a"}, options, text), ParseOutcome::kRun) << text;
-    EXPECT_THAT(options.files, testing::ElementsAre("a"));
+    ASSERT_EQ(
+        Parse({"open", "--library", "l", "a", "b", "--library", "m", "c", "d"}, options, text),
+        ParseOutcome::kRun)
+        << text;
+    EXPECT_THAT(options.files, testing::ElementsAre("a", "b", "c", "d"));
+    EXPECT_THAT(options.libraries, testing::ElementsAre("l", "m"));
 }
 
 TEST(OptionsTest, WrongUseIsToldInOneLine)
