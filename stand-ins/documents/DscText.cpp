@@ -94,6 +94,18 @@ std::string GetDscText(std::string_view value)
     return std::string(value);
 }
 
+std::string QuoteAsString(const std::string& text)
+{
+    std::string quoted = "(";
+    for (const char c : text) {
+        if (c == '(' || c == ')' || c == '\\') quoted += '\\';
+        if (c == '\n') quoted += "\\n";
+        if (c == '\r') quoted += "\\r";
+        if (c != '\n' && c != '\r') quoted += c;
+    }
+    return quoted + ")";
+}
+
 bool IsAtEnd(std::string_view value) { return value == "(atend)" || value == "atend"; }
 
 }  // namespace documents

@@ -26,6 +26,9 @@ bool TakeDscWord(std::string_view& rest, DscWord& word);
 // The whole value as one text: a PostScript string if it is one, else as it stands.
 std::string GetDscText(std::string_view value);
 
+// The text as a PostScript string on one line, "(My \(bold\) Font)".
+std::string QuoteAsString(const std::string& text);
+
 // "(atend)", or "atend" as some programs write it: the value stands in the trailer.
 bool IsAtEnd(std::string_view value);
 

@@ -35,18 +35,6 @@ QPDFObjectHandle GetArray(QPDFObjectHandle owner, const std::string& key)
     return owner.getKey(key);
 }
 
-std::string Quote(const std::string& text)
-{
-    std::string quoted = "(";
-    for (const char c : text) {
-        if (c == '(' || c == ')' || c == '\\') quoted += '\\';
-        if (c == '\n') quoted += "\\n";
-        if (c == '\r') quoted += "\\r";
-        if (c != '\n' && c != '\r') quoted += c;
-    }
-    return quoted + ")";
-}
-
 void ReadLine(std::string_view line, NativeAdditions& additions)
 {
     const bool isText = line.substr(0, kTextMark.size()) == kTextMark;
@@ -135,10 +123,10 @@ std::string WriteAdditions(const NativeAdditions& additions)
     std::string lines;
     for (const TextRun& text : additions.texts) {
         lines += std::string(kTextMark) + std::to_string(text.length) + " " +
-                 Quote(text.postScriptName) + "\n";
+                 QuoteAsString(text.postScriptName) + "\n";
     }
     for (const std::string& file : additions.files) {
-        lines += std::string(kFileMark) + Quote(file) + "\n";
+        lines += std::string(kFileMark) + QuoteAsString(file) + "\n";
     }
     return lines;
 }

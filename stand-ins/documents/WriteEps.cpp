@@ -3,6 +3,7 @@
 #include <stdexcept>
 #include <string_view>
 
+#include "DscText.h"
 #include "FileKind.h"
 #include "NativeAdditions.h"
 #include "WriteDocument.h"
@@ -21,14 +22,7 @@ std::string Quote(const std::string& text, bool isWord)
                          text.back() != ' ' && text.find_first_of("\r\n\t") == std::string::npos &&
                          (!isWord || text.find_first_of(" ()") == std::string::npos);
     if (isPlain) return text;
-    std::string quoted = "(";
-    for (const char c : text) {
-        if (c == '(' || c == ')' || c == '\\') quoted += '\\';
-        if (c == '\n') quoted += "\\n";
-        if (c == '\r') quoted += "\\r";
-        if (c != '\n' && c != '\r') quoted += c;
-    }
-    return quoted + ")";
+    return QuoteAsString(text);
 }
 
 std::string MakeList(const char* keyword, const std::vector<std::string>& texts, bool areWords)

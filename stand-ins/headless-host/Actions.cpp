@@ -17,7 +17,7 @@ constexpr unsigned long kMostTicks = 1000000;
 
 LineResult FailFile(const std::string& path, const std::string& error)
 {
-    Tell(path + ": " + error);
+    console::Tell(path + ": " + error);
     return {LineOutcome::kFileFailed, {}};
 }
 
@@ -113,7 +113,7 @@ LineResult RunShow(Session& session, const Words& words)
         return MakeWrong("\"" + words[0] + "\" can't be shown; expected is menu or documents");
     }
     if (session.run.options.json) text = nlohmann::json({{words[0], text}}).dump() + "\n";
-    (void)Print(text);  // it has been told
+    (void)console::Print(text);  // it has been told
     return {};
 }
 
@@ -162,8 +162,8 @@ LineResult RunPanel(Session& session, const Words& words)
         session.lastPanelAnswers +=
             each.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace) + "\n";
     }
-    (void)Print("panel: port " + std::string(answer.port == 0 ? "not told" : "told") + "\n" +
-                session.lastPanelAnswers);  // a failure has been told
+    (void)console::Print("panel: port " + std::string(answer.port == 0 ? "not told" : "told") +
+                         "\n" + session.lastPanelAnswers);  // a failure has been told
     if (answer.ok) return {};
     return {LineOutcome::kNotAsExpected, "panel: " + answer.error};
 }
@@ -192,7 +192,7 @@ LineResult RunWait(Session& session, const Words& words)
 
 LineResult RunHelp(Session&, const Words&)
 {
-    (void)Print(DescribeActions());  // it has been told
+    (void)console::Print(DescribeActions());  // it has been told
     return {};
 }
 

@@ -117,7 +117,7 @@ OpenReport Application::Open(const std::string& path, const std::string& givenPa
     const std::set<std::string> atReading = FindMissing(names, mHost.fonts.RefreshActiveNames());
     if (!atReading.empty()) report.dialog = RunMissingFontsDialog(report.dialogTitle);
     DocumentObject* const document = mHost.AddDocument(std::move(read.document), path);
-    LogAction("opened " + path);
+    console::LogAction("opened " + path);
     Notify("AI Document Opened Notifier", document->handle);
 
     // The guest was told of the fonts once more and may have found others by now.

@@ -70,7 +70,7 @@ std::string Application::Save()
     DocumentObject& document = *mHost.GetCurrentDocument();
     std::string error = SaveDocument(mHost, document, document.path);
     if (!error.empty()) return error;
-    LogAction("saved " + document.path);
+    console::LogAction("saved " + document.path);
     TellSaved("AI Command Notifier: After Save");
     return {};
 }
@@ -79,7 +79,7 @@ std::string Application::SaveAs(const std::string& path)
 {
     std::string error = SaveDocument(mHost, *mHost.GetCurrentDocument(), path);
     if (!error.empty()) return error;
-    LogAction("saved as " + path);
+    console::LogAction("saved as " + path);
     TellSaved("AI Command Notifier: After Save As");
     return {};
 }
@@ -87,7 +87,8 @@ std::string Application::SaveAs(const std::string& path)
 void Application::Close(DocumentObject* document)
 {
     void* const handle = document->handle;
-    LogAction("closes " + (document->path.empty() ? "a document without a file" : document->path));
+    console::LogAction("closes " +
+                       (document->path.empty() ? "a document without a file" : document->path));
     Notify("AI Document About To Close Notifier", handle);
     mHost.RemoveDocument(document);
     Notify("AI Document Closed Notifier", handle);

@@ -145,15 +145,15 @@ private:
             text = WriteFontsReportAsJson(report) + "\n";
         } else if (mOptions.names) {
             for (const std::string& font : report.fonts) {
-                if (mNames.insert(font).second) text += MakePrintable(font) + "\n";
+                if (mNames.insert(font).second) text += console::MakePrintable(font) + "\n";
             }
         } else {
             text = WriteFontsReportAsTable(report);
         }
         if (!report.isRead && (mOptions.json || mOptions.names)) {
-            Tell(report.path + ": " + report.error);
+            console::Tell(report.path + ": " + report.error);
         }
-        const bool isPrinted = text.empty() || Print(text);
+        const bool isPrinted = text.empty() || console::Print(text);
         if (!report.isRead || !isPrinted) mStatus = kFileNotOpened;
     }
 
@@ -162,7 +162,7 @@ private:
         if (!mShowsProgress || mFiles.size() < 2) return;
         // A progress line that doesn't get out is no loss.
         (void)std::fprintf(stderr, "\r\033[K%zu of %zu  %s", mDoneCount, mFiles.size(),
-                           MakePrintable(path).c_str());
+                           console::MakePrintable(path).c_str());
         mHasProgress = true;
     }
 

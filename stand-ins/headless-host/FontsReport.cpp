@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "Console.h"
 #include "Report.h"
 
 namespace headless {
@@ -67,16 +68,17 @@ FontsReport ReadFontsReport(const std::string& json)
 
 std::string WriteFontsReportAsTable(const FontsReport& report)
 {
-    std::string text = MakePrintable(report.path) + ": ";
-    if (!report.isRead) return text + "failed: " + MakePrintable(report.error) + "\n";
+    std::string text = console::MakePrintable(report.path) + ": ";
+    if (!report.isRead) return text + "failed: " + console::MakePrintable(report.error) + "\n";
     text += report.kind + " (" + report.reader + "), ";
     text += report.fonts.size() == 1 ? "1 font" : std::to_string(report.fonts.size()) + " fonts";
     text += report.isTemplate ? ", template\n" : "\n";
-    for (const std::string& font : report.fonts) text += "    " + MakePrintable(font) + "\n";
+    for (const std::string& font : report.fonts)
+        text += "    " + console::MakePrintable(font) + "\n";
     for (const std::string& file : report.linkedDocuments) {
-        text += "    placed file: " + MakePrintable(file) + "\n";
+        text += "    placed file: " + console::MakePrintable(file) + "\n";
     }
-    if (!report.note.empty()) text += "    note: " + MakePrintable(report.note) + "\n";
+    if (!report.note.empty()) text += "    note: " + console::MakePrintable(report.note) + "\n";
     return text;
 }
 

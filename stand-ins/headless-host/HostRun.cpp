@@ -38,11 +38,11 @@ void TellErrorsAndAlerts(Host& host)
 {
     host.errors.SetSink([&host](const std::string& line) {
         host.journal.Write("host", "plug-in error", nlohmann::json::object(), line);
-        Tell("plug-in error: " + line);
+        console::Tell("plug-in error: " + line);
     });
     host.alertSink = [](const Alert& alert) {
-        Tell("alert: " + alert.message +
-             (alert.information.empty() ? std::string() : " (" + alert.information + ")"));
+        console::Tell("alert: " + alert.message +
+                      (alert.information.empty() ? std::string() : " (" + alert.information + ")"));
     };
 }
 
@@ -53,15 +53,15 @@ int RunHost(const Options& given, const std::function<int(HostRun&)>& body)
     Options options = given;
     const std::string startFolder = MakeAbsolute(".");
     std::string error;
-    if ((!options.log.empty() && !OpenLog(MakeAbsolute(options.log), error)) ||
+    if ((!options.log.empty() && !console::OpenLog(MakeAbsolute(options.log), error)) ||
         !SetUp(options, error)) {
-        Tell(error);
+        console::Tell(error);
         return kWrongUse;
     }
     SystemFonts fonts;
     Host host(fonts, [](const std::string& path) { return documents::OpenDocument(path); });
     if (!options.journal.empty() && !host.journal.Open(options.journal, error)) {
-        Tell(error);
+        console::Tell(error);
         return kWrongUse;
     }
     TellErrorsAndAlerts(host);
@@ -71,20 +71,20 @@ int RunHost(const Options& given, const std::function<int(HostRun&)>& body)
     int status = kAllOpened;
     Application application(host, options.language);
     if (application.Start(options.plugin, error)) {
-        LogAction("started with " + options.plugin);
+        console::LogAction("started with " + options.plugin);
         HostRun run{host, application, options, startFolder};
         status = body(run);
         if (options.hold > 0) application.Idle(options.hold);
     } else {
-        Tell(error);
+        console::Tell(error);
         status = kPluginNotLoaded;
     }
     application.ShutDown();
-    LogAction("ends");
+    console::LogAction("ends");
     if (host.errors.Count() > 0) {
         status = std::max<int>(status, kPluginBrokeRule);
         if (host.errors.Count() > host.errors.Lines().size()) {
-            Tell("plug-in errors in all: " + std::to_string(host.errors.Count()));
+            console::Tell("plug-in errors in all: " + std::to_string(host.errors.Count()));
         }
     }
     return IsInterrupted() ? kInterrupted : status;
@@ -94,20 +94,21 @@ int OpenFile(HostRun& run, const std::string& givenPath, OpenReport& last)
 {
     const std::string path = MakeAbsolute(run.startFolder, givenPath);
     last = run.application.Open(path, givenPath);
-    if (!Print(run.options.json ? WriteReportAsJson(last) + "\n" : WriteReportAsTable(last))) {
+    if (!console::Print(run.options.json ? WriteReportAsJson(last) + "\n"
+                                         : WriteReportAsTable(last))) {
         return kFileNotOpened;
     }
     if (last.dialog == DialogOutcome::kShown) {
-        Tell(givenPath + ": the dialog \"" + last.dialogTitle + "\" was shown");
+        console::Tell(givenPath + ": the dialog \"" + last.dialogTitle + "\" was shown");
     }
     if (!last.opened) {
-        Tell(givenPath + ": " + last.error);
+        console::Tell(givenPath + ": " + last.error);
         return kFileNotOpened;
     }
     if (!run.options.command.empty()) {
         SetEnvironment("DOCUMENT", path);
         const int result = RunCommand(run.options.command, run.startFolder, run.options.json);
-        if (result != 0) Tell("the command ended with status " + std::to_string(result));
+        if (result != 0) console::Tell("the command ended with status " + std::to_string(result));
     }
     return last.HasMissingFont() ? kFontMissing : kAllOpened;
 }

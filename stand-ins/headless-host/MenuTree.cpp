@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "Console.h"
 #include "Report.h"
 
 namespace headless {
@@ -85,7 +86,7 @@ std::string DrawMenus(const Host& host)
     for (const MenuEntry& entry : ListMenus(host)) {
         if (text.empty() || entry.topGroup != group) {
             group = entry.topGroup;
-            text += MakePrintable(group) + "\n";
+            text += console::MakePrintable(group) + "\n";
         }
         text += std::string(4 * entry.depth + 2, ' ');
         if (IsSeparator(*entry.item)) {
@@ -93,7 +94,7 @@ std::string DrawMenus(const Host& host)
             continue;
         }
         text += entry.item->isChecked ? "[x] " : "    ";
-        text += MakePrintable(entry.item->text);
+        text += console::MakePrintable(entry.item->text);
         if (entry.item->submenu != nullptr) text += " >";
         if (!entry.item->isEnabled) text += "  (disabled)";
         text += "\n";

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "Console.h"
 #include "ExitStatus.h"
 #include "HostRun.h"
 #include "Report.h"
@@ -30,7 +31,7 @@ public:
         // A progress line that doesn't get out is no loss.
         if (mWanted) {
             (void)std::fprintf(stderr, "\r\033[K%zu of %zu  %s", number, mTotal,
-                               MakePrintable(path).c_str());
+                               console::MakePrintable(path).c_str());
         }
     }
     void Clear() const

@@ -1,4 +1,5 @@
 #include "Report.h"
+#include "Console.h"
 
 #include <algorithm>
 
@@ -80,19 +81,10 @@ std::string WriteReportAsJson(const OpenReport& report)
     return line.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
 }
 
-std::string MakePrintable(const std::string& text)
-{
-    std::string result = text;
-    std::replace_if(
-        result.begin(), result.end(),
-        [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }, '?');
-    return result;
-}
-
 std::string WriteReportAsTable(const OpenReport& report)
 {
-    std::string text = MakePrintable(report.path) + ": ";
-    if (!report.opened) return text + "failed: " + MakePrintable(report.error) + "\n";
+    std::string text = console::MakePrintable(report.path) + ": ";
+    if (!report.opened) return text + "failed: " + console::MakePrintable(report.error) + "\n";
     text += report.kind + " (" + report.reader + "), " + Count(report.frames, "text frame") + ", " +
             Count(report.runs, "run") + "\n";
     size_t width = 0;
@@ -100,15 +92,15 @@ std::string WriteReportAsTable(const OpenReport& report)
         width = std::max(width, font.postScriptName.size());
     }
     for (const FontReport& font : report.fonts) {
-        std::string name = MakePrintable(font.postScriptName);
+        std::string name = console::MakePrintable(font.postScriptName);
         name.resize(width, ' ');
         text += "    " + name + "  " + GetStateText(font.state) + "\n";
     }
     if (report.fonts.empty()) text += "    no fonts\n";
     for (const std::string& file : report.linkedDocuments) {
-        text += "    placed file: " + MakePrintable(file) + "\n";
+        text += "    placed file: " + console::MakePrintable(file) + "\n";
     }
-    if (!report.note.empty()) text += "    note: " + MakePrintable(report.note) + "\n";
+    if (!report.note.empty()) text += "    note: " + console::MakePrintable(report.note) + "\n";
     text += std::string("    missing-fonts dialog: ") + GetDialogName(report.dialog) + "\n";
     return text;
 }

@@ -18,7 +18,4 @@ std::string WriteReportAsJson(const OpenReport& report);
 // A few lines for people, with the last line end.
 std::string WriteReportAsTable(const OpenReport& report);
 
-// Takes control characters out of a text that is shown on a terminal.
-std::string MakePrintable(const std::string& text);
-
 }  // namespace headless

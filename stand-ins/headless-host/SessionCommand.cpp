@@ -78,9 +78,9 @@ int RunLines(HostRun& run, Place place, const std::string& name, std::string tex
         const LineResult result = RunGuarded(session, *line);
         if (result.outcome == LineOutcome::kQuit) break;
         if (!result.text.empty()) {
-            Tell(place == Place::kPrompt
-                     ? result.text
-                     : name + ":" + std::to_string(number) + ": " + result.text);
+            console::Tell(place == Place::kPrompt
+                              ? result.text
+                              : name + ":" + std::to_string(number) + ": " + result.text);
         }
         // A typing error at the prompt is told and forgotten.
         if (result.outcome == LineOutcome::kWrong && place == Place::kPrompt) continue;
@@ -103,7 +103,7 @@ int RunSessionCommand(const Options& options)
     const documents::FileBytes file = documents::ReadFileBytes(
         options.session, kLargestFile, [](const std::string&) { return std::string(); });
     if (!file.error.empty()) {
-        Tell(options.session + ": " + file.error);
+        console::Tell(options.session + ": " + file.error);
         return kWrongUse;
     }
     return RunHost(options, [&](HostRun& run) {

@@ -1,6 +1,6 @@
-#include <cstdio>
 #include <exception>
 
+#include "Console.h"
 #include "ExitStatus.h"
 #include "FontsCommand.h"
 #include "OpenCommand.h"
@@ -8,6 +8,7 @@
 
 int main(int argc, char** argv)
 {
+    console::SetProgramName("headless-host");
     try {
         headless::Options options;
         std::string text;
@@ -20,16 +21,14 @@ int main(int argc, char** argv)
                            ? headless::RunSessionCommand(options)
                            : headless::RunOpenCommand(options);
             case headless::ParseOutcome::kDone:
-                return std::fputs(text.c_str(), stdout) < 0 ? headless::kWrongUse
-                                                            : headless::kAllOpened;
+                return console::Print(text) ? headless::kAllOpened : headless::kWrongUse;
             case headless::ParseOutcome::kWrongUse:
                 break;
         }
-        // Standard error is the last resort: a failure to write there can be told nobody.
-        (void)std::fprintf(stderr, "headless-host: %s (see headless-host --help)\n", text.c_str());
+        console::Tell(text + " (see headless-host --help)");
         return headless::kWrongUse;
     } catch (const std::exception& exception) {
-        (void)std::fprintf(stderr, "headless-host: %s\n", exception.what());
+        console::Tell(exception.what());
         return headless::kWrongUse;
     }
 }

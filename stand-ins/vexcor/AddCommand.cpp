@@ -27,8 +27,8 @@ int RunAddCommand(plugincore::Workspace& workspace, const Options& options)
         line = folder.string() + ": added, with " + std::to_string(count) + " font" +
                (count == 1 ? "" : "s");
     }
-    LogAction(line);
-    return Print(MakePrintable(line) + "\n") ? kDone : kFileFailed;
+    console::LogAction(line);
+    return console::Print(console::MakePrintable(line) + "\n") ? kDone : kFileFailed;
 }
 
 }  // namespace vexcor

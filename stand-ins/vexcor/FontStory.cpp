@@ -101,7 +101,7 @@ std::string WriteStoryAsText(const FontStory& story)
 {
     std::string text = story.name + ": " + story.state + ": " + story.reason + "\n";
     const auto add = [&text](const char* what, const std::string& value) {
-        text += std::string("    ") + what + ": " + MakePrintable(value) + "\n";
+        text += std::string("    ") + what + ": " + console::MakePrintable(value) + "\n";
     };
     if (!story.file.empty()) add("file", story.file);
     for (const FontStory::Holder& holder : story.holders)

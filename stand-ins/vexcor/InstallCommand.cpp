@@ -22,8 +22,8 @@ int RunInstallCommand()
     const std::string after = SetVexcorPath(before, program);
     if (after != before) plugincore::WriteFileAtomically(file, after);
     const std::string line = file.string() + ": tells " + program;
-    LogAction(line);
-    return Print(MakePrintable(line) + "\n") ? kDone : kFileFailed;
+    console::LogAction(line);
+    return console::Print(console::MakePrintable(line) + "\n") ? kDone : kFileFailed;
 }
 
 }  // namespace vexcor

@@ -34,15 +34,15 @@ int RunListCommand(plugincore::Workspace& workspace, const Options& options)
             text += WriteStoryAsJson(story);
             continue;
         }
-        std::string line = MakePrintable(name);
+        std::string line = console::MakePrintable(name);
         line.resize(width + 2, ' ');
         line += story.state;
         line.resize(width + 2 + std::string("activated  ").size(), ' ');
-        text += line + MakePrintable(story.file) + "\n";
+        text += line + console::MakePrintable(story.file) + "\n";
     }
     for (const auto& bad : workspace.library.ListBadFiles())
-        Tell(bad.path + ": skipped: " + bad.problem);
-    return Print(text) ? kDone : kFileFailed;
+        console::Tell(bad.path + ": skipped: " + bad.problem);
+    return console::Print(text) ? kDone : kFileFailed;
 }
 
 }  // namespace vexcor

@@ -50,8 +50,9 @@ bool RepairFontconfig(Workspace& workspace, Lines& lines)
     const std::set<std::string> shown = workspace.ListActive().ours;
     const std::string missing = GetDifference(wanted, shown);
     const std::string foreign = GetDifference(shown, wanted);
-    if (!missing.empty()) Tell(folder + ": fontconfig doesn't see " + missing);
-    if (!foreign.empty()) Tell(folder + ": fontconfig sees what isn't activated: " + foreign);
+    if (!missing.empty()) console::Tell(folder + ": fontconfig doesn't see " + missing);
+    if (!foreign.empty())
+        console::Tell(folder + ": fontconfig sees what isn't activated: " + foreign);
     return missing.empty() && foreign.empty();
 }
 
@@ -67,7 +68,7 @@ void TellIndex(Workspace& workspace, Lines& lines)
 
 void LogRepairs(const Activation::Repairs& repairs)
 {
-    for (const std::string& line : Describe(repairs)) LogAction(line);
+    for (const std::string& line : Describe(repairs)) console::LogAction(line);
 }
 
 int RunRepairCommand()
@@ -88,10 +89,10 @@ int RunRepairCommand()
     if (lines.empty() && agrees) lines.emplace_back("nothing had to be repaired");
     std::string text;
     for (const std::string& line : lines) {
-        LogAction(line);
-        text += MakePrintable(line) + "\n";
+        console::LogAction(line);
+        text += console::MakePrintable(line) + "\n";
     }
-    if (!Print(text)) return kFileFailed;
+    if (!console::Print(text)) return kFileFailed;
     return agrees ? kDone : kNotSo;
 }
 

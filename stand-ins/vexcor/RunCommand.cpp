@@ -50,7 +50,7 @@ public:
                 mLastFailure.clear();
             } catch (const Failure& failure) {
                 // The database is in use for long, the disk is full: the next look may do better.
-                if (mLastFailure != failure.what()) Tell(failure.what());
+                if (mLastFailure != failure.what()) console::Tell(failure.what());
                 mLastFailure = failure.what();
             }
         }
@@ -85,7 +85,7 @@ private:
         std::vector<std::string> folders = mWorkspace.folders.GetFolders();
         if (folders == mFolders && !mWatch.HasMissingFolderCome()) return;
         mFolders = std::move(folders);
-        LogAction("the library is " + plugincore::JoinNames(mFolders));
+        console::LogAction("the library is " + plugincore::JoinNames(mFolders));
         Refresh();
     }
 
@@ -99,15 +99,16 @@ private:
         mNextRefresh = Clock::now() + kUnwatchedLook;
         const plugincore::FontLibrary::Counts counts = mWorkspace.library.GetCounts();
         if (counts.filesRead + counts.filesGone == 0) return;
-        LogAction("index: " + std::to_string(counts.filesRead) + " files read, " +
-                  std::to_string(counts.filesGone) + " taken out");
+        console::LogAction("index: " + std::to_string(counts.filesRead) + " files read, " +
+                           std::to_string(counts.filesGone) + " taken out");
     }
 
     void TellOfWatch()
     {
         if (mProblem == mWatch.GetProblem()) return;
         mProblem = mWatch.GetProblem();
-        if (!mProblem.empty()) Tell(mProblem + "; the library is looked at every 10 seconds");
+        if (!mProblem.empty())
+            console::Tell(mProblem + "; the library is looked at every 10 seconds");
     }
 
     Workspace& mWorkspace;
@@ -136,22 +137,23 @@ int RunRunCommand()
     const StopSignals stop;
     Workspace workspace(plugincore::GetLocations());
     if (const auto other = workspace.programs.EnterAlone(kProgramName)) {
-        Tell("runs already: " + workspace.programs.Describe(other->identity));
+        console::Tell("runs already: " + workspace.programs.Describe(other->identity));
         return kNotSo;
     }
     try {
         LogRepairs(workspace.Start(kProgramName));
         Keeper keeper(workspace);
         const std::string line = DescribeLibrary(workspace);
-        LogAction(line);
-        (void)Print(MakePrintable(line) + "\n");  // it works on without anybody who reads
+        console::LogAction(line);
+        (void)console::Print(console::MakePrintable(line) +
+                             "\n");  // it works on without anybody who reads
         keeper.Keep(stop);
     } catch (const Failure&) {
         workspace.Stop();
         throw;
     }
     workspace.Stop();
-    LogAction("ends");
+    console::LogAction("ends");
     return kDone;
 }
 

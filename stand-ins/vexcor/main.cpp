@@ -1,4 +1,3 @@
-#include <cstdio>
 #include <exception>
 
 #include "Commands.h"
@@ -50,25 +49,29 @@ int RunCommand(const vexcor::Options& options)
 
 int main(int argc, char** argv)
 try {
+    console::SetProgramName("Vexcor");
     vexcor::Options options;
     std::string text;
     switch (vexcor::ParseCommandLine(argc, argv, options, text)) {
         case vexcor::ParseOutcome::kRun:
-            plugincore::SetReportSink(vexcor::Tell);
-            if (!options.log.empty()) vexcor::OpenLog(options.log);
+            plugincore::SetReportSink(console::Tell);
+            if (!options.log.empty() && !console::OpenLog(options.log, text)) {
+                console::Tell(text);
+                return vexcor::kFileFailed;
+            }
             return RunCommand(options);
         case vexcor::ParseOutcome::kDone:
-            return vexcor::Print(text) ? vexcor::kDone : vexcor::kFileFailed;
+            return console::Print(text) ? vexcor::kDone : vexcor::kFileFailed;
         case vexcor::ParseOutcome::kWrongUse:
             break;
     }
-    vexcor::Tell(text + " (see Vexcor --help)");
+    console::Tell(text + " (see Vexcor --help)");
     return vexcor::kWrongUse;
 } catch (const Failure& failure) {
-    vexcor::Tell(failure.what());
+    console::Tell(failure.what());
     return failure.GetStatus() == StatusCodes::kDatabaseError ? vexcor::kDatabaseFailed
                                                               : vexcor::kFileFailed;
 } catch (const std::exception& failure) {
-    vexcor::Tell(failure.what());
+    console::Tell(failure.what());
     return vexcor::kFileFailed;
 }

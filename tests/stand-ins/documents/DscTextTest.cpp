@@ -60,3 +60,11 @@ TEST(DscText, AtEnd)
     EXPECT_TRUE(IsAtEnd("atend"));
     EXPECT_FALSE(IsAtEnd("attend"));
 }
+
+TEST(DscText, WhatIsQuotedIsReadBack)
+{
+    EXPECT_EQ(R"((a \(b\) \\c\nd))", QuoteAsString("a (b) \\c\nd"));
+    for (const char* const text :
+         {"", "plain", "a b", "(", ")", "\\n", "one\rtwo\nthree", "\xC3\xA9"})
+        EXPECT_EQ(text, GetDscText(QuoteAsString(text))) << text;
+}

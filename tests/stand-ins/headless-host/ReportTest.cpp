@@ -1,3 +1,4 @@
+#include "Console.h"
 #include "Report.h"
 
 #include <gtest/gtest.h>
@@ -68,5 +69,5 @@ TEST(Report, AsTable)
 
 TEST(Report, ControlCharactersStayAwayFromTheTerminal)
 {
-    EXPECT_EQ(MakePrintable("a\033[2J\nb"), "a?[2J?b");
+    EXPECT_EQ(console::MakePrintable("a\033[2J\nb"), "a?[2J?b");
 }

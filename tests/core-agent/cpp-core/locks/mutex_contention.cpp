@@ -7,6 +7,7 @@
 #include "GBlockingLockStrategy.h"
 #include "GMutex.h"
 #include "GScopedLock.h"
+#include "InThreads.h"
 
 namespace {
 
@@ -29,21 +30,6 @@ struct Counter {
         --inside;
     }
 };
-
-template <class Body>
-void InThreads(int count, Body body)
-{
-    std::atomic<bool> isOpen{false};
-    std::vector<std::thread> threads;
-    for (int index = 0; index < count; ++index) {
-        threads.emplace_back([&, index] {
-            while (!isOpen) std::this_thread::yield();
-            body(index);
-        });
-    }
-    isOpen = true;
-    for (std::thread& thread : threads) thread.join();
-}
 
 TEST(MutexContention, HundredsOfThreadsNeverMeet)
 {

@@ -4,27 +4,13 @@
 #include <thread>
 #include <utility>
 
+#include "InThreads.h"
 #include "LoggerTest.h"
 
 using testing::ElementsAre;
 using testing::SizeIs;
 
 namespace {
-
-template <class Body>
-void InThreads(int count, Body body)
-{
-    std::atomic<bool> isOpen{false};
-    std::vector<std::thread> threads;
-    for (int index = 0; index < count; ++index) {
-        threads.emplace_back([&, index] {
-            while (!isOpen) std::this_thread::yield();
-            body(index);
-        });
-    }
-    isOpen = true;
-    for (std::thread& thread : threads) thread.join();
-}
 
 class LoggerThreads : public LoggerTest {};
 

@@ -5,7 +5,16 @@
 
 #include "Log.h"
 
-namespace vexcor {
+namespace console {
+
+namespace {
+
+const char* sProgramName = "";
+
+}  // namespace
+
+void SetProgramName(const char* name) { sProgramName = name; }
+const char* GetProgramName() { return sProgramName; }
 
 std::string MakePrintable(const std::string& text)
 {
@@ -20,7 +29,7 @@ void Tell(const std::string& text)
 {
     const std::string line = MakePrintable(text);
     // Standard error is the last resort: a failure to write there can be told nobody.
-    (void)std::fprintf(stderr, "Vexcor: %s\n", line.c_str());
+    (void)std::fprintf(stderr, "%s: %s\n", sProgramName, line.c_str());
     LogProblem(line);
 }
 
@@ -32,4 +41,4 @@ bool Print(const std::string& text)
     return false;
 }
 
-}  // namespace vexcor
+}  // namespace console
