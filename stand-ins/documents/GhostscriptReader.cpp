@@ -10,6 +10,8 @@ ReadResult ReadThroughGhostscript(const DocumentSource& source, const Limits& li
                                   Document& document)
 {
     if (source.pdf != nullptr) return {};
+    // A time of 0 is the choice of whoever asks, nothing to be told of.
+    if (limits.helperSeconds <= 0) return {};
     const auto fail = [](const std::string& reason) {
         return ReadResult{ReadStatus::kFailed, "no comment tells of fonts, and " + reason};
     };

@@ -11,7 +11,7 @@ struct Limits {
     size_t inflatedBytes = 512u << 20;  // what one file may inflate to
     double seconds = 30;                // for the reading of one file
     size_t nesting = 64;                // form XObjects, dictionaries, arrays
-    double helperSeconds = 20;          // for Ghostscript, which is killed then
+    double helperSeconds = 20;          // for Ghostscript, which is killed then; 0: not asked
     size_t helperBytes = 512u << 20;    // of memory for Ghostscript
 };
 

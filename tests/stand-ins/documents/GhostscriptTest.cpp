@@ -2,6 +2,7 @@
 #include <sys/stat.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <string>
 
 #include "PdfMaker.h"
@@ -64,6 +65,16 @@ TEST_F(GhostscriptTest, IsNotAskedIfCommentsTellOfFonts)
     Install("exit 1\n");
     EXPECT_EQ("dsc", Open("%!PS-Adobe-3.0 EPSF-3.0\n%%DocumentFonts:\n").document.reader);
     EXPECT_THAT(Open("%!PS-Adobe-3.0 EPSF-3.0\n%%DocumentFonts:\n").document.notes, IsEmpty());
+}
+
+TEST_F(GhostscriptTest, IsNotAskedWithoutTime)
+{
+    const std::string trace = mFolder.GetPath() + "/asked";
+    Install("touch '" + trace + "'\n");
+    const OpenResult result = Open(kForeign, 0);
+    EXPECT_EQ("dsc", result.document.reader);
+    EXPECT_THAT(result.document.notes, IsEmpty());
+    EXPECT_FALSE(std::filesystem::exists(trace));
 }
 
 TEST_F(GhostscriptTest, IsNotInstalled)
