@@ -1,10 +1,13 @@
 #import <Foundation/Foundation.h>
+#import <objc/runtime.h>
 #include <gtest/gtest.h>
 
 #include <stdexcept>
 
+#include "CoreErrorCodes.h"
 #include "GScopedManagedMemory.h"
 #import "OSGuard_Mac.h"
+#include "RecordingLog.h"
 
 namespace {
 
@@ -89,4 +92,34 @@ TEST(ManagedMemory, ScopesNest)
         probe->deaths = &deaths;
     }
     EXPECT_EQ(1, deaths);
+}
+
+@implementation NSAutoreleasePool (Nothing)
+
+- (id)initWithoutMemory
+{
+    return nil;
+}
+
+@end
+
+TEST(ManagedMemory, ScopeThatCannotBeSetUpIsReported)
+{
+    RecordingLog log;
+    const auto exchange = [] {
+        Class const pools = [NSAutoreleasePool class];
+        const auto method = [&](SEL name) { return class_getInstanceMethod(pools, name); };
+        method_exchangeImplementations(method(@selector(init)),
+                                       method(@selector(initWithoutMemory)));
+    };
+    exchange();
+    {
+        const GScopedManagedMemory scope;
+    }
+    exchange();
+    ASSERT_EQ(1u, log.Reports().size());
+    EXPECT_EQ("Miscellaneous", log.Reports()[0].category);
+    EXPECT_EQ("(mOSManagedMemory) == nullptr", log.Reports()[0].expression);
+    EXPECT_EQ(CoreErrorCodes::kNullPointer, log.Reports()[0].code);
+    EXPECT_EQ("Error", log.Reports()[0].level);
 }
