@@ -1,6 +1,6 @@
 #import <Foundation/Foundation.h>
-#import <objc/runtime.h>
 #include <gtest/gtest.h>
+#import <objc/runtime.h>
 
 #include <stdexcept>
 
