@@ -1,7 +1,6 @@
 #include "ContentWalker.h"
 
 #include <qpdf/QPDFPageObjectHelper.hh>
-
 #include <utility>
 
 #include "InflateBudget.h"

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <qpdf/QPDFObjectHandle.hh>
-
 #include <cstddef>
+#include <qpdf/QPDFObjectHandle.hh>
 #include <set>
 #include <string>
 #include <string_view>

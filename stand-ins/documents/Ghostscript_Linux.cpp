@@ -1,3 +1,5 @@
+#include "Ghostscript.h"
+
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/mman.h>
@@ -13,8 +15,6 @@
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
-
-#include "Ghostscript.h"
 
 namespace documents {
 

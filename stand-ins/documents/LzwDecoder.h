@@ -1,9 +1,8 @@
 #pragma once
 
-#include <qpdf/Pipeline.hh>
-
 #include <cstddef>
 #include <cstdint>
+#include <qpdf/Pipeline.hh>
 #include <string>
 #include <vector>
 

@@ -1,8 +1,9 @@
+#include "NativeContainer.h"
+
 #include <algorithm>
 
 #include "Decompress.h"
 #include "NativeAdditions.h"
-#include "NativeContainer.h"
 #include "PdfFile.h"
 #include "PdfKey.h"
 

@@ -1,8 +1,7 @@
 #include "PdfFile.h"
 
-#include <qpdf/QPDFExc.hh>
-
 #include <exception>
+#include <qpdf/QPDFExc.hh>
 
 #include "InflateBudget.h"
 #include "StreamFilters.h"

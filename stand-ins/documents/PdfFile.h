@@ -1,7 +1,6 @@
 #pragma once
 
 #include <qpdf/QPDF.hh>
-
 #include <string>
 #include <string_view>
 #include <vector>

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <qpdf/QPDFObjectHandle.hh>
-
 #include <map>
+#include <qpdf/QPDFObjectHandle.hh>
 #include <string>
 
 namespace documents {

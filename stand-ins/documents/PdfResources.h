@@ -1,9 +1,8 @@
 #pragma once
 
-#include <qpdf/QPDFObjectHandle.hh>
-
 #include <cstddef>
 #include <map>
+#include <qpdf/QPDFObjectHandle.hh>
 #include <string>
 #include <string_view>
 

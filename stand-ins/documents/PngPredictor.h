@@ -1,8 +1,7 @@
 #pragma once
 
-#include <qpdf/Pipeline.hh>
-
 #include <cstddef>
+#include <qpdf/Pipeline.hh>
 #include <string>
 
 namespace documents {

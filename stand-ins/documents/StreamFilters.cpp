@@ -1,13 +1,12 @@
 #include "StreamFilters.h"
 
+#include <memory>
+#include <mutex>
+#include <optional>
 #include <qpdf/Pl_Flate.hh>
 #include <qpdf/Pl_RunLength.hh>
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFStreamFilter.hh>
-
-#include <memory>
-#include <mutex>
-#include <optional>
 
 #include "InflateBudget.h"
 #include "LzwDecoder.h"

@@ -1,3 +1,5 @@
+#include "WriteFile.h"
+
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -6,8 +8,6 @@
 #include <climits>
 #include <cstdlib>
 #include <cstring>
-
-#include "WriteFile.h"
 
 namespace documents {
 

@@ -1,11 +1,10 @@
+#include <algorithm>
+#include <memory>
 #include <qpdf/Buffer.hh>
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFPageDocumentHelper.hh>
 #include <qpdf/QPDFPageObjectHelper.hh>
 #include <qpdf/QPDFWriter.hh>
-
-#include <algorithm>
-#include <memory>
 #include <stdexcept>
 
 #include "NativeAdditions.h"

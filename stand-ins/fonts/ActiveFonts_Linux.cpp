@@ -1,3 +1,5 @@
+#include "ActiveFonts.h"
+
 #include <fontconfig/fontconfig.h>
 #include <sys/stat.h>
 
@@ -5,7 +7,6 @@
 #include <memory>
 #include <mutex>
 
-#include "ActiveFonts.h"
 #include "FontFaces.h"
 
 namespace fonts {

@@ -1,10 +1,9 @@
 #pragma once
 
 #include <map>
+#include <nlohmann/json.hpp>
 #include <set>
 #include <string>
-
-#include <nlohmann/json.hpp>
 
 namespace headless {
 

@@ -1,3 +1,5 @@
+#include "GuestMemory.h"
+
 #include <sys/mman.h>
 #include <unistd.h>
 
@@ -5,8 +7,6 @@
 #include <cstdint>
 #include <functional>
 #include <new>
-
-#include "GuestMemory.h"
 
 namespace headless {
 

@@ -1,8 +1,8 @@
+#include "GuestModule.h"
+
 #include <dlfcn.h>
 
 #include <filesystem>
-
-#include "GuestModule.h"
 
 namespace headless {
 

@@ -2,9 +2,8 @@
 
 #include <chrono>
 #include <functional>
-#include <string>
-
 #include <nlohmann/json.hpp>
+#include <string>
 
 namespace headless {
 

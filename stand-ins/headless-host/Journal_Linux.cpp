@@ -1,10 +1,10 @@
+#include "Journal.h"
+
 #include <fcntl.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstring>
-
-#include "Journal.h"
 
 namespace headless {
 

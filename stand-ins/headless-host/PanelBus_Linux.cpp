@@ -1,8 +1,9 @@
+#include "PanelBus.h"
+
 #include <dlfcn.h>
 
 #include <filesystem>
 
-#include "PanelBus.h"
 #include "PlugPlugEvent.h"
 
 namespace headless {

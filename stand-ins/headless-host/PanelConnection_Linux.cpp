@@ -1,3 +1,5 @@
+#include "PanelConnection.h"
+
 #include <arpa/inet.h>
 #include <netinet/in.h>
 #include <poll.h>
@@ -7,8 +9,6 @@
 #include <array>
 #include <cerrno>
 #include <system_error>
-
-#include "PanelConnection.h"
 
 namespace headless {
 

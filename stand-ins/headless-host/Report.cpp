@@ -1,7 +1,8 @@
 #include "Report.h"
-#include "Console.h"
 
 #include <algorithm>
+
+#include "Console.h"
 
 namespace headless {
 

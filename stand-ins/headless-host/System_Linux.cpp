@@ -1,3 +1,5 @@
+#include "System.h"
+
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -8,8 +10,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <thread>
-
-#include "System.h"
 
 extern char** environ;
 

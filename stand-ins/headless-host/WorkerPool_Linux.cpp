@@ -1,3 +1,5 @@
+#include "WorkerPool.h"
+
 #include <poll.h>
 #include <sched.h>
 #include <sys/prctl.h>
@@ -14,8 +16,6 @@
 #include <cstring>
 #include <stdexcept>
 #include <utility>
-
-#include "WorkerPool.h"
 
 namespace headless {
 

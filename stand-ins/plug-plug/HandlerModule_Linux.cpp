@@ -1,6 +1,6 @@
-#include <dlfcn.h>
-
 #include "HandlerModule.h"
+
+#include <dlfcn.h>
 
 namespace plugplug {
 

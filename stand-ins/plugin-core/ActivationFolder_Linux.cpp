@@ -1,10 +1,11 @@
+#include "ActivationFolder.h"
+
 #include <fcntl.h>
 #include <stdio.h>
 
 #include <algorithm>
 #include <cctype>
 
-#include "ActivationFolder.h"
 #include "StatusCodes.h"
 
 namespace fs = std::filesystem;

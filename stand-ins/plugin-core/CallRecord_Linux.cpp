@@ -1,6 +1,6 @@
-#include <dlfcn.h>
-
 #include "CallRecord.h"
+
+#include <dlfcn.h>
 
 namespace plugincore {
 

@@ -1,8 +1,8 @@
+#include "LibraryWatch.h"
+
 #include <sys/stat.h>
 
 #include <ctime>
-
-#include "LibraryWatch.h"
 
 namespace plugincore {
 namespace {

@@ -1,3 +1,5 @@
+#include "PanelSocket.h"
+
 #include <arpa/inet.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
@@ -8,7 +10,6 @@
 #include <cerrno>
 #include <system_error>
 
-#include "PanelSocket.h"
 #include "StatusCodes.h"
 
 namespace plugincore {

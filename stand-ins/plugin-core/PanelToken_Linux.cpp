@@ -1,3 +1,5 @@
+#include "PanelToken.h"
+
 #include <fcntl.h>
 #include <sys/random.h>
 #include <sys/stat.h>
@@ -10,7 +12,6 @@
 #include <system_error>
 
 #include "PanelSocket.h"
-#include "PanelToken.h"
 #include "StatusCodes.h"
 
 namespace fs = std::filesystem;

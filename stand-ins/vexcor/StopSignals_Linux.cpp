@@ -1,3 +1,5 @@
+#include "StopSignals.h"
+
 #include <poll.h>
 #include <signal.h>
 #include <sys/signalfd.h>
@@ -9,7 +11,6 @@
 #include <string>
 
 #include "StatusCodes.h"
-#include "StopSignals.h"
 
 namespace vexcor {
 

@@ -1,3 +1,5 @@
+#include "TreeWatch.h"
+
 #include <sys/inotify.h>
 #include <unistd.h>
 
@@ -8,7 +10,6 @@
 
 #include "FontFiles.h"
 #include "StatusCodes.h"
-#include "TreeWatch.h"
 
 namespace fs = std::filesystem;
 

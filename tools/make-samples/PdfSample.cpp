@@ -1,10 +1,9 @@
 #include "PdfSample.h"
 
+#include <memory>
 #include <qpdf/Buffer.hh>
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFWriter.hh>
-
-#include <memory>
 
 namespace {
 

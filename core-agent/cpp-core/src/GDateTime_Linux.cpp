@@ -1,6 +1,6 @@
-#include <ctime>
-
 #include "GDateTime.h"
+
+#include <ctime>
 
 namespace {
 

@@ -1,9 +1,9 @@
+#include "GFileLogAppender.h"
+
 #include <fcntl.h>
 #include <unistd.h>
 
 #include <cerrno>
-
-#include "GFileLogAppender.h"
 
 GFileLogAppender::GFileLogAppender(const std::string& path)
     : mFile(open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0644))

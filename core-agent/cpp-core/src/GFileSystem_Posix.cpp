@@ -1,7 +1,8 @@
+#include "GFileSystem.h"
+
 #include <unistd.h>
 
 #include "CppCoreMacros.h"
-#include "GFileSystem.h"
 #include "GStringUtils.h"
 
 namespace {

@@ -1,7 +1,8 @@
+#include "GScopedManagedMemory.h"
+
 #import <Foundation/Foundation.h>
 
 #include "CppCoreMacros.h"
-#include "GScopedManagedMemory.h"
 
 void GScopedManagedMemory::OSSetupManagedMemory()
 {

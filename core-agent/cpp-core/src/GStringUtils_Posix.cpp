@@ -1,7 +1,7 @@
+#include "GStringUtils.h"
+
 #include <algorithm>
 #include <cstdio>
-
-#include "GStringUtils.h"
 
 int GStringUtils::OSvsnprintf(char* buffer, unsigned long size, const char* format, va_list args)
 {

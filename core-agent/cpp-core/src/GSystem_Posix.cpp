@@ -1,6 +1,6 @@
-#include <unistd.h>
-
 #include "GSystem.h"
+
+#include <unistd.h>
 
 int GSystem::OSGetSystem() { return 0; }
 

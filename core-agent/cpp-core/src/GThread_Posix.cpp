@@ -1,6 +1,6 @@
-#include <cstring>
-
 #include "GThread.h"
+
+#include <cstring>
 
 static_assert(sizeof(pthread_t) == sizeof(void*), "a thread's identity is of a pointer's size");
 

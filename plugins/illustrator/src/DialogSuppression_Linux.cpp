@@ -1,7 +1,8 @@
+#include "DialogSuppression.h"
+
 #include <cstdio>
 #include <utility>
 
-#include "DialogSuppression.h"
 #include "HostPlatformTable_Linux.h"
 
 namespace {

@@ -1,8 +1,9 @@
+#include "PluginInfo.h"
+
 #include <dlfcn.h>
 
 #include <map>
 
-#include "PluginInfo.h"
 #include "PropertyList_Linux.h"
 
 // The one bundle that can be asked for is the folder that this code was loaded from.

@@ -1,8 +1,9 @@
+#include "Platform.h"
+
 #include <cstdlib>
 #include <filesystem>
 
 #include "FakeWindow.h"
-#include "Platform.h"
 #include "ScratchFolder.h"
 #include "ScriptedHost.h"
 

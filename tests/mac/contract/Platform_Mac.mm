@@ -1,10 +1,11 @@
+#include "Platform.h"
+
 #import <AppKit/AppKit.h>
 #import <objc/runtime.h>
 
 #include <cstdlib>
 
 #include "AppKitSession.h"
-#include "Platform.h"
 
 namespace Platform {
 

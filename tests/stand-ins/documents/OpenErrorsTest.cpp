@@ -1,13 +1,13 @@
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 #include <unistd.h>
-#include <qpdf/Buffer.hh>
-#include <qpdf/QPDF.hh>
-#include <qpdf/QPDFWriter.hh>
 
 #include <cstdlib>
 #include <filesystem>
 #include <memory>
+#include <qpdf/Buffer.hh>
+#include <qpdf/QPDF.hh>
+#include <qpdf/QPDFWriter.hh>
 
 #include "PdfMaker.h"
 #include "ScratchFolder.h"

@@ -1,6 +1,7 @@
 #include "StreamFilters.h"
 
 #include <gtest/gtest.h>
+
 #include <qpdf/Pl_String.hh>
 
 #include "InflateBudget.h"

@@ -1,9 +1,8 @@
-#include "SessionFixture.h"
-
 #include <filesystem>
 #include <fstream>
 
 #include "OpenDocument.h"
+#include "SessionFixture.h"
 
 using headless::LineOutcome;
 using testing::ElementsAre;

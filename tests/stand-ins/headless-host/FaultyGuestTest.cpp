@@ -1,6 +1,6 @@
-#include "HostFixture.h"
-
 #include <filesystem>
+
+#include "HostFixture.h"
 
 using testing::ElementsAre;
 

@@ -1,6 +1,6 @@
-#include "HostFixture.h"
-
 #include <cstring>
+
+#include "HostFixture.h"
 
 class RegistrationSuites : public HostFixture {
 protected:

@@ -1,7 +1,8 @@
-#include "Console.h"
 #include "Report.h"
 
 #include <gtest/gtest.h>
+
+#include "Console.h"
 
 using namespace headless;
 

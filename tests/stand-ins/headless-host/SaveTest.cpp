@@ -1,5 +1,3 @@
-#include "SessionFixture.h"
-
 #include <sys/resource.h>
 #include <sys/stat.h>
 
@@ -13,6 +11,7 @@
 
 #include "ActiveFonts.h"
 #include "OpenDocument.h"
+#include "SessionFixture.h"
 #include "WriteFile.h"
 
 using headless::LineOutcome;

@@ -1,6 +1,5 @@
-#include "SessionFixture.h"
-
 #include "Actions.h"
+#include "SessionFixture.h"
 #include "SessionWords.h"
 
 using headless::LineOutcome;

@@ -1,3 +1,5 @@
+#include "PanelScene.h"
+
 #include <gtest/gtest.h>
 #include <stdlib.h>
 
@@ -5,7 +7,6 @@
 #include <fstream>
 #include <stdexcept>
 
-#include "PanelScene.h"
 #include "PlugPlugEvent.h"
 
 namespace {

@@ -1,3 +1,5 @@
+#include "PanelServer.h"
+
 #include <arpa/inet.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
@@ -6,8 +8,6 @@
 #include <algorithm>
 #include <array>
 #include <stdexcept>
-
-#include "PanelServer.h"
 
 PanelServer::PanelServer() : mListener(socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK, 0))
 {

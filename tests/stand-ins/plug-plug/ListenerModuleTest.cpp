@@ -1,7 +1,8 @@
+#include "ListenerModule.h"
+
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
-#include "ListenerModule.h"
 #include "TestListener.h"
 
 namespace {

@@ -1,6 +1,6 @@
-#include <dlfcn.h>
-
 #include "OpenFramework.h"
+
+#include <dlfcn.h>
 
 OpenFramework::OpenFramework(const std::string& name, const std::string& folder)
     : mHandle(dlopen((folder + "/" + name + ".framework/" + name).c_str(), RTLD_NOW | RTLD_LOCAL))

@@ -1,8 +1,9 @@
+#include "LinkedDocuments.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "CoreSession.h"
-#include "LinkedDocuments.h"
 
 namespace fs = std::filesystem;
 

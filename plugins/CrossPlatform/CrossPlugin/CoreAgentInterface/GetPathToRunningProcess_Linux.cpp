@@ -1,3 +1,5 @@
+#include "GetPathToRunningProcess.h"
+
 #include <dirent.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -8,7 +10,6 @@
 #include <memory>
 
 #include "GFileSystem.h"
-#include "GetPathToRunningProcess.h"
 
 namespace {
 

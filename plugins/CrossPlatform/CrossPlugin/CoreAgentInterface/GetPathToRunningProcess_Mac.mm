@@ -1,6 +1,6 @@
-#import <AppKit/AppKit.h>
-
 #include "GetPathToRunningProcess.h"
+
+#import <AppKit/AppKit.h>
 
 namespace {
 

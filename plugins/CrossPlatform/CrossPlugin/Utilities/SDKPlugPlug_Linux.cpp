@@ -1,8 +1,9 @@
+#include "SDKPlugPlug.h"
+
 #include <string>
 
 #include "Bundle_Linux.h"
 #include "HostPlatformTable_Linux.h"
-#include "SDKPlugPlug.h"
 
 BundleRef OSOpenEventBus()
 {

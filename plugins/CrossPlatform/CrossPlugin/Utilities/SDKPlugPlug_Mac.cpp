@@ -1,6 +1,7 @@
+#include "SDKPlugPlug.h"
+
 #include "CFHolder_Mac.h"
 #include "DllFrameworkUtils_Mac.h"
-#include "SDKPlugPlug.h"
 
 namespace {
 

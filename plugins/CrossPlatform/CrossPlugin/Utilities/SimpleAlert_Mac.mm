@@ -1,6 +1,6 @@
-#import <AppKit/AppKit.h>
-
 #include "SimpleAlert.h"
+
+#import <AppKit/AppKit.h>
 
 namespace {
 

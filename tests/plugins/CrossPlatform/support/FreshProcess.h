@@ -1,12 +1,11 @@
 #pragma once
 
+#include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstdio>
 #include <exception>
-
-#include <gtest/gtest.h>
 
 // Runs the body in a child process: statics that are kept for the life of a process begin anew, so
 // the order of the tests doesn't matter. A failure in the body, or a crash, fails the test.

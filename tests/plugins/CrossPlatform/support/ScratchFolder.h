@@ -1,12 +1,12 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
 #include <string>
-
-#include <gtest/gtest.h>
 
 // A fresh folder below the test's temporary folder, removed with all that is in it at the end.
 class ScratchFolder {

@@ -1,5 +1,3 @@
-#include "DebugUtils.h"
-
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
@@ -8,6 +6,8 @@
 #include <cstdio>
 #include <cstring>
 #include <string>
+
+#include "DebugUtils.h"
 
 // The formatter that the trace uses, observed on its way through.
 namespace {

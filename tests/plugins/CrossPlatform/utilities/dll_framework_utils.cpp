@@ -1,5 +1,3 @@
-#include "DllFrameworkUtils.h"
-
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -7,6 +5,7 @@
 #include <cstring>
 #include <filesystem>
 
+#include "DllFrameworkUtils.h"
 #include "RecordingTrace.h"
 #include "ScratchFolder.h"
 

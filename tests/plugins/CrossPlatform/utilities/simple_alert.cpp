@@ -1,8 +1,7 @@
-#include "SimpleAlert.h"
-
 #include <gtest/gtest.h>
 
 #include "ScriptedHost.h"
+#include "SimpleAlert.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
+#include <gtest/gtest.h>
+
 #include <cstddef>
 #include <string>
 #include <type_traits>
-
-#include <gtest/gtest.h>
 
 #include "SDKPlugPlug.h"
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <sys/types.h>
+
 #include <string>
 
 // A process of the system's own sleep program, copied to the path, whose folder must exist. It runs
