@@ -41,8 +41,9 @@ void InflateBudget::Take(size_t bytes)
 
 void InflateBudget::Check() const
 {
-    if (mExceeded)
+    if (mExceeded) {
         throw TooLarge("too large: inflates to more than " + std::to_string(mLimit >> 20) + " MiB");
+    }
     if (!mIsLate) return;
     char text[64];
     (void)std::snprintf(text, sizeof text, "%g", mSeconds);  // a number always fits

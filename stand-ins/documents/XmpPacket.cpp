@@ -157,8 +157,9 @@ private:
         const size_t equals = mRest.find_first_not_of(kBlanks);
         if (equals == std::string_view::npos || mRest[equals] != '=') return;
         const size_t quote = mRest.find_first_not_of(kBlanks, equals + 1);
-        if (quote == std::string_view::npos || (mRest[quote] != '"' && mRest[quote] != '\''))
+        if (quote == std::string_view::npos || (mRest[quote] != '"' && mRest[quote] != '\'')) {
             return;
+        }
         const size_t end = mRest.find(mRest[quote], quote + 1);
         if (end == std::string_view::npos) return;
         SetProperty(name, mRest.substr(quote + 1, end - quote - 1));

@@ -111,9 +111,11 @@ std::vector<ActiveFont> ListThrowing()
         const std::string name = GetText(pattern, FC_POSTSCRIPT_NAME);
         if (!name.empty()) result.push_back({name, file, GetIndex(pattern)});
     }
-    for (const std::string& file : variableFiles)
-        for (const FontFace& face : GetVariableFontNames().Get(file))
+    for (const std::string& file : variableFiles) {
+        for (const FontFace& face : GetVariableFontNames().Get(file)) {
             result.push_back({face.postScriptName, file, face.index});
+        }
+    }
     return result;
 }
 
@@ -121,9 +123,10 @@ Pattern MatchDefault(FcConfig* config, const std::string& language)
 {
     const Pattern wanted(FcPatternCreate(), FcPatternDestroy);
     if (!wanted) return {nullptr, FcPatternDestroy};
-    if (!language.empty())
+    if (!language.empty()) {
         FcPatternAddString(wanted.get(), FC_LANG,
                            reinterpret_cast<const FcChar8*>(language.c_str()));
+    }
     FcConfigSubstitute(config, wanted.get(), FcMatchPattern);
     FcDefaultSubstitute(wanted.get());
     FcResult outcome = FcResultNoMatch;
@@ -148,8 +151,9 @@ std::string GetDefaultThrowing(const std::string& language)
     if (!config) return {};
     const Pattern match = MatchDefault(config.get(), language);
     if (!match) return {};
-    if (IsOfVariableFont(match.get()))
+    if (IsOfVariableFont(match.get())) {
         return GetNameInFile(GetText(match.get(), FC_FILE), GetIndex(match.get()));
+    }
     return GetText(match.get(), FC_POSTSCRIPT_NAME);
 }
 

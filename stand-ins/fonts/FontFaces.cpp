@@ -49,14 +49,16 @@ std::string GetPlainText(FT_Face face, FT_UInt id, const std::string& also = {})
         FT_SfntName entry = {};
         if (FT_Get_Sfnt_Name(face, position, &entry) != FT_Err_Ok) continue;
         if (entry.name_id != id || entry.platform_id != kWindows ||
-            (entry.language_id & kPrimaryLanguage) != kEnglish)
+            (entry.language_id & kPrimaryLanguage) != kEnglish) {
             continue;
+        }
         std::string text;
         for (FT_UInt byte = 0; byte + 1 < entry.string_len; byte += 2) {
             const FT_Byte low = entry.string[byte + 1];
             if (entry.string[byte] != 0 || low >= 0x80) continue;
-            if (std::isalnum(low) != 0 || also.find(static_cast<char>(low)) != std::string::npos)
+            if (std::isalnum(low) != 0 || also.find(static_cast<char>(low)) != std::string::npos) {
                 text += static_cast<char>(low);
+            }
         }
         if (!text.empty()) return text;
     }
@@ -135,9 +137,10 @@ FontFaces ReadAll(FT_Library library, const std::string& path)
         AddName(GetName(face.get()), face.get(), index, result);
         if (FT_HAS_MULTIPLE_MASTERS(face.get())) AddInstances(library, face.get(), index, result);
     }
-    if (result.faces.empty())
+    if (result.faces.empty()) {
         result.problem =
             firstError == FT_Err_Ok ? "no face in it has a PostScript name" : GetReason(firstError);
+    }
     return result;
 }
 

@@ -70,8 +70,9 @@ public:
             std::clamp<size_t>(std::min(wanted.size(), GetCoreCount()), 1, kMostWorkers);
         bool isWhole = ReadAll(wanted, workers, workers > 1);
         // What was too large beside others gets all the memory.
-        if (isWhole && !mTooLarge.empty())
+        if (isWhole && !mTooLarge.empty()) {
             isWhole = ReadAll(std::exchange(mTooLarge, {}), 1, false);
+        }
         ClearProgress();
         return isWhole ? mStatus : kInterrupted;
     }

@@ -73,8 +73,9 @@ std::string WriteFontsReportAsTable(const FontsReport& report)
     text += report.kind + " (" + report.reader + "), ";
     text += report.fonts.size() == 1 ? "1 font" : std::to_string(report.fonts.size()) + " fonts";
     text += report.isTemplate ? ", template\n" : "\n";
-    for (const std::string& font : report.fonts)
+    for (const std::string& font : report.fonts) {
         text += "    " + console::MakePrintable(font) + "\n";
+    }
     for (const std::string& file : report.linkedDocuments) {
         text += "    placed file: " + console::MakePrintable(file) + "\n";
     }

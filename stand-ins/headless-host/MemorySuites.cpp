@@ -73,8 +73,9 @@ AIErr Initialize(ai::UnicodeString* string, const char* text, size_t byteLength,
                  AICharacterEncoding encoding)
 {
     return Answer(StringRow(), "Initialize", [&](SuiteCall& call) {
-        if (!call.Require(string, "string") || !IsEncoding(call, encoding))
+        if (!call.Require(string, "string") || !IsEncoding(call, encoding)) {
             return kHostBadParameter;
+        }
         if (byteLength > 0 && !call.Require(text, "text")) return kHostBadParameter;
         std::string bytes = byteLength == 0 ? std::string() : std::string(text, byteLength);
         call.Arg("text", bytes);

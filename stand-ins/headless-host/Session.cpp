@@ -14,8 +14,9 @@ namespace {
 std::string ListActionNames()
 {
     std::string names;
-    for (const ActionRow& row : kActions)
+    for (const ActionRow& row : kActions) {
         names += (names.empty() ? "" : ", ") + std::string(row.name);
+    }
     return names;
 }
 

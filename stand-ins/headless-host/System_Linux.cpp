@@ -107,8 +107,9 @@ bool UseHome(const std::string& folder, std::string& error)
         const fs::path path = *row.below == '\0' ? fs::path(folder) : fs::path(folder) / row.below;
         std::error_code code;
         (void)fs::create_directories(path, code);  // false only says that it was there
-        if (!code && !fs::is_directory(path))
+        if (!code && !fs::is_directory(path)) {
             code = std::make_error_code(std::errc::not_a_directory);
+        }
         if (code) {
             error = path.string() + ": " + code.message();
             return false;

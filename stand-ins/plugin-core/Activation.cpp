@@ -98,8 +98,9 @@ bool Activation::AddFile(const std::string& file, int64_t group, ActivationFolde
     const bool isNew = addFile.Bind(file).Bind(link).Bind(group).Step();
     if (isNew) addFile.Run();
     Statement addFace(mDatabase, "INSERT OR IGNORE INTO active_face(name, file) VALUES(?, ?)");
-    for (const std::string& name : mLibrary.GetNamesInFile(file))
+    for (const std::string& name : mLibrary.GetNamesInFile(file)) {
         addFace.Bind(name).Bind(file).Run();
+    }
     if (isNew) links[link] = file;
     return isNew;
 }
@@ -195,8 +196,9 @@ void Activation::Release(const std::string& document, const std::vector<std::str
     (void)Change([&] {  // which files went isn't asked for
         Statement statement(mDatabase,
                             "DELETE FROM hold WHERE document = ? AND holder = ? AND name = ?");
-        for (const std::string& name : names)
+        for (const std::string& name : names) {
             statement.Bind(document).Bind(mHolder).Bind(name).Run();
+        }
         return DeactivateWhatNobodyHolds();
     });
 }
@@ -235,8 +237,9 @@ std::vector<Activation::HoldOfDocument> Activation::ListHolds(const std::string&
                         " ORDER BY document, holder");
     statement.Bind(name);
     std::vector<HoldOfDocument> holds;
-    while (statement.Step())
+    while (statement.Step()) {
         holds.push_back({statement.GetText(0), statement.GetText(1), statement.GetText(2)});
+    }
     return holds;
 }
 
@@ -276,8 +279,9 @@ void Activation::DropHoldsOfGonePrograms(Repairs& repairs)
         repairs.gonePrograms.push_back(mPrograms.Describe(program.identity));
         Statement holds(mDatabase, "SELECT name, document FROM hold WHERE holder = ?");
         holds.Bind(program.identity);
-        while (holds.Step())
+        while (holds.Step()) {
             repairs.droppedHolds.push_back(holds.GetText(0) + " for " + holds.GetText(1));
+        }
         mPrograms.Forget(program.identity);
     }
 }
@@ -290,8 +294,9 @@ std::vector<std::string> Activation::DeactivateWhatNobodyHolds()
         Statement unheld(mDatabase,
                          "SELECT path, group_id FROM active_file"
                          " WHERE path NOT IN (SELECT file FROM hold)");
-        for (; unheld.Step(); touched.insert(unheld.GetNumber(1)))
+        for (; unheld.Step(); touched.insert(unheld.GetNumber(1))) {
             files.push_back(unheld.GetText(0));
+        }
     }
     if (files.empty()) return files;
     mDatabase.Execute("DELETE FROM active_file WHERE path NOT IN (SELECT file FROM hold)");
@@ -311,9 +316,10 @@ std::vector<std::string> Activation::DeactivateWhatNobodyHolds()
 void Activation::MakeFolderEqual(Repairs& repairs)
 {
     mMayDiffer = true;
-    if (const size_t count = mFolder.RemoveLeftovers(); count != 0)
+    if (const size_t count = mFolder.RemoveLeftovers(); count != 0) {
         repairs.folderChanges.push_back("removed " + std::to_string(count) + " half done folder" +
                                         (count == 1 ? "" : "s"));
+    }
     const std::vector<int64_t> known = GetGroups();
     for (const int64_t group : mFolder.List()) {
         if (std::find(known.begin(), known.end(), group) != known.end()) continue;

@@ -62,8 +62,9 @@ void RemoveOthers(const fs::path& folder, const ActivationFolder::Links& links)
     std::vector<fs::path> others;
     std::error_code error;
     fs::directory_iterator entry(folder, error);
-    for (; !error && entry != fs::directory_iterator(); entry.increment(error))
+    for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
         if (links.count(entry->path().filename()) == 0) others.push_back(entry->path());
+    }
     for (const fs::path& other : others) Remove(other);
 }
 
@@ -156,8 +157,9 @@ std::vector<fs::path> ActivationFolder::ListEntries() const
         if (name.size() != 2 || !IsHexDigit(name[0]) || !IsHexDigit(name[1])) continue;
         std::error_code noFolder;
         fs::directory_iterator entry(parent->path(), noFolder);
-        for (; !noFolder && entry != fs::directory_iterator(); entry.increment(noFolder))
+        for (; !noFolder && entry != fs::directory_iterator(); entry.increment(noFolder)) {
             entries.push_back(entry->path());
+        }
     }
     return entries;
 }

@@ -138,9 +138,10 @@ void Core::Idle()
 int Core::GetPanelPort()
 {
     Running& running = GetRunning();
-    if (!running.panel)
+    if (!running.panel) {
         running.panel = std::make_unique<PanelServer>(
             running.panelProtocol, LoadOrMakePanelToken(running.workspace.locations.panelToken));
+    }
     return running.panel->GetPort();
 }
 

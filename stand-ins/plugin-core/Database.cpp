@@ -59,9 +59,10 @@ void UpdateSchema(Database& database, const std::string& file)
     if (GetSchemaVersion(database) == kSchemaVersion) return;
     Transaction transaction(database);
     const int64_t version = GetSchemaVersion(database);
-    if (version > kSchemaVersion)
+    if (version > kSchemaVersion) {
         throw Failure(StatusCodes::kDatabaseError,
                       file + ": written by a newer version of this program");
+    }
     if (version < 1) database.Execute(kSchema);
     if (version < 2) database.Execute(kSchemaOfVersion2);
     if (version < 3) database.Execute(kSchemaOfVersion3);
@@ -79,9 +80,10 @@ Database::Database(const std::filesystem::path& file) : mFile(file)
 {
     std::error_code error;
     std::filesystem::create_directories(file.parent_path(), error);
-    if (error)
+    if (error) {
         throw Failure(StatusCodes::kDatabaseError,
                       file.parent_path().string() + ": cannot be made: " + error.message());
+    }
     sqlite3* connection = nullptr;
     const int result = sqlite3_open(mFile.c_str(), &connection);
     mConnection.reset(connection);
@@ -96,8 +98,9 @@ Database::Database(const std::filesystem::path& file) : mFile(file)
 
 void Database::Execute(const std::string& sql)
 {
-    if (sqlite3_exec(GetConnection(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
+    if (sqlite3_exec(GetConnection(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) {
         ThrowFailure();
+    }
 }
 
 std::string Database::GetChangeMark()
@@ -131,23 +134,26 @@ Statement::Statement(Database& database, const std::string& sql) : mDatabase(dat
 {
     sqlite3_stmt* statement = nullptr;
     if (sqlite3_prepare_v2(database.GetConnection(), sql.c_str(), static_cast<int>(sql.size()),
-                           &statement, nullptr) != SQLITE_OK)
+                           &statement, nullptr) != SQLITE_OK) {
         database.ThrowFailure();
+    }
     mStatement.reset(statement);
 }
 
 Statement& Statement::Bind(const std::string& text)
 {
     if (sqlite3_bind_text(mStatement.get(), ++mBound, text.data(), static_cast<int>(text.size()),
-                          SQLITE_TRANSIENT) != SQLITE_OK)
+                          SQLITE_TRANSIENT) != SQLITE_OK) {
         mDatabase.ThrowFailure();
+    }
     return *this;
 }
 
 Statement& Statement::Bind(int64_t number)
 {
-    if (sqlite3_bind_int64(mStatement.get(), ++mBound, number) != SQLITE_OK)
+    if (sqlite3_bind_int64(mStatement.get(), ++mBound, number) != SQLITE_OK) {
         mDatabase.ThrowFailure();
+    }
     return *this;
 }
 
@@ -191,9 +197,10 @@ Transaction::Transaction(Database& database) : mDatabase(database)
 
 Transaction::~Transaction()
 {
-    if (mOpen)
+    if (mOpen) {
         (void)sqlite3_exec(mDatabase.GetConnection(), "ROLLBACK", nullptr, nullptr,
                            nullptr);  // SQLite may have rolled back by itself
+    }
 }
 
 void Transaction::Commit()

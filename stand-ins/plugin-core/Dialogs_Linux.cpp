@@ -24,8 +24,9 @@ bool ReadNumbers(const std::string& answer, std::vector<bool>& marked)
     for (std::string word; words >> word;) {
         size_t number = 0;
         std::istringstream digits(word);
-        if (!(digits >> number) || !digits.eof() || number < 1 || number > marked.size())
+        if (!(digits >> number) || !digits.eof() || number < 1 || number > marked.size()) {
             return false;
+        }
         marked[number - 1] = true;
         any = true;
     }
@@ -46,10 +47,11 @@ void ShowAlert(const std::string& message, const std::string& information)
     using GetTable = SHostPlatform* (*)();
     const auto getTable = reinterpret_cast<GetTable>(dlsym(RTLD_DEFAULT, "GetHostPlatform"));
     SHostPlatform* platform = getTable ? getTable() : nullptr;
-    if (platform && platform->showAlert)
+    if (platform && platform->showAlert) {
         platform->showAlert(message.c_str(), information.c_str());
-    else
+    } else {
         Report(message + ": " + information);
+    }
 }
 
 bool IsInteractive()
@@ -64,8 +66,9 @@ std::vector<std::string> AskForFonts(const std::vector<std::string>& names, std:
     if (names.empty()) return {};
     for (;;) {
         out << "The document uses fonts that aren't active:\n";
-        for (size_t position = 0; position < names.size(); ++position)
+        for (size_t position = 0; position < names.size(); ++position) {
             out << "  " << position + 1 << "  " << names[position] << '\n';
+        }
         out << "Activate them? (y, n, or numbers) " << std::flush;
         std::string line;
         if (!std::getline(in, line)) return {};
@@ -75,8 +78,9 @@ std::vector<std::string> AskForFonts(const std::vector<std::string>& names, std:
         std::vector<bool> marked(names.size(), false);
         if (!ReadNumbers(answer, marked)) continue;
         std::vector<std::string> chosen;
-        for (size_t position = 0; position < names.size(); ++position)
+        for (size_t position = 0; position < names.size(); ++position) {
             if (marked[position]) chosen.push_back(names[position]);
+        }
         return chosen;
     }
 }

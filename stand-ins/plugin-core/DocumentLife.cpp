@@ -38,8 +38,9 @@ void DocumentLife::Use(const std::string& path, const Names& names)
 
 Names DocumentLife::AddLinked(const std::string& path, Names names, const Names& placed)
 {
-    for (const std::string& name : mWorkspace.linkedDocuments.GetFonts(path, placed))
+    for (const std::string& name : mWorkspace.linkedDocuments.GetFonts(path, placed)) {
         if (std::find(names.begin(), names.end(), name) == names.end()) names.push_back(name);
+    }
     return names;
 }
 
@@ -71,8 +72,9 @@ std::string DocumentLife::Open(const std::string& path, const std::string& fonts
     const std::set<std::string> held = mWorkspace.activation.Hold(path, names);
     const Workspace::ActiveNames active = mWorkspace.ListActive();
     // Somebody may have cleared the folder meanwhile.
-    if (!std::includes(active.ours.begin(), active.ours.end(), held.begin(), held.end()))
+    if (!std::includes(active.ours.begin(), active.ours.end(), held.begin(), held.end())) {
         (void)mWorkspace.activation.Repair();  // what was repaired is told by nobody
+    }
     if (mode == ActivationMode::kOff) return {};
     return WriteFontNames(mWorkspace.KeepThoseInLibrary(Select(names, [&](const auto& name) {
         return held.count(name) == 0 && active.others.count(name) == 0;
@@ -85,15 +87,17 @@ Names DocumentLife::Choose(const Names& names, ActivationMode mode)
     if (mode == ActivationMode::kAutomatic) return names;
     const Names open = Select(names, [this](const auto& name) { return !mRefusals.Has(name); });
     if (!IsInteractive()) {
-        if (!open.empty())
+        if (!open.empty()) {
             Report("fonts are to be asked for and there is no terminal to ask on; not activated: " +
                    JoinNames(open));
+        }
         for (const std::string& name : open) mRefusals.Add(name);
         return {};
     }
     Names chosen = AskForFonts(open, std::cin, std::cerr);
-    for (const std::string& name : open)
+    for (const std::string& name : open) {
         if (std::find(chosen.begin(), chosen.end(), name) == chosen.end()) mRefusals.Add(name);
+    }
     return chosen;
 }
 
@@ -108,17 +112,19 @@ int DocumentLife::ActivateInactive(const std::string& path, const Names& wanted)
 {
     if (wanted.empty()) return 0;
     const Activation::Outcome outcome = mWorkspace.activation.Activate(path, wanted);
-    if (!outcome.failed.empty())
+    if (!outcome.failed.empty()) {
         throw Failure(StatusCodes::kNotFound,
                       "no readable file of the font library has " + JoinNames(outcome.failed));
+    }
     if (outcome.activated.empty()) return 0;
     const Workspace::ActiveNames after = mWorkspace.ListActive();
     const Names unseen =
         Select(outcome.activated, [&](const auto& name) { return after.ours.count(name) == 0; });
-    if (!unseen.empty())
+    if (!unseen.empty()) {
         throw Failure(StatusCodes::kError,
                       mWorkspace.locations.activationFolder.string() +
                           ": fontconfig doesn't see what is activated there: " + JoinNames(unseen));
+    }
     return static_cast<int>(outcome.activated.size());
 }
 
@@ -163,8 +169,9 @@ void DocumentLife::Save(const std::string& path, const std::string& usageText, A
     ActivateNew(path, names, mode);
     const std::set<std::string>& used = mUsed[path];
     Names gone;
-    for (const std::string& name : mWorkspace.activation.GetHeld(path))
+    for (const std::string& name : mWorkspace.activation.GetHeld(path)) {
         if (used.count(name) == 0) gone.push_back(name);
+    }
     mWorkspace.activation.Release(path, gone);
 }
 
@@ -187,8 +194,9 @@ void DocumentLife::Close(const std::string& path, const std::string& usage)
 {
     Drop(path);
     Names gone;
-    for (auto& [saved, among] : mSavedAmong)
+    for (auto& [saved, among] : mSavedAmong) {
         if (among.erase(path) != 0 && among.empty()) gone.push_back(saved);
+    }
     for (const std::string& saved : gone) Drop(saved);
     if (usage.empty() || IsTemplate(path)) return;
     (void)ReadUsage(usage);  // throws what is wrong with it, before it takes a good one's place
@@ -198,8 +206,9 @@ void DocumentLife::Close(const std::string& path, const std::string& usage)
 void DocumentLife::Update(const std::string& id, const std::string& usageText)
 {
     const Usage usage = usageText.empty() ? Usage() : ReadUsage(usageText);
-    if (!mWorkspace.documents.StoreUsageOfId(id, usageText))
+    if (!mWorkspace.documents.StoreUsageOfId(id, usageText)) {
         throw Failure(StatusCodes::kNotFound, "no document has the id \"" + id + "\"");
+    }
     const std::string path = mWorkspace.documents.GetPath(id);
     if (path.empty() || !usage.fonts) return;
     Use(path, AddLinked(path, *usage.fonts, usage.linkedDocuments.value_or(Names())));
@@ -246,8 +255,9 @@ Names DocumentLife::ReleaseUnused()
         if (known == mUsed.end() && !document.empty()) continue;
         const std::set<std::string>& used = document.empty() ? usedByAny : known->second;
         Names unused;
-        for (const std::string& name : mWorkspace.activation.GetHeld(document))
+        for (const std::string& name : mWorkspace.activation.GetHeld(document)) {
             if (used.count(name) == 0) unused.push_back(name);
+        }
         mWorkspace.activation.Release(document, unused);
     }
     const std::set<std::string> after = mWorkspace.activation.GetActive();

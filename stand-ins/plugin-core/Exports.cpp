@@ -113,8 +113,9 @@ unsigned int GetMenus(const char* documentPath, char* buffer, size_t* ioSize)
     const CallRecord call(__func__, [&] {
         return nlohmann::json::object({{"documentPath", Told(documentPath)}});
     });
-    if (IsAnyNull(documentPath) || !ioSize || (!buffer && *ioSize != 0))
+    if (IsAnyNull(documentPath) || !ioSize || (!buffer && *ioSize != 0)) {
         return StatusCodes::kNullPointer;
+    }
     const unsigned int status = Guard(__func__, [&] {
         const std::string menus = GetCore().GetMenus(documentPath);
         if (!buffer || *ioSize <= menus.size()) {
@@ -184,8 +185,9 @@ unsigned int HandleMenuSelection(const char* documentId, const char* lastKnownMe
                                        {"menuKey", Told(menuKey)},
                                        {"fontUsageJson", Told(fontUsageJson)}});
     });
-    if (IsAnyNull(documentId, lastKnownMenuState, menuKey, fontUsageJson))
+    if (IsAnyNull(documentId, lastKnownMenuState, menuKey, fontUsageJson)) {
         return StatusCodes::kNullPointer;
+    }
     return call.Return(Guard(__func__, [&] {
         GetCore().SelectMenu(menuKey, documentId, fontUsageJson);
         return StatusCodes::kSuccess;

@@ -29,8 +29,9 @@ std::vector<fs::directory_entry> ListEntries(const std::string& folder)
     std::vector<fs::directory_entry> entries;
     std::error_code error;
     fs::directory_iterator entry(folder, error);
-    for (; !error && entry != fs::directory_iterator(); entry.increment(error))
+    for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
         entries.push_back(*entry);
+    }
     return entries;
 }
 
@@ -42,10 +43,11 @@ std::vector<std::string> Walk(const std::string& root, Visit visit)
     for (size_t position = 0; position < folders.size(); ++position) {
         for (const fs::directory_entry& entry : ListEntries(folders[position])) {
             std::error_code noStatus;
-            if (fs::is_directory(entry.symlink_status(noStatus)))
+            if (fs::is_directory(entry.symlink_status(noStatus))) {
                 folders.push_back(entry.path());
-            else
+            } else {
                 visit(entry.path());
+            }
         }
     }
     return folders;
@@ -60,8 +62,9 @@ std::vector<FontFileState> ListFontFiles(const std::string& folder)
     (void)Walk(folder, [&files](const fs::path& path) {  // which folders there are isn't asked for
         struct stat status = {};
         if (!IsFontByExtension(path) || stat(path.c_str(), &status) != 0 ||
-            !S_ISREG(status.st_mode))
+            !S_ISREG(status.st_mode)) {
             return;
+        }
         const int64_t modified =
             status.st_mtim.tv_sec * kNanosecondsPerSecond + status.st_mtim.tv_nsec;
         files.push_back({path, modified, status.st_size});

@@ -40,9 +40,11 @@ std::vector<std::string> ReadNames(const json& array)
 std::vector<std::string> ReadPaths(const json& array)
 {
     std::vector<std::string> paths;
-    for (const json& entry : array)
-        if (entry.is_string() && !entry.get_ref<const std::string&>().empty())
+    for (const json& entry : array) {
+        if (entry.is_string() && !entry.get_ref<const std::string&>().empty()) {
             paths.push_back(entry.get<std::string>());
+        }
+    }
     return paths;
 }
 

@@ -22,9 +22,10 @@ std::map<std::string, KnownFile> LoadKnownFiles(Database& database, const std::s
     Statement statement(database,
                         "SELECT path, id, modified, size FROM font_file WHERE library = ?");
     statement.Bind(folder);
-    while (statement.Step())
+    while (statement.Step()) {
         known[statement.GetText(0)] = {statement.GetNumber(1), statement.GetNumber(2),
                                        statement.GetNumber(3)};
+    }
     return known;
 }
 
@@ -72,8 +73,9 @@ std::string QuoteForJson(const std::string& text)
 std::string GetFoldersAsJson(const std::vector<std::string>& folders)
 {
     std::string text = "[";
-    for (const std::string& folder : folders)
+    for (const std::string& folder : folders) {
         text += (text.size() > 1 ? "," : "") + QuoteForJson(folder);
+    }
     return text + "]";
 }
 
@@ -132,8 +134,9 @@ void FontLibrary::RefreshFolder(const std::string& folder)
     Statement remove(mDatabase,
                      "DELETE FROM font_file"
                      " WHERE id = ? AND path = ? AND modified = ? AND size = ?");
-    for (const auto& [path, file] : gone)
+    for (const auto& [path, file] : gone) {
         remove.Bind(file.id).Bind(path).Bind(file.modified).Bind(file.size).Run();
+    }
     Store(mDatabase, folder, changed);
     transaction.Commit();
 }

@@ -32,8 +32,9 @@ std::vector<Library> ListLibraries(const std::vector<std::string>& roots,
     for (const std::string& root : roots) AddSubfolders(root, libraries);
     for (const std::string& folder : added) {
         std::error_code error;
-        if (fs::is_directory(folder, error))
+        if (fs::is_directory(folder, error)) {
             libraries.push_back({fs::path(folder).filename(), folder});
+        }
     }
     std::sort(libraries.begin(), libraries.end(), [](const Library& left, const Library& right) {
         return std::tie(left.name, left.path) < std::tie(right.name, right.path);
@@ -61,9 +62,11 @@ std::vector<std::string> LibraryFolders::GetAdded()
 std::vector<std::string> LibraryFolders::GetFolders()
 {
     std::vector<std::string> folders = mRoots;
-    for (const std::string& folder : GetAdded())
-        if (std::find(folders.begin(), folders.end(), folder) == folders.end())
+    for (const std::string& folder : GetAdded()) {
+        if (std::find(folders.begin(), folders.end(), folder) == folders.end()) {
             folders.push_back(folder);
+        }
+    }
     return folders;
 }
 

@@ -62,8 +62,9 @@ struct LinkedDocuments::Walk {
 
     void Add(const std::vector<std::string>& names)
     {
-        for (const std::string& name : names)
+        for (const std::string& name : names) {
             if (seen.insert(name).second) fonts.push_back(name);
+        }
     }
 };
 
@@ -104,8 +105,9 @@ std::vector<std::string> LinkedDocuments::GetFonts(const std::string& document,
     walk.end = Clock::now() + std::chrono::milliseconds(std::llround(mSeconds * 1000));
     walk.above.push_back(GetRealPath(document));
     const fs::path folder = fs::path(document).parent_path();
-    for (const std::string& file : placed)
+    for (const std::string& file : placed) {
         if (folder.is_absolute() || fs::path(file).is_absolute()) Visit(folder / file, walk);
+    }
     return std::move(walk.fonts);
 }
 
@@ -136,8 +138,9 @@ void LinkedDocuments::Visit(const std::string& file, Walk& walk)
     const DocumentContent content = entry.content;  // the visits below may move the entry
     walk.Add(content.fonts);
     walk.above.push_back(real);
-    for (const std::string& inner : content.linkedFiles)
+    for (const std::string& inner : content.linkedFiles) {
         Visit(fs::path(real).parent_path() / inner, walk);
+    }
     walk.above.pop_back();
 }
 

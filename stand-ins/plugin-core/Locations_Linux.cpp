@@ -22,9 +22,10 @@ fs::path GetFolder(const char* variable, const char* belowHome)
     fs::path told = GetVariable(variable);
     if (told.is_absolute()) return told;
     const fs::path home = GetVariable("HOME");
-    if (!home.is_absolute())
+    if (!home.is_absolute()) {
         throw Failure(StatusCodes::kError,
                       std::string("no home folder: neither ") + variable + " nor HOME is set");
+    }
     return home / belowHome;
 }
 
@@ -36,8 +37,9 @@ std::vector<std::string> GetLibrariesOfEnvironment()
         if (part.empty()) continue;
         fs::path folder = fs::absolute(part).lexically_normal();
         if (!folder.has_filename() && folder.has_relative_path()) folder = folder.parent_path();
-        if (std::find(folders.begin(), folders.end(), folder) == folders.end())
+        if (std::find(folders.begin(), folders.end(), folder) == folders.end()) {
             folders.push_back(folder);
+        }
     }
     return folders;
 }

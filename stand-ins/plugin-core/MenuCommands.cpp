@@ -64,8 +64,9 @@ void MenuCommands::Select(const std::string& id, const std::string& documentId,
 std::string MenuCommands::GetPath(const std::string& documentId)
 {
     std::string path = documentId.empty() ? documentId : mWorkspace.documents.GetPath(documentId);
-    if (path.empty())
+    if (path.empty()) {
         ShowAlert("Corvanta Fonts", "There is no document with a file. Save the document first.");
+    }
     return path;
 }
 
@@ -93,11 +94,13 @@ std::string MenuCommands::GetReason(const std::string& path, const std::string& 
     const std::string file = mWorkspace.library.FindAnywhere(name).value_or("");
     if (file.empty()) return "in no font library";
     if (!IsReadable(file)) return "its file cannot be read: " + file;
-    if (!mWorkspace.library.Find(name))
+    if (!mWorkspace.library.Find(name)) {
         return "not in the selected library " + mWorkspace.library.GetSelection();
+    }
     const std::string setting = mSettings.Get(mWorkspace.locations.settings, kActivationSetting);
-    if (ReadActivationMode(setting) == ActivationMode::kOff)
+    if (ReadActivationMode(setting) == ActivationMode::kOff) {
         return "in the font library; activation is off";
+    }
     if (mLife.IsRefused(path, name)) return "in the font library; not chosen for this document";
     return "in the font library; not activated yet";
 }
@@ -134,8 +137,9 @@ void MenuCommands::AddFolder()
     const fs::path folder = fs::canonical(answer, error);
     if (error) return ShowAlert(kTitle, answer + ": " + error.message());
     if (!fs::is_directory(folder, error)) return ShowAlert(kTitle, answer + ": not a folder");
-    if (!mWorkspace.folders.Add(folder))
+    if (!mWorkspace.folders.Add(folder)) {
         return ShowAlert(kTitle, folder.string() + ": is in the font library already");
+    }
     mWorkspace.ApplyLibraryChoice();
     mWorkspace.library.Refresh();
     mLibrariesChanged();

@@ -43,11 +43,12 @@ struct HostMenu {
             const unsigned int status =
                 callback(id.c_str(), label.c_str(), title.c_str(), node.at("checked").get<bool>(),
                          node.at("enabled").get<bool>(), hasSubmenu, parent, help);
-            if (status == StatusCodes::kSuccess)
+            if (status == StatusCodes::kSuccess) {
                 AddAll(child, label.c_str());
-            else
+            } else {
                 Report("the host refused the menu item \"" + label + "\" with status " +
                        std::to_string(status));
+            }
         }
     }
 };
@@ -57,8 +58,9 @@ struct HostMenu {
 void AddMenus(const std::string& menusJson, AddIllustratorMenuFunction callback, MenuItemHelp* help)
 {
     const json root = json::parse(menusJson, nullptr, false);
-    if (!IsNode(root))
+    if (!IsNode(root)) {
         throw Failure(StatusCodes::kInvalidParam, "the menu text isn't a tree of menu items");
+    }
     HostMenu{callback, help}.AddAll(root.at("child"), nullptr);
 }
 

@@ -111,9 +111,10 @@ void PanelClient::Leave()
 
 bool PanelClient::Step(const std::string& token, const Serve& serve, int64_t now)
 {
-    if (mPhase != Phase::kGone && !mInputEnded && mInput.size() <= PanelLimits::kLine)
+    if (mPhase != Phase::kGone && !mInputEnded && mInput.size() <= PanelLimits::kLine) {
         mInputEnded = mConnection.Receive(mInput, PanelLimits::kReadInATick) ==
                       PanelConnection::State::kEnded;
+    }
     if (mPhase == Phase::kStranger) Meet(token, now);
     if (mPhase == Phase::kServed) ServeRequests(serve, now);
     if (mPhase == Phase::kLeaving) {
@@ -122,8 +123,9 @@ bool PanelClient::Step(const std::string& token, const Serve& serve, int64_t now
     }
     if (mPhase != Phase::kGone) Flush();
     Leave();
-    if (mPhase == Phase::kLeaving && now - mSince >= PanelLimits::kFarewellMilliseconds)
+    if (mPhase == Phase::kLeaving && now - mSince >= PanelLimits::kFarewellMilliseconds) {
         mPhase = Phase::kGone;
+    }
     return mPhase != Phase::kGone;
 }
 

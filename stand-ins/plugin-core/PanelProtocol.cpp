@@ -30,9 +30,10 @@ int64_t ReadNumber(const json& request, const char* key, int64_t fallback, int64
 {
     const auto member = request.find(key);
     if (member == request.end()) return fallback;
-    if (!member->is_number_unsigned() || member->get<uint64_t>() > static_cast<uint64_t>(most))
+    if (!member->is_number_unsigned() || member->get<uint64_t>() > static_cast<uint64_t>(most)) {
         throw MakeFailure(std::string("\"") + key + "\" isn't a number from 0 to " +
                           std::to_string(most));
+    }
     return member->get<int64_t>();
 }
 
@@ -49,15 +50,19 @@ Names ReadFonts(const json& request)
     const auto member = request.find("fonts");
     const auto isText = [](const json& name) { return name.is_string(); };
     if (member == request.end() || !member->is_array() ||
-        !std::all_of(member->begin(), member->end(), isText))
+        !std::all_of(member->begin(), member->end(), isText)) {
         throw MakeFailure("\"fonts\" isn't an array of names");
-    if (member->size() > static_cast<size_t>(kMostFonts))
+    }
+    if (member->size() > static_cast<size_t>(kMostFonts)) {
         throw MakeFailure("\"fonts\" has more than " + std::to_string(kMostFonts) + " names");
+    }
     Names names;
-    for (const json& name : *member)
+    for (const json& name : *member) {
         if (std::find(names.begin(), names.end(), name.get_ref<const std::string&>()) ==
-            names.end())
+            names.end()) {
             names.push_back(name.get<std::string>());
+        }
+    }
     return names;
 }
 
@@ -67,11 +72,12 @@ json PanelProtocol::ListLibraries()
 {
     const std::string selected = mWorkspace.folders.GetSelected();
     json libraries = json::array();
-    for (const Library& library : mWorkspace.folders.List())
+    for (const Library& library : mWorkspace.folders.List()) {
         libraries.push_back({{"name", library.name},
                              {"path", library.path},
                              {"selected", library.path == selected},
                              {"fonts", mWorkspace.library.CountNames(library.path)}});
+    }
     return json::object({{"libraries", std::move(libraries)}});
 }
 
@@ -105,9 +111,10 @@ json PanelProtocol::Activate(const json& request)
     const Workspace::ActiveNames active = mWorkspace.ListActive();
     Names alreadyActive;
     Names inactive;
-    for (const std::string& name : names)
+    for (const std::string& name : names) {
         (held.count(name) + active.others.count(name) != 0 ? alreadyActive : inactive)
             .push_back(name);
+    }
     const Names wanted = mWorkspace.KeepThoseInLibrary(inactive);
     Names missing;
     std::copy_if(inactive.begin(), inactive.end(), std::back_inserter(missing),
@@ -126,14 +133,16 @@ json PanelProtocol::Deactivate(const json& request)
     const std::set<std::string> ours = mWorkspace.activation.GetHeld(kPanel);
     Names released;
     Names notActivated;
-    for (const std::string& name : ReadFonts(request))
+    for (const std::string& name : ReadFonts(request)) {
         (ours.count(name) != 0 ? released : notActivated).push_back(name);
+    }
     mWorkspace.activation.Release(kPanel, released);
     const std::set<std::string> active = mWorkspace.activation.GetActive();
     Names held;
     Names deactivated;
-    for (const std::string& name : released)
+    for (const std::string& name : released) {
         (active.count(name) != 0 ? held : deactivated).push_back(name);
+    }
     return json::object(
         {{"deactivated", deactivated}, {"held", held}, {"notActivated", notActivated}});
 }
@@ -148,18 +157,19 @@ PanelProtocol::Answer PanelProtocol::Serve(const std::string& line)
         if (!request.is_object()) throw MakeFailure("the line isn't a JSON object");
         if (request.find("id") != request.end()) id = request.at("id");
         const std::string operation = ReadText(request, "op");
-        if (operation == "libraries")
+        if (operation == "libraries") {
             result = ListLibraries();
-        else if (operation == "fonts")
+        } else if (operation == "fonts") {
             result = ListFonts(request);
-        else if (operation == "activate")
+        } else if (operation == "activate") {
             result = Activate(request);
-        else if (operation == "deactivate")
+        } else if (operation == "deactivate") {
             result = Deactivate(request);
-        else if (operation == "subscribe")
+        } else if (operation == "subscribe") {
             answer.subscribes = true;
-        else
+        } else {
             throw MakeFailure("there is no such operation");
+        }
         result["ok"] = true;
     } catch (const std::exception& failure) {
         result = json::object({{"ok", false}, {"error", failure.what()}});

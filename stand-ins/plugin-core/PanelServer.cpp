@@ -36,19 +36,22 @@ void PanelServer::AcceptClients(int64_t now)
         std::optional<PanelConnection> connection = mListener.Accept();
         if (!connection) return;
         PanelClient client(*std::move(connection), now);
-        if (MakeRoom())
+        if (MakeRoom()) {
             mClients.push_back(std::move(client));
-        else
+        } else {
             client.TurnAway();
+        }
     }
 }
 
 void PanelServer::TellSubscribers()
 {
     if (!mHasSubscribers) return;
-    for (const std::string& event : mProtocol.TakeEvents())
-        for (PanelClient& client : mClients)
+    for (const std::string& event : mProtocol.TakeEvents()) {
+        for (PanelClient& client : mClients) {
             if (client.IsSubscriber()) client.Tell(event);
+        }
+    }
 }
 
 void PanelServer::CountSubscribers()
@@ -66,8 +69,9 @@ void PanelServer::Serve()
     if (mClients.empty()) return;
     const auto serve = [this](const std::string& line) { return mProtocol.Serve(line); };
     TellSubscribers();
-    for (auto client = mClients.begin(); client != mClients.end();)
+    for (auto client = mClients.begin(); client != mClients.end();) {
         client = client->Step(mToken, serve, now) ? std::next(client) : mClients.erase(client);
+    }
     CountSubscribers();
 }
 

@@ -53,8 +53,9 @@ std::string Load(const fs::path& file)
 std::string MakeToken(const fs::path& file)
 {
     std::array<unsigned char, kDigits / 2> bytes;
-    if (getrandom(bytes.data(), bytes.size(), 0) != static_cast<ssize_t>(bytes.size()))
+    if (getrandom(bytes.data(), bytes.size(), 0) != static_cast<ssize_t>(bytes.size())) {
         Throw(file, "no random numbers for the panel's token");
+    }
     constexpr const char* kHex = "0123456789abcdef";
     std::string token;
     for (const unsigned char byte : bytes) {
@@ -110,8 +111,9 @@ bool IsSameToken(const std::string& left, const std::string& right)
 {
     if (left.size() != right.size()) return false;
     unsigned int difference = 0;
-    for (size_t position = 0; position < left.size(); ++position)
+    for (size_t position = 0; position < left.size(); ++position) {
         difference |= static_cast<unsigned int>(left[position] ^ right[position]);
+    }
     return difference == 0;
 }
 

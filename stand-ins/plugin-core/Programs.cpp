@@ -15,10 +15,12 @@ void Programs::Enter(const std::string& name)
 std::optional<Programs::Program> Programs::EnterAlone(const std::string& name)
 {
     Transaction transaction(mDatabase);
-    for (const Program& program : List())
+    for (const Program& program : List()) {
         if (program.name == name && program.identity != mIdentity &&
-            IsProcessAlive(program.identity))
+            IsProcessAlive(program.identity)) {
             return program;
+        }
+    }
     Enter(name);
     transaction.Commit();
     return std::nullopt;
@@ -56,8 +58,9 @@ void Programs::Forget(const std::string& identity)
 {
     for (const char* const sql : {"DELETE FROM hold WHERE holder = ?",
                                   "DELETE FROM document WHERE path IS NULL AND holder = ?",
-                                  "DELETE FROM program WHERE identity = ?"})
+                                  "DELETE FROM program WHERE identity = ?"}) {
         Statement(mDatabase, sql).Bind(identity).Run();
+    }
 }
 
 std::string Programs::Describe(const std::string& identity)

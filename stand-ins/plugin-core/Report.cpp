@@ -13,10 +13,11 @@ void SetReportSink(ReportSink sink) { sSink = sink; }
 
 void Report(const std::string& line)
 {
-    if (sSink)
+    if (sSink) {
         sSink(line);
-    else
+    } else {
         std::cerr << "PluginCore: " + line + "\n" << std::flush;
+    }
 }
 
 }  // namespace plugincore

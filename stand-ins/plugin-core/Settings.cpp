@@ -48,10 +48,11 @@ void Settings::Set(const fs::path& file, const std::string& key, const std::stri
         std::ifstream stream(file, std::ios::binary);
         const std::string text{std::istreambuf_iterator<char>(stream), {}};
         settings = json::parse(text, nullptr, false);
-        if (!settings.is_object())
+        if (!settings.is_object()) {
             throw Failure(StatusCodes::kError, file.string() +
                                                    ": isn't a JSON object, and is left "
                                                    "as it is");
+        }
     }
     settings[key] = value;
     WriteFileAtomically(file, settings.dump(2, ' ', false, json::error_handler_t::replace) + "\n");
@@ -85,10 +86,11 @@ void Settings::Read(const fs::path& file)
         return;
     }
     for (const auto& [key, member] : value.items()) {
-        if (member.is_string())
+        if (member.is_string()) {
             mValues[key] = member.get<std::string>();
-        else
+        } else {
             Report(file.string() + ": the setting \"" + key + "\" isn't a string and is left out");
+        }
     }
 }
 

@@ -75,8 +75,9 @@ void Workspace::ApplyLibraryChoice()
 Workspace::ActiveNames Workspace::ListActive() const
 {
     ActiveNames names;
-    for (const auto& [name, active] : ListActiveFiles())
+    for (const auto& [name, active] : ListActiveFiles()) {
         (active.isOurs ? names.ours : names.others).insert(name);
+    }
     return names;
 }
 
@@ -84,8 +85,9 @@ std::multimap<std::string, Workspace::ActiveFile> Workspace::ListActiveFiles() c
 {
     std::multimap<std::string, ActiveFile> files;
     const fs::path& folder = activation.GetFolder().GetPath();
-    for (const fonts::ActiveFont& font : fonts::ListActiveFonts())
+    for (const fonts::ActiveFont& font : fonts::ListActiveFonts()) {
         files.insert({font.postScriptName, {font.file, IsBelow(font.file, folder)}});
+    }
     return files;
 }
 

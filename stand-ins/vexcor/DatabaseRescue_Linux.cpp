@@ -25,25 +25,29 @@ fs::path PutAside(const fs::path& database)
 {
     // Who has it open would go on with the old one.
     std::string users;
-    for (const int process : ListProcessesWithOpenFile(database))
+    for (const int process : ListProcessesWithOpenFile(database)) {
         users += (users.empty() ? "" : ", ") + std::to_string(process);
-    if (!users.empty())
+    }
+    if (!users.empty()) {
         throw Failure(
             StatusCodes::kDatabaseError,
             database.string() + ": is damaged, and open in process " + users + "; end that first");
+    }
     std::error_code error;
     fs::path aside;
-    for (int number = 1; aside.empty() || fs::exists(aside, error); ++number)
+    for (int number = 1; aside.empty() || fs::exists(aside, error); ++number) {
         aside = database.string() + ".damaged-" + std::to_string(number);
+    }
     // The rows that aren't in the database itself yet go with it, and before it: a new database
     // must never meet them.
     for (const char* const suffix : {"-wal", "-journal", "-shm", ""}) {
         const fs::path file = database.string() + suffix;
         if (!fs::exists(file, error)) continue;
         fs::rename(file, aside.string() + suffix, error);
-        if (error)
+        if (error) {
             throw Failure(StatusCodes::kDatabaseError,
                           file.string() + ": cannot be moved: " + error.message());
+        }
     }
     return aside;
 }

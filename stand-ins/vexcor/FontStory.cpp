@@ -30,8 +30,9 @@ std::string GetReasonOfInactive(Workspace& workspace, const FontStory& story)
 {
     if (story.file.empty()) return "in no font library";
     if (!IsReadable(story.file)) return "its file cannot be read";
-    if (!workspace.library.Find(story.name))
+    if (!workspace.library.Find(story.name)) {
         return "not in the selected library " + workspace.library.GetSelection();
+    }
     if (IsOff(workspace)) return "activation is off";
     return "no open document holds it";
 }
@@ -45,17 +46,20 @@ std::string GetReasonOfActivated(Workspace& workspace, const FontStory& story, b
 
 void AddHolders(Workspace& workspace, FontStory& story)
 {
-    for (const Activation::HoldOfDocument& hold : workspace.activation.ListHolds(story.name))
+    for (const Activation::HoldOfDocument& hold : workspace.activation.ListHolds(story.name)) {
         story.holders.push_back(
             {hold.document.empty() ? "a document without a file" : hold.document,
              workspace.programs.Describe(hold.holder)});
+    }
 }
 
 void AddBadFiles(Workspace& workspace, FontStory& story)
 {
-    for (const auto& bad : workspace.library.ListBadFiles())
-        if (std::filesystem::path(bad.path).stem() == story.name)
+    for (const auto& bad : workspace.library.ListBadFiles()) {
+        if (std::filesystem::path(bad.path).stem() == story.name) {
             story.badFiles.push_back(bad.path + ": " + bad.problem);
+        }
+    }
 }
 
 }  // namespace
@@ -104,8 +108,9 @@ std::string WriteStoryAsText(const FontStory& story)
         text += std::string("    ") + what + ": " + console::MakePrintable(value) + "\n";
     };
     if (!story.file.empty()) add("file", story.file);
-    for (const FontStory::Holder& holder : story.holders)
+    for (const FontStory::Holder& holder : story.holders) {
         add("held by", holder.document + ", open in " + holder.program);
+    }
     for (const std::string& file : story.otherFiles) add("other file with this name", file);
     for (const std::string& name : story.similarNames) add("similar name", name);
     for (const std::string& file : story.badFiles) add("file of no use", file);
@@ -115,8 +120,9 @@ std::string WriteStoryAsText(const FontStory& story)
 std::string WriteStoryAsJson(const FontStory& story)
 {
     json holders = json::array();
-    for (const FontStory::Holder& holder : story.holders)
+    for (const FontStory::Holder& holder : story.holders) {
         holders.push_back({{"document", holder.document}, {"program", holder.program}});
+    }
     const json value = {{"PostScriptName", story.name},
                         {"state", story.state},
                         {"reason", story.reason},

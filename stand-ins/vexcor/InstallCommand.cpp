@@ -14,9 +14,10 @@ namespace vexcor {
 int RunInstallCommand()
 {
     const std::string program = GetProgramPath();
-    if (program.find_first_of("\r\n") != std::string::npos)
+    if (program.find_first_of("\r\n") != std::string::npos) {
         throw plugincore::Failure(plugincore::StatusCodes::kError,
                                   program + ": a line break in the path can't be written");
+    }
     const std::filesystem::path file = GetLaunchInformationFile();
     const std::string before = ReadSmallFile(file);
     const std::string after = SetVexcorPath(before, program);

@@ -28,8 +28,9 @@ bool IsOurs(const std::string& line) { return line.rfind(std::string(kKey) + "="
 std::string DropPaths(const std::string& line)
 {
     std::string kept;
-    for (const std::string& part : Cut(line, '\r'))
+    for (const std::string& part : Cut(line, '\r')) {
         if (!IsOurs(part)) kept += part;
+    }
     if (kept == line) return line;
     if (kept == "\n") return {};
     if (!kept.empty() && kept.back() != '\n' && line.back() == '\n') kept += '\n';

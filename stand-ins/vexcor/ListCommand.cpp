@@ -14,8 +14,9 @@ std::set<std::string> GetNames(plugincore::Workspace& workspace)
 {
     constexpr int64_t kNoLimit = -1;
     std::set<std::string> names = workspace.activation.GetActive();
-    for (std::string& name : workspace.library.ListNames("", 0, kNoLimit))
+    for (std::string& name : workspace.library.ListNames("", 0, kNoLimit)) {
         names.insert(std::move(name));
+    }
     return names;
 }
 
@@ -40,8 +41,9 @@ int RunListCommand(plugincore::Workspace& workspace, const Options& options)
         line.resize(width + 2 + std::string("activated  ").size(), ' ');
         text += line + console::MakePrintable(story.file) + "\n";
     }
-    for (const auto& bad : workspace.library.ListBadFiles())
+    for (const auto& bad : workspace.library.ListBadFiles()) {
         console::Tell(bad.path + ": skipped: " + bad.problem);
+    }
     return console::Print(text) ? kDone : kFileFailed;
 }
 

@@ -23,13 +23,15 @@ constexpr char kAboutFiles[] =
 std::string WriteReadme()
 {
     std::string commands;
-    for (const CommandRow& row : kCommands)
+    for (const CommandRow& row : kCommands) {
         commands += MakeRow(row.name + (row.operand ? " " + std::string(row.operand) : "") +
                                 (row.hasJson ? " [--json]" : ""),
                             row.help);
+    }
     std::string statuses;
-    for (const ExitStatusRow& row : kExitStatuses)
+    for (const ExitStatusRow& row : kExitStatuses) {
         statuses += MakeRow(std::to_string(row.status), row.meaning);
+    }
     return "# Vexcor\n\n    Vexcor COMMAND [OPTION]...\n\n"
            "The font manager's own program: it keeps the font library that PluginCore activates\n"
            "from. This page is what `Vexcor --readme` prints.\n\n## Commands\n\n"

@@ -31,8 +31,9 @@ namespace {
 std::string MakeFooter()
 {
     std::string text = "Exit status:\n";
-    for (const ExitStatusRow& row : kExitStatuses)
+    for (const ExitStatusRow& row : kExitStatuses) {
         text += "    " + std::to_string(row.status) + "  " + row.meaning + "\n";
+    }
     return text;
 }
 
@@ -68,8 +69,9 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, Options& option
     std::vector<CLI::App*> commands;
     for (const CommandRow& row : kCommands) {
         CLI::App* const command = app.add_subcommand(row.name, row.help);
-        if (row.operand)
+        if (row.operand) {
             command->add_option(row.operand, options.operand)->required()->option_text(" ");
+        }
         if (row.hasJson) command->add_flag("--json", options.json, kJsonHelp);
         command->footer(MakeFooter());
         commands.push_back(command);
@@ -78,8 +80,9 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, Options& option
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp&) {
         text = app.help();
-        for (const CLI::App* const command : commands)
+        for (const CLI::App* const command : commands) {
             if (command->parsed()) text = command->help();
+        }
         return ParseOutcome::kDone;
     } catch (const CLI::CallForVersion& version) {
         text = std::string(version.what()) + "\n";
@@ -88,8 +91,9 @@ ParseOutcome ParseCommandLine(int argc, const char* const* argv, Options& option
         text = error.what();
         return ParseOutcome::kWrongUse;
     }
-    for (size_t position = 0; position < commands.size(); ++position)
+    for (size_t position = 0; position < commands.size(); ++position) {
         if (commands[position]->parsed()) options.command = kCommands[position].command;
+    }
     if (options.operand.empty() &&
         (options.command == Command::kAdd || options.command == Command::kWhy)) {
         text = "an empty text names nothing";

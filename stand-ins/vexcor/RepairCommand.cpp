@@ -51,17 +51,19 @@ bool RepairFontconfig(Workspace& workspace, Lines& lines)
     const std::string missing = GetDifference(wanted, shown);
     const std::string foreign = GetDifference(shown, wanted);
     if (!missing.empty()) console::Tell(folder + ": fontconfig doesn't see " + missing);
-    if (!foreign.empty())
+    if (!foreign.empty()) {
         console::Tell(folder + ": fontconfig sees what isn't activated: " + foreign);
+    }
     return missing.empty() && foreign.empty();
 }
 
 void TellIndex(Workspace& workspace, Lines& lines)
 {
     const plugincore::FontLibrary::Counts counts = workspace.library.GetCounts();
-    if (counts.filesRead + counts.filesGone != 0)
+    if (counts.filesRead + counts.filesGone != 0) {
         lines.push_back("index: " + std::to_string(counts.filesRead) + " files read, " +
                         std::to_string(counts.filesGone) + " taken out");
+    }
 }
 
 }  // namespace

@@ -107,8 +107,9 @@ private:
     {
         if (mProblem == mWatch.GetProblem()) return;
         mProblem = mWatch.GetProblem();
-        if (!mProblem.empty())
+        if (!mProblem.empty()) {
             console::Tell(mProblem + "; the library is looked at every 10 seconds");
+        }
     }
 
     Workspace& mWorkspace;

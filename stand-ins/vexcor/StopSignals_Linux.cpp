@@ -22,9 +22,10 @@ StopSignals::StopSignals()
     (void)sigprocmask(SIG_BLOCK, &signals, nullptr);
     (void)signal(SIGPIPE, SIG_IGN);
     mDescriptor = signalfd(-1, &signals, SFD_NONBLOCK | SFD_CLOEXEC);
-    if (mDescriptor < 0)
+    if (mDescriptor < 0) {
         throw plugincore::Failure(plugincore::StatusCodes::kError,
                                   std::string("signals can't be taken: ") + std::strerror(errno));
+    }
 }
 
 StopSignals::~StopSignals()

@@ -41,8 +41,9 @@ bool HasOpen(const fs::path& process, const struct stat& wanted)
     for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
         struct stat status = {};
         if (stat(entry->path().c_str(), &status) == 0 && status.st_dev == wanted.st_dev &&
-            status.st_ino == wanted.st_ino)
+            status.st_ino == wanted.st_ino) {
             return true;
+        }
     }
     return false;
 }
@@ -57,9 +58,10 @@ std::string GetProgramPath()
     struct stat own = {};
     struct stat named = {};
     if (stat("/proc/self/exe", &own) != 0 || stat(program.c_str(), &named) != 0 ||
-        own.st_ino != named.st_ino || own.st_dev != named.st_dev)
+        own.st_ino != named.st_ino || own.st_dev != named.st_dev) {
         throw Failure(StatusCodes::kError,
                       program.string() + ": this program isn't there any more");
+    }
     return program;
 }
 
@@ -88,8 +90,9 @@ std::vector<int> ListProcessesWithOpenFile(const fs::path& file)
     fs::directory_iterator entry("/proc", error);
     for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
         const int number = GetNumber(entry->path().filename());
-        if (number != 0 && number != getpid() && HasOpen(entry->path(), wanted))
+        if (number != 0 && number != getpid() && HasOpen(entry->path(), wanted)) {
             processes.push_back(number);
+        }
     }
     return processes;
 }

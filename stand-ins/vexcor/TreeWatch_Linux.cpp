@@ -17,9 +17,10 @@ namespace vexcor {
 
 TreeWatch::TreeWatch() : mDescriptor(inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
 {
-    if (mDescriptor < 0)
+    if (mDescriptor < 0) {
         throw plugincore::Failure(plugincore::StatusCodes::kError,
                                   std::string("folders can't be watched: ") + std::strerror(errno));
+    }
 }
 
 TreeWatch::~TreeWatch()
@@ -58,9 +59,11 @@ void TreeWatch::Watch(const std::vector<std::string>& folders)
         }
         for (const std::string& folder : plugincore::ListFolders(root)) Add(folder, present);
     }
-    for (const int watch : mWatches)
-        if (present.count(watch) == 0)
+    for (const int watch : mWatches) {
+        if (present.count(watch) == 0) {
             (void)inotify_rm_watch(mDescriptor, watch);  // fails for a folder that is gone
+        }
+    }
     mWatches = std::move(present);
 }
 

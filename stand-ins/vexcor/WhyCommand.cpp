@@ -8,8 +8,9 @@ namespace vexcor {
 int RunWhyCommand(plugincore::Workspace& workspace, const Options& options)
 {
     const FontStory story = TellStory(workspace, workspace.ListActiveFiles(), options.operand);
-    if (!console::Print(options.json ? WriteStoryAsJson(story) : WriteStoryAsText(story)))
+    if (!console::Print(options.json ? WriteStoryAsJson(story) : WriteStoryAsText(story))) {
         return kFileFailed;
+    }
     return story.state == "inactive" ? kNotSo : kDone;
 }
 
