@@ -12,6 +12,7 @@
 
 #include "PCILoader.h"
 #include "RecordingTrace.h"
+#include "ScratchFolder.h"
 #include "ScriptedHost.h"
 #include "ScriptedPluginCore.h"
 #include "ScriptedProcessList.h"
@@ -22,8 +23,6 @@ class PCILoaderTest : public ::testing::Test {
 protected:
     PCILoaderTest()
     {
-        std::string pattern = ::testing::TempDir() + "typeloft-XXXXXX";
-        scratch = mkdtemp(pattern.data());
         EXPECT_EQ(setenv("HOME", scratch.c_str(), 1), 0);
         EXPECT_EQ(setenv("XDG_DATA_HOME", scratch.c_str(), 1), 0);
         EXPECT_EQ(chdir(scratch.c_str()), 0);
@@ -36,7 +35,6 @@ protected:
         // The system keeps the instance for good; a test doesn't.
         const std::unique_ptr<PCILoader> instance(PCILoader::sSharedInstance);
         EXPECT_EQ(chdir("/"), 0);
-        EXPECT_GT(std::filesystem::remove_all(scratch), 0U);
     }
 
     static std::string Folder(const std::string& variant)
@@ -68,7 +66,8 @@ protected:
     }
 
     ScriptedHost host;
-    std::string scratch;
+    const ScratchFolder folder;
+    const std::string scratch = folder.Path();
     std::string path;
     std::string version;
     int missing = -1;
