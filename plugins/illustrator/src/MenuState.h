@@ -23,8 +23,7 @@ struct MenuState {
     std::vector<_t_AIMenuItemOpaque*> sSelectLibraryMenuItems;
 };
 
-// Exists as long as the process and is never reset, at shutdown neither. [main-thread]; not
-// guarded.
+// Exists as long as the process and is never reset. [main-thread]; not guarded.
 extern MenuState gMenuState;
 
 // The label of the submenu's item and the name of its host group.
