@@ -1,3 +1,4 @@
+#include "AIFilePath.h"
 #include "SuiteCall.h"
 #include "SuiteTables.h"
 
