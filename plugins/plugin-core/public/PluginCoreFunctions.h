@@ -109,8 +109,8 @@ typedef void (*RebuildWorkgroupsMenuFunction)(void);
  * Activates fonts for a document.
  *
  * documentPath  full path; "" if it is not known, or for a closed document that never had one
- * fontsJson     font list: what InvokeResolveDialog returned. With an empty path a usage report of
- *               at most 32767 bytes, which may be cut and then is not valid JSON.
+ * fontsJson     font list: what InvokeResolveDialog returned. For a closed document: usage report
+ *               of at most 32767 bytes, which may be cut and then is not valid JSON.
  * outValue      in: 0; out: number of fonts that became active. The plug-in ignores it.
  *
  * Returns 0x07000000 if no library has a readable file for a font; the other fonts are active
