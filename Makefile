@@ -42,8 +42,8 @@ test-corpus:
 	cmake --preset dev >/dev/null
 	cmake --build --preset dev --target headless-host document-fonts
 	tools/corpus
-	tools/check-corpus build/dev/stand-ins/headless-host/headless-host \
-	    build/dev/tests/stand-ins/documents/document-fonts .deps/corpus docs/CORPUS.md
+	tools/check-corpus build/dev/programs/headless-host/headless-host \
+	    build/dev/tests/libraries/documents/document-fonts .deps/corpus docs/CORPUS.md
 
 lint: bootstrap
 	cmake --preset dev >/dev/null
@@ -67,7 +67,7 @@ bench-documents: bootstrap
 	cmake --build --preset release --target document-bench headless-host
 	tools/corpus >/dev/null
 	build/release/bench/document-bench .deps/corpus
-	bench/compare-speed build/release/stand-ins/headless-host/headless-host .deps/corpus
+	bench/compare-speed build/release/programs/headless-host/headless-host .deps/corpus
 
 bootstrap:
 	@tools/bootstrap

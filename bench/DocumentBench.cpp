@@ -12,8 +12,8 @@
 #include <string>
 #include <vector>
 
-#include "OpenDocument.h"
-#include "PdfFile.h"
+#include "documents/OpenDocument.h"
+#include "documents/pdf/PdfFile.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "DraftFile.h"
+#include "base/DraftFile.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -8,7 +8,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "ReadWrite.h"
+#include "base/ReadWrite.h"
 
 namespace base {
 

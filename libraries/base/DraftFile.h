@@ -7,7 +7,7 @@
 #include <string_view>
 #include <system_error>
 
-#include "FileDescriptor.h"
+#include "base/FileDescriptor.h"
 
 namespace base {
 

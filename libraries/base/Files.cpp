@@ -1,10 +1,10 @@
-#include "Files.h"
+#include "base/Files.h"
 
 #include <unistd.h>
 
 #include <system_error>
 
-#include "Strings.h"
+#include "base/Strings.h"
 
 namespace base {
 

@@ -1,4 +1,4 @@
-#include "Plural.h"
+#include "base/Plural.h"
 
 namespace base {
 

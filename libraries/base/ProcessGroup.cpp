@@ -1,4 +1,4 @@
-#include "ProcessGroup.h"
+#include "base/ProcessGroup.h"
 
 #include <sys/prctl.h>
 #include <sys/resource.h>

@@ -1,10 +1,10 @@
-#include "Progress.h"
+#include "base/Progress.h"
 
 #include <unistd.h>
 
 #include <cstdio>
 
-#include "Strings.h"
+#include "base/Strings.h"
 
 namespace base {
 

@@ -1,4 +1,4 @@
-#include "ReadWrite.h"
+#include "base/ReadWrite.h"
 
 #include <sys/socket.h>
 #include <unistd.h>

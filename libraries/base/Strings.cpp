@@ -1,4 +1,4 @@
-#include "Strings.h"
+#include "base/Strings.h"
 
 #include <algorithm>
 

@@ -6,11 +6,11 @@
 #include <string>
 #include <string_view>
 
-#include "InflateBudget.h"
-#include "NativeScan.h"
-#include "NativeTextTree.h"
-#include "OpenDocument.h"
-#include "Utf8.h"
+#include "documents/OpenDocument.h"
+#include "documents/bytes/InflateBudget.h"
+#include "documents/bytes/Utf8.h"
+#include "documents/native/NativeScan.h"
+#include "documents/native/NativeTextTree.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "DraftFile.h"
+#include "base/DraftFile.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

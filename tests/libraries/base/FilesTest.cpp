@@ -1,4 +1,4 @@
-#include "Files.h"
+#include "base/Files.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>

@@ -1,4 +1,4 @@
-#include "Lines.h"
+#include "base/Lines.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

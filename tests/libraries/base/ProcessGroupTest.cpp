@@ -1,4 +1,4 @@
-#include "ProcessGroup.h"
+#include "base/ProcessGroup.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -10,8 +10,8 @@
 #include <csignal>
 #include <string>
 
-#include "FileDescriptor.h"
-#include "ReadWrite.h"
+#include "base/FileDescriptor.h"
+#include "base/ReadWrite.h"
 
 using base::FileDescriptor;
 using base::ProcessGroup;

@@ -1,4 +1,4 @@
-#include "Progress.h"
+#include "base/Progress.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -9,7 +9,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "FileDescriptor.h"
+#include "base/FileDescriptor.h"
 
 using base::FileDescriptor;
 using base::Progress;

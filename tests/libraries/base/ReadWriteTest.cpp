@@ -1,4 +1,4 @@
-#include "ReadWrite.h"
+#include "base/ReadWrite.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -12,7 +12,7 @@
 #include <csignal>
 #include <thread>
 
-#include "FileDescriptor.h"
+#include "base/FileDescriptor.h"
 
 using base::FileDescriptor;
 

@@ -5,7 +5,7 @@
 #include "CoreFoundationStandIn.h"
 #include "Platform.h"
 #include "ScratchFolder.h"
-#include "Workspace.h"
+#include "plugin-core/workspace/Workspace.h"
 
 namespace Platform {
 

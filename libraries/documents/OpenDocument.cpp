@@ -1,0 +1,171 @@
+#include "documents/OpenDocument.h"
+
+#include <exception>
+#include <memory>
+#include <new>
+#include <string_view>
+#include <utility>
+
+#include "documents/bytes/FileBytes.h"
+#include "documents/bytes/InflateBudget.h"
+#include "documents/bytes/Utf8.h"
+#include "documents/model/DocumentReader.h"
+#include "documents/native/NativeReader.h"
+#include "documents/pdf/PdfDescription.h"
+#include "documents/pdf/PdfFile.h"
+#include "documents/pdf/PdfReader.h"
+#include "documents/postscript/DscReader.h"
+#include "documents/postscript/GhostscriptReader.h"
+
+namespace documents {
+
+namespace {
+
+std::string GetHeadError(std::string_view head)
+{
+    if (head.empty()) return "is empty";
+    if (GetContainer(head) == Container::kNone) return "is no PDF, EPS or Illustrator document";
+    return {};
+}
+
+// Asks one reader; whatever it throws but TooLarge is a failure of this reader alone.
+ReadResult Ask(const DocumentReader& reader, const DocumentSource& source, const Limits& limits,
+               Document& document)
+{
+    try {
+        return reader.read(source, limits, document);
+    } catch (const TooLarge&) {
+        throw;
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const std::exception& exception) {
+        return {ReadStatus::kFailed, "damaged: " + ToMessageText(exception.what())};
+    }
+}
+
+OpenResult AskReaders(const DocumentSource& source, const Limits& limits, const Document& described)
+{
+    OpenResult result;
+    std::vector<std::string> failures;
+    for (const DocumentReader& reader : GetDocumentReaders()) {
+        Document document = described;
+        ReadResult answer = Ask(reader, source, limits, document);
+        if (answer.status == ReadStatus::kNotMine) continue;
+        if (answer.status == ReadStatus::kFailed) {
+            failures.push_back(std::move(answer.text));
+            continue;
+        }
+        document.reader = reader.name;
+        document.notes.insert(document.notes.end(), failures.begin(), failures.end());
+        result.ok = true;
+        result.document = std::move(document);
+        return result;
+    }
+    result.error = failures.empty() ? "nothing in it can be read" : failures.front();
+    return result;
+}
+
+OpenResult ReadPdf(std::string_view bytes, const Limits& limits, Document described)
+{
+    OpenResult result;
+    const InflateBudget budget(limits.inflatedBytes, limits.seconds);
+    PdfFile file(bytes);
+    result.error = file.Open();
+    budget.Check();
+    if (!result.error.empty()) return result;
+    DescribePdf(file, described);
+    DocumentSource source;
+    source.container = Container::kPDF;
+    source.pdf = &file;
+    result = AskReaders(source, limits, described);
+    budget.Check();
+    for (std::string& note : file.TakeNotes()) result.document.notes.push_back(std::move(note));
+    return result;
+}
+
+OpenResult ReadPostScript(std::string_view bytes, const Limits& limits, Document described)
+{
+    const InflateBudget budget(limits.inflatedBytes, limits.seconds);
+    DocumentSource source;
+    source.container = GetContainer(bytes);
+    source.postScript = bytes;
+    if (source.container == Container::kDosEPS) {
+        PostScriptSection section = FindPostScriptSection(bytes);
+        if (!section.error.empty()) {
+            OpenResult result;
+            result.error = std::move(section.error);
+            return result;
+        }
+        if (!section.note.empty()) described.notes.push_back(std::move(section.note));
+        source.postScript = section.bytes;
+    }
+    DescribePostScript(source.postScript, described);
+    if (source.container == Container::kDosEPS) described.kind = Kind::kEPS;
+    return AskReaders(source, limits, described);
+}
+
+OpenResult ReadBytes(std::string_view bytes, const Limits& limits, Document described)
+{
+    return GetContainer(bytes) == Container::kPDF
+               ? ReadPdf(bytes, limits, std::move(described))
+               : ReadPostScript(bytes, limits, std::move(described));
+}
+
+OpenResult Read(const std::string& path, const Limits& limits)
+{
+    OpenResult result;
+    const FileBytes file = ReadFileBytes(
+        path, limits.inflatedBytes, [](const std::string& head) { return GetHeadError(head); });
+    if (!file.error.empty()) {
+        result.error = file.error;
+        return result;
+    }
+    Document described;
+    described.isTemplate = IsTemplatePath(path);
+    return ReadBytes(file.bytes, limits, std::move(described));
+}
+
+// Whatever is thrown becomes an error.
+template <class Reading>
+OpenResult Guard(Reading reading)
+{
+    OpenResult result;
+    try {
+        return reading();
+    } catch (const std::bad_alloc&) {
+        result.error = "too large: not enough memory";
+    } catch (const std::exception& exception) {
+        result.error = ToMessageText(exception.what());
+    } catch (...) {
+        result.error = "damaged in an unknown way";
+    }
+    return result;
+}
+
+}  // namespace
+
+const std::vector<DocumentReader>& GetDocumentReaders()
+{
+    static const std::vector<DocumentReader> readers = {
+        {"native", ReadNative},    {"pdf", ReadPdfContent},
+        {"dsc", ReadDscComments},  {"ghostscript", ReadThroughGhostscript},
+        {"dsc", ReadWithoutFonts},
+    };
+    return readers;
+}
+
+OpenResult OpenDocument(const std::string& path, const Limits& limits)
+{
+    return Guard([&] { return Read(path, limits); });
+}
+
+OpenResult OpenDocumentBytes(std::string_view bytes, const Limits& limits)
+{
+    return Guard([&] {
+        OpenResult result;
+        result.error = GetHeadError(bytes);
+        return result.error.empty() ? ReadBytes(bytes, limits, {}) : result;
+    });
+}
+
+}  // namespace documents

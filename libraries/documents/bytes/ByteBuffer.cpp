@@ -1,0 +1,35 @@
+#include "documents/bytes/ByteBuffer.h"
+
+#include <algorithm>
+#include <cstring>
+#include <new>
+
+#include "documents/bytes/InflateBudget.h"
+
+namespace documents {
+
+namespace {
+
+constexpr size_t kFirstCapacity = 65536;
+
+}  // namespace
+
+void ByteBuffer::Append(std::string_view bytes)
+{
+    if (bytes.empty()) return;
+    InflateBudget::Take(bytes.size());
+    if (bytes.size() > mCapacity - mSize) {
+        const size_t wanted =
+            std::max({kFirstCapacity, mCapacity + mCapacity / 4, mSize + bytes.size()});
+        // A block that realloc moves or grows must not be freed by its old owner.
+        auto* const grown = static_cast<char*>(std::realloc(mBytes.get(), wanted));
+        if (grown == nullptr) throw std::bad_alloc();
+        (void)mBytes.release();
+        mBytes.reset(grown);
+        mCapacity = wanted;
+    }
+    std::memcpy(mBytes.get() + mSize, bytes.data(), bytes.size());
+    mSize += bytes.size();
+}
+
+}  // namespace documents

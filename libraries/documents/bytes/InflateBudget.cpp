@@ -1,0 +1,53 @@
+#include "documents/bytes/InflateBudget.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <string>
+
+namespace documents {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+thread_local InflateBudget* sCurrent = nullptr;
+
+// More than a year is as good as none, and can be added to any time.
+constexpr double kLongestSeconds = 4e7;
+
+}  // namespace
+
+InflateBudget::InflateBudget(size_t bytes, double seconds)
+    : mLeft(bytes),
+      mLimit(bytes),
+      mSeconds(seconds),
+      mEnd(Clock::now() + std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(
+                              std::clamp(seconds, 0.0, kLongestSeconds))))
+{
+    sCurrent = this;
+}
+
+InflateBudget::~InflateBudget() { sCurrent = nullptr; }
+
+void InflateBudget::Take(size_t bytes)
+{
+    InflateBudget* budget = sCurrent;
+    if (budget == nullptr) return;
+    if (bytes > budget->mLeft) budget->mExceeded = true;
+    if (Clock::now() >= budget->mEnd) budget->mIsLate = true;
+    budget->Check();
+    budget->mLeft -= bytes;
+}
+
+void InflateBudget::Check() const
+{
+    if (mExceeded) {
+        throw TooLarge("too large: inflates to more than " + std::to_string(mLimit >> 20) + " MiB");
+    }
+    if (!mIsLate) return;
+    char text[64];
+    (void)std::snprintf(text, sizeof text, "%g", mSeconds);  // a number always fits
+    throw TooLarge("takes longer than " + std::string(text) + " s to read");
+}
+
+}  // namespace documents

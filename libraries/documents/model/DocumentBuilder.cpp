@@ -1,0 +1,46 @@
+#include "documents/model/DocumentBuilder.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "documents/bytes/InflateBudget.h"
+#include "documents/bytes/Utf8.h"
+
+namespace documents {
+
+size_t DocumentBuilder::AddStory(std::vector<TextRun> runs)
+{
+    Clean(runs);
+    for (const TextRun& run : runs) {
+        if (mFonts.insert(run.postScriptName).second) {
+            mDocument.fonts.push_back(run.postScriptName);
+        }
+    }
+    mDocument.stories.push_back({std::move(runs)});
+    return mDocument.stories.size() - 1;
+}
+
+size_t DocumentBuilder::AddFrame(size_t story, std::vector<TextRun> runs)
+{
+    Clean(runs);
+    mDocument.frames.push_back({story, std::move(runs)});
+    return mDocument.frames.size() - 1;
+}
+
+void DocumentBuilder::AddFrameWithStory(std::vector<TextRun> runs)
+{
+    const size_t story = AddStory(std::move(runs));
+    (void)AddFrame(story, mDocument.stories[story].runs);  // nobody asks for the index
+}
+
+void DocumentBuilder::Clean(std::vector<TextRun>& runs)
+{
+    mRuns += runs.size() + 1;
+    if (mRuns > kMaximumRuns * 2) throw TooLarge("too large: more text than can be read");
+    for (TextRun& run : runs) {
+        run.postScriptName = ToValidUtf8(run.postScriptName);
+        run.length = std::max<size_t>(run.length, 1);
+    }
+}
+
+}  // namespace documents

@@ -1,0 +1,71 @@
+#include "documents/model/FileKind.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cstdint>
+
+namespace documents {
+
+namespace {
+
+constexpr std::string_view kDosHeader = "\xC5\xD0\xD3\xC6";
+constexpr size_t kDosHeaderBytes = 30;
+constexpr size_t kHeadBytes = 1024;
+
+bool StartsWith(std::string_view text, std::string_view start)
+{
+    return text.substr(0, start.size()) == start;
+}
+
+uint32_t GetLittleEndian(std::string_view bytes, size_t offset)
+{
+    uint32_t value = 0;
+    for (size_t index = 4; index-- > 0;) {
+        value = value << 8 | static_cast<unsigned char>(bytes[offset + index]);
+    }
+    return value;
+}
+
+}  // namespace
+
+Container GetContainer(std::string_view head)
+{
+    if (StartsWith(head, kDosHeader)) return Container::kDosEPS;
+    if (StartsWith(head, "%!PS")) return Container::kPostScript;
+    if (head.substr(0, kHeadBytes).find("%PDF-") != std::string_view::npos) return Container::kPDF;
+    return Container::kNone;
+}
+
+PostScriptSection FindPostScriptSection(std::string_view file)
+{
+    PostScriptSection section;
+    if (file.size() < kDosHeaderBytes) {
+        section.error = "cut off within its EPS header";
+        return section;
+    }
+    const size_t offset = GetLittleEndian(file, 4);
+    const size_t length = GetLittleEndian(file, 8);
+    if (offset >= file.size()) {
+        section.error = "cut off before its PostScript section";
+        return section;
+    }
+    section.bytes = file.substr(offset, length);
+    if (!StartsWith(section.bytes, "%!")) {
+        section.error = "its EPS header points at something that is no PostScript";
+    } else if (section.bytes.size() < length) {
+        section.note = "the PostScript section is cut off";
+    }
+    return section;
+}
+
+bool IsTemplatePath(std::string_view path)
+{
+    constexpr std::string_view kExtension = ".ait";
+    if (path.size() < kExtension.size()) return false;
+    const std::string_view end = path.substr(path.size() - kExtension.size());
+    return std::equal(end.begin(), end.end(), kExtension.begin(), [](char a, char b) {
+        return std::tolower(static_cast<unsigned char>(a)) == b;
+    });
+}
+
+}  // namespace documents

@@ -1,0 +1,115 @@
+#include "documents/native/NativeContainer.h"
+
+#include <algorithm>
+
+#include "documents/bytes/Decompress.h"
+#include "documents/native/NativeAdditions.h"
+#include "documents/pdf/PdfFile.h"
+#include "documents/pdf/PdfKey.h"
+
+namespace documents {
+
+namespace {
+
+constexpr std::string_view kZlibMark = "%AI12_CompressedData";
+constexpr std::string_view kZstandardMark = "%AI24_ZStandard_Data";
+constexpr std::string_view kDataStreamMark = "%AI9_DataStream";
+constexpr std::string_view kFormatMark = "%AI5_FileFormat";
+constexpr size_t kMostBlocks = 65536;
+
+// Where the line that begins with `mark` stands; npos if there is none.
+size_t FindLine(std::string_view text, std::string_view mark)
+{
+    size_t position = text.find(mark);
+    while (position != std::string_view::npos && position > 0 && text[position - 1] != '\r' &&
+           text[position - 1] != '\n') {
+        position = text.find(mark, position + 1);
+    }
+    return position;
+}
+
+void SetBytes(NativePart& part, std::unique_ptr<ByteBuffer> bytes)
+{
+    part.bytes = std::move(bytes);
+    part.text = part.bytes->GetView();
+}
+
+// Decompresses what stands behind the mark. The header in front of it repeats what the document
+// itself says, so it is dropped.
+void Unpack(NativePart& part)
+{
+    const size_t zlib = FindLine(part.text, kZlibMark);
+    const size_t zstandard = FindLine(part.text, kZstandardMark);
+    if (zlib == std::string_view::npos && zstandard == std::string_view::npos) return;
+    auto unpacked = std::make_unique<ByteBuffer>();
+    if (zlib < zstandard) {
+        std::string_view packed = part.text.substr(zlib + kZlibMark.size());
+        // A line end may stand in front of the data, which begins with 0x78 or the like.
+        packed.remove_prefix(std::min(packed.find_first_not_of("\r\n"), packed.size()));
+        part.error = InflateZlib(packed, *unpacked);
+    } else {
+        std::string_view packed = part.text.substr(zstandard + kZstandardMark.size());
+        packed.remove_prefix(std::min(packed.find_first_not_of("\r\n"), packed.size()));
+        part.error = DecompressZstandard(packed, *unpacked);
+    }
+    SetBytes(part, std::move(unpacked));
+}
+
+NativePart JoinPrivateData(PdfFile& file)
+{
+    NativePart part;
+    QPDFObjectHandle page = FindNativePage(file.GetPages());
+    if (page.isNull()) return part;
+    QPDFObjectHandle data = page.getKey("/PieceInfo").getKey("/Illustrator").getKey("/Private");
+    part.isThere = true;
+    auto joined = std::make_unique<ByteBuffer>();
+    for (size_t i = 1; i <= kMostBlocks; ++i) {
+        QPDFObjectHandle block = GetKey(data, "/AIPrivateData" + std::to_string(i));
+        if (!block.isStream()) break;
+        std::string bytes;
+        file.AppendStream(block, bytes);
+        joined->Append(bytes);
+    }
+    QPDFObjectHandle count = GetKey(data, "/NumBlock");
+    if (count.isInteger() && count.getIntValue() > 0) {
+        const std::string last = "/AIPrivateData" + std::to_string(count.getIntValue());
+        if (!GetKey(data, last).isStream()) part.error = "a block of it is missing";
+    }
+    SetBytes(part, std::move(joined));
+    return part;
+}
+
+NativePart FindInPostScript(std::string_view file)
+{
+    NativePart part;
+    const size_t mark = FindLine(file, kDataStreamMark);
+    if (mark != std::string_view::npos) {
+        part.isThere = true;
+        ByteBuffer packed;
+        if (!DecodeAscii85(file.substr(mark + kDataStreamMark.size()), packed)) {
+            part.error = "its ASCII85 data is damaged";
+            return part;
+        }
+        auto unpacked = std::make_unique<ByteBuffer>();
+        part.error = InflateZlib(packed.GetView(), *unpacked);
+        SetBytes(part, std::move(unpacked));
+        return part;
+    }
+    // The header tells; a page of another program that holds such a file is none.
+    const std::string_view header = file.substr(0, FindLine(file, "%%EndComments"));
+    part.isThere = part.isBare = FindLine(header, kFormatMark) != std::string_view::npos;
+    part.text = file;
+    return part;
+}
+
+}  // namespace
+
+NativePart FindNativePart(const DocumentSource& source)
+{
+    NativePart part =
+        source.pdf != nullptr ? JoinPrivateData(*source.pdf) : FindInPostScript(source.postScript);
+    if (part.error.empty() && !part.isBare) Unpack(part);
+    return part;
+}
+
+}  // namespace documents

@@ -1,0 +1,264 @@
+#include "documents/native/NativeScan.h"
+
+#include <algorithm>
+#include <charconv>
+#include <set>
+#include <utility>
+
+#include "documents/bytes/Decompress.h"
+#include "documents/bytes/InflateBudget.h"
+#include "documents/bytes/Utf8.h"
+#include "documents/model/DocumentBuilder.h"
+#include "documents/native/NativeLines.h"
+#include "documents/native/NativeTextObjects.h"
+#include "documents/postscript/DscText.h"
+
+namespace documents {
+
+namespace {
+
+constexpr size_t kMostFrameLines = 64;
+
+bool StartsWith(std::string_view text, std::string_view start)
+{
+    return text.substr(0, start.size()) == start;
+}
+
+bool EndsWith(std::string_view text, std::string_view end)
+{
+    return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
+}
+
+void TrimEnd(std::string_view& line)
+{
+    while (!line.empty() && (line.back() == ' ' || line.back() == '\t')) line.remove_suffix(1);
+}
+
+// The whole number in front of `key` in a line as "2 /StoryIndex ,"; -1 if there is none.
+long long GetNumberBefore(std::string_view line, std::string_view key)
+{
+    const size_t end = line.find(key);
+    if (end == std::string_view::npos || end == 0) return -1;
+    const size_t last = line.find_last_not_of(' ', end - 1);
+    if (last == std::string_view::npos) return -1;
+    const size_t before = line.find_last_of(" ,:;", last);
+    const size_t start = before == std::string_view::npos ? 0 : before + 1;
+    long long number = -1;
+    (void)std::from_chars(line.data() + start, line.data() + last + 1, number);  // -1 if it isn't
+    return number;
+}
+
+class Scanner {
+public:
+    explicit Scanner(std::string_view text) : mLines(text) {}
+
+    NativeContents Scan()
+    {
+        std::string_view line;
+        while (mContents.error.empty() && mLines.Next(line)) {
+            mIsStyled = StartsWith(line, "%_");
+            if (mIsStyled) line.remove_prefix(2);
+            if (!line.empty()) TakeLine(line);
+        }
+        mContents.linksAreListed = mContents.linkedFiles.empty();
+        if (mContents.linksAreListed) {
+            mContents.linkedFiles = mIncludedFiles.empty() ? mListedFiles : mIncludedFiles;
+        }
+        return std::move(mContents);
+    }
+
+private:
+    void TakeLine(std::string_view line)
+    {
+        switch (line.front()) {
+            case '/':
+                TakeNameLine(line);
+                break;
+            case '[':
+                if (EndsWith(line, "TZ")) mObjects.DefineAlias(line);
+                break;
+            case '(':
+            case '`':
+                TakeTextLine(line);
+                break;
+            case '%':
+                TakeComment(line);
+                break;
+            case 'T':
+                TrimEnd(line);
+                if (line == "TO") EndObject();
+                break;
+            default:
+                TrimEnd(line);
+                if (line.size() == 4 && EndsWith(line, " To")) mObjects.Begin(mIsStyled);
+                break;
+        }
+    }
+
+    void TakeNameLine(std::string_view line)
+    {
+        TrimEnd(line);
+        if (StartsWith(line, "/AI11TextDocument :")) {
+            TakeTree(line);
+        } else if (StartsWith(line, "/AI11Text :")) {
+            TakeFrame(line);
+        } else if (StartsWith(line, "/ArtLegacyText")) {
+            TakeLegacyText();
+        } else if (EndsWith(line, " Tf")) {
+            mObjects.SetFont(line, mIsStyled);
+        } else if (EndsWith(line, " TZ")) {
+            mObjects.DefineAlias(line);
+        }
+    }
+
+    // What is encoded from here to its end mark; false if it isn't there or is damaged.
+    bool Decode(std::string_view rest, ByteBuffer& data)
+    {
+        const size_t end = rest.find("~>");
+        if (end == std::string_view::npos) return false;
+        mLines.Skip(static_cast<size_t>(rest.data() - mLines.GetRest().data()) + end + 2);
+        return DecodeAscii85(rest.substr(0, end + 1), data);
+    }
+
+    void TakeTree(std::string_view line)
+    {
+        if (mContents.hasTree) return;
+        if (line.find("/ASCII85Decode ,") == std::string_view::npos) {
+            mContents.error = "its text is packed in an unknown way";
+        } else if (!Decode(mLines.GetRest(), mContents.tree)) {
+            mContents.error = "its text is damaged";
+        }
+        mContents.hasTree = mContents.error.empty();
+    }
+
+    void AddText(NativeText text)
+    {
+        if (mContents.texts.size() >= DocumentBuilder::kMaximumRuns) {
+            throw TooLarge("too large: more text than can be read");
+        }
+        mContents.texts.push_back(std::move(text));
+    }
+
+    void TakeFrame(std::string_view line)
+    {
+        long long undone = -1;
+        long long story = -1;
+        long long frame = -1;
+        for (size_t count = 0; count < kMostFrameLines; ++count) {
+            undone = std::max(undone, GetNumberBefore(line, "/FreeUndo"));
+            story = std::max(story, GetNumberBefore(line, "/StoryIndex"));
+            frame = std::max(frame, GetNumberBefore(line, "/FrameIndex"));
+            const bool isWhole = undone >= 0 && story >= 0 && frame >= 0;
+            if (isWhole || line.find("/Art :") != std::string_view::npos || !mLines.Next(line)) {
+                break;
+            }
+            if (StartsWith(line, "%_")) line.remove_prefix(2);
+        }
+        // 1 is what an effect makes out of a frame that stands there as well.
+        if (undone == 1 || story < 0 || frame < 0 || !mFrames.emplace(story, frame).second) return;
+        NativeText text;
+        text.type = NativeText::Type::kFrame;
+        text.story = static_cast<size_t>(story);
+        text.frame = static_cast<size_t>(frame);
+        AddText(std::move(text));
+    }
+
+    // The data is a block of lines that begin with a percent sign, up to the next end mark.
+    void TakeLegacyText()
+    {
+        const std::string_view rest = mLines.GetRest();
+        const size_t end = rest.find("~>");
+        if (end == std::string_view::npos) return;
+        size_t start = end;
+        while (start > 0) {
+            const size_t lineEnd = rest.find_last_not_of("\r\n", start - 1);
+            if (lineEnd == std::string_view::npos) break;
+            const size_t before = rest.find_last_of("\r\n", lineEnd);
+            const size_t lineStart = before == std::string_view::npos ? 0 : before + 1;
+            if (rest[lineStart] != '%' || rest.substr(lineStart, 2) == "%_") break;
+            start = lineStart;
+        }
+        NativeText text;
+        text.type = NativeText::Type::kPdf;
+        text.pdf = std::make_unique<ByteBuffer>();
+        const bool isGood = Decode(rest.substr(start), *text.pdf);
+        if (isGood && text.pdf->GetView().substr(0, 1024).find("%PDF-") != std::string_view::npos) {
+            AddText(std::move(text));
+        }
+    }
+
+    void TakeComment(std::string_view line)
+    {
+        if (StartsWith(line, "%AI5_FileFormat")) mContents.isNative = true;
+        if (mIsStyled || !StartsWith(line, "%%")) return;
+        const DscComment comment = SplitDscComment(line);
+        if (comment.keyword != "+") mIsFileList = comment.keyword == "DocumentFiles";
+        const bool isIncluded = comment.keyword == "IncludeFile";
+        if ((!mIsFileList && !isIncluded) || IsAtEnd(comment.value)) return;
+        std::string path = ToValidUtf8(GetDscText(comment.value));
+        if (!path.empty()) (isIncluded ? mIncludedFiles : mListedFiles).push_back(std::move(path));
+    }
+
+    // "(text) Tx 1 0 Tk", "(path) 0 XG", "`(path)" and "(path) `".
+    void TakeTextLine(std::string_view line)
+    {
+        const bool isMarked = line.front() == '`';
+        if (isMarked) line.remove_prefix(1);
+        if (line.empty() || line.front() != '(') return;
+        DscWord word;
+        while (!line.empty() && line.front() == '(') {
+            JoinLines(line);
+            (void)TakeDscWord(line, word);  // there is one: it begins here
+            const size_t next = std::min(line.find('('), line.size());
+            std::string_view operation = line.substr(0, next);
+            line.remove_prefix(next);
+            operation.remove_prefix(std::min(operation.find_first_not_of(' '), operation.size()));
+            TrimEnd(operation);
+            const std::string_view first = operation.substr(0, 2);
+            if (first == "Tx" || first == "TX" || first == "Tj") {
+                if (mObjects.IsOpen()) mObjects.Show(word.text);
+            } else if (!mIsStyled && !word.text.empty()) {
+                const bool isPlaced = isMarked || operation == "`" || operation == "0 XG";
+                if (isPlaced) mContents.linkedFiles.push_back(ToValidUtf8(word.text));
+            }
+        }
+    }
+
+    // A long string goes on behind a backslash at the end of a line.
+    void JoinLines(std::string_view& line)
+    {
+        constexpr size_t kMostLines = 4096;
+        if (line.empty() || line.back() != '\\') return;
+        mJoined.assign(line);
+        for (size_t count = 0; count < kMostLines && mJoined.back() == '\\'; ++count) {
+            mJoined.pop_back();
+            if (!mLines.Next(line)) break;
+            if (mIsStyled && StartsWith(line, "%_")) line.remove_prefix(2);
+            mJoined += line;
+            if (mJoined.empty()) break;
+        }
+        line = mJoined;
+    }
+
+    void EndObject()
+    {
+        NativeText text;
+        if (mObjects.End(text.runs) && !text.runs.empty()) AddText(std::move(text));
+    }
+
+    NativeLines mLines;
+    NativeContents mContents;
+    NativeTextObjects mObjects;
+    bool mIsStyled = false;
+    bool mIsFileList = false;
+    std::set<std::pair<long long, long long>> mFrames;
+    std::vector<std::string> mListedFiles;
+    std::vector<std::string> mIncludedFiles;
+    std::string mJoined;
+};
+
+}  // namespace
+
+NativeContents ScanNative(std::string_view text) { return Scanner(text).Scan(); }
+
+}  // namespace documents

@@ -1,0 +1,137 @@
+#include "documents/native/TextTreeCursor.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "documents/bytes/Utf8.h"
+#include "documents/pdf/ContentLexer.h"
+
+namespace documents {
+
+namespace {
+
+constexpr std::string_view kDelimiters = "/<>[]()";
+
+bool IsDelimiter(char c) { return kDelimiters.find(c) != std::string_view::npos; }
+
+}  // namespace
+
+void TextTreeCursor::SkipBlanks()
+{
+    while (mPosition < mTree.size() && IsPdfBlank(mTree[mPosition])) ++mPosition;
+}
+
+void TextTreeCursor::SkipText()
+{
+    for (++mPosition; mPosition < mTree.size() && mTree[mPosition] != ')'; ++mPosition) {
+        if (mTree[mPosition] == '\\') ++mPosition;
+    }
+    mPosition = std::min(mPosition + 1, mTree.size());
+}
+
+size_t TextTreeCursor::MeasureWord() const
+{
+    size_t end = mPosition;
+    while (end < mTree.size() && !IsPdfBlank(mTree[end]) && !IsDelimiter(mTree[end])) ++end;
+    return end - mPosition;
+}
+
+bool TextTreeCursor::Enter(char bracket)
+{
+    SkipBlanks();
+    const std::string_view rest = mTree.substr(mPosition);
+    const size_t length = bracket == '<' ? 2 : 1;
+    if (rest.substr(0, length) != (bracket == '<' ? "<<" : "[")) {
+        Skip();
+        return false;
+    }
+    mPosition += length;
+    return true;
+}
+
+bool TextTreeCursor::TakeEnd()
+{
+    SkipBlanks();
+    if (mPosition >= mTree.size()) return true;
+    if (mTree[mPosition] == ']') {
+        ++mPosition;
+        return true;
+    }
+    if (mTree.substr(mPosition, 2) == ">>") {
+        mPosition += 2;
+        return true;
+    }
+    return false;
+}
+
+std::string_view TextTreeCursor::TakeKey()
+{
+    SkipBlanks();
+    if (mPosition >= mTree.size() || mTree[mPosition] != '/') return {};
+    ++mPosition;
+    const std::string_view key = mTree.substr(mPosition, MeasureWord());
+    mPosition += key.size();
+    return key;
+}
+
+void TextTreeCursor::Skip()
+{
+    size_t depth = 0;
+    do {
+        SkipBlanks();
+        if (mPosition >= mTree.size()) return;
+        const char c = mTree[mPosition];
+        const std::string_view pair = mTree.substr(mPosition, 2);
+        if (c == '(') {
+            SkipText();
+        } else if (pair == "<<" || c == '[') {
+            ++depth;
+            mPosition += c == '[' ? 1 : 2;
+        } else if (pair == ">>" || c == ']') {
+            // The end of what is around: that is no value.
+            if (depth == 0) return;
+            --depth;
+            mPosition += c == ']' ? 1 : 2;
+        } else {
+            if (IsDelimiter(c)) ++mPosition;
+            mPosition += MeasureWord();
+        }
+    } while (depth > 0);
+}
+
+long long TextTreeCursor::TakeNumber(long long standard)
+{
+    SkipBlanks();
+    const std::string_view word = mTree.substr(mPosition, MeasureWord());
+    long long number = standard;
+    if (std::from_chars(word.data(), word.data() + word.size(), number).ec != std::errc()) {
+        number = standard;
+    }
+    Skip();
+    return number;
+}
+
+std::string_view TextTreeCursor::TakeName()
+{
+    SkipBlanks();
+    if (mPosition < mTree.size() && mTree[mPosition] == '/') return TakeKey();
+    Skip();
+    return {};
+}
+
+std::string TextTreeCursor::TakeText()
+{
+    SkipBlanks();
+    const size_t start = mPosition;
+    Skip();
+    if (start >= mTree.size() || mTree[start] != '(') return {};
+    std::string bytes;
+    for (size_t i = start + 1; i + 1 < mPosition; ++i) {
+        if (mTree[i] == '\\' && i + 2 < mPosition) ++i;
+        bytes += mTree[i];
+    }
+    if (bytes.substr(0, 2) != "\xFE\xFF") return ToValidUtf8(bytes);
+    return FromUtf16(std::string_view(bytes).substr(2));
+}
+
+}  // namespace documents

@@ -1,0 +1,183 @@
+#include "documents/pdf/ContentLexer.h"
+
+#include <algorithm>
+#include <array>
+
+namespace documents {
+
+namespace {
+
+enum CharacterClass : unsigned char { kRegular, kBlank, kDelimiter };
+
+constexpr std::array<unsigned char, 256> MakeClasses()
+{
+    std::array<unsigned char, 256> classes{};
+    for (unsigned char c : {0, 9, 10, 12, 13, 32}) classes[c] = kBlank;
+    for (char c : {'(', ')', '<', '>', '[', ']', '{', '}', '/', '%'}) {
+        classes[static_cast<unsigned char>(c)] = kDelimiter;
+    }
+    return classes;
+}
+
+constexpr std::array<unsigned char, 256> kClasses = MakeClasses();
+
+unsigned char GetClass(char c) { return kClasses[static_cast<unsigned char>(c)]; }
+
+bool IsNumberPart(char c) { return (c >= '0' && c <= '9') || c == '.' || c == '-' || c == '+'; }
+
+bool IsOctal(char c) { return c >= '0' && c <= '7'; }
+
+int GetHexValue(char c)
+{
+    if (c >= '0' && c <= '9') return c - '0';
+    if (c >= 'a' && c <= 'f') return c - 'a' + 10;
+    if (c >= 'A' && c <= 'F') return c - 'A' + 10;
+    return -1;
+}
+
+size_t CountRegular(std::string_view text)
+{
+    size_t length = 0;
+    while (length < text.size() && GetClass(text[length]) == kRegular) ++length;
+    return length;
+}
+
+// Behind a backslash at the start of `text`: how many bytes the escape takes without it. `stands`
+// becomes the number of bytes that it stands for.
+size_t MeasureEscape(std::string_view text, size_t& stands)
+{
+    stands = text.empty() ? 0 : 1;
+    if (text.empty()) return 0;
+    if (text[0] == '\r' || text[0] == '\n') {
+        stands = 0;
+        return text.substr(0, 2) == "\r\n" ? 2 : 1;
+    }
+    size_t length = 0;
+    while (length < 3 && length < text.size() && IsOctal(text[length])) ++length;
+    return std::max<size_t>(length, 1);
+}
+
+}  // namespace
+
+bool IsPdfBlank(char c) { return GetClass(c) == kBlank; }
+
+std::string DecodeName(std::string_view text)
+{
+    std::string name;
+    name.reserve(text.size());
+    for (size_t index = 0; index < text.size(); ++index) {
+        if (text[index] == '#' && index + 2 < text.size()) {
+            const int high = GetHexValue(text[index + 1]);
+            const int low = GetHexValue(text[index + 2]);
+            if (high >= 0 && low >= 0) {
+                name += static_cast<char>(high * 16 + low);
+                index += 2;
+                continue;
+            }
+        }
+        name += text[index];
+    }
+    return name;
+}
+
+void ContentLexer::Skip(size_t bytes) { mRest.remove_prefix(std::min(bytes, mRest.size())); }
+
+void ContentLexer::SkipBlanksAndComments()
+{
+    size_t position = 0;
+    while (position < mRest.size()) {
+        if (GetClass(mRest[position]) == kBlank) {
+            ++position;
+        } else if (mRest[position] == '%') {
+            position = std::min(mRest.find_first_of("\r\n", position), mRest.size());
+        } else {
+            break;
+        }
+    }
+    mRest.remove_prefix(position);
+}
+
+Token ContentLexer::Next()
+{
+    for (;;) {
+        SkipBlanksAndComments();
+        if (mRest.empty()) return {};
+        const char first = mRest.front();
+        const bool isDouble = mRest.size() > 1 && mRest[1] == first;
+        switch (first) {
+            case '(':
+                return TakeLiteralString();
+            case '[':
+                return TakeRegular(TokenType::kArrayOpen, 1);
+            case ']':
+                return TakeRegular(TokenType::kArrayClose, 1);
+            case '<':
+                if (isDouble) return TakeRegular(TokenType::kDictionaryOpen, 2);
+                return TakeHexString();
+            case '>':
+                if (isDouble) return TakeRegular(TokenType::kDictionaryClose, 2);
+                Skip(1);
+                break;
+            case ')':
+            case '{':
+            case '}':
+                Skip(1);
+                break;
+            case '/':
+                Skip(1);
+                return TakeRegular(TokenType::kName, CountRegular(mRest));
+            default:
+                if (IsNumberPart(first)) {
+                    const auto* end = std::find_if_not(mRest.begin(), mRest.end(), IsNumberPart);
+                    return TakeRegular(TokenType::kNumber,
+                                       static_cast<size_t>(end - mRest.begin()));
+                }
+                return TakeRegular(TokenType::kOperator, CountRegular(mRest));
+        }
+    }
+}
+
+Token ContentLexer::TakeRegular(TokenType type, size_t length)
+{
+    const Token token{type, mRest.substr(0, length), 0};
+    Skip(length);
+    return token;
+}
+
+Token ContentLexer::TakeLiteralString()
+{
+    Token token{TokenType::kString, {}, 0};
+    size_t depth = 1;
+    size_t position = 1;
+    for (; position < mRest.size(); ++position) {
+        const char c = mRest[position];
+        if (c == '\\') {
+            size_t stands = 0;
+            position += MeasureEscape(mRest.substr(position + 1), stands);
+            token.length += stands;
+            continue;
+        }
+        if (c == '(') ++depth;
+        if (c == ')' && --depth == 0) break;
+        // A line end of two bytes counts as one.
+        if (c == '\n' && mRest[position - 1] == '\r') continue;
+        ++token.length;
+    }
+    token.text = mRest.substr(1, position - 1);
+    Skip(position + 1);
+    return token;
+}
+
+Token ContentLexer::TakeHexString()
+{
+    Token token{TokenType::kString, {}, 0};
+    const size_t end = std::min(mRest.find('>'), mRest.size());
+    token.text = mRest.substr(1, end - 1);
+    const auto digits = std::count_if(token.text.begin(), token.text.end(),
+                                      [](char c) { return GetHexValue(c) >= 0; });
+    token.length = (static_cast<size_t>(digits) + 1) / 2;
+    Skip(end + 1);
+    return token;
+}
+
+}  // namespace documents

@@ -1,0 +1,65 @@
+#include "documents/pdf/PdfDescription.h"
+
+#include <algorithm>
+
+#include "documents/bytes/Utf8.h"
+#include "documents/pdf/PdfKey.h"
+#include "documents/pdf/XmpPacket.h"
+
+namespace documents {
+
+namespace {
+
+std::string GetText(QPDFObjectHandle value)
+{
+    return value.isString() ? ToValidUtf8(value.getUTF8Value()) : std::string();
+}
+
+// A file specification is a text or a dictionary.
+std::string GetSpecifiedFile(QPDFObjectHandle specification)
+{
+    if (specification.isString()) return GetText(specification);
+    for (const char* key : {"/UF", "/F", "/Unix", "/Mac", "/DOS"}) {
+        std::string file = GetText(GetKey(specification, key));
+        if (!file.empty()) return file;
+    }
+    return {};
+}
+
+bool HasNativePart(PdfFile& file)
+{
+    const auto& pages = file.GetPages();
+    return std::any_of(pages.begin(), pages.end(), [](QPDFObjectHandle page) {
+        return GetKey(page.getKey("/PieceInfo"), "/Illustrator").isDictionary();
+    });
+}
+
+}  // namespace
+
+std::string GetExternalFile(QPDFObjectHandle dictionary)
+{
+    QPDFObjectHandle opi = GetKey(dictionary, "/OPI");
+    for (const char* version : {"/2.0", "/1.3"}) {
+        std::string file = GetSpecifiedFile(GetKey(GetKey(opi, version), "/F"));
+        if (!file.empty()) return file;
+    }
+    std::string file = GetSpecifiedFile(GetKey(GetKey(dictionary, "/Ref"), "/F"));
+    return file.empty() ? GetSpecifiedFile(GetKey(dictionary, "/F")) : file;
+}
+
+void DescribePdf(PdfFile& file, Document& document)
+{
+    QPDF& pdf = file.GetPdf();
+    std::string packet;
+    QPDFObjectHandle metadata = GetKey(pdf.getRoot(), "/Metadata");
+    if (metadata.isStream()) file.AppendStream(metadata, packet);
+    const XmpFacts facts = ReadXmpPacket(packet);
+    document.linkedFiles = facts.manifestFiles;
+    document.creator = GetText(GetKey(GetKey(pdf.getTrailer(), "/Info"), "/Creator"));
+    if (document.creator.empty()) document.creator = facts.creatorTool;
+    const bool isIllustrator =
+        document.creator.find("Adobe Illustrator") != std::string::npos || HasNativePart(file);
+    document.kind = isIllustrator ? Kind::kIllustrator : Kind::kPDF;
+}
+
+}  // namespace documents

@@ -1,0 +1,106 @@
+#include "documents/pdf/PdfFile.h"
+
+#include <exception>
+#include <qpdf/QPDFExc.hh>
+
+#include "documents/bytes/InflateBudget.h"
+#include "documents/bytes/Utf8.h"
+#include "documents/pdf/StreamFilters.h"
+
+namespace documents {
+
+namespace {
+
+constexpr size_t kTailBytes = 2048;
+
+class StringSink : public Pipeline {
+public:
+    explicit StringSink(std::string& data) : Pipeline("sink", nullptr), mData(data) {}
+    void write(unsigned char const* data, size_t length) override
+    {
+        mData.append(reinterpret_cast<const char*>(data), length);
+    }
+    void finish() override {}
+
+private:
+    std::string& mData;
+};
+
+bool HasEndMark(std::string_view bytes)
+{
+    const size_t start = bytes.size() > kTailBytes ? bytes.size() - kTailBytes : 0;
+    return bytes.substr(start).find("%%EOF") != std::string_view::npos;
+}
+
+}  // namespace
+
+PdfFile::PdfFile(std::string_view bytes) : mBytes(bytes)
+{
+    InstallStreamFilters();
+    mPdf.setSuppressWarnings(true);
+}
+
+std::string PdfFile::Open()
+{
+    try {
+        mPdf.processMemoryFile("document", mBytes.data(), mBytes.size());
+        mPages = mPdf.getAllPages();
+    } catch (const QPDFExc& exception) {
+        if (exception.getErrorCode() == qpdf_e_password) return "encrypted: needs a password";
+        if (exception.getErrorCode() == qpdf_e_unsupported && mPdf.isEncrypted()) {
+            return "encrypted in an unknown way: " + ToMessageText(exception.getMessageDetail());
+        }
+        return GetDamage(exception.getMessageDetail());
+    } catch (const TooLarge& exception) {
+        return exception.what();
+    } catch (const std::exception& exception) {
+        return GetDamage(exception.what());
+    }
+    if (mPages.empty()) return GetDamage("no page in it");
+    return {};
+}
+
+std::string PdfFile::GetDamage(const std::string& reason) const
+{
+    const char* fault = HasEndMark(mBytes) ? "damaged: " : "cut off, and the rest can't be read: ";
+    return fault + ToMessageText(reason);
+}
+
+std::vector<std::string> PdfFile::TakeNotes()
+{
+    std::vector<std::string> notes;
+    const std::vector<QPDFExc> warnings = mPdf.getWarnings();
+    if (!warnings.empty()) {
+        const char* fault = HasEndMark(mBytes) ? "damaged: " : "cut off: ";
+        notes.push_back(fault + ToMessageText(warnings.front().getMessageDetail()));
+        if (warnings.size() > 1) {
+            notes.back() += " (and " + std::to_string(warnings.size() - 1) + " more)";
+        }
+    }
+    if (mBrokenStreams > 0) {
+        notes.push_back(std::to_string(mBrokenStreams) + " streams can't be decoded whole");
+        mBrokenStreams = 0;
+    }
+    return notes;
+}
+
+void PdfFile::AppendStream(QPDFObjectHandle stream, std::string& data)
+{
+    const size_t start = data.size();
+    StringSink sink(data);
+    bool filtered = false;
+    bool whole = false;
+    try {
+        whole = stream.pipeStreamData(&sink, &filtered, 0, qpdf_dl_specialized, true, false);
+    } catch (const TooLarge&) {
+        throw;
+    } catch (const std::exception&) {
+        // What came out before counts; the stream is noted below.
+        whole = false;
+    }
+    // Data that couldn't be decoded at all is handed out as it is stored: that is no content.
+    if (!filtered) data.resize(start);
+    if (!whole || !filtered) ++mBrokenStreams;
+}
+
+}  // namespace documents

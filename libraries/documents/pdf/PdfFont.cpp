@@ -1,0 +1,75 @@
+#include "documents/pdf/PdfFont.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "documents/pdf/PdfKey.h"
+
+namespace documents {
+
+namespace {
+
+std::string GetName(QPDFObjectHandle dictionary, const char* key)
+{
+    QPDFObjectHandle value = GetKey(dictionary, key);
+    return value.isName() ? value.getName().substr(1) : std::string();
+}
+
+size_t GetCodeBytes(QPDFObjectHandle encoding)
+{
+    if (!encoding.isName()) return 2;
+    const std::string name = encoding.getName();
+    for (std::string_view part : {"Identity", "UCS2", "UTF16"}) {
+        if (name.find(part) != std::string::npos) return 2;
+    }
+    // The other maps mix codes of one and two bytes.
+    return 1;
+}
+
+}  // namespace
+
+std::string StripSubsetPrefix(const std::string& name)
+{
+    constexpr size_t kLetters = 6;
+    const bool isSubset = name.size() > kLetters + 1 && name[kLetters] == '+' &&
+                          std::all_of(name.begin(), name.begin() + kLetters,
+                                      [](char c) { return c >= 'A' && c <= 'Z'; });
+    return isSubset ? name.substr(kLetters + 1) : name;
+}
+
+PdfFont ReadPdfFont(QPDFObjectHandle font)
+{
+    PdfFont result;
+    const std::string type = GetName(font, "/Subtype");
+    if (type == "Type3") return result;
+    QPDFObjectHandle described = font;
+    if (type == "Type0") {
+        QPDFObjectHandle descendants = GetKey(font, "/DescendantFonts");
+        if (descendants.isArray() && descendants.getArrayNItems() > 0) {
+            described = descendants.getArrayItem(0);
+        }
+        result.codeBytes = GetCodeBytes(GetKey(font, "/Encoding"));
+    }
+    std::string name = GetName(described, "/BaseFont");
+    if (name.empty()) name = GetName(font, "/BaseFont");
+    if (name.empty()) name = GetName(GetKey(described, "/FontDescriptor"), "/FontName");
+    result.name = StripSubsetPrefix(name);
+    result.counts = !result.name.empty();
+    return result;
+}
+
+const PdfFont* PdfFontTable::Get(QPDFObjectHandle font)
+{
+    if (!font.isDictionary()) return nullptr;
+    if (!font.isIndirect()) {
+        PdfFont read = ReadPdfFont(font);
+        const std::string key =
+            read.name + '/' + std::to_string(read.codeBytes) + (read.counts ? "" : "-");
+        return &mDirectFonts.emplace(key, std::move(read)).first->second;
+    }
+    const auto found = mFonts.find(font.getObjGen());
+    if (found != mFonts.end()) return &found->second;
+    return &mFonts.emplace(font.getObjGen(), ReadPdfFont(font)).first->second;
+}
+
+}  // namespace documents

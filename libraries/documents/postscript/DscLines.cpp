@@ -1,0 +1,99 @@
+#include "documents/postscript/DscLines.h"
+
+#include <algorithm>
+#include <charconv>
+#include <string>
+
+namespace documents {
+
+namespace {
+
+// The length of the line at the start of `text`, and with its line end.
+struct LineLength {
+    size_t text;
+    size_t all;
+};
+
+LineLength MeasureLine(std::string_view text)
+{
+    const auto* end =
+        std::find_if(text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; });
+    const auto length = static_cast<size_t>(end - text.begin());
+    if (length == text.size()) return {length, length};
+    return {length, length + (text.substr(length, 2) == "\r\n" ? 2 : 1)};
+}
+
+}  // namespace
+
+std::string_view DscLines::TakeLine()
+{
+    const LineLength length = MeasureLine(mRest);
+    const std::string_view line = mRest.substr(0, length.text);
+    mRest.remove_prefix(length.all);
+    return line;
+}
+
+bool DscLines::Next(DscComment& comment)
+{
+    while (!mRest.empty()) {
+        const std::string_view line = TakeLine();
+        if (line.substr(0, 2) != "%%") continue;
+        comment = SplitDscComment(line);
+        if (comment.keyword == "BeginData" || comment.keyword == "BeginBinary") {
+            SkipData(comment);
+        } else if (comment.keyword == "BeginDocument") {
+            ++mNesting;
+        } else if (comment.keyword == "EndDocument") {
+            if (mNesting > 0) --mNesting;
+        } else if (mNesting == 0) {
+            return true;
+        }
+    }
+    return false;
+}
+
+size_t DscLines::MeasureData(size_t count, bool countsLines) const
+{
+    if (!countsLines) return count;
+    size_t length = 0;
+    for (; count > 0 && length < mRest.size(); --count) {
+        length += MeasureLine(mRest.substr(length)).all;
+    }
+    return length;
+}
+
+void DscLines::SkipData(const DscComment& begin)
+{
+    std::string_view rest = begin.value;
+    DscWord number;
+    DscWord type;
+    DscWord unit;
+    if (!TakeDscWord(rest, number)) return;
+    (void)(TakeDscWord(rest, type) && TakeDscWord(rest, unit));  // bytes, if they aren't there
+    size_t count = 0;
+    const char* last = number.text.data() + number.text.size();
+    if (std::from_chars(number.text.data(), last, count).ec != std::errc()) return;
+    const size_t length = MeasureData(count, unit.text == "Lines");
+
+    const std::string endMark = begin.keyword == "BeginData" ? "%%EndData" : "%%EndBinary";
+    if (length <= mRest.size()) {
+        std::string_view behind = mRest.substr(length);
+        behind.remove_prefix(std::min(behind.find_first_not_of("\r\n"), behind.size()));
+        if (behind.substr(0, endMark.size()) == endMark) {
+            mRest = behind;
+            return;
+        }
+    }
+    // The count doesn't lead to the end of the data: line ends were changed, or it is cut off.
+    const size_t found = mRest.find(endMark);
+    if (found != std::string_view::npos) {
+        mRest.remove_prefix(found);
+    } else if (length <= mRest.size()) {
+        mRest.remove_prefix(length);
+    } else {
+        mCutOff = true;
+        mRest = {};
+    }
+}
+
+}  // namespace documents

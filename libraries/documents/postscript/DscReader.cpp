@@ -1,0 +1,209 @@
+#include "documents/postscript/DscReader.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "documents/bytes/Utf8.h"
+#include "documents/model/DocumentBuilder.h"
+#include "documents/pdf/PdfFont.h"
+#include "documents/postscript/DscLines.h"
+
+namespace documents {
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+enum class Meaning {
+    kNone,
+    kFonts,            // a list of font names
+    kResources,        // a list of type words, each with names behind it
+    kCarriedFont,      // one font that the document brings along
+    kCarriedResource,  // the same, with a type word
+    kListedFile,       // a path
+    kIncludedFile,     // a path, at the place where the file is drawn
+    kCreator,
+};
+
+Meaning GetMeaning(std::string_view keyword)
+{
+    constexpr std::pair<std::string_view, Meaning> kMeanings[] = {
+        {"DocumentFonts", Meaning::kFonts},
+        {"DocumentNeededFonts", Meaning::kFonts},
+        {"DocumentSuppliedFonts", Meaning::kFonts},
+        {"PageFonts", Meaning::kFonts},
+        {"IncludeFont", Meaning::kFonts},
+        {"DocumentResources", Meaning::kResources},
+        {"DocumentNeededResources", Meaning::kResources},
+        {"DocumentSuppliedResources", Meaning::kResources},
+        {"PageResources", Meaning::kResources},
+        {"IncludeResource", Meaning::kResources},
+        {"BeginFont", Meaning::kCarriedFont},
+        {"BeginResource", Meaning::kCarriedResource},
+        {"DocumentFiles", Meaning::kListedFile},
+        {"DocumentNeededFiles", Meaning::kListedFile},
+        {"IncludeFile", Meaning::kIncludedFile},
+        {"Creator", Meaning::kCreator},
+    };
+    for (const auto& [name, meaning] : kMeanings) {
+        if (name == keyword) return meaning;
+    }
+    return Meaning::kNone;
+}
+
+void AddOnce(Texts& texts, std::string text)
+{
+    if (text.empty() || std::find(texts.begin(), texts.end(), text) != texts.end()) return;
+    texts.push_back(std::move(text));
+}
+
+// What all comments of a document say together.
+class Comments {
+public:
+    explicit Comments(std::string_view bytes)
+    {
+        DscLines lines(bytes);
+        DscComment comment;
+        Meaning meaning = Meaning::kNone;
+        while (lines.Next(comment)) {
+            if (comment.keyword != "+") {
+                meaning = GetMeaning(comment.keyword);
+                mResourceType.clear();
+            }
+            if (!IsAtEnd(comment.value)) Take(meaning, comment.value);
+        }
+        isCutOff = lines.IsCutOff();
+    }
+
+    Texts fonts;
+    Texts carriedFonts;
+    Texts listedFiles;
+    Texts includedFiles;
+    std::string creator;
+    bool isCutOff = false;
+    bool tellsFonts = false;
+
+private:
+    void Take(Meaning meaning, std::string_view value)
+    {
+        switch (meaning) {
+            case Meaning::kFonts:
+                tellsFonts = true;
+                TakeFonts(value, fonts);
+                break;
+            case Meaning::kResources:
+                tellsFonts = true;
+                TakeResources(value, fonts);
+                break;
+            case Meaning::kCarriedFont:
+                TakeFirstFont(value);
+                break;
+            case Meaning::kCarriedResource:
+                TakeResources(value, carriedFonts);
+                break;
+            case Meaning::kListedFile:
+                AddOnce(listedFiles, ToValidUtf8(GetDscText(value)));
+                break;
+            case Meaning::kIncludedFile:
+                TakeIncludedFile(value);
+                break;
+            case Meaning::kCreator:
+                if (creator.empty()) creator = ToValidUtf8(GetDscText(value));
+                break;
+            case Meaning::kNone:
+                break;
+        }
+    }
+
+    static void AddFont(const std::string& name, Texts& list)
+    {
+        const size_t slash = name.substr(0, 1) == "/" ? 1 : 0;
+        AddOnce(list, ToValidUtf8(StripSubsetPrefix(name.substr(slash))));
+    }
+
+    static void TakeFonts(std::string_view value, Texts& list)
+    {
+        DscWord word;
+        while (TakeDscWord(value, word)) AddFont(word.text, list);
+    }
+
+    // Behind the name stand a printer's name and a version.
+    void TakeFirstFont(std::string_view value)
+    {
+        DscWord word;
+        if (TakeDscWord(value, word)) AddFont(word.text, carriedFonts);
+    }
+
+    // A continued line may leave the type word out: the last one still holds.
+    void TakeResources(std::string_view value, Texts& list)
+    {
+        constexpr std::string_view kTypes[] = {"font", "file",     "procset",
+                                               "form", "encoding", "pattern"};
+        DscWord word;
+        while (TakeDscWord(value, word)) {
+            const bool isType = !word.quoted && std::find(std::begin(kTypes), std::end(kTypes),
+                                                          word.text) != std::end(kTypes);
+            if (isType) {
+                mResourceType = word.text;
+            } else if (mResourceType == "font") {
+                AddFont(word.text, list);
+            } else if (mResourceType == "file") {
+                AddOnce(listedFiles, ToValidUtf8(word.text));
+            }
+        }
+    }
+
+    void TakeIncludedFile(std::string_view value)
+    {
+        std::string file = ToValidUtf8(GetDscText(value));
+        if (!file.empty()) includedFiles.push_back(std::move(file));
+    }
+
+    std::string mResourceType;
+};
+
+}  // namespace
+
+void DescribePostScript(std::string_view bytes, Document& document)
+{
+    Comments comments(bytes);
+    const std::string_view firstLine = bytes.substr(0, bytes.find_first_of("\r\n"));
+    const bool isEPS = firstLine.find("EPSF") != std::string_view::npos;
+    const bool isIllustrator = comments.creator.find("Adobe Illustrator") != std::string::npos;
+    document.kind = isIllustrator && !isEPS ? Kind::kIllustrator : Kind::kEPS;
+    document.creator = std::move(comments.creator);
+    document.linkedFiles = comments.includedFiles;
+    const Texts& included = comments.includedFiles;
+    for (std::string& file : comments.listedFiles) {
+        if (std::find(included.begin(), included.end(), file) == included.end()) {
+            document.linkedFiles.push_back(std::move(file));
+        }
+    }
+    if (comments.isCutOff) document.notes.emplace_back("cut off within its data");
+}
+
+ReadResult ReadDscComments(const DocumentSource& source, const Limits& limits, Document& document)
+{
+    (void)limits;  // comments neither inflate nor nest
+    if (source.pdf != nullptr) return {};
+    Comments comments(source.postScript);
+    const bool isForeign = comments.creator.find("Adobe Illustrator") == std::string::npos;
+    if (isForeign && !comments.tellsFonts && comments.carriedFonts.empty()) return {};
+    const Texts& fonts = comments.fonts.empty() ? comments.carriedFonts : comments.fonts;
+    std::vector<TextRun> runs;
+    runs.reserve(fonts.size());
+    for (const std::string& font : fonts) runs.push_back({font, 1});
+    if (!runs.empty()) DocumentBuilder(document).AddFrameWithStory(std::move(runs));
+    return {ReadStatus::kRead, {}};
+}
+
+ReadResult ReadWithoutFonts(const DocumentSource& source, const Limits& limits, Document& document)
+{
+    (void)limits;    // nothing is read
+    (void)document;  // it has no text
+    return {source.pdf == nullptr ? ReadStatus::kRead : ReadStatus::kNotMine, {}};
+}
+
+}  // namespace documents

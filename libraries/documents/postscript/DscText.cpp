@@ -1,0 +1,111 @@
+#include "documents/postscript/DscText.h"
+
+#include <algorithm>
+
+namespace documents {
+
+namespace {
+
+constexpr std::string_view kBlanks = " \t";
+
+std::string_view Trim(std::string_view text)
+{
+    const size_t start = text.find_first_not_of(kBlanks);
+    if (start == std::string_view::npos) return {};
+    return text.substr(start, text.find_last_not_of(kBlanks) - start + 1);
+}
+
+// Behind a backslash: appends what the escape stands for and gives how many bytes it takes.
+size_t TakeEscape(std::string_view text, std::string& out)
+{
+    size_t digits = 0;
+    unsigned value = 0;
+    while (digits < 3 && digits < text.size() && text[digits] >= '0' && text[digits] <= '7') {
+        value = value * 8 + static_cast<unsigned>(text[digits] - '0');
+        ++digits;
+    }
+    if (digits > 0) {
+        out += static_cast<char>(value & 0xFF);
+        return digits;
+    }
+    if (text.empty()) return 0;
+    constexpr std::string_view kLetters = "nrtbf";
+    constexpr std::string_view kMeanings = "\n\r\t\b\f";
+    const size_t letter = kLetters.find(text[0]);
+    out += letter == std::string_view::npos ? text[0] : kMeanings[letter];
+    return 1;
+}
+
+// `rest` begins with an opening parenthesis. A string without its end goes to the line's.
+std::string TakeString(std::string_view& rest)
+{
+    std::string text;
+    size_t depth = 1;
+    size_t position = 1;
+    for (; position < rest.size(); ++position) {
+        const char c = rest[position];
+        if (c == '\\') {
+            position += TakeEscape(rest.substr(position + 1), text);
+            continue;
+        }
+        if (c == '(') ++depth;
+        if (c == ')' && --depth == 0) break;
+        text += c;
+    }
+    rest.remove_prefix(std::min(position + 1, rest.size()));
+    return text;
+}
+
+}  // namespace
+
+DscComment SplitDscComment(std::string_view line)
+{
+    line.remove_prefix(2);
+    if (line.substr(0, 1) == "+") return {line.substr(0, 1), Trim(line.substr(1))};
+    const size_t end = std::min(line.find_first_of(": \t"), line.size());
+    const bool hasColon = end < line.size() && line[end] == ':';
+    return {line.substr(0, end), Trim(line.substr(hasColon ? end + 1 : end))};
+}
+
+bool TakeDscWord(std::string_view& rest, DscWord& word)
+{
+    rest.remove_prefix(std::min(rest.find_first_not_of(kBlanks), rest.size()));
+    if (rest.empty()) return false;
+    word.quoted = rest.front() == '(';
+    if (word.quoted) {
+        word.text = TakeString(rest);
+        return true;
+    }
+    const size_t length = std::min(rest.find_first_of(kBlanks), rest.size());
+    word.text = rest.substr(0, length);
+    rest.remove_prefix(length);
+    return true;
+}
+
+std::string GetDscText(std::string_view value)
+{
+    value = Trim(value);
+    if (!value.empty() && value.front() == '(') {
+        std::string_view rest = value;
+        std::string text = TakeString(rest);
+        // "(C) 1999 A. Writer" isn't a string.
+        if (Trim(rest).empty()) return text;
+    }
+    return std::string(value);
+}
+
+std::string QuoteAsString(const std::string& text)
+{
+    std::string quoted = "(";
+    for (const char c : text) {
+        if (c == '(' || c == ')' || c == '\\') quoted += '\\';
+        if (c == '\n') quoted += "\\n";
+        if (c == '\r') quoted += "\\r";
+        if (c != '\n' && c != '\r') quoted += c;
+    }
+    return quoted + ")";
+}
+
+bool IsAtEnd(std::string_view value) { return value == "(atend)" || value == "atend"; }
+
+}  // namespace documents

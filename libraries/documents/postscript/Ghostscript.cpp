@@ -1,0 +1,193 @@
+#include "documents/postscript/Ghostscript.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/mman.h>
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+
+namespace documents {
+
+namespace {
+
+// The program finds its files under these numbers.
+constexpr int kInput = 10;
+constexpr int kOutput = 11;
+constexpr int kNoticed = 12;
+
+class Descriptor {
+public:
+    explicit Descriptor(int value) : mValue(value) {}
+    ~Descriptor() { Close(); }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    int Get() const { return mValue; }
+    void Close()
+    {
+        if (mValue >= 0) (void)close(mValue);  // memory or a pipe: nothing is lost
+        mValue = -1;
+    }
+
+private:
+    int mValue;
+};
+
+std::string FindProgram()
+{
+    const char* const path = std::getenv("PATH");
+    std::string rest = path == nullptr ? "" : path;
+    while (!rest.empty()) {
+        const size_t end = std::min(rest.find(':'), rest.size());
+        std::string program = rest.substr(0, end) + "/gs";
+        rest.erase(0, end + 1);
+        // A relative folder would make it matter where the user stands.
+        if (program.front() == '/' && access(program.c_str(), X_OK) == 0) return program;
+    }
+    return {};
+}
+
+bool WriteAll(int descriptor, std::string_view bytes)
+{
+    while (!bytes.empty()) {
+        const ssize_t count = write(descriptor, bytes.data(), bytes.size());
+        if (count < 0 && errno == EINTR) continue;
+        if (count <= 0) return false;
+        bytes.remove_prefix(static_cast<size_t>(count));
+    }
+    return true;
+}
+
+bool ReadBack(int descriptor, size_t most, std::string& bytes)
+{
+    struct stat status = {};
+    if (fstat(descriptor, &status) != 0 || static_cast<size_t>(status.st_size) > most) return false;
+    bytes.resize(static_cast<size_t>(status.st_size));
+    size_t have = 0;
+    while (have < bytes.size()) {
+        const ssize_t count =
+            pread(descriptor, &bytes[have], bytes.size() - have, static_cast<off_t>(have));
+        if (count < 0 && errno == EINTR) continue;
+        if (count <= 0) return false;
+        have += static_cast<size_t>(count);
+    }
+    return true;
+}
+
+void Limit(int resource, size_t most)
+{
+    const rlimit limit = {most, most};
+    (void)setrlimit(static_cast<__rlimit_resource>(resource), &limit);  // else the machine's holds
+}
+
+// In the new process: what is called here must be safe after a fork.
+[[noreturn]] void Become(const char* program, int input, int output, int noticed, size_t memory,
+                         size_t mostPdf, pid_t parent)
+{
+    (void)setpgid(0, 0);  // a new process is no leader
+    (void)prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (getppid() != parent) _exit(127);
+    Limit(RLIMIT_DATA, memory);
+    Limit(RLIMIT_FSIZE, mostPdf);
+    Limit(RLIMIT_CORE, 0);
+    const int nothing = open("/dev/null", O_RDWR);
+    for (const int standard : {0, 1, 2}) {
+        if (dup2(nothing, standard) < 0) _exit(127);
+    }
+    if (dup2(input, kInput) < 0 || dup2(output, kOutput) < 0 || dup2(noticed, kNoticed) < 0) {
+        _exit(127);
+    }
+    constexpr std::array<const char*, 10> kArguments = {"gs",
+                                                        "-q",
+                                                        "-dSAFER",
+                                                        "-dBATCH",
+                                                        "-dNOPAUSE",
+                                                        "-sDEVICE=pdfwrite",
+                                                        "-dEPSCrop",
+                                                        "-sOutputFile=/proc/self/fd/11",
+                                                        "/proc/self/fd/10",
+                                                        nullptr};
+    (void)execv(program, const_cast<char* const*>(kArguments.data()));
+    _exit(127);
+}
+
+// Waits until nobody holds the other end of the pipe any more; false if that takes too long.
+bool WaitForEnd(int pipe, double seconds)
+{
+    using Clock = std::chrono::steady_clock;
+    const auto end = Clock::now() + std::chrono::duration<double>(seconds);
+    for (;;) {
+        const double left = std::chrono::duration<double>(end - Clock::now()).count();
+        if (left <= 0) return false;
+        pollfd entry = {pipe, POLLIN, 0};
+        if (poll(&entry, 1, static_cast<int>(left * 1000) + 1) > 0) return true;
+    }
+}
+
+}  // namespace
+
+GhostscriptResult DrawWithGhostscript(std::string_view postScript, double seconds,
+                                      size_t memoryBytes, size_t mostPdfBytes)
+{
+    GhostscriptResult result;
+    const std::string program = FindProgram();
+    if (program.empty()) {
+        result.error = "Ghostscript isn't installed";
+        return result;
+    }
+    result.error = "Ghostscript can't be started";
+    // Above the numbers that are given to it, so that none is overwritten.
+    const auto raise = [](int descriptor) {
+        const int raised = fcntl(descriptor, F_DUPFD_CLOEXEC, 20);
+        if (descriptor >= 0) (void)close(descriptor);  // memory or a pipe: nothing is lost
+        return raised;
+    };
+    const Descriptor input(raise(memfd_create("input", MFD_CLOEXEC)));
+    const Descriptor output(raise(memfd_create("output", MFD_CLOEXEC)));
+    int ends[2] = {-1, -1};
+    if (pipe2(ends, O_CLOEXEC) != 0) return result;
+    const Descriptor end(raise(ends[0]));
+    Descriptor noticed(raise(ends[1]));
+    if (input.Get() < 0 || output.Get() < 0 || end.Get() < 0 || noticed.Get() < 0 ||
+        !WriteAll(input.Get(), postScript)) {
+        return result;
+    }
+    const pid_t parent = getpid();
+    const pid_t process = fork();
+    if (process == 0) {
+        Become(program.c_str(), input.Get(), output.Get(), noticed.Get(), memoryBytes, mostPdfBytes,
+               parent);
+    }
+    if (process < 0) return result;
+    (void)setpgid(process, process);  // the process does so as well, whoever is first
+    noticed.Close();
+    const bool hasEnded = WaitForEnd(end.Get(), seconds);
+    // Nobody of its group may be left.
+    if (!hasEnded) (void)kill(-process, SIGKILL);
+    int status = 0;
+    while (waitpid(process, &status, 0) < 0 && errno == EINTR) continue;
+    (void)kill(-process, SIGKILL);
+    if (!hasEnded) {
+        result.error =
+            "Ghostscript took longer than " + std::to_string(static_cast<long>(seconds)) + " s";
+    } else if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) {
+        result.error = "Ghostscript can't draw it";
+    } else if (!ReadBack(output.Get(), mostPdfBytes, result.pdf) || result.pdf.empty()) {
+        result.pdf.clear();
+        result.error = "Ghostscript drew nothing";
+    } else {
+        result.error.clear();
+    }
+    return result;
+}
+
+}  // namespace documents

@@ -1,0 +1,203 @@
+#include "fonts/ActiveFonts.h"
+
+#include <fontconfig/fontconfig.h>
+#include <sys/stat.h>
+
+#include <filesystem>
+#include <memory>
+#include <mutex>
+
+#include "fonts/FontFaces.h"
+
+namespace fonts {
+namespace {
+
+using Config = std::unique_ptr<FcConfig, void (*)(FcConfig*)>;
+using Pattern = std::unique_ptr<FcPattern, void (*)(FcPattern*)>;
+using FontSet = std::unique_ptr<FcFontSet, void (*)(FcFontSet*)>;
+using ObjectSet = std::unique_ptr<FcObjectSet, void (*)(FcObjectSet*)>;
+
+// A fresh configuration each time: it sees what the folders hold now, and the process's current
+// configuration, which belongs to the host, stays as it is.
+Config LoadConfig() { return {FcInitLoadConfigAndFonts(), FcConfigDestroy}; }
+
+std::string GetText(const FcPattern* pattern, const char* object)
+{
+    FcChar8* text = nullptr;
+    if (FcPatternGetString(pattern, object, 0, &text) != FcResultMatch || !text) return {};
+    return reinterpret_cast<const char*>(text);
+}
+
+int GetIndex(const FcPattern* pattern)
+{
+    int index = 0;
+    return FcPatternGetInteger(pattern, FC_INDEX, 0, &index) == FcResultMatch ? index : 0;
+}
+
+bool IsOfVariableFont(const FcPattern* pattern)
+{
+    FcBool variable = FcFalse;
+    const bool told = FcPatternGetBool(pattern, FC_VARIABLE, 0, &variable) == FcResultMatch;
+    return (told && variable) || (GetIndex(pattern) >> 16) != 0;
+}
+
+// The names in variable font files, kept for as long as a file stays as it is: reading one takes
+// far longer than listing it.
+class VariableFontNames {
+public:
+    std::vector<FontFace> Get(const std::string& file)
+    {
+        struct stat status = {};
+        if (stat(file.c_str(), &status) != 0) return {};
+        const std::lock_guard<std::mutex> lock(mMutex);
+        Entry& entry = mEntries[file];
+        if (!entry.IsOf(status)) {
+            entry.inode = status.st_ino;
+            entry.size = status.st_size;
+            entry.modified = status.st_mtim;
+            entry.faces = ReadFontFaces(file).faces;
+        }
+        return entry.faces;
+    }
+
+private:
+    struct Entry {
+        ino_t inode = 0;
+        off_t size = -1;
+        timespec modified = {};
+        std::vector<FontFace> faces;
+
+        bool IsOf(const struct stat& status) const
+        {
+            return inode == status.st_ino && size == status.st_size &&
+                   modified.tv_sec == status.st_mtim.tv_sec &&
+                   modified.tv_nsec == status.st_mtim.tv_nsec;
+        }
+    };
+    std::mutex mMutex;
+    std::map<std::string, Entry> mEntries;
+};
+
+VariableFontNames& GetVariableFontNames()
+{
+    static VariableFontNames names;
+    return names;
+}
+
+FontSet ListFonts(FcConfig* config)
+{
+    const Pattern all(FcPatternCreate(), FcPatternDestroy);
+    const ObjectSet objects(FcObjectSetBuild(FC_POSTSCRIPT_NAME, FC_FILE, FC_INDEX, FC_VARIABLE,
+                                             static_cast<char*>(nullptr)),
+                            FcObjectSetDestroy);
+    if (!all || !objects) return {nullptr, FcFontSetDestroy};
+    return {FcFontList(config, all.get(), objects.get()), FcFontSetDestroy};
+}
+
+std::vector<ActiveFont> ListThrowing()
+{
+    const Config config = LoadConfig();
+    if (!config) return {};
+    const FontSet set = ListFonts(config.get());
+    std::vector<ActiveFont> result;
+    std::set<std::string> variableFiles;
+    for (int position = 0; set && position < set->nfont; ++position) {
+        const FcPattern* pattern = set->fonts[position];
+        const std::string file = GetText(pattern, FC_FILE);
+        if (IsOfVariableFont(pattern)) {
+            variableFiles.insert(file);
+            continue;
+        }
+        const std::string name = GetText(pattern, FC_POSTSCRIPT_NAME);
+        if (!name.empty()) result.push_back({name, file, GetIndex(pattern)});
+    }
+    for (const std::string& file : variableFiles) {
+        for (const FontFace& face : GetVariableFontNames().Get(file)) {
+            result.push_back({face.postScriptName, file, face.index});
+        }
+    }
+    return result;
+}
+
+Pattern MatchDefault(FcConfig* config, const std::string& language)
+{
+    const Pattern wanted(FcPatternCreate(), FcPatternDestroy);
+    if (!wanted) return {nullptr, FcPatternDestroy};
+    if (!language.empty()) {
+        FcPatternAddString(wanted.get(), FC_LANG,
+                           reinterpret_cast<const FcChar8*>(language.c_str()));
+    }
+    FcConfigSubstitute(config, wanted.get(), FcMatchPattern);
+    FcDefaultSubstitute(wanted.get());
+    FcResult outcome = FcResultNoMatch;
+    return {FcFontMatch(config, wanted.get(), &outcome), FcPatternDestroy};
+}
+
+// A variable font that fontconfig fitted to the request has an index of its own making, which no
+// named instance bears; the name is then that of the face.
+std::string GetNameInFile(const std::string& file, int index)
+{
+    std::string ofFace;
+    for (const FontFace& face : GetVariableFontNames().Get(file)) {
+        if (face.index == index) return face.postScriptName;
+        if (face.index == (index & 0xffff)) ofFace = face.postScriptName;
+    }
+    return ofFace;
+}
+
+std::string GetDefaultThrowing(const std::string& language)
+{
+    const Config config = LoadConfig();
+    if (!config) return {};
+    const Pattern match = MatchDefault(config.get(), language);
+    if (!match) return {};
+    if (IsOfVariableFont(match.get())) {
+        return GetNameInFile(GetText(match.get(), FC_FILE), GetIndex(match.get()));
+    }
+    return GetText(match.get(), FC_POSTSCRIPT_NAME);
+}
+
+}  // namespace
+
+std::vector<ActiveFont> ListActiveFonts()
+try {
+    return ListThrowing();
+} catch (const std::exception&) {
+    return {};
+}
+
+void RescanFolder(const std::string& folder)
+try {
+    const Config config = LoadConfig();
+    if (!config) return;
+    const auto rescan = [&config](const std::string& path) {
+        const auto* const text = reinterpret_cast<const FcChar8*>(path.c_str());
+        if (FcCache* const cache = FcDirCacheRescan(text, config.get())) FcDirCacheUnload(cache);
+    };
+    rescan(folder);
+    std::error_code error;
+    std::filesystem::recursive_directory_iterator entry(folder, error);
+    for (; !error && entry != std::filesystem::recursive_directory_iterator();
+         entry.increment(error)) {
+        std::error_code noStatus;
+        if (entry->is_directory(noStatus)) rescan(entry->path());
+    }
+} catch (const std::exception&) {
+    // What fontconfig remembers stays; the caller looks what it shows.
+}
+
+std::set<std::string> GetActiveFontNames()
+{
+    std::set<std::string> names;
+    for (const ActiveFont& font : ListActiveFonts()) names.insert(font.postScriptName);
+    return names;
+}
+
+std::string GetDefaultFontName(const std::string& language)
+try {
+    return GetDefaultThrowing(language);
+} catch (const std::exception&) {
+    return {};
+}
+
+}  // namespace fonts

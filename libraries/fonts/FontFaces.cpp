@@ -1,0 +1,159 @@
+#include "fonts/FontFaces.h"
+
+#include <ft2build.h>
+#include FT_FREETYPE_H
+#include FT_FONT_FORMATS_H
+#include FT_MULTIPLE_MASTERS_H
+#include FT_SFNT_NAMES_H
+
+#include <algorithm>
+#include <cctype>
+#include <cstring>
+#include <memory>
+
+namespace fonts {
+namespace {
+
+// A damaged header can promise any number; real collections have some dozens.
+constexpr FT_Long kMostFaces = 1024;
+constexpr FT_UInt kMostInstances = 4096;
+
+using Library = std::unique_ptr<FT_LibraryRec_, FT_Error (*)(FT_Library)>;
+using Face = std::unique_ptr<FT_FaceRec_, FT_Error (*)(FT_Face)>;
+
+std::string GetReason(FT_Error error)
+{
+    const char* text = FT_Error_String(error);
+    if (text) return text;
+    if (error == FT_Err_Unknown_File_Format) return "not a font, or damaged";
+    if (error == FT_Err_Cannot_Open_Resource) return "cannot be opened";
+    if (error == FT_Err_Cannot_Open_Stream) return "empty, or cannot be opened";
+    return "damaged (FreeType error " + std::to_string(error) + ")";
+}
+
+Face OpenFace(FT_Library library, const std::string& path, FT_Long index, FT_Error& error)
+{
+    FT_Face face = nullptr;
+    error = FT_New_Face(library, path.c_str(), index, &face);
+    return Face(error == FT_Err_Ok ? face : nullptr, FT_Done_Face);
+}
+
+// A text of the name table without all but letters, digits and those of `also`; empty if there is
+// none in English.
+std::string GetPlainText(FT_Face face, FT_UInt id, const std::string& also = {})
+{
+    constexpr FT_UShort kWindows = 3;
+    constexpr FT_UShort kEnglish = 0x0009;
+    constexpr FT_UShort kPrimaryLanguage = 0x03ff;
+    for (FT_UInt position = 0; position < FT_Get_Sfnt_Name_Count(face); ++position) {
+        FT_SfntName entry = {};
+        if (FT_Get_Sfnt_Name(face, position, &entry) != FT_Err_Ok) continue;
+        if (entry.name_id != id || entry.platform_id != kWindows ||
+            (entry.language_id & kPrimaryLanguage) != kEnglish) {
+            continue;
+        }
+        std::string text;
+        for (FT_UInt byte = 0; byte + 1 < entry.string_len; byte += 2) {
+            const FT_Byte low = entry.string[byte + 1];
+            if (entry.string[byte] != 0 || low >= 0x80) continue;
+            if (std::isalnum(low) != 0 || also.find(static_cast<char>(low)) != std::string::npos) {
+                text += static_cast<char>(low);
+            }
+        }
+        if (!text.empty()) return text;
+    }
+    return {};
+}
+
+// What the names of instances begin with. To be asked for before FreeType is asked for the name of
+// an instance: it drops a family name that has a blank in it from the table then.
+std::string GetInstancePrefix(FT_Face face)
+{
+    constexpr FT_UInt kPrefixIds[] = {25, 16, 1};  // prefix for variations, and the two families
+    for (const FT_UInt id : kPrefixIds) {
+        std::string prefix = GetPlainText(face, id);
+        if (!prefix.empty()) return prefix;
+    }
+    return {};
+}
+
+// The name by the rule of the font format: told by the instance, or made of prefix and style.
+// FreeType gives none if the prefix has a blank in it.
+std::string MakeInstanceName(FT_Face face, const std::string& prefix,
+                             const FT_Var_Named_Style& style)
+{
+    constexpr FT_UInt kNoName = 0xffff;
+    if (style.psid != kNoName) return GetPlainText(face, style.psid, "-_.");
+    const std::string styleName = GetPlainText(face, style.strid);
+    return prefix.empty() || styleName.empty() ? std::string() : prefix + "-" + styleName;
+}
+
+void AddName(const std::string& name, FT_Face face, FT_Long index, FontFaces& result)
+{
+    const auto isSame = [&](const FontFace& other) {
+        return other.postScriptName == name && (other.index & 0xffff) == (index & 0xffff);
+    };
+    if (name.empty() || std::any_of(result.faces.begin(), result.faces.end(), isSame)) return;
+    const char* format = FT_Get_Font_Format(face);
+    result.faces.push_back(
+        {name, static_cast<int>(index), format && std::strcmp(format, "Type 1") == 0});
+}
+
+std::string GetName(FT_Face face)
+{
+    const char* name = FT_Get_Postscript_Name(face);
+    return name ? name : "";
+}
+
+void AddInstances(FT_Library library, FT_Face face, FT_Long index, FontFaces& result)
+{
+    FT_MM_Var* read = nullptr;
+    if (FT_Get_MM_Var(face, &read) != FT_Err_Ok) return;
+    const auto release = [library](FT_MM_Var* axes) { (void)FT_Done_MM_Var(library, axes); };
+    const std::unique_ptr<FT_MM_Var, decltype(release)> axes(read, release);
+    const std::string prefix = GetInstancePrefix(face);
+    const auto count = std::min<FT_UInt>(axes->num_namedstyles, kMostInstances);
+    for (FT_UInt instance = 1; instance <= count; ++instance) {
+        if (FT_Set_Named_Instance(face, instance) != FT_Err_Ok) continue;
+        std::string name = GetName(face);
+        if (name.empty()) name = MakeInstanceName(face, prefix, axes->namedstyle[instance - 1]);
+        AddName(name, face, (static_cast<FT_Long>(instance) << 16) | index, result);
+    }
+}
+
+FontFaces ReadAll(FT_Library library, const std::string& path)
+{
+    FontFaces result;
+    FT_Error firstError = FT_Err_Ok;
+    FT_Long count = 1;
+    for (FT_Long index = 0; index < count; ++index) {
+        FT_Error error = FT_Err_Ok;
+        const Face face = OpenFace(library, path, index, error);
+        if (!face) {
+            if (firstError == FT_Err_Ok) firstError = error;
+            continue;
+        }
+        count = std::min(face->num_faces, kMostFaces);
+        AddName(GetName(face.get()), face.get(), index, result);
+        if (FT_HAS_MULTIPLE_MASTERS(face.get())) AddInstances(library, face.get(), index, result);
+    }
+    if (result.faces.empty()) {
+        result.problem =
+            firstError == FT_Err_Ok ? "no face in it has a PostScript name" : GetReason(firstError);
+    }
+    return result;
+}
+
+}  // namespace
+
+FontFaces ReadFontFaces(const std::string& path)
+try {
+    FT_Library raw = nullptr;
+    if (FT_Init_FreeType(&raw) != FT_Err_Ok) return {{}, "FreeType cannot be started"};
+    const Library library(raw, FT_Done_FreeType);
+    return ReadAll(library.get(), path);
+} catch (const std::exception& failure) {
+    return {{}, failure.what()};
+}
+
+}  // namespace fonts

@@ -1,0 +1,22 @@
+#include "plugin-core/Buffers.h"
+
+#include <cstring>
+
+#include "plugin-core/storage/StatusCodes.h"
+
+std::string plugincore::ReadBuffer(const char* buffer, size_t size)
+{
+    return {buffer, strnlen(buffer, size)};
+}
+
+void plugincore::WriteBuffer(const std::string& text, char* buffer, size_t size)
+{
+    if (text.size() < size) {
+        std::memcpy(buffer, text.c_str(), text.size() + 1);
+        return;
+    }
+    if (size != 0) buffer[0] = '\0';
+    throw Failure(StatusCodes::kIndexOutOfRange, "a buffer of " + std::to_string(size) +
+                                                     " bytes is too small for " +
+                                                     std::to_string(text.size() + 1));
+}

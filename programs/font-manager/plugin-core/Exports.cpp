@@ -1,0 +1,337 @@
+#include "plugin-core/Exports.h"
+
+#include <string>
+#include <type_traits>
+
+#include "plugin-core/Buffers.h"
+#include "plugin-core/CallRecord.h"
+#include "plugin-core/Core.h"
+#include "plugin-core/documents/Dialogs.h"
+#include "plugin-core/documents/FontJson.h"
+#include "plugin-core/menus/Menus.h"
+#include "plugin-core/storage/StatusCodes.h"
+
+using plugincore::CallRecord;
+using plugincore::Failure;
+using plugincore::GetCore;
+using plugincore::ReadBuffer;
+using plugincore::Report;
+using plugincore::StatusCodes;
+using plugincore::Told;
+using plugincore::WriteBuffer;
+
+namespace {
+
+// Each export has the type that the plug-in calls it by; for the unsettled ones only the name is
+// given.
+template <class Declared, class Defined>
+constexpr bool HasDeclaredType()
+{
+    return std::is_same_v<Declared, Defined> || std::is_same_v<Declared, void*>;
+}
+#define CHECK_TYPE(name) \
+    static_assert(HasDeclaredType<name##Function, decltype(&(name))>(), #name " differs");
+PLUGIN_CORE_FUNCTIONS(CHECK_TYPE)
+#undef CHECK_TYPE
+
+template <class... Pointer>
+bool IsAnyNull(Pointer... pointers)
+{
+    return ((pointers == nullptr) || ...);
+}
+
+// Nothing may leave an export but a status.
+template <class Work>
+unsigned int Guard(const char* name, Work work) noexcept
+try {
+    return work();
+} catch (const Failure& failure) {
+    Report(std::string(name) + ": " + failure.what());
+    return failure.GetStatus();
+} catch (const std::exception& failure) {
+    Report(std::string(name) + ": " + failure.what());
+    return StatusCodes::kUnknownError;
+} catch (...) {
+    Report(std::string(name) + ": unknown failure");
+    return StatusCodes::kUnknownError;
+}
+
+}  // namespace
+
+unsigned int ActivateChosenFonts(const char* documentPath, const char* fontsJson, int* outValue)
+{
+    const CallRecord call(__func__, [&] {
+        return nlohmann::json::object(
+            {{"documentPath", Told(documentPath)}, {"fontsJson", Told(fontsJson)}});
+    });
+    if (IsAnyNull(documentPath, fontsJson, outValue)) return StatusCodes::kNullPointer;
+    return call.Return(Guard(__func__, [&] {
+        *outValue = GetCore().ActivateFonts(documentPath, fontsJson);
+        return StatusCodes::kSuccess;
+    }));
+}
+
+unsigned int CreateMenusFromJSONBuffer(const char* menusJson, AddIllustratorMenuFunction callback,
+                                       MenuItemHelp* help)
+{
+    const CallRecord call(__func__, [&] {
+        return nlohmann::json::object({{"menusJson", Told(menusJson)}});
+    });
+    if (IsAnyNull(menusJson, help) || !callback) return StatusCodes::kNullPointer;
+    return call.Return(Guard(__func__, [&] {
+        plugincore::AddMenus(menusJson, callback, help);
+        return StatusCodes::kSuccess;
+    }));
+}
+
+unsigned int GetAPIVersion(int* outVersion, int requiredVersion)
+{
+    const CallRecord call(__func__, [&] {
+        return nlohmann::json::object({{"requiredVersion", requiredVersion}});
+    });
+    if (IsAnyNull(outVersion)) return StatusCodes::kNullPointer;
+    *outVersion = kPluginCoreAPIVersion;
+    return call.Return(requiredVersion == kPluginCoreAPIVersion ? StatusCodes::kSuccess
+                                                                : StatusCodes::kVersionMismatch);
+}
+
+unsigned int GetIDForDocument(const char* documentPath, char* idBuffer, size_t* ioSize)
+{
+    const CallRecord call(__func__, [&] {
+        return nlohmann::json::object({{"documentPath", Told(documentPath)}});
+    });
+    if (IsAnyNull(documentPath, idBuffer) || !ioSize) return StatusCodes::kNullPointer;
+    const unsigned int status = Guard(__func__, [&] {
+        WriteBuffer(GetCore().GetDocumentId(documentPath), idBuffer, *ioSize);
+        return StatusCodes::kSuccess;
+    });
+    return call.Return(status, [&] { return nlohmann::json::object({{"id", Told(idBuffer)}}); });
+}
+
+unsigned int GetMenus(const char* documentPath, char* buffer, size_t* ioSize)
+{
+    const CallRecord call(__func__, [&] {
+        return nlohmann::json::object({{"documentPath", Told(documentPath)}});
+    });
+    if (IsAnyNull(documentPath) || !ioSize || (!buffer && *ioSize != 0)) {
+        return StatusCodes::kNullPointer;
+    }
+    const unsigned int status = Guard(__func__, [&] {
+        const std::string menus = GetCore().GetMenus(documentPath);
+        if (!buffer || *ioSize <= menus.size()) {
+            if (buffer && *ioSize != 0) buffer[0] = '\0';
+            *ioSize = menus.size() + 1;
+            return StatusCodes::kIndexOutOfRange;
+        }
+        WriteBuffer(menus, buffer, *ioSize);
+        return StatusCodes::kSuccess;
+    });
+    return call.Return(status, [&] { return nlohmann::json::object({{"menus", Told(buffer)}}); });
+}
+
+unsigned int GetSettings(char* buffer, size_t* ioSize)
+{
+    const CallRecord call(__func__, [] { return nlohmann::json::object(); });
+    if (IsAnyNull(buffer) || !ioSize) return StatusCodes::kNullPointer;
+    const unsigned int status = Guard(__func__, [&] {
+        WriteBuffer(GetCore().GetSettings(), buffer, *ioSize);
+        return StatusCodes::kSuccess;
+    });
+    return call.Return(status, [&] {
+        return nlohmann::json::object({{"settings", Told(buffer)}});
+    });
+}
+
+unsigned int GetSocketPort(int* outPort)
+{
+    const CallRecord call(__func__, [] { return nlohmann::json::object(); });
+    if (IsAnyNull(outPort)) return StatusCodes::kNullPointer;
+    const unsigned int status = Guard(__func__, [&] {
+        *outPort = GetCore().GetPanelPort();
+        return StatusCodes::kSuccess;
+    });
+    return call.Return(status, [&] { return nlohmann::json::object({{"port", *outPort}}); });
+}
+
+unsigned int HandleCloseDocument(const char* path, const char* fontUsageJson)
+{
+    const CallRecord call(__func__, [&] {
+        return nlohmann::json::object(
+            {{"path", Told(path)}, {"fontUsageJson", Told(fontUsageJson)}});
+    });
+    if (IsAnyNull(path, fontUsageJson)) return StatusCodes::kNullPointer;
+    return call.Return(Guard(__func__, [&] {
+        GetCore().CloseDocument(path, fontUsageJson);
+        return StatusCodes::kSuccess;
+    }));
+}
+
+unsigned int HandleCreateNewDocument(char* idBuffer, size_t* ioSize)
+{
+    const CallRecord call(__func__, [] { return nlohmann::json::object(); });
+    if (IsAnyNull(idBuffer) || !ioSize) return StatusCodes::kNullPointer;
+    const unsigned int status = Guard(__func__, [&] {
+        WriteBuffer(GetCore().AddBlankDocument(), idBuffer, *ioSize);
+        return StatusCodes::kSuccess;
+    });
+    return call.Return(status, [&] { return nlohmann::json::object({{"id", Told(idBuffer)}}); });
+}
+
+unsigned int HandleMenuSelection(const char* documentId, const char* lastKnownMenuState,
+                                 const char* menuKey, const char* fontUsageJson)
+{
+    const CallRecord call(__func__, [&] {
+        return nlohmann::json::object({{"documentId", Told(documentId)},
+                                       {"menuKey", Told(menuKey)},
+                                       {"fontUsageJson", Told(fontUsageJson)}});
+    });
+    if (IsAnyNull(documentId, lastKnownMenuState, menuKey, fontUsageJson)) {
+        return StatusCodes::kNullPointer;
+    }
+    return call.Return(Guard(__func__, [&] {
+        GetCore().SelectMenu(menuKey, documentId, fontUsageJson);
+        return StatusCodes::kSuccess;
+    }));
+}
+
+unsigned int HandleOpenExistingDocument(const char* path, char* ioJson, size_t* ioSize,
+                                        int* outValue)
+{
+    const CallRecord call(__func__, [&] {
+        return nlohmann::json::object({{"path", Told(path)}, {"ioJson", Told(ioJson)}});
+    });
+    if (IsAnyNull(path, ioJson) || !ioSize || !outValue) return StatusCodes::kNullPointer;
+    const unsigned int status = Guard(__func__, [&] {
+        const std::string fontsJson = ReadBuffer(ioJson, *ioSize);
+        if (*ioSize != 0) ioJson[0] = '\0';  // what comes out of a failure
+        const std::string left = GetCore().OpenDocument(path, fontsJson);
+        WriteBuffer(left, ioJson, *ioSize);
+        *outValue = left.empty() ? 0 : static_cast<int>(plugincore::ReadFontNames(left).size());
+        return StatusCodes::kSuccess;
+    });
+    return call.Return(status, [&] { return nlohmann::json::object({{"ioJson", Told(ioJson)}}); });
+}
+
+unsigned int HandleSaveDocument(const char* path, const char* fontUsageJson)
+{
+    const CallRecord call(__func__, [&] {
+        return nlohmann::json::object(
+            {{"path", Told(path)}, {"fontUsageJson", Told(fontUsageJson)}});
+    });
+    if (IsAnyNull(path, fontUsageJson)) return StatusCodes::kNullPointer;
+    return call.Return(Guard(__func__, [&] {
+        GetCore().SaveDocument(path, fontUsageJson);
+        return StatusCodes::kSuccess;
+    }));
+}
+
+unsigned int IdleEvent()
+{
+    return Guard(__func__, [] {
+        GetCore().Idle();
+        return StatusCodes::kSuccess;
+    });
+}
+
+unsigned int InitializePluginCoreInterface(const char* bundleIdentifier, const char* hostVersion)
+{
+    const CallRecord call(__func__, [&] {
+        return nlohmann::json::object(
+            {{"bundleIdentifier", Told(bundleIdentifier)}, {"hostVersion", Told(hostVersion)}});
+    });
+    if (IsAnyNull(bundleIdentifier, hostVersion)) return StatusCodes::kNullPointer;
+    return call.Return(Guard(__func__, [] {
+        GetCore().Start();
+        return StatusCodes::kSuccess;
+    }));
+}
+
+unsigned int InvokeCommandDialog(const char* documentPath, char* buffer, bool* outFlag)
+{
+    const CallRecord call(__func__, [&] {
+        return nlohmann::json::object({{"documentPath", Told(documentPath)}});
+    });
+    if (IsAnyNull(documentPath, buffer) || !outFlag) return StatusCodes::kNullPointer;
+    return call.Return(Guard(__func__, [&] {
+        plugincore::ShowAlert("Corvanta Fonts", GetCore().GetAboutText());
+        *outFlag = true;
+        return StatusCodes::kSuccess;
+    }));
+}
+
+unsigned int InvokeResolveDialog(char* ioJson, size_t* ioSize)
+{
+    const CallRecord call(__func__, [&] {
+        return nlohmann::json::object({{"ioJson", Told(ioJson)}});
+    });
+    if (IsAnyNull(ioJson) || !ioSize) return StatusCodes::kNullPointer;
+    const unsigned int status = Guard(__func__, [&] {
+        const std::string fontsJson = ReadBuffer(ioJson, *ioSize);
+        if (*ioSize != 0) ioJson[0] = '\0';  // what comes out of a failure
+        WriteBuffer(GetCore().Resolve(fontsJson), ioJson, *ioSize);
+        return StatusCodes::kSuccess;
+    });
+    return call.Return(status, [&] { return nlohmann::json::object({{"ioJson", Told(ioJson)}}); });
+}
+
+unsigned int PluginIsEnabled(bool request, bool* outEnabled)
+{
+    const CallRecord call(__func__, [] { return nlohmann::json::object(); });
+    (void)request;  // always true, and nothing else depends on it
+    if (!outEnabled) return StatusCodes::kNullPointer;
+    const unsigned int status = Guard(__func__, [&] {
+        *outEnabled = GetCore().IsEnabled();
+        return StatusCodes::kSuccess;
+    });
+    return call.Return(status, [&] { return nlohmann::json::object({{"enabled", *outEnabled}}); });
+}
+
+unsigned int ProcessPanelMessages(int value)
+{
+    (void)value;  // always 1, and nothing else depends on it
+    return Guard(__func__, [] {
+        GetCore().ServePanel();
+        return StatusCodes::kSuccess;
+    });
+}
+
+unsigned int RegisterPlugPlug(SDKPlugPlug* plugPlug)
+{
+    const CallRecord call(__func__, [] { return nlohmann::json::object(); });
+    return call.Return(plugPlug ? StatusCodes::kSuccess : StatusCodes::kNullPointer);
+}
+
+unsigned int TerminatePluginCoreInterface()
+{
+    const CallRecord call(__func__, [] { return nlohmann::json::object(); });
+    return call.Return(Guard(__func__, [] {
+        GetCore().Stop();
+        return StatusCodes::kSuccess;
+    }));
+}
+
+unsigned int UpdateDocumentFontUsage(const char* documentId, const char* fontUsageJson)
+{
+    const CallRecord call(__func__, [&] {
+        return nlohmann::json::object(
+            {{"documentId", Told(documentId)}, {"fontUsageJson", Told(fontUsageJson)}});
+    });
+    if (IsAnyNull(documentId, fontUsageJson)) return StatusCodes::kNullPointer;
+    return call.Return(Guard(__func__, [&] {
+        GetCore().UpdateUsage(documentId, fontUsageJson);
+        return StatusCodes::kSuccess;
+    }));
+}
+
+unsigned int SetRebuildWorkgroupsMenuCallback(RebuildWorkgroupsMenuFunction callback)
+{
+    const CallRecord call(__func__, [] { return nlohmann::json::object(); });
+    if (!callback) return call.Return(StatusCodes::kNullPointer);
+    GetCore().SetRebuildCallback(callback);
+    return call.Return(StatusCodes::kSuccess);
+}
+
+unsigned int InvokeRestrictedFontsDialog() { return StatusCodes::kSuccess; }
+unsigned int SetPathForDocument() { return StatusCodes::kSuccess; }
+unsigned int ShowNotLoggedInMessageBox() { return StatusCodes::kSuccess; }
+unsigned int ShouldShowLogin() { return StatusCodes::kSuccess; }

@@ -1,0 +1,341 @@
+#include "plugin-core/activation/Activation.h"
+
+#include <algorithm>
+#include <fstream>
+
+namespace plugincore {
+namespace {
+
+bool IsReadable(const std::string& file) { return std::ifstream(file, std::ios::binary).is_open(); }
+
+}  // namespace
+
+Activation::Activation(Database& database, FontLibrary& library, Programs& programs,
+                       ActivationFolder folder, std::string holder)
+    : mDatabase(database),
+      mLibrary(library),
+      mPrograms(programs),
+      mFolder(std::move(folder)),
+      mHolder(std::move(holder))
+{
+}
+
+// Works under the write lock. What fails leaves tables and folder as they were.
+template <class Work>
+auto Activation::RunInTransaction(Work work)
+{
+    try {
+        Transaction transaction(mDatabase);
+        auto result = work();
+        transaction.Commit();
+        mMayDiffer = false;
+        return result;
+    } catch (...) {
+        RestoreFolder();
+        throw;
+    }
+}
+
+// The same, on tables and a folder that agree.
+template <class Work>
+auto Activation::Change(Work work)
+{
+    return RunInTransaction([&] {
+        Repairs repairs;
+        if (mMayDiffer || !mPrograms.ListGone().empty()) PutRight(repairs);
+        return work();
+    });
+}
+
+void Activation::RestoreFolder() noexcept
+try {
+    if (!mMayDiffer) return;
+    Transaction transaction(mDatabase);
+    Repairs repairs;
+    MakeFolderEqual(repairs);
+    transaction.Commit();
+    mMayDiffer = false;
+} catch (const std::exception&) {
+    // The failure that led here is told; the next change, and any other program, tries again.
+}
+
+std::string Activation::FindActiveFile(const std::string& name)
+{
+    Statement statement(mDatabase,
+                        "SELECT file FROM active_face WHERE name = ? ORDER BY file LIMIT 1");
+    return statement.Bind(name).Step() ? statement.GetText(0) : std::string();
+}
+
+std::string Activation::FindReadableFile(const std::string& name)
+{
+    const std::string file = mLibrary.Find(name).value_or("");
+    return !file.empty() && IsReadable(file) ? file : std::string();
+}
+
+void Activation::AddHold(const std::string& document, const std::string& name,
+                         const std::string& file)
+{
+    Statement statement(
+        mDatabase, "INSERT OR REPLACE INTO hold(document, name, file, holder) VALUES(?, ?, ?, ?)");
+    statement.Bind(document).Bind(name).Bind(file).Bind(mHolder).Run();
+}
+
+int64_t Activation::AddGroup()
+{
+    Statement statement(mDatabase, "INSERT INTO active_group DEFAULT VALUES RETURNING id");
+    const int64_t group = statement.Step() ? statement.GetNumber(0) : 0;
+    statement.Run();
+    return group;
+}
+
+// False if the file is active already.
+bool Activation::AddFile(const std::string& file, int64_t group, ActivationFolder::Links& links)
+{
+    const std::string link = ActivationFolder::MakeLinkName(links.size(), file);
+    Statement addFile(mDatabase,
+                      "INSERT OR IGNORE INTO active_file(path, link, group_id) VALUES(?, ?, ?)"
+                      " RETURNING path");
+    const bool isNew = addFile.Bind(file).Bind(link).Bind(group).Step();
+    if (isNew) addFile.Run();
+    Statement addFace(mDatabase, "INSERT OR IGNORE INTO active_face(name, file) VALUES(?, ?)");
+    for (const std::string& name : mLibrary.GetNamesInFile(file)) {
+        addFace.Bind(name).Bind(file).Run();
+    }
+    if (isNew) links[link] = file;
+    return isNew;
+}
+
+ActivationFolder::Links Activation::GetLinks(int64_t group)
+{
+    Statement statement(mDatabase, "SELECT link, path FROM active_file WHERE group_id = ?");
+    statement.Bind(group);
+    ActivationFolder::Links links;
+    while (statement.Step()) links[statement.GetText(0)] = statement.GetText(1);
+    return links;
+}
+
+std::vector<int64_t> Activation::GetGroups()
+{
+    Statement statement(mDatabase, "SELECT id FROM active_group ORDER BY id");
+    std::vector<int64_t> groups;
+    while (statement.Step()) groups.push_back(statement.GetNumber(0));
+    return groups;
+}
+
+std::set<std::string> Activation::Hold(const std::string& document,
+                                       const std::vector<std::string>& names)
+{
+    return Change([&] {
+        std::set<std::string> held;
+        for (const std::string& name : names) {
+            const std::string file = FindActiveFile(name);
+            if (file.empty()) continue;
+            AddHold(document, name, file);
+            held.insert(name);
+        }
+        return held;
+    });
+}
+
+Activation::Outcome Activation::Activate(const std::string& document,
+                                         const std::vector<std::string>& names)
+{
+    // A library folder may have changed since the index was made.
+    const bool isIndexOld = std::any_of(names.begin(), names.end(), [this](const auto& name) {
+        return FindActiveFile(name).empty() && FindReadableFile(name).empty();
+    });
+    if (isIndexOld) mLibrary.Refresh();
+    return Change([&] { return ActivateInTransaction(document, names); });
+}
+
+Activation::Outcome Activation::ActivateInTransaction(const std::string& document,
+                                                      const std::vector<std::string>& names)
+{
+    Outcome outcome;
+    ActivationFolder::Links links;
+    std::set<std::string> newFiles;
+    const int64_t group = AddGroup();
+    for (const std::string& name : names) {
+        std::string file = FindActiveFile(name);
+        bool wasActive = !file.empty() && newFiles.count(file) == 0;
+        if (file.empty()) {
+            file = FindReadableFile(name);
+            if (file.empty()) {
+                outcome.failed.push_back(name);
+                continue;
+            }
+            wasActive = !AddFile(file, group, links);
+            if (!wasActive) newFiles.insert(file);
+        }
+        if (!wasActive) outcome.activated.push_back(name);
+        if (!wasActive || !document.empty()) AddHold(document, name, file);
+    }
+    if (links.empty()) {
+        Statement(mDatabase, "DELETE FROM active_group WHERE id = ?").Bind(group).Run();
+        return outcome;
+    }
+    mMayDiffer = true;
+    mFolder.Show(group, links);
+    return outcome;
+}
+
+void Activation::Release(const std::string& document)
+{
+    (void)Change([&] {  // which files went isn't asked for
+        Statement(mDatabase, "DELETE FROM hold WHERE document = ? AND holder = ?")
+            .Bind(document)
+            .Bind(mHolder)
+            .Run();
+        return DeactivateWhatNobodyHolds();
+    });
+}
+
+void Activation::Release(const std::string& document, const std::vector<std::string>& names)
+{
+    if (names.empty()) return;
+    (void)Change([&] {  // which files went isn't asked for
+        Statement statement(mDatabase,
+                            "DELETE FROM hold WHERE document = ? AND holder = ? AND name = ?");
+        for (const std::string& name : names) {
+            statement.Bind(document).Bind(mHolder).Bind(name).Run();
+        }
+        return DeactivateWhatNobodyHolds();
+    });
+}
+
+std::set<std::string> Activation::GetHeld(const std::string& document)
+{
+    Statement statement(mDatabase, "SELECT name FROM hold WHERE document = ? AND holder = ?");
+    statement.Bind(document).Bind(mHolder);
+    std::set<std::string> names;
+    while (statement.Step()) names.insert(statement.GetText(0));
+    return names;
+}
+
+std::vector<std::string> Activation::GetHolders()
+{
+    Statement statement(mDatabase,
+                        "SELECT DISTINCT document FROM hold WHERE holder = ? ORDER BY document");
+    statement.Bind(mHolder);
+    std::vector<std::string> documents;
+    while (statement.Step()) documents.push_back(statement.GetText(0));
+    return documents;
+}
+
+std::set<std::string> Activation::GetActive()
+{
+    Statement statement(mDatabase, "SELECT DISTINCT name FROM active_face");
+    std::set<std::string> names;
+    while (statement.Step()) names.insert(statement.GetText(0));
+    return names;
+}
+
+std::vector<Activation::HoldOfDocument> Activation::ListHolds(const std::string& name)
+{
+    Statement statement(mDatabase,
+                        "SELECT document, file, holder FROM hold WHERE name = ?"
+                        " ORDER BY document, holder");
+    statement.Bind(name);
+    std::vector<HoldOfDocument> holds;
+    while (statement.Step()) {
+        holds.push_back({statement.GetText(0), statement.GetText(1), statement.GetText(2)});
+    }
+    return holds;
+}
+
+void Activation::ReleaseAll()
+{
+    (void)Change([&] {  // which files went isn't asked for
+        Statement(mDatabase, "DELETE FROM hold WHERE holder = ?").Bind(mHolder).Run();
+        return DeactivateWhatNobodyHolds();
+    });
+}
+
+Activation::Repairs Activation::Repair()
+{
+    return RunInTransaction([&] {
+        Repairs repairs;
+        PutRight(repairs);
+        return repairs;
+    });
+}
+
+Activation::Repairs Activation::RepairIfNeeded()
+{
+    if (!mMayDiffer && mPrograms.ListGone().empty()) return {};
+    return Repair();
+}
+
+void Activation::PutRight(Repairs& repairs)
+{
+    DropHoldsOfGonePrograms(repairs);
+    repairs.deactivatedFiles = DeactivateWhatNobodyHolds();
+    MakeFolderEqual(repairs);
+}
+
+void Activation::DropHoldsOfGonePrograms(Repairs& repairs)
+{
+    for (const Programs::Program& program : mPrograms.ListGone()) {
+        repairs.gonePrograms.push_back(mPrograms.Describe(program.identity));
+        Statement holds(mDatabase, "SELECT name, document FROM hold WHERE holder = ?");
+        holds.Bind(program.identity);
+        while (holds.Step()) {
+            repairs.droppedHolds.push_back(holds.GetText(0) + " for " + holds.GetText(1));
+        }
+        mPrograms.Forget(program.identity);
+    }
+}
+
+std::vector<std::string> Activation::DeactivateWhatNobodyHolds()
+{
+    std::set<int64_t> touched;
+    std::vector<std::string> files;
+    {
+        Statement unheld(mDatabase,
+                         "SELECT path, group_id FROM active_file"
+                         " WHERE path NOT IN (SELECT file FROM hold)");
+        for (; unheld.Step(); touched.insert(unheld.GetNumber(1))) {
+            files.push_back(unheld.GetText(0));
+        }
+    }
+    if (files.empty()) return files;
+    mDatabase.Execute("DELETE FROM active_file WHERE path NOT IN (SELECT file FROM hold)");
+    mMayDiffer = true;
+    for (const int64_t group : touched) {
+        const ActivationFolder::Links kept = GetLinks(group);
+        if (!kept.empty()) {
+            mFolder.Reduce(group, kept);
+            continue;
+        }
+        Statement(mDatabase, "DELETE FROM active_group WHERE id = ?").Bind(group).Run();
+        mFolder.Hide(group);
+    }
+    return files;
+}
+
+void Activation::MakeFolderEqual(Repairs& repairs)
+{
+    mMayDiffer = true;
+    if (const size_t count = mFolder.RemoveLeftovers(); count != 0) {
+        repairs.folderChanges.push_back("removed " + std::to_string(count) + " half done folder" +
+                                        (count == 1 ? "" : "s"));
+    }
+    const std::vector<int64_t> known = GetGroups();
+    for (const int64_t group : mFolder.List()) {
+        if (std::find(known.begin(), known.end(), group) != known.end()) continue;
+        mFolder.Hide(group);
+        repairs.folderChanges.push_back("removed group " + std::to_string(group) +
+                                        ", which isn't in the database");
+    }
+    for (const int64_t group : known) {
+        const ActivationFolder::Links links = GetLinks(group);
+        if (mFolder.Holds(group, links)) continue;
+        mFolder.Hide(group);
+        mFolder.Show(group, links);
+        repairs.folderChanges.push_back("restored group " + std::to_string(group) + ", " +
+                                        std::to_string(links.size()) + " file" +
+                                        (links.size() == 1 ? "" : "s"));
+    }
+}
+
+}  // namespace plugincore

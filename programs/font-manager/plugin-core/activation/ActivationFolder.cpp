@@ -1,0 +1,188 @@
+#include "plugin-core/activation/ActivationFolder.h"
+
+#include <fcntl.h>
+#include <stdio.h>
+
+#include <algorithm>
+#include <cctype>
+
+#include "plugin-core/storage/StatusCodes.h"
+
+namespace fs = std::filesystem;
+
+namespace plugincore {
+namespace {
+
+[[noreturn]] void Throw(const fs::path& path, const char* what, const std::error_code& error)
+{
+    throw Failure(StatusCodes::kError, path.string() + ": " + what + ": " + error.message());
+}
+
+std::string GetGroupName(int64_t group) { return "g" + std::to_string(group); }
+
+bool IsHexDigit(char c) { return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f'); }
+
+// The number of a group's folder, or 0: groups count from 1.
+int64_t GetGroupNumber(const std::string& name)
+{
+    constexpr size_t kMostDigits = 18;
+    if (name.size() < 2 || name.size() > kMostDigits || name[0] != 'g') return 0;
+    const bool isNumber = std::all_of(name.begin() + 1, name.end(),
+                                      [](unsigned char c) { return std::isdigit(c) != 0; });
+    return isNumber ? std::stoll(name.substr(1)) : 0;
+}
+
+bool IsLeftover(const std::string& name)
+{
+    const fs::path path = name;
+    return name[0] == '.' && (path.extension() == ".new" || path.extension() == ".old") &&
+           GetGroupNumber(path.stem().string().substr(1)) != 0;
+}
+
+void Remove(const fs::path& path)
+{
+    std::error_code error;
+    fs::remove_all(path, error);
+    if (error) Throw(path, "cannot be removed", error);
+}
+
+void MakeLinks(const fs::path& folder, const ActivationFolder::Links& links)
+{
+    std::error_code error;
+    fs::create_directories(folder, error);
+    if (error) Throw(folder, "cannot be made", error);
+    for (const auto& [name, file] : links) {
+        fs::create_symlink(file, folder / name, error);
+        if (error) Throw(folder / name, "cannot be made", error);
+    }
+}
+
+void RemoveOthers(const fs::path& folder, const ActivationFolder::Links& links)
+{
+    std::vector<fs::path> others;
+    std::error_code error;
+    fs::directory_iterator entry(folder, error);
+    for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+        if (links.count(entry->path().filename()) == 0) others.push_back(entry->path());
+    }
+    for (const fs::path& other : others) Remove(other);
+}
+
+void Rename(const fs::path& from, const fs::path& to)
+{
+    std::error_code error;
+    fs::rename(from, to, error);
+    if (error) Throw(to, "cannot be put in place", error);
+}
+
+}  // namespace
+
+std::string ActivationFolder::MakeLinkName(size_t position, const std::string& file)
+{
+    constexpr size_t kLongestName = 200;
+    const fs::path name = fs::path(file).filename();
+    const std::string number = std::to_string(position);
+    if (name.native().size() > kLongestName) return number + name.extension().string();
+    return number + "-" + name.string();
+}
+
+fs::path ActivationFolder::GetParent(int64_t group) const
+{
+    constexpr const char* kDigits = "0123456789abcdef";
+    return mFolder / std::string{kDigits[(group >> 4) & 15], kDigits[group & 15]};
+}
+
+void ActivationFolder::Show(int64_t group, const Links& links) const
+{
+    const fs::path parent = GetParent(group);
+    const fs::path prepared = parent / ("." + GetGroupName(group) + ".new");
+    Remove(prepared);
+    Hide(group);
+    try {
+        MakeLinks(prepared, links);
+        Rename(prepared, parent / GetGroupName(group));
+    } catch (...) {
+        std::error_code error;
+        (void)fs::remove_all(prepared, error);  // invisible; the failure that led here is told
+        throw;
+    }
+}
+
+void ActivationFolder::Reduce(int64_t group, const Links& links) const
+{
+    const fs::path visible = GetParent(group) / GetGroupName(group);
+    const fs::path prepared = GetParent(group) / ("." + GetGroupName(group) + ".new");
+    Remove(prepared);
+    MakeLinks(prepared, links);
+    // The group keeps its path, so that a reader who knows it already finds what stays.
+    const bool isExchanged =
+        renameat2(AT_FDCWD, prepared.c_str(), AT_FDCWD, visible.c_str(), RENAME_EXCHANGE) == 0;
+    std::error_code error;
+    if (!isExchanged) RemoveOthers(visible, links);  // a file system that can't exchange
+    (void)fs::remove_all(prepared, error);           // invisible; the next start tries again
+}
+
+void ActivationFolder::Hide(int64_t group) const
+{
+    const fs::path parent = GetParent(group);
+    const fs::path visible = parent / GetGroupName(group);
+    const fs::path hidden = parent / ("." + GetGroupName(group) + ".old");
+    std::error_code error;
+    if (!fs::exists(fs::symlink_status(visible, error))) return;
+    Remove(hidden);
+    Rename(visible, hidden);
+    (void)fs::remove_all(hidden, error);  // invisible by now; the next start tries again
+    (void)fs::remove(parent, error);      // stays as long as another group is in it
+}
+
+bool ActivationFolder::Holds(int64_t group, const Links& links) const
+{
+    Links found;
+    std::error_code error;
+    fs::directory_iterator entry(GetParent(group) / GetGroupName(group), error);
+    for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+        std::error_code noLink;
+        found[entry->path().filename()] = fs::read_symlink(entry->path(), noLink);
+    }
+    return !error && found == links;
+}
+
+std::vector<fs::path> ActivationFolder::ListEntries() const
+{
+    std::vector<fs::path> entries;
+    std::error_code error;
+    fs::directory_iterator parent(mFolder, error);
+    for (; !error && parent != fs::directory_iterator(); parent.increment(error)) {
+        const std::string name = parent->path().filename();
+        if (name.size() != 2 || !IsHexDigit(name[0]) || !IsHexDigit(name[1])) continue;
+        std::error_code noFolder;
+        fs::directory_iterator entry(parent->path(), noFolder);
+        for (; !noFolder && entry != fs::directory_iterator(); entry.increment(noFolder)) {
+            entries.push_back(entry->path());
+        }
+    }
+    return entries;
+}
+
+std::vector<int64_t> ActivationFolder::List() const
+{
+    std::vector<int64_t> groups;
+    for (const fs::path& entry : ListEntries()) {
+        const int64_t group = GetGroupNumber(entry.filename());
+        if (group != 0 && entry.parent_path() == GetParent(group)) groups.push_back(group);
+    }
+    return groups;
+}
+
+size_t ActivationFolder::RemoveLeftovers() const
+{
+    size_t count = 0;
+    for (const fs::path& entry : ListEntries()) {
+        if (!IsLeftover(entry.filename())) continue;
+        Remove(entry);
+        ++count;
+    }
+    return count;
+}
+
+}  // namespace plugincore

@@ -1,0 +1,20 @@
+#include "plugin-core/documents/ActivationMode.h"
+
+#include "plugin-core/documents/Dialogs.h"
+
+namespace plugincore {
+
+ActivationMode ReadActivationMode(const std::string& setting)
+{
+    if (setting == "0") return ActivationMode::kOff;
+    if (setting == "1") return ActivationMode::kAutomatic;
+    if (setting == "2") return ActivationMode::kAsk;
+    return IsInteractive() ? ActivationMode::kAsk : ActivationMode::kAutomatic;
+}
+
+std::string WriteActivationMode(ActivationMode mode)
+{
+    return std::to_string(static_cast<int>(mode));
+}
+
+}  // namespace plugincore

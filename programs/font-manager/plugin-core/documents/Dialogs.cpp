@@ -1,0 +1,110 @@
+#include "plugin-core/documents/Dialogs.h"
+
+#include <dlfcn.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <istream>
+#include <ostream>
+#include <sstream>
+
+#include "HostPlatform_Linux.h"
+#include "plugin-core/storage/StatusCodes.h"
+
+namespace plugincore {
+namespace {
+
+// The marked positions, or nothing if the answer isn't a list of numbers of the question.
+bool ReadNumbers(const std::string& answer, std::vector<bool>& marked)
+{
+    std::string blanks = answer;
+    std::replace(blanks.begin(), blanks.end(), ',', ' ');
+    std::istringstream words(blanks);
+    bool any = false;
+    for (std::string word; words >> word;) {
+        size_t number = 0;
+        std::istringstream digits(word);
+        if (!(digits >> number) || !digits.eof() || number < 1 || number > marked.size()) {
+            return false;
+        }
+        marked[number - 1] = true;
+        any = true;
+    }
+    return any;
+}
+
+std::string Trim(const std::string& text)
+{
+    const size_t first = text.find_first_not_of(" \t\r");
+    if (first == std::string::npos) return {};
+    return text.substr(first, text.find_last_not_of(" \t\r") - first + 1);
+}
+
+}  // namespace
+
+void ShowAlert(const std::string& message, const std::string& information)
+{
+    using GetTable = SHostPlatform* (*)();
+    const auto getTable = reinterpret_cast<GetTable>(dlsym(RTLD_DEFAULT, "GetHostPlatform"));
+    SHostPlatform* platform = getTable ? getTable() : nullptr;
+    if (platform && platform->showAlert) {
+        platform->showAlert(message.c_str(), information.c_str());
+    } else {
+        Report(message + ": " + information);
+    }
+}
+
+bool IsInteractive()
+{
+    const char* value = std::getenv("CORVANTA_INTERACTIVE");
+    return value && std::string(value) == "1";
+}
+
+std::vector<std::string> AskForFonts(const std::vector<std::string>& names, std::istream& in,
+                                     std::ostream& out)
+{
+    if (names.empty()) return {};
+    for (;;) {
+        out << "The document uses fonts that aren't active:\n";
+        for (size_t position = 0; position < names.size(); ++position) {
+            out << "  " << position + 1 << "  " << names[position] << '\n';
+        }
+        out << "Activate them? (y, n, or numbers) " << std::flush;
+        std::string line;
+        if (!std::getline(in, line)) return {};
+        const std::string answer = Trim(line);
+        if (answer == "y" || answer == "yes") return names;
+        if (answer == "n" || answer == "no") return {};
+        std::vector<bool> marked(names.size(), false);
+        if (!ReadNumbers(answer, marked)) continue;
+        std::vector<std::string> chosen;
+        for (size_t position = 0; position < names.size(); ++position) {
+            if (marked[position]) chosen.push_back(names[position]);
+        }
+        return chosen;
+    }
+}
+
+std::string AskForText(const std::string& question, std::istream& in, std::ostream& out)
+{
+    out << question << ' ' << std::flush;
+    std::string line;
+    if (!std::getline(in, line)) return {};
+    return Trim(line);
+}
+
+void Refusals::Begin(const std::string& document)
+{
+    mNames.erase(document);
+    mDocument = document;
+}
+
+bool Refusals::Has(const std::string& name) const { return HasFor(mDocument, name); }
+
+bool Refusals::HasFor(const std::string& document, const std::string& name) const
+{
+    const auto names = mNames.find(document);
+    return names != mNames.end() && names->second.count(name) != 0;
+}
+
+}  // namespace plugincore

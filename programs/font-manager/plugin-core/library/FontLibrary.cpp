@@ -1,0 +1,253 @@
+#include "plugin-core/library/FontLibrary.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+
+#include "fonts/FontFaces.h"
+#include "plugin-core/library/FontFiles.h"
+
+namespace plugincore {
+namespace {
+
+struct KnownFile {
+    int64_t id;
+    int64_t modified;
+    int64_t size;
+};
+
+std::map<std::string, KnownFile> LoadKnownFiles(Database& database, const std::string& folder)
+{
+    std::map<std::string, KnownFile> known;
+    Statement statement(database,
+                        "SELECT path, id, modified, size FROM font_file WHERE library = ?");
+    statement.Bind(folder);
+    while (statement.Step()) {
+        known[statement.GetText(0)] = {statement.GetNumber(1), statement.GetNumber(2),
+                                       statement.GetNumber(3)};
+    }
+    return known;
+}
+
+struct ReadFile {
+    FontFileState state;
+    fonts::FontFaces content;
+};
+
+void Store(Database& database, const std::string& folder, const std::vector<ReadFile>& files)
+{
+    Statement addFile(database,
+                      "INSERT OR REPLACE INTO font_file(library, path, modified, size, problem)"
+                      " VALUES(?, ?, ?, ?, ?) RETURNING id");
+    Statement addFace(database,
+                      "INSERT INTO font_face(file, name, face_index, is_type1) VALUES(?, ?, ?, ?)");
+    for (const ReadFile& file : files) {
+        addFile.Bind(folder).Bind(file.state.path).Bind(file.state.modified);
+        addFile.Bind(file.state.size).Bind(file.content.problem);
+        const int64_t id = addFile.Step() ? addFile.GetNumber(0) : 0;
+        addFile.Run();
+        for (const fonts::FontFace& face : file.content.faces) {
+            addFace.Bind(id).Bind(face.postScriptName).Bind(static_cast<int64_t>(face.index));
+            addFace.Bind(static_cast<int64_t>(face.isType1)).Run();
+        }
+    }
+}
+
+// The library folders as JSON text for json_each, so that a statement takes any number of them.
+std::string QuoteForJson(const std::string& text)
+{
+    std::string quoted = "\"";
+    for (const char c : text) {
+        constexpr const char* kDigits = "0123456789abcdef";
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte < 0x20) {
+            quoted += std::string("\\u00") + kDigits[byte >> 4] + kDigits[byte & 15];
+            continue;
+        }
+        if (c == '"' || c == '\\') quoted += '\\';
+        quoted += c;
+    }
+    return quoted + '"';
+}
+
+std::string GetFoldersAsJson(const std::vector<std::string>& folders)
+{
+    std::string text = "[";
+    for (const std::string& folder : folders) {
+        text += (text.size() > 1 ? "," : "") + QuoteForJson(folder);
+    }
+    return text + "]";
+}
+
+constexpr const char* kOfFaces =
+    " FROM font_face JOIN font_file ON font_file.id = font_face.file WHERE ";
+
+constexpr const char* kInFolders = "library IN (SELECT value FROM json_each(?))";
+
+// Below a folder, or anywhere if the text is empty.
+constexpr const char* kBelow = "substr(path, 1, length(?)) = ?";
+
+void BindBelow(Statement& statement, const std::string& folder)
+{
+    const std::string prefix = folder.empty() ? folder : folder + "/";
+    statement.Bind(prefix).Bind(prefix);
+}
+
+std::vector<std::string> GetTexts(Statement& statement)
+{
+    std::vector<std::string> texts;
+    while (statement.Step()) texts.push_back(statement.GetText(0));
+    return texts;
+}
+
+}  // namespace
+
+FontLibrary::FontLibrary(Database& database, std::vector<std::string> folders)
+    : mDatabase(database), mFolders(std::move(folders))
+{
+}
+
+void FontLibrary::Refresh()
+{
+    mFilesRead = 0;
+    mFilesGone = 0;
+    for (const std::string& folder : mFolders) RefreshFolder(folder);
+}
+
+void FontLibrary::RefreshFolder(const std::string& folder)
+{
+    std::map<std::string, KnownFile> gone = LoadKnownFiles(mDatabase, folder);
+    std::vector<ReadFile> changed;
+    // The reading is done before the transaction: other processes don't wait for it.
+    for (const FontFileState& state : ListFontFiles(folder)) {
+        const auto known = gone.find(state.path);
+        const bool isSame = known != gone.end() && known->second.modified == state.modified &&
+                            known->second.size == state.size;
+        if (known != gone.end()) gone.erase(known);
+        if (!isSame) changed.push_back({state, fonts::ReadFontFaces(state.path)});
+    }
+    mFilesRead += static_cast<int64_t>(changed.size());
+    mFilesGone += static_cast<int64_t>(gone.size());
+    if (changed.empty() && gone.empty()) return;
+    Transaction transaction(mDatabase);
+    // What another process has stored meanwhile is newer, and stays.
+    Statement remove(mDatabase,
+                     "DELETE FROM font_file"
+                     " WHERE id = ? AND path = ? AND modified = ? AND size = ?");
+    for (const auto& [path, file] : gone) {
+        remove.Bind(file.id).Bind(path).Bind(file.modified).Bind(file.size).Run();
+    }
+    Store(mDatabase, folder, changed);
+    transaction.Commit();
+}
+
+std::optional<std::string> FontLibrary::FindIn(const std::string& folder, const std::string& name)
+{
+    Statement statement(mDatabase, std::string("SELECT path FROM font_face JOIN font_file ON"
+                                               " font_file.id = font_face.file"
+                                               " WHERE name = ? AND ") +
+                                       kInFolders + " AND " + kBelow +
+                                       " ORDER BY is_type1, modified DESC, path LIMIT 1");
+    statement.Bind(name).Bind(GetFoldersAsJson(mFolders));
+    BindBelow(statement, folder);
+    if (!statement.Step()) return std::nullopt;
+    return statement.GetText(0);
+}
+
+std::optional<std::string> FontLibrary::Find(const std::string& postScriptName)
+{
+    return FindIn(mSelection, postScriptName);
+}
+
+std::optional<std::string> FontLibrary::FindAnywhere(const std::string& postScriptName)
+{
+    return FindIn("", postScriptName);
+}
+
+std::vector<std::string> FontLibrary::ListFiles(const std::string& postScriptName)
+{
+    Statement statement(mDatabase, std::string("SELECT path") + kOfFaces + "name = ? AND " +
+                                       kInFolders +
+                                       " GROUP BY path"
+                                       " ORDER BY MIN(is_type1), MAX(modified) DESC, path");
+    statement.Bind(postScriptName).Bind(GetFoldersAsJson(mFolders));
+    return GetTexts(statement);
+}
+
+std::vector<std::string> FontLibrary::ListSimilarNames(const std::string& postScriptName)
+{
+    const auto simplify = [](const char* text) {
+        return std::string("lower(replace(replace(") + text + ", '-', ''), ' ', ''))";
+    };
+    Statement statement(mDatabase, std::string("SELECT DISTINCT name") + kOfFaces + kInFolders +
+                                       " AND name <> ? AND " + simplify("name") + " = " +
+                                       simplify("?") + " ORDER BY name");
+    statement.Bind(GetFoldersAsJson(mFolders)).Bind(postScriptName).Bind(postScriptName);
+    return GetTexts(statement);
+}
+
+std::vector<FontLibrary::BadFile> FontLibrary::ListBadFiles()
+{
+    Statement statement(mDatabase, std::string("SELECT DISTINCT path, problem FROM font_file"
+                                               " WHERE problem <> '' AND ") +
+                                       kInFolders + " ORDER BY path");
+    statement.Bind(GetFoldersAsJson(mFolders));
+    std::vector<BadFile> files;
+    while (statement.Step()) files.push_back({statement.GetText(0), statement.GetText(1)});
+    return files;
+}
+
+std::vector<std::string> FontLibrary::ListNames(const std::string& folder, int64_t offset,
+                                                int64_t limit)
+{
+    Statement statement(mDatabase, std::string("SELECT DISTINCT name FROM font_face JOIN font_file"
+                                               " ON font_file.id = font_face.file WHERE ") +
+                                       kInFolders + " AND " + kBelow +
+                                       " ORDER BY name LIMIT ? OFFSET ?");
+    statement.Bind(GetFoldersAsJson(mFolders));
+    BindBelow(statement, folder);
+    statement.Bind(limit).Bind(offset);
+    return GetTexts(statement);
+}
+
+int64_t FontLibrary::CountNames(const std::string& folder)
+{
+    Statement statement(mDatabase, std::string("SELECT COUNT(DISTINCT name) FROM font_face JOIN"
+                                               " font_file ON font_file.id = font_face.file"
+                                               " WHERE ") +
+                                       kInFolders + " AND " + kBelow);
+    statement.Bind(GetFoldersAsJson(mFolders));
+    BindBelow(statement, folder);
+    return statement.Step() ? statement.GetNumber(0) : 0;
+}
+
+std::vector<std::string> FontLibrary::GetNamesInFile(const std::string& path)
+{
+    Statement statement(mDatabase,
+                        "SELECT DISTINCT name FROM font_face JOIN font_file ON"
+                        " font_file.id = font_face.file WHERE path = ?");
+    statement.Bind(path);
+    return GetTexts(statement);
+}
+
+int64_t FontLibrary::CountRows(const std::string& selectFromWhere)
+{
+    Statement statement(mDatabase, selectFromWhere + kInFolders);
+    statement.Bind(GetFoldersAsJson(mFolders));
+    return statement.Step() ? statement.GetNumber(0) : 0;
+}
+
+FontLibrary::Counts FontLibrary::GetCounts()
+{
+    Counts counts;
+    counts.files = CountRows("SELECT COUNT(*) FROM font_file WHERE problem = '' AND ");
+    counts.badFiles = CountRows("SELECT COUNT(*) FROM font_file WHERE problem <> '' AND ");
+    counts.names = CountRows(
+        "SELECT COUNT(DISTINCT name) FROM font_face JOIN font_file ON"
+        " font_file.id = font_face.file WHERE ");
+    counts.filesRead = mFilesRead;
+    counts.filesGone = mFilesGone;
+    return counts;
+}
+
+}  // namespace plugincore

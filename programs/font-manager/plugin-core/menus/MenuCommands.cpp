@@ -1,0 +1,191 @@
+#include "plugin-core/menus/MenuCommands.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <sstream>
+
+#include "plugin-core/storage/StatusCodes.h"
+
+namespace fs = std::filesystem;
+
+namespace plugincore {
+namespace {
+
+bool IsReadable(const std::string& file) { return std::ifstream(file, std::ios::binary).is_open(); }
+
+std::string Count(size_t number, const std::string& what)
+{
+    return std::to_string(number) + " " + what + (number == 1 ? "" : "s");
+}
+
+}  // namespace
+
+bool IsSuppressionOn(const std::string& setting)
+{
+    return std::strtol(setting.c_str(), nullptr, 10) < 2;
+}
+
+std::string MakeAboutText(Workspace& workspace)
+{
+    const FontLibrary::Counts counts = workspace.library.GetCounts();
+    std::ostringstream text;
+    text << "Font library: " << JoinNames(workspace.library.GetFolders()) << '\n'
+         << counts.names << " fonts in " << counts.files << " files, " << counts.badFiles
+         << " bad files skipped";
+    return text.str();
+}
+
+MenuCommands::MenuCommands(Workspace& workspace, DocumentLife& life, Settings& settings,
+                           std::function<void()> librariesChanged)
+    : mWorkspace(workspace),
+      mLife(life),
+      mSettings(settings),
+      mLibrariesChanged(std::move(librariesChanged))
+{
+}
+
+void MenuCommands::Select(const std::string& id, const std::string& documentId,
+                          const std::string& fontsJson)
+{
+    if (id == MenuContent::kActivateFonts) return ActivateFonts(documentId, fontsJson);
+    if (id == MenuContent::kDeactivateUnused) return DeactivateUnused();
+    if (id == MenuContent::kShowMissing) return ShowMissing(documentId, fontsJson);
+    if (id == MenuContent::kAddFolder) return AddFolder();
+    if (id == MenuContent::kRevealLibrary) return RevealLibrary();
+    if (id == MenuContent::kDialogSuppression) return ToggleDialogSuppression();
+    if (id == MenuContent::kAbout) return ShowAlert("Corvanta Fonts", MakeAboutText(mWorkspace));
+    if (SelectMode(id) || ToggleLibrary(id)) return;
+    throw Failure(StatusCodes::kNotFound, "no menu item has the id \"" + id + "\"");
+}
+
+std::string MenuCommands::GetPath(const std::string& documentId)
+{
+    std::string path = documentId.empty() ? documentId : mWorkspace.documents.GetPath(documentId);
+    if (path.empty()) {
+        ShowAlert("Corvanta Fonts", "There is no document with a file. Save the document first.");
+    }
+    return path;
+}
+
+void MenuCommands::ActivateFonts(const std::string& documentId, const std::string& fontsJson)
+{
+    const std::string path = GetPath(documentId);
+    if (path.empty()) return;
+    const DocumentLife::Result result = mLife.ActivateAll(path, fontsJson);
+    std::string text = result.activated.empty() ? "No font had to be activated."
+                                                : "Activated: " + JoinNames(result.activated) + ".";
+    if (!result.missing.empty()) text += " Not to be had: " + JoinNames(result.missing) + ".";
+    ShowAlert("Activate Document Fonts", text);
+}
+
+void MenuCommands::DeactivateUnused()
+{
+    const std::vector<std::string> names = mLife.ReleaseUnused();
+    ShowAlert("Deactivate Unused Fonts",
+              names.empty() ? "All fonts that were activated are used, or needed elsewhere."
+                            : "Deactivated: " + JoinNames(names) + ".");
+}
+
+std::string MenuCommands::GetReason(const std::string& path, const std::string& name)
+{
+    const std::string file = mWorkspace.library.FindAnywhere(name).value_or("");
+    if (file.empty()) return "in no font library";
+    if (!IsReadable(file)) return "its file cannot be read: " + file;
+    if (!mWorkspace.library.Find(name)) {
+        return "not in the selected library " + mWorkspace.library.GetSelection();
+    }
+    const std::string setting = mSettings.Get(mWorkspace.locations.settings, kActivationSetting);
+    if (ReadActivationMode(setting) == ActivationMode::kOff) {
+        return "in the font library; activation is off";
+    }
+    if (mLife.IsRefused(path, name)) return "in the font library; not chosen for this document";
+    return "in the font library; not activated yet";
+}
+
+void MenuCommands::ShowMissing(const std::string& documentId, const std::string& fontsJson)
+{
+    const std::string path = GetPath(documentId);
+    if (path.empty()) return;
+    mWorkspace.ApplyLibraryChoice();
+    mWorkspace.library.Refresh();
+    const Workspace::ActiveNames active = mWorkspace.ListActive();
+    std::string lines;
+    size_t missing = 0;
+    for (const std::string& name : mLife.GetFonts(path, fontsJson)) {
+        if (active.ours.count(name) + active.others.count(name) != 0) continue;
+        lines += "\n" + name + ": " + GetReason(path, name);
+        ++missing;
+    }
+    ShowAlert("Show Missing Fonts", missing == 0 ? "All fonts of the document are active."
+                                                 : Count(missing, "font") + " missing" + lines);
+}
+
+void MenuCommands::AddFolder()
+{
+    constexpr const char* kTitle = "Add Font Folder";
+    if (!IsInteractive()) {
+        ShowAlert(kTitle, "There is no terminal to ask on. Put the folder into the font library: " +
+                              JoinNames(mWorkspace.folders.GetRoots()));
+        return;
+    }
+    const std::string answer = AskForText("Folder with fonts to add:", std::cin, std::cerr);
+    if (answer.empty()) return;
+    std::error_code error;
+    const fs::path folder = fs::canonical(answer, error);
+    if (error) return ShowAlert(kTitle, answer + ": " + error.message());
+    if (!fs::is_directory(folder, error)) return ShowAlert(kTitle, answer + ": not a folder");
+    if (!mWorkspace.folders.Add(folder)) {
+        return ShowAlert(kTitle, folder.string() + ": is in the font library already");
+    }
+    mWorkspace.ApplyLibraryChoice();
+    mWorkspace.library.Refresh();
+    mLibrariesChanged();
+    const auto names = static_cast<size_t>(mWorkspace.library.CountNames(folder));
+    ShowAlert(kTitle, folder.string() + ": added, with " + Count(names, "font"));
+}
+
+void MenuCommands::RevealLibrary()
+{
+    const std::string selected = mWorkspace.folders.GetSelected();
+    ShowAlert("Reveal Font Library",
+              selected.empty() ? JoinNames(mWorkspace.folders.GetFolders()) : selected);
+}
+
+void MenuCommands::ToggleDialogSuppression()
+{
+    const fs::path& file = mWorkspace.locations.settings;
+    const bool isOn = !IsSuppressionOn(mSettings.Get(file, kSuppressionSetting));
+    mSettings.Set(file, kSuppressionSetting, isOn ? "1" : "2");
+    ShowAlert(
+        "Hold Back Missing Fonts Dialog",
+        std::string("From the next start on the dialog is ") + (isOn ? "held back." : "shown."));
+}
+
+bool MenuCommands::SelectMode(const std::string& id)
+{
+    for (const ActivationMode mode :
+         {ActivationMode::kOff, ActivationMode::kAutomatic, ActivationMode::kAsk}) {
+        if (id != MenuContent::kActivation + WriteActivationMode(mode)) continue;
+        mSettings.Set(mWorkspace.locations.settings, kActivationSetting, WriteActivationMode(mode));
+        return true;
+    }
+    return false;
+}
+
+bool MenuCommands::ToggleLibrary(const std::string& id)
+{
+    for (const Library& library : mWorkspace.folders.List()) {
+        if (id != MakeLibraryId(library)) continue;
+        const bool isSelected = mWorkspace.folders.GetSelected() == library.path;
+        mWorkspace.folders.Select(isSelected ? std::string() : library.path);
+        mWorkspace.ApplyLibraryChoice();
+        mLibrariesChanged();
+        return true;
+    }
+    return false;
+}
+
+}  // namespace plugincore

@@ -1,0 +1,132 @@
+#include "plugin-core/panel/PanelClient.h"
+
+#include <nlohmann/json.hpp>
+
+#include "plugin-core/panel/PanelToken.h"
+
+using nlohmann::json;
+
+namespace plugincore {
+namespace {
+
+constexpr const char* kWelcome = "{\"ok\":true,\"protocol\":1}";
+constexpr const char* kRefusal = "refused";
+
+bool PresentsToken(const std::string& line, const std::string& token)
+{
+    const json value = json::parse(line, nullptr, false);
+    if (!value.is_object()) return false;
+    const auto member = value.find("token");
+    return member != value.end() && member->is_string() &&
+           IsSameToken(member->get<std::string>(), token);
+}
+
+}  // namespace
+
+PanelClient::PanelClient(PanelConnection connection, int64_t now)
+    : mConnection(std::move(connection)), mSince(now)
+{
+}
+
+void PanelClient::Tell(const std::string& line)
+{
+    if (mPhase == Phase::kGone) return;
+    mOutput += line + "\n";
+    if (mOutput.size() > PanelLimits::kOutput) mPhase = Phase::kGone;
+}
+
+void PanelClient::Refuse(const std::string& error, int64_t now)
+{
+    Tell(json::object({{"ok", false}, {"error", error}}).dump());
+    mPhase = Phase::kLeaving;
+    mSince = now;
+    mInput.clear();
+}
+
+void PanelClient::TurnAway()
+{
+    Refuse(kRefusal, mSince);
+    Flush();
+}
+
+bool PanelClient::TakeLine(std::string& line)
+{
+    const size_t end = mInput.find('\n');
+    if (end == std::string::npos) return false;
+    line = mInput.substr(0, end);
+    mInput.erase(0, end + 1);
+    return true;
+}
+
+void PanelClient::Meet(const std::string& token, int64_t now)
+{
+    const size_t end = mInput.find('\n');
+    const bool isTooLong = std::min(end, mInput.size()) > PanelLimits::kFirstLine;
+    const bool isTooLate = now - mSince >= PanelLimits::kTokenMilliseconds;
+    const bool hasNoLine = end == std::string::npos;
+    if (hasNoLine && !isTooLong && !isTooLate && !mInputEnded) return;
+    std::string line;
+    if (!isTooLong && TakeLine(line) && PresentsToken(line, token)) {
+        mPhase = Phase::kServed;
+        Tell(kWelcome);
+        return;
+    }
+    Refuse(kRefusal, now);
+}
+
+void PanelClient::ServeRequests(const Serve& serve, int64_t now)
+{
+    std::string line;
+    for (size_t served = 0; served < PanelLimits::kRequestsInATick; ++served) {
+        if (mOutput.size() > PanelLimits::kBusyOutput) return;
+        const size_t end = mInput.find('\n');
+        if (std::min(end, mInput.size()) > PanelLimits::kLine) {
+            Refuse("the line is too long", now);
+            return;
+        }
+        if (!TakeLine(line)) break;
+        const PanelProtocol::Answer answer = serve(line);
+        mSubscribed = mSubscribed || answer.subscribes;
+        Tell(answer.line);
+        if (mPhase != Phase::kServed) return;
+    }
+    // Whoever sent the end of the input still gets the answers to what came before it.
+    if (mInputEnded && mInput.find('\n') == std::string::npos) mPhase = Phase::kLeaving;
+}
+
+void PanelClient::Flush()
+{
+    if (mConnection.Send(mOutput) == PanelConnection::State::kEnded) mPhase = Phase::kGone;
+}
+
+// The connection is closed only when the client has taken its last line and hung up, or is too slow
+// in doing so: closing it with input unread would destroy that line on its way.
+void PanelClient::Leave()
+{
+    if (mPhase != Phase::kLeaving || !mOutput.empty()) return;
+    if (!mOutputEnded) mConnection.EndOutput();
+    mOutputEnded = true;
+    if (mInputEnded || mDiscarded > PanelLimits::kDiscarded) mPhase = Phase::kGone;
+}
+
+bool PanelClient::Step(const std::string& token, const Serve& serve, int64_t now)
+{
+    if (mPhase != Phase::kGone && !mInputEnded && mInput.size() <= PanelLimits::kLine) {
+        mInputEnded = mConnection.Receive(mInput, PanelLimits::kReadInATick) ==
+                      PanelConnection::State::kEnded;
+    }
+    if (mPhase == Phase::kStranger) Meet(token, now);
+    if (mPhase == Phase::kServed) ServeRequests(serve, now);
+    if (mPhase == Phase::kLeaving) {
+        mDiscarded += mInput.size();
+        mInput.clear();
+    }
+    if (mPhase != Phase::kGone) Flush();
+    Leave();
+    if (mPhase == Phase::kLeaving && now - mSince >= PanelLimits::kFarewellMilliseconds) {
+        mPhase = Phase::kGone;
+    }
+    return mPhase != Phase::kGone;
+}
+
+}  // namespace plugincore

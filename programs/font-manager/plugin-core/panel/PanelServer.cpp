@@ -1,0 +1,78 @@
+#include "plugin-core/panel/PanelServer.h"
+
+#include <algorithm>
+#include <chrono>
+
+namespace plugincore {
+
+PanelServer::PanelServer(PanelProtocol& protocol, std::string token, Clock clock)
+    : mProtocol(protocol), mToken(std::move(token)), mClock(std::move(clock))
+{
+}
+
+int64_t PanelServer::GetSteadyMilliseconds()
+{
+    using std::chrono::milliseconds;
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    return std::chrono::duration_cast<milliseconds>(now).count();
+}
+
+// The oldest client without a token gives way to a new one, so that clients that hold connections
+// open can't keep the panel out.
+bool PanelServer::MakeRoom()
+{
+    if (mClients.size() < PanelLimits::kClients) return true;
+    const auto oldest = std::find_if(mClients.begin(), mClients.end(),
+                                     [](const PanelClient& client) { return !client.HasToken(); });
+    if (oldest == mClients.end()) return false;
+    oldest->TurnAway();
+    mClients.erase(oldest);
+    return true;
+}
+
+void PanelServer::AcceptClients(int64_t now)
+{
+    for (size_t accepted = 0; accepted < PanelLimits::kNewClientsInATick; ++accepted) {
+        std::optional<PanelConnection> connection = mListener.Accept();
+        if (!connection) return;
+        PanelClient client(*std::move(connection), now);
+        if (MakeRoom()) {
+            mClients.push_back(std::move(client));
+        } else {
+            client.TurnAway();
+        }
+    }
+}
+
+void PanelServer::TellSubscribers()
+{
+    if (!mHasSubscribers) return;
+    for (const std::string& event : mProtocol.TakeEvents()) {
+        for (PanelClient& client : mClients) {
+            if (client.IsSubscriber()) client.Tell(event);
+        }
+    }
+}
+
+void PanelServer::CountSubscribers()
+{
+    const bool had = mHasSubscribers;
+    mHasSubscribers = std::any_of(mClients.begin(), mClients.end(),
+                                  [](const PanelClient& client) { return client.IsSubscriber(); });
+    if (mHasSubscribers && !had) mProtocol.BeginEvents();
+}
+
+void PanelServer::Serve()
+{
+    const int64_t now = mClock();
+    AcceptClients(now);
+    if (mClients.empty()) return;
+    const auto serve = [this](const std::string& line) { return mProtocol.Serve(line); };
+    TellSubscribers();
+    for (auto client = mClients.begin(); client != mClients.end();) {
+        client = client->Step(mToken, serve, now) ? std::next(client) : mClients.erase(client);
+    }
+    CountSubscribers();
+}
+
+}  // namespace plugincore

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <list>
+#include <string>
+
+#include "plugin-core/panel/PanelClient.h"
+#include "plugin-core/panel/PanelProtocol.h"
+#include "plugin-core/panel/PanelSocket.h"
+
+namespace plugincore {
+
+// The panel's socket and its clients. All work is done in Serve, on the caller's thread; it never
+// waits, and what one call does is bounded by PanelLimits, whatever the clients do.
+class PanelServer {
+public:
+    // Milliseconds of a clock that only goes forward.
+    using Clock = std::function<int64_t()>;
+
+    // Opens the socket. The protocol has to outlive this object. Throws Failure.
+    PanelServer(PanelProtocol& protocol, std::string token, Clock clock = GetSteadyMilliseconds);
+
+    uint16_t GetPort() const { return mListener.GetPort(); }
+    size_t GetClientCount() const { return mClients.size(); }
+
+    // One tick. Without clients it costs one system call.
+    void Serve();
+
+private:
+    static int64_t GetSteadyMilliseconds();
+
+    void AcceptClients(int64_t now);
+    bool MakeRoom();
+    void TellSubscribers();
+    void CountSubscribers();
+
+    PanelProtocol& mProtocol;
+    std::string mToken;
+    Clock mClock;
+    PanelListener mListener;
+    std::list<PanelClient> mClients;  // the oldest first
+    bool mHasSubscribers = false;
+};
+
+}  // namespace plugincore

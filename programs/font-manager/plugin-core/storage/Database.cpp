@@ -1,0 +1,212 @@
+#include "plugin-core/storage/Database.h"
+
+#include <sqlite3.h>
+
+namespace plugincore {
+namespace {
+
+constexpr int kSchemaVersion = 3;
+constexpr int kBusyMilliseconds = 10000;
+
+// font_file, font_face: the index of the libraries; a file without faces has its problem.
+// document: what is known of documents; a blank one has no path and lives as long as its holder.
+// active_group: one folder of links; active_file, active_face: what it makes visible.
+// hold: a document, open in a process, needs a name and thereby a file.
+constexpr const char* kSchema = R"(
+CREATE TABLE font_file(id INTEGER PRIMARY KEY, library TEXT NOT NULL, path TEXT NOT NULL,
+    modified INTEGER NOT NULL, size INTEGER NOT NULL, problem TEXT NOT NULL DEFAULT '',
+    UNIQUE(library, path));
+CREATE TABLE font_face(file INTEGER NOT NULL REFERENCES font_file(id) ON DELETE CASCADE,
+    name TEXT NOT NULL, face_index INTEGER NOT NULL, is_type1 INTEGER NOT NULL);
+CREATE INDEX font_face_name ON font_face(name);
+CREATE INDEX font_face_file ON font_face(file);
+CREATE TABLE document(id TEXT PRIMARY KEY, path TEXT UNIQUE, usage TEXT NOT NULL DEFAULT '',
+    holder TEXT NOT NULL DEFAULT '');
+CREATE TABLE active_group(id INTEGER PRIMARY KEY AUTOINCREMENT);
+CREATE TABLE active_file(path TEXT PRIMARY KEY, link TEXT NOT NULL,
+    group_id INTEGER NOT NULL REFERENCES active_group(id));
+CREATE TABLE active_face(name TEXT NOT NULL,
+    file TEXT NOT NULL REFERENCES active_file(path) ON DELETE CASCADE, PRIMARY KEY(name, file));
+CREATE TABLE hold(document TEXT NOT NULL, name TEXT NOT NULL, file TEXT NOT NULL,
+    holder TEXT NOT NULL, PRIMARY KEY(document, name, holder));
+CREATE INDEX hold_file ON hold(file);
+)";
+
+// What version 2 added.
+// added_folder: font folders that the user added to the library's root folders.
+// choice: what the user chose that isn't a setting, as the library that fonts are taken from.
+constexpr const char* kSchemaOfVersion2 = R"(
+CREATE TABLE added_folder(path TEXT PRIMARY KEY);
+CREATE TABLE choice(name TEXT PRIMARY KEY, value TEXT NOT NULL);
+PRAGMA user_version = 2;
+)";
+
+// What version 3 added.
+// program: who works with the database and the folder at the moment.
+constexpr const char* kSchemaOfVersion3 = R"(
+CREATE TABLE program(identity TEXT PRIMARY KEY, name TEXT NOT NULL);
+PRAGMA user_version = 3;
+)";
+
+int64_t GetSchemaVersion(Database& database)
+{
+    Statement statement(database, "PRAGMA user_version");
+    return statement.Step() ? statement.GetNumber(0) : 0;
+}
+
+void UpdateSchema(Database& database, const std::string& file)
+{
+    if (GetSchemaVersion(database) == kSchemaVersion) return;
+    Transaction transaction(database);
+    const int64_t version = GetSchemaVersion(database);
+    if (version > kSchemaVersion) {
+        throw Failure(StatusCodes::kDatabaseError,
+                      file + ": written by a newer version of this program");
+    }
+    if (version < 1) database.Execute(kSchema);
+    if (version < 2) database.Execute(kSchemaOfVersion2);
+    if (version < 3) database.Execute(kSchemaOfVersion3);
+    transaction.Commit();
+}
+
+}  // namespace
+
+void Database::Closer::operator()(sqlite3* connection) const
+{
+    (void)sqlite3_close(connection);  // all statements are gone by now, so it can't be refused
+}
+
+Database::Database(const std::filesystem::path& file) : mFile(file)
+{
+    std::error_code error;
+    std::filesystem::create_directories(file.parent_path(), error);
+    if (error) {
+        throw Failure(StatusCodes::kDatabaseError,
+                      file.parent_path().string() + ": cannot be made: " + error.message());
+    }
+    sqlite3* connection = nullptr;
+    const int result = sqlite3_open(mFile.c_str(), &connection);
+    mConnection.reset(connection);
+    if (result != SQLITE_OK) ThrowFailure();
+    sqlite3_busy_timeout(connection, kBusyMilliseconds);
+    // Another process that opens the file at this moment may hold this off without waiting; the
+    // old mode serves as well and the next start tries again.
+    (void)sqlite3_exec(connection, "PRAGMA journal_mode = WAL", nullptr, nullptr, nullptr);
+    Execute("PRAGMA synchronous = NORMAL; PRAGMA foreign_keys = ON;");
+    UpdateSchema(*this, mFile);
+}
+
+void Database::Execute(const std::string& sql)
+{
+    if (sqlite3_exec(GetConnection(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) {
+        ThrowFailure();
+    }
+}
+
+std::string Database::GetChangeMark()
+{
+    Statement others(*this, "PRAGMA data_version");
+    const int64_t version = others.Step() ? others.GetNumber(0) : 0;
+    return std::to_string(version) + ":" + std::to_string(sqlite3_total_changes(GetConnection()));
+}
+
+std::string Database::FindDamage()
+{
+    Statement check(*this, "PRAGMA integrity_check(1)");
+    const std::string found = check.Step() ? check.GetText(0) : std::string("no answer");
+    return found == "ok" ? std::string() : found;
+}
+
+void Database::ThrowFailure() const
+{
+    const std::string line = mFile + ": " + sqlite3_errmsg(GetConnection());
+    const int code = sqlite3_errcode(GetConnection());
+    if (code == SQLITE_NOTADB || code == SQLITE_CORRUPT) throw DamagedDatabase(line);
+    throw Failure(StatusCodes::kDatabaseError, line);
+}
+
+void Statement::Finalizer::operator()(sqlite3_stmt* statement) const
+{
+    (void)sqlite3_finalize(statement);  // repeats the failure of the last step, already thrown
+}
+
+Statement::Statement(Database& database, const std::string& sql) : mDatabase(database)
+{
+    sqlite3_stmt* statement = nullptr;
+    if (sqlite3_prepare_v2(database.GetConnection(), sql.c_str(), static_cast<int>(sql.size()),
+                           &statement, nullptr) != SQLITE_OK) {
+        database.ThrowFailure();
+    }
+    mStatement.reset(statement);
+}
+
+Statement& Statement::Bind(const std::string& text)
+{
+    if (sqlite3_bind_text(mStatement.get(), ++mBound, text.data(), static_cast<int>(text.size()),
+                          SQLITE_TRANSIENT) != SQLITE_OK) {
+        mDatabase.ThrowFailure();
+    }
+    return *this;
+}
+
+Statement& Statement::Bind(int64_t number)
+{
+    if (sqlite3_bind_int64(mStatement.get(), ++mBound, number) != SQLITE_OK) {
+        mDatabase.ThrowFailure();
+    }
+    return *this;
+}
+
+bool Statement::Step()
+{
+    const int result = sqlite3_step(mStatement.get());
+    if (result != SQLITE_ROW && result != SQLITE_DONE) mDatabase.ThrowFailure();
+    return result == SQLITE_ROW;
+}
+
+void Statement::Run()
+{
+    while (Step()) {
+    }
+    Reset();
+}
+
+void Statement::Reset()
+{
+    (void)sqlite3_reset(mStatement.get());  // repeats the failure of the last step, already thrown
+    mBound = 0;
+}
+
+std::string Statement::GetText(int column) const
+{
+    const unsigned char* text = sqlite3_column_text(mStatement.get(), column);
+    if (!text) return {};
+    return {reinterpret_cast<const char*>(text),
+            static_cast<size_t>(sqlite3_column_bytes(mStatement.get(), column))};
+}
+
+int64_t Statement::GetNumber(int column) const
+{
+    return sqlite3_column_int64(mStatement.get(), column);
+}
+
+Transaction::Transaction(Database& database) : mDatabase(database)
+{
+    database.Execute("BEGIN IMMEDIATE");
+}
+
+Transaction::~Transaction()
+{
+    if (mOpen) {
+        (void)sqlite3_exec(mDatabase.GetConnection(), "ROLLBACK", nullptr, nullptr,
+                           nullptr);  // SQLite may have rolled back by itself
+    }
+}
+
+void Transaction::Commit()
+{
+    mDatabase.Execute("COMMIT");
+    mOpen = false;
+}
+
+}  // namespace plugincore

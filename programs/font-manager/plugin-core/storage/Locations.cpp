@@ -1,0 +1,64 @@
+#include "plugin-core/storage/Locations.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <sstream>
+
+#include "plugin-core/storage/StatusCodes.h"
+
+namespace fs = std::filesystem;
+
+namespace plugincore {
+namespace {
+
+std::string GetVariable(const char* name)
+{
+    const char* value = std::getenv(name);
+    return value ? value : "";
+}
+
+fs::path GetFolder(const char* variable, const char* belowHome)
+{
+    fs::path told = GetVariable(variable);
+    if (told.is_absolute()) return told;
+    const fs::path home = GetVariable("HOME");
+    if (!home.is_absolute()) {
+        throw Failure(StatusCodes::kError,
+                      std::string("no home folder: neither ") + variable + " nor HOME is set");
+    }
+    return home / belowHome;
+}
+
+std::vector<std::string> GetLibrariesOfEnvironment()
+{
+    std::vector<std::string> folders;
+    std::istringstream parts(GetVariable("CORVANTA_FONT_LIBRARY"));
+    for (std::string part; std::getline(parts, part, ':');) {
+        if (part.empty()) continue;
+        fs::path folder = fs::absolute(part).lexically_normal();
+        if (!folder.has_filename() && folder.has_relative_path()) folder = folder.parent_path();
+        if (std::find(folders.begin(), folders.end(), folder) == folders.end()) {
+            folders.push_back(folder);
+        }
+    }
+    return folders;
+}
+
+}  // namespace
+
+Locations GetLocations()
+{
+    const fs::path data = GetFolder("XDG_DATA_HOME", ".local/share");
+    Locations result;
+    result.database = data / "Corvanta/fonts.db";
+    result.launchInformation = data / "Corvanta/com.corvanta.Vexcor-LaunchInfo.conf";
+    result.activationFolder = data / "fonts/corvanta";
+    result.settings = GetFolder("XDG_CONFIG_HOME", ".config") / "Corvanta/settings.json";
+    result.panelToken = GetFolder("XDG_STATE_HOME", ".local/state") / "Corvanta/panel-token";
+    result.libraries = GetLibrariesOfEnvironment();
+    result.librariesAreDefault = result.libraries.empty();
+    if (result.librariesAreDefault) result.libraries.push_back(data / "Corvanta/Library");
+    return result;
+}
+
+}  // namespace plugincore

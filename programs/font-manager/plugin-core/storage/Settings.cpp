@@ -1,0 +1,97 @@
+#include "plugin-core/storage/Settings.h"
+
+#include <fstream>
+#include <iterator>
+#include <nlohmann/json.hpp>
+
+#include "plugin-core/storage/AtomicFile.h"
+#include "plugin-core/storage/StatusCodes.h"
+
+namespace fs = std::filesystem;
+using nlohmann::json;
+
+namespace plugincore {
+namespace {
+
+const std::map<std::string, std::string> kDefaults = {{"DialogSuppression", "1"}};
+
+// A text that differs whenever the file may have changed.
+std::string GetState(const fs::path& file)
+{
+    std::error_code error;
+    const auto size = fs::file_size(file, error);
+    if (error) return file.string() + ": " + error.message();
+    const auto modified = fs::last_write_time(file, error).time_since_epoch().count();
+    return file.string() + ":" + std::to_string(size) + ":" + std::to_string(modified);
+}
+
+}  // namespace
+
+std::string Settings::GetAsJson(const fs::path& file)
+{
+    Refresh(file);
+    return json(mValues).dump();
+}
+
+std::string Settings::Get(const fs::path& file, const std::string& key)
+{
+    Refresh(file);
+    const auto found = mValues.find(key);
+    return found == mValues.end() ? std::string() : found->second;
+}
+
+void Settings::Set(const fs::path& file, const std::string& key, const std::string& value)
+{
+    json settings = json::object();
+    std::error_code error;
+    if (fs::status(file, error).type() != fs::file_type::not_found) {
+        std::ifstream stream(file, std::ios::binary);
+        const std::string text{std::istreambuf_iterator<char>(stream), {}};
+        settings = json::parse(text, nullptr, false);
+        if (!settings.is_object()) {
+            throw Failure(StatusCodes::kError, file.string() +
+                                                   ": isn't a JSON object, and is left "
+                                                   "as it is");
+        }
+    }
+    settings[key] = value;
+    WriteFileAtomically(file, settings.dump(2, ' ', false, json::error_handler_t::replace) + "\n");
+    mState.clear();
+}
+
+void Settings::Refresh(const fs::path& file)
+{
+    const std::string state = GetState(file);
+    if (state == mState) return;
+    mState = state;
+    mValues = kDefaults;
+    std::error_code error;
+    if (fs::status(file, error).type() != fs::file_type::not_found) Read(file);
+}
+
+void Settings::Read(const fs::path& file)
+{
+    const std::string fallback = "; the default settings serve";
+    std::error_code error;
+    std::ifstream stream(file, std::ios::binary);
+    if (!stream || fs::is_directory(file, error)) {
+        Report(file.string() + ": cannot be read" + fallback);
+        return;
+    }
+    const std::string text{std::istreambuf_iterator<char>(stream), {}};
+    const json value = json::parse(text, nullptr, false);
+    if (!value.is_object()) {
+        const char* reason = value.is_discarded() ? "isn't JSON" : "isn't a JSON object";
+        Report(file.string() + ": " + reason + fallback);
+        return;
+    }
+    for (const auto& [key, member] : value.items()) {
+        if (member.is_string()) {
+            mValues[key] = member.get<std::string>();
+        } else {
+            Report(file.string() + ": the setting \"" + key + "\" isn't a string and is left out");
+        }
+    }
+}
+
+}  // namespace plugincore

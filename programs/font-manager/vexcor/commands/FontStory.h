@@ -1,0 +1,37 @@
+#pragma once
+
+#include <nlohmann/json.hpp>
+#include <string>
+#include <vector>
+
+#include "plugin-core/workspace/Workspace.h"
+
+namespace vexcor {
+
+// All that is known of the font of one PostScript name.
+struct FontStory {
+    struct Holder {
+        std::string document;
+        std::string program;  // "headless-host (process 12)"
+    };
+
+    std::string name;
+    std::string state;   // "active" without Vexcor, "activated" through it, or "inactive"
+    std::string reason;  // why it is so
+    std::string file;    // that gives it, or would; empty if none is known
+    std::vector<Holder> holders;
+    std::vector<std::string> otherFiles;    // of the library, with the same name
+    std::vector<std::string> similarNames;  // of the library, if no file has this very one
+    std::vector<std::string> badFiles;      // that bear the name and can't be used, with the reason
+};
+
+using ActiveFiles = std::multimap<std::string, plugincore::Workspace::ActiveFile>;
+
+// `active` is what fontconfig shows at this moment.
+FontStory TellStory(plugincore::Workspace& workspace, const ActiveFiles& active,
+                    const std::string& name);
+
+std::string WriteStoryAsText(const FontStory& story);
+std::string WriteStoryAsJson(const FontStory& story);
+
+}  // namespace vexcor

@@ -1,0 +1,30 @@
+#include <string>
+
+#include "console/Console.h"
+#include "console/Log.h"
+#include "plugin-core/storage/AtomicFile.h"
+#include "plugin-core/storage/StatusCodes.h"
+#include "vexcor/commands/Commands.h"
+#include "vexcor/commands/ExitStatus.h"
+#include "vexcor/commands/LaunchInformation.h"
+#include "vexcor/system/System.h"
+
+namespace vexcor {
+
+int RunInstallCommand()
+{
+    const std::string program = GetProgramPath();
+    if (program.find_first_of("\r\n") != std::string::npos) {
+        throw plugincore::Failure(plugincore::StatusCodes::kError,
+                                  program + ": a line break in the path can't be written");
+    }
+    const std::filesystem::path file = GetLaunchInformationFile();
+    const std::string before = ReadSmallFile(file);
+    const std::string after = SetVexcorPath(before, program);
+    if (after != before) plugincore::WriteFileAtomically(file, after);
+    const std::string line = file.string() + ": tells " + program;
+    console::LogAction(line);
+    return console::Print(console::MakePrintable(line) + "\n") ? kDone : kFileFailed;
+}
+
+}  // namespace vexcor

@@ -1,0 +1,121 @@
+#include "application/MessagePump.h"
+
+#include <algorithm>
+
+#include "suites/SuiteTables.h"
+
+namespace headless {
+
+namespace {
+
+constexpr int32_t kCheckWord = 0x53504D73;  // 'SPMs'
+
+// The fields of AIFileFormatMessage. The path in it is the host's: the record must not be made as
+// one whose destructor would give the path back through the guest's suites.
+struct CheckMessage {
+    SPMessageData d;
+    void* path;
+};
+static_assert(sizeof(CheckMessage) == sizeof(AIFileFormatMessage));
+
+bool ScansFonts(const std::string& caller, const std::string& selector, const std::string& type)
+{
+    return type == "AI Document Opened Notifier" || (caller == "AI Menu" && selector == "AI Go");
+}
+
+}  // namespace
+
+SPMessageData MessagePump::MakeHead() const
+{
+    return {kCheckWord, static_cast<SPPluginRef>(mHost.plugin), mHost.globalsWord, &gBasicSuite};
+}
+
+AIErr MessagePump::Send(const char* caller, const char* selector, void* message,
+                        SPMessageData& head, nlohmann::json arguments)
+{
+    arguments["caller"] = caller;
+    arguments["selector"] = selector;
+    mHost.handles.BeginMessage(ScansFonts(caller, selector, arguments.value("type", "")));
+    mHost.journal.Write("host", "send", arguments, nullptr);
+    std::string callerText = caller;
+    std::string selectorText = selector;
+    const AIErr result = mMain(callerText.data(), selectorText.data(), message);
+    mHost.globalsWord = head.globals;
+    mHost.journal.Write("host", "answer", arguments, result);
+    return result;
+}
+
+AIErr MessagePump::SendInterface(const char* selector)
+{
+    SPInterfaceMessage message{MakeHead()};
+    return Send("SP Interface", selector, &message, message.d, nlohmann::json::object());
+}
+
+AIErr MessagePump::SendUnload()
+{
+    SPInterfaceMessage message{MakeHead()};
+    return Send("SP Access", "Unload", &message, message.d, nlohmann::json::object());
+}
+
+size_t MessagePump::SendNotifier(const std::string& type, void* notifyData)
+{
+    size_t count = 0;
+    const std::vector<void*> notifiers = mHost.notifiers;
+    for (void* const handle : notifiers) {
+        const auto* const notifier = mHost.handles.Peek<NotifierObject>(handle);
+        if (notifier == nullptr || notifier->type != type) continue;
+        ++count;
+        std::string typeText = type;
+        AINotifierMessage message{MakeHead(), static_cast<AINotifierHandle>(handle),
+                                  typeText.data(), notifyData};
+        // What a notifier answers changes nothing: it is told, not asked.
+        (void)Send("AI Notifier", "AI Notify", &message, message.d,
+                   {{"type", type},
+                    {"notifier", notifier->name},
+                    {"notifyData", mHost.handles.Describe(notifyData)}});
+    }
+    return count;
+}
+
+void MessagePump::SendCheck(const std::string& path)
+{
+    std::vector<void*> formats = mHost.fileFormats;
+    std::stable_sort(formats.begin(), formats.end(), [this](void* a, void* b) {
+        return mHost.handles.Peek<FileFormatObject>(a)->priority >
+               mHost.handles.Peek<FileFormatObject>(b)->priority;
+    });
+    void* const pathHandle = mHost.handles.Issue(std::make_shared<PathObject>(PathObject{path}));
+    mHost.handles.KeepForHost(pathHandle);
+    for (void* const format : formats) {
+        CheckMessage message{MakeHead(), pathHandle};
+        const std::string name = mHost.handles.Peek<FileFormatObject>(format)->name;
+        // The answer is written to the journal; the host reads the file with its own formats.
+        (void)Send("AI File Format", "AI Check", &message, message.d,
+                   {{"format", name}, {"path", path}});
+    }
+    mHost.handles.Expire(pathHandle);
+}
+
+void MessagePump::SendTimers(unsigned long tick)
+{
+    const std::vector<void*> timers = mHost.timers;
+    for (void* const handle : timers) {
+        const auto* const timer = mHost.handles.Peek<TimerObject>(handle);
+        if (timer == nullptr || !timer->isActive) continue;
+        if (timer->period > 1 && tick % static_cast<unsigned long>(timer->period) != 0) continue;
+        AITimerMessage message{MakeHead()};
+        // A timer has nothing to answer.
+        (void)Send("AI Timer", "AI Go", &message, message.d, {{"timer", timer->name}});
+    }
+}
+
+AIErr MessagePump::SendMenu(const char* selector, void* item)
+{
+    AIMenuMessage message{MakeHead(), static_cast<AIMenuItemHandle>(item)};
+    const auto* const object = mHost.handles.Peek<MenuItemObject>(item);
+    return Send("AI Menu", selector, &message, message.d,
+                {{"item", mHost.handles.Describe(item)},
+                 {"text", object == nullptr ? std::string() : object->text}});
+}
+
+}  // namespace headless

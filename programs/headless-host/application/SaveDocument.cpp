@@ -1,0 +1,134 @@
+#include "application/SaveDocument.h"
+
+#include <algorithm>
+#include <cctype>
+#include <exception>
+
+#include "documents/bytes/FileBytes.h"
+#include "documents/model/FileKind.h"
+#include "documents/write/WriteDocument.h"
+#include "documents/write/WriteFile.h"
+
+namespace headless {
+
+namespace {
+
+// The language of the system's default font, which stands in for missing ones.
+constexpr AIFaceScript kSystemScript = -1;
+
+enum class Family { kNone, kPDF, kPostScript };
+
+std::string GetExtension(const std::string& path)
+{
+    const size_t dot = path.find_last_of("./");
+    if (dot == std::string::npos || path[dot] != '.') return {};
+    std::string extension = path.substr(dot);
+    std::transform(extension.begin(), extension.end(), extension.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return extension;
+}
+
+Family GetFamily(const std::string& path)
+{
+    const std::string extension = GetExtension(path);
+    if (extension == ".eps") return Family::kPostScript;
+    for (const char* const each : {".ai", ".ait", ".pdf"}) {
+        if (extension == each) return Family::kPDF;
+    }
+    return Family::kNone;
+}
+
+// How the file is to be written; kNone, and the reason in `error`, if it can't be.
+Family ChooseFamily(const DocumentObject& document, const std::string& path, std::string& error)
+{
+    const Family wanted = GetFamily(path);
+    if (wanted == Family::kNone) {
+        error = "can't be saved: the name must end in .ai, .ait, .pdf or .eps";
+        return Family::kNone;
+    }
+    if (document.base.empty()) return wanted;
+    const Family own = documents::GetContainer(document.base) == documents::Container::kPDF
+                           ? Family::kPDF
+                           : Family::kPostScript;
+    // A file whose name doesn't tell what it is stays what it is.
+    if (own == wanted || GetExtension(path) == GetExtension(document.source)) return own;
+    error = own == Family::kPDF ? "can't be saved: this document is a PDF and no EPS"
+                                : "can't be saved: this document is PostScript and no PDF";
+    return Family::kNone;
+}
+
+documents::WriteOrder MakeOrder(Host& host, const DocumentObject& document, const std::string& path)
+{
+    documents::WriteOrder order;
+    order.base = document.base;
+    order.texts = document.addedTexts;
+    order.fonts = document.content.fonts;
+    order.linkedFiles = document.content.linkedFiles;
+    order.addedLinks = document.addedLinks;
+    const size_t start = path.rfind('/') + 1;
+    order.title = path.substr(start, path.rfind('.') - start);
+    order.substituteFont = host.fonts.GetDefaultName(kSystemScript);
+    if (!order.texts.empty()) {
+        order.findFont = [files = host.fonts.ListFiles()](const std::string& name) {
+            const auto found = files.find(name);
+            return found == files.end() ? documents::FontFile() : found->second;
+        };
+    }
+    return order;
+}
+
+std::string Write(Host& host, DocumentObject& document, const std::string& path)
+{
+    for (const auto& other : host.GetDocuments()) {
+        if (other.get() != &document && other->hasFile && other->path == path) {
+            return "can't be saved: another open document has this name";
+        }
+    }
+    std::string error = KeepBase(document);
+    if (!error.empty()) return "can't be saved: " + error;
+    const Family family = ChooseFamily(document, path, error);
+    if (!error.empty()) return error;
+    const documents::WriteOrder order = MakeOrder(host, document, path);
+    std::string bytes =
+        family == Family::kPDF ? documents::WritePdf(order) : documents::WriteEps(order);
+    error = documents::ReplaceFile(path, bytes);
+    if (!error.empty()) return "can't be saved: " + error;
+    document.base = std::move(bytes);
+    document.hasBase = true;
+    document.source = path;
+    document.path = path;
+    document.hasFile = true;
+    document.isModified = false;
+    document.addedTexts.clear();
+    document.addedLinks.clear();
+    return {};
+}
+
+}  // namespace
+
+std::string KeepBase(DocumentObject& document)
+{
+    if (document.hasBase || document.source.empty()) return {};
+    documents::FileBytes file =
+        documents::ReadFileBytes(document.source, documents::Limits{}.inflatedBytes,
+                                 [](const std::string&) { return std::string(); });
+    if (!file.error.empty()) return "the file that it was opened from " + file.error;
+    document.base = std::move(file.bytes);
+    document.hasBase = true;
+    return {};
+}
+
+std::string SaveDocument(Host& host, DocumentObject& document, const std::string& path)
+{
+    std::string error;
+    try {
+        error = Write(host, document, path);
+    } catch (const std::exception& exception) {
+        error = std::string("can't be saved: ") + exception.what();
+        std::replace(error.begin(), error.end(), '\n', ' ');
+    }
+    host.journal.Write("host", "save", {{"path", path}}, error);
+    return error;
+}
+
+}  // namespace headless

@@ -1,0 +1,157 @@
+#include "checks/HandleRegister.h"
+
+#include <algorithm>
+#include <set>
+
+namespace headless {
+
+void HandleRegister::Fill(Record& record, HandleType type)
+{
+    record.type = type;
+    record.serial = ++mSerial;
+    record.message = mMessage;
+    record.scansArtSet = type == HandleType::kArtSet && mMayKeepArtSet;
+}
+
+void* HandleRegister::IssueToken(HandleType type, std::shared_ptr<void> object, const void* owner)
+{
+    void* const handle = mMemory.NewToken();
+    Record& record = mTokens.emplace_back();
+    Fill(record, type);
+    record.owner = owner;
+    record.object = std::move(object);
+    if (owner != nullptr) mOwned[owner].push_back(handle);
+    return handle;
+}
+
+void* HandleRegister::IssueBlock(HandleType type, size_t size)
+{
+    void* const block = mMemory.NewBlock(size);
+    Record& record = mBlocks[block];
+    Fill(record, type);
+    record.size = size;
+    return block;
+}
+
+const HandleRegister::Record* HandleRegister::FindRecord(const void* handle) const
+{
+    size_t number = 0;
+    if (mMemory.FindToken(handle, number)) return &mTokens[number];
+    const auto found = mBlocks.find(handle);
+    return found == mBlocks.end() ? nullptr : &found->second;
+}
+
+HandleRegister::Record* HandleRegister::FindRecord(const void* handle)
+{
+    return const_cast<Record*>(static_cast<const HandleRegister*>(this)->FindRecord(handle));
+}
+
+HandleRegister::Record* HandleRegister::Check(const void* handle, HandleType type,
+                                              const std::string& operation)
+{
+    const std::string wanted = GetTypeName(type);
+    if (handle == nullptr) {
+        mErrors.Add(operation + ": the " + wanted + " is null");
+        return nullptr;
+    }
+    Record* const record = FindRecord(handle);
+    if (record == nullptr) {
+        mErrors.Add(operation + ": the " + wanted + " was never handed out by the host");
+        return nullptr;
+    }
+    if (record->type != type) {
+        mErrors.Add(operation + ": " + Describe(handle) +
+                    " is of the wrong type, wanted is: " + wanted);
+        return nullptr;
+    }
+    if (!record->living) {
+        mErrors.Add(operation + ": " + Describe(handle) + " has expired");
+        return nullptr;
+    }
+    return record;
+}
+
+bool HandleRegister::Retain(const void* handle, HandleType type, const std::string& operation)
+{
+    Record* const record = Check(handle, type, operation);
+    if (record == nullptr) return false;
+    ++record->references;
+    return true;
+}
+
+bool HandleRegister::Release(void* handle, HandleType type, const std::string& operation)
+{
+    Record* const record = Check(handle, type, operation);
+    if (record == nullptr) return false;
+    if (--record->references == 0) End(handle, *record);
+    return true;
+}
+
+void HandleRegister::End(void* handle, Record& record)
+{
+    record.living = false;
+    record.references = 0;
+    record.object.reset();
+    if (record.size != 0 || record.type == HandleType::kBlock) {
+        mMemory.RetireBlock(handle, record.size);
+    }
+    const auto found = mOwned.find(handle);
+    if (found == mOwned.end()) return;
+    const std::vector<void*> owned = std::move(found->second);
+    mOwned.erase(found);
+    for (void* const each : owned) {
+        Record& other = *FindRecord(each);
+        if (!other.living) continue;
+        other.leaked = IsOwedByGuest(other.type) && !other.hostsOwn;
+        End(each, other);
+    }
+}
+
+void HandleRegister::Expire(void* handle)
+{
+    Record* const record = FindRecord(handle);
+    if (record != nullptr && record->living) End(handle, *record);
+}
+
+void HandleRegister::KeepForHost(const void* handle)
+{
+    Record* const record = FindRecord(handle);
+    if (record != nullptr) record->hostsOwn = true;
+}
+
+void HandleRegister::BeginMessage(bool mayKeepArtSet)
+{
+    ++mMessage;
+    mMayKeepArtSet = mayKeepArtSet;
+}
+
+std::vector<std::string> HandleRegister::ListLeaks() const
+{
+    std::vector<std::string> lines;
+    std::set<size_t> messagesWithArtSet;
+    const auto look = [&](const Record& record) {
+        const bool held = record.living && IsOwedByGuest(record.type) && !record.hostsOwn;
+        if (!held && !record.leaked) return;
+        // A scan of the document's fonts never gives its art set back; that is agreed.
+        if (record.scansArtSet && messagesWithArtSet.insert(record.message).second) return;
+        lines.push_back(std::string(GetTypeName(record.type)) + "#" +
+                        std::to_string(record.serial) + " was not given back");
+    };
+    for (const Record& record : mTokens) look(record);
+    std::vector<const Record*> blocks;
+    for (const auto& entry : mBlocks) blocks.push_back(&entry.second);
+    std::sort(blocks.begin(), blocks.end(),
+              [](const Record* a, const Record* b) { return a->serial < b->serial; });
+    for (const Record* const record : blocks) look(*record);
+    return lines;
+}
+
+std::string HandleRegister::Describe(const void* handle) const
+{
+    if (handle == nullptr) return "null";
+    const Record* const record = FindRecord(handle);
+    if (record == nullptr) return "unknown";
+    return std::string(GetTypeName(record->type)) + "#" + std::to_string(record->serial);
+}
+
+}  // namespace headless

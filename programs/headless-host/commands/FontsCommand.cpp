@@ -1,0 +1,193 @@
+#include "commands/FontsCommand.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <unordered_set>
+#include <utility>
+
+#include "application/ExitStatus.h"
+#include "application/Report.h"
+#include "commands/FileList.h"
+#include "commands/FontsReport.h"
+#include "console/Console.h"
+#include "system/System.h"
+#include "system/WorkerPool.h"
+
+namespace headless {
+
+namespace {
+
+// Of 1 GiB, what this process itself may need is set aside. A process that reads a file starts
+// Ghostscript at most once at a time, for which a fifth of its share is set aside.
+constexpr size_t kMemoryBytes = (size_t{1024} - 64) << 20;
+constexpr size_t kMostWorkers = 8;
+constexpr char kNoMemory[] = "too large: not enough memory";
+
+size_t GetWorkerMemory(size_t workers) { return kMemoryBytes / workers / 5 * 4; }
+
+// Reads one file: the work of a process.
+std::string ReadOne(const std::string& path, double seconds, size_t helperBytes)
+{
+    documents::Limits limits;
+    limits.seconds = seconds;
+    limits.helperBytes = helperBytes;
+    return WriteFontsReportAsJson(MakeFontsReport(path, documents::OpenDocument(path, limits)));
+}
+
+std::string GetSecondsText(double seconds)
+{
+    std::string text = std::to_string(seconds);
+    text.erase(text.find_last_not_of('0') + 1);
+    if (text.back() == '.') text.pop_back();
+    return text;
+}
+
+class Run {
+public:
+    explicit Run(const Options& options)
+        : mOptions(options),
+          mFiles(ListFiles(options.files, options.recursive)),
+          mReports(mFiles.size()),
+          mIsDone(mFiles.size()),
+          mShowsProgress(IsTerminal(STDERR_FILENO))
+    {
+    }
+
+    int Do()
+    {
+        CatchInterrupts();
+        std::vector<size_t> wanted;
+        for (size_t i = 0; i < mFiles.size(); ++i) {
+            if (mFiles[i].error.empty()) {
+                wanted.push_back(i);
+            } else {
+                Finish(i, MakeFailure(i, mFiles[i].error));
+            }
+        }
+        const size_t workers =
+            std::clamp<size_t>(std::min(wanted.size(), GetCoreCount()), 1, kMostWorkers);
+        bool isWhole = ReadAll(wanted, workers, workers > 1);
+        // What was too large beside others gets all the memory.
+        if (isWhole && !mTooLarge.empty()) {
+            isWhole = ReadAll(std::exchange(mTooLarge, {}), 1, false);
+        }
+        ClearProgress();
+        return isWhole ? mStatus : kInterrupted;
+    }
+
+private:
+    FontsReport MakeFailure(size_t index, const std::string& error) const
+    {
+        FontsReport report;
+        report.path = mFiles[index].path;
+        report.kind = documents::GetKindName(documents::Kind::kUnknown);
+        report.error = error;
+        return report;
+    }
+
+    bool ReadAll(const std::vector<size_t>& wanted, size_t workers, bool triesAgain)
+    {
+        WorkerLimits limits;
+        limits.workers = workers;
+        limits.memoryBytes = GetWorkerMemory(workers);
+        limits.seconds = mOptions.timeout;
+        const size_t helperBytes = limits.memoryBytes / 4;
+        return RunInWorkers(
+            wanted.size(), limits,
+            [&](size_t i) {
+                return ReadOne(mFiles[wanted[i]].path, mOptions.timeout, helperBytes);
+            },
+            [&](size_t i, WorkerAnswer answer) {
+                const size_t index = wanted[i];
+                FontsReport report = TakeAnswer(index, std::move(answer));
+                if (triesAgain && report.error == kNoMemory) {
+                    mTooLarge.push_back(index);
+                } else {
+                    Finish(index, std::move(report));
+                }
+            },
+            IsInterrupted);
+    }
+
+    FontsReport TakeAnswer(size_t index, WorkerAnswer answer) const
+    {
+        switch (answer.outcome) {
+            case WorkerAnswer::Outcome::kAnswered:
+                return ReadFontsReport(answer.text);
+            case WorkerAnswer::Outcome::kTooLong:
+                return MakeFailure(
+                    index, "takes longer than " + GetSecondsText(mOptions.timeout) + " s to read");
+            case WorkerAnswer::Outcome::kDied:
+                break;
+        }
+        return MakeFailure(index, "the process that read it " + answer.text);
+    }
+
+    // Keeps what became of a file and prints all that are next in order.
+    void Finish(size_t index, FontsReport report)
+    {
+        mReports[index] = std::move(report);
+        mIsDone[index] = true;
+        ++mDoneCount;
+        if (mNext < mFiles.size() && mIsDone[mNext]) ClearProgress();
+        for (; mNext < mFiles.size() && mIsDone[mNext]; ++mNext) {
+            PrintReport(mReports[mNext]);
+            mReports[mNext] = {};
+        }
+        ShowProgress(mFiles[index].path);
+    }
+
+    void PrintReport(const FontsReport& report)
+    {
+        std::string text;
+        if (mOptions.json) {
+            text = WriteFontsReportAsJson(report) + "\n";
+        } else if (mOptions.names) {
+            for (const std::string& font : report.fonts) {
+                if (mNames.insert(font).second) text += console::MakePrintable(font) + "\n";
+            }
+        } else {
+            text = WriteFontsReportAsTable(report);
+        }
+        if (!report.isRead && (mOptions.json || mOptions.names)) {
+            console::Tell(report.path + ": " + report.error);
+        }
+        const bool isPrinted = text.empty() || console::Print(text);
+        if (!report.isRead || !isPrinted) mStatus = kFileNotOpened;
+    }
+
+    void ShowProgress(const std::string& path)
+    {
+        if (!mShowsProgress || mFiles.size() < 2) return;
+        // A progress line that doesn't get out is no loss.
+        (void)std::fprintf(stderr, "\r\033[K%zu of %zu  %s", mDoneCount, mFiles.size(),
+                           console::MakePrintable(path).c_str());
+        mHasProgress = true;
+    }
+
+    void ClearProgress()
+    {
+        if (mHasProgress) (void)std::fputs("\r\033[K", stderr);  // likewise
+        mHasProgress = false;
+    }
+
+    const Options& mOptions;
+    std::vector<ListedFile> mFiles;
+    std::vector<FontsReport> mReports;
+    std::vector<bool> mIsDone;
+    std::vector<size_t> mTooLarge;
+    std::unordered_set<std::string> mNames;
+    size_t mNext = 0;
+    size_t mDoneCount = 0;
+    int mStatus = kAllOpened;
+    bool mShowsProgress;
+    bool mHasProgress = false;
+};
+
+}  // namespace
+
+int RunFontsCommand(const Options& options) { return Run(options).Do(); }
+
+}  // namespace headless

@@ -1,0 +1,86 @@
+#include "commands/FontsReport.h"
+
+#include <nlohmann/json.hpp>
+
+#include "application/Report.h"
+#include "console/Console.h"
+
+namespace headless {
+
+FontsReport MakeFontsReport(const std::string& path, const documents::OpenResult& result)
+{
+    FontsReport report;
+    report.path = path;
+    report.isRead = result.ok;
+    report.error = result.error;
+    const documents::Document& document = result.document;
+    report.kind = documents::GetKindName(document.kind);
+    report.reader = document.reader;
+    report.note = documents::JoinNotes(document);
+    report.creator = document.creator;
+    report.isTemplate = document.isTemplate;
+    report.frames = document.frames.size();
+    report.stories = document.stories.size();
+    for (const documents::TextFrame& frame : document.frames) report.runs += frame.runs.size();
+    report.fonts = document.fonts;
+    report.linkedDocuments = document.linkedFiles;
+    return report;
+}
+
+std::string WriteFontsReportAsJson(const FontsReport& report)
+{
+    nlohmann::ordered_json line;
+    line["path"] = report.path;
+    line["status"] = report.isRead ? "read" : "failed";
+    line["error"] = report.error;
+    line["kind"] = report.kind;
+    line["reader"] = report.reader;
+    line["note"] = report.note;
+    line["creator"] = report.creator;
+    line["template"] = report.isTemplate;
+    line["frames"] = report.frames;
+    line["stories"] = report.stories;
+    line["runs"] = report.runs;
+    line["fonts"] = report.fonts;
+    line["linkedDocuments"] = report.linkedDocuments;
+    return line.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
+}
+
+FontsReport ReadFontsReport(const std::string& json)
+{
+    const auto line = nlohmann::json::parse(json);
+    FontsReport report;
+    report.path = line.at("path");
+    report.isRead = line.at("status") == "read";
+    report.error = line.at("error");
+    report.kind = line.at("kind");
+    report.reader = line.at("reader");
+    report.note = line.at("note");
+    report.creator = line.at("creator");
+    report.isTemplate = line.at("template");
+    report.frames = line.at("frames");
+    report.stories = line.at("stories");
+    report.runs = line.at("runs");
+    report.fonts = line.at("fonts").get<std::vector<std::string>>();
+    report.linkedDocuments = line.at("linkedDocuments").get<std::vector<std::string>>();
+    return report;
+}
+
+std::string WriteFontsReportAsTable(const FontsReport& report)
+{
+    std::string text = console::MakePrintable(report.path) + ": ";
+    if (!report.isRead) return text + "failed: " + console::MakePrintable(report.error) + "\n";
+    text += report.kind + " (" + report.reader + "), ";
+    text += report.fonts.size() == 1 ? "1 font" : std::to_string(report.fonts.size()) + " fonts";
+    text += report.isTemplate ? ", template\n" : "\n";
+    for (const std::string& font : report.fonts) {
+        text += "    " + console::MakePrintable(font) + "\n";
+    }
+    for (const std::string& file : report.linkedDocuments) {
+        text += "    placed file: " + console::MakePrintable(file) + "\n";
+    }
+    if (!report.note.empty()) text += "    note: " + console::MakePrintable(report.note) + "\n";
+    return text;
+}
+
+}  // namespace headless

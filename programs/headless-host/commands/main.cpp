@@ -1,0 +1,34 @@
+#include <exception>
+
+#include "application/ExitStatus.h"
+#include "commands/FontsCommand.h"
+#include "commands/OpenCommand.h"
+#include "commands/SessionCommand.h"
+#include "console/Console.h"
+
+int main(int argc, char** argv)
+{
+    console::SetProgramName("headless-host");
+    try {
+        headless::Options options;
+        std::string text;
+        switch (headless::ParseCommandLine(argc, argv, options, text)) {
+            case headless::ParseOutcome::kRun:
+                if (options.action == headless::Command::kFonts) {
+                    return headless::RunFontsCommand(options);
+                }
+                return options.action == headless::Command::kRun
+                           ? headless::RunSessionCommand(options)
+                           : headless::RunOpenCommand(options);
+            case headless::ParseOutcome::kDone:
+                return console::Print(text) ? headless::kAllOpened : headless::kWrongUse;
+            case headless::ParseOutcome::kWrongUse:
+                break;
+        }
+        console::Tell(text + " (see headless-host --help)");
+        return headless::kWrongUse;
+    } catch (const std::exception& exception) {
+        console::Tell(exception.what());
+        return headless::kWrongUse;
+    }
+}

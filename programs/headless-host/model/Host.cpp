@@ -1,0 +1,95 @@
+#include "model/Host.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "ArtTypes.h"
+#include "application/HostPlatformTable.h"
+#include "documents/bytes/Utf8.h"
+
+namespace headless {
+
+namespace {
+
+Host* sCurrent = nullptr;
+
+}  // namespace
+
+Host::Host(FontSource& fontSource, DocumentReader documentReader)
+    : fonts(fontSource, handles), reader(std::move(documentReader))
+{
+    if (sCurrent != nullptr) throw std::logic_error("there is a host already");
+    sCurrent = this;
+    ResetHostPlatform();
+    errors.SetSink([this](const std::string& line) {
+        journal.Write("host", "plug-in error", nlohmann::json::object(), line);
+    });
+}
+
+Host::~Host() { sCurrent = nullptr; }
+
+Host* Host::GetCurrent() { return sCurrent; }
+
+DocumentObject* Host::AddDocument(documents::Document content, const std::string& path)
+{
+    const auto document = std::make_shared<DocumentObject>();
+    document->content = std::move(content);
+    document->hasFile = !path.empty() && !document->content.isTemplate;
+    document->path = document->hasFile ? path : "Untitled-" + std::to_string(++mUntitledCount);
+    document->handle = handles.Issue(document);
+    document->source = path;
+    const documents::Document& kept = document->content;
+    for (size_t i = 0; i < kept.frames.size(); ++i) AddArt(*document, kTextFrameArt, i);
+    for (size_t i = 0; i < kept.linkedFiles.size(); ++i) AddArt(*document, kPlacedArt, i);
+    mDocuments.push_back(document);
+    mRecent.push_back(document.get());
+    return document.get();
+}
+
+void Host::AddArt(DocumentObject& document, int16_t type, size_t index)
+{
+    auto art = std::make_shared<ArtItem>(ArtItem{&document, type, index});
+    document.art.push_back(handles.Issue(std::move(art), document.handle));
+}
+
+void Host::AddText(DocumentObject& document, const documents::AddedText& text)
+{
+    documents::Document& content = document.content;
+    const std::vector<documents::TextRun> runs = {
+        {text.postScriptName, documents::CountCharacters(text.words)}};
+    content.frames.push_back({content.stories.size(), runs});
+    content.stories.push_back({runs});
+    std::vector<std::string>& names = content.fonts;
+    if (std::find(names.begin(), names.end(), text.postScriptName) == names.end()) {
+        names.push_back(text.postScriptName);
+    }
+    document.addedTexts.push_back(text);
+    AddArt(document, kTextFrameArt, content.frames.size() - 1);
+}
+
+void Host::AddLink(DocumentObject& document, const std::string& path)
+{
+    document.content.linkedFiles.push_back(path);
+    document.addedLinks.push_back(path);
+    AddArt(document, kPlacedArt, document.content.linkedFiles.size() - 1);
+}
+
+void Host::MakeCurrent(DocumentObject* document)
+{
+    const auto place = std::find(mRecent.begin(), mRecent.end(), document);
+    if (place != mRecent.end()) std::rotate(place, place + 1, mRecent.end());
+}
+
+void Host::RemoveDocument(DocumentObject* document)
+{
+    const auto place =
+        std::find_if(mDocuments.begin(), mDocuments.end(),
+                     [document](const auto& each) { return each.get() == document; });
+    if (place == mDocuments.end()) return;
+    const std::shared_ptr<DocumentObject> kept = *place;
+    mDocuments.erase(place);
+    mRecent.erase(std::remove(mRecent.begin(), mRecent.end(), document), mRecent.end());
+    handles.Expire(kept->handle);
+}
+
+}  // namespace headless

@@ -1,0 +1,61 @@
+#include "model/Journal.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+
+namespace headless {
+
+using nlohmann::json;
+
+Journal::~Journal() { Close(); }
+
+void Journal::Close()
+{
+    // Every line went out with its own write: nothing is left for close to lose.
+    if (mFile >= 0) (void)close(mFile);
+    mFile = -1;
+}
+
+bool Journal::Open(const std::string& path, std::string& error)
+{
+    Close();
+    mFile = open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_APPEND | O_CLOEXEC, 0644);
+    if (mFile < 0) {
+        error = path + ": " + std::strerror(errno);
+        return false;
+    }
+    mSequence = 0;
+    mStart = std::chrono::steady_clock::now();
+    return true;
+}
+
+void Journal::Write(const char* side, const std::string& op, const json& args, const json& result)
+{
+    if (mObserver) mObserver(op, args, result);
+    if (mFile < 0) return;
+    const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - mStart;
+    nlohmann::ordered_json line;
+    line["seq"] = ++mSequence;
+    line["t"] = passed.count();
+    line["side"] = side;
+    line["op"] = op;
+    line["args"] = args;
+    line["result"] = result;
+    const std::string text =
+        line.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + "\n";
+    size_t done = 0;
+    while (done < text.size()) {
+        const ssize_t count = write(mFile, text.data() + done, text.size() - done);
+        if (count < 0 && errno == EINTR) continue;
+        if (count < 0) {
+            Close();
+            return;
+        }
+        done += static_cast<size_t>(count);
+    }
+}
+
+}  // namespace headless

@@ -1,0 +1,190 @@
+#include "panel/PanelPlayer.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cstdlib>
+#include <fstream>
+
+#include "panel/PanelBus.h"
+#include "panel/PanelConnection.h"
+
+namespace headless {
+
+namespace {
+
+constexpr char kRequestType[] = "com.corvanta.portnumberrequest";
+constexpr char kResponseType[] = "com.corvanta.portnumberresponse";
+constexpr std::size_t kTokenLength = 64;
+constexpr int kHighestPort = 65535;
+
+// An answer isn't there before the server had a tick; after that, the system has to bring it over.
+constexpr int kSystemMilliseconds = 1;
+
+// Ends the asking with a line for the user.
+struct Failure {
+    std::string line;
+};
+
+// Text of another's, short enough for one line, and plain enough for a journal.
+std::string Quote(const std::string& text)
+{
+    constexpr std::size_t kLongest = 80;
+    std::string quoted = text.substr(0, kLongest);
+    std::replace_if(
+        quoted.begin(), quoted.end(), [](char c) { return c < ' ' || c > '~'; }, '?');
+    return "\"" + quoted + (text.size() > kLongest ? "\"..." : "\"");
+}
+
+std::string WithinTicks()
+{
+    return " within " + std::to_string(PanelPlayer::kMaximumTicks) + " ticks";
+}
+
+int AskForPort(const std::string& frameworksFolder, const std::function<void()>& tick)
+{
+    std::string error;
+    const auto bus = PanelBus::Open(frameworksFolder, kResponseType, error);
+    if (!bus || !bus->Send(kRequestType, error)) throw Failure{error};
+    for (int count = 0; bus->GetHeard().empty(); ++count) {
+        if (count == PanelPlayer::kMaximumTicks) {
+            throw Failure{"no answer to " + std::string(kRequestType) + WithinTicks()};
+        }
+        tick();
+    }
+    const std::string& payload = bus->GetHeard().back();
+    const std::optional<int> port = PanelPlayer::ReadPort(payload);
+    if (!port) throw Failure{std::string(kResponseType) + " tells no port: " + Quote(payload)};
+    return *port;
+}
+
+std::string ReadToken()
+{
+    const std::string file = PanelPlayer::GetTokenFile();
+    if (file.empty()) throw Failure{"the panel's token can't be read: no home folder is known"};
+    std::ifstream stream(file, std::ios::binary);
+    // One more than there may be, so that a longer file shows.
+    std::string token(kTokenLength + 1, '\0');
+    stream.read(token.data(), static_cast<std::streamsize>(token.size()));
+    if (stream.bad() || !stream.is_open()) {
+        throw Failure{"the panel's token can't be read: " + file};
+    }
+    token.resize(static_cast<std::size_t>(stream.gcount()));
+    const bool isToken = token.size() == kTokenLength &&
+                         std::all_of(token.begin(), token.end(),
+                                     [](unsigned char c) { return std::isxdigit(c) != 0; });
+    if (!isToken) throw Failure{"the file of the panel's token holds none: " + file};
+    return token;
+}
+
+// The next object that comes. Nothing is received but between ticks, and `ticks` counts them, so
+// that a talkative server comes to an end too.
+nlohmann::json Receive(PanelConnection& connection, const std::string& awaited,
+                       const std::function<void()>& tick, int& ticks)
+{
+    std::optional<std::string> line = connection.TakeLine();
+    while (!line && connection.GetError().empty()) {
+        if (ticks++ == PanelPlayer::kMaximumTicks) {
+            throw Failure{"no answer to " + awaited + WithinTicks()};
+        }
+        connection.Pump(0);
+        tick();
+        connection.Pump(kSystemMilliseconds);
+        line = connection.TakeLine();
+    }
+    if (!line) throw Failure{"no answer to " + awaited + ": " + connection.GetError()};
+    nlohmann::json answer = nlohmann::json::parse(*line, nullptr, false);
+    if (!answer.is_object()) {
+        throw Failure{"the answer to " + awaited + " isn't a JSON object: " + Quote(*line)};
+    }
+    return answer;
+}
+
+void PresentToken(PanelConnection& connection, const std::function<void()>& tick)
+{
+    connection.Queue(nlohmann::json{{"token", ReadToken()}}.dump());
+    int ticks = 0;
+    const nlohmann::json answer = Receive(connection, "the token", tick, ticks);
+    const auto ok = answer.find("ok");
+    if (ok == answer.end() || *ok != true) {
+        throw Failure{"the panel's token isn't taken: " + Quote(answer.dump())};
+    }
+}
+
+// The request as a line; the number is for the user, from 1.
+std::string Write(const nlohmann::json& request, std::size_t number)
+{
+    try {
+        return request.dump();
+    } catch (const nlohmann::json::exception& exception) {
+        throw Failure{"request " + std::to_string(number) + ": " + exception.what()};
+    }
+}
+
+}  // namespace
+
+PanelPlayer::PanelPlayer(std::string frameworksFolder)
+    : mFrameworksFolder(std::move(frameworksFolder))
+{
+}
+
+PanelAnswer PanelPlayer::Ask(const std::vector<nlohmann::json>& requests,
+                             const std::function<void()>& tick)
+{
+    PanelAnswer result;
+    try {
+        result.port = AskForPort(mFrameworksFolder, tick);
+        const auto connection = PanelConnection::Open(result.port, result.error);
+        if (!connection) return result;
+        PresentToken(*connection, tick);
+        while (result.answers.size() < requests.size()) {
+            const std::size_t number = result.answers.size() + 1;
+            connection->Queue(Write(requests[number - 1], number));
+            const std::string awaited = "request " + std::to_string(number);
+            int ticks = 0;
+            nlohmann::json answer = Receive(*connection, awaited, tick, ticks);
+            while (answer.contains("event")) {
+                result.events.push_back(std::move(answer));
+                answer = Receive(*connection, awaited, tick, ticks);
+            }
+            result.answers.push_back(std::move(answer));
+        }
+        result.ok = true;
+    } catch (const Failure& failure) {
+        result.error = failure.line;
+    }
+    return result;
+}
+
+std::optional<int> PanelPlayer::ReadPort(const std::string& payload)
+{
+    const std::string before = "<payload><number>";
+    const std::string after = "</number></payload>";
+    constexpr std::size_t kMostDigits = 5;
+    if (payload.size() <= before.size() + after.size()) return std::nullopt;
+    const std::size_t length = payload.size() - before.size() - after.size();
+    if (length > kMostDigits || payload.compare(0, before.size(), before) != 0 ||
+        payload.compare(before.size() + length, after.size(), after) != 0) {
+        return std::nullopt;
+    }
+    int port = 0;
+    for (const char c : payload.substr(before.size(), length)) {
+        if (c < '0' || c > '9' || (port == 0 && c == '0')) return std::nullopt;
+        port = 10 * port + (c - '0');
+    }
+    return port <= kHighestPort ? std::optional<int>(port) : std::nullopt;
+}
+
+std::string PanelPlayer::GetTokenFile()
+{
+    const char* const state = std::getenv("XDG_STATE_HOME");
+    const char* const home = std::getenv("HOME");
+    std::string folder;
+    if (state != nullptr && *state == '/') {
+        folder = state;
+    } else if (home != nullptr && *home == '/') {
+        folder = std::string(home) + "/.local/state";
+    }
+    return folder.empty() ? folder : folder + "/Corvanta/panel-token";
+}
+
+}  // namespace headless

@@ -1,0 +1,105 @@
+#include "suites/SuiteCall.h"
+#include "suites/SuiteTables.h"
+
+// The suites of the document and of its path.
+namespace headless {
+
+namespace {
+
+const SuiteRow& DocumentRow()
+{
+    static const SuiteRow& row = *FindSuiteRow("AI Document Suite");
+    return row;
+}
+
+const SuiteRow& FilePathRow()
+{
+    static const SuiteRow& row = *FindSuiteRow("AI File Path Suite");
+    return row;
+}
+
+AIErr GetDocumentFileSpecification(ai::FilePath& file)
+{
+    return Answer(DocumentRow(), "GetDocumentFileSpecification", [&](SuiteCall& call) {
+        const DocumentObject* const document = call.host.GetCurrentDocument();
+        if (document == nullptr) return kHostBadParameter;
+        if (GetSlot(file) != nullptr) {
+            // A slot with rubbish in it is reported by the register and then overwritten.
+            (void)call.host.handles.Release(GetSlot(file), HandleType::kPath, call.operation);
+        }
+        SetSlot(file,
+                call.host.handles.Issue(std::make_shared<PathObject>(PathObject{document->path})));
+        call.OutHandle("file", GetSlot(file));
+        return kHostSuccess;
+    });
+}
+
+AIErr GetDocumentModified(bool* modified)
+{
+    return Answer(DocumentRow(), "GetDocumentModified", [&](SuiteCall& call) {
+        const DocumentObject* const document = call.host.GetCurrentDocument();
+        if (!call.Require(modified, "modified") || document == nullptr) return kHostBadParameter;
+        *modified = document->isModified;
+        call.Out("modified", *modified);
+        return kHostSuccess;
+    });
+}
+
+AIErr GetDocument(_t_AIDocument** document)
+{
+    return Answer(DocumentRow(), "GetDocument", [&](SuiteCall& call) {
+        const DocumentObject* const current = call.host.GetCurrentDocument();
+        if (!call.Require(document, "document") || current == nullptr) return kHostBadParameter;
+        *document = static_cast<_t_AIDocument*>(current->handle);
+        call.OutHandle("document", *document);
+        return kHostSuccess;
+    });
+}
+
+AIErr DisposeFilePath(ai::FilePath* path)
+{
+    return Answer(FilePathRow(), "DisposeFilePath", [&](SuiteCall& call) {
+        if (!call.Require(path, "path")) return kHostBadParameter;
+        call.Handle("path", GetSlot(*path));
+        if (!call.host.handles.Release(GetSlot(*path), HandleType::kPath, call.operation)) {
+            return kHostBadParameter;
+        }
+        SetSlot(*path, nullptr);
+        return kHostSuccess;
+    });
+}
+
+AIErr GivePathText(const char* operation, const ai::FilePath& path, bool displayForm,
+                   ai::UnicodeString& text, bool nameOnly)
+{
+    return Answer(FilePathRow(), operation, [&](SuiteCall& call) {
+        call.Handle("path", GetSlot(path));
+        call.Arg("displayForm", displayForm);
+        const auto* const found = call.Find<PathObject>(GetSlot(path));
+        if (found == nullptr) return kHostBadParameter;
+        std::string result = found->path;
+        const size_t slash = result.rfind('/');
+        if (nameOnly && slash != std::string::npos) result.erase(0, slash + 1);
+        PutString(call, text, result);
+        call.Out("text", result);
+        return kHostSuccess;
+    });
+}
+
+AIErr GetFileName(const ai::FilePath& path, bool displayForm, ai::UnicodeString& name)
+{
+    return GivePathText("GetFileName", path, displayForm, name, true);
+}
+
+AIErr GetFullPath(const ai::FilePath& path, bool displayForm, ai::UnicodeString& fullPath)
+{
+    return GivePathText("GetFullPath", path, displayForm, fullPath, false);
+}
+
+}  // namespace
+
+const AIDocumentSuite kDocumentTable = {GetDocumentFileSpecification, GetDocumentModified,
+                                        GetDocument};
+const AIFilePathSuite kFilePathTable = {DisposeFilePath, GetFileName, GetFullPath};
+
+}  // namespace headless

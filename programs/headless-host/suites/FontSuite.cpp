@@ -1,0 +1,67 @@
+#include <algorithm>
+#include <cstring>
+
+#include "suites/SuiteCall.h"
+#include "suites/SuiteTables.h"
+#include "suites/TextObjects.h"
+
+namespace headless {
+
+namespace {
+
+const SuiteRow& Row()
+{
+    static const SuiteRow& row = *FindSuiteRow("AI Font Suite");
+    return row;
+}
+
+AIErr GetDefaultFontForScript(AIFaceScript script, AIFontKey* key)
+{
+    return Answer(Row(), "GetDefaultFontForScript", [&](SuiteCall& call) {
+        call.Arg("script", script);
+        if (!call.Require(key, "key")) return kHostBadParameter;
+        const std::string& name = call.host.fonts.GetDefaultName(script);
+        if (name.empty()) return kHostBadParameter;
+        *key = call.host.fonts.GetKey(name);
+        call.OutHandle("key", *key);
+        return kHostSuccess;
+    });
+}
+
+AIErr GetPostScriptFontName(AIFontKey key, char* buffer, short bufferSize)
+{
+    return Answer(Row(), "GetPostScriptFontName", [&](SuiteCall& call) {
+        call.Handle("key", key);
+        call.Arg("bufferSize", bufferSize);
+        const auto* const font = call.Find<FontKeyObject>(key);
+        if (font == nullptr || !call.Require(buffer, "buffer")) return kHostBadParameter;
+        if (bufferSize <= 0) return call.Refuse("the buffer has no room");
+        const size_t length =
+            std::min(font->postScriptName.size(), static_cast<size_t>(bufferSize) - 1);
+        std::memcpy(buffer, font->postScriptName.data(), length);
+        buffer[length] = '\0';
+        call.Out("name", std::string(buffer));
+        return kHostSuccess;
+    });
+}
+
+AIErr FontKeyFromFontRef(ATE::_Font* font, AIFontKey* key)
+{
+    return Answer(Row(), "FontKeyFromFontRef", [&](SuiteCall& call) {
+        call.Handle("font", font);
+        const auto* const object = call.Find<FontRef>(font);
+        if (object == nullptr || !call.Require(key, "key")) return kHostBadParameter;
+        // Text without a font in common: there is no key, which isn't the guest's mistake.
+        if (object->postScriptName.empty()) return kHostBadParameter;
+        *key = call.host.fonts.GetKey(object->postScriptName);
+        call.OutHandle("key", *key);
+        return kHostSuccess;
+    });
+}
+
+}  // namespace
+
+const AIFontSuite kFontsTable = {GetDefaultFontForScript, GetPostScriptFontName,
+                                 FontKeyFromFontRef};
+
+}  // namespace headless

@@ -1,0 +1,146 @@
+#include <cstring>
+
+#include "suites/SuiteCall.h"
+#include "suites/SuiteTables.h"
+
+// The suites of blocks, memory handles and strings.
+namespace headless {
+
+namespace {
+
+const SuiteRow& BlocksRow()
+{
+    static const SuiteRow& row = *FindSuiteRow("SP Blocks Suite");
+    return row;
+}
+
+const SuiteRow& MdMemoryRow()
+{
+    static const SuiteRow& row = *FindSuiteRow("AI MdMemory Suite");
+    return row;
+}
+
+const SuiteRow& StringRow()
+{
+    static const SuiteRow& row = *FindSuiteRow("AI Unicode String Suite");
+    return row;
+}
+
+AIErr AllocateBlock(size_t size, const char* debugName, void** block)
+{
+    return Answer(BlocksRow(), "AllocateBlock", [&](SuiteCall& call) {
+        call.Arg("size", size);
+        call.Arg("debugName", std::string(debugName == nullptr ? "(null)" : debugName));
+        if (!call.Require(block, "block")) return kHostBadParameter;
+        *block = call.host.handles.IssueBlock(HandleType::kBlock, size);
+        call.OutHandle("block", *block);
+        return kHostSuccess;
+    });
+}
+
+AIErr FreeBlock(void* block)
+{
+    return Answer(BlocksRow(), "FreeBlock", [&](SuiteCall& call) {
+        call.Handle("block", block);
+        return call.host.handles.Release(block, HandleType::kBlock, call.operation)
+                   ? kHostSuccess
+                   : kHostBadParameter;
+    });
+}
+
+AIErr MdMemoryDisposeHandle(void** handle)
+{
+    return Answer(MdMemoryRow(), "MdMemoryDisposeHandle", [&](SuiteCall& call) {
+        call.Handle("handle", handle);
+        return call.host.handles.Release(handle, HandleType::kMemoryHandle, call.operation)
+                   ? kHostSuccess
+                   : kHostBadParameter;
+    });
+}
+
+// Both encodings are UTF-8 on this platform; the bytes are kept as they come.
+bool IsEncoding(SuiteCall& call, AICharacterEncoding encoding)
+{
+    call.Arg("encoding", static_cast<int>(encoding));
+    if (encoding == kAIPlatformCharacterEncoding || encoding == kAIUTF8CharacterEncoding) {
+        return true;
+    }
+    (void)call.Refuse("the host has no encoding " + std::to_string(encoding));
+    return false;
+}
+
+AIErr Initialize(ai::UnicodeString* string, const char* text, size_t byteLength,
+                 AICharacterEncoding encoding)
+{
+    return Answer(StringRow(), "Initialize", [&](SuiteCall& call) {
+        if (!call.Require(string, "string") || !IsEncoding(call, encoding)) {
+            return kHostBadParameter;
+        }
+        if (byteLength > 0 && !call.Require(text, "text")) return kHostBadParameter;
+        std::string bytes = byteLength == 0 ? std::string() : std::string(text, byteLength);
+        call.Arg("text", bytes);
+        // What the place held before is the guest's own affair: it needn't have been a string.
+        SetSlot(*string, call.host.handles.Issue(
+                             std::make_shared<StringObject>(StringObject{std::move(bytes)})));
+        call.OutHandle("string", GetSlot(*string));
+        return kHostSuccess;
+    });
+}
+
+AIErr Destroy(ai::UnicodeString* string)
+{
+    return Answer(StringRow(), "Destroy", [&](SuiteCall& call) {
+        if (!call.Require(string, "string")) return kHostBadParameter;
+        call.Handle("string", GetSlot(*string));
+        if (!call.host.handles.Release(GetSlot(*string), HandleType::kString, call.operation)) {
+            return kHostBadParameter;
+        }
+        SetSlot(*string, nullptr);
+        return kHostSuccess;
+    });
+}
+
+// The fields of ai::AutoBuffer, which owns a block of the blocks suite.
+struct BufferFields {
+    unsigned long count;
+    char* buffer;
+};
+static_assert(sizeof(BufferFields) == sizeof(ai::UnicodeString::Buffer));
+
+AIErr GetAs(const ai::UnicodeString& string, AICharacterEncoding encoding,
+            ai::UnicodeString::Buffer& buffer, unsigned long* count)
+{
+    return Answer(StringRow(), "GetAs", [&](SuiteCall& call) {
+        call.Handle("string", GetSlot(string));
+        if (!IsEncoding(call, encoding) || !call.Require(count, "count")) return kHostBadParameter;
+        std::string text;
+        if (GetSlot(string) != nullptr) {
+            const auto* const found = call.Find<StringObject>(GetSlot(string));
+            if (found == nullptr) return kHostBadParameter;
+            text = found->text;
+        }
+        auto& fields = reinterpret_cast<BufferFields&>(buffer);
+        if (fields.buffer != nullptr &&
+            !call.host.handles.Release(fields.buffer, HandleType::kBlock, call.operation)) {
+            return kHostBadParameter;
+        }
+        fields = {0, nullptr};
+        if (!text.empty()) {
+            void* const block = call.host.handles.IssueBlock(HandleType::kBlock, text.size());
+            std::memcpy(block, text.data(), text.size());
+            fields = {text.size(), static_cast<char*>(block)};
+        }
+        *count = text.size();
+        call.Out("text", text);
+        call.OutHandle("block", fields.buffer);
+        return kHostSuccess;
+    });
+}
+
+}  // namespace
+
+const SPBlocksSuite kBlocksTable = {AllocateBlock, FreeBlock};
+const AIMdMemorySuite kMdMemoryTable = {MdMemoryDisposeHandle};
+const AIUnicodeStringSuite kUnicodeStringTable = {Initialize, Destroy, GetAs};
+
+}  // namespace headless

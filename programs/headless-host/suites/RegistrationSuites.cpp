@@ -1,0 +1,145 @@
+#include "suites/SuiteCall.h"
+#include "suites/SuiteTables.h"
+
+// The suites by which a guest is called back: notifiers, file formats, timers.
+namespace headless {
+
+namespace {
+
+const SuiteRow& NotifierRow()
+{
+    static const SuiteRow& row = *FindSuiteRow("AI Notifier Suite");
+    return row;
+}
+
+const SuiteRow& FileFormatRow()
+{
+    static const SuiteRow& row = *FindSuiteRow("AI File Format Suite");
+    return row;
+}
+
+const SuiteRow& TimerRow()
+{
+    static const SuiteRow& row = *FindSuiteRow("AI Timer Suite");
+    return row;
+}
+
+AIErr AddNotifier(SPPluginRef self, const char* name, const char* type, AINotifierHandle* notifier)
+{
+    return Answer(NotifierRow(), "AddNotifier", [&](SuiteCall& call) {
+        if (call.Find<PluginObject>(self) == nullptr || !call.Require(name, "name") ||
+            !call.Require(type, "type") || !call.Require(notifier, "notifier")) {
+            return kHostBadParameter;
+        }
+        call.Arg("name", std::string(name));
+        call.Arg("type", std::string(type));
+        void* const handle =
+            call.host.handles.Issue(std::make_shared<NotifierObject>(NotifierObject{name, type}));
+        call.host.notifiers.push_back(handle);
+        *notifier = static_cast<AINotifierHandle>(handle);
+        call.OutHandle("notifier", *notifier);
+        return kHostSuccess;
+    });
+}
+
+// The text of a string that the guest gives; empty for the null string.
+std::string GetText(SuiteCall& call, const ai::UnicodeString& string)
+{
+    if (GetSlot(string) == nullptr) return {};
+    const auto* const object = call.Find<StringObject>(GetSlot(string));
+    return object == nullptr ? std::string() : object->text;
+}
+
+AIErr AddFileFormatEx(SPPluginRef self, const char* name, PlatformAddFileFormatExData* data,
+                      int32_t options, AIFileFormatHandle* format, int32_t)
+{
+    return Answer(FileFormatRow(), "AddFileFormatEx", [&](SuiteCall& call) {
+        if (call.Find<PluginObject>(self) == nullptr || !call.Require(name, "name") ||
+            !call.Require(data, "data") || !call.Require(format, "format")) {
+            return kHostBadParameter;
+        }
+        if (data->numTypes < 0 || (data->numTypes > 0 && data->typeList == nullptr)) {
+            return call.Refuse("the list of types is broken");
+        }
+        FileFormatObject object;
+        object.name = name;
+        object.title = GetText(call, data->title);
+        object.extensions = GetText(call, data->extensions);
+        object.types.assign(data->typeList, data->typeList + data->numTypes);
+        object.options = options;
+        call.Arg("name", object.name);
+        call.Arg("title", object.title);
+        call.Arg("extensions", object.extensions);
+        call.Arg("types", object.types);
+        call.Arg("options", options);
+        void* const handle =
+            call.host.handles.Issue(std::make_shared<FileFormatObject>(std::move(object)));
+        call.host.fileFormats.push_back(handle);
+        *format = static_cast<AIFileFormatHandle>(handle);
+        call.OutHandle("format", *format);
+        return kHostSuccess;
+    });
+}
+
+AIErr SetFileFormatPriority(AIFileFormatHandle format, int32_t priority)
+{
+    return Answer(FileFormatRow(), "SetFileFormatPriority", [&](SuiteCall& call) {
+        call.Handle("format", format);
+        call.Arg("priority", priority);
+        auto* const object = call.Find<FileFormatObject>(format);
+        if (object == nullptr) return kHostBadParameter;
+        object->priority = priority;
+        return kHostSuccess;
+    });
+}
+
+AIErr AddTimer(SPPluginRef self, const char* name, int32_t period, AITimerHandle* timer)
+{
+    return Answer(TimerRow(), "AddTimer", [&](SuiteCall& call) {
+        call.Arg("period", period);
+        if (call.Find<PluginObject>(self) == nullptr || !call.Require(name, "name") ||
+            !call.Require(timer, "timer")) {
+            return kHostBadParameter;
+        }
+        call.Arg("name", std::string(name));
+        if (period < 0) return call.Refuse("the period is negative");
+        void* const handle =
+            call.host.handles.Issue(std::make_shared<TimerObject>(TimerObject{name, period, true}));
+        call.host.timers.push_back(handle);
+        *timer = static_cast<AITimerHandle>(handle);
+        call.OutHandle("timer", *timer);
+        return kHostSuccess;
+    });
+}
+
+AIErr GetTimerActive(AITimerHandle timer, bool* active)
+{
+    return Answer(TimerRow(), "GetTimerActive", [&](SuiteCall& call) {
+        call.Handle("timer", timer);
+        const auto* const object = call.Find<TimerObject>(timer);
+        if (object == nullptr || !call.Require(active, "active")) return kHostBadParameter;
+        *active = object->isActive;
+        call.Out("active", *active);
+        return kHostSuccess;
+    });
+}
+
+AIErr SetTimerActive(AITimerHandle timer, bool active)
+{
+    return Answer(TimerRow(), "SetTimerActive", [&](SuiteCall& call) {
+        call.Handle("timer", timer);
+        call.Arg("active", active);
+        auto* const object = call.Find<TimerObject>(timer);
+        if (object == nullptr) return kHostBadParameter;
+        object->isActive = active;
+        return kHostSuccess;
+    });
+}
+
+}  // namespace
+
+const AINotifierSuite kNotifierTable = {AddNotifier};
+const AIFileFormatSuite kFileFormatTable = {AddFileFormatEx, SetFileFormatPriority};
+const AITimerSuite kTimerTable = {AddTimer, GetTimerActive, SetTimerActive};
+
+}  // namespace headless

@@ -1,0 +1,40 @@
+#include "suites/SuiteCall.h"
+
+namespace headless {
+
+SuiteCall::SuiteCall(Host& theHost, const SuiteRow& row, const char* operationName)
+    : host(theHost),
+      operation(std::string(row.name) + ", " + operationName),
+      mRow(row),
+      mWanted(theHost.journal.IsOpen())
+{
+}
+
+AIErr SuiteCall::Refuse(const std::string& reason)
+{
+    host.errors.Add(operation + ": " + reason);
+    return kHostBadParameter;
+}
+
+bool SuiteCall::Require(const void* pointer, const char* name)
+{
+    if (pointer != nullptr) return true;
+    (void)Refuse(std::string("the argument ") + name + " is null");
+    return false;
+}
+
+bool SuiteCall::IsAllowed()
+{
+    if (host.suites.IsHeld(mRow)) return true;
+    (void)Refuse("the suite is called without being acquired");
+    return false;
+}
+
+void SuiteCall::Finish(int result)
+{
+    if (!mWanted) return;
+    mResults["status"] = result;
+    host.journal.Write("suite", operation, mArguments, mResults);
+}
+
+}  // namespace headless

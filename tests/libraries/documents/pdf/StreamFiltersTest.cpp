@@ -1,0 +1,131 @@
+#include "documents/pdf/StreamFilters.h"
+
+#include <gtest/gtest.h>
+
+#include <qpdf/Pl_String.hh>
+
+#include "PdfMaker.h"
+#include "documents/bytes/InflateBudget.h"
+#include "documents/pdf/LzwDecoder.h"
+#include "documents/pdf/PngPredictor.h"
+
+using namespace documents;
+
+namespace {
+
+std::string RunThrough(Pipeline& pipeline, std::string& output, const std::string& input)
+{
+    pipeline.write(reinterpret_cast<const unsigned char*>(input.data()), input.size());
+    pipeline.finish();
+    return output;
+}
+
+std::string DecodeLzw(const std::string& input)
+{
+    std::string output;
+    Pl_String sink("sink", nullptr, output);
+    LzwDecoder decoder(&sink, true);
+    return RunThrough(decoder, output, input);
+}
+
+std::string Unpredict(const std::string& input, size_t rowBytes, size_t pixelBytes)
+{
+    std::string output;
+    Pl_String sink("sink", nullptr, output);
+    PngPredictor predictor(&sink, rowBytes, pixelBytes);
+    return RunThrough(predictor, output, input);
+}
+
+}  // namespace
+
+TEST(LzwDecoder, TheExampleOfThePdfReference)
+{
+    EXPECT_EQ(std::string("\x2D\x2D\x2D\x2D\x2D\x41\x2D\x2D\x2D\x42"),
+              DecodeLzw("\x80\x0B\x60\x50\x22\x0C\x0C\x85\x01"));
+}
+
+TEST(LzwDecoder, CodeOutOfRangeThrows)
+{
+    // Clear, then code 300.
+    EXPECT_THROW(DecodeLzw(std::string("\x80\x4B\x00", 3)), std::runtime_error);
+}
+
+TEST(LzwDecoder, AnyBytesEnd)
+{
+    unsigned state = 1;
+    for (int round = 0; round < 200; ++round) {
+        std::string bytes(300, '\0');
+        for (char& c : bytes) {
+            state = state * 1103515245u + 12345u;
+            c = static_cast<char>(state >> 16);
+        }
+        try {
+            EXPECT_LT(DecodeLzw(bytes).size(), 300u * 4096u);
+        } catch (const std::runtime_error& error) {
+            EXPECT_STREQ("LZW code out of range", error.what());
+        }
+    }
+}
+
+TEST(PngPredictor, EveryFilter)
+{
+    const std::string rows = std::string("\0\1\2\3", 4) + std::string("\1\1\1\1", 4) +
+                             std::string("\2\1\1\1", 4) + std::string("\3\1\1\1", 4) +
+                             std::string("\4\1\1\1", 4);
+    const std::string expected = std::string("\1\2\3") + "\1\2\3" + "\2\3\4" + "\2\3\4" + "\3\4\5";
+    EXPECT_EQ(expected, Unpredict(rows, 3, 1));
+}
+
+TEST(PngPredictor, CutOffRowIsFilledWithZeros)
+{
+    EXPECT_EQ(std::string("\5\0\0", 3), Unpredict(std::string("\0\5", 2), 3, 1));
+    EXPECT_EQ("", Unpredict("", 3, 1));
+}
+
+TEST(StreamFilters, ContentInEveryFilter)
+{
+    const std::string content = "BT /F1 9 Tf (ab) Tj ET";
+    EXPECT_EQ(
+        "Alpha-Regular:2",
+        DescribeFrames(PdfMaker().SetStream(4, "/Filter /FlateDecode", Deflate(content)).Open()));
+    const std::string runs = static_cast<char>(content.size() - 1) + content + '\x80';
+    EXPECT_EQ("Alpha-Regular:2",
+              DescribeFrames(PdfMaker().SetStream(4, "/Filter /RunLengthDecode", runs).Open()));
+    EXPECT_EQ("Alpha-Regular:2", DescribeFrames(PdfMaker()
+                                                    .SetStream(4,
+                                                               "/Filter [/FlateDecode "
+                                                               "/RunLengthDecode]",
+                                                               Deflate(runs))
+                                                    .Open()));
+}
+
+TEST(StreamFilters, PredictedContent)
+{
+    const std::string content =
+        std::string(1, '\0') + "BT /F1 9 Tf " + std::string(1, '\0') + "(ab) Tj ET  ";
+    EXPECT_EQ("Alpha-Regular:2", DescribeFrames(PdfMaker()
+                                                    .SetStream(4,
+                                                               "/Filter /FlateDecode /DecodeParms "
+                                                               "<< /Predictor 12 /Columns 12 >>",
+                                                               Deflate(content))
+                                                    .Open()));
+}
+
+TEST(InflateBudget, ThrowsOnceUsedUpAndStaysSo)
+{
+    const InflateBudget budget(10, 1e9);
+    InflateBudget::Take(10);
+    EXPECT_FALSE(budget.IsExceeded());
+    EXPECT_THROW(InflateBudget::Take(1), TooLarge);
+    EXPECT_THROW(InflateBudget::Take(0), TooLarge);
+    EXPECT_TRUE(budget.IsExceeded());
+}
+
+TEST(InflateBudget, ThrowsWhenTheTimeIsOver)
+{
+    const InflateBudget budget(10, 0);
+    EXPECT_THROW(InflateBudget::Take(1), TooLarge);
+    EXPECT_TRUE(budget.IsExceeded());
+}
+
+TEST(InflateBudget, WithoutOneAllIsAllowed) { EXPECT_NO_THROW(InflateBudget::Take(1u << 30)); }

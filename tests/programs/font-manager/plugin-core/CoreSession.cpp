@@ -1,0 +1,88 @@
+#include "CoreSession.h"
+
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+#include <stdexcept>
+
+#include "plugin-core/workspace/DocumentStore.h"
+
+using nlohmann::json;
+
+CoreSession::CoreSession()
+{
+    for (const char* name : {"DejaVuSans", "DejaVuSerif", "DejaVuSansMono"})
+        FontTestHome::CopyFont(name, home.GetLibrary());
+    if (!core.Start()) throw std::runtime_error("PluginCore doesn't start");
+}
+
+CoreSession::~CoreSession() { (void)core.pTerminatePluginCoreInterface(); }  // checked by Restart
+
+void CoreSession::Restart() const
+{
+    if (core.pTerminatePluginCoreInterface() != 0 || !core.Start())
+        throw std::runtime_error("PluginCore doesn't start again");
+}
+
+std::string CoreSession::GetId(const std::string& path) const
+{
+    char id[256] = {};
+    size_t size = sizeof id;
+    EXPECT_EQ(core.pGetIDForDocument(path.c_str(), id, &size), 0U);
+    return id;
+}
+
+std::string CoreSession::GetMenus(const std::string& path) const
+{
+    size_t size = 0;
+    EXPECT_EQ(core.pGetMenus(path.c_str(), nullptr, &size), 0x0C000000U);
+    std::string text(size, '\0');
+    EXPECT_EQ(core.pGetMenus(path.c_str(), text.data(), &size), 0U);
+    return text.c_str();
+}
+
+std::string CoreSession::Choose(const std::string& key, const std::string& path,
+                                const std::vector<std::string>& fonts) const
+{
+    const std::string id = path.empty() ? "" : GetId(path);
+    if (!id.empty()) {
+        const std::string usage = MakeUsage(fonts);
+        EXPECT_EQ(core.pUpdateDocumentFontUsage(id.c_str(), usage.c_str()), 0U);
+    }
+    return CaptureErrors([&] {
+        EXPECT_EQ(core.pHandleMenuSelection(id.c_str(), "", key.c_str(),
+                                            id.empty() ? "" : MakeFontList(fonts).c_str()),
+                  0U);
+    });
+}
+
+std::string CoreSession::GetKeptUsage(const std::string& path) const
+{
+    plugincore::Database database(home.GetData() / "Corvanta/fonts.db");
+    return plugincore::DocumentStore(database, "").GetUsage(path);
+}
+
+std::string MakeUsage(const std::vector<std::string>& fonts, const std::vector<std::string>& linked)
+{
+    return json::object(
+               {{"DocumentFonts", json::parse(MakeFontList(fonts))}, {"LinkedDocuments", linked}})
+        .dump();
+}
+
+void WriteEps(const std::filesystem::path& file, const std::vector<std::string>& fonts,
+              const std::vector<std::string>& placed)
+{
+    std::string text = "%!PS-Adobe-3.0 EPSF-3.0\n%%BoundingBox: 0 0 10 10\n";
+    for (size_t position = 0; position < fonts.size(); ++position)
+        text += (position == 0 ? "%%DocumentFonts: " : "%%+ ") + fonts[position] + "\n";
+    for (size_t position = 0; position < placed.size(); ++position)
+        text += (position == 0 ? "%%DocumentFiles:(" : "%%+(") + placed[position] + ")\n";
+    FontTestHome::WriteFile(file, text + "%%EndComments\nshowpage\n%%EOF\n");
+}
+
+std::string CaptureErrors(const std::function<void()>& work)
+{
+    testing::internal::CaptureStderr();
+    work();
+    return testing::internal::GetCapturedStderr();
+}

@@ -1,0 +1,176 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sqlite3.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "CoreTestHome.h"
+#include "plugin-core/workspace/Workspace.h"
+
+namespace {
+
+using plugincore::Workspace;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+// Programs that are killed at the worst moment: the folder is changed and the tables aren't yet.
+class KilledProcessTest : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        for (const char* name : {"DejaVuSans", "DejaVuSerif", "DejaVuSansMono"})
+            FontTestHome::CopyFont(name, mHome.GetLibrary());
+    }
+
+    // A child in which `work` prepares something; `last` is killed as its change is committed.
+    template <class Work, class Last>
+    static void RunKilled(Work work, Last last)
+    {
+        const pid_t child = fork();
+        if (child == 0) {
+            Workspace workspace(plugincore::GetLocations());
+            (void)workspace.Start();  // what it repairs isn't asked for
+            work(workspace);
+            sqlite3_commit_hook(
+                workspace.database.GetConnection(), [](void*) { return raise(SIGKILL); }, nullptr);
+            last(workspace);
+            _exit(1);
+        }
+        int status = 0;
+        ASSERT_EQ(waitpid(child, &status, 0), child);
+        ASSERT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL);
+    }
+
+    static void DoNothing(Workspace&) {}
+    static void ActivateTwo(Workspace& workspace)
+    {
+        workspace.activation.Activate("/killed.ai", {"DejaVuSans", "DejaVuSerif"});
+    }
+
+    FontTestHome mHome;
+};
+
+TEST_F(KilledProcessTest, AnActivationThatWasNotCommittedIsTakenBackAtTheStart)
+{
+    RunKilled(DoNothing, ActivateTwo);
+    ASSERT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSans", "DejaVuSerif"));
+    Workspace workspace(plugincore::GetLocations());
+    const plugincore::Activation::Repairs repairs = workspace.Start();
+    EXPECT_EQ(repairs.gonePrograms.size(), 1U);
+    EXPECT_THAT(repairs.folderChanges, ElementsAre("removed group 1, which isn't in the database"));
+    EXPECT_THAT(FontTestHome::ListOfOtherProcess(), IsEmpty());
+    EXPECT_THAT(ListActivationFolder(mHome), IsEmpty());
+}
+
+TEST_F(KilledProcessTest, TheNextActivationOfAnotherProcessTakesItBackToo)
+{
+    Workspace workspace(plugincore::GetLocations());
+    (void)workspace.Start();  // nothing is there to repair
+    RunKilled(DoNothing, ActivateTwo);
+    const auto outcome = workspace.activation.Activate("/a.ai", {"DejaVuSansMono"});
+    EXPECT_THAT(outcome.activated, ElementsAre("DejaVuSansMono"));
+    EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSansMono"));
+}
+
+TEST_F(KilledProcessTest, ADeactivationThatWasNotCommittedIsFinished)
+{
+    RunKilled(ActivateTwo, [](Workspace& workspace) { workspace.activation.ReleaseAll(); });
+    Workspace workspace(plugincore::GetLocations());
+    EXPECT_THAT(workspace.activation.GetActive(), ElementsAre("DejaVuSans", "DejaVuSerif"));
+    const plugincore::Activation::Repairs repairs = workspace.Start();
+    EXPECT_THAT(repairs.droppedHolds,
+                ElementsAre("DejaVuSans for /killed.ai", "DejaVuSerif for /killed.ai"));
+    EXPECT_THAT(workspace.activation.GetActive(), IsEmpty());
+    EXPECT_THAT(ListActivationFolder(mHome), IsEmpty());
+}
+
+TEST_F(KilledProcessTest, WhatAnotherProcessHoldsComesBack)
+{
+    Workspace workspace(plugincore::GetLocations());
+    (void)workspace.Start();  // nothing is there to repair
+    workspace.activation.Activate("/a.ai", {"DejaVuSansMono"});
+    // The child takes the visible folder away and is killed before it can say so.
+    RunKilled(DoNothing, [this](Workspace& killed) {
+        std::filesystem::remove_all(mHome.GetUserFonts() / "corvanta");
+        killed.activation.Hold("/b.ai", {"DejaVuSansMono"});
+    });
+    const plugincore::Activation::Repairs repairs = workspace.activation.RepairIfNeeded();
+    EXPECT_THAT(repairs.folderChanges, ElementsAre("restored group 1, 1 file"));
+    EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSansMono"));
+    EXPECT_TRUE(workspace.activation.RepairIfNeeded().IsEmpty());
+}
+
+TEST_F(KilledProcessTest, ItsBlankDocumentsAreForgotten)
+{
+    Workspace workspace(plugincore::GetLocations());
+    (void)workspace.Start();  // nothing is there to repair
+    std::string id;
+    RunKilled([](Workspace& killed) { EXPECT_NE(killed.documents.AddBlank(), ""); }, ActivateTwo);
+    EXPECT_EQ(workspace.activation.RepairIfNeeded().gonePrograms.size(), 1U);
+    plugincore::Statement blanks(workspace.database, "SELECT COUNT(*) FROM document");
+    ASSERT_TRUE(blanks.Step());
+    EXPECT_EQ(blanks.GetNumber(0), 0);
+}
+
+TEST_F(KilledProcessTest, IdleTimeFindsThatAProcessIsGone)
+{
+    const Framework core;
+    ASSERT_TRUE(core.Start());
+    RunKilled(ActivateTwo, [](Workspace&) { raise(SIGKILL); });
+    ASSERT_FALSE(FontTestHome::ListOfOtherProcess().empty());
+    while (!FontTestHome::ListOfOtherProcess().empty()) ASSERT_EQ(core.pIdleEvent(), 0U);
+    EXPECT_THAT(ListActivationFolder(mHome), IsEmpty());
+    EXPECT_EQ(core.pTerminatePluginCoreInterface(), 0U);
+}
+
+TEST_F(KilledProcessTest, AChangeThatFailsLeavesFolderAndTablesAsTheyWere)
+{
+    Workspace workspace(plugincore::GetLocations());
+    (void)workspace.Start();  // nothing is there to repair
+    workspace.activation.Activate("/a.ai", {"DejaVuSans"});
+    bool fails = true;
+    const auto refuse = [](void* wanted) {
+        const bool isWanted = *static_cast<bool*>(wanted);
+        *static_cast<bool*>(wanted) = false;
+        return isWanted ? 1 : 0;
+    };
+    sqlite3_commit_hook(workspace.database.GetConnection(), refuse, &fails);
+    EXPECT_THROW(workspace.activation.Release("/a.ai"), plugincore::Failure);
+    EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSans"));
+    fails = true;
+    EXPECT_THROW(workspace.activation.Activate("/b.ai", {"DejaVuSerif"}), plugincore::Failure);
+    EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSans"));
+    workspace.activation.Release("/a.ai");
+    EXPECT_THAT(ListActivationFolder(mHome), IsEmpty());
+}
+
+TEST_F(KilledProcessTest, AProgramThatHasEndedIsNoLongerListed)
+{
+    Workspace workspace(plugincore::GetLocations());
+    (void)workspace.Start("first name");  // nothing is there to repair
+    EXPECT_EQ(workspace.programs.List().size(), 1U);
+    EXPECT_THAT(workspace.programs.Describe(workspace.programs.List()[0].identity),
+                testing::StartsWith("first name (process "));
+    workspace.Stop();
+    EXPECT_TRUE(workspace.programs.List().empty());
+}
+
+TEST_F(KilledProcessTest, ANameThatIsToBeAloneIsGivenOnceAndAgainAfterAKill)
+{
+    Workspace workspace(plugincore::GetLocations());
+    RunKilled([](Workspace& killed) { EXPECT_FALSE(killed.programs.EnterAlone("alone")); },
+              ActivateTwo);
+    EXPECT_FALSE(workspace.programs.EnterAlone("alone"));
+    const pid_t child = fork();
+    if (child == 0) {
+        Workspace second(plugincore::GetLocations());
+        _exit(second.programs.EnterAlone("alone") ? 0 : 1);
+    }
+    int status = -1;
+    EXPECT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+    workspace.programs.Leave();
+}
+
+}  // namespace

@@ -1,0 +1,392 @@
+#include "plugin-core/panel/PanelServer.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <deque>
+#include <thread>
+
+#include "FontTestHome.h"
+#include "PanelPeer.h"
+
+using plugincore::PanelProtocol;
+using plugincore::PanelServer;
+using plugincore::Workspace;
+
+namespace {
+
+constexpr const char* kRefusal = "{\"error\":\"refused\",\"ok\":false}\n";
+constexpr const char* kWelcome = "{\"ok\":true,\"protocol\":1}\n";
+constexpr const char* kTooLong = "{\"error\":\"the line is too long\",\"ok\":false}\n";
+constexpr const char* kUnknown = "{\"error\":\"there is no such operation\",\"ok\":false}\n";
+
+class PanelServerTest : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        FontTestHome::CopyFont("DejaVuSans", mHome.GetLibrary());
+        mWorkspace.Start();
+    }
+    void TearDown() override { mWorkspace.Stop(); }
+
+    void Tick(int times = 1)
+    {
+        for (int tick = 0; tick < times; ++tick) mServer.Serve();
+    }
+    // Ticks until the peer has heard as many bytes as `expected` has, or the end; the system may
+    // take its time to deliver them. Returns what it heard.
+    std::string Hear(PanelPeer& peer, const std::string& expected)
+    {
+        std::string heard;
+        for (int wait = 0; wait < 1000 && heard.size() < expected.size(); ++wait) {
+            Tick();
+            heard += peer.Receive(10);
+            if (peer.IsClosed()) break;
+        }
+        return heard;
+    }
+    std::string Exchange(PanelPeer& peer, const std::string& bytes, const std::string& expected)
+    {
+        EXPECT_EQ(peer.Send(bytes), static_cast<int64_t>(bytes.size()));
+        return Hear(peer, expected);
+    }
+    bool IsClosed(PanelPeer& peer)
+    {
+        for (int wait = 0; wait < 1000 && !peer.IsClosed(); ++wait) {
+            Tick();
+            (void)peer.Receive(10);
+        }
+        return peer.IsClosed();
+    }
+    size_t CountClients(size_t expected)
+    {
+        for (int wait = 0; wait < 1000 && mServer.GetClientCount() != expected; ++wait) {
+            Tick();
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        }
+        return mServer.GetClientCount();
+    }
+    std::string Present(PanelPeer& peer) { return Exchange(peer, MakeTokenLine(), kWelcome); }
+    void Subscribe(PanelPeer& peer)
+    {
+        const std::string answer = "{\"ok\":true}\n";
+        ASSERT_EQ(Exchange(peer, "{\"op\":\"subscribe\"}\n", answer), answer);
+    }
+    std::string MakeTokenLine() const { return "{\"token\":\"" + mToken + "\"}\n"; }
+
+    // Writes 64 KiB over and over, whatever the server says, until the connection breaks or 100 MiB
+    // are written. Returns what it said.
+    std::string WriteUntilDropped(PanelPeer& peer)
+    {
+        constexpr int64_t kMost = 100 << 20;
+        const std::string bytes(65536, '{');
+        std::string said;
+        int64_t sent = 0;
+        for (int64_t count = 0; sent < kMost && count >= 0; sent += count) {
+            count = peer.Send(bytes);
+            Tick();
+            said += peer.Receive();
+        }
+        EXPECT_LT(sent, kMost);
+        return said;
+    }
+
+    FontTestHome mHome;
+    Workspace mWorkspace{plugincore::GetLocations()};
+    PanelProtocol mProtocol{mWorkspace};
+    int64_t mNow = 1000;
+    std::string mToken = std::string(64, 'a');
+    PanelServer mServer{mProtocol, mToken, [this] { return mNow; }};
+};
+
+TEST_F(PanelServerTest, AClientWithTheTokenIsServed)
+{
+    PanelPeer peer(mServer.GetPort());
+    EXPECT_EQ(Present(peer), kWelcome);
+    const std::string answer = "{\"id\":[7],\"libraries\":[],\"ok\":true}\n";
+    EXPECT_EQ(Exchange(peer, "{\"op\":\"libraries\",\"id\":[7]}\n", answer), answer);
+    EXPECT_EQ(mServer.GetClientCount(), 1U);
+}
+
+TEST_F(PanelServerTest, TheTokenAndARequestMayComeTogetherAndInPieces)
+{
+    PanelPeer peer(mServer.GetPort());
+    for (const char byte : MakeTokenLine() + "{}\n") {
+        EXPECT_EQ(peer.Send(std::string(1, byte)), 1);
+        Tick();
+    }
+    const std::string answers = std::string(kWelcome) + kUnknown;
+    EXPECT_EQ(Hear(peer, answers), answers);
+}
+
+TEST_F(PanelServerTest, AnyOtherFirstLineIsRefusedAndTheClientClosed)
+{
+    const std::string half = mToken.substr(1);
+    for (const std::string& line :
+         {std::string("\n"), std::string("rubbish\n"), std::string("{\"op\":\"fonts\"}\n"),
+          "{\"token\":\"" + half + "\"}\n", "{\"token\":\"" + half + "b\"}\n",
+          "[\"" + mToken + "\"]\n", std::string("{\"token\":null}\n"), std::string(257, ' '),
+          std::string(300, ' ') + MakeTokenLine()}) {
+        PanelPeer peer(mServer.GetPort());
+        EXPECT_EQ(Exchange(peer, line, kRefusal), kRefusal) << line;
+        EXPECT_TRUE(IsClosed(peer)) << line;
+    }
+}
+
+TEST_F(PanelServerTest, WhatFollowsARefusedLineIsNotServed)
+{
+    PanelPeer peer(mServer.GetPort());
+    const std::string activate = "{\"op\":\"activate\",\"fonts\":[\"DejaVuSans\"]}\n";
+    EXPECT_EQ(Exchange(peer, "rubbish\n" + MakeTokenLine() + activate, kRefusal), kRefusal);
+    EXPECT_TRUE(IsClosed(peer));
+    EXPECT_TRUE(mWorkspace.activation.GetActive().empty());
+}
+
+TEST_F(PanelServerTest, NothingIsSaidBeforeTheFirstLineHasEnded)
+{
+    PanelPeer peer(mServer.GetPort());
+    EXPECT_EQ(peer.Send("{\"tok"), 5);
+    EXPECT_EQ(CountClients(1), 1U);
+    Tick(50);
+    EXPECT_EQ(peer.Receive(50), "");
+    EXPECT_FALSE(peer.IsClosed());
+}
+
+TEST_F(PanelServerTest, AClientThatPresentsNothingInTimeIsRefused)
+{
+    PanelPeer peer(mServer.GetPort());
+    ASSERT_EQ(CountClients(1), 1U);
+    mNow += 9999;
+    Tick(2);
+    EXPECT_EQ(peer.Receive(50), "");
+    mNow += 1;
+    EXPECT_EQ(Hear(peer, kRefusal), kRefusal);
+    EXPECT_EQ(mServer.GetClientCount(), 1U);
+    mNow += 2000;
+    Tick();
+    EXPECT_EQ(mServer.GetClientCount(), 0U);
+}
+
+TEST_F(PanelServerTest, AServedClientMayBeSilent)
+{
+    PanelPeer peer(mServer.GetPort());
+    ASSERT_EQ(Present(peer), kWelcome);
+    mNow += 1000000000;
+    EXPECT_EQ(Exchange(peer, "{}\n", kUnknown), kUnknown);
+}
+
+TEST_F(PanelServerTest, AClientThatHangsUpIsForgotten)
+{
+    {
+        PanelPeer served(mServer.GetPort());
+        ASSERT_EQ(Present(served), kWelcome);
+        const PanelPeer silent(mServer.GetPort());
+        EXPECT_EQ(CountClients(2), 2U);
+    }
+    EXPECT_EQ(CountClients(0), 0U);
+}
+
+TEST_F(PanelServerTest, ALineWithoutEndIsRefusedHoweverMuchComes)
+{
+    PanelPeer stranger(mServer.GetPort());
+    EXPECT_THAT(WriteUntilDropped(stranger), testing::AnyOf("", kRefusal));
+    PanelPeer panel(mServer.GetPort());
+    ASSERT_EQ(Present(panel), kWelcome);
+    EXPECT_THAT(WriteUntilDropped(panel), testing::AnyOf("", kTooLong));
+    EXPECT_EQ(CountClients(0), 0U);
+}
+
+TEST_F(PanelServerTest, ALineOfJustTheLimitIsServed)
+{
+    PanelPeer peer(mServer.GetPort());
+    ASSERT_EQ(Present(peer), kWelcome);
+    const std::string blanks((64 << 10) - 2, ' ');
+    EXPECT_EQ(Exchange(peer, "{" + blanks + "}\n", kUnknown), kUnknown);
+    EXPECT_EQ(Exchange(peer, "{" + blanks + " }\n", kTooLong), kTooLong);
+}
+
+TEST_F(PanelServerTest, OneTickServesEightRequests)
+{
+    plugincore::PanelListener listener;
+    PanelPeer peer(listener.GetPort());
+    std::optional<plugincore::PanelConnection> connection;
+    while (!connection) connection = listener.Accept();
+    plugincore::PanelClient client(*std::move(connection), 0);
+    std::string lines = MakeTokenLine();
+    for (int request = 0; request < 20; ++request) lines += "{}\n";
+    ASSERT_EQ(peer.Send(lines), static_cast<int64_t>(lines.size()));
+    int served = 0;
+    const auto serve = [&served](const std::string&) {
+        ++served;
+        return PanelProtocol::Answer{"{}", false};
+    };
+    while (served < 20) {
+        const int before = served;
+        ASSERT_TRUE(client.Step(mToken, serve, 0));
+        EXPECT_LE(served, before + 8);
+    }
+}
+
+TEST_F(PanelServerTest, WhoEndsItsInputAfterItsRequestsStillGetsTheAnswers)
+{
+    PanelPeer peer(mServer.GetPort());
+    std::string lines = MakeTokenLine();
+    std::string answers = kWelcome;
+    for (int request = 0; request < 20; ++request) {
+        lines += "{}\n";
+        answers += kUnknown;
+    }
+    ASSERT_EQ(peer.Send(lines), static_cast<int64_t>(lines.size()));
+    peer.EndOutput();
+    EXPECT_EQ(Hear(peer, answers), answers);
+    EXPECT_TRUE(IsClosed(peer));
+}
+
+TEST_F(PanelServerTest, AClientThatDoesNotReadIsNotServedOnAndLosesNothing)
+{
+    PanelPeer peer(mServer.GetPort());
+    ASSERT_EQ(Present(peer), kWelcome);
+    // Each answer brings the id back, so that answers fill all buffers.
+    const std::string request = "{\"id\":\"" + std::string(60000, 'x') + "\"}\n";
+    int64_t sent = 0;
+    for (int64_t count = 1, idle = 0; idle < 5; idle = count == 0 ? idle + 1 : 0) {
+        const size_t position = static_cast<size_t>(sent) % request.size();
+        count = peer.Send(request.substr(position));
+        sent += count;
+        Tick(3);
+    }
+    EXPECT_EQ(mServer.GetClientCount(), 1U);
+    EXPECT_GT(sent, 1 << 20);
+    const auto requests = sent / static_cast<int64_t>(request.size());
+    int64_t answers = 0;
+    for (int wait = 0; wait < 1000 && answers < requests; ++wait) {
+        const std::string got = peer.Receive(10);
+        answers += std::count(got.begin(), got.end(), '\n');
+        Tick();
+    }
+    EXPECT_EQ(answers, requests);
+}
+
+TEST_F(PanelServerTest, ASubscriberThatDoesNotReadIsDropped)
+{
+    PanelPeer peer(mServer.GetPort());
+    ASSERT_EQ(Present(peer), kWelcome);
+    Subscribe(peer);
+    mWorkspace.database.Execute("INSERT INTO active_group(id) VALUES(99)");
+    // Stands for the many fonts of a large library.
+    const std::string add =
+        "INSERT INTO active_file VALUES('/many', 'many', 99);"
+        "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 2000)"
+        " INSERT INTO active_face SELECT hex(zeroblob(120)) || i, '/many' FROM n";
+    int rounds = 0;
+    for (; rounds < 200 && mServer.GetClientCount() != 0; ++rounds) {
+        mWorkspace.database.Execute(rounds % 2 == 0 ? add : "DELETE FROM active_file");
+        Tick();
+    }
+    EXPECT_GT(rounds, 2);
+    EXPECT_EQ(mServer.GetClientCount(), 0U);
+}
+
+TEST_F(PanelServerTest, SubscribersAreToldOfFontsAndLibraries)
+{
+    PanelPeer subscriber(mServer.GetPort());
+    PanelPeer other(mServer.GetPort());
+    ASSERT_EQ(Present(subscriber), kWelcome);
+    ASSERT_EQ(Present(other), kWelcome);
+    Subscribe(subscriber);
+    mWorkspace.activation.Activate("/a.ai", {"DejaVuSans"});
+    mProtocol.NoteLibraries();
+    std::string events =
+        "{\"event\":\"libraries\"}\n"
+        "{\"activated\":[\"DejaVuSans\"],\"deactivated\":[],\"event\":\"fonts\"}\n";
+    EXPECT_EQ(Hear(subscriber, events), events);
+    mWorkspace.activation.Release("/a.ai");
+    events = "{\"activated\":[],\"deactivated\":[\"DejaVuSans\"],\"event\":\"fonts\"}\n";
+    EXPECT_EQ(Hear(subscriber, events), events);
+    EXPECT_EQ(other.Receive(), "");
+}
+
+TEST_F(PanelServerTest, ASubscriberHearsOfAnotherProcess)
+{
+    PanelPeer subscriber(mServer.GetPort());
+    ASSERT_EQ(Present(subscriber), kWelcome);
+    Subscribe(subscriber);
+    Workspace other(plugincore::GetLocations());
+    other.Start();
+    other.activation.Activate("/a.ai", {"DejaVuSans"});
+    const std::string event =
+        "{\"activated\":[\"DejaVuSans\"],\"deactivated\":[],\"event\":\"fonts\"}\n";
+    EXPECT_EQ(Hear(subscriber, event), event);
+    other.Stop();
+}
+
+TEST_F(PanelServerTest, SilentClientsCannotKeepThePanelOut)
+{
+    std::deque<PanelPeer> silent;
+    for (int client = 0; client < 64; ++client) {
+        silent.emplace_back(mServer.GetPort());
+        Tick();
+    }
+    EXPECT_EQ(Hear(silent.front(), kRefusal), kRefusal);
+    EXPECT_EQ(CountClients(32), 32U);
+    PanelPeer panel(mServer.GetPort());
+    EXPECT_EQ(Present(panel), kWelcome);
+}
+
+TEST_F(PanelServerTest, OneTooManyIsRefusedWhenAllHaveTheToken)
+{
+    std::deque<PanelPeer> panels;
+    for (int client = 0; client < 32; ++client) {
+        panels.emplace_back(mServer.GetPort());
+        ASSERT_EQ(Present(panels.back()), kWelcome);
+    }
+    PanelPeer another(mServer.GetPort());
+    EXPECT_EQ(Hear(another, kRefusal), kRefusal);
+    EXPECT_EQ(mServer.GetClientCount(), 32U);
+    EXPECT_EQ(Exchange(panels.front(), "{}\n", kUnknown), kUnknown);
+}
+
+TEST_F(PanelServerTest, OneTickTakesInSixteenClients)
+{
+    std::deque<PanelPeer> peers;
+    for (int client = 0; client < 20; ++client) peers.emplace_back(mServer.GetPort());
+    while (mServer.GetClientCount() < 20) {
+        const size_t before = mServer.GetClientCount();
+        Tick();
+        EXPECT_LE(mServer.GetClientCount(), before + 16);
+    }
+}
+
+TEST_F(PanelServerTest, AThousandHostileClientsChangeNothing)
+{
+    PanelPeer panel(mServer.GetPort());
+    ASSERT_EQ(Present(panel), kWelcome);
+    const std::string list = "{\"op\":\"fonts\"}\n";
+    const std::string fonts =
+        "{\"fonts\":[{\"PostScriptName\":\"DejaVuSans\",\"state\":\"inactive\"}],\"ok\":true,"
+        "\"total\":1}\n";
+    const std::string activate = "{\"op\":\"activate\",\"fonts\":[\"DejaVuSans\"]}\n";
+    std::deque<PanelPeer> peers;
+    for (int client = 0; client < 1000; ++client) {
+        if (peers.size() == 40) peers.pop_front();
+        PanelPeer& peer = peers.emplace_back(mServer.GetPort());
+        const int kind = client % 5;
+        if (kind == 0) peer.Send("\x01\xff rubbish\n\n\n");
+        if (kind == 1) peer.Send("{\"token\":\"");
+        const std::string said = kind == 2 ? WriteUntilDropped(peer) : std::string();
+        EXPECT_THAT(said, testing::AnyOf("", kRefusal));
+        if (kind == 3) peer.Send(activate);
+        Tick();
+        EXPECT_THAT(peer.Receive(), testing::AnyOf("", kRefusal));
+        ASSERT_LE(mServer.GetClientCount(), 32U);
+    }
+    for (PanelPeer& peer : peers) EXPECT_THAT(peer.Receive(), testing::AnyOf("", kRefusal));
+    EXPECT_EQ(Exchange(panel, list, fonts), fonts);
+    EXPECT_TRUE(mWorkspace.activation.GetActive().empty());
+    peers.clear();
+    EXPECT_EQ(CountClients(1), 1U);
+}
+
+}  // namespace

@@ -1,0 +1,48 @@
+#include "vexcor/commands/DatabaseRescue.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "FontTestHome.h"
+#include "plugin-core/storage/Database.h"
+
+namespace fs = std::filesystem;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+namespace {
+
+class DatabaseRescueTest : public testing::Test {
+protected:
+    FontTestHome mHome;
+    fs::path mFile = mHome.GetPath() / "state/fonts.db";
+};
+
+TEST_F(DatabaseRescueTest, AWholeDatabaseAndAMissingOneHaveNoDamage)
+{
+    EXPECT_THAT(vexcor::FindDamage(mFile), IsEmpty());
+    EXPECT_FALSE(fs::exists(mFile));
+    const plugincore::Database database(mFile);
+    EXPECT_THAT(vexcor::FindDamage(mFile), IsEmpty());
+}
+
+TEST_F(DatabaseRescueTest, AFileOfAnotherKindIsDamaged)
+{
+    FontTestHome::WriteFile(mFile, std::string(5000, 'x'));
+    EXPECT_THAT(vexcor::FindDamage(mFile), HasSubstr(mFile.string()));
+}
+
+TEST_F(DatabaseRescueTest, WhatIsPutAsideKeepsItsBytesAndTakesItsLogWithIt)
+{
+    FontTestHome::WriteFile(mFile, "first");
+    FontTestHome::WriteFile(mFile.string() + "-wal", "log");
+    const fs::path aside = vexcor::PutAside(mFile);
+    EXPECT_EQ(aside, mFile.string() + ".damaged-1");
+    EXPECT_TRUE(fs::exists(aside));
+    EXPECT_TRUE(fs::exists(aside.string() + "-wal"));
+    EXPECT_FALSE(fs::exists(mFile) || fs::exists(mFile.string() + "-wal"));
+    FontTestHome::WriteFile(mFile, "second");
+    EXPECT_EQ(vexcor::PutAside(mFile), mFile.string() + ".damaged-2");
+}
+
+}  // namespace

@@ -1,0 +1,135 @@
+#include <signal.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <functional>
+#include <thread>
+
+#include "VexcorScene.h"
+#include "vexcor/commands/ExitStatus.h"
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+namespace {
+
+// The time limit of the test ends what never comes.
+void WaitUntil(const std::function<bool()>& isSo)
+{
+    while (!isSo()) std::this_thread::sleep_for(std::chrono::milliseconds(5));
+}
+
+class RunTest : public VexcorScene {
+protected:
+    std::vector<std::string> ListIndex()
+    {
+        OpenWorkspace().ApplyLibraryChoice();
+        return OpenWorkspace().library.ListNames("", 0, 100);
+    }
+    void ExpectInIndex(const std::vector<std::string>& names)
+    {
+        WaitUntil([&] { return ListIndex() == names; });
+    }
+    static int End(ChildProcess& keeper, int signal)
+    {
+        keeper.Send(signal);
+        return keeper.Wait();
+    }
+};
+
+TEST_F(RunTest, EndsCleanlyWhenAsked)
+{
+    for (const int signal : {SIGTERM, SIGINT}) {
+        const auto keeper = StartKeeper();
+        EXPECT_EQ(End(*keeper, signal), vexcor::kDone);
+        EXPECT_TRUE(OpenWorkspace().programs.ListGone().empty());
+    }
+}
+
+TEST_F(RunTest, TheIndexFollowsTheLibrary)
+{
+    const auto keeper = StartKeeper();
+    const fs::path file = FontTestHome::CopyFont("DejaVuSans", home.GetLibrary());
+    ExpectInIndex({"DejaVuSans"});
+    FontTestHome::CopyFont("DejaVuSerif", home.GetLibrary() / "new/deep");
+    ExpectInIndex({"DejaVuSans", "DejaVuSerif"});
+    fs::remove(file);
+    fs::rename(home.GetLibrary() / "new", home.GetLibrary() / "other");
+    ExpectInIndex({"DejaVuSerif"});
+    EXPECT_EQ(OpenWorkspace().library.Find("DejaVuSerif"),
+              home.GetLibrary() / "other/deep/DejaVuSerif.ttf");
+    EXPECT_EQ(End(*keeper, SIGTERM), vexcor::kDone);
+}
+
+TEST_F(RunTest, FoldersThatAreAddedAreKeptToo)
+{
+    const auto keeper = StartKeeper();
+    const fs::path folder = home.GetPath() / "mine";
+    fs::create_directory(folder);
+    EXPECT_EQ(Run({"add", folder}), vexcor::kDone);
+    FontTestHome::CopyFont("DejaVuSans", folder);
+    ExpectInIndex({"DejaVuSans"});
+    EXPECT_EQ(End(*keeper, SIGTERM), vexcor::kDone);
+}
+
+TEST_F(RunTest, ALibraryThatComesLaterIsKept)
+{
+    fs::remove(home.GetLibrary());
+    const auto keeper = StartKeeper();
+    FontTestHome::CopyFont("DejaVuSans", home.GetLibrary());
+    ExpectInIndex({"DejaVuSans"});
+    EXPECT_EQ(End(*keeper, SIGTERM), vexcor::kDone);
+}
+
+TEST_F(RunTest, ASecondOneIsToldOfTheFirst)
+{
+    const auto keeper = StartKeeper();
+    EXPECT_EQ(Run({"run"}), vexcor::kNotSo);
+    EXPECT_EQ(output, "Vexcor: runs already: Vexcor run (process " +
+                          std::to_string(keeper->GetNumber()) + ")\n");
+    EXPECT_EQ(End(*keeper, SIGKILL), -SIGKILL);
+    const auto next = StartKeeper();
+    EXPECT_EQ(End(*next, SIGTERM), vexcor::kDone);
+}
+
+TEST_F(RunTest, NoticesThatAHolderWasKilled)
+{
+    FontTestHome::CopyFont("DejaVuSans", home.GetLibrary());
+    const std::string log = home.GetPath() / "log";
+    const auto keeper = StartKeeper({"--log", log});
+    const pid_t child = fork();
+    if (child == 0) {
+        (void)prctl(PR_SET_PDEATHSIG, SIGKILL);  // ends with the test at the latest
+        plugincore::Workspace workspace(plugincore::GetLocations());
+        (void)workspace.Start("a host");  // what it repairs isn't asked for
+        workspace.activation.Activate("/a.ai", {"DejaVuSans"});
+        pause();
+        _exit(0);
+    }
+    WaitUntil([] { return !FontTestHome::ListOfOtherProcess().empty(); });
+    // It stays active for as long as the holder runs: a look or two change nothing.
+    WaitUntil([&] { return Run({"why", "DejaVuSans"}) == vexcor::kDone; });
+    kill(child, SIGKILL);
+    EXPECT_EQ(waitpid(child, nullptr, 0), child);
+    WaitUntil([] { return FontTestHome::ListOfOtherProcess().empty(); });
+    WaitUntil([&] { return ReadFile(log).find("nobody holds it") != std::string::npos; });
+    EXPECT_THAT(ReadFile(log), HasSubstr("a program is gone: a host (process "));
+    EXPECT_EQ(End(*keeper, SIGTERM), vexcor::kDone);
+}
+
+TEST_F(RunTest, ADatabaseInUseIsWaitedFor)
+{
+    const auto keeper = StartKeeper();
+    {
+        const plugincore::Transaction busy(OpenWorkspace().database);
+        FontTestHome::CopyFont("DejaVuSans", home.GetLibrary());
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    }
+    ExpectInIndex({"DejaVuSans"});
+    EXPECT_EQ(End(*keeper, SIGTERM), vexcor::kDone);
+}
+
+}  // namespace

@@ -1,0 +1,88 @@
+#include "vexcor/system/TreeWatch.h"
+
+#include <gtest/gtest.h>
+
+#include "FontTestHome.h"
+
+namespace fs = std::filesystem;
+using vexcor::TreeWatch;
+
+namespace {
+
+class TreeWatchTest : public testing::Test {
+protected:
+    // The kernel has an event ready when the call that makes it returns.
+    bool HasChanged() { return mWatch.TakeChanges(); }
+    void Watch() { mWatch.Watch({mFolder.string()}); }
+
+    FontTestHome mHome;
+    fs::path mFolder = mHome.GetLibrary();
+    TreeWatch mWatch;
+};
+
+TEST_F(TreeWatchTest, NothingHappensInAFolderThatIsLeftAlone)
+{
+    Watch();
+    EXPECT_FALSE(HasChanged());
+    EXPECT_EQ(mWatch.GetProblem(), "");
+}
+
+TEST_F(TreeWatchTest, SeesFilesThatComeChangeMoveAndGo)
+{
+    Watch();
+    FontTestHome::WriteFile(mFolder / "a", "1");
+    EXPECT_TRUE(HasChanged());
+    EXPECT_FALSE(HasChanged());
+    FontTestHome::WriteFile(mFolder / "a", "2");
+    EXPECT_TRUE(HasChanged());
+    fs::rename(mFolder / "a", mFolder / "b");
+    EXPECT_TRUE(HasChanged());
+    fs::remove(mFolder / "b");
+    EXPECT_TRUE(HasChanged());
+}
+
+TEST_F(TreeWatchTest, SeesWhatIsFarBelowAndWhatComesLater)
+{
+    fs::create_directories(mFolder / "a/b");
+    Watch();
+    FontTestHome::WriteFile(mFolder / "a/b/file", "1");
+    EXPECT_TRUE(HasChanged());
+    fs::create_directories(mFolder / "c/d");
+    EXPECT_TRUE(HasChanged());
+    Watch();
+    FontTestHome::WriteFile(mFolder / "c/d/file", "1");
+    EXPECT_TRUE(HasChanged());
+}
+
+TEST_F(TreeWatchTest, AFolderThatIsNotWatchedAnyMoreTellsNothing)
+{
+    Watch();
+    mWatch.Watch({(mHome.GetPath() / "other").string()});
+    (void)HasChanged();  // the end of a watch is an event, too
+    FontTestHome::WriteFile(mFolder / "a", "1");
+    EXPECT_FALSE(HasChanged());
+}
+
+TEST_F(TreeWatchTest, TellsThatAMissingFolderHasCome)
+{
+    const fs::path later = mHome.GetPath() / "later";
+    mWatch.Watch({later.string()});
+    EXPECT_FALSE(mWatch.HasMissingFolderCome());
+    fs::create_directory(later);
+    EXPECT_TRUE(mWatch.HasMissingFolderCome());
+}
+
+TEST_F(TreeWatchTest, AFolderThatGoesAndComesAgainIsWatchedAgain)
+{
+    Watch();
+    fs::remove_all(mFolder);
+    EXPECT_TRUE(HasChanged());
+    Watch();
+    fs::create_directory(mFolder);
+    EXPECT_TRUE(mWatch.HasMissingFolderCome());
+    Watch();
+    FontTestHome::WriteFile(mFolder / "a", "1");
+    EXPECT_TRUE(HasChanged());
+}
+
+}  // namespace

@@ -1,0 +1,137 @@
+#include "checks/HandleRegister.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "ArtTypes.h"
+#include "model/HostObjects.h"
+
+using headless::DocumentObject;
+using headless::HandleType;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class HandleRegisterTest : public testing::Test {
+protected:
+    void* IssueString(const void* owner = nullptr)
+    {
+        return handles.Issue(std::make_shared<headless::StringObject>(), owner);
+    }
+
+    headless::HostErrors errors;
+    headless::HandleRegister handles{errors};
+};
+
+TEST_F(HandleRegisterTest, GivesTheObjectBack)
+{
+    auto document = std::make_shared<DocumentObject>();
+    void* const handle = handles.Issue(document);
+    EXPECT_EQ(handles.Find<DocumentObject>(handle, "GetIt"), document.get());
+    EXPECT_THAT(errors.Lines(), IsEmpty());
+}
+
+TEST_F(HandleRegisterTest, TellsFourMistakesApart)
+{
+    void* const string = IssueString();
+    EXPECT_EQ(handles.Find<DocumentObject>(nullptr, "Op"), nullptr);
+    EXPECT_EQ(handles.Find<DocumentObject>(&errors, "Op"), nullptr);
+    EXPECT_EQ(handles.Find<DocumentObject>(string, "Op"), nullptr);
+    EXPECT_TRUE(handles.Release(string, HandleType::kString, "Destroy"));
+    EXPECT_EQ(handles.Find<headless::StringObject>(string, "Op"), nullptr);
+    EXPECT_THAT(
+        errors.Lines(),
+        ElementsAre("Op: the document is null", "Op: the document was never handed out by the host",
+                    "Op: string#1 is of the wrong type, wanted is: document",
+                    "Op: string#1 has expired"));
+}
+
+TEST_F(HandleRegisterTest, AnAddressBetweenHandlesIsUnknown)
+{
+    char* const handle = static_cast<char*>(IssueString());
+    EXPECT_EQ(handles.Describe(handle + 1), "unknown");
+    EXPECT_EQ(handles.Describe(handle + 16), "unknown") << "not handed out yet";
+}
+
+TEST_F(HandleRegisterTest, NeverUsesAnAddressTwice)
+{
+    std::set<void*> seen;
+    for (int i = 0; i < 20000; ++i) {
+        void* const handle = IssueString();
+        ASSERT_TRUE(seen.insert(handle).second);
+        ASSERT_TRUE(handles.Release(handle, HandleType::kString, "Destroy"));
+    }
+    for (int i = 0; i < 50; ++i) {
+        void* const block = handles.IssueBlock(HandleType::kBlock, 100);
+        ASSERT_TRUE(seen.insert(block).second);
+        ASSERT_TRUE(handles.Release(block, HandleType::kBlock, "FreeBlock"));
+    }
+}
+
+TEST_F(HandleRegisterTest, LivesAsLongAsItHasReferences)
+{
+    void* const handle = IssueString();
+    EXPECT_TRUE(handles.Retain(handle, HandleType::kString, "AddRef"));
+    EXPECT_TRUE(handles.Release(handle, HandleType::kString, "Release"));
+    EXPECT_TRUE(handles.Release(handle, HandleType::kString, "Release"));
+    EXPECT_FALSE(handles.Release(handle, HandleType::kString, "Release"));
+    EXPECT_THAT(errors.Lines(), ElementsAre("Release: string#1 has expired"));
+}
+
+TEST_F(HandleRegisterTest, WhatBelongsToAHandleExpiresWithIt)
+{
+    auto document = std::make_shared<DocumentObject>();
+    void* const owner = handles.Issue(document);
+    void* const art = handles.Issue(
+        std::make_shared<headless::ArtItem>(headless::ArtItem{document.get(), kTextFrameArt, 0}),
+        owner);
+    handles.Expire(owner);
+    EXPECT_EQ(handles.Find<headless::ArtItem>(art, "Op"), nullptr);
+    EXPECT_THAT(errors.Lines(), ElementsAre("Op: art#2 has expired"));
+    EXPECT_THAT(handles.ListLeaks(), IsEmpty()) << "art isn't the guest's to give back";
+}
+
+TEST_F(HandleRegisterTest, ListsWhatTheGuestStillOwes)
+{
+    (void)IssueString();
+    void* const given = IssueString();
+    void* const hostsOwn = IssueString();
+    (void)handles.IssueBlock(HandleType::kBlock, 10);
+    EXPECT_TRUE(handles.Release(given, HandleType::kString, "Destroy"));
+    handles.KeepForHost(hostsOwn);
+    EXPECT_THAT(handles.ListLeaks(),
+                ElementsAre("string#1 was not given back", "block#4 was not given back"));
+}
+
+TEST_F(HandleRegisterTest, WhatExpiredInTheGuestsHandsCountsAsKept)
+{
+    void* const owner = handles.Issue(std::make_shared<DocumentObject>());
+    (void)IssueString(owner);
+    handles.Expire(owner);
+    EXPECT_THAT(handles.ListLeaks(), ElementsAre("string#2 was not given back"));
+}
+
+TEST_F(HandleRegisterTest, OneArtSetPerScanMayStay)
+{
+    const auto issue = [this] { (void)handles.Issue(std::make_shared<headless::ArtSetObject>()); };
+    handles.BeginMessage(true);
+    issue();
+    handles.BeginMessage(true);
+    issue();
+    EXPECT_THAT(handles.ListLeaks(), IsEmpty());
+    issue();
+    handles.BeginMessage(false);
+    issue();
+    EXPECT_THAT(handles.ListLeaks(),
+                ElementsAre("art set#3 was not given back", "art set#4 was not given back"));
+}
+
+TEST_F(HandleRegisterTest, BlocksAreZeroedAndWritable)
+{
+    auto* const block = static_cast<char*>(handles.IssueBlock(HandleType::kBlock, 5000));
+    EXPECT_EQ(block[4999], 0);
+    block[0] = block[4999] = 'x';
+    EXPECT_TRUE(handles.Release(block, HandleType::kBlock, "FreeBlock"));
+    EXPECT_DEATH({ *static_cast<volatile char*>(block) = 'y'; }, "");
+}

@@ -1,0 +1,52 @@
+#include "checks/SuiteLedger.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class SuiteLedgerTest : public testing::Test {
+protected:
+    headless::HostErrors errors;
+    headless::SuiteLedger ledger{errors};
+    const headless::SuiteRow& row = *headless::FindSuiteRow("AI Font Suite");
+};
+
+TEST_F(SuiteLedgerTest, CountsReferences)
+{
+    ledger.Acquire(row);
+    ledger.Acquire(row);
+    EXPECT_TRUE(ledger.Release(row));
+    EXPECT_TRUE(ledger.IsHeld(row));
+    EXPECT_THAT(ledger.ListLeaks(),
+                ElementsAre("suite \"AI Font Suite\" version 1006 was not released, "
+                            "references left: 1"));
+    EXPECT_TRUE(ledger.Release(row));
+    EXPECT_FALSE(ledger.IsHeld(row));
+    EXPECT_THAT(ledger.ListLeaks(), IsEmpty());
+}
+
+TEST_F(SuiteLedgerTest, RefusesAReleaseTooMany)
+{
+    EXPECT_FALSE(ledger.Release(row));
+    EXPECT_EQ(errors.Count(), 1u);
+}
+
+TEST_F(SuiteLedgerTest, LetsStayWhatIsAcquiredAfterTheShutdown)
+{
+    ledger.Acquire(row);
+    ledger.LetStay(false);
+    ledger.Acquire(row);
+    EXPECT_EQ(ledger.ListLeaks().size(), 1u) << "the one from before";
+    (void)ledger.Release(row);
+    ledger.Acquire(row);
+    EXPECT_EQ(ledger.ListLeaks().size(), 1u);
+}
+
+TEST_F(SuiteLedgerTest, LetsAGuestThatRefusedToStartKeepAll)
+{
+    ledger.Acquire(row);
+    ledger.LetStay(true);
+    EXPECT_THAT(ledger.ListLeaks(), IsEmpty());
+}

@@ -1,0 +1,157 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "application/ExitStatus.h"
+
+using testing::HasSubstr;
+
+// The closed notifier as it is sent, and not as it is subscribed to.
+constexpr const char* kClosedSent =
+    R"("selector":"AI Notify","type":"AI Document Closed Notifier")";
+
+// Runs the program itself, with a home folder of its own.
+class Program : public testing::Test {
+protected:
+    Program()
+    {
+        std::string pattern = testing::TempDir() + "headless-program-XXXXXX";
+        folder = mkdtemp(pattern.data());
+        std::filesystem::create_directory(folder + "/core");
+    }
+    ~Program() override { std::filesystem::remove_all(folder); }
+
+    int Run(const std::string& arguments, const std::string& guest = "well-behaved",
+            const std::string& before = "")
+    {
+        const std::string command = "cd '" + folder + "' && " + before +
+                                    " '" HEADLESS_HOST_PROGRAM "' " + arguments + " --home '" +
+                                    folder + "/home' --plugin '" GUEST_FOLDER "/" + guest +
+                                    ".aip' >out 2>err </dev/null";
+        const int status = std::system(command.c_str());
+        output = ReadFile("out");
+        errors = ReadFile("err");
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    }
+
+    std::string ReadFile(const std::string& name) const
+    {
+        std::ifstream stream(folder + "/" + name);
+        std::stringstream text;
+        text << stream.rdbuf();
+        return text.str();
+    }
+
+    // An EPS file that uses one font.
+    void WriteEps(const std::string& name, const std::string& font) const
+    {
+        std::ofstream(folder + "/" + name)
+            << "%!PS-Adobe-3.0 EPSF-3.0\n%%BoundingBox: 0 0 10 10\n%%DocumentFonts: " << font
+            << "\n%%DocumentNeededResources: font " << font << "\n%%EndComments\n%%EOF\n";
+    }
+
+    std::string folder;
+    std::string output;
+    std::string errors;
+};
+
+TEST_F(Program, ReportsAMissingFont)
+{
+    WriteEps("a.eps", "Surely-NotInstalled-Font");
+    EXPECT_EQ(Run("open a.eps --json"), headless::kFontMissing) << errors;
+    const auto line = nlohmann::json::parse(output);
+    EXPECT_EQ(line["path"], "a.eps");
+    EXPECT_EQ(line["status"], "opened");
+    EXPECT_EQ(line["kind"], "eps");
+    EXPECT_EQ(line["documentFonts"][0]["PostScriptName"], "Surely-NotInstalled-Font");
+    EXPECT_EQ(line["documentFonts"][0]["state"], "missing");
+    EXPECT_EQ(line["missingFontsDialog"], "dismissed");
+}
+
+TEST_F(Program, BadFilesFailAndTheOthersGoOn)
+{
+    WriteEps("good.eps", "Surely-NotInstalled-Font");
+    std::ofstream(folder + "/text.ai") << "no document at all";
+    std::ofstream(folder + "/empty.pdf") << "";
+    EXPECT_EQ(Run("open nowhere.ai . text.ai empty.pdf good.eps --json"), headless::kFileNotOpened);
+    std::istringstream lines(output);
+    std::vector<std::string> states;
+    for (std::string line; std::getline(lines, line);) {
+        const auto report = nlohmann::json::parse(line);
+        states.push_back(report["status"]);
+        EXPECT_EQ(report["error"] == "", report["status"] == "opened") << line;
+    }
+    EXPECT_THAT(states, testing::ElementsAre("failed", "failed", "failed", "failed", "opened"));
+    EXPECT_THAT(errors, HasSubstr("headless-host: nowhere.ai: "));
+}
+
+TEST_F(Program, AFileOfZerosIsNoDocument)
+{
+    std::ofstream(folder + "/zeros.ai") << "";
+    std::filesystem::resize_file(folder + "/zeros.ai", 300u << 20);
+    EXPECT_EQ(Run("open zeros.ai --json"), headless::kFileNotOpened);
+    EXPECT_EQ(nlohmann::json::parse(output)["status"], "failed");
+}
+
+TEST_F(Program, WrongUse)
+{
+    EXPECT_EQ(Run("open --no-such-option a"), headless::kWrongUse);
+    EXPECT_THAT(errors, HasSubstr("--no-such-option"));
+    EXPECT_EQ(output, "");
+}
+
+TEST_F(Program, APluginThatDoesNotLoad)
+{
+    EXPECT_EQ(Run("open a.eps", "no-entry"), headless::kPluginNotLoaded);
+    EXPECT_THAT(errors, HasSubstr("has no PluginMain"));
+    EXPECT_EQ(output, "");
+}
+
+TEST_F(Program, APluginThatRefusesToStartOpensNothing)
+{
+    WriteEps("a.eps", "F");
+    EXPECT_EQ(Run("open a.eps", "refuses-to-start"), headless::kPluginNotLoaded);
+    EXPECT_THAT(errors, HasSubstr("alert: Missing PluginCore (./somewhere)"));
+    EXPECT_EQ(output, "");
+}
+
+TEST_F(Program, APluginThatBreaksARule)
+{
+    WriteEps("a.eps", "F");
+    EXPECT_EQ(Run("open a.eps", "leaks-suite"), headless::kPluginBrokeRule);
+    EXPECT_THAT(errors, HasSubstr("headless-host: plug-in error: Unload: suite"));
+}
+
+TEST_F(Program, RunsACommandWhileTheDocumentIsOpen)
+{
+    WriteEps("a.eps", "F");
+    EXPECT_EQ(Run("open a.eps --json --journal j --exec 'echo seen $DOCUMENT; grep -c "
+                  "AI.Notify.*Closed " +
+                  folder + "/j'"),
+              headless::kFontMissing);
+    EXPECT_THAT(errors, HasSubstr("seen " + folder + "/a.eps\n0\n"));
+    EXPECT_THAT(ReadFile("j"), HasSubstr(kClosedSent));
+}
+
+TEST_F(Program, AnInterruptShutsDownInOrder)
+{
+    WriteEps("a.eps", "F");
+    // The command's parent is the program.
+    EXPECT_EQ(Run("open a.eps --journal j --hold 600 --exec 'kill -TERM $PPID; sleep 600'"),
+              headless::kInterrupted);
+    const std::string journal = ReadFile("j");
+    EXPECT_THAT(journal, HasSubstr(kClosedSent));
+    EXPECT_THAT(journal, HasSubstr("\"unloaded\""));
+}
+
+TEST_F(Program, AJournalThatCanNotBeWritten)
+{
+    EXPECT_EQ(Run("open a.eps --journal core"), headless::kWrongUse);
+    EXPECT_THAT(errors, HasSubstr("/core: "));
+}

@@ -1,0 +1,89 @@
+#include "system/WorkerPool.h"
+
+#include <gmock/gmock.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <map>
+#include <new>
+#include <string>
+
+using namespace headless;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+namespace {
+
+using Answers = std::map<size_t, WorkerAnswer>;
+
+WorkerLimits MakeLimits(size_t workers, double seconds = 60)
+{
+    WorkerLimits limits;
+    limits.workers = workers;
+    limits.seconds = seconds;
+    return limits;
+}
+
+Answers RunAll(size_t count, const WorkerLimits& limits,
+               const std::function<std::string(size_t)>& work)
+{
+    Answers answers;
+    EXPECT_TRUE(RunInWorkers(
+        count, limits, work,
+        [&](size_t request, WorkerAnswer answer) { answers[request] = std::move(answer); },
+        [] { return false; }));
+    return answers;
+}
+
+}  // namespace
+
+TEST(WorkerPool, AnswersEachRequest)
+{
+    const Answers answers =
+        RunAll(100, MakeLimits(3), [](size_t request) { return std::to_string(request * 2); });
+    ASSERT_EQ(100u, answers.size());
+    for (const auto& [request, answer] : answers) {
+        EXPECT_EQ(std::to_string(request * 2), answer.text);
+    }
+}
+
+TEST(WorkerPool, WithoutRequestsNothingHappens)
+{
+    EXPECT_TRUE(RunAll(0, MakeLimits(3), [](size_t) { return std::string(); }).empty());
+}
+
+TEST(WorkerPool, LongAnswersComeWhole)
+{
+    const Answers answers = RunAll(
+        3, MakeLimits(2), [](size_t request) { return std::string(5000000 + request, 'x'); });
+    EXPECT_EQ(5000002u, answers.at(2).text.size());
+}
+
+TEST(WorkerPool, WhoDiesIsToldAndTheOthersGoOn)
+{
+    const Answers answers = RunAll(6, MakeLimits(2), [](size_t request) {
+        if (request == 2) (void)raise(SIGKILL);
+        return std::to_string(request);
+    });
+    EXPECT_EQ(WorkerAnswer::Outcome::kDied, answers.at(2).outcome);
+    EXPECT_THAT(answers.at(2).text, StartsWith("ended by "));
+    EXPECT_EQ("5", answers.at(5).text);
+    EXPECT_EQ(6u, answers.size());
+}
+
+TEST(WorkerPool, WhoIsLateIsEndedAndTheOthersGoOn)
+{
+    const Answers answers = RunAll(4, MakeLimits(2, 0.3), [](size_t request) {
+        while (request == 1) (void)pause();
+        return std::to_string(request);
+    });
+    EXPECT_EQ(WorkerAnswer::Outcome::kTooLong, answers.at(1).outcome);
+    EXPECT_EQ("3", answers.at(3).text);
+}
+
+TEST(WorkerPool, AnInterruptEndsIt)
+{
+    EXPECT_FALSE(RunInWorkers(
+        1, MakeLimits(1), [](size_t) { return std::string(); },
+        [](size_t, const WorkerAnswer&) { FAIL(); }, [] { return true; }));
+}
