@@ -1,8 +1,9 @@
+#include "GLockable.h"
+
 #include <gmock/gmock.h>
 
 #include <vector>
 
-#include "GLockable.h"
 #include "ScriptedSystemCalls.h"
 
 using testing::ElementsAre;

@@ -1,8 +1,8 @@
+#include "CoreErrorCodes.h"
+
 #include <gtest/gtest.h>
 
 #include <set>
-
-#include "CoreErrorCodes.h"
 
 namespace {
 

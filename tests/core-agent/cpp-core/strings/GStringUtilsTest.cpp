@@ -1,9 +1,9 @@
+#include "GStringUtils.h"
+
 #include <gmock/gmock.h>
 
 #include <cstdarg>
 #include <string>
-
-#include "GStringUtils.h"
 
 using testing::ElementsAre;
 

@@ -1,3 +1,5 @@
+#include "DebugUtils.h"
+
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
@@ -6,8 +8,6 @@
 #include <cstdio>
 #include <cstring>
 #include <string>
-
-#include "DebugUtils.h"
 
 // The formatter that the trace uses, observed on its way through.
 namespace {

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "FreshProcess.h"
-#include "LoggerTest.h"
+#include "LoggerFixture.h"
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -29,7 +29,7 @@ extern "C" int __wrap_vsnprintf(char* buffer, std::size_t size, const char* form
 namespace {
 
 // The buffer is kept from line to line, so each test has a process of its own.
-class BufferGrowth : public LoggerTest {
+class BufferGrowth : public LoggerFixture {
 protected:
     // The sizes of the buffer at each format of a text of so many characters.
     std::vector<std::size_t> SizesFor(std::size_t length)

@@ -1,6 +1,7 @@
+#include "GMutex.h"
+
 #include <type_traits>
 
-#include "GMutex.h"
 #include "HeldElsewhere.h"
 
 namespace {

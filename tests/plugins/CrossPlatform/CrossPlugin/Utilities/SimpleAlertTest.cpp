@@ -1,7 +1,8 @@
+#include "SimpleAlert.h"
+
 #include <gtest/gtest.h>
 
 #include "ScriptedHost.h"
-#include "SimpleAlert.h"
 
 namespace {
 

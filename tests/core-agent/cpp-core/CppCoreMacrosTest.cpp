@@ -1,9 +1,10 @@
+#include "CppCoreMacros.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
-#include "CppCoreMacros.h"
 #include "GLogger.h"
 #include "RecordingLog.h"
 
@@ -104,7 +105,7 @@ TEST_F(CoreChecks, AReportTellsThePlaceOfTheCheck)
 {
     (void)AlwaysFail();  // Only the report counts here.
     ASSERT_EQ(1u, reports.size());
-    EXPECT_NE(std::string::npos, reports[0].file.find("core_checks.cpp"));
+    EXPECT_NE(std::string::npos, reports[0].file.find("CppCoreMacrosTest.cpp"));
     EXPECT_GT(reports[0].line, 0);
     EXPECT_LT(reports[0].line, __LINE__);
 }

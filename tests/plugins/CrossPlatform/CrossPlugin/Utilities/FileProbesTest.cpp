@@ -1,10 +1,11 @@
+#include "FileProbes.h"
+
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include "CorvantaFileUtils.h"
-#include "FileProbes.h"
 #include "ScratchFolder.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #include <type_traits>
 
-#include "LoggerTest.h"
+#include "LoggerFixture.h"
 
 namespace {
 
@@ -8,7 +8,7 @@ static_assert(!std::is_copy_constructible_v<GLogger> && !std::is_copy_assignable
 static_assert(!std::is_convertible_v<GLogger*, GNoncopyable*>, "the base isn't public");
 static_assert(std::is_same_v<std::underlying_type_t<GLogger::LoggingLevel>, int>);
 
-class LoggerLevels : public LoggerTest {};
+class LoggerLevels : public LoggerFixture {};
 
 TEST_F(LoggerLevels, DefaultLetsErrorsAndWarningsPass)
 {

@@ -1,3 +1,5 @@
+#include "DllFrameworkUtils.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -5,7 +7,6 @@
 #include <cstring>
 #include <filesystem>
 
-#include "DllFrameworkUtils.h"
 #include "RecordingTrace.h"
 #include "ScratchFolder.h"
 

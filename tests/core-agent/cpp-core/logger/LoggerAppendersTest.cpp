@@ -1,14 +1,14 @@
 #include <memory>
 
 #include "CppCoreMacros.h"
-#include "LoggerTest.h"
+#include "LoggerFixture.h"
 
 using testing::ElementsAre;
 using testing::SizeIs;
 
 namespace {
 
-class LoggerAppenders : public LoggerTest {};
+class LoggerAppenders : public LoggerFixture {};
 
 TEST_F(LoggerAppenders, EachGetsTheSameLineInTheOrderOfTheKeys)
 {

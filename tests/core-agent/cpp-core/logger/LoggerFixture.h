@@ -44,9 +44,9 @@ private:
 };
 
 // A logger of the test's own with one appender.
-class LoggerTest : public testing::Test {
+class LoggerFixture : public testing::Test {
 protected:
-    LoggerTest() { logger.AddAppender("recording", new ScriptedAppender(record)); }
+    LoggerFixture() { logger.AddAppender("recording", new ScriptedAppender(record)); }
 
     // The lines without their time, which stands in brackets in front of the first tab.
     std::vector<std::string> LinesWithoutTime() const

@@ -1,8 +1,8 @@
+#include "GFileSystem.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
-
-#include "GFileSystem.h"
 
 namespace {
 

@@ -2,14 +2,14 @@
 #include <stdexcept>
 
 #include "GDateTime.h"
-#include "LoggerTest.h"
+#include "LoggerFixture.h"
 
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace {
 
-class LoggerOutput : public LoggerTest {
+class LoggerOutput : public LoggerFixture {
 protected:
     // What arrives of a text that is handed over as an argument.
     std::string MessageOf(const std::string& text)

@@ -1,3 +1,5 @@
+#include "GScopedLock.h"
+
 #include <gmock/gmock.h>
 
 #include <string>
@@ -6,7 +8,6 @@
 
 #include "GBlockingLockStrategy.h"
 #include "GMutex.h"
-#include "GScopedLock.h"
 #include "HeldElsewhere.h"
 
 using testing::ElementsAre;

@@ -1,3 +1,5 @@
+#include "GFileSystemSpec.h"
+
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -5,7 +7,6 @@
 
 #include "FreshProcess.h"
 #include "GFileSystem.h"
-#include "GFileSystemSpec.h"
 #include "ScratchFolder.h"
 
 namespace {

@@ -1,3 +1,5 @@
+#include "GFileLogAppender.h"
+
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -5,8 +7,7 @@
 #include <map>
 #include <sstream>
 
-#include "GFileLogAppender.h"
-#include "LoggerTest.h"
+#include "LoggerFixture.h"
 #include "ScratchFolder.h"
 
 namespace {

@@ -5,14 +5,14 @@
 #include <utility>
 
 #include "InThreads.h"
-#include "LoggerTest.h"
+#include "LoggerFixture.h"
 
 using testing::ElementsAre;
 using testing::SizeIs;
 
 namespace {
 
-class LoggerThreads : public LoggerTest {};
+class LoggerThreads : public LoggerFixture {};
 
 // Short and long lines in turn, so that the common buffer grows under everybody's feet.
 TEST_F(LoggerThreads, LinesOfManyNeverMix)
