@@ -9,8 +9,8 @@ class GSystem {
 public:
     // Returns 0 for POSIX paths, 1 or 2 for Windows. 0 on every platform that this system supports.
     static int OSGetSystem();
-    // Returns true if OSGetSystem() is 0, so also on Linux: "follow the macOS branch". It can't tell
-    // the two apart; what differs between them is in files with the suffixes _Mac and _Linux.
+    // Returns true if OSGetSystem() is 0, so also on Linux: "follow the macOS branch". It can't
+    // tell the two apart; what differs between them is in files with the suffixes _Mac and _Linux.
     static bool IsMacOSX();
     // Returns true if OSGetSystem() is 1 or 2: never.
     static bool IsWindows();
