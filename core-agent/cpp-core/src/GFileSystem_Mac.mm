@@ -34,7 +34,7 @@ public:
         Guarded([&] {
             representation = [[mText stringByExpandingTildeInPath] fileSystemRepresentation];
         });
-        // The platform may return null instead of throwing; the text itself is the description then.
+        // The platform may return null instead of throwing; the text is then the description.
         if (representation == nullptr) throw GPlatformException(GetText(mText));
         return representation;
     }
