@@ -25,19 +25,19 @@ const CodeRow kRows[] = {
     {21, CoreErrorCodes::kUnknownError},
 };
 
-TEST(CoreErrorCodes, AreTheirOrdinalInTheTopByte)
+TEST(CoreErrorCodes, HaveTheirOrdinalInTheTopByte)
 {
     for (const CodeRow& row : kRows) EXPECT_EQ(row.ordinal << 24, row.code) << row.ordinal;
 }
 
 TEST(CoreErrorCodes, HaveTheNumbersThatCrossTheBoundary)
 {
-    EXPECT_EQ(0u, CoreErrorCodes::kSuccess);
-    EXPECT_EQ(0x01000000u, CoreErrorCodes::kError);
-    EXPECT_EQ(0x07000000u, CoreErrorCodes::kNotFound);
-    EXPECT_EQ(0x09000000u, CoreErrorCodes::kItemAlreadyExists);
-    EXPECT_EQ(0x0C000000u, CoreErrorCodes::kIndexOutOfRange);
-    EXPECT_EQ(0x15000000u, CoreErrorCodes::kUnknownError);
+    EXPECT_EQ(0U, CoreErrorCodes::kSuccess);
+    EXPECT_EQ(0x01000000U, CoreErrorCodes::kError);
+    EXPECT_EQ(0x07000000U, CoreErrorCodes::kNotFound);
+    EXPECT_EQ(0x09000000U, CoreErrorCodes::kItemAlreadyExists);
+    EXPECT_EQ(0x0C000000U, CoreErrorCodes::kIndexOutOfRange);
+    EXPECT_EQ(0x15000000U, CoreErrorCodes::kUnknownError);
 }
 
 TEST(CoreErrorCodes, AreAllDifferent)

@@ -5,7 +5,7 @@ namespace {
 
 constexpr char kFile[] = "core-agent/cpp-core/src/GDateTime.";
 constexpr char kName[] = "GDateTime::kParsingError";
-constexpr unsigned int kCode = 0x01001014;
+constexpr unsigned int kCode = GDateTime::kParsingError;
 
 ExpectedReport Parsing(const char* expression)
 {
@@ -35,15 +35,15 @@ protected:
     RecordingLog log;
 };
 
-TEST_P(DateChecks, FailedParseReportsFromTheInnermostCheckOutwards)
+TEST_P(DateChecks, FailedParseIsReportedByEachCheckFromTheInnermost)
 {
     GDateTime date(SDateTime{});
-    EXPECT_EQ(date.SetFromISO8601String(GetParam().text), kCode);
+    EXPECT_EQ(kCode, date.SetFromISO8601String(GetParam().text));
     EXPECT_TRUE(date.IsEmpty());
     ExpectReports(log.Reports(), Expected());
 }
 
-TEST_P(DateChecks, ConstructorReportsOnceMore)
+TEST_P(DateChecks, ConstructorAddsAReportOfItsOwn)
 {
     const GDateTime date{std::string(GetParam().text)};
     EXPECT_TRUE(date.IsEmpty());
@@ -78,12 +78,12 @@ const FaultyDate kFaultyDates[] = {
     {"MonthZero",
      "2001-00-01T00:00",
      {kBounds, "AssignField(kMinMonth, kMaxMonth, originalValue, dateTime.month)"}},
-    {"EndsBehindTheDay", "2001-02-03", {"ssTime.peek() != 'T'"}},
-    {"EndsBehindTheT", "2001-02-03T", {"ssTime.peek() != ':'"}},
-    {"BehindTheYear", "2001/02-03T04:05", {"ssTime.peek() != '-'"}},
-    {"BehindTheMonth", "2001-02/03T04:05", {"ssTime.peek() != '-'"}},
-    {"BehindTheDay", "2001-02-03 04:05", {"ssTime.peek() != 'T'"}},
-    {"BehindTheHour", "2001-02-03T04.05", {"ssTime.peek() != ':'"}},
+    {"EndsAfterTheDay", "2001-02-03", {"ssTime.peek() != 'T'"}},
+    {"EndsAfterTheT", "2001-02-03T", {"ssTime.peek() != ':'"}},
+    {"WrongSeparatorAfterTheYear", "2001/02-03T04:05", {"ssTime.peek() != '-'"}},
+    {"WrongSeparatorAfterTheMonth", "2001-02/03T04:05", {"ssTime.peek() != '-'"}},
+    {"WrongSeparatorAfterTheDay", "2001-02-03 04:05", {"ssTime.peek() != 'T'"}},
+    {"WrongSeparatorAfterTheHour", "2001-02-03T04.05", {"ssTime.peek() != ':'"}},
 };
 
 INSTANTIATE_TEST_SUITE_P(Texts, DateChecks, testing::ValuesIn(kFaultyDates),

@@ -11,7 +11,7 @@ namespace {
 
 typedef ScriptedPlatformString::Step Step;
 
-constexpr unsigned int kCode = 0x0C001005;
+constexpr unsigned int kCode = GFileSystem::kInvalidCharacterForFileSystemRepresentation;
 constexpr char kName[] = "GFileSystem::kInvalidCharacterForFileSystemRepresentation";
 constexpr char kWarning[] =
     "GFileSystem::OSExpandPath(), called with invalid UTF8 Path. Attempting convserion with other "
@@ -35,11 +35,11 @@ protected:
     void ExpectLine(std::size_t index, const char* level, const std::string& message)
     {
         ASSERT_LT(index, log.Reports().size());
-        EXPECT_EQ(log.Reports()[index].category, "FileSystem");
-        EXPECT_EQ(log.Reports()[index].level, level);
-        EXPECT_EQ(log.Reports()[index].message, message);
+        EXPECT_EQ("FileSystem", log.Reports()[index].category);
+        EXPECT_EQ(level, log.Reports()[index].level);
+        EXPECT_EQ(message, log.Reports()[index].message);
     }
-    // Without the lines that are no failure reports.
+    // Omits the log lines that are not failure reports.
     std::vector<LoggedReport> FailureReports()
     {
         std::vector<LoggedReport> reports;
@@ -54,97 +54,97 @@ protected:
     std::string path;
 };
 
-TEST_F(ExpansionChecks, SuccessTakesTheExpandedText)
+TEST_F(ExpansionChecks, SuccessReplacesThePathByTheExpandedText)
 {
-    EXPECT_EQ(Expand(), 0U);
-    EXPECT_EQ(path, "/expanded");
+    EXPECT_EQ(CoreErrorCodes::kSuccess, Expand());
+    EXPECT_EQ("/expanded", path);
     EXPECT_THAT(script.calls, ElementsAre("utf8 /before", "expand"));
     EXPECT_TRUE(log.Reports().empty());
 }
 
-TEST_F(ExpansionChecks, EmptyPathAsksForNothing)
+TEST_F(ExpansionChecks, EmptyPathCallsNoPlatformOperation)
 {
     script.utf8 = Step::kThrows;
     std::string empty;
-    EXPECT_EQ(GFileSystem::OSExpandPath(empty), 0U);
+    EXPECT_EQ(CoreErrorCodes::kSuccess, GFileSystem::OSExpandPath(empty));
     EXPECT_TRUE(script.calls.empty());
 }
 
-TEST_F(ExpansionChecks, TextThatIsNotUTF8IsTriedOnceMoreWithAWarning)
+TEST_F(ExpansionChecks, TextThatIsNotUTF8IsTriedAsMacRomanWithAWarning)
 {
-    script.utf8 = Step::kGivesNothing;
-    EXPECT_EQ(Expand(), 0U);
-    EXPECT_EQ(path, "/expanded");
+    script.utf8 = Step::kReturnsNull;
+    EXPECT_EQ(CoreErrorCodes::kSuccess, Expand());
+    EXPECT_EQ("/expanded", path);
     EXPECT_THAT(script.calls, ElementsAre("utf8 /before", "MacRoman /before", "expand"));
-    EXPECT_EQ(log.Reports().size(), 1U);
+    EXPECT_EQ(1U, log.Reports().size());
     ExpectLine(0, "Warning", kWarning);
 }
 
-TEST_F(ExpansionChecks, NoStringObjectAtAllIsAFailure)
+TEST_F(ExpansionChecks, PathThatNoDecoderAcceptsIsReported)
 {
-    script.utf8 = Step::kGivesNothing;
-    script.macRoman = Step::kGivesNothing;
-    EXPECT_EQ(Expand(), kCode);
-    EXPECT_EQ(path, "/before");
-    EXPECT_EQ(log.Reports().size(), 2U);
+    script.utf8 = Step::kReturnsNull;
+    script.macRoman = Step::kReturnsNull;
+    EXPECT_EQ(kCode, Expand());
+    EXPECT_EQ("/before", path);
+    EXPECT_EQ(2U, log.Reports().size());
     ExpectLine(0, "Warning", kWarning);
     ExpectReports(FailureReports(), {kErr});
 }
 
-TEST_F(ExpansionChecks, ExceptionOfTheExpansionIsLoggedAndAFailure)
+TEST_F(ExpansionChecks, ExceptionOfTheExpansionIsLoggedAndReported)
 {
     script.expansion = Step::kThrows;
-    EXPECT_EQ(Expand(), kCode);
-    EXPECT_EQ(path, "/before");
-    EXPECT_EQ(log.Reports().size(), 2U);
+    EXPECT_EQ(kCode, Expand());
+    EXPECT_EQ("/before", path);
+    EXPECT_EQ(2U, log.Reports().size());
     ExpectLine(0, "Error", "GFileSystem::OSExpandPath(), exception caught\n- no such form");
     ExpectReports(FailureReports(), {kErr});
 }
 
-TEST_F(ExpansionChecks, ExceptionsOfTheDecodersAreAFailureToo)
+TEST_F(ExpansionChecks, ExceptionsOfTheDecodersAreReported)
 {
     script.utf8 = Step::kThrows;
-    EXPECT_EQ(Expand(), kCode);
-    script.utf8 = Step::kGivesNothing;
+    EXPECT_EQ(kCode, Expand());
+    script.utf8 = Step::kReturnsNull;
     script.macRoman = Step::kThrows;
-    EXPECT_EQ(Expand(), kCode);
-    EXPECT_EQ(path, "/before");
+    EXPECT_EQ(kCode, Expand());
+    EXPECT_EQ("/before", path);
     ExpectReports(FailureReports(), {kErr, kErr});
 }
 
-TEST_F(ExpansionChecks, PercentInTheDescriptionIsText)
+TEST_F(ExpansionChecks, PercentSignInAnExceptionIsNotAConversion)
 {
     script.expansion = Step::kThrows;
     script.description = "100%s";
-    EXPECT_EQ(Expand(), kCode);
+    EXPECT_EQ(kCode, Expand());
     ExpectLine(0, "Error", "GFileSystem::OSExpandPath(), exception caught\n- 100%s");
 }
 
-TEST_F(ExpansionChecks, SetFullPathReportsTheCallAndKeepsItsPath)
+TEST_F(ExpansionChecks, FailedSetFullPathIsReportedAndKeepsThePath)
 {
     GFileSystemSpec spec;
-    ASSERT_EQ(spec.SetFullPath("/first"), 0U);
-    script.utf8 = Step::kGivesNothing;
-    script.macRoman = Step::kGivesNothing;
-    EXPECT_EQ(spec.SetFullPath("/second"), kCode);
-    EXPECT_EQ(spec.GetFullPath(), "/expanded");
+    ASSERT_EQ(CoreErrorCodes::kSuccess, spec.SetFullPath("/first"));
+    script.utf8 = Step::kReturnsNull;
+    script.macRoman = Step::kReturnsNull;
+    EXPECT_EQ(kCode, spec.SetFullPath("/second"));
+    EXPECT_EQ("/expanded", spec.GetFullPath());
     ExpectReports(FailureReports(), {kErr, kSetFullPath});
 }
 
-TEST_F(ExpansionChecks, AppendThatFailsLeavesThePath)
+TEST_F(ExpansionChecks, FailedAppendKeepsThePath)
 {
     GFileSystemSpec spec;
-    ASSERT_EQ(spec.SetFullPath("/first"), 0U);
+    ASSERT_EQ(CoreErrorCodes::kSuccess, spec.SetFullPath("/first"));
     script.expansion = Step::kThrows;
-    EXPECT_EQ(&spec.AppendPathComponent("x"), &spec);
-    EXPECT_EQ(spec.GetFullPath(), "/expanded");
+    EXPECT_EQ(&spec, &spec.AppendPathComponent("x"));
+    EXPECT_EQ("/expanded", spec.GetFullPath());
 }
 
-// The constructor goes on with the text as it is, and SetFullPath fails for it once more.
-TEST_F(ExpansionChecks, ConstructorThatCannotExpandHasNoPath)
+// The constructor continues with the unexpanded text, for which SetFullPath then fails too.
+TEST_F(ExpansionChecks, ConstructorThatCannotExpandGivesAnEmptyPath)
 {
     script.expansion = Step::kThrows;
-    EXPECT_EQ(GFileSystemSpec("/before").GetFullPath(), "");
+    EXPECT_EQ("", GFileSystemSpec("/before").GetFullPath());
     EXPECT_THAT(script.calls, ElementsAre("utf8 /before", "expand", "utf8 /before", "expand"));
     ExpectReports(FailureReports(), {kErr, kErr, kSetFullPath});
 }

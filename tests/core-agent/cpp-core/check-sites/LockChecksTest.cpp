@@ -20,30 +20,33 @@ protected:
     RecordingLog log;
 };
 
-TEST_F(LockChecks, FailedLockIsReportedForDebugging)
+TEST_F(LockChecks, FailedLockIsReportedAtDebugLevel)
 {
     FailToLock();
-    ExpectReports(log.Reports(), {{"Lockable", "mLockStrategy->Lock(mLockable)", 0x0100100B, 4,
-                                   "GMutex::kMutexDeadlockErr", kFile}});
+    ExpectReports(log.Reports(),
+                  {{"Lockable", "mLockStrategy->Lock(mLockable)", GMutex::kMutexDeadlockErr, 4,
+                    "GMutex::kMutexDeadlockErr", kFile}});
 }
 
-TEST_F(LockChecks, FailedLockStaysBelowTheDefaultThreshold)
+TEST_F(LockChecks, FailedLockIsNotLoggedByDefault)
 {
     GLogger::GetSharedInstance()->ResetAllLoggingLevels();
     FailToLock();
     EXPECT_TRUE(log.Reports().empty());
 }
 
-TEST_F(LockChecks, FailedUnlockIsAnError)
+TEST_F(LockChecks, FailedUnlockIsReportedAtErrorLevel)
 {
     GLogger::GetSharedInstance()->ResetAllLoggingLevels();
     GMutex mutex;
     GScopedLock lock(mutex, true, new GBlockingLockStrategy);
-    ASSERT_EQ(mutex.Unlock(), 0U);
+    ASSERT_EQ(CoreErrorCodes::kSuccess, mutex.Unlock());
     lock.Unlock();
-    ExpectReports(log.Reports(), {{"Lockable", "mLockStrategy->Unlock(mLockable)", 0x0100100B, 1,
-                                   "GMutex::kMutexDeadlockErr", kFile}});
-    EXPECT_EQ(mutex.Lock(), 0U);  // for the scope's end, which unlocks once more
+    ExpectReports(log.Reports(),
+                  {{"Lockable", "mLockStrategy->Unlock(mLockable)", GMutex::kMutexDeadlockErr, 1,
+                    "GMutex::kMutexDeadlockErr", kFile}});
+    EXPECT_EQ(CoreErrorCodes::kSuccess,
+              mutex.Lock());  // because the destructor unlocks again
 }
 
 }  // namespace

@@ -16,13 +16,18 @@ class PathChecks : public testing::Test {
 protected:
     static ExpectedReport Invalid()
     {
-        return {"FileSystem", kInvalid, 0x04000000, 1, "CoreErrorCodes::kInvalidParam", kSpecFile};
+        return {"FileSystem",
+                kInvalid,
+                CoreErrorCodes::kInvalidParam,
+                1,
+                "CoreErrorCodes::kInvalidParam",
+                kSpecFile};
     }
     static ExpectedReport WorkingFolder()
     {
         return {"FileSystem",
                 "NULL == getcwd(&curPath[0], PATH_MAX)",
-                0x01000000,
+                CoreErrorCodes::kError,
                 1,
                 "CoreErrorCodes::kError",
                 kFile};
@@ -30,71 +35,72 @@ protected:
     RecordingLog log;
 };
 
-TEST_F(PathChecks, RelativePath)
+TEST_F(PathChecks, RelativePathIsReported)
 {
     GFileSystemSpec spec;
-    EXPECT_EQ(spec.SetFullPath("relative"), CoreErrorCodes::kInvalidParam);
+    EXPECT_EQ(CoreErrorCodes::kInvalidParam, spec.SetFullPath("relative"));
     ExpectReports(log.Reports(), {Invalid()});
 }
 
-TEST_F(PathChecks, EmptyPathIsNoFault)
+TEST_F(PathChecks, EmptyPathIsNotReported)
 {
     GFileSystemSpec spec;
-    EXPECT_EQ(spec.SetFullPath(""), 0U);
+    EXPECT_EQ(CoreErrorCodes::kSuccess, spec.SetFullPath(""));
     ExpectReports(log.Reports(), {});
 }
 
-// Enters folders below `start` until the path of the working folder has at least so many bytes.
+// Makes and enters folders below `start` until the path of the working folder has at least `bytes`
+// bytes.
 void EnterDeepFolder(const std::string& start, std::size_t bytes)
 {
-    ASSERT_EQ(chdir(start.c_str()), 0);
+    ASSERT_EQ(0, chdir(start.c_str()));
     const std::string name(100, 'd');
     for (std::size_t size = start.size(); size < bytes; size += name.size() + 1) {
-        ASSERT_EQ(mkdir(name.c_str(), 0755), 0);
-        ASSERT_EQ(chdir(name.c_str()), 0);
+        ASSERT_EQ(0, mkdir(name.c_str(), 0755));
+        ASSERT_EQ(0, chdir(name.c_str()));
     }
 }
 
-TEST_F(PathChecks, WorkingFolderOfMoreThanTheBufferIsReportedAndEmpty)
+TEST_F(PathChecks, WorkingFolderLongerThanTheBufferIsReportedAndEmpty)
 {
     const ScratchFolder scratch;
     InFreshProcess([&] {
         EnterDeepFolder(scratch.Path(), 1024);
-        EXPECT_EQ(GFileSystem::OSGetCWD().GetFullPath(), "");
+        EXPECT_EQ("", GFileSystem::OSGetCWD().GetFullPath());
         ExpectReports(log.Reports(), {WorkingFolder()});
     });
 }
 
-TEST_F(PathChecks, PartialPathInAFolderTooDeepStandsBelowTheRoot)
+TEST_F(PathChecks, PartialPathInATooDeepFolderIsCompletedFromTheRoot)
 {
     const ScratchFolder scratch;
     InFreshProcess([&] {
         EnterDeepFolder(scratch.Path(), 1024);
-        EXPECT_EQ(GFileSystemSpec("rel/x").GetFullPath(), "/rel/x");
+        EXPECT_EQ("/rel/x", GFileSystemSpec("rel/x").GetFullPath());
         ExpectReports(log.Reports(), {WorkingFolder()});
     });
 }
 
-TEST_F(PathChecks, WorkingFolderThatFitsIsTold)
+TEST_F(PathChecks, WorkingFolderThatFitsIsReturned)
 {
     const ScratchFolder scratch;
     InFreshProcess([&] {
         EnterDeepFolder(scratch.Path(), 800);
         const std::string path = GFileSystem::OSGetCWD().GetFullPath();
-        EXPECT_EQ(path.compare(0, scratch.Path().size(), scratch.Path()), 0) << path;
+        EXPECT_EQ(0, path.compare(0, scratch.Path().size(), scratch.Path())) << path;
         EXPECT_GE(path.size(), 800U);
         ExpectReports(log.Reports(), {});
     });
 }
 
-TEST_F(PathChecks, WorkingFolderThatIsGoneIsReportedAndEmpty)
+TEST_F(PathChecks, RemovedWorkingFolderIsReportedAndEmpty)
 {
     const ScratchFolder scratch;
     InFreshProcess([&] {
-        ASSERT_EQ(mkdir(scratch.Path("gone").c_str(), 0755), 0);
-        ASSERT_EQ(chdir(scratch.Path("gone").c_str()), 0);
-        ASSERT_EQ(rmdir(scratch.Path("gone").c_str()), 0);
-        EXPECT_EQ(GFileSystem::OSGetCWD().GetFullPath(), "");
+        ASSERT_EQ(0, mkdir(scratch.Path("gone").c_str(), 0755));
+        ASSERT_EQ(0, chdir(scratch.Path("gone").c_str()));
+        ASSERT_EQ(0, rmdir(scratch.Path("gone").c_str()));
+        EXPECT_EQ("", GFileSystem::OSGetCWD().GetFullPath());
         ExpectReports(log.Reports(), {WorkingFolder()});
     });
 }

@@ -20,32 +20,32 @@ protected:
     ScriptedSystemCalls& script = ScriptedSystemCalls::Current();
 };
 
-TEST_F(CurrentTime, IsInUTC) { EXPECT_EQ(At(981173106, 0), "2001-02-03T04:05:06.000Z"); }
+TEST_F(CurrentTime, IsInUTC) { EXPECT_EQ("2001-02-03T04:05:06.000Z", At(981173106, 0)); }
 
-TEST_F(CurrentTime, FractionIsCutToMilliseconds)
+TEST_F(CurrentTime, FractionIsTruncatedToMilliseconds)
 {
-    EXPECT_EQ(At(981173106, 7999999), "2001-02-03T04:05:06.007Z");
-    EXPECT_EQ(At(981173106, 999999999), "2001-02-03T04:05:06.999Z");
+    EXPECT_EQ("2001-02-03T04:05:06.007Z", At(981173106, 7999999));
+    EXPECT_EQ("2001-02-03T04:05:06.999Z", At(981173106, 999999999));
 }
 
-TEST_F(CurrentTime, KnowsTheCalendar)
+TEST_F(CurrentTime, ConvertsSecondsToTheCalendar)
 {
-    EXPECT_EQ(At(0, 0), "1970-01-01T00:00:00.000Z");
-    EXPECT_EQ(At(951782400, 0), "2000-02-29T00:00:00.000Z");
-    EXPECT_EQ(At(4102444799, 0), "2099-12-31T23:59:59.000Z");
+    EXPECT_EQ("1970-01-01T00:00:00.000Z", At(0, 0));
+    EXPECT_EQ("2000-02-29T00:00:00.000Z", At(951782400, 0));
+    EXPECT_EQ("2099-12-31T23:59:59.000Z", At(4102444799, 0));
 }
 
-TEST_F(CurrentTime, ComesFromTheStaticOperationToo)
+TEST_F(CurrentTime, IsReturnedByTheStaticFunction)
 {
     (void)At(981173106, 0);  // sets the clock
-    EXPECT_EQ(GDateTime::OSGetCurrentDateTimeUTC().GetAsISO8601String(false), "2001-02-03");
+    EXPECT_EQ("2001-02-03", GDateTime::OSGetCurrentDateTimeUTC().GetAsISO8601String(false));
 }
 
 TEST_F(CurrentTime, IsEmptyWhenTheClockCannotBeRead)
 {
     script.isClockBroken = true;
     EXPECT_TRUE(GDateTime().IsEmpty());
-    EXPECT_EQ(GDateTime().GetAsISO8601String(true), "");
+    EXPECT_EQ("", GDateTime().GetAsISO8601String(true));
 }
 
 }  // namespace

@@ -22,13 +22,13 @@ SDateTime Fields(short year, short month, short day, short hour, short minute, s
 
 void ExpectFields(const SDateTime& fields, const SDateTime& expected)
 {
-    EXPECT_EQ(fields.year, expected.year);
-    EXPECT_EQ(fields.month, expected.month);
-    EXPECT_EQ(fields.day, expected.day);
-    EXPECT_EQ(fields.hour, expected.hour);
-    EXPECT_EQ(fields.minute, expected.minute);
-    EXPECT_EQ(fields.second, expected.second);
-    EXPECT_EQ(fields.millisecond, expected.millisecond);
+    EXPECT_EQ(expected.year, fields.year);
+    EXPECT_EQ(expected.month, fields.month);
+    EXPECT_EQ(expected.day, fields.day);
+    EXPECT_EQ(expected.hour, fields.hour);
+    EXPECT_EQ(expected.minute, fields.minute);
+    EXPECT_EQ(expected.second, fields.second);
+    EXPECT_EQ(expected.millisecond, fields.millisecond);
 }
 
 struct ReadableDate {
@@ -41,10 +41,10 @@ void PrintTo(const ReadableDate& row, std::ostream* out) { *out << row.text; }
 
 class DateParse : public testing::TestWithParam<ReadableDate> {};
 
-TEST_P(DateParse, GivesTheFields)
+TEST_P(DateParse, SetsTheFields)
 {
     GDateTime date(Fields(1, 1, 1, 1, 1, 1, 1));
-    EXPECT_EQ(date.SetFromISO8601String(GetParam().text), 0U);
+    EXPECT_EQ(CoreErrorCodes::kSuccess, date.SetFromISO8601String(GetParam().text));
     ExpectFields(date.GetSDateTime(), GetParam().fields);
     ExpectFields(GDateTime(std::string(GetParam().text)).GetSDateTime(), GetParam().fields);
 }
@@ -60,20 +60,20 @@ const ReadableDate kReadableDates[] = {
     {"FractionMissing", "2001-02-03T04:05:06.", Fields(2001, 2, 3, 4, 5, 6, 0)},
     {"FractionIsNoNumber", "2001-02-03T04:05:06.Z", Fields(2001, 2, 3, 4, 5, 6, 0)},
     {"Zone", "2001-02-03T04:05:06+02:00", Fields(2001, 2, 3, 4, 5, 6, 0)},
-    {"ZoneBehindMinutes", "2001-02-03T04:05+02:00", Fields(2001, 2, 3, 4, 5, 0, 0)},
-    {"ZoneBehindFraction", "2001-02-03T04:05:06.7+02:00", Fields(2001, 2, 3, 4, 5, 6, 7)},
-    {"AnythingBehind", "2001-02-03T04:05:06 and so on", Fields(2001, 2, 3, 4, 5, 6, 0)},
+    {"ZoneAfterMinutes", "2001-02-03T04:05+02:00", Fields(2001, 2, 3, 4, 5, 0, 0)},
+    {"ZoneAfterFraction", "2001-02-03T04:05:06.7+02:00", Fields(2001, 2, 3, 4, 5, 6, 7)},
+    {"AnyTextAfterSeconds", "2001-02-03T04:05:06 and so on", Fields(2001, 2, 3, 4, 5, 6, 0)},
     {"NoCalendarCheck", "2023-02-31T00:00", Fields(2023, 2, 31, 0, 0, 0, 0)},
     {"YearZero", "0000-01-01T00:00", Fields(0, 1, 1, 0, 0, 0, 0)},
     {"GreatestYear", "9999-12-31T23:59:59.999Z", Fields(9999, 12, 31, 23, 59, 59, 999)},
     {"ShortNumbers", "1-2-3T4:5:6.7", Fields(1, 2, 3, 4, 5, 6, 7)},
-    {"Blanks", " 2001- 2- 3T 4: 5: 6. 7", Fields(2001, 2, 3, 4, 5, 6, 7)},
+    {"Spaces", " 2001- 2- 3T 4: 5: 6. 7", Fields(2001, 2, 3, 4, 5, 6, 7)},
     {"Signs", "+2001-+2-+3T+4:+5:+6.+7", Fields(2001, 2, 3, 4, 5, 6, 7)},
     {"LeadingZeros", "02001-002-0003T00004:0000005", Fields(2001, 2, 3, 4, 5, 0, 0)},
     {"MinuteMissingAtTheEnd", "2001-02-03T04:", Fields(2001, 2, 3, 4, 4, 0, 0)},
     {"SecondMissingAtTheEnd", "2001-02-03T04:05:", Fields(2001, 2, 3, 4, 5, 5, 0)},
     {"MinuteThatIsNoNumber", "2001-02-03T04:xx", Fields(2001, 2, 3, 4, 0, 0, 0)},
-    {"MinuteThatIsNoNumberEndsIt", "2001-02-03T04:xx:06", Fields(2001, 2, 3, 4, 0, 0, 0)},
+    {"MinuteThatIsNoNumberEndsTheText", "2001-02-03T04:xx:06", Fields(2001, 2, 3, 4, 0, 0, 0)},
     {"SecondThatIsNoNumber", "2001-02-03T04:05:xx.7", Fields(2001, 2, 3, 4, 5, 0, 0)},
     {"Empty", "", SDateTime()},
 };
@@ -83,11 +83,11 @@ INSTANTIATE_TEST_SUITE_P(Texts, DateParse, testing::ValuesIn(kReadableDates),
 
 class DateParseOfFaulty : public testing::TestWithParam<const char*> {};
 
-TEST_P(DateParseOfFaulty, FailsAndLeavesTheObject)
+TEST_P(DateParseOfFaulty, FailsAndDoesNotChangeTheObject)
 {
     const SDateTime before = Fields(1999, 8, 7, 6, 5, 4, 3);
     GDateTime date(before);
-    EXPECT_EQ(date.SetFromISO8601String(GetParam()), 0x01001014U);
+    EXPECT_EQ(GDateTime::kParsingError, date.SetFromISO8601String(GetParam()));
     ExpectFields(date.GetSDateTime(), before);
     EXPECT_TRUE(GDateTime(std::string(GetParam())).IsEmpty());
 }
@@ -106,27 +106,27 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(DateTime, LaterParseReplacesAllFields)
 {
     GDateTime date(Fields(1, 1, 1, 1, 1, 1, 1));
-    ASSERT_EQ(date.SetFromISO8601String("2001-02-03T04:05"), 0U);
-    EXPECT_EQ(date.GetSDateTime().second, 0);
-    EXPECT_EQ(date.GetSDateTime().millisecond, 0);
+    ASSERT_EQ(CoreErrorCodes::kSuccess, date.SetFromISO8601String("2001-02-03T04:05"));
+    EXPECT_EQ(0, date.GetSDateTime().second);
+    EXPECT_EQ(0, date.GetSDateTime().millisecond);
 }
 
-TEST(DateTime, BoundsAreDeclared)
+TEST(DateTime, BoundsHaveTheirValues)
 {
-    EXPECT_EQ(GDateTime::kMinYear, 0);
-    EXPECT_EQ(GDateTime::kMaxYear, 9999);
-    EXPECT_EQ(GDateTime::kMinMonth, 1);
-    EXPECT_EQ(GDateTime::kMaxMonth, 12);
-    EXPECT_EQ(GDateTime::kMinDay, 1);
-    EXPECT_EQ(GDateTime::kMaxDay, 31);
-    EXPECT_EQ(GDateTime::kMinHour, 0);
-    EXPECT_EQ(GDateTime::kMaxHour, 23);
-    EXPECT_EQ(GDateTime::kMinMinute, 0);
-    EXPECT_EQ(GDateTime::kMaxMinute, 59);
-    EXPECT_EQ(GDateTime::kMinSecond, 0);
-    EXPECT_EQ(GDateTime::kMaxSecond, 59);
-    EXPECT_EQ(GDateTime::kMinMillisecond, 0);
-    EXPECT_EQ(GDateTime::kMaxMillisecond, 999);
+    EXPECT_EQ(0, GDateTime::kMinYear);
+    EXPECT_EQ(9999, GDateTime::kMaxYear);
+    EXPECT_EQ(1, GDateTime::kMinMonth);
+    EXPECT_EQ(12, GDateTime::kMaxMonth);
+    EXPECT_EQ(1, GDateTime::kMinDay);
+    EXPECT_EQ(31, GDateTime::kMaxDay);
+    EXPECT_EQ(0, GDateTime::kMinHour);
+    EXPECT_EQ(23, GDateTime::kMaxHour);
+    EXPECT_EQ(0, GDateTime::kMinMinute);
+    EXPECT_EQ(59, GDateTime::kMaxMinute);
+    EXPECT_EQ(0, GDateTime::kMinSecond);
+    EXPECT_EQ(59, GDateTime::kMaxSecond);
+    EXPECT_EQ(0, GDateTime::kMinMillisecond);
+    EXPECT_EQ(999, GDateTime::kMaxMillisecond);
 }
 
 }  // namespace

@@ -29,81 +29,81 @@ std::map<unsigned int, std::string> ExpectedByCode()
     return names;
 }
 
-unsigned int CodeOf(const CoreErrorName& row) { return row.ordinal * 0x1000000u + row.classNumber; }
+unsigned int CodeOf(const CoreErrorName& row) { return row.ordinal * 0x1000000U + row.classNumber; }
 
 TEST(ErrorNames, AreTwoHundredAndSeventyEight)
 {
-    EXPECT_EQ(ExpectedByCode().size(), 278U);
-    EXPECT_EQ(std::size(kCoreErrorNames), 278U);
+    EXPECT_EQ(278U, ExpectedByCode().size());
+    EXPECT_EQ(278U, std::size(kCoreErrorNames));
 }
 
-TEST(ErrorNames, EveryErrorHasItsClassInFrontOfItsName)
+TEST(ErrorNames, EveryNameIsQualifiedWithItsClass)
 {
     for (const auto& [code, name] : ExpectedByCode()) {
-        EXPECT_EQ(GetNameForErrorCode(code), name) << std::hex << code;
+        EXPECT_EQ(name, GetNameForErrorCode(code)) << std::hex << code;
     }
 }
 
-TEST(ErrorNames, NoOtherOrdinalOfAnyClassIsNamed)
+TEST(ErrorNames, OtherOrdinalsOfEveryClassAreUnknown)
 {
     const auto expected = ExpectedByCode();
     for (unsigned int number = 0; number <= 0xB000; ++number) {
         for (unsigned int ordinal = 0; ordinal <= 25; ++ordinal) {
-            const unsigned int code = ordinal * 0x1000000u + number;
+            const unsigned int code = ordinal * 0x1000000U + number;
             if (expected.count(code) != 0) continue;
-            ASSERT_EQ(GetNameForErrorCode(code), kUnknown) << code;
+            ASSERT_EQ(kUnknown, GetNameForErrorCode(code)) << code;
         }
     }
 }
 
-TEST(ErrorNames, TableHoldsTheExpectedRowsAndNoOther)
+TEST(ErrorNames, TableHasExactlyTheExpectedRows)
 {
     std::map<unsigned int, std::string> rows;
     for (const CoreErrorName& row : kCoreErrorNames) {
-        ASSERT_NE(row.name, nullptr);
+        ASSERT_NE(nullptr, row.name);
         rows.emplace(CodeOf(row), row.name);
     }
-    EXPECT_EQ(rows, ExpectedByCode());
+    EXPECT_EQ(ExpectedByCode(), rows);
 }
 
-TEST(ErrorNames, TableAscendsWithoutRepetition)
+TEST(ErrorNames, TableIsStrictlyAscending)
 {
     const auto* const fault = std::adjacent_find(
         std::begin(kCoreErrorNames), std::end(kCoreErrorNames),
         [](const CoreErrorName& a, const CoreErrorName& b) { return CodeOf(a) >= CodeOf(b); });
-    EXPECT_EQ(fault, std::end(kCoreErrorNames)) << fault->name;
+    EXPECT_EQ(std::end(kCoreErrorNames), fault) << fault->name;
 }
 
-TEST(ErrorNames, NoNameIsGivenTwice)
+TEST(ErrorNames, NamesAreUnique)
 {
     std::set<std::string> names;
     for (const auto& row : ExpectedByCode()) EXPECT_TRUE(names.insert(row.second).second);
 }
 
-TEST(ErrorNames, ZeroIsSuccess) { EXPECT_EQ(GetNameForErrorCode(0), "CoreErrorCodes::kSuccess"); }
+TEST(ErrorNames, ZeroIsSuccess) { EXPECT_EQ("CoreErrorCodes::kSuccess", GetNameForErrorCode(0)); }
 
 TEST(ErrorNames, UnusedOrdinalOfTheCommonCodesIsUnknown)
 {
-    EXPECT_EQ(GetNameForErrorCode(0x0B000000), kUnknown);
+    EXPECT_EQ(kUnknown, GetNameForErrorCode(0x0B000000));
 }
 
-TEST(ErrorNames, LockErrors)
+TEST(ErrorNames, LockErrorsHaveTheirNames)
 {
-    EXPECT_EQ(GetNameForErrorCode(0x0100100C), "GLockable::kLockBusyErr");
-    EXPECT_EQ(GetNameForErrorCode(0x0100100B), "GMutex::kMutexDeadlockErr");
-    EXPECT_EQ(GetNameForErrorCode(0x0200100B), "GMutex::kMutexInvalidErr");
+    EXPECT_EQ("GLockable::kLockBusyErr", GetNameForErrorCode(0x0100100C));
+    EXPECT_EQ("GMutex::kMutexDeadlockErr", GetNameForErrorCode(0x0100100B));
+    EXPECT_EQ("GMutex::kMutexInvalidErr", GetNameForErrorCode(0x0200100B));
 }
 
-TEST(ErrorNames, OneErrorStandsInTheNumberRangeOfAnotherClass)
+TEST(ErrorNames, FontAlreadyInDatabaseHasTheNumberOfAnotherClass)
 {
-    EXPECT_EQ(GetNameForErrorCode(0x07004005), "GFontToolResults::kFontAlreadyInDatabase");
-    EXPECT_EQ(GetNameForErrorCode(0x0700400D), kUnknown);
+    EXPECT_EQ("GFontToolResults::kFontAlreadyInDatabase", GetNameForErrorCode(0x07004005));
+    EXPECT_EQ(kUnknown, GetNameForErrorCode(0x0700400D));
 }
 
-TEST(ErrorNames, CodesOutsideOfAllClassesAreUnknown)
+TEST(ErrorNames, CodesOfNoClassAreUnknown)
 {
-    for (const unsigned int code : {0xFFFFFFFFu, 0x00000001u, 0x16000000u, 0xFF000001u}) {
-        EXPECT_EQ(GetNameForErrorCode(code), kUnknown) << code;
+    for (const unsigned int code : {0xFFFFFFFFU, 0x00000001U, 0x16000000U, 0xFF000001U}) {
+        EXPECT_EQ(kUnknown, GetNameForErrorCode(code)) << code;
     }
 }
 
@@ -113,7 +113,7 @@ struct DeclaredCode {
     const char* name;
 };
 
-// What the classes of this program declare for themselves.
+// The codes that classes of this library declare themselves.
 TEST(ErrorNames, DeclaredConstantsHaveTheirNumbersAndNames)
 {
     const DeclaredCode kDeclared[] = {
@@ -139,8 +139,8 @@ TEST(ErrorNames, DeclaredConstantsHaveTheirNumbersAndNames)
          "GFileSystem::kInvalidCharacterForFileSystemRepresentation"},
     };
     for (const DeclaredCode& row : kDeclared) {
-        EXPECT_EQ(row.code, row.number) << row.name;
-        EXPECT_EQ(GetNameForErrorCode(row.code), row.name);
+        EXPECT_EQ(row.number, row.code) << row.name;
+        EXPECT_EQ(row.name, GetNameForErrorCode(row.code));
     }
 }
 

@@ -8,18 +8,20 @@
 #include "CppCoreMacros.h"
 #include "FreshProcess.h"
 #include "GLogger.h"
+#include "GMutex.h"
 #include "InThreads.h"
 
 namespace {
 
 constexpr int kThreads = 64;
 
-TEST(FirstCall, OfManyThreadsGivesTheNameToEach)
+TEST(FirstCall, OfManyThreadsReturnsTheNameToEach)
 {
     InFreshProcess([] {
         std::vector<std::string> names(kThreads);
-        InThreads(kThreads, [&](int index) { names[index] = GetNameForErrorCode(0x0200100B); });
-        for (const std::string& name : names) EXPECT_EQ(name, "GMutex::kMutexInvalidErr");
+        InThreads(kThreads,
+                  [&](int index) { names[index] = GetNameForErrorCode(GMutex::kMutexInvalidErr); });
+        for (const std::string& name : names) EXPECT_EQ("GMutex::kMutexInvalidErr", name);
     });
 }
 
@@ -28,12 +30,12 @@ TEST(FirstCall, OfManyThreadsMakesOneLogger)
     InFreshProcess([] {
         std::vector<GLogger*> loggers(kThreads);
         InThreads(kThreads, [&](int index) { loggers[index] = GLogger::GetSharedInstance(); });
-        EXPECT_NE(loggers[0], nullptr);
-        for (GLogger* const logger : loggers) EXPECT_EQ(logger, loggers[0]);
+        EXPECT_NE(nullptr, loggers[0]);
+        for (GLogger* const logger : loggers) EXPECT_EQ(loggers[0], logger);
     });
 }
 
-TEST(FirstCall, OfManyThreadsMayBeAWholeReport)
+TEST(FirstCall, OfManyThreadsCanBeAReport)
 {
     InFreshProcess([] {
         std::atomic<int> done{0};
@@ -41,8 +43,8 @@ TEST(FirstCall, OfManyThreadsMayBeAWholeReport)
             ReportCoreError("Miscellaneous", 1, CoreErrorCodes::kError, "err", "file", index);
             ++done;
         });
-        EXPECT_EQ(done, kThreads);
-        EXPECT_EQ(GetNameForErrorCode(CoreErrorCodes::kError), "CoreErrorCodes::kError");
+        EXPECT_EQ(kThreads, done);
+        EXPECT_EQ("CoreErrorCodes::kError", GetNameForErrorCode(CoreErrorCodes::kError));
     });
 }
 

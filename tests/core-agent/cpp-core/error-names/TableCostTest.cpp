@@ -16,7 +16,7 @@
 
 namespace {
 
-// Each row is a block of its own, not counting those that long names need.
+// The table allocates at least one block per row.
 constexpr std::size_t kRows = 278;
 
 template <class Body>
@@ -29,10 +29,10 @@ std::size_t CountAllocations(Body body)
 
 std::size_t CountForAName()
 {
-    return CountAllocations([] { (void)GetNameForErrorCode(0); });  // only the cost counts
+    return CountAllocations([] { (void)GetNameForErrorCode(0); });  // only the cost is tested
 }
 
-TEST(TableCost, FirstNameBuildsAllRowsAndLaterOnesNone)
+TEST(TableCost, OnlyTheFirstNameBuildsTheTable)
 {
     InFreshProcess([] {
         EXPECT_GE(CountForAName(), kRows);
@@ -41,7 +41,8 @@ TEST(TableCost, FirstNameBuildsAllRowsAndLaterOnesNone)
     });
 }
 
-// A table takes a block for each row and another for nearly every name.
+// The table allocates one block per row and another one for nearly every name, so two tables would
+// exceed the limit.
 TEST(TableCost, FirstCallOfManyThreadsBuildsOneTable)
 {
     constexpr int kThreads = 8;
@@ -54,7 +55,7 @@ TEST(TableCost, FirstCallOfManyThreadsBuildsOneTable)
                 for (int index = 0; index < kThreads; ++index) {
                     threads.emplace_back([&] {
                         while (!isOpen) std::this_thread::yield();
-                        (void)GetNameForErrorCode(0);  // only the cost counts
+                        (void)GetNameForErrorCode(0);  // only the cost is tested
                     });
                 }
                 isOpen = true;
@@ -70,18 +71,18 @@ TEST(TableCost, CoreCallsThatSucceedBuildNothing)
 {
     InFreshProcess([] {
         GDateTime now;
-        EXPECT_EQ(now.SetFromISO8601String("2001-02-03T04:05"), 0U);
+        EXPECT_EQ(CoreErrorCodes::kSuccess, now.SetFromISO8601String("2001-02-03T04:05"));
         GFileSystemSpec path("/a/b");
-        EXPECT_EQ(path.RemoveLastPathComponent().GetFullPath(), "/a");
+        EXPECT_EQ("/a", path.RemoveLastPathComponent().GetFullPath());
         json value;
-        EXPECT_EQ(GJSONUtils::Parse("{\"id\": \"1\"}", value), 0U);
-        // A first logger is made as well, since no report has needed one.
+        EXPECT_EQ(CoreErrorCodes::kSuccess, GJSONUtils::Parse("{\"id\": \"1\"}", value));
+        // No report has needed the shared logger either: it is made only now.
         EXPECT_GE(CountAllocations([] { (void)GLogger::GetSharedInstance(); }), 2U);
         EXPECT_GE(CountForAName(), kRows);
     });
 }
 
-TEST(TableCost, ReportBuildsTheTableThoughNobodyListens)
+TEST(TableCost, SilentReportBuildsTheTable)
 {
     InFreshProcess([] {
         ReportCoreError("Miscellaneous", 0, CoreErrorCodes::kError, "err", "file", 1);
@@ -89,10 +90,10 @@ TEST(TableCost, ReportBuildsTheTableThoughNobodyListens)
     });
 }
 
-// The plug-in's life of one document, with nothing going wrong.
+// The plug-in opens a document, gets a timer tick and shuts down, without a failure.
 class CleanRun : public MessageTest {};
 
-TEST_F(CleanRun, BuildsNoTable)
+TEST_F(CleanRun, DocumentWithoutFailuresBuildsNoTable)
 {
     InFreshProcess([&] {
         Start();
@@ -100,8 +101,8 @@ TEST_F(CleanRun, BuildsNoTable)
         (void)SendCheck("/documents/clean.ai");
         (void)SendNotifier(kOpened, host.DocumentHandle(0));
         AITimerMessage tick = host.TimerMessage();
-        EXPECT_EQ(host.Send(Main, "AI Timer", "AI Go", tick), 0);
-        EXPECT_EQ(SendInterface("Shutdown"), 0);
+        EXPECT_EQ(0, host.Send(Main, "AI Timer", "AI Go", tick));
+        EXPECT_EQ(0, SendInterface("Shutdown"));
         EXPECT_GE(CountForAName(), kRows);
     });
 }

@@ -4,15 +4,15 @@ namespace {
 
 class JSONGetValueForKey : public JSONReports {
 protected:
-    // What each kind of value is asked for in the same way.
-    static void ExpectNothingFrom(const json& source, unsigned int code)
+    // Expects the same failure, and an unchanged value, for T = std::string and T = json.
+    static void ExpectFailure(const json& source, unsigned int code)
     {
         std::string text = "before";
-        EXPECT_EQ(GJSONUtils::GetValueForKey(source, "id", text), code);
-        EXPECT_EQ(text, "before");
+        EXPECT_EQ(code, GJSONUtils::GetValueForKey(source, "id", text));
+        EXPECT_EQ("before", text);
         json value = "before";
-        EXPECT_EQ(GJSONUtils::GetValueForKey(source, "id", value), code);
-        EXPECT_EQ(value, "before");
+        EXPECT_EQ(code, GJSONUtils::GetValueForKey(source, "id", value));
+        EXPECT_EQ("before", value);
     }
     static bool IsFromTheHeader(const LoggedReport& report)
     {
@@ -20,88 +20,88 @@ protected:
     }
 };
 
-TEST_F(JSONGetValueForKey, GivesAText)
+TEST_F(JSONGetValueForKey, CopiesAString)
 {
     std::string text = "before";
-    EXPECT_EQ(GJSONUtils::GetValueForKey(json{{"id", "7"}, {"label", "Libraries"}}, "label", text),
-              CoreErrorCodes::kSuccess);
-    EXPECT_EQ(text, "Libraries");
+    EXPECT_EQ(CoreErrorCodes::kSuccess,
+              GJSONUtils::GetValueForKey(json{{"id", "7"}, {"label", "Libraries"}}, "label", text));
+    EXPECT_EQ("Libraries", text);
     EXPECT_TRUE(Reports().empty());
 }
 
-TEST_F(JSONGetValueForKey, GivesAnEmptyText)
+TEST_F(JSONGetValueForKey, CopiesAnEmptyString)
 {
     std::string text = "before";
-    EXPECT_EQ(GJSONUtils::GetValueForKey(json{{"id", ""}}, "id", text), CoreErrorCodes::kSuccess);
-    EXPECT_EQ(text, "");
+    EXPECT_EQ(CoreErrorCodes::kSuccess, GJSONUtils::GetValueForKey(json{{"id", ""}}, "id", text));
+    EXPECT_EQ("", text);
 }
 
-TEST_F(JSONGetValueForKey, GivesValuesOfAnyKind)
+TEST_F(JSONGetValueForKey, CopiesJSONValuesOfAnyType)
 {
     const json source = {{"child", json::array({1, "2"})}, {"id", 5}, {"title", nullptr}};
     json value;
-    EXPECT_EQ(GJSONUtils::GetValueForKey(source, "child", value), CoreErrorCodes::kSuccess);
-    EXPECT_EQ(value, json::array({1, "2"}));
-    EXPECT_EQ(GJSONUtils::GetValueForKey(source, "id", value), CoreErrorCodes::kSuccess);
-    EXPECT_EQ(value, 5);
-    EXPECT_EQ(GJSONUtils::GetValueForKey(source, "title", value), CoreErrorCodes::kSuccess);
+    EXPECT_EQ(CoreErrorCodes::kSuccess, GJSONUtils::GetValueForKey(source, "child", value));
+    EXPECT_EQ(json::array({1, "2"}), value);
+    EXPECT_EQ(CoreErrorCodes::kSuccess, GJSONUtils::GetValueForKey(source, "id", value));
+    EXPECT_EQ(5, value);
+    EXPECT_EQ(CoreErrorCodes::kSuccess, GJSONUtils::GetValueForKey(source, "title", value));
     EXPECT_TRUE(value.is_null());
     EXPECT_TRUE(Reports().empty());
 }
 
-TEST_F(JSONGetValueForKey, KeysAreComparedWithTheirCase)
+TEST_F(JSONGetValueForKey, KeysAreCaseSensitive)
 {
     std::string text;
-    EXPECT_EQ(GJSONUtils::GetValueForKey(json{{"ID", "7"}}, "id", text), CoreErrorCodes::kNotFound);
+    EXPECT_EQ(CoreErrorCodes::kNotFound, GJSONUtils::GetValueForKey(json{{"ID", "7"}}, "id", text));
 }
 
 TEST_F(JSONGetValueForKey, EmptyValuesAreNotFound)
 {
     for (const json& source : {json(), json::object(), json::array()}) {
-        ExpectNothingFrom(source, CoreErrorCodes::kNotFound);
+        ExpectFailure(source, CoreErrorCodes::kNotFound);
     }
 }
 
 TEST_F(JSONGetValueForKey, EmptyValueIsReportedAsAnError)
 {
     std::string text;
-    (void)GJSONUtils::GetValueForKey(json::object(), "id", text);  // only the report counts
+    (void)GJSONUtils::GetValueForKey(json::object(), "id", text);  // only the report is tested
     ExpectOneError(CoreErrorCodes::kNotFound, "json.empty()");
     EXPECT_TRUE(IsFromTheHeader(Reports()[0])) << Reports()[0].file;
 }
 
-TEST_F(JSONGetValueForKey, WhatIsNoObjectIsAnInvalidParameter)
+TEST_F(JSONGetValueForKey, ValueThatIsNotAnObjectIsAnInvalidParameter)
 {
     for (const json& source : {json(5), json(""), json("id"), json(true), json::array({1})}) {
-        ExpectNothingFrom(source, CoreErrorCodes::kInvalidParam);
+        ExpectFailure(source, CoreErrorCodes::kInvalidParam);
     }
 }
 
-TEST_F(JSONGetValueForKey, WhatIsNoObjectIsReportedAsAnError)
+TEST_F(JSONGetValueForKey, ValueThatIsNotAnObjectIsReportedAsAnError)
 {
     json value;
-    (void)GJSONUtils::GetValueForKey(json(5), "id", value);  // only the report counts
+    (void)GJSONUtils::GetValueForKey(json(5), "id", value);  // only the report is tested
     ExpectOneError(CoreErrorCodes::kInvalidParam, "!json.is_object()");
     EXPECT_TRUE(IsFromTheHeader(Reports()[0])) << Reports()[0].file;
 }
 
-TEST_F(JSONGetValueForKey, AbsentKeyIsNotFoundAndItsReportSilent)
+TEST_F(JSONGetValueForKey, AbsentKeyIsNotFoundAndNotLogged)
 {
-    ExpectNothingFrom(json{{"label", "x"}}, CoreErrorCodes::kNotFound);
+    ExpectFailure(json{{"label", "x"}}, CoreErrorCodes::kNotFound);
     EXPECT_TRUE(Reports().empty());
 }
 
-TEST_F(JSONGetValueForKey, TextThatIsOfAnotherTypeIsNotFoundAndReportedAsAnError)
+TEST_F(JSONGetValueForKey, MemberThatIsNotAStringIsNotFoundAndReportedAsAnError)
 {
     const std::vector<json> others = {json(5), json(), json(false), json::object(),
                                       json::array({"text"})};
     for (const json& other : others) {
         Reports().clear();
         std::string text = "before";
-        EXPECT_EQ(GJSONUtils::GetValueForKey(json{{"id", other}}, "id", text),
-                  CoreErrorCodes::kNotFound)
+        EXPECT_EQ(CoreErrorCodes::kNotFound,
+                  GJSONUtils::GetValueForKey(json{{"id", other}}, "id", text))
             << other;
-        EXPECT_EQ(text, "before") << other;
+        EXPECT_EQ("before", text) << other;
         ExpectOneError(CoreErrorCodes::kNotFound, "CoreErrorCodes::kNotFound");
         EXPECT_TRUE(IsFromTheHeader(Reports().at(0))) << other;
     }

@@ -4,21 +4,21 @@ namespace {
 
 class JSONParse : public JSONReports {};
 
-TEST_F(JSONParse, ReadsAText)
+TEST_F(JSONParse, ParsesAnObject)
 {
     json value = "before";
-    EXPECT_EQ(GJSONUtils::Parse(R"({"child":[{"id":"1"},2]})", value), CoreErrorCodes::kSuccess);
-    EXPECT_EQ(value["child"][0]["id"], "1");
-    EXPECT_EQ(value["child"][1], 2);
+    EXPECT_EQ(CoreErrorCodes::kSuccess, GJSONUtils::Parse(R"({"child":[{"id":"1"},2]})", value));
+    EXPECT_EQ("1", value["child"][0]["id"]);
+    EXPECT_EQ(2, value["child"][1]);
     EXPECT_TRUE(Reports().empty());
 }
 
-TEST_F(JSONParse, ReadsWhatIsNeitherObjectNorArray)
+TEST_F(JSONParse, ParsesScalarValues)
 {
     json value;
-    EXPECT_EQ(GJSONUtils::Parse("5", value), CoreErrorCodes::kSuccess);
-    EXPECT_EQ(value, 5);
-    EXPECT_EQ(GJSONUtils::Parse("null", value), CoreErrorCodes::kSuccess);
+    EXPECT_EQ(CoreErrorCodes::kSuccess, GJSONUtils::Parse("5", value));
+    EXPECT_EQ(5, value);
+    EXPECT_EQ(CoreErrorCodes::kSuccess, GJSONUtils::Parse("null", value));
     EXPECT_TRUE(value.is_null());
 }
 
@@ -31,18 +31,18 @@ void PrintTo(const Unreadable& row, std::ostream* out) { *out << row.text; }
 
 class JSONParseOfUnreadable : public JSONReports, public testing::WithParamInterface<Unreadable> {};
 
-TEST_P(JSONParseOfUnreadable, IsReportedAndKeepsTheValue)
+TEST_P(JSONParseOfUnreadable, ReportsAnErrorAndKeepsTheValue)
 {
     json value = {{"id", "before"}};
-    EXPECT_EQ(GJSONUtils::Parse(GetParam().text, value), CoreErrorCodes::kInvalidParam);
-    EXPECT_EQ(value, json({{"id", "before"}}));
+    EXPECT_EQ(CoreErrorCodes::kInvalidParam, GJSONUtils::Parse(GetParam().text, value));
+    EXPECT_EQ(json({{"id", "before"}}), value);
     ExpectOneError(CoreErrorCodes::kInvalidParam, "CoreErrorCodes::kInvalidParam");
-    EXPECT_NE(Reports()[0].file.find("core-agent/cpp-core/src/GJSONUtils."), std::string::npos)
+    EXPECT_NE(std::string::npos, Reports()[0].file.find("core-agent/cpp-core/src/GJSONUtils."))
         << Reports()[0].file;
 }
 
 INSTANTIATE_TEST_SUITE_P(Texts, JSONParseOfUnreadable,
-                         testing::Values(Unreadable{"Empty", ""}, Unreadable{"Blanks", "  \n"},
+                         testing::Values(Unreadable{"Empty", ""}, Unreadable{"WhiteSpace", "  \n"},
                                          Unreadable{"BlockComment", "/* none */ {}"},
                                          Unreadable{"LineComment", "{} // none"},
                                          Unreadable{"Unfinished", R"({"child":[)"},

@@ -11,9 +11,9 @@ using testing::IsEmpty;
 
 namespace {
 
-constexpr unsigned int kBusy = 0x0100100C;
+constexpr unsigned int kBusy = GLockable::kLockBusyErr;
 
-// Busy for so many tries, then with the result.
+// Busy for `busyTries` tries, then returns `result`.
 class ScriptedLockable : public GLockable {
 public:
     unsigned int Lock() override { return CoreErrorCodes::kNotImplemented; }
@@ -33,40 +33,40 @@ protected:
     const std::vector<unsigned int>& sleeps = ScriptedSystemCalls::Current().sleeps;
 };
 
-TEST_F(PollingLockable, FreeOneIsHadWithoutSleep)
+TEST_F(PollingLockable, FreeLockableIsLockedWithoutSleeping)
 {
-    EXPECT_EQ(lockable.TryLockWithTimeout(1000), 0U);
-    EXPECT_EQ(lockable.tries, 1);
+    EXPECT_EQ(CoreErrorCodes::kSuccess, lockable.TryLockWithTimeout(1000));
+    EXPECT_EQ(1, lockable.tries);
     EXPECT_THAT(sleeps, IsEmpty());
 }
 
-TEST_F(PollingLockable, NoTimeIsOneTry)
+TEST_F(PollingLockable, TimeoutOfZeroTriesOnce)
 {
     lockable.busyTries = 9;
-    EXPECT_EQ(lockable.TryLockWithTimeout(0), kBusy);
-    EXPECT_EQ(lockable.tries, 1);
+    EXPECT_EQ(kBusy, lockable.TryLockWithTimeout(0));
+    EXPECT_EQ(1, lockable.tries);
     EXPECT_THAT(sleeps, IsEmpty());
 }
 
 TEST_F(PollingLockable, SleepsFiftyMillisecondsAndTheRemainder)
 {
     lockable.busyTries = 99;
-    EXPECT_EQ(lockable.TryLockWithTimeout(120), kBusy);
+    EXPECT_EQ(kBusy, lockable.TryLockWithTimeout(120));
     EXPECT_THAT(sleeps, ElementsAre(50000U, 50000U, 20000U));
-    EXPECT_EQ(lockable.tries, 3);
+    EXPECT_EQ(3, lockable.tries);
 }
 
 TEST_F(PollingLockable, NoTryFollowsTheLastSleep)
 {
     lockable.busyTries = 2;
-    EXPECT_EQ(lockable.TryLockWithTimeout(100), kBusy);
-    EXPECT_EQ(lockable.tries, 2);
+    EXPECT_EQ(kBusy, lockable.TryLockWithTimeout(100));
+    EXPECT_EQ(2, lockable.tries);
 }
 
-TEST_F(PollingLockable, StopsWhenItIsFree)
+TEST_F(PollingLockable, StopsWhenTheLockIsFree)
 {
     lockable.busyTries = 2;
-    EXPECT_EQ(lockable.TryLockWithTimeout(1000), 0U);
+    EXPECT_EQ(CoreErrorCodes::kSuccess, lockable.TryLockWithTimeout(1000));
     EXPECT_THAT(sleeps, ElementsAre(50000U, 50000U));
 }
 
@@ -74,14 +74,14 @@ TEST_F(PollingLockable, StopsAtAnotherError)
 {
     lockable.busyTries = 1;
     lockable.result = CoreErrorCodes::kError;
-    EXPECT_EQ(lockable.TryLockWithTimeout(1000), CoreErrorCodes::kError);
+    EXPECT_EQ(CoreErrorCodes::kError, lockable.TryLockWithTimeout(1000));
     EXPECT_THAT(sleeps, ElementsAre(50000U));
 }
 
-TEST_F(PollingLockable, ShortTimeIsOneShortSleep)
+TEST_F(PollingLockable, ShortTimeoutSleepsOnce)
 {
     lockable.busyTries = 9;
-    EXPECT_EQ(lockable.TryLockWithTimeout(7), kBusy);
+    EXPECT_EQ(kBusy, lockable.TryLockWithTimeout(7));
     EXPECT_THAT(sleeps, ElementsAre(7000U));
 }
 

@@ -6,95 +6,97 @@
 
 namespace {
 
-constexpr unsigned int kBusy = 0x0100100C;
-constexpr unsigned int kDeadlock = 0x0100100B;
-constexpr unsigned int kForEver = 0xFFFFFFFF;
+constexpr unsigned int kBusy = GLockable::kLockBusyErr;
+constexpr unsigned int kDeadlock = GMutex::kMutexDeadlockErr;
+constexpr unsigned int kWithoutLimit = 0xFFFFFFFF;
 
 static_assert(!std::is_copy_constructible_v<GMutex> && !std::is_copy_assignable_v<GMutex>);
 static_assert(!std::is_convertible_v<GMutex*, GNoncopyable*>, "the base isn't public");
 
-// What another thread gets from the operation.
+// Runs the operation on another thread and returns its result.
 template <class Operation>
 unsigned int FromAnotherThread(Operation operation)
 {
     return std::async(std::launch::async, operation).get();
 }
 
-TEST(Mutex, IsLockedAndUnlockedAgainAndAgain)
+TEST(Mutex, CanBeLockedAndUnlockedRepeatedly)
 {
     GMutex mutex;
     for (int round = 0; round < 3; ++round) {
-        EXPECT_EQ(mutex.Lock(), 0U);
-        EXPECT_EQ(mutex.Unlock(), 0U);
+        EXPECT_EQ(CoreErrorCodes::kSuccess, mutex.Lock());
+        EXPECT_EQ(CoreErrorCodes::kSuccess, mutex.Unlock());
     }
-    EXPECT_EQ(FromAnotherThread([&] { return mutex.TryLock() | mutex.Unlock(); }), 0U);
+    EXPECT_EQ(CoreErrorCodes::kSuccess,
+              FromAnotherThread([&] { return mutex.TryLock() | mutex.Unlock(); }));
 }
 
-TEST(Mutex, FreeOneIsHadInEveryWay)
+TEST(Mutex, FreeMutexIsLockedByEveryOperation)
 {
     GMutex mutex;
-    for (const unsigned int milliseconds : {0U, 1U, 10U, kForEver}) {
-        EXPECT_EQ(mutex.TryLockWithTimeout(milliseconds), 0U);
-        EXPECT_EQ(mutex.Unlock(), 0U);
+    for (const unsigned int milliseconds : {0U, 1U, 10U, kWithoutLimit}) {
+        EXPECT_EQ(CoreErrorCodes::kSuccess, mutex.TryLockWithTimeout(milliseconds));
+        EXPECT_EQ(CoreErrorCodes::kSuccess, mutex.Unlock());
     }
-    EXPECT_EQ(mutex.TryLock(), 0U);
-    EXPECT_EQ(mutex.Unlock(), 0U);
+    EXPECT_EQ(CoreErrorCodes::kSuccess, mutex.TryLock());
+    EXPECT_EQ(CoreErrorCodes::kSuccess, mutex.Unlock());
 }
 
-TEST(Mutex, HeldElsewhereIsBusyForTryLock)
+TEST(Mutex, TryLockIsBusyIfAnotherThreadHoldsIt)
 {
     GMutex mutex;
     const HeldElsewhere holder(mutex);
-    EXPECT_EQ(mutex.TryLock(), kBusy);
-    EXPECT_EQ(mutex.TryLockWithTimeout(0), kBusy);
+    EXPECT_EQ(kBusy, mutex.TryLock());
+    EXPECT_EQ(kBusy, mutex.TryLockWithTimeout(0));
 }
 
-TEST(Mutex, HeldElsewhereIsBusyWhenTheTimeIsOver)
+TEST(Mutex, TimeoutIsBusyIfAnotherThreadHoldsIt)
 {
     GMutex mutex;
     const HeldElsewhere holder(mutex);
-    EXPECT_EQ(mutex.TryLockWithTimeout(10), kBusy);
+    EXPECT_EQ(kBusy, mutex.TryLockWithTimeout(10));
 }
 
 TEST(Mutex, SecondLockByTheOwnerFailsAtOnce)
 {
     GMutex mutex;
-    ASSERT_EQ(mutex.Lock(), 0U);
-    EXPECT_EQ(mutex.Lock(), kDeadlock);
-    EXPECT_EQ(mutex.TryLock(), kDeadlock);
-    EXPECT_EQ(mutex.TryLockWithTimeout(1000000), kDeadlock);
-    EXPECT_EQ(mutex.TryLockWithTimeout(kForEver), kDeadlock);
-    EXPECT_EQ(mutex.Unlock(), 0U);
+    ASSERT_EQ(CoreErrorCodes::kSuccess, mutex.Lock());
+    EXPECT_EQ(kDeadlock, mutex.Lock());
+    EXPECT_EQ(kDeadlock, mutex.TryLock());
+    EXPECT_EQ(kDeadlock, mutex.TryLockWithTimeout(1000000));
+    EXPECT_EQ(kDeadlock, mutex.TryLockWithTimeout(kWithoutLimit));
+    EXPECT_EQ(CoreErrorCodes::kSuccess, mutex.Unlock());
 }
 
 TEST(Mutex, FailedSecondLockIsNotCounted)
 {
     GMutex mutex;
-    ASSERT_EQ(mutex.Lock(), 0U);
-    ASSERT_EQ(mutex.Lock(), kDeadlock);
-    EXPECT_EQ(FromAnotherThread([&] { return mutex.TryLock(); }), kBusy);
-    EXPECT_EQ(mutex.Unlock(), 0U);
-    EXPECT_EQ(FromAnotherThread([&] { return mutex.TryLock() | mutex.Unlock(); }), 0U);
+    ASSERT_EQ(CoreErrorCodes::kSuccess, mutex.Lock());
+    ASSERT_EQ(kDeadlock, mutex.Lock());
+    EXPECT_EQ(kBusy, FromAnotherThread([&] { return mutex.TryLock(); }));
+    EXPECT_EQ(CoreErrorCodes::kSuccess, mutex.Unlock());
+    EXPECT_EQ(CoreErrorCodes::kSuccess,
+              FromAnotherThread([&] { return mutex.TryLock() | mutex.Unlock(); }));
 }
 
-TEST(Mutex, UnlockOfAFreeOneFails)
+TEST(Mutex, UnlockOfAFreeMutexFails)
 {
     GMutex mutex;
-    EXPECT_EQ(mutex.Unlock(), kDeadlock);
-    EXPECT_EQ(mutex.Lock(), 0U);
-    EXPECT_EQ(mutex.Unlock(), 0U);
-    EXPECT_EQ(mutex.Unlock(), kDeadlock);
+    EXPECT_EQ(kDeadlock, mutex.Unlock());
+    EXPECT_EQ(CoreErrorCodes::kSuccess, mutex.Lock());
+    EXPECT_EQ(CoreErrorCodes::kSuccess, mutex.Unlock());
+    EXPECT_EQ(kDeadlock, mutex.Unlock());
 }
 
 TEST(Mutex, UnlockByAnotherThreadFailsAndChangesNothing)
 {
     GMutex mutex;
     const HeldElsewhere holder(mutex);
-    EXPECT_EQ(mutex.Unlock(), kDeadlock);
-    EXPECT_EQ(mutex.TryLock(), kBusy);
+    EXPECT_EQ(kDeadlock, mutex.Unlock());
+    EXPECT_EQ(kBusy, mutex.TryLock());
 }
 
-TEST(Mutex, WaiterGetsItWhenItIsReleased)
+TEST(Mutex, WaitingThreadLocksItWhenItIsReleased)
 {
     GMutex mutex;
     HeldElsewhere holder(mutex);
@@ -103,10 +105,10 @@ TEST(Mutex, WaiterGetsItWhenItIsReleased)
         return result | mutex.Unlock();
     });
     holder.Release();
-    EXPECT_EQ(waiter.get(), 0U);
+    EXPECT_EQ(CoreErrorCodes::kSuccess, waiter.get());
 }
 
-TEST(Mutex, WaiterWithALongTimeoutGetsItWhenItIsReleased)
+TEST(Mutex, WaitingThreadWithATimeoutLocksItWhenItIsReleased)
 {
     GMutex mutex;
     HeldElsewhere holder(mutex);
@@ -115,7 +117,7 @@ TEST(Mutex, WaiterWithALongTimeoutGetsItWhenItIsReleased)
         return result | mutex.Unlock();
     });
     holder.Release();
-    EXPECT_EQ(waiter.get(), 0U);
+    EXPECT_EQ(CoreErrorCodes::kSuccess, waiter.get());
 }
 
 }  // namespace

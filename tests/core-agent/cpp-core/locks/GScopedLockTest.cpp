@@ -60,7 +60,7 @@ TEST_F(ScopedLock, HoldsForItsScopeAndDeletesTheStrategyLast)
     EXPECT_THAT(script.calls, ElementsAre("lock", "unlock", "delete"));
 }
 
-TEST_F(ScopedLock, WaitsForTheFirstLockIfAsked)
+TEST_F(ScopedLock, DoesNotLockInTheConstructorIfNotAsked)
 {
     GScopedLock lock(mutex, false, new ScriptedStrategy(script));
     EXPECT_FALSE(lock.IsLocked());
@@ -69,7 +69,7 @@ TEST_F(ScopedLock, WaitsForTheFirstLockIfAsked)
     EXPECT_TRUE(lock.IsLocked());
 }
 
-TEST_F(ScopedLock, UnlockedOneMakesNoCallAtItsEnd)
+TEST_F(ScopedLock, DestructorDoesNotUnlockAnUnlockedOne)
 {
     {
         const GScopedLock lock(mutex, false, new ScriptedStrategy(script));
@@ -87,7 +87,7 @@ TEST_F(ScopedLock, LocksAndUnlocksOnce)
     EXPECT_THAT(script.calls, ElementsAre("lock", "unlock"));
 }
 
-TEST_F(ScopedLock, FailedLockIsNotHeldAndMayBeTriedAgain)
+TEST_F(ScopedLock, FailedLockIsNotHeldAndCanBeTriedAgain)
 {
     script.lockResult = GLockable::kLockBusyErr;
     GScopedLock lock(mutex, true, new ScriptedStrategy(script));
@@ -98,7 +98,7 @@ TEST_F(ScopedLock, FailedLockIsNotHeldAndMayBeTriedAgain)
     EXPECT_THAT(script.calls, ElementsAre("lock", "lock", "lock"));
 }
 
-TEST_F(ScopedLock, FailedUnlockStaysLockedAndIsTriedAgainAtTheEnd)
+TEST_F(ScopedLock, FailedUnlockIsTriedAgainByTheDestructor)
 {
     {
         GScopedLock lock(mutex, true, new ScriptedStrategy(script));
@@ -109,7 +109,7 @@ TEST_F(ScopedLock, FailedUnlockStaysLockedAndIsTriedAgainAtTheEnd)
     EXPECT_THAT(script.calls, ElementsAre("lock", "unlock", "unlock", "delete"));
 }
 
-TEST_F(ScopedLock, WithoutAStrategyItBlocks)
+TEST_F(ScopedLock, NullStrategyBlocks)
 {
     HeldElsewhere holder(mutex);
     std::future<bool> isLocked = std::async(std::launch::async, [this] {
@@ -120,7 +120,7 @@ TEST_F(ScopedLock, WithoutAStrategyItBlocks)
     EXPECT_TRUE(isLocked.get());
 }
 
-TEST_F(ScopedLock, InnerOneOfTheSameThreadIsNotLockedAndTheOuterStays)
+TEST_F(ScopedLock, InnerLockOfTheSameThreadFailsAndTheOuterRemains)
 {
     const GScopedLock outer(mutex, true, new GBlockingLockStrategy);
     {
@@ -129,26 +129,26 @@ TEST_F(ScopedLock, InnerOneOfTheSameThreadIsNotLockedAndTheOuterStays)
     }
     EXPECT_TRUE(outer.IsLocked());
     auto tried = std::async(std::launch::async, [this] { return mutex.TryLock(); });
-    EXPECT_EQ(tried.get(), GLockable::kLockBusyErr);
+    EXPECT_EQ(GLockable::kLockBusyErr, tried.get());
 }
 
-TEST_F(ScopedLock, ReleasesTheMutexAtItsEnd)
+TEST_F(ScopedLock, ReleasesTheMutexInItsDestructor)
 {
     {
         const GScopedLock lock(mutex, true, new GBlockingLockStrategy);
     }
-    EXPECT_EQ(mutex.TryLock(), 0U);
-    EXPECT_EQ(mutex.Unlock(), 0U);
+    EXPECT_EQ(CoreErrorCodes::kSuccess, mutex.TryLock());
+    EXPECT_EQ(CoreErrorCodes::kSuccess, mutex.Unlock());
 }
 
-TEST(LockStrategy, BlockingOneCallsLockAndUnlock)
+TEST(LockStrategy, BlockingStrategyCallsLockAndUnlock)
 {
     GMutex mutex;
     GBlockingLockStrategy strategy;
-    EXPECT_EQ(strategy.Lock(mutex), 0U);
-    EXPECT_EQ(strategy.Lock(mutex), GMutex::kMutexDeadlockErr);
-    EXPECT_EQ(strategy.Unlock(mutex), 0U);
-    EXPECT_EQ(strategy.Unlock(mutex), GMutex::kMutexDeadlockErr);
+    EXPECT_EQ(CoreErrorCodes::kSuccess, strategy.Lock(mutex));
+    EXPECT_EQ(GMutex::kMutexDeadlockErr, strategy.Lock(mutex));
+    EXPECT_EQ(CoreErrorCodes::kSuccess, strategy.Unlock(mutex));
+    EXPECT_EQ(GMutex::kMutexDeadlockErr, strategy.Unlock(mutex));
 }
 
 }  // namespace

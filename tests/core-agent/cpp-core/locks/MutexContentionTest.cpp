@@ -14,7 +14,8 @@ namespace {
 constexpr int kThreads = 300;
 constexpr int kRounds = 50;
 
-// What only the lock protects; the unlocked steps between make it likely that a fault shows.
+// A counter that only the mutex protects. Add yields between reading and writing, so that a fault
+// of the mutex is likely to show.
 struct Counter {
     GMutex mutex;
     long value = 0;
@@ -31,7 +32,7 @@ struct Counter {
     }
 };
 
-TEST(MutexContention, HundredsOfThreadsNeverMeet)
+TEST(MutexContention, HundredsOfThreadsExcludeEachOther)
 {
     Counter counter;
     std::atomic<int> failures{0};
@@ -42,15 +43,15 @@ TEST(MutexContention, HundredsOfThreadsNeverMeet)
             if (counter.mutex.Unlock() != 0) ++failures;
         }
     });
-    EXPECT_EQ(failures, 0);
-    EXPECT_EQ(counter.meetings, 0);
-    EXPECT_EQ(counter.value, long(kThreads) * kRounds);
-    EXPECT_EQ(counter.mutex.TryLock(), 0U);
-    EXPECT_EQ(counter.mutex.Unlock(), 0U);
+    EXPECT_EQ(0, failures);
+    EXPECT_EQ(0, counter.meetings);
+    EXPECT_EQ(long(kThreads) * kRounds, counter.value);
+    EXPECT_EQ(CoreErrorCodes::kSuccess, counter.mutex.TryLock());
+    EXPECT_EQ(CoreErrorCodes::kSuccess, counter.mutex.Unlock());
 }
 
-// Waiters of all three kinds share the one signal of each unlock.
-TEST(MutexContention, EveryWayOfLockingExcludesTheOthers)
+// Each unlock signals one waiting thread, of whichever kind.
+TEST(MutexContention, AllLockOperationsExcludeEachOther)
 {
     Counter counter;
     std::atomic<long> locked{0};
@@ -67,13 +68,13 @@ TEST(MutexContention, EveryWayOfLockingExcludesTheOthers)
             if (counter.mutex.Unlock() != 0) ++wrongCodes;
         }
     });
-    EXPECT_EQ(wrongCodes, 0);
-    EXPECT_EQ(counter.meetings, 0);
+    EXPECT_EQ(0, wrongCodes);
+    EXPECT_EQ(0, counter.meetings);
     EXPECT_EQ(counter.value, locked);
     EXPECT_GE(locked, long(kThreads) / 3 * kRounds);
 }
 
-TEST(MutexContention, ScopedLocksGiveTheSame)
+TEST(MutexContention, ScopedLocksExcludeEachOther)
 {
     Counter counter;
     std::atomic<int> failures{0};
@@ -84,25 +85,25 @@ TEST(MutexContention, ScopedLocksGiveTheSame)
             counter.Add();
         }
     });
-    EXPECT_EQ(failures, 0);
-    EXPECT_EQ(counter.meetings, 0);
-    EXPECT_EQ(counter.value, long(kThreads) * kRounds);
+    EXPECT_EQ(0, failures);
+    EXPECT_EQ(0, counter.meetings);
+    EXPECT_EQ(long(kThreads) * kRounds, counter.value);
 }
 
-TEST(MutexContention, NobodyUnlocksWhatAnotherHolds)
+TEST(MutexContention, ThreadsCannotUnlockWhatAnotherHolds)
 {
     GMutex mutex;
-    std::atomic<int> robberies{0};
+    std::atomic<int> wrongCodes{0};
     InThreads(kThreads, [&](int index) {
         for (int round = 0; round < kRounds; ++round) {
             if (index % 2 == 0) {
-                if (mutex.Unlock() != GMutex::kMutexDeadlockErr) ++robberies;
+                if (mutex.Unlock() != GMutex::kMutexDeadlockErr) ++wrongCodes;
                 continue;
             }
-            if (mutex.Lock() != 0 || mutex.Unlock() != 0) ++robberies;
+            if (mutex.Lock() != 0 || mutex.Unlock() != 0) ++wrongCodes;
         }
     });
-    EXPECT_EQ(robberies, 0);
+    EXPECT_EQ(0, wrongCodes);
 }
 
 }  // namespace

@@ -27,8 +27,8 @@ protected:
     }
     static void ExpectTime(const timespec& time, time_t seconds, long nanoseconds)
     {
-        EXPECT_EQ(time.tv_sec, seconds);
-        EXPECT_EQ(time.tv_nsec, nanoseconds);
+        EXPECT_EQ(seconds, time.tv_sec);
+        EXPECT_EQ(nanoseconds, time.tv_nsec);
     }
 
     ScriptedSystemCalls& script = ScriptedSystemCalls::Current();
@@ -39,7 +39,7 @@ TEST_F(SystemHelpers, FutureTimeCarriesIntoTheSeconds)
     ExpectTime(After(1500, 1000, 600000), 1002, 100000000);
 }
 
-TEST_F(SystemHelpers, FutureTimeWithinTheSecond)
+TEST_F(SystemHelpers, FutureTimeWithinTheSecondHasNoCarry)
 {
     ExpectTime(After(0, 1000, 600000), 1000, 600000000);
     ExpectTime(After(399, 1000, 600000), 1000, 999000000);
@@ -51,7 +51,7 @@ TEST_F(SystemHelpers, FutureTimeOfAWholeSecondCarries)
     ExpectTime(After(400, 1000, 600000), 1001, 0);
 }
 
-TEST_F(SystemHelpers, FutureTimeOfTheLongestWait)
+TEST_F(SystemHelpers, FutureTimeOfTheLongestWaitDoesNotOverflow)
 {
     ExpectTime(After(0xFFFFFFFE, 1000, 0), 1000 + 4294967, 294000000);
 }
@@ -70,24 +70,24 @@ TEST_F(SystemHelpers, LongSleepWraps)
     EXPECT_THAT(script.sleeps, ElementsAre(704U));
 }
 
-TEST_F(SystemHelpers, SystemIsTheOneOfPosixPaths)
+TEST_F(SystemHelpers, SystemHasPosixPathsAndCallsThemMacOSX)
 {
-    EXPECT_EQ(GSystem::OSGetSystem(), 0);
+    EXPECT_EQ(0, GSystem::OSGetSystem());
     EXPECT_TRUE(GSystem::IsMacOSX());
     EXPECT_FALSE(GSystem::IsWindows());
 }
 
-TEST_F(SystemHelpers, NoThreadEqualsOnlyNoThread)
+TEST_F(SystemHelpers, NullIdentityEqualsOnlyNull)
 {
     EXPECT_TRUE(GThread::AreThreadsEqual(nullptr, nullptr));
     EXPECT_FALSE(GThread::AreThreadsEqual(nullptr, GThread::GetCurrentThread()));
     EXPECT_FALSE(GThread::AreThreadsEqual(GThread::GetCurrentThread(), nullptr));
 }
 
-TEST_F(SystemHelpers, ThreadEqualsItselfAndNoOther)
+TEST_F(SystemHelpers, ThreadEqualsOnlyItself)
 {
     void* const own = GThread::GetCurrentThread();
-    EXPECT_NE(own, nullptr);
+    EXPECT_NE(nullptr, own);
     EXPECT_TRUE(GThread::AreThreadsEqual(own, GThread::GetCurrentThread()));
     bool isEqual = true;
     std::thread([&] {
@@ -96,7 +96,7 @@ TEST_F(SystemHelpers, ThreadEqualsItselfAndNoOther)
     EXPECT_FALSE(isEqual);
 }
 
-TEST_F(SystemHelpers, IdentityIsThePthread)
+TEST_F(SystemHelpers, IdentityHoldsThePthread)
 {
     EXPECT_EQ(GThread::OSGetCurrentThread(), GThread::GetCurrentThread());
     EXPECT_TRUE(pthread_equal(GThread::OSGetPthreadFromOSData(GThread::GetCurrentThread()),

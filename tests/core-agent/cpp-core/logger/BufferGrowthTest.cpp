@@ -18,7 +18,7 @@ std::vector<std::size_t> gSizes;
 
 }  // namespace
 
-// The program's own calls of vsnprintf are led here by the linker.
+// The linker replaces the program's calls of vsnprintf by calls of this function (--wrap).
 extern "C" int __real_vsnprintf(char* buffer, std::size_t size, const char* format, va_list args);
 extern "C" int __wrap_vsnprintf(char* buffer, std::size_t size, const char* format, va_list args)
 {
@@ -28,10 +28,10 @@ extern "C" int __wrap_vsnprintf(char* buffer, std::size_t size, const char* form
 
 namespace {
 
-// The buffer is kept from line to line, so each test has a process of its own.
+// The buffer is a static that never shrinks, so each test runs in a process of its own.
 class BufferGrowth : public LoggerFixture {
 protected:
-    // The sizes of the buffer at each format of a text of so many characters.
+    // Logs a text of `length` characters and returns the buffer's size at each call of vsnprintf.
     std::vector<std::size_t> SizesFor(std::size_t length)
     {
         const std::string prefix = "[x]\t[Error]\t";
@@ -49,7 +49,7 @@ TEST_F(BufferGrowth, TextThatFitsIsFormattedOnce)
     InFreshProcess([this] { EXPECT_THAT(SizesFor(255), ElementsAre(256U)); });
 }
 
-TEST_F(BufferGrowth, OneCharacterMoreTakesTheNextStep)
+TEST_F(BufferGrowth, TextOfOneCharacterMoreGrowsTheBufferByOneStep)
 {
     InFreshProcess([this] {
         EXPECT_THAT(SizesFor(256), ElementsAre(256U, 512U));
@@ -57,12 +57,12 @@ TEST_F(BufferGrowth, OneCharacterMoreTakesTheNextStep)
     });
 }
 
-TEST_F(BufferGrowth, EndOfAStepTakesOneMore)
+TEST_F(BufferGrowth, TextThatEndsAtAStepGrowsTheBufferByTwoSteps)
 {
     InFreshProcess([this] { EXPECT_THAT(SizesFor(511), ElementsAre(256U, 768U)); });
 }
 
-TEST_F(BufferGrowth, NeverShrinks)
+TEST_F(BufferGrowth, BufferNeverShrinks)
 {
     InFreshProcess([this] {
         EXPECT_THAT(SizesFor(5000), ElementsAre(256U, 5120U));

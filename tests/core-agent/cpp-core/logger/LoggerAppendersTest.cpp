@@ -10,7 +10,7 @@ namespace {
 
 class LoggerAppenders : public LoggerFixture {};
 
-TEST_F(LoggerAppenders, EachGetsTheSameLineInTheOrderOfTheKeys)
+TEST_F(LoggerAppenders, AppendersAreCalledWithTheSameLineInTheOrderOfTheirKeys)
 {
     std::vector<std::string> order;
     AppenderRecord first, second, third;
@@ -26,7 +26,7 @@ TEST_F(LoggerAppenders, EachGetsTheSameLineInTheOrderOfTheKeys)
     EXPECT_EQ(first.lines, third.lines);
 }
 
-TEST_F(LoggerAppenders, SecondOneOfAKeyReplacesTheFirst)
+TEST_F(LoggerAppenders, SecondAppenderOfAKeyReplacesTheFirst)
 {
     AppenderRecord other;
     logger.AddAppender("recording", new ScriptedAppender(other));
@@ -55,7 +55,7 @@ TEST_F(LoggerAppenders, AreDeletedWithTheLogger)
     EXPECT_TRUE(other.isDeleted);
 }
 
-TEST_F(LoggerAppenders, NullOneIsPassedOver)
+TEST_F(LoggerAppenders, NullAppenderIsSkipped)
 {
     logger.AddAppender("a", nullptr);
     logger.LogError("x", "text");
@@ -63,7 +63,7 @@ TEST_F(LoggerAppenders, NullOneIsPassedOver)
     logger.RemoveAllAppenders();
 }
 
-TEST_F(LoggerAppenders, WhatOneLogsItselfIsDropped)
+TEST_F(LoggerAppenders, LinesThatAnAppenderLogsAreDropped)
 {
     record.onAppend = [this] {
         logger.LogError("x", "inner");
@@ -82,7 +82,7 @@ TEST_F(LoggerAppenders, LinesAfterADroppedOneAreWritten)
     EXPECT_THAT(record.lines, SizeIs(2));
 }
 
-TEST_F(LoggerAppenders, NoneIsAddedOrRemovedByOneThatIsWriting)
+TEST_F(LoggerAppenders, AppenderThatIsWritingCannotAddOrRemoveAppenders)
 {
     AppenderRecord other;
     record.onAppend = [&] {
@@ -97,7 +97,7 @@ TEST_F(LoggerAppenders, NoneIsAddedOrRemovedByOneThatIsWriting)
     EXPECT_THAT(record.lines, SizeIs(2));
 }
 
-TEST_F(LoggerAppenders, OneMayChangeLevelsWhileItWrites)
+TEST_F(LoggerAppenders, AppenderThatIsWritingCanChangeLevels)
 {
     record.onAppend = [this] { logger.SetLoggingLevelForIdentifier("x", kNone); };
     logger.LogError("x", "first");
@@ -105,41 +105,41 @@ TEST_F(LoggerAppenders, OneMayChangeLevelsWhileItWrites)
     EXPECT_THAT(record.lines, SizeIs(1));
 }
 
-// An appender whose end leads to a log call finds the appenders' lock held by its own thread.
-class LoggingAtItsEnd : public GLogAppender {
+// Logs in its destructor, while its own thread holds the appenders' lock.
+class LoggingInDestructor : public GLogAppender {
 public:
-    explicit LoggingAtItsEnd(GLogger& logger) : mLogger(logger) {}
-    ~LoggingAtItsEnd() override { mLogger.LogError("x", "at the end"); }
+    explicit LoggingInDestructor(GLogger& logger) : mLogger(logger) {}
+    ~LoggingInDestructor() override { mLogger.LogError("x", "in the destructor"); }
     void Append(std::string) override {}
 
 private:
     GLogger& mLogger;
 };
 
-TEST_F(LoggerAppenders, WhatOneLogsAtItsEndIsDropped)
+TEST_F(LoggerAppenders, LinesThatAnAppenderLogsInItsDestructorAreDropped)
 {
-    logger.AddAppender("a", new LoggingAtItsEnd(logger));
+    logger.AddAppender("a", new LoggingInDestructor(logger));
     logger.RemoveAllAppenders();
     EXPECT_THAT(record.lines, SizeIs(0));
 }
 
-// The failed lock is then a line of its own, which must not be reported for ever.
-TEST_F(LoggerAppenders, WhatOneLogsAtItsEndIsDroppedAtTheLevelOfDebuggingToo)
+// At debug level, the failed lock is reported too, which must not recurse endlessly.
+TEST_F(LoggerAppenders, LogCallInADestructorReturnsAtDebugLevelToo)
 {
     GLogger& shared = *GLogger::GetSharedInstance();
     shared.SetLoggingLevelForIdentifier("default", kDebug);
-    shared.AddAppender("a", new LoggingAtItsEnd(shared));
+    shared.AddAppender("a", new LoggingInDestructor(shared));
     shared.RemoveAllAppenders();
     shared.ResetAllLoggingLevels();
-    EXPECT_EQ(shared.GetLoggingLevelForIdentifier("x"), kWarning);
+    EXPECT_EQ(kWarning, shared.GetLoggingLevelForIdentifier("x"));
 }
 
-TEST(SharedLogger, IsOne)
+TEST(SharedLogger, IsTheSameObjectForEveryCall)
 {
     GLogger* const logger = GLogger::GetSharedInstance();
-    ASSERT_NE(logger, nullptr);
-    EXPECT_EQ(GLogger::GetSharedInstance(), logger);
-    EXPECT_EQ(logger->GetLoggingLevelForIdentifier("anything"), kWarning);
+    ASSERT_NE(nullptr, logger);
+    EXPECT_EQ(logger, GLogger::GetSharedInstance());
+    EXPECT_EQ(kWarning, logger->GetLoggingLevelForIdentifier("anything"));
 }
 
 }  // namespace

@@ -16,10 +16,10 @@ inline constexpr GLogger::LoggingLevel kWarning = GLogger::LoggingLevel(2);
 inline constexpr GLogger::LoggingLevel kInfo = GLogger::LoggingLevel(3);
 inline constexpr GLogger::LoggingLevel kDebug = GLogger::LoggingLevel(4);
 
-// What becomes of an appender; outlives it.
+// What happens to an appender. Must outlive it.
 struct AppenderRecord {
     std::vector<std::string> lines;
-    std::vector<std::string>* order = nullptr;  // gets the appender's name at each line
+    std::vector<std::string>* order = nullptr;  // receives the appender's name at each line
     bool isDeleted = false;
     std::function<void()> onAppend;
 };
@@ -43,12 +43,12 @@ private:
     std::string mName;
 };
 
-// A logger of the test's own with one appender.
+// A logger with one appender, for one test.
 class LoggerFixture : public testing::Test {
 protected:
     LoggerFixture() { logger.AddAppender("recording", new ScriptedAppender(record)); }
 
-    // The lines without their time, which stands in brackets in front of the first tab.
+    // The lines without their time, which is in brackets before the first tab.
     std::vector<std::string> LinesWithoutTime() const
     {
         std::vector<std::string> lines;
@@ -56,6 +56,6 @@ protected:
         return lines;
     }
 
-    AppenderRecord record;  // outlives the logger
+    AppenderRecord record;  // declared first, because it must outlive the logger
     GLogger logger;
 };

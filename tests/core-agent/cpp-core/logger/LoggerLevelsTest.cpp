@@ -10,7 +10,7 @@ static_assert(std::is_same_v<std::underlying_type_t<GLogger::LoggingLevel>, int>
 
 class LoggerLevels : public LoggerFixture {};
 
-TEST_F(LoggerLevels, DefaultLetsErrorsAndWarningsPass)
+TEST_F(LoggerLevels, DefaultPassesErrorsAndWarnings)
 {
     EXPECT_TRUE(logger.ShouldLog("anything", kError));
     EXPECT_TRUE(logger.ShouldLog("anything", kWarning));
@@ -25,16 +25,16 @@ TEST_F(LoggerLevels, NoneAndUnknownNeverPass)
     EXPECT_FALSE(logger.ShouldLog("anything", kUnknown));
 }
 
-TEST_F(LoggerLevels, IdentifierOfItsOwnLevel)
+TEST_F(LoggerLevels, IdentifierMayHaveALevelOfItsOwn)
 {
     logger.SetLoggingLevelForIdentifier("Lockable", kDebug);
-    EXPECT_EQ(logger.GetLoggingLevelForIdentifier("Lockable"), kDebug);
-    EXPECT_EQ(logger.GetLoggingLevelForIdentifier("LOCKABLE"), kDebug);
+    EXPECT_EQ(kDebug, logger.GetLoggingLevelForIdentifier("Lockable"));
+    EXPECT_EQ(kDebug, logger.GetLoggingLevelForIdentifier("LOCKABLE"));
     EXPECT_TRUE(logger.ShouldLog("lockable", kDebug));
-    EXPECT_EQ(logger.GetLoggingLevelForIdentifier("Lockables"), kWarning);
+    EXPECT_EQ(kWarning, logger.GetLoggingLevelForIdentifier("Lockables"));
 }
 
-TEST_F(LoggerLevels, IdentifierThatIsOffStaysOff)
+TEST_F(LoggerLevels, IdentifierThatIsOffIgnoresTheDefault)
 {
     for (const GLogger::LoggingLevel level : {kNone, kUnknown}) {
         logger.SetLoggingLevelForIdentifier("FileSystem", level);
@@ -43,48 +43,48 @@ TEST_F(LoggerLevels, IdentifierThatIsOffStaysOff)
     }
 }
 
-TEST_F(LoggerLevels, LevelOfAnErrorLetsNoWarningPass)
+TEST_F(LoggerLevels, ErrorLevelRefusesWarnings)
 {
     logger.SetLoggingLevelForIdentifier("x", kError);
     EXPECT_TRUE(logger.ShouldLog("x", kError));
     EXPECT_FALSE(logger.ShouldLog("x", kWarning));
 }
 
-TEST_F(LoggerLevels, DefaultIdentifierIsFoundInAnyCase)
+TEST_F(LoggerLevels, DefaultIdentifierIsCaseInsensitive)
 {
-    EXPECT_EQ(logger.GetLoggingLevelForIdentifier("DEFAULT"), kWarning);
-    EXPECT_EQ(logger.GetLoggingLevelForIdentifier("Default"), kWarning);
-    EXPECT_EQ(logger.GetDefaultLoggingIdentifier(), "default");
+    EXPECT_EQ(kWarning, logger.GetLoggingLevelForIdentifier("DEFAULT"));
+    EXPECT_EQ(kWarning, logger.GetLoggingLevelForIdentifier("Default"));
+    EXPECT_EQ("default", logger.GetDefaultLoggingIdentifier());
     EXPECT_EQ(&logger.GetDefaultLoggingIdentifier(), &logger.GetDefaultLoggingIdentifier());
 }
 
 TEST_F(LoggerLevels, UnknownDefaultSilencesEveryIdentifierWithoutALevel)
 {
     logger.SetLoggingLevelForIdentifier("default", kUnknown);
-    EXPECT_EQ(logger.GetLoggingLevelForIdentifier("anything"), kUnknown);
-    EXPECT_EQ(logger.GetLoggingLevelForIdentifier("default"), kUnknown);
+    EXPECT_EQ(kUnknown, logger.GetLoggingLevelForIdentifier("anything"));
+    EXPECT_EQ(kUnknown, logger.GetLoggingLevelForIdentifier("default"));
     logger.LogError("anything", "text");
     EXPECT_TRUE(record.lines.empty());
 }
 
-TEST_F(LoggerLevels, ResetForgetsAllButTheDefault)
+TEST_F(LoggerLevels, ResetRestoresTheDefaultLevelOnly)
 {
     logger.SetLoggingLevelForIdentifier("x", kDebug);
     logger.SetLoggingLevelForIdentifier("default", kNone);
     logger.ResetAllLoggingLevels();
-    EXPECT_EQ(logger.GetLoggingLevelForIdentifier("x"), kWarning);
-    EXPECT_EQ(logger.GetLoggingLevelForIdentifier("default"), kWarning);
+    EXPECT_EQ(kWarning, logger.GetLoggingLevelForIdentifier("x"));
+    EXPECT_EQ(kWarning, logger.GetLoggingLevelForIdentifier("default"));
 }
 
-TEST_F(LoggerLevels, HaveTexts)
+TEST_F(LoggerLevels, LevelsHaveNames)
 {
-    EXPECT_EQ(logger.LevelToString(kNone), "None");
-    EXPECT_EQ(logger.LevelToString(kError), "Error");
-    EXPECT_EQ(logger.LevelToString(kWarning), "Warning");
-    EXPECT_EQ(logger.LevelToString(kInfo), "Info");
-    EXPECT_EQ(logger.LevelToString(kDebug), "Debug");
+    EXPECT_EQ("None", logger.LevelToString(kNone));
+    EXPECT_EQ("Error", logger.LevelToString(kError));
+    EXPECT_EQ("Warning", logger.LevelToString(kWarning));
+    EXPECT_EQ("Info", logger.LevelToString(kInfo));
+    EXPECT_EQ("Debug", logger.LevelToString(kDebug));
     for (const int level : {-1, -2, 5, 6, 2147483647, -2147483647 - 1}) {
-        EXPECT_EQ(logger.LevelToString(GLogger::LoggingLevel(level)), "") << level;
+        EXPECT_EQ("", logger.LevelToString(GLogger::LoggingLevel(level))) << level;
     }
 }
 

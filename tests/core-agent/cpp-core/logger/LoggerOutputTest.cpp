@@ -11,7 +11,7 @@ namespace {
 
 class LoggerOutput : public LoggerFixture {
 protected:
-    // What arrives of a text that is handed over as an argument.
+    // Logs the text as an argument of "%s" and returns the line.
     std::string MessageOf(const std::string& text)
     {
         record.lines.clear();
@@ -23,13 +23,13 @@ protected:
 TEST_F(LoggerOutput, LineHasFourFields)
 {
     logger.Log("FileSystem", kWarning, "%s is %d", "seven", 7);
-    ASSERT_EQ(record.lines.size(), 1U);
+    ASSERT_EQ(1U, record.lines.size());
     const std::regex form(
         R"(\[\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d\.\d{3}Z\]\t\[FileSystem\]\t\[Warning\]\tseven is 7\n)");
     EXPECT_TRUE(std::regex_match(record.lines[0], form)) << record.lines[0];
 }
 
-TEST_F(LoggerOutput, TimeIsAValidOne)
+TEST_F(LoggerOutput, TimeIsAValidDate)
 {
     logger.LogError("x", "text");
     const std::string& line = record.lines.at(0);
@@ -73,24 +73,24 @@ TEST_F(LoggerOutput, PercentInAnIdentifierIsAConversion)
                 ElementsAre("\t[1007]\t[Error]\t\n", "\t[5%]\t[Error]\ttext\n"));
 }
 
-// The prefix "[x]\t[Error]\t" is a part of the text that the buffer of 256 bytes must hold.
-TEST_F(LoggerOutput, TextsAroundTheStepsOfTheBufferArriveWhole)
+// The buffer of 256 bytes holds the prefix "[x]\t[Error]\t" too.
+TEST_F(LoggerOutput, TextsAroundTheStepsOfTheBufferAreNotTruncated)
 {
     const std::string prefix = "[x]\t[Error]\t";
     for (const std::size_t size : {254U, 255U, 256U, 257U, 510U, 511U, 512U, 513U, 767U, 768U}) {
         const std::string text(size - prefix.size(), 'a');
-        EXPECT_EQ(MessageOf(text), "\t" + prefix + text + "\n") << size;
+        EXPECT_EQ("\t" + prefix + text + "\n", MessageOf(text)) << size;
     }
 }
 
-TEST_F(LoggerOutput, LongTextsArriveWholeAndShortOnesBehindThem)
+TEST_F(LoggerOutput, ShortTextAfterALongOneIsWhole)
 {
     const std::string text(1000000, 'b');
-    EXPECT_EQ(MessageOf(text), "\t[x]\t[Error]\t" + text + "\n");
-    EXPECT_EQ(MessageOf("short"), "\t[x]\t[Error]\tshort\n");
+    EXPECT_EQ("\t[x]\t[Error]\t" + text + "\n", MessageOf(text));
+    EXPECT_EQ("\t[x]\t[Error]\tshort\n", MessageOf("short"));
 }
 
-TEST_F(LoggerOutput, ManyArgumentsAreThereForTheSecondFormatToo)
+TEST_F(LoggerOutput, ArgumentsAreFormattedAgainAfterTheBufferGrows)
 {
     const std::string text(300, 'c');
     logger.LogError("x", "%d %s %.2f %s %u", -1, text.c_str(), 2.5, text.c_str(), 3U);
@@ -98,14 +98,14 @@ TEST_F(LoggerOutput, ManyArgumentsAreThereForTheSecondFormatToo)
                 ElementsAre("\t[x]\t[Error]\t-1 " + text + " 2.50 " + text + " 3\n"));
 }
 
-TEST_F(LoggerOutput, FormatThatFailsCostsTheText)
+TEST_F(LoggerOutput, FailedFormatGivesAnEmptyText)
 {
-    // A wide character that no byte of the plain locale stands for.
+    // A wide character that the "C" locale can't convert.
     logger.LogError("x", "%ls", L"\x4E2D");
     EXPECT_THAT(LinesWithoutTime(), ElementsAre("\t\n"));
 }
 
-TEST_F(LoggerOutput, LineBreaksOfTheTextStay)
+TEST_F(LoggerOutput, LineBreaksInTheTextAreKept)
 {
     logger.LogError("x", "first\n- %s", "second");
     EXPECT_THAT(LinesWithoutTime(), ElementsAre("\t[x]\t[Error]\tfirst\n- second\n"));
@@ -116,10 +116,10 @@ TEST_F(LoggerOutput, WithoutAppendersNothingIsFormatted)
     logger.RemoveAllAppenders();
     int written = -1;
     logger.LogError("x", "text%n", &written);
-    EXPECT_EQ(written, -1);
+    EXPECT_EQ(-1, written);
 }
 
-TEST_F(LoggerOutput, AppenderThatThrowsCostsTheLineAndNoLaterOne)
+TEST_F(LoggerOutput, AppenderThatThrowsLosesNoLaterLine)
 {
     record.onAppend = [] { throw std::runtime_error("full"); };
     logger.LogError("x", "first");

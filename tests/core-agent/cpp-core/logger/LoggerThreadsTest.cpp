@@ -14,8 +14,8 @@ namespace {
 
 class LoggerThreads : public LoggerFixture {};
 
-// Short and long lines in turn, so that the common buffer grows under everybody's feet.
-TEST_F(LoggerThreads, LinesOfManyNeverMix)
+// Alternates short and long lines, so that the shared buffer grows while other threads log.
+TEST_F(LoggerThreads, LinesOfManyThreadsNeverMix)
 {
     constexpr int kThreads = 100;
     constexpr int kLines = 20;
@@ -34,7 +34,7 @@ TEST_F(LoggerThreads, LinesOfManyNeverMix)
             logger.LogError("x", "%d %d %s", thread, line, text(thread, line).c_str());
         }
     });
-    EXPECT_EQ(meetings, 0);
+    EXPECT_EQ(0, meetings);
     std::map<std::string, int> counts;
     for (const std::string& line : LinesWithoutTime()) ++counts[line];
     EXPECT_THAT(record.lines, SizeIs(kThreads * kLines));
@@ -42,12 +42,12 @@ TEST_F(LoggerThreads, LinesOfManyNeverMix)
         for (int line = 0; line < kLines; ++line) {
             const std::string expected = "\t[x]\t[Error]\t" + std::to_string(thread) + " " +
                                          std::to_string(line) + " " + text(thread, line) + "\n";
-            EXPECT_EQ(counts[expected], 1) << thread << " " << line;
+            EXPECT_EQ(1, counts[expected]) << thread << " " << line;
         }
     }
 }
 
-TEST_F(LoggerThreads, LevelsMayChangeWhileOthersLog)
+TEST_F(LoggerThreads, LevelsMayChangeWhileOtherThreadsLog)
 {
     InThreads(40, [&](int thread) {
         const std::string own = "own" + std::to_string(thread);
@@ -59,7 +59,7 @@ TEST_F(LoggerThreads, LevelsMayChangeWhileOthersLog)
     EXPECT_THAT(record.lines, SizeIs(40 * 25));
 }
 
-TEST_F(LoggerThreads, AppendersMayComeAndGoWhileOthersLog)
+TEST_F(LoggerThreads, AppendersMayBeAddedAndRemovedWhileOtherThreadsLog)
 {
     constexpr int kAdders = 10;
     std::vector<AppenderRecord> others(kAdders);
@@ -80,9 +80,9 @@ TEST_F(LoggerThreads, AppendersMayComeAndGoWhileOthersLog)
     for (const AppenderRecord& other : others) EXPECT_TRUE(other.isDeleted);
 }
 
-// The second thread's line is logged while the first is in the output stage; it must come out
-// behind the first's, and what the first logs from within is dropped.
-TEST_F(LoggerThreads, AnotherThreadsLineWaitsWhileTheOwnIsDropped)
+// The second thread logs while the first one is in the output stage: its line must follow the first
+// one's. The line that the first thread logs from inside the stage is dropped.
+TEST_F(LoggerThreads, LineOfAnotherThreadWaitsAndInnerLineIsDropped)
 {
     std::future<void> second;
     std::promise<void> started;
@@ -104,7 +104,7 @@ TEST_F(LoggerThreads, AnotherThreadsLineWaitsWhileTheOwnIsDropped)
                 ElementsAre("\t[x]\t[Error]\tfirst\n", "\t[x]\t[Error]\tsecond\n"));
 }
 
-TEST_F(LoggerThreads, EachThreadsInnerLineIsDroppedAndNoOther)
+TEST_F(LoggerThreads, OnlyInnerLinesAreDropped)
 {
     constexpr int kThreads = 50;
     record.onAppend = [this] { logger.LogError("x", "inner"); };

@@ -14,7 +14,7 @@ namespace {
 GFileSystemSpec Spec(const std::string& path)
 {
     GFileSystemSpec spec;
-    EXPECT_EQ(spec.SetFullPath(path), 0U) << path;
+    EXPECT_EQ(CoreErrorCodes::kSuccess, spec.SetFullPath(path)) << path;
     return spec;
 }
 
@@ -28,169 +28,169 @@ std::string Appended(const std::string& path, const std::string& component)
     return Spec(path).AppendPathComponent(component).GetFullPath();
 }
 
-TEST(PathSpec, BeginsEmpty) { EXPECT_EQ(GFileSystemSpec().GetFullPath(), ""); }
+TEST(PathSpec, BeginsEmpty) { EXPECT_EQ("", GFileSystemSpec().GetFullPath()); }
 
-TEST(PathSpec, IsATextItself)
+TEST(PathSpec, ConvertsToAString)
 {
     const std::string text = Spec("/a/b");
-    EXPECT_EQ(text, "/a/b");
+    EXPECT_EQ("/a/b", text);
 }
 
 TEST(PathSpec, KeepsNoTrailingSeparator)
 {
-    EXPECT_EQ(Spec("/a/").GetFullPath(), "/a");
-    EXPECT_EQ(Spec("/a/b///").GetFullPath(), "/a/b");
-    EXPECT_EQ(Spec("/").GetFullPath(), "/");
-    EXPECT_EQ(Spec("//").GetFullPath(), "");
+    EXPECT_EQ("/a", Spec("/a/").GetFullPath());
+    EXPECT_EQ("/a/b", Spec("/a/b///").GetFullPath());
+    EXPECT_EQ("/", Spec("/").GetFullPath());
+    EXPECT_EQ("", Spec("//").GetFullPath());
 }
 
 TEST(PathSpec, RefusesARelativePathAndKeepsItsOwn)
 {
     GFileSystemSpec spec = Spec("/a");
-    EXPECT_EQ(spec.SetFullPath("relative"), CoreErrorCodes::kInvalidParam);
-    EXPECT_EQ(spec.SetFullPath("./a"), CoreErrorCodes::kInvalidParam);
-    EXPECT_EQ(spec.GetFullPath(), "/a");
+    EXPECT_EQ(CoreErrorCodes::kInvalidParam, spec.SetFullPath("relative"));
+    EXPECT_EQ(CoreErrorCodes::kInvalidParam, spec.SetFullPath("./a"));
+    EXPECT_EQ("/a", spec.GetFullPath());
 }
 
 TEST(PathSpec, AcceptsAnEmptyPath)
 {
     GFileSystemSpec spec = Spec("/a");
-    EXPECT_EQ(spec.SetFullPath(""), 0U);
-    EXPECT_EQ(spec.GetFullPath(), "");
+    EXPECT_EQ(CoreErrorCodes::kSuccess, spec.SetFullPath(""));
+    EXPECT_EQ("", spec.GetFullPath());
 }
 
 TEST(PathSpec, ZeroByteEndsThePath)
 {
-    EXPECT_EQ(Spec(std::string("/a\0/b", 5)).GetFullPath(), "/a");
+    EXPECT_EQ("/a", Spec(std::string("/a\0/b", 5)).GetFullPath());
 }
 
-TEST(PathSpec, MayBeGivenItsOwnPath)
+TEST(PathSpec, AcceptsItsOwnPath)
 {
     GFileSystemSpec spec = Spec("/a/b");
-    EXPECT_EQ(spec.SetFullPath(spec.GetFullPath()), 0U);
-    EXPECT_EQ(spec.GetFullPath(), "/a/b");
+    EXPECT_EQ(CoreErrorCodes::kSuccess, spec.SetFullPath(spec.GetFullPath()));
+    EXPECT_EQ("/a/b", spec.GetFullPath());
 }
 
 TEST(PathSpecAppend, AddsOneSeparator)
 {
-    EXPECT_EQ(Appended("/a/", "/x/"), "/a/x");
-    EXPECT_EQ(Appended("/a", "x/y"), "/a/x/y");
-    EXPECT_EQ(Appended("/a", "//x//y//"), "/a/x//y");
-    EXPECT_EQ(Appended("/", "x"), "/x");
+    EXPECT_EQ("/a/x", Appended("/a/", "/x/"));
+    EXPECT_EQ("/a/x/y", Appended("/a", "x/y"));
+    EXPECT_EQ("/a/x//y", Appended("/a", "//x//y//"));
+    EXPECT_EQ("/x", Appended("/", "x"));
 }
 
-TEST(PathSpecAppend, NothingChangesNothing)
+TEST(PathSpecAppend, ComponentOfSeparatorsChangesNothing)
 {
-    EXPECT_EQ(Appended("/a", ""), "/a");
-    EXPECT_EQ(Appended("/a", "///"), "/a");
-    EXPECT_EQ(Appended("", "///"), "");
+    EXPECT_EQ("/a", Appended("/a", ""));
+    EXPECT_EQ("/a", Appended("/a", "///"));
+    EXPECT_EQ("", Appended("", "///"));
 }
 
-TEST(PathSpecAppend, BeginsAtTheRootOfAnEmptyPath)
+TEST(PathSpecAppend, AppendToAnEmptyPathBeginsAtTheRoot)
 {
-    EXPECT_EQ(Appended("", "component"), "/component");
+    EXPECT_EQ("/component", Appended("", "component"));
 }
 
-TEST(PathSpecAppend, GivesTheObjectItself)
+TEST(PathSpecAppend, ReturnsTheObjectItself)
 {
     GFileSystemSpec spec = Spec("/a");
-    EXPECT_EQ(&spec.AppendPathComponent("b"), &spec);
-    EXPECT_EQ(&spec.AppendPathComponent("/"), &spec);
-    EXPECT_EQ(&spec.RemoveLastPathComponent(), &spec);
+    EXPECT_EQ(&spec, &spec.AppendPathComponent("b"));
+    EXPECT_EQ(&spec, &spec.AppendPathComponent("/"));
+    EXPECT_EQ(&spec, &spec.RemoveLastPathComponent());
 }
 
-TEST(PathSpecAppend, TildeOfAComponentIsAName) { EXPECT_EQ(Appended("/a", "~"), "/a/~"); }
+TEST(PathSpecAppend, TildeInAComponentIsNotExpanded) { EXPECT_EQ("/a/~", Appended("/a", "~")); }
 
-TEST(PathSpecRemove, GivesTheParent)
+TEST(PathSpecRemove, LeavesTheParent)
 {
-    EXPECT_EQ(Parent("/a/b"), "/a");
-    EXPECT_EQ(Parent("/a/b/c"), "/a/b");
-    EXPECT_EQ(Parent("/a"), "/");
+    EXPECT_EQ("/a", Parent("/a/b"));
+    EXPECT_EQ("/a/b", Parent("/a/b/c"));
+    EXPECT_EQ("/", Parent("/a"));
 }
 
-TEST(PathSpecRemove, EndsAtAnEmptyPath)
+TEST(PathSpecRemove, ParentOfTheRootIsEmpty)
 {
-    EXPECT_EQ(Parent("/"), "");
-    EXPECT_EQ(Parent(""), "");
+    EXPECT_EQ("", Parent("/"));
+    EXPECT_EQ("", Parent(""));
 }
 
-TEST(PathSpecRemove, InnerDoubleSeparatorGoesToo)
+TEST(PathSpecRemove, RemovesADoubleSeparator)
 {
-    EXPECT_EQ(Parent("/a//b"), "/a");
-    EXPECT_EQ(Parent("//a"), "/");
+    EXPECT_EQ("/a", Parent("/a//b"));
+    EXPECT_EQ("/", Parent("//a"));
 }
 
-TEST(PathSpecLast, IsWithoutSeparators)
+TEST(PathSpecLast, HasNoSeparators)
 {
-    EXPECT_EQ(GFileSystemSpec::GetLastPathComponent("/a/b/"), "b");
-    EXPECT_EQ(GFileSystemSpec::GetLastPathComponent("/a/b"), "b");
-    EXPECT_EQ(GFileSystemSpec::GetLastPathComponent("/"), "");
-    EXPECT_EQ(GFileSystemSpec::GetLastPathComponent(""), "");
-    EXPECT_EQ(GFileSystemSpec::GetLastPathComponent("name"), "name");
-    EXPECT_EQ(GFileSystemSpec::GetLastPathComponent("name/"), "name");
-    EXPECT_EQ(GFileSystemSpec::GetLastPathComponent("/a"), "a");
-    EXPECT_EQ(GFileSystemSpec::GetLastPathComponent("/a/"), "a");
+    EXPECT_EQ("b", GFileSystemSpec::GetLastPathComponent("/a/b/"));
+    EXPECT_EQ("b", GFileSystemSpec::GetLastPathComponent("/a/b"));
+    EXPECT_EQ("", GFileSystemSpec::GetLastPathComponent("/"));
+    EXPECT_EQ("", GFileSystemSpec::GetLastPathComponent(""));
+    EXPECT_EQ("name", GFileSystemSpec::GetLastPathComponent("name"));
+    EXPECT_EQ("name", GFileSystemSpec::GetLastPathComponent("name/"));
+    EXPECT_EQ("a", GFileSystemSpec::GetLastPathComponent("/a"));
+    EXPECT_EQ("a", GFileSystemSpec::GetLastPathComponent("/a/"));
 }
 
-TEST(PathSpecLast, StepsOverOneTrailingSeparatorOnly)
+TEST(PathSpecLast, IgnoresOnlyOneTrailingSeparator)
 {
-    EXPECT_EQ(GFileSystemSpec::GetLastPathComponent("/a/b//"), "");
+    EXPECT_EQ("", GFileSystemSpec::GetLastPathComponent("/a/b//"));
 }
 
-TEST(PathSpecLast, OfTheObjectIsThatOfItsPath)
+TEST(PathSpecLast, MemberAndStaticFunctionAgree)
 {
-    EXPECT_EQ(Spec("/a/b c").GetLastPathComponent(), "b c");
-    EXPECT_EQ(Spec("/").GetLastPathComponent(), "");
-    EXPECT_EQ(GFileSystemSpec().GetLastPathComponent(), "");
+    EXPECT_EQ("b c", Spec("/a/b c").GetLastPathComponent());
+    EXPECT_EQ("", Spec("/").GetLastPathComponent());
+    EXPECT_EQ("", GFileSystemSpec().GetLastPathComponent());
 }
 
 class PathSpecText : public testing::Test {
 protected:
-    // In a working folder of its own.
+    // Runs the body in a new process, with a scratch folder as its working folder.
     template <class Body>
     void Inside(Body body)
     {
         const ScratchFolder scratch;
         const std::string folder = std::filesystem::canonical(scratch.Path());
         InFreshProcess([&] {
-            ASSERT_EQ(chdir(folder.c_str()), 0);
+            ASSERT_EQ(0, chdir(folder.c_str()));
             body(folder);
         });
     }
 };
 
-TEST_F(PathSpecText, NothingIsTheWorkingFolder)
+TEST_F(PathSpecText, NullOrEmptyTextIsTheWorkingFolder)
 {
     Inside([](const std::string& folder) {
-        EXPECT_EQ(GFileSystemSpec(nullptr).GetFullPath(), folder);
-        EXPECT_EQ(GFileSystemSpec("").GetFullPath(), folder);
-        EXPECT_EQ(GFileSystemSpec("\"\"").GetFullPath(), folder);
-        EXPECT_EQ(GFileSystem::OSGetCWD().GetFullPath(), folder);
+        EXPECT_EQ(folder, GFileSystemSpec(nullptr).GetFullPath());
+        EXPECT_EQ(folder, GFileSystemSpec("").GetFullPath());
+        EXPECT_EQ(folder, GFileSystemSpec("\"\"").GetFullPath());
+        EXPECT_EQ(folder, GFileSystem::OSGetCWD().GetFullPath());
     });
 }
 
-TEST_F(PathSpecText, PartialPathIsCompleted)
+TEST_F(PathSpecText, PartialPathIsCompletedWithTheWorkingFolder)
 {
     Inside([](const std::string& folder) {
-        EXPECT_EQ(GFileSystemSpec("rel/x").GetFullPath(), folder + "/rel/x");
-        EXPECT_EQ(GFileSystemSpec("rel/x/").GetFullPath(), folder + "/rel/x");
-        EXPECT_EQ(GFileSystemSpec("..").GetFullPath(), folder + "/..");
+        EXPECT_EQ(folder + "/rel/x", GFileSystemSpec("rel/x").GetFullPath());
+        EXPECT_EQ(folder + "/rel/x", GFileSystemSpec("rel/x/").GetFullPath());
+        EXPECT_EQ(folder + "/..", GFileSystemSpec("..").GetFullPath());
     });
 }
 
-TEST_F(PathSpecText, FullPathIsTakenAsItIs)
+TEST_F(PathSpecText, FullPathLosesOnlyItsTrailingSeparator)
 {
-    EXPECT_EQ(GFileSystemSpec("/tmp/a/").GetFullPath(), "/tmp/a");
-    EXPECT_EQ(GFileSystemSpec("/").GetFullPath(), "/");
-    EXPECT_EQ(GFileSystemSpec("/a/../b").GetFullPath(), "/a/../b");
+    EXPECT_EQ("/tmp/a", GFileSystemSpec("/tmp/a/").GetFullPath());
+    EXPECT_EQ("/", GFileSystemSpec("/").GetFullPath());
+    EXPECT_EQ("/a/../b", GFileSystemSpec("/a/../b").GetFullPath());
 }
 
-TEST_F(PathSpecText, QuotesAtBothEndsGo)
+TEST_F(PathSpecText, QuotesAtBothEndsAreRemoved)
 {
-    EXPECT_EQ(GFileSystemSpec("\"/tmp/a\"").GetFullPath(), "/tmp/a");
-    EXPECT_EQ(GFileSystemSpec("\"\"/tmp/a\"\"\"").GetFullPath(), "/tmp/a");
-    EXPECT_EQ(GFileSystemSpec("\"/tmp/a").GetFullPath(), "/tmp/a");
-    EXPECT_EQ(GFileSystemSpec("/tmp/\"a\"/b").GetFullPath(), "/tmp/\"a\"/b");
+    EXPECT_EQ("/tmp/a", GFileSystemSpec("\"/tmp/a\"").GetFullPath());
+    EXPECT_EQ("/tmp/a", GFileSystemSpec("\"\"/tmp/a\"\"\"").GetFullPath());
+    EXPECT_EQ("/tmp/a", GFileSystemSpec("\"/tmp/a").GetFullPath());
+    EXPECT_EQ("/tmp/\"a\"/b", GFileSystemSpec("/tmp/\"a\"/b").GetFullPath());
 }
 
 }  // namespace

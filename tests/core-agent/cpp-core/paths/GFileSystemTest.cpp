@@ -12,7 +12,7 @@ struct FullPath {
     const char* normal;
 };
 
-TEST(FileSystem, SeparatorIsASlash) { EXPECT_EQ(GFileSystem::OSGetPathSeparator(), "/"); }
+TEST(FileSystem, SeparatorIsASlash) { EXPECT_EQ("/", GFileSystem::OSGetPathSeparator()); }
 
 TEST(FileSystem, PartialPathsAreThoseWithoutALeadingSeparator)
 {
@@ -34,25 +34,25 @@ TEST(FileSystem, FullPathsLoseTheirTrailingSeparators)
     };
     for (const FullPath& row : kPaths) {
         std::string path = row.path;
-        EXPECT_EQ(GFileSystem::OSIsValidFullPath(path), row.isValid) << row.path;
-        EXPECT_EQ(path, row.normal) << row.path;
+        EXPECT_EQ(row.isValid, GFileSystem::OSIsValidFullPath(path)) << row.path;
+        EXPECT_EQ(row.normal, path) << row.path;
     }
 }
 
-TEST(FileSystem, ExpansionLeavesOrdinaryPaths)
+TEST(FileSystem, ExpansionDoesNotChangeOrdinaryPaths)
 {
     for (const char* const text : {"/a/b", "a", "/a~", "/~", " ~", "a/~/b", "/\xC3\xA9", "//"}) {
         std::string path = text;
-        EXPECT_EQ(GFileSystem::OSExpandPath(path), 0U) << text;
-        EXPECT_EQ(path, text);
+        EXPECT_EQ(CoreErrorCodes::kSuccess, GFileSystem::OSExpandPath(path)) << text;
+        EXPECT_EQ(text, path);
     }
 }
 
 TEST(FileSystem, ZeroByteEndsAPath)
 {
     std::string path("/a\0b", 4);
-    EXPECT_EQ(GFileSystem::OSExpandPath(path), 0U);
-    EXPECT_EQ(path, "/a");
+    EXPECT_EQ(CoreErrorCodes::kSuccess, GFileSystem::OSExpandPath(path));
+    EXPECT_EQ("/a", path);
 }
 
 }  // namespace

@@ -8,7 +8,7 @@
 
 namespace {
 
-// The upper half of the code page in UTF-8.
+// The characters of the bytes 0x80 to 0xFF, in UTF-8.
 const char* const kUpperHalf[] = {
     "\xC3\x84",     "\xC3\x85",     "\xC3\x87",     "\xC3\x89",     "\xC3\x91",     "\xC3\x96",
     "\xC3\x9C",     "\xC3\xA1",     "\xC3\xA0",     "\xC3\xA2",     "\xC3\xA4",     "\xC3\xA3",
@@ -38,101 +38,102 @@ protected:
     RecordingLog log;
 };
 
-// A lone byte of the upper half is never UTF-8, at the end or in front of a plain letter.
-TEST_F(MacRomanPath, EveryByteOfTheUpperHalfHasItsCharacter)
+// A single byte above 0x7F is never UTF-8, whether at the end or before an ASCII letter.
+TEST_F(MacRomanPath, EveryByteFrom0x80IsDecoded)
 {
     static_assert(std::size(kUpperHalf) == 128);
     for (int byte = 0x80; byte < 0x100; ++byte) {
         std::string path = "/a" + std::string(1, char(byte)) + "b";
-        EXPECT_EQ(GFileSystem::OSExpandPath(path), 0U);
-        EXPECT_EQ(path, std::string("/a") + kUpperHalf[byte - 0x80] + "b") << byte;
+        EXPECT_EQ(CoreErrorCodes::kSuccess, GFileSystem::OSExpandPath(path));
+        EXPECT_EQ(std::string("/a") + kUpperHalf[byte - 0x80] + "b", path) << byte;
     }
-    EXPECT_EQ(log.Reports().size(), 128U);
+    EXPECT_EQ(128U, log.Reports().size());
 }
 
-TEST_F(MacRomanPath, EveryByteOfTheLowerHalfStaysItself)
+TEST_F(MacRomanPath, EveryByteBelow0x80IsUnchanged)
 {
     for (int byte = 1; byte < 0x80; ++byte) {
         const std::string letter(1, char(byte));
         std::string path = "/a" + letter + "\x80";
-        EXPECT_EQ(GFileSystem::OSExpandPath(path), 0U);
-        EXPECT_EQ(path, "/a" + letter + kUpperHalf[0]) << byte;
+        EXPECT_EQ(CoreErrorCodes::kSuccess, GFileSystem::OSExpandPath(path));
+        EXPECT_EQ("/a" + letter + kUpperHalf[0], path) << byte;
     }
 }
 
-TEST_F(MacRomanPath, OneFaultyByteMakesAllOfTheTextMacRoman)
+TEST_F(MacRomanPath, OneIllFormedByteMakesTheWholeTextMacRoman)
 {
     std::string path = "/\xC3\xA9\xFF";
-    EXPECT_EQ(GFileSystem::OSExpandPath(path), 0U);
-    EXPECT_EQ(path, std::string("/") + kUpperHalf[0x43] + kUpperHalf[0x29] + kUpperHalf[0x7F]);
+    EXPECT_EQ(CoreErrorCodes::kSuccess, GFileSystem::OSExpandPath(path));
+    EXPECT_EQ(std::string("/") + kUpperHalf[0x43] + kUpperHalf[0x29] + kUpperHalf[0x7F], path);
 }
 
-TEST_F(MacRomanPath, TheAttemptIsAWarning)
+TEST_F(MacRomanPath, DecodingAsMacRomanLogsAWarning)
 {
     std::string path = "/\x8E";
-    EXPECT_EQ(GFileSystem::OSExpandPath(path), 0U);
-    EXPECT_EQ(path, "/\xC3\xA9");
-    ASSERT_EQ(log.Reports().size(), 1U);
-    EXPECT_EQ(log.Reports()[0].category, "FileSystem");
-    EXPECT_EQ(log.Reports()[0].level, "Warning");
-    EXPECT_EQ(log.Reports()[0].message,
-              "GFileSystem::OSExpandPath(), called with invalid UTF8 Path. Attempting convserion "
-              "with other encodings.");
+    EXPECT_EQ(CoreErrorCodes::kSuccess, GFileSystem::OSExpandPath(path));
+    EXPECT_EQ("/\xC3\xA9", path);
+    ASSERT_EQ(1U, log.Reports().size());
+    EXPECT_EQ("FileSystem", log.Reports()[0].category);
+    EXPECT_EQ("Warning", log.Reports()[0].level);
+    EXPECT_EQ(
+        "GFileSystem::OSExpandPath(), called with invalid UTF8 Path. Attempting convserion "
+        "with other encodings.",
+        log.Reports()[0].message);
 }
 
-TEST_F(MacRomanPath, ObjectHoldsTheTextInUTF8)
+TEST_F(MacRomanPath, PathIsStoredInUTF8)
 {
     GFileSystemSpec spec;
-    EXPECT_EQ(spec.SetFullPath("/caf\x8E/"), 0U);
-    EXPECT_EQ(spec.GetFullPath(), "/caf\xC3\xA9");
-    EXPECT_EQ(log.Reports().size(), 1U);
+    EXPECT_EQ(CoreErrorCodes::kSuccess, spec.SetFullPath("/caf\x8E/"));
+    EXPECT_EQ("/caf\xC3\xA9", spec.GetFullPath());
+    EXPECT_EQ(1U, log.Reports().size());
 }
 
-// The first expansion transcodes, so the second finds UTF-8.
+// The first expansion converts to UTF-8, so the second one doesn't warn.
 TEST_F(MacRomanPath, ConstructorWarnsOnce)
 {
-    EXPECT_EQ(GFileSystemSpec("/caf\x8E").GetFullPath(), "/caf\xC3\xA9");
-    EXPECT_EQ(log.Reports().size(), 1U);
+    EXPECT_EQ("/caf\xC3\xA9", GFileSystemSpec("/caf\x8E").GetFullPath());
+    EXPECT_EQ(1U, log.Reports().size());
 }
 
-TEST_F(MacRomanPath, IllFormedUTF8GoesThisWay)
+TEST_F(MacRomanPath, IllFormedUTF8IsDecodedAsMacRoman)
 {
     const char* const kTexts[] = {
-        "\xC0\x80",  // a longer form than needed
+        "\xC0\x80",  // overlong
         "\xC1\xBF",
         "\xE0\x80\x80",
         "\xE0\x9F\xBF",
         "\xF0\x80\x80\x80",
         "\xF0\x8F\xBF\xBF",
-        "\xED\xA0\x80",  // halves of a pair
+        "\xED\xA0\x80",  // surrogates
         "\xED\xBF\xBF",
-        "\xF4\x90\x80\x80",  // beyond the last character
+        "\xF4\x90\x80\x80",  // above U+10FFFF
         "\xF5\x80\x80\x80",
         "\xFE",
         "\xFF",
         "\xC3",
         "\xE2\x82",
-        "\xF0\x9F\x98",  // cut short
+        "\xF0\x9F\x98",  // truncated
         "\x80",
-        "\xC3\xA9\xA9",  // a following byte too many
+        "\xC3\xA9\xA9",  // one continuation byte too many
     };
     for (const char* const text : kTexts) {
         log.Reports().clear();
         std::string path = std::string("/") + text;
-        EXPECT_EQ(GFileSystem::OSExpandPath(path), 0U);
-        EXPECT_EQ(log.Reports().size(), 1U) << testing::PrintToString(std::string(text));
+        EXPECT_EQ(CoreErrorCodes::kSuccess, GFileSystem::OSExpandPath(path));
+        EXPECT_EQ(1U, log.Reports().size()) << testing::PrintToString(std::string(text));
     }
 }
 
-TEST_F(MacRomanPath, WellFormedUTF8DoesNot)
+TEST_F(MacRomanPath, WellFormedUTF8IsUnchanged)
 {
     const char* const kTexts[] = {"\xC2\x80",         "\xDF\xBF",         "\xE0\xA0\x80",
                                   "\xED\x9F\xBF",     "\xEE\x80\x80",     "\xEF\xBF\xBF",
                                   "\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBF", "\x01\x7F"};
     for (const char* const text : kTexts) {
         std::string path = std::string("/") + text;
-        EXPECT_EQ(GFileSystem::OSExpandPath(path), 0U);
-        EXPECT_EQ(path, std::string("/") + text);
+        EXPECT_EQ(CoreErrorCodes::kSuccess, GFileSystem::OSExpandPath(path));
+        EXPECT_EQ(std::string("/") + text, path);
     }
     EXPECT_TRUE(log.Reports().empty());
 }

@@ -14,7 +14,7 @@ std::string AnyOf(const std::string& letters)
     return *rc::gen::container<std::string>(rc::gen::elementOf(letters));
 }
 
-// One component without separators.
+// One component, without separators.
 std::string AnyComponent()
 {
     return *rc::gen::nonEmpty(
@@ -31,7 +31,7 @@ GFileSystemSpec AnyPath()
 
 bool EndsInSeparator(const std::string& path) { return path.size() > 1 && path.back() == '/'; }
 
-RC_GTEST_PROP(PathProperties, RemoveTakesBackWhatAppendAdded, ())
+RC_GTEST_PROP(PathProperties, RemoveReversesAppend, ())
 {
     GFileSystemSpec spec = AnyPath();
     const std::string before = spec.GetFullPath();
@@ -42,7 +42,7 @@ RC_GTEST_PROP(PathProperties, RemoveTakesBackWhatAppendAdded, ())
     RC_ASSERT(spec.RemoveLastPathComponent().GetFullPath() == before);
 }
 
-RC_GTEST_PROP(PathProperties, AppendPutsBackWhatRemoveTook, ())
+RC_GTEST_PROP(PathProperties, AppendReversesRemove, ())
 {
     GFileSystemSpec spec = AnyPath();
     const std::string before = spec.GetFullPath();
@@ -55,7 +55,7 @@ RC_GTEST_PROP(PathProperties, NoTrailingSeparatorIsKept, ())
 {
     GFileSystemSpec spec;
     const std::string text = "/" + AnyOf("ab//");
-    RC_ASSERT(spec.SetFullPath(text) == 0U);
+    RC_ASSERT(spec.SetFullPath(text) == CoreErrorCodes::kSuccess);
     RC_ASSERT(!EndsInSeparator(spec.GetFullPath()));
     spec.AppendPathComponent(AnyOf("ab//"));
     RC_ASSERT(!EndsInSeparator(spec.GetFullPath()));
@@ -76,15 +76,15 @@ RC_GTEST_PROP(PathProperties, WalkUpEndsAtTheEmptyPath, ())
     RC_ASSERT(steps >= 2U);  // the last component and the root
 }
 
-RC_GTEST_PROP(PathProperties, AnyBytesBehindTheRootMakeAPath, ())
+RC_GTEST_PROP(PathProperties, AnyBytesAfterTheRootAreAPath, ())
 {
     const auto bytes = *rc::gen::arbitrary<std::string>();
     GFileSystemSpec spec;
-    RC_ASSERT(spec.SetFullPath("/x" + bytes) == 0U);
+    RC_ASSERT(spec.SetFullPath("/x" + bytes) == CoreErrorCodes::kSuccess);
     RC_ASSERT(spec.GetFullPath().compare(0, 2, "/x") == 0);
-    // What is stored is stored again as it is: it has become UTF-8.
+    // The stored path is valid UTF-8, so it is stored again unchanged.
     GFileSystemSpec again;
-    RC_ASSERT(again.SetFullPath(spec.GetFullPath()) == 0U);
+    RC_ASSERT(again.SetFullPath(spec.GetFullPath()) == CoreErrorCodes::kSuccess);
     RC_ASSERT(again.GetFullPath() == spec.GetFullPath());
 }
 
@@ -96,7 +96,7 @@ RC_GTEST_PROP(PathProperties, RelativePathChangesNothing, ())
     RC_ASSERT(spec.GetFullPath() == before);
 }
 
-RC_GTEST_PROP(PathProperties, NormalPathsStayAsTheyAre, ())
+RC_GTEST_PROP(PathProperties, NormalPathsAreUnchanged, ())
 {
     std::string path = AnyPath().GetFullPath();
     const std::string before = path;

@@ -11,16 +11,16 @@
 
 namespace {
 
-constexpr char kNobody[] = "~typeloft-no-such-user";
+constexpr char kUnknownUser[] = "~typeloft-no-such-user";
 
 std::string Expanded(const std::string& text)
 {
     std::string path = text;
-    EXPECT_EQ(GFileSystem::OSExpandPath(path), 0U) << text;
+    EXPECT_EQ(CoreErrorCodes::kSuccess, GFileSystem::OSExpandPath(path)) << text;
     return path;
 }
 
-// The user database's word on the user who runs the test.
+// The entry of the user who runs the test in the user database; empty if there is none.
 struct User {
     std::string name;
     std::string folder;
@@ -33,7 +33,7 @@ User CurrentUser()
     return {entry->pw_name, entry->pw_dir};
 }
 
-// The environment is changed in a process of its own.
+// Each test changes the environment in a process of its own.
 class Tilde : public testing::Test {
 protected:
     template <class Body>
@@ -41,52 +41,52 @@ protected:
     {
         InFreshProcess([&] {
             if (home == nullptr) {
-                ASSERT_EQ(unsetenv("HOME"), 0);
+                ASSERT_EQ(0, unsetenv("HOME"));
             } else {
-                ASSERT_EQ(setenv("HOME", home, 1), 0);
+                ASSERT_EQ(0, setenv("HOME", home, 1));
             }
             body();
         });
     }
 };
 
-TEST_F(Tilde, IsTheHomeFolder)
+TEST_F(Tilde, IsReplacedByTheHomeFolder)
 {
     WithHome("/home/of/test", [] {
-        EXPECT_EQ(Expanded("~"), "/home/of/test");
-        EXPECT_EQ(Expanded("~/"), "/home/of/test/");
-        EXPECT_EQ(Expanded("~/x/y"), "/home/of/test/x/y");
-        EXPECT_EQ(Expanded("~/~"), "/home/of/test/~");
+        EXPECT_EQ("/home/of/test", Expanded("~"));
+        EXPECT_EQ("/home/of/test/", Expanded("~/"));
+        EXPECT_EQ("/home/of/test/x/y", Expanded("~/x/y"));
+        EXPECT_EQ("/home/of/test/~", Expanded("~/~"));
     });
 }
 
-TEST_F(Tilde, HomeWithATrailingSeparatorGivesNoDoubleOne)
+TEST_F(Tilde, TrailingSeparatorOfHomeIsNotDoubled)
 {
     WithHome("/home/of/test/", [] {
-        EXPECT_EQ(Expanded("~/x"), "/home/of/test/x");
+        EXPECT_EQ("/home/of/test/x", Expanded("~/x"));
         GFileSystemSpec spec;
-        EXPECT_EQ(spec.SetFullPath("~"), 0U);
-        EXPECT_EQ(spec.GetFullPath(), "/home/of/test");
+        EXPECT_EQ(CoreErrorCodes::kSuccess, spec.SetFullPath("~"));
+        EXPECT_EQ("/home/of/test", spec.GetFullPath());
     });
 }
 
 TEST_F(Tilde, HomeMayBeTheRoot)
 {
     WithHome("/", [] {
-        EXPECT_EQ(Expanded("~"), "/");
-        EXPECT_EQ(Expanded("~/x"), "/x");
+        EXPECT_EQ("/", Expanded("~"));
+        EXPECT_EQ("/x", Expanded("~/x"));
     });
 }
 
-TEST_F(Tilde, WithoutHomeTheUserDatabaseTells)
+TEST_F(Tilde, WithoutHomeTheUserDatabaseIsUsed)
 {
     const User user = CurrentUser();
     if (user.folder.empty()) GTEST_SKIP() << "the user database doesn't know who runs this";
     for (const char* const home : {static_cast<const char*>(nullptr), ""}) {
         WithHome(home, [&] {
-            EXPECT_EQ(Expanded("~"), user.folder);
-            EXPECT_EQ(GFileSystemSpec("~/x").GetFullPath(),
-                      GFileSystemSpec(user.folder.c_str()).AppendPathComponent("x").GetFullPath());
+            EXPECT_EQ(user.folder, Expanded("~"));
+            EXPECT_EQ(GFileSystemSpec(user.folder.c_str()).AppendPathComponent("x").GetFullPath(),
+                      GFileSystemSpec("~/x").GetFullPath());
         });
     }
 }
@@ -96,44 +96,44 @@ TEST_F(Tilde, NameIsLookedUpInTheUserDatabase)
     const User user = CurrentUser();
     if (user.folder.empty()) GTEST_SKIP() << "the user database doesn't know who runs this";
     WithHome("/home/of/test", [&] {
-        EXPECT_EQ(Expanded("~" + user.name), user.folder);
-        EXPECT_EQ(Expanded("~" + user.name + "/x"), (user.folder == "/" ? "" : user.folder) + "/x");
+        EXPECT_EQ(user.folder, Expanded("~" + user.name));
+        EXPECT_EQ((user.folder == "/" ? "" : user.folder) + "/x", Expanded("~" + user.name + "/x"));
     });
 }
 
-TEST_F(Tilde, UnknownNameStays)
+TEST_F(Tilde, UnknownUserNameIsUnchanged)
 {
     WithHome("/home/of/test", [] {
-        EXPECT_EQ(Expanded(kNobody), kNobody);
-        EXPECT_EQ(Expanded(std::string(kNobody) + "/x"), std::string(kNobody) + "/x");
+        EXPECT_EQ(kUnknownUser, Expanded(kUnknownUser));
+        EXPECT_EQ(std::string(kUnknownUser) + "/x", Expanded(std::string(kUnknownUser) + "/x"));
     });
 }
 
-TEST_F(Tilde, UnknownNameIsARelativePath)
+TEST_F(Tilde, UnknownUserNameIsARelativePath)
 {
     GFileSystemSpec spec;
-    EXPECT_EQ(spec.SetFullPath(kNobody), CoreErrorCodes::kInvalidParam);
+    EXPECT_EQ(CoreErrorCodes::kInvalidParam, spec.SetFullPath(kUnknownUser));
     InFreshProcess([] {
-        ASSERT_EQ(chdir("/"), 0);
-        EXPECT_EQ(GFileSystemSpec(kNobody).GetFullPath(), std::string("/") + kNobody);
+        ASSERT_EQ(0, chdir("/"));
+        EXPECT_EQ(std::string("/") + kUnknownUser, GFileSystemSpec(kUnknownUser).GetFullPath());
     });
 }
 
-TEST_F(Tilde, CountsAtTheStartAlone)
+TEST_F(Tilde, IsExpandedOnlyAtTheStart)
 {
     WithHome("/home/of/test", [] {
-        EXPECT_EQ(Expanded("/~"), "/~");
-        EXPECT_EQ(Expanded(" ~"), " ~");
+        EXPECT_EQ("/~", Expanded("/~"));
+        EXPECT_EQ(" ~", Expanded(" ~"));
     });
 }
 
 TEST_F(Tilde, IsExpandedInQuotesAndInSetFullPath)
 {
     WithHome("/home/of/test", [] {
-        EXPECT_EQ(GFileSystemSpec("\"~/x\"").GetFullPath(), "/home/of/test/x");
+        EXPECT_EQ("/home/of/test/x", GFileSystemSpec("\"~/x\"").GetFullPath());
         GFileSystemSpec spec;
-        EXPECT_EQ(spec.SetFullPath("~/x/"), 0U);
-        EXPECT_EQ(spec.GetFullPath(), "/home/of/test/x");
+        EXPECT_EQ(CoreErrorCodes::kSuccess, spec.SetFullPath("~/x/"));
+        EXPECT_EQ("/home/of/test/x", spec.GetFullPath());
     });
 }
 

@@ -18,7 +18,7 @@ int Print(char* buffer, unsigned long size, const char* format, ...)
     return result;
 }
 
-TEST(StringSplit, AtEachDelimiter)
+TEST(StringSplit, SplitsAtEachDelimiter)
 {
     EXPECT_THAT(GStringUtils::Split("a/b", "/"), ElementsAre("a", "b"));
     EXPECT_THAT(GStringUtils::Split("abc", "/"), ElementsAre("abc"));
@@ -40,7 +40,7 @@ TEST(StringSplit, EmptyTextOrDelimiterGivesTheText)
     EXPECT_THAT(GStringUtils::Split("", ""), ElementsAre(""));
 }
 
-TEST(StringSplit, DelimiterIsAWholeText)
+TEST(StringSplit, DelimiterIsAWholeString)
 {
     EXPECT_THAT(GStringUtils::Split("a, b,c", ", "), ElementsAre("a", "b,c"));
     EXPECT_THAT(GStringUtils::Split("a, b, ", ", "), ElementsAre("a", "b", ""));
@@ -49,42 +49,42 @@ TEST(StringSplit, DelimiterIsAWholeText)
     EXPECT_THAT(GStringUtils::Split("abc", "abc"), ElementsAre("", ""));
 }
 
-TEST(StringSplit, TextThatOnlyEndsLikeADelimiterHasNoLastElement)
+TEST(StringSplit, PartOfADelimiterAtTheEndAddsNoEmptyElement)
 {
     EXPECT_THAT(GStringUtils::Split("aab", "ab"), ElementsAre("a", ""));
     EXPECT_THAT(GStringUtils::Split("ababa", "aba"), ElementsAre("", "ba"));
 }
 
-TEST(StringStrip, EveryRepetitionInFrontGoes)
+TEST(StringStrip, RemovesEveryRepetitionOfThePrefix)
 {
-    EXPECT_EQ(GStringUtils::StripPrecedingString("///a", "/"), "a");
-    EXPECT_EQ(GStringUtils::StripPrecedingString("//", "/"), "");
-    EXPECT_EQ(GStringUtils::StripPrecedingString("abab", "ab"), "");
-    EXPECT_EQ(GStringUtils::StripPrecedingString("ababa", "ab"), "a");
-    EXPECT_EQ(GStringUtils::StripPrecedingString("a/b/", "/"), "a/b/");
+    EXPECT_EQ("a", GStringUtils::StripPrecedingString("///a", "/"));
+    EXPECT_EQ("", GStringUtils::StripPrecedingString("//", "/"));
+    EXPECT_EQ("", GStringUtils::StripPrecedingString("abab", "ab"));
+    EXPECT_EQ("a", GStringUtils::StripPrecedingString("ababa", "ab"));
+    EXPECT_EQ("a/b/", GStringUtils::StripPrecedingString("a/b/", "/"));
 }
 
-TEST(StringStrip, EveryRepetitionBehindGoes)
+TEST(StringStrip, RemovesEveryRepetitionOfTheSuffix)
 {
-    EXPECT_EQ(GStringUtils::StripTrailingString("a///", "/"), "a");
-    EXPECT_EQ(GStringUtils::StripTrailingString("//", "/"), "");
-    EXPECT_EQ(GStringUtils::StripTrailingString("abab", "ab"), "");
-    EXPECT_EQ(GStringUtils::StripTrailingString("babab", "ab"), "b");
-    EXPECT_EQ(GStringUtils::StripTrailingString("aaa", "aa"), "a");
-    EXPECT_EQ(GStringUtils::StripTrailingString("/a/b", "/"), "/a/b");
+    EXPECT_EQ("a", GStringUtils::StripTrailingString("a///", "/"));
+    EXPECT_EQ("", GStringUtils::StripTrailingString("//", "/"));
+    EXPECT_EQ("", GStringUtils::StripTrailingString("abab", "ab"));
+    EXPECT_EQ("b", GStringUtils::StripTrailingString("babab", "ab"));
+    EXPECT_EQ("a", GStringUtils::StripTrailingString("aaa", "aa"));
+    EXPECT_EQ("/a/b", GStringUtils::StripTrailingString("/a/b", "/"));
 }
 
-TEST(StringStrip, EmptyTextsStripNothing)
+TEST(StringStrip, EmptyStringsChangeNothing)
 {
-    EXPECT_EQ(GStringUtils::StripPrecedingString("", "/"), "");
-    EXPECT_EQ(GStringUtils::StripPrecedingString("a", ""), "a");
-    EXPECT_EQ(GStringUtils::StripTrailingString("", "/"), "");
-    EXPECT_EQ(GStringUtils::StripTrailingString("a", ""), "a");
-    EXPECT_EQ(GStringUtils::StripTrailingString("a", "ba"), "a");
-    EXPECT_EQ(GStringUtils::StripPrecedingString("a", "ab"), "a");
+    EXPECT_EQ("", GStringUtils::StripPrecedingString("", "/"));
+    EXPECT_EQ("a", GStringUtils::StripPrecedingString("a", ""));
+    EXPECT_EQ("", GStringUtils::StripTrailingString("", "/"));
+    EXPECT_EQ("a", GStringUtils::StripTrailingString("a", ""));
+    EXPECT_EQ("a", GStringUtils::StripTrailingString("a", "ba"));
+    EXPECT_EQ("a", GStringUtils::StripPrecedingString("a", "ab"));
 }
 
-TEST(StringEnds, BeginsWith)
+TEST(StringEnds, BeginsWithIsCaseSensitive)
 {
     EXPECT_TRUE(GStringUtils::BeginsWith("ab", "a"));
     EXPECT_TRUE(GStringUtils::BeginsWith("ab", "ab"));
@@ -95,7 +95,7 @@ TEST(StringEnds, BeginsWith)
     EXPECT_FALSE(GStringUtils::BeginsWith("ab", "A"));
 }
 
-TEST(StringEnds, EndsWith)
+TEST(StringEnds, EndsWithIsCaseSensitive)
 {
     EXPECT_TRUE(GStringUtils::EndsWith("ab", "b"));
     EXPECT_TRUE(GStringUtils::EndsWith("ab", "ab"));
@@ -106,28 +106,28 @@ TEST(StringEnds, EndsWith)
     EXPECT_FALSE(GStringUtils::EndsWith("ab", "B"));
 }
 
-TEST(StringLowerCase, ChangesPlainLettersAlone)
+TEST(StringLowerCase, ChangesOnlyASCIILetters)
 {
-    EXPECT_EQ(GStringUtils::OSToLowerCase("DeFault-9 Z"), "default-9 z");
-    EXPECT_EQ(GStringUtils::OSToLowerCase(""), "");
-    EXPECT_EQ(GStringUtils::OSToLowerCase("\xC3\x84"), "\xC3\x84");
+    EXPECT_EQ("default-9 z", GStringUtils::OSToLowerCase("DeFault-9 Z"));
+    EXPECT_EQ("", GStringUtils::OSToLowerCase(""));
+    EXPECT_EQ("\xC3\x84", GStringUtils::OSToLowerCase("\xC3\x84"));
     const std::string withZero("A\0B", 3);
-    EXPECT_EQ(GStringUtils::OSToLowerCase(withZero), std::string("a\0b", 3));
+    EXPECT_EQ(std::string("a\0b", 3), GStringUtils::OSToLowerCase(withZero));
 }
 
 TEST(StringLowerCase, FunctorChangesItsCharacter)
 {
     char letter = 'Q';
     GLowerCaseFunctor()(letter);
-    EXPECT_EQ(letter, 'q');
+    EXPECT_EQ('q', letter);
 }
 
-TEST(StringPrint, TellsTheSizeThatIsNeeded)
+TEST(StringPrint, ReturnsTheSizeThatIsNeeded)
 {
     char buffer[4] = "xxx";
-    EXPECT_EQ(Print(buffer, sizeof buffer, "%d-%s", 12, "ab"), 5);
-    EXPECT_STREQ(buffer, "12-");
-    EXPECT_EQ(Print(nullptr, 0, "%s", "12345"), 5);
+    EXPECT_EQ(5, Print(buffer, sizeof buffer, "%d-%s", 12, "ab"));
+    EXPECT_STREQ("12-", buffer);
+    EXPECT_EQ(5, Print(nullptr, 0, "%s", "12345"));
 }
 
 }  // namespace

@@ -9,7 +9,7 @@
 
 namespace {
 
-// Of few letters, so that a delimiter is met, overlaps itself and stands at the ends.
+// Has few different letters, so that delimiters occur, overlap themselves and are at the ends.
 std::string AnyText()
 {
     return *rc::gen::container<std::string>(rc::gen::elementOf(std::string("ab/")));
@@ -31,14 +31,14 @@ std::string Join(const std::vector<std::string>& parts, const std::string& delim
     return text;
 }
 
-RC_GTEST_PROP(StringProperties, PartsJoinedAreTheText, ())
+RC_GTEST_PROP(StringProperties, JoinReversesSplit, ())
 {
     const std::string text = AnyText();
     const std::string delimiter = AnyShortText();
     RC_ASSERT(Join(GStringUtils::Split(text, delimiter), delimiter) == text);
 }
 
-RC_GTEST_PROP(StringProperties, NoPartHoldsTheDelimiter, ())
+RC_GTEST_PROP(StringProperties, NoPartContainsTheDelimiter, ())
 {
     const std::string delimiter = AnyShortText();
     for (const std::string& part : GStringUtils::Split(AnyText(), delimiter)) {
@@ -46,12 +46,12 @@ RC_GTEST_PROP(StringProperties, NoPartHoldsTheDelimiter, ())
     }
 }
 
-RC_GTEST_PROP(StringProperties, SplitIsNeverEmpty, ())
+RC_GTEST_PROP(StringProperties, SplitReturnsAtLeastOnePart, ())
 {
     RC_ASSERT(!GStringUtils::Split(AnyText(), AnyText()).empty());
 }
 
-RC_GTEST_PROP(StringProperties, StrippedTextBeginsOtherwise, ())
+RC_GTEST_PROP(StringProperties, StrippedTextDoesNotBeginWithThePrefix, ())
 {
     const std::string text = AnyText();
     const std::string prefix = AnyShortText();
@@ -62,7 +62,7 @@ RC_GTEST_PROP(StringProperties, StrippedTextBeginsOtherwise, ())
     RC_ASSERT(GStringUtils::StripPrecedingString(prefix + text, prefix) == stripped);
 }
 
-RC_GTEST_PROP(StringProperties, StrippedTextEndsOtherwise, ())
+RC_GTEST_PROP(StringProperties, StrippedTextDoesNotEndWithTheSuffix, ())
 {
     const std::string text = AnyText();
     const std::string suffix = AnyShortText();
@@ -81,7 +81,7 @@ RC_GTEST_PROP(StringProperties, TextBeginsAndEndsWithItsParts, ())
     RC_ASSERT(GStringUtils::EndsWith(first + second, second));
 }
 
-RC_GTEST_PROP(StringProperties, LowerCaseOfLowerCaseIsTheSame, ())
+RC_GTEST_PROP(StringProperties, LowerCaseIsIdempotent, ())
 {
     const auto text = *rc::gen::arbitrary<std::string>();
     const std::string lowered = GStringUtils::OSToLowerCase(text);

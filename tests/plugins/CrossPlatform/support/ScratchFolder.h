@@ -8,7 +8,8 @@
 #include <stdexcept>
 #include <string>
 
-// A fresh folder below the test's temporary folder, removed with all that is in it at the end.
+// A new, empty folder below the temporary folder of the tests. The destructor removes it and all of
+// its content.
 class ScratchFolder {
 public:
     ScratchFolder()
@@ -19,19 +20,19 @@ public:
     }
     ~ScratchFolder()
     {
-        std::error_code ignored;  // What can't be removed is left to the system's own clean-up.
+        std::error_code ignored;  // the system cleans its temporary folder up
         std::filesystem::remove_all(mPath, ignored);
     }
     ScratchFolder(const ScratchFolder&) = delete;
     ScratchFolder& operator=(const ScratchFolder&) = delete;
 
-    // The full path of a name in the folder; of the folder itself for the empty name.
+    // Returns the full path of a name in the folder; of the folder itself for "".
     std::string Path(const std::string& name = "") const
     {
         return name.empty() ? mPath : mPath + "/" + name;
     }
 
-    // Writes a file, with the folders above it, and gives its full path.
+    // Writes a file, creates the folders above it and returns its full path.
     std::string Write(const std::string& name, const std::string& content) const
     {
         const std::string path = Path(name);

@@ -12,7 +12,7 @@ namespace {
 
 void Set(const char* name, const char* value)
 {
-    ASSERT_EQ(value == nullptr ? unsetenv(name) : setenv(name, value, 1), 0);
+    ASSERT_EQ(0, value == nullptr ? unsetenv(name) : setenv(name, value, 1));
 }
 
 void ExpectFolder(const char* dataHome, const char* home, const std::string& expected)
@@ -22,17 +22,17 @@ void ExpectFolder(const char* dataHome, const char* home, const std::string& exp
         Set("HOME", home);
         std::string folder = "before";
         GetUsersAppDataDirectory(folder);
-        EXPECT_EQ(folder, expected);
+        EXPECT_EQ(expected, folder);
     });
 }
 
-TEST(AppDataDirectory, IsTheUsersDataFolder)
+TEST(AppDataDirectory, IsTheDataFolderOfTheEnvironment)
 {
     ExpectFolder("/data", "/home/of/test", "/data");
     ExpectFolder("/data", nullptr, "/data");
 }
 
-TEST(AppDataDirectory, LiesInTheHomeFolderOtherwise)
+TEST(AppDataDirectory, DefaultIsInTheHomeFolder)
 {
     ExpectFolder(nullptr, "/home/of/test", "/home/of/test/.local/share");
     ExpectFolder("", "/home/of/test", "/home/of/test/.local/share");
@@ -40,7 +40,7 @@ TEST(AppDataDirectory, LiesInTheHomeFolderOtherwise)
     ExpectFolder(nullptr, "/", "/.local/share");
 }
 
-TEST(AppDataDirectory, WithoutHomeTheUserDatabaseTells)
+TEST(AppDataDirectory, WithoutHomeTheUserDatabaseIsUsed)
 {
     const passwd* const entry = getpwuid(getuid());
     if (entry == nullptr) GTEST_SKIP() << "the user database doesn't know who runs this";

@@ -12,7 +12,7 @@
 
 namespace {
 
-// Names that no other process has, so that tests at the same time don't see each other's.
+// Uses unique process names, so that tests that run at the same time don't find each other's.
 class RunningProcess : public testing::Test {
 protected:
     static unsigned int Find(const std::string& name, std::string& folder)
@@ -35,79 +35,79 @@ protected:
     std::string found;
 };
 
-TEST_F(RunningProcess, GivesItsFolderWithASeparator)
+TEST_F(RunningProcess, IsFoundWithItsFolderAndASeparator)
 {
     const std::string name = UniqueName("Finder");
     const SleepingProcess process(Folder("a b") + name);
-    EXPECT_EQ(Find(name, found), 0U);
-    EXPECT_EQ(found, base + "/a b/");
+    EXPECT_EQ(CoreErrorCodes::kSuccess, Find(name, found));
+    EXPECT_EQ(base + "/a b/", found);
 }
 
-TEST_F(RunningProcess, IsKnownByItsExecutableNotByWhatItCallsItself)
+TEST_F(RunningProcess, IsFoundByItsExecutableNotByItsFirstArgument)
 {
     const std::string name = UniqueName("Executable");
     const std::string ownName = UniqueName("Called");
     const SleepingProcess process(Folder("bin") + name, ownName);
-    EXPECT_EQ(Find(name, found), 0U);
-    EXPECT_EQ(found, base + "/bin/");
-    EXPECT_EQ(Find(ownName, found), CoreErrorCodes::kUnknownError);
+    EXPECT_EQ(CoreErrorCodes::kSuccess, Find(name, found));
+    EXPECT_EQ(base + "/bin/", found);
+    EXPECT_EQ(CoreErrorCodes::kUnknownError, Find(ownName, found));
 }
 
-TEST_F(RunningProcess, IsKnownByAllOfItsName)
+TEST_F(RunningProcess, IsFoundByItsWholeNameOnly)
 {
     const std::string name = UniqueName("Whole");
     const SleepingProcess process(Folder("bin") + name);
     for (const std::string& other :
          {name + "x", "x" + name, name.substr(1), name.substr(0, name.size() - 1), std::string()}) {
-        EXPECT_EQ(Find(other, found), CoreErrorCodes::kUnknownError) << other;
-        EXPECT_EQ(found, "before");
+        EXPECT_EQ(CoreErrorCodes::kUnknownError, Find(other, found)) << other;
+        EXPECT_EQ("before", found);
     }
 }
 
-TEST_F(RunningProcess, CaseCounts)
+TEST_F(RunningProcess, NameIsCaseSensitive)
 {
     const std::string name = UniqueName("Case");
     const SleepingProcess process(Folder("bin") + name);
-    EXPECT_EQ(Find(UniqueName("case"), found), CoreErrorCodes::kUnknownError);
-    EXPECT_EQ(Find(UniqueName("CASE"), found), CoreErrorCodes::kUnknownError);
+    EXPECT_EQ(CoreErrorCodes::kUnknownError, Find(UniqueName("case"), found));
+    EXPECT_EQ(CoreErrorCodes::kUnknownError, Find(UniqueName("CASE"), found));
 }
 
-TEST_F(RunningProcess, FolderOfThatNameIsNoProcess)
+TEST_F(RunningProcess, FolderOfTheSameNameIsNotFound)
 {
     const std::string name = UniqueName("Folder");
     const SleepingProcess process(Folder(name) + "program");
-    EXPECT_EQ(Find(name, found), CoreErrorCodes::kUnknownError);
+    EXPECT_EQ(CoreErrorCodes::kUnknownError, Find(name, found));
 }
 
-TEST_F(RunningProcess, LinkCountsByItsTarget)
+TEST_F(RunningProcess, NameOfALinkToTheExecutableIsNotFound)
 {
     const std::string name = UniqueName("Target");
     const SleepingProcess process(Folder("bin") + name);
     std::filesystem::create_symlink(base + "/bin/" + name, base + "/" + UniqueName("Link"));
-    EXPECT_EQ(Find(UniqueName("Link"), found), CoreErrorCodes::kUnknownError);
+    EXPECT_EQ(CoreErrorCodes::kUnknownError, Find(UniqueName("Link"), found));
 }
 
-TEST_F(RunningProcess, EndedOneIsNotFound)
+TEST_F(RunningProcess, EndedProcessIsNotFound)
 {
     const std::string name = UniqueName("Ended");
     {
         const SleepingProcess process(Folder("bin") + name);
-        ASSERT_EQ(Find(name, found), 0U);
+        ASSERT_EQ(CoreErrorCodes::kSuccess, Find(name, found));
     }
-    EXPECT_EQ(Find(name, found), CoreErrorCodes::kUnknownError);
-    EXPECT_EQ(found, "before");
+    EXPECT_EQ(CoreErrorCodes::kUnknownError, Find(name, found));
+    EXPECT_EQ("before", found);
 }
 
-TEST_F(RunningProcess, LowestNumberWins)
+TEST_F(RunningProcess, LowestProcessNumberWins)
 {
     const std::string name = UniqueName("Twin");
     const SleepingProcess first(Folder("first") + name);
     const SleepingProcess second(Folder("second") + name);
-    ASSERT_EQ(Find(name, found), 0U);
-    EXPECT_EQ(found, base + (first.Number() < second.Number() ? "/first/" : "/second/"));
+    ASSERT_EQ(CoreErrorCodes::kSuccess, Find(name, found));
+    EXPECT_EQ(base + (first.Number() < second.Number() ? "/first/" : "/second/"), found);
 }
 
-TEST_F(RunningProcess, OwnProcessIsAmongThem)
+TEST_F(RunningProcess, OwnProcessIsListed)
 {
     const std::filesystem::path self = std::filesystem::read_symlink("/proc/self/exe");
     EXPECT_THAT(OSGetRunningExecutables(), testing::Contains(self.string()));

@@ -16,11 +16,11 @@ void PrintTo(const Line& row, std::ostream* out) { *out << testing::PrintToStrin
 
 class ValueOfLine : public testing::TestWithParam<Line> {};
 
-TEST_P(ValueOfLine, IsWhatStandsBehindTheFirstEquals)
+TEST_P(ValueOfLine, IsTheTextAfterTheFirstEqualsSign)
 {
     std::string value = "before";
     EXPECT_TRUE(GetValueAtEndOfThisLine(GetParam().line, &value));
-    EXPECT_EQ(value, GetParam().value);
+    EXPECT_EQ(GetParam().value, value);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -29,7 +29,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Line{"LineFeed", "key=value\n", "value"},
                     Line{"ReturnAndLineFeed", "key=value\r\n", "value"},
                     Line{"ReturnAlone", "key=value\rother=x", "value"},
-                    Line{"ReturnBehindALineFeed", "key=one\ntwo\rthree", "one\ntwo"},
+                    Line{"ReturnAfterALineFeed", "key=one\ntwo\rthree", "one\ntwo"},
                     Line{"SecondEquals", "key=a=b", "a=b"}, Line{"Empty", "key=", ""},
                     Line{"EmptyWithReturn", "key=\r", ""}, Line{"EmptyWithLineFeed", "key=\n", ""},
                     Line{"NothingIsTrimmed", "key = \tvalue ", " \tvalue "},
@@ -38,11 +38,11 @@ INSTANTIATE_TEST_SUITE_P(
 
 class LineWithoutValue : public testing::TestWithParam<const char*> {};
 
-TEST_P(LineWithoutValue, ChangesNothing)
+TEST_P(LineWithoutValue, ReturnsFalseAndKeepsTheValue)
 {
     std::string value = "before";
     EXPECT_FALSE(GetValueAtEndOfThisLine(GetParam(), &value));
-    EXPECT_EQ(value, "before");
+    EXPECT_EQ("before", value);
 }
 
 INSTANTIATE_TEST_SUITE_P(Lines, LineWithoutValue,

@@ -9,7 +9,7 @@
 #include <cstring>
 #include <string>
 
-// The formatter that the trace uses, observed on its way through.
+// What the replaced vsnprintf below saw at its last call.
 namespace {
 
 struct Formatted {
@@ -47,7 +47,7 @@ protected:
 
 TEST_F(DebugUtils, FormatsItsText)
 {
-    OutputIndentedAndFormattedString(1, "Entering %s(%08x, '%s')", "Name", 0x2Au, "text");
+    OutputIndentedAndFormattedString(1, "Entering %s(%08x, '%s')", "Name", 0x2AU, "text");
     EXPECT_EQ(1, gFormatted.calls);
     EXPECT_EQ("Entering Name(0000002a, 'text')", gFormatted.beginning);
 }
@@ -55,7 +55,7 @@ TEST_F(DebugUtils, FormatsItsText)
 TEST_F(DebugUtils, FormatsIntoAZeroedBufferOf65536Bytes)
 {
     OutputIndentedAndFormattedString(0, "%d", 7);
-    EXPECT_EQ(65536u, gFormatted.limit);
+    EXPECT_EQ(65536U, gFormatted.limit);
     EXPECT_TRUE(gFormatted.zeroed);
 }
 
@@ -67,26 +67,26 @@ TEST_F(DebugUtils, ClearsTheBufferAtEveryCall)
     EXPECT_EQ("y", gFormatted.beginning);
 }
 
-TEST_F(DebugUtils, TakesATextOf65535Characters)
+TEST_F(DebugUtils, FormatsATextOf65535Characters)
 {
     OutputIndentedAndFormattedString(0, "%s", std::string(65535, 'x').c_str());
-    EXPECT_EQ(65535u, gFormatted.length);
+    EXPECT_EQ(65535U, gFormatted.length);
 }
 
-TEST_F(DebugUtils, CutsALongerText)
+TEST_F(DebugUtils, TruncatesALongerText)
 {
     OutputIndentedAndFormattedString(0, "%s", std::string(200000, 'x').c_str());
-    EXPECT_EQ(65535u, gFormatted.length);
+    EXPECT_EQ(65535U, gFormatted.length);
 }
 
-TEST_F(DebugUtils, StaysSilent)
+TEST_F(DebugUtils, WritesNothingToTheStandardStreams)
 {
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
     OutputIndentedAndFormattedString(1, "Entering %s()", "Name");
     OutputIndentedAndFormattedString(0, "%s", std::string(200000, 'x').c_str());
     OutputIndentedAndFormattedString(-1, "Exiting %s()", "Name");
-    OutputIndentedAndFormattedString(static_cast<int>(0xFFFFFFFFu), "Exiting %s", "Name");
+    OutputIndentedAndFormattedString(static_cast<int>(0xFFFFFFFFU), "Exiting %s", "Name");
     EXPECT_EQ("", testing::internal::GetCapturedStdout());
     EXPECT_EQ("", testing::internal::GetCapturedStderr());
 }

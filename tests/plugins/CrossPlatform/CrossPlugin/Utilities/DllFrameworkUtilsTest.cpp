@@ -65,7 +65,8 @@ protected:
     }
     void AddPropertyList(const std::string& content)
     {
-        (void)scratch.Write("Probe.framework/Resources/Info.plist", content);  // The path is known.
+        (void)scratch.Write("Probe.framework/Resources/Info.plist",
+                            content);  // the path isn't needed
     }
     void ExpectNone(const char* path)
     {
@@ -78,7 +79,7 @@ protected:
     std::string framework = scratch.Path("Probe.framework");
 };
 
-TEST_F(DllFrameworkUtils, LoadsAFrameworkAndTellsItsVersion)
+TEST_F(DllFrameworkUtils, LoadsAFrameworkAndCopiesItsVersion)
 {
     AddLibrary();
     AddPropertyList(Version("4.5.6"));
@@ -99,7 +100,7 @@ TEST_F(DllFrameworkUtils, ReadsABinaryPropertyList)
     EXPECT_STREQ("2.5.1", version);
 }
 
-TEST_F(DllFrameworkUtils, LeavesTheBufferWithoutAVersionKey)
+TEST_F(DllFrameworkUtils, KeepsTheBufferWithoutAVersionKey)
 {
     AddLibrary();
     AddPropertyList(PropertyList("<key>CFBundleVersion</key><string>9</string>"));
@@ -108,7 +109,7 @@ TEST_F(DllFrameworkUtils, LeavesTheBufferWithoutAVersionKey)
     EXPECT_STREQ("as it was", version);
 }
 
-TEST_F(DllFrameworkUtils, CutsTheVersionToTheBuffer)
+TEST_F(DllFrameworkUtils, TruncatesTheVersionToTheBuffer)
 {
     AddLibrary();
     AddPropertyList(Version("10.11.12.13"));
@@ -118,7 +119,7 @@ TEST_F(DllFrameworkUtils, CutsTheVersionToTheBuffer)
     EXPECT_EQ(std::string("10.11.1\0########", 16), std::string(version, 16));
 }
 
-TEST_F(DllFrameworkUtils, KeepsAVersionThatJustFits)
+TEST_F(DllFrameworkUtils, DoesNotTruncateAVersionThatJustFits)
 {
     AddLibrary();
     AddPropertyList(Version("1.2.345"));
@@ -129,7 +130,7 @@ TEST_F(DllFrameworkUtils, KeepsAVersionThatJustFits)
     EXPECT_EQ('#', version[8]);
 }
 
-TEST_F(DllFrameworkUtils, WritesNothingToABufferOfNoSize)
+TEST_F(DllFrameworkUtils, WritesNothingToABufferOfSizeZero)
 {
     AddLibrary();
     AddPropertyList(Version("4.5.6"));
@@ -138,53 +139,53 @@ TEST_F(DllFrameworkUtils, WritesNothingToABufferOfNoSize)
     EXPECT_STREQ("abc", version);
 }
 
-TEST_F(DllFrameworkUtils, FindsNothingWhereThereIsNothing)
+TEST_F(DllFrameworkUtils, RefusesAMissingFolder)
 {
     ExpectNone(framework.c_str());
     EXPECT_TRUE(HasTrace(LoadTrace(nullptr, framework)));
 }
 
-TEST_F(DllFrameworkUtils, TakesNoPlainFileForAFramework)
+TEST_F(DllFrameworkUtils, RefusesAPlainFile)
 {
-    (void)scratch.Write("Probe.framework", "text");  // The path is known.
+    (void)scratch.Write("Probe.framework", "text");  // the path isn't needed
     ExpectNone(framework.c_str());
 }
 
-TEST_F(DllFrameworkUtils, TakesNoLibraryForAFramework)
+TEST_F(DllFrameworkUtils, RefusesTheLibraryItself)
 {
     AddLibrary();
     AddPropertyList(Version("1"));
     ExpectNone((framework + "/Probe").c_str());
 }
 
-TEST_F(DllFrameworkUtils, WantsTheLibraryInTheFolder)
+TEST_F(DllFrameworkUtils, RefusesAFolderWithoutTheLibrary)
 {
     AddPropertyList(Version("1"));
     ExpectNone(framework.c_str());
 }
 
-TEST_F(DllFrameworkUtils, WantsALibraryThatCanBeLoaded)
+TEST_F(DllFrameworkUtils, RefusesALibraryThatCannotBeLoaded)
 {
-    (void)scratch.Write("Probe.framework/Probe", "This is a text.\n");  // The path is known.
+    (void)scratch.Write("Probe.framework/Probe", "This is a text.\n");  // the path isn't needed
     AddPropertyList(Version("1"));
     ExpectNone(framework.c_str());
     EXPECT_TRUE(HasTrace(LoadTrace(nullptr, framework)));
 }
 
-TEST_F(DllFrameworkUtils, WantsThePropertyList)
+TEST_F(DllFrameworkUtils, RefusesAFolderWithoutAPropertyList)
 {
     AddLibrary();
     ExpectNone(framework.c_str());
 }
 
-TEST_F(DllFrameworkUtils, WantsAPropertyListThatCanBeRead)
+TEST_F(DllFrameworkUtils, RefusesAMalformedPropertyList)
 {
     AddLibrary();
     AddPropertyList("no property list at all");
     ExpectNone(framework.c_str());
 }
 
-TEST_F(DllFrameworkUtils, WantsTheFolderToBeNamedAsAFramework)
+TEST_F(DllFrameworkUtils, RefusesAFolderWithoutTheFrameworkSuffix)
 {
     AddLibrary();
     AddPropertyList(Version("1"));
@@ -192,13 +193,13 @@ TEST_F(DllFrameworkUtils, WantsTheFolderToBeNamedAsAFramework)
     ExpectNone(scratch.Path("Probe").c_str());
 }
 
-TEST_F(DllFrameworkUtils, TakesNoNullPath)
+TEST_F(DllFrameworkUtils, RefusesANullPath)
 {
     ExpectNone(nullptr);
     EXPECT_TRUE(HasTrace(LoadTrace(nullptr, "(null)")));
 }
 
-TEST_F(DllFrameworkUtils, TakesNoPathThatIsNotUTF8)
+TEST_F(DllFrameworkUtils, RefusesAPathThatIsNotUTF8)
 {
     AddLibrary();
     AddPropertyList(Version("1"));
@@ -221,7 +222,7 @@ TEST_F(DllFrameworkUtils, FindsAFunctionByName)
     EXPECT_EQ(std::vector<std::string>{LookUpTrace(bundle, "ProbeAnswer", function)}, TraceTexts());
 }
 
-TEST_F(DllFrameworkUtils, FindsNoFunctionThatIsNotThere)
+TEST_F(DllFrameworkUtils, MissingFunctionIsNull)
 {
     AddLibrary();
     AddPropertyList(Version("1"));
@@ -234,7 +235,7 @@ TEST_F(DllFrameworkUtils, FindsNoFunctionThatIsNotThere)
     EXPECT_EQ(nullptr, GetFunctionPtr(bundle, "caf\xE9"));
 }
 
-TEST_F(DllFrameworkUtils, FindsNothingInANullBundle)
+TEST_F(DllFrameworkUtils, FunctionOfANullBundleIsNullAndNotTraced)
 {
     EXPECT_EQ(nullptr, GetFunctionPtr(nullptr, "ProbeAnswer"));
     EXPECT_EQ(nullptr, GetFunctionPtr(nullptr, nullptr));

@@ -13,7 +13,7 @@ namespace {
 using CorvantaFileUtils::FileExists;
 using CorvantaFileUtils::GetFileModificationDate;
 
-// Sets the modification time; false if the file system can't hold it.
+// Sets the modification time. Returns false if the file system can't store it.
 bool SetTime(const std::string& path, time_t seconds, long nanoseconds)
 {
     const timespec times[2] = {{seconds, nanoseconds}, {seconds, nanoseconds}};
@@ -69,7 +69,7 @@ TEST(FileExists, IsFalseForAPipe)
     EXPECT_FALSE(FileExists(scratch.Path("pipe")));
 }
 
-TEST(FileExists, IsFalseForAMissingFileAndForNoPath)
+TEST(FileExists, IsFalseForAMissingFileAndForAnEmptyPath)
 {
     const ScratchFolder scratch;
     EXPECT_FALSE(FileExists(scratch.Path("missing")));
@@ -84,7 +84,7 @@ TEST(GetFileModificationDate, IsTheSecondsSince1970)
     EXPECT_EQ(1234567890, GetFileModificationDate(path.c_str()));
 }
 
-TEST(GetFileModificationDate, LosesTheFraction)
+TEST(GetFileModificationDate, TruncatesTheFraction)
 {
     const ScratchFolder scratch;
     const std::string path = scratch.Write("a.ai", "x");
@@ -92,7 +92,7 @@ TEST(GetFileModificationDate, LosesTheFraction)
     EXPECT_EQ(1234567890, GetFileModificationDate(path.c_str()));
 }
 
-TEST(GetFileModificationDate, GoesBeyond32Bits)
+TEST(GetFileModificationDate, ExceedsThirtyTwoBits)
 {
     const ScratchFolder scratch;
     const std::string path = scratch.Write("a.ai", "x");
@@ -108,7 +108,7 @@ TEST(GetFileModificationDate, IsNegativeBefore1970)
     EXPECT_EQ(-100, GetFileModificationDate(path.c_str()));
 }
 
-TEST(GetFileModificationDate, TakesAUTF8Path)
+TEST(GetFileModificationDate, AcceptsAUTF8Path)
 {
     const ScratchFolder scratch;
     const std::string path = scratch.Write("caf\xC3\xA9.ai", "x");
@@ -141,7 +141,7 @@ TEST(GetFileModificationDate, IsZeroForADanglingLink)
     EXPECT_EQ(0, GetFileModificationDate(scratch.Path("link").c_str()));
 }
 
-TEST(GetFileModificationDate, IsZeroWithoutAPath)
+TEST(GetFileModificationDate, IsZeroForANullOrEmptyPath)
 {
     EXPECT_EQ(0, GetFileModificationDate(nullptr));
     EXPECT_EQ(0, GetFileModificationDate(""));

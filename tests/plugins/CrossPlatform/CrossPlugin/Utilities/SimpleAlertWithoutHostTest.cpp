@@ -17,12 +17,12 @@ TEST(SimpleAlertWithoutHost, WritesBothTextsToStandardError)
     EXPECT_LT(written.find("Missing PluginCore"), written.find("/a/caf"));
 }
 
-TEST(SimpleAlertWithoutHost, KeepsStandardOutputClean)
+TEST(SimpleAlertWithoutHost, WritesNothingToStandardOutput)
 {
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
     EXPECT_EQ(0, SimpleAlert("message", "information"));
-    (void)testing::internal::GetCapturedStderr();  // Only the other stream counts here.
+    (void)testing::internal::GetCapturedStderr();  // only standard output is tested
     EXPECT_EQ("", testing::internal::GetCapturedStdout());
 }
 

@@ -1,4 +1,4 @@
-/* A library with one function to be found and called. */
+/* A library with one function, which tests look up and call. */
 
 __attribute__((visibility("default"))) int ProbeAnswer(void);
 
