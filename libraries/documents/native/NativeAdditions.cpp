@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
-#include "documents/bytes/Utf8.h"
+#include "base/Utf8.h"
 #include "documents/pdf/PdfKey.h"
 #include "documents/postscript/DscText.h"
 
@@ -47,9 +47,9 @@ void ReadLine(std::string_view line, NativeAdditions& additions)
     DscWord word;
     if (!TakeDscWord(line, word) || word.text.empty()) return;
     if (isText) {
-        additions.texts.push_back({ToValidUtf8(word.text), ToLength(length)});
+        additions.texts.push_back({base::ToValidUtf8(word.text), ToLength(length)});
     } else {
-        additions.files.push_back(ToValidUtf8(word.text));
+        additions.files.push_back(base::ToValidUtf8(word.text));
     }
 }
 
@@ -73,13 +73,13 @@ NativeAdditions ReadAdditions(QPDFObjectHandle page)
         QPDFObjectHandle font = GetKey(texts.getArrayItem(i), "/Font");
         QPDFObjectHandle length = GetKey(texts.getArrayItem(i), "/Length");
         if (!font.isString()) continue;
-        additions.texts.push_back({ToValidUtf8(font.getUTF8Value()),
+        additions.texts.push_back({base::ToValidUtf8(font.getUTF8Value()),
                                    ToLength(length.isInteger() ? length.getIntValue() : 1)});
     }
     QPDFObjectHandle files = GetKey(data, "/Files");
     for (int i = 0; files.isArray() && i < files.getArrayNItems(); ++i) {
         QPDFObjectHandle file = files.getArrayItem(i);
-        if (file.isString()) additions.files.push_back(ToValidUtf8(file.getUTF8Value()));
+        if (file.isString()) additions.files.push_back(base::ToValidUtf8(file.getUTF8Value()));
     }
     return additions;
 }

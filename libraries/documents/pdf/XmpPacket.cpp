@@ -4,7 +4,7 @@
 #include <charconv>
 #include <cstdint>
 
-#include "documents/bytes/Utf8.h"
+#include "base/Utf8.h"
 
 namespace documents {
 
@@ -82,7 +82,7 @@ std::string Resolve(std::string_view raw)
         }
         text += raw[position];
     }
-    return ToValidUtf8(text);
+    return base::ToValidUtf8(text);
 }
 
 // Walks through tags and attributes and keeps the properties that are asked for.

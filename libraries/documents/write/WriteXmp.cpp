@@ -3,7 +3,7 @@
 #include <initializer_list>
 #include <string_view>
 
-#include "documents/bytes/Utf8.h"
+#include "base/Utf8.h"
 
 namespace documents {
 
@@ -12,7 +12,7 @@ namespace {
 std::string EscapeXml(const std::string& text)
 {
     std::string escaped;
-    for (const char c : ToValidUtf8(text)) {
+    for (const char c : base::ToValidUtf8(text)) {
         switch (c) {
             case '&':
                 escaped += "&amp;";

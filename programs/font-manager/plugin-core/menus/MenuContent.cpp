@@ -2,7 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include "documents/bytes/Utf8.h"
+#include "base/Utf8.h"
 
 using nlohmann::json;
 
@@ -36,7 +36,7 @@ json MakeLibraries(const MenuState& state)
     json nodes = json::array();
     for (const Library& library : state.libraries) {
         const std::string id = MakeLibraryId(library);
-        const std::string title = documents::ToValidUtf8(library.name);
+        const std::string title = base::ToValidUtf8(library.name);
         json node = MakeItem(id, title, true, library.path == state.selectedLibrary);
         // That label is taken by the submenu.
         if (title == MenuContent::kSelectLibrary) node["label"] = id;
@@ -60,7 +60,7 @@ json MakeModes(ActivationMode present)
 
 std::string MakeLibraryId(const Library& library)
 {
-    return MenuContent::kLibrary + documents::ToValidUtf8(library.path);
+    return MenuContent::kLibrary + base::ToValidUtf8(library.path);
 }
 
 std::string MakeMenus(const MenuState& state)

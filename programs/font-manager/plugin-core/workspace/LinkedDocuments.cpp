@@ -7,8 +7,8 @@
 #include <cmath>
 #include <filesystem>
 
+#include "base/Utf8.h"
 #include "documents/OpenDocument.h"
-#include "documents/bytes/Utf8.h"
 #include "plugin-core/storage/StatusCodes.h"
 
 namespace fs = std::filesystem;
@@ -148,8 +148,8 @@ void LinkedDocuments::ReportOnce(const std::string& document, const std::string&
                                  const std::string& what)
 {
     if (!mReported.insert({document, file}).second) return;
-    const std::string placed = file.empty() ? file : "the placed " + documents::ToMessageText(file);
-    Report(documents::ToMessageText(document) + ": " + placed + (placed.empty() ? "" : " ") + what);
+    const std::string placed = file.empty() ? file : "the placed " + base::ToMessageText(file);
+    Report(base::ToMessageText(document) + ": " + placed + (placed.empty() ? "" : " ") + what);
 }
 
 }  // namespace plugincore
