@@ -6,14 +6,15 @@
 
 namespace documents {
 
-// What is taken from an XMP packet.
+// The properties that are read from an XMP packet.
 struct XmpFacts {
     std::string creatorTool;                 // xmp:CreatorTool
     std::vector<std::string> manifestFiles;  // each stRef:filePath of xmpMM:Manifest, in order
 };
 
-// Scans an XMP packet in UTF-8. Properties may be elements or attributes and have any prefix;
-// entities are resolved. What isn't well-formed is passed over: never fails.
+// Reads an XMP packet in UTF-8. A property may be an element or an attribute, with any prefix.
+// Never fails: a packet that is damaged, cut off or extremely large is read up to that point, and
+// an entity that XML doesn't define remains in the text as it is.
 XmpFacts ReadXmpPacket(std::string_view packet);
 
 }  // namespace documents
