@@ -4,7 +4,7 @@
 #include <cstring>
 #include <new>
 
-#include "InflateBudget.h"
+#include "ReadBudget.h"
 
 namespace documents {
 

@@ -3,10 +3,10 @@
 #include <qpdf/QPDFPageObjectHelper.hh>
 #include <utility>
 
-#include "InflateBudget.h"
 #include "InlineImage.h"
 #include "PdfDescription.h"
-#include "PdfKey.h"
+#include "PdfDictionary.h"
+#include "ReadBudget.h"
 
 namespace documents {
 

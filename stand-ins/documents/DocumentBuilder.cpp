@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "InflateBudget.h"
+#include "ReadBudget.h"
 #include "Utf8.h"
 
 namespace documents {

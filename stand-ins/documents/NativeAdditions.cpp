@@ -4,7 +4,7 @@
 #include <charconv>
 
 #include "DscText.h"
-#include "PdfKey.h"
+#include "PdfDictionary.h"
 #include "Utf8.h"
 
 namespace documents {

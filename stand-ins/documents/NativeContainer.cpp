@@ -4,8 +4,8 @@
 
 #include "Decompress.h"
 #include "NativeAdditions.h"
+#include "PdfDictionary.h"
 #include "PdfFile.h"
-#include "PdfKey.h"
 
 namespace documents {
 

@@ -8,9 +8,9 @@
 #include "Decompress.h"
 #include "DocumentBuilder.h"
 #include "DscText.h"
-#include "InflateBudget.h"
 #include "NativeLines.h"
 #include "NativeTextObjects.h"
+#include "ReadBudget.h"
 #include "Utf8.h"
 
 namespace documents {

@@ -10,11 +10,11 @@
 #include "DscReader.h"
 #include "FileBytes.h"
 #include "GhostscriptReader.h"
-#include "InflateBudget.h"
 #include "NativeReader.h"
 #include "PdfDescription.h"
 #include "PdfFile.h"
 #include "PdfReader.h"
+#include "ReadBudget.h"
 #include "Utf8.h"
 
 namespace documents {

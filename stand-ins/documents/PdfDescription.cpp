@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "PdfKey.h"
+#include "PdfDictionary.h"
 #include "Utf8.h"
 #include "XmpPacket.h"
 

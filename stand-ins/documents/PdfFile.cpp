@@ -3,7 +3,7 @@
 #include <exception>
 #include <qpdf/QPDFExc.hh>
 
-#include "InflateBudget.h"
+#include "ReadBudget.h"
 #include "StreamFilters.h"
 #include "Utf8.h"
 

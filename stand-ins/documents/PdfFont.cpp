@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
-#include "PdfKey.h"
+#include "PdfDictionary.h"
 
 namespace documents {
 

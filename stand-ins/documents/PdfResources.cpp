@@ -1,7 +1,7 @@
 #include "PdfResources.h"
 
 #include "ContentLexer.h"
-#include "PdfKey.h"
+#include "PdfDictionary.h"
 
 namespace documents {
 

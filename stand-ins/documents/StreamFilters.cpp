@@ -8,9 +8,9 @@
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFStreamFilter.hh>
 
-#include "InflateBudget.h"
 #include "LzwDecoder.h"
 #include "PngPredictor.h"
+#include "ReadBudget.h"
 
 namespace documents {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "DocumentBuilder.h"
-#include "InflateBudget.h"
+#include "ReadBudget.h"
 
 namespace documents {
 

@@ -6,10 +6,10 @@
 #include <string>
 #include <string_view>
 
-#include "InflateBudget.h"
 #include "NativeScan.h"
 #include "NativeTextTree.h"
 #include "OpenDocument.h"
+#include "ReadBudget.h"
 #include "Utf8.h"
 
 namespace {

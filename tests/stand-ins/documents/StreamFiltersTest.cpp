@@ -4,10 +4,10 @@
 
 #include <qpdf/Pl_String.hh>
 
-#include "InflateBudget.h"
 #include "LzwDecoder.h"
 #include "PdfMaker.h"
 #include "PngPredictor.h"
+#include "ReadBudget.h"
 
 using namespace documents;
 

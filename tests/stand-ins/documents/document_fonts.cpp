@@ -10,10 +10,10 @@
 #include "DocumentReader.h"
 #include "DscReader.h"
 #include "FileBytes.h"
-#include "InflateBudget.h"
 #include "NativeContainer.h"
 #include "OpenDocument.h"
 #include "PdfFile.h"
+#include "ReadBudget.h"
 
 namespace {
 

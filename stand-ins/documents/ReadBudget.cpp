@@ -1,4 +1,4 @@
-#include "InflateBudget.h"
+#include "ReadBudget.h"
 
 #include <algorithm>
 #include <cstdio>
