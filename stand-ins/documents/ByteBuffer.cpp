@@ -17,7 +17,7 @@ constexpr size_t kFirstCapacity = 65536;
 void ByteBuffer::Append(std::string_view bytes)
 {
     if (bytes.empty()) return;
-    InflateBudget::Take(bytes.size());
+    ReadBudget::Take(bytes.size());
     if (bytes.size() > mCapacity - mSize) {
         const size_t wanted =
             std::max({kFirstCapacity, mCapacity + mCapacity / 4, mSize + bytes.size()});

@@ -8,10 +8,10 @@
 namespace documents {
 
 // Bytes that are put together in pieces. It grows in place where the system can do that, so that
-// what one file inflates to isn't held twice. Takes what it grows by from the InflateBudget.
+// what one file inflates to isn't held twice. Takes what it grows by from the ReadBudget.
 class ByteBuffer {
 public:
-    // Throws TooLarge or std::bad_alloc; the buffer then stays as it was.
+    // Throws LimitExceeded or std::bad_alloc; the buffer then stays as it was.
     void Append(std::string_view bytes);
 
     std::string_view GetView() const { return {mBytes.get(), mSize}; }

@@ -19,15 +19,15 @@ constexpr long long kHiddenFlag = 2;
 // The stream of an annotation's normal appearance in its present state, else null.
 QPDFObjectHandle GetAppearance(QPDFObjectHandle annotation)
 {
-    QPDFObjectHandle flags = GetKey(annotation, "/F");
+    QPDFObjectHandle flags = GetKeyOrNull(annotation, "/F");
     if (flags.isInteger() && (flags.getIntValue() & kHiddenFlag) != 0) {
         return QPDFObjectHandle::newNull();
     }
-    QPDFObjectHandle appearance = GetKey(GetKey(annotation, "/AP"), "/N");
+    QPDFObjectHandle appearance = GetKeyOrNull(GetKeyOrNull(annotation, "/AP"), "/N");
     if (appearance.isDictionary()) {
-        QPDFObjectHandle state = GetKey(annotation, "/AS");
+        QPDFObjectHandle state = GetKeyOrNull(annotation, "/AS");
         if (!state.isName()) return QPDFObjectHandle::newNull();
-        appearance = GetKey(appearance, state.getName());
+        appearance = GetKeyOrNull(appearance, state.getName());
     }
     return appearance;
 }
@@ -64,11 +64,11 @@ void ContentWalker::WalkAnnotation(QPDFObjectHandle annotation, PdfResources& re
 
 void ContentWalker::TakeWork(size_t bytes)
 {
-    InflateBudget::Take(0);
+    ReadBudget::Take(0);
     mWork += bytes + kMinimumWork;
     if (mWork > mLimits.inflatedBytes) {
-        throw TooLarge("too large: has more than " + std::to_string(mLimits.inflatedBytes >> 20) +
-                       " MiB of content");
+        throw LimitExceeded("too large: has more than " +
+                            std::to_string(mLimits.inflatedBytes >> 20) + " MiB of content");
     }
 }
 
@@ -175,11 +175,11 @@ void ContentWalker::EndFrame(State& state)
 void ContentWalker::ApplyGraphicsState(State& state)
 {
     QPDFObjectHandle parameters = state.resources.Find("/ExtGState", state.name);
-    QPDFObjectHandle font = GetKey(parameters, "/Font");
+    QPDFObjectHandle font = GetKeyOrNull(parameters, "/Font");
     if (font.isArray() && font.getArrayNItems() > 0) {
         state.font = mFonts.Get(font.getArrayItem(0));
     }
-    QPDFObjectHandle mask = GetKey(GetKey(parameters, "/SMask"), "/G");
+    QPDFObjectHandle mask = GetKeyOrNull(GetKeyOrNull(parameters, "/SMask"), "/G");
     WalkForm(mask, state.resources, state.font, state.depth + 1);
 }
 

@@ -10,7 +10,7 @@
 
 #include "ContentLexer.h"
 #include "DocumentBuilder.h"
-#include "OpenDocument.h"
+#include "Limits.h"
 #include "PdfFile.h"
 #include "PdfFont.h"
 #include "PdfResources.h"
@@ -30,7 +30,7 @@ class ContentWalker {
 public:
     ContentWalker(PdfFile& file, const Limits& limits, DocumentBuilder& builder);
 
-    // Throws TooLarge.
+    // Throws LimitExceeded.
     void WalkPage(QPDFObjectHandle page);
 
     // Files that drawn XObjects refer to (OPI, reference XObjects, external data), by each drawing.

@@ -9,7 +9,7 @@ namespace documents {
 
 // Both append what `packed` begins with, decompressed, to `output`, and pass over what stands
 // behind it. The result is empty, or why it can't be decompressed to its end, in a few words; what
-// came out before that stays in `output`. They throw TooLarge beyond the InflateBudget.
+// came out before that stays in `output`. They throw LimitExceeded beyond the ReadBudget.
 std::string InflateZlib(std::string_view packed, ByteBuffer& output);
 std::string DecompressZstandard(std::string_view packed, ByteBuffer& output);
 

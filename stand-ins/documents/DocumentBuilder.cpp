@@ -36,7 +36,7 @@ void DocumentBuilder::AddFrameWithStory(std::vector<TextRun> runs)
 void DocumentBuilder::Clean(std::vector<TextRun>& runs)
 {
     mRuns += runs.size() + 1;
-    if (mRuns > kMaximumRuns * 2) throw TooLarge("too large: more text than can be read");
+    if (mRuns > kMaximumRuns * 2) throw LimitExceeded("too large: more text than can be read");
     for (TextRun& run : runs) {
         run.postScriptName = ToValidUtf8(run.postScriptName);
         run.length = std::max<size_t>(run.length, 1);

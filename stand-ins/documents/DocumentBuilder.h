@@ -14,7 +14,7 @@ namespace documents {
 // without text.
 class DocumentBuilder {
 public:
-    // More runs than this throw TooLarge.
+    // More runs than this throw LimitExceeded.
     static constexpr size_t kMaximumRuns = size_t{1} << 21;
 
     explicit DocumentBuilder(Document& document) : mDocument(document) {}

@@ -6,7 +6,7 @@
 
 #include "Document.h"
 #include "FileKind.h"
-#include "OpenDocument.h"
+#include "Limits.h"
 
 namespace documents {
 

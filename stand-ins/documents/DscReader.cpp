@@ -7,7 +7,7 @@
 
 #include "DocumentBuilder.h"
 #include "DscLines.h"
-#include "PdfFont.h"
+#include "FontName.h"
 #include "Utf8.h"
 
 namespace documents {

@@ -58,8 +58,9 @@ void ReadLine(std::string_view line, NativeAdditions& additions)
 QPDFObjectHandle FindNativePage(const std::vector<QPDFObjectHandle>& pages)
 {
     for (const QPDFObjectHandle& page : pages) {
-        QPDFObjectHandle piece = GetKey(GetKey(page, "/PieceInfo"), "/Illustrator");
-        if (GetKey(GetKey(piece, "/Private"), "/AIPrivateData1").isStream()) return page;
+        QPDFObjectHandle piece = GetKeyOrNull(GetKeyOrNull(page, "/PieceInfo"), "/Illustrator");
+        if (GetKeyOrNull(GetKeyOrNull(piece, "/Private"), "/AIPrivateData1").isStream())
+            return page;
     }
     return QPDFObjectHandle::newNull();
 }
@@ -67,16 +68,17 @@ QPDFObjectHandle FindNativePage(const std::vector<QPDFObjectHandle>& pages)
 NativeAdditions ReadAdditions(QPDFObjectHandle page)
 {
     NativeAdditions additions;
-    QPDFObjectHandle data = GetKey(GetKey(GetKey(page, "/PieceInfo"), kPiece), "/Private");
-    QPDFObjectHandle texts = GetKey(data, "/Texts");
+    QPDFObjectHandle data =
+        GetKeyOrNull(GetKeyOrNull(GetKeyOrNull(page, "/PieceInfo"), kPiece), "/Private");
+    QPDFObjectHandle texts = GetKeyOrNull(data, "/Texts");
     for (int i = 0; texts.isArray() && i < texts.getArrayNItems(); ++i) {
-        QPDFObjectHandle font = GetKey(texts.getArrayItem(i), "/Font");
-        QPDFObjectHandle length = GetKey(texts.getArrayItem(i), "/Length");
+        QPDFObjectHandle font = GetKeyOrNull(texts.getArrayItem(i), "/Font");
+        QPDFObjectHandle length = GetKeyOrNull(texts.getArrayItem(i), "/Length");
         if (!font.isString()) continue;
         additions.texts.push_back({ToValidUtf8(font.getUTF8Value()),
                                    ToLength(length.isInteger() ? length.getIntValue() : 1)});
     }
-    QPDFObjectHandle files = GetKey(data, "/Files");
+    QPDFObjectHandle files = GetKeyOrNull(data, "/Files");
     for (int i = 0; files.isArray() && i < files.getArrayNItems(); ++i) {
         QPDFObjectHandle file = files.getArrayItem(i);
         if (file.isString()) additions.files.push_back(ToValidUtf8(file.getUTF8Value()));

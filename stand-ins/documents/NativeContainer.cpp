@@ -64,16 +64,16 @@ NativePart JoinPrivateData(PdfFile& file)
     part.isThere = true;
     auto joined = std::make_unique<ByteBuffer>();
     for (size_t i = 1; i <= kMostBlocks; ++i) {
-        QPDFObjectHandle block = GetKey(data, "/AIPrivateData" + std::to_string(i));
+        QPDFObjectHandle block = GetKeyOrNull(data, "/AIPrivateData" + std::to_string(i));
         if (!block.isStream()) break;
         std::string bytes;
         file.AppendStream(block, bytes);
         joined->Append(bytes);
     }
-    QPDFObjectHandle count = GetKey(data, "/NumBlock");
+    QPDFObjectHandle count = GetKeyOrNull(data, "/NumBlock");
     if (count.isInteger() && count.getIntValue() > 0) {
         const std::string last = "/AIPrivateData" + std::to_string(count.getIntValue());
-        if (!GetKey(data, last).isStream()) part.error = "a block of it is missing";
+        if (!GetKeyOrNull(data, last).isStream()) part.error = "a block of it is missing";
     }
     SetBytes(part, std::move(joined));
     return part;

@@ -29,7 +29,7 @@ struct NativePart {
     std::unique_ptr<ByteBuffer> bytes;  // what `text` is a view into, if not the source
 };
 
-// Throws TooLarge.
+// Throws LimitExceeded.
 NativePart FindNativePart(const DocumentSource& source);
 
 }  // namespace documents

@@ -134,7 +134,7 @@ private:
     void AddText(NativeText text)
     {
         if (mContents.texts.size() >= DocumentBuilder::kMaximumRuns) {
-            throw TooLarge("too large: more text than can be read");
+            throw LimitExceeded("too large: more text than can be read");
         }
         mContents.texts.push_back(std::move(text));
     }

@@ -37,7 +37,7 @@ struct NativeContents {
 };
 
 // Objects in the appearance of styled art stand there twice: as the user's own, with "%_" in front
-// of each line, and as what they look like. Each counts once. Throws TooLarge.
+// of each line, and as what they look like. Each counts once. Throws LimitExceeded.
 NativeContents ScanNative(std::string_view text);
 
 }  // namespace documents

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "PdfFont.h"
+#include "FontName.h"
 
 namespace documents {
 

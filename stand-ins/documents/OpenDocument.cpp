@@ -28,13 +28,13 @@ std::string GetHeadError(std::string_view head)
     return {};
 }
 
-// Asks one reader; whatever it throws but TooLarge is a failure of this reader alone.
+// Asks one reader; whatever it throws but LimitExceeded is a failure of this reader alone.
 ReadResult Ask(const DocumentReader& reader, const DocumentSource& source, const Limits& limits,
                Document& document)
 {
     try {
         return reader.read(source, limits, document);
-    } catch (const TooLarge&) {
+    } catch (const LimitExceeded&) {
         throw;
     } catch (const std::bad_alloc&) {
         throw;
@@ -68,7 +68,7 @@ OpenResult AskReaders(const DocumentSource& source, const Limits& limits, const 
 OpenResult ReadPdf(std::string_view bytes, const Limits& limits, Document described)
 {
     OpenResult result;
-    const InflateBudget budget(limits.inflatedBytes, limits.seconds);
+    const ReadBudget budget(limits.inflatedBytes, limits.seconds);
     PdfFile file(bytes);
     result.error = file.Open();
     budget.Check();
@@ -85,7 +85,7 @@ OpenResult ReadPdf(std::string_view bytes, const Limits& limits, Document descri
 
 OpenResult ReadPostScript(std::string_view bytes, const Limits& limits, Document described)
 {
-    const InflateBudget budget(limits.inflatedBytes, limits.seconds);
+    const ReadBudget budget(limits.inflatedBytes, limits.seconds);
     DocumentSource source;
     source.container = GetContainer(bytes);
     source.postScript = bytes;

@@ -4,16 +4,9 @@
 #include <string_view>
 
 #include "Document.h"
+#include "Limits.h"
 
 namespace documents {
-
-struct Limits {
-    size_t inflatedBytes = 512u << 20;  // what one file may inflate to
-    double seconds = 30;                // for the reading of one file
-    size_t nesting = 64;                // form XObjects, dictionaries, arrays
-    double helperSeconds = 20;          // for Ghostscript, which is killed then; 0: not asked
-    size_t helperBytes = 512u << 20;    // of memory for Ghostscript
-};
 
 struct OpenResult {
     bool ok = false;

@@ -7,7 +7,7 @@ namespace documents {
 
 // The value of a key, null if there is none or `object` is no dictionary; the library would note
 // the latter as damage, but a name in the place of a dictionary is often sound.
-inline QPDFObjectHandle GetKey(QPDFObjectHandle object, const std::string& key)
+inline QPDFObjectHandle GetKeyOrNull(QPDFObjectHandle object, const std::string& key)
 {
     return object.isDictionary() ? object.getKey(key) : QPDFObjectHandle::newNull();
 }

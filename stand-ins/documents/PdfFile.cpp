@@ -51,7 +51,7 @@ std::string PdfFile::Open()
             return "encrypted in an unknown way: " + ToMessageText(exception.getMessageDetail());
         }
         return GetDamage(exception.getMessageDetail());
-    } catch (const TooLarge& exception) {
+    } catch (const LimitExceeded& exception) {
         return exception.what();
     } catch (const std::exception& exception) {
         return GetDamage(exception.what());
@@ -92,7 +92,7 @@ void PdfFile::AppendStream(QPDFObjectHandle stream, std::string& data)
     bool whole = false;
     try {
         whole = stream.pipeStreamData(&sink, &filtered, 0, qpdf_dl_specialized, true, false);
-    } catch (const TooLarge&) {
+    } catch (const LimitExceeded&) {
         throw;
     } catch (const std::exception&) {
         // What came out before counts; the stream is noted below.

@@ -23,7 +23,7 @@ public:
     const std::vector<QPDFObjectHandle>& GetPages() const { return mPages; }
 
     // Appends the decoded data of a stream to `data`, as far as it can be decoded; a stream that
-    // can't be is noted. Throws TooLarge if the file inflates to more than its InflateBudget.
+    // can't be is noted. Throws LimitExceeded if the file inflates to more than its ReadBudget.
     void AppendStream(QPDFObjectHandle stream, std::string& data);
 
 private:

@@ -1,8 +1,8 @@
 #include "PdfFont.h"
 
-#include <algorithm>
 #include <string_view>
 
+#include "FontName.h"
 #include "PdfDictionary.h"
 
 namespace documents {
@@ -11,7 +11,7 @@ namespace {
 
 std::string GetName(QPDFObjectHandle dictionary, const char* key)
 {
-    QPDFObjectHandle value = GetKey(dictionary, key);
+    QPDFObjectHandle value = GetKeyOrNull(dictionary, key);
     return value.isName() ? value.getName().substr(1) : std::string();
 }
 
@@ -28,15 +28,6 @@ size_t GetCodeBytes(QPDFObjectHandle encoding)
 
 }  // namespace
 
-std::string StripSubsetPrefix(const std::string& name)
-{
-    constexpr size_t kLetters = 6;
-    const bool isSubset = name.size() > kLetters + 1 && name[kLetters] == '+' &&
-                          std::all_of(name.begin(), name.begin() + kLetters,
-                                      [](char c) { return c >= 'A' && c <= 'Z'; });
-    return isSubset ? name.substr(kLetters + 1) : name;
-}
-
 PdfFont ReadPdfFont(QPDFObjectHandle font)
 {
     PdfFont result;
@@ -44,15 +35,15 @@ PdfFont ReadPdfFont(QPDFObjectHandle font)
     if (type == "Type3") return result;
     QPDFObjectHandle described = font;
     if (type == "Type0") {
-        QPDFObjectHandle descendants = GetKey(font, "/DescendantFonts");
+        QPDFObjectHandle descendants = GetKeyOrNull(font, "/DescendantFonts");
         if (descendants.isArray() && descendants.getArrayNItems() > 0) {
             described = descendants.getArrayItem(0);
         }
-        result.codeBytes = GetCodeBytes(GetKey(font, "/Encoding"));
+        result.codeBytes = GetCodeBytes(GetKeyOrNull(font, "/Encoding"));
     }
     std::string name = GetName(described, "/BaseFont");
     if (name.empty()) name = GetName(font, "/BaseFont");
-    if (name.empty()) name = GetName(GetKey(described, "/FontDescriptor"), "/FontName");
+    if (name.empty()) name = GetName(GetKeyOrNull(described, "/FontDescriptor"), "/FontName");
     result.name = StripSubsetPrefix(name);
     result.counts = !result.name.empty();
     return result;

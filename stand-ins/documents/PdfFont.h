@@ -16,9 +16,6 @@ struct PdfFont {
 // Reads a font dictionary of any type. Type 0 fonts have the name of their descendant.
 PdfFont ReadPdfFont(QPDFObjectHandle font);
 
-// "ABCDEF+Name" without the six capitals and the plus.
-std::string StripSubsetPrefix(const std::string& name);
-
 // The fonts of one file, each read once. What it gives stays valid while it lives.
 class PdfFontTable {
 public:

@@ -7,7 +7,7 @@
 namespace documents {
 
 // What a document asks for is beyond the limits; the text is the whole error line.
-class TooLarge : public std::runtime_error {
+class LimitExceeded : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
@@ -15,15 +15,15 @@ public:
 // How many bytes one document may inflate to, over all of its streams, and how long its reading may
 // take. While it lives it is the calling thread's: the stream filters take from it what they put
 // out. One at a time per thread.
-class InflateBudget {
+class ReadBudget {
 public:
-    InflateBudget(size_t bytes, double seconds);
-    ~InflateBudget();
-    InflateBudget(const InflateBudget&) = delete;
-    InflateBudget& operator=(const InflateBudget&) = delete;
+    ReadBudget(size_t bytes, double seconds);
+    ~ReadBudget();
+    ReadBudget(const ReadBudget&) = delete;
+    ReadBudget& operator=(const ReadBudget&) = delete;
 
-    // Takes from the calling thread's budget, if there is one; throws TooLarge once it is used up
-    // or the time is over.
+    // Takes from the calling thread's budget, if there is one; throws LimitExceeded once it is used
+    // up or the time is over.
     static void Take(size_t bytes);
 
     // The PDF library drops exceptions of filters in places, so this is to be asked at the end.

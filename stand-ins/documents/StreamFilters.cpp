@@ -23,7 +23,7 @@ public:
     explicit BudgetPipeline(Pipeline* output) : Pipeline("budget", output) {}
     void write(unsigned char const* data, size_t length) override
     {
-        InflateBudget::Take(length);
+        ReadBudget::Take(length);
         getNext()->write(data, length);
     }
     void finish() override { getNext()->finish(); }

@@ -66,7 +66,7 @@ private:
     void CountItem()
     {
         if (++mItems > DocumentBuilder::kMaximumRuns) {
-            throw TooLarge("too large: more text than can be read");
+            throw LimitExceeded("too large: more text than can be read");
         }
     }
 

@@ -37,7 +37,7 @@ struct ParsedTextTree {
     std::vector<Story> stories;
 };
 
-// Throws TooLarge if the tree has more runs than can be kept.
+// Throws LimitExceeded if the tree has more runs than can be kept.
 ParsedTextTree ParseTextTree(std::string_view tree);
 
 }  // namespace documents

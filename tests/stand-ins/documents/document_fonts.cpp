@@ -46,8 +46,8 @@ bool PrintListed(const std::string& path)
 {
     const documents::FileBytes file = documents::ReadFileBytes(
         path, documents::Limits{}.inflatedBytes, [](const std::string&) { return std::string(); });
-    const documents::InflateBudget budget(documents::Limits{}.inflatedBytes,
-                                          documents::Limits{}.seconds);
+    const documents::ReadBudget budget(documents::Limits{}.inflatedBytes,
+                                       documents::Limits{}.seconds);
     documents::DocumentSource source;
     source.container = documents::GetContainer(file.bytes);
     source.postScript = source.container == documents::Container::kDosEPS
