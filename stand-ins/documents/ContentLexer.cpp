@@ -7,12 +7,12 @@ namespace documents {
 
 namespace {
 
-enum CharacterClass : unsigned char { kRegular, kBlank, kDelimiter };
+enum CharacterClass : unsigned char { kRegular, kSpace, kDelimiter };
 
 constexpr std::array<unsigned char, 256> MakeClasses()
 {
     std::array<unsigned char, 256> classes{};
-    for (unsigned char c : {0, 9, 10, 12, 13, 32}) classes[c] = kBlank;
+    for (unsigned char c : {0, 9, 10, 12, 13, 32}) classes[c] = kSpace;
     for (char c : {'(', ')', '<', '>', '[', ']', '{', '}', '/', '%'}) {
         classes[static_cast<unsigned char>(c)] = kDelimiter;
     }
@@ -59,7 +59,7 @@ size_t MeasureEscape(std::string_view text, size_t& stands)
 
 }  // namespace
 
-bool IsPdfBlank(char c) { return GetClass(c) == kBlank; }
+bool IsPdfSpace(char c) { return GetClass(c) == kSpace; }
 
 std::string DecodeName(std::string_view text)
 {
@@ -82,11 +82,11 @@ std::string DecodeName(std::string_view text)
 
 void ContentLexer::Skip(size_t bytes) { mRest.remove_prefix(std::min(bytes, mRest.size())); }
 
-void ContentLexer::SkipBlanksAndComments()
+void ContentLexer::SkipSpacesAndComments()
 {
     size_t position = 0;
     while (position < mRest.size()) {
-        if (GetClass(mRest[position]) == kBlank) {
+        if (GetClass(mRest[position]) == kSpace) {
             ++position;
         } else if (mRest[position] == '%') {
             position = std::min(mRest.find_first_of("\r\n", position), mRest.size());
@@ -100,7 +100,7 @@ void ContentLexer::SkipBlanksAndComments()
 Token ContentLexer::Next()
 {
     for (;;) {
-        SkipBlanksAndComments();
+        SkipSpacesAndComments();
         if (mRest.empty()) return {};
         const char first = mRest.front();
         const bool isDouble = mRest.size() > 1 && mRest[1] == first;

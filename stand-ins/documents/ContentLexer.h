@@ -39,7 +39,7 @@ public:
     void Skip(size_t bytes);
 
 private:
-    void SkipBlanksAndComments();
+    void SkipSpacesAndComments();
     Token TakeLiteralString();
     Token TakeHexString();
     Token TakeRegular(TokenType type, size_t length);
@@ -48,7 +48,7 @@ private:
 };
 
 // Blank in the sense of PDF: NUL, tab, line feed, form feed, carriage return and space.
-bool IsPdfBlank(char c);
+bool IsPdfSpace(char c);
 
 // The name that stands for `text`, the token's: #xx becomes the byte.
 std::string DecodeName(std::string_view text);

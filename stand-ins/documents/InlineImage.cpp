@@ -88,7 +88,7 @@ bool ReadDictionary(ContentLexer& lexer, ImageDictionary& dictionary)
 bool IsEndMark(std::string_view data, size_t position)
 {
     return data.substr(position, 2) == "EI" &&
-           (position + 2 >= data.size() || IsPdfBlank(data[position + 2]));
+           (position + 2 >= data.size() || IsPdfSpace(data[position + 2]));
 }
 
 // Where EI stands if the dictionary tells how long the data is, and it does stand there.
@@ -106,19 +106,19 @@ std::optional<size_t> FindToldEnd(std::string_view data, const ImageDictionary& 
     }
     if (!length || *length > data.size()) return std::nullopt;
     size_t position = *length;
-    while (position < data.size() && IsPdfBlank(data[position])) ++position;
+    while (position < data.size() && IsPdfSpace(data[position])) ++position;
     if (!IsEndMark(data, position)) return std::nullopt;
     return position;
 }
 
 size_t FindLikelyEnd(std::string_view data)
 {
-    auto looksLikeContent = [](char c) { return IsPdfBlank(c) ? c != 0 : c > 32 && c < 127; };
+    auto looksLikeContent = [](char c) { return IsPdfSpace(c) ? c != 0 : c > 32 && c < 127; };
     size_t fallback = data.size();
     for (size_t position = data.find("EI"); position != std::string_view::npos;
          position = data.find("EI", position + 1)) {
         if (!IsEndMark(data, position)) continue;
-        if (position > 0 && !IsPdfBlank(data[position - 1])) continue;
+        if (position > 0 && !IsPdfSpace(data[position - 1])) continue;
         if (fallback == data.size()) fallback = position;
         const std::string_view behind =
             position + 2 < data.size() ? data.substr(position + 2, kLookahead) : "";
@@ -134,7 +134,7 @@ void SkipInlineImage(ContentLexer& lexer)
     ContentLexer inside = lexer;
     ImageDictionary dictionary;
     if (!ReadDictionary(inside, dictionary)) return;
-    if (!inside.GetRest().empty() && IsPdfBlank(inside.GetRest().front())) inside.Skip(1);
+    if (!inside.GetRest().empty() && IsPdfSpace(inside.GetRest().front())) inside.Skip(1);
     const std::string_view data = inside.GetRest();
     const std::optional<size_t> told = FindToldEnd(data, dictionary);
     inside.Skip((told ? *told : FindLikelyEnd(data)) + 2);
