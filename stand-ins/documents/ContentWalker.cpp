@@ -13,10 +13,11 @@ namespace documents {
 namespace {
 
 constexpr size_t kMaximumSaves = 65536;
-constexpr size_t kMinimumWork = 256;
+constexpr size_t kMinimumWork = 256;  // what an empty stream costs, in bytes
 constexpr long long kHiddenFlag = 2;
 
-// The stream of an annotation's normal appearance in its present state, else null.
+// Returns the stream of an annotation's normal appearance in its present state; null if there is
+// none or the annotation is hidden.
 QPDFObjectHandle GetAppearance(QPDFObjectHandle annotation)
 {
     QPDFObjectHandle flags = GetKeyOrNull(annotation, "/F");
@@ -155,7 +156,7 @@ void ContentWalker::Restore(State& state)
 
 void ContentWalker::ShowText(State& state)
 {
-    if (state.stringBytes == 0 || state.font == nullptr || !state.font->counts) return;
+    if (state.stringBytes == 0 || state.font == nullptr || !state.font->isNamed) return;
     const size_t codeBytes = state.font->codeBytes;
     const size_t length = (state.stringBytes + codeBytes - 1) / codeBytes;
     if (!state.runs.empty() && state.runs.back().postScriptName == state.font->name) {
@@ -198,7 +199,7 @@ void ContentWalker::Draw(State& state)
 void ContentWalker::SetPattern(State& state)
 {
     if (state.name.empty()) return;
-    // Shading patterns are dictionaries without content.
+    // WalkForm ignores shading patterns, which are dictionaries and not streams.
     WalkForm(state.resources.Find("/Pattern", state.name), state.resources, nullptr,
              state.depth + 1);
 }
@@ -228,7 +229,7 @@ std::vector<std::string> ContentWalker::GetNotes() const
 {
     std::vector<std::string> notes;
     if (mUnknownFonts > 0) notes.emplace_back("text asks for fonts that the page doesn't define");
-    if (mTooDeep) notes.emplace_back("objects drawn within objects go too deep");
+    if (mTooDeep) notes.emplace_back("objects drawn within objects are nested too deeply");
     return notes;
 }
 

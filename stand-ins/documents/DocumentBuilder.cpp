@@ -30,11 +30,13 @@ size_t DocumentBuilder::AddFrame(size_t story, std::vector<TextRun> runs)
 void DocumentBuilder::AddFrameWithStory(std::vector<TextRun> runs)
 {
     const size_t story = AddStory(std::move(runs));
-    (void)AddFrame(story, mDocument.stories[story].runs);  // nobody asks for the index
+    (void)AddFrame(story, mDocument.stories[story].runs);  // the index isn't needed
 }
 
 void DocumentBuilder::Clean(std::vector<TextRun>& runs)
 {
+    // Stories and frames are counted too, because an empty one needs memory. A run is counted
+    // twice: in its story and in a frame.
     mRuns += runs.size() + 1;
     if (mRuns > kMaximumRuns * 2) throw LimitExceeded("too large: more text than can be read");
     for (TextRun& run : runs) {

@@ -36,7 +36,7 @@ constexpr std::string_view kStoryIndex = "/StoryIndex";
 constexpr std::string_view kArt = "/Art :";
 constexpr std::string_view kLegacyText = "/ArtLegacyText";
 
-// Operators of versions up to 10, each behind its operands.
+// Operators of versions up to 10, each after its operands.
 constexpr std::string_view kFontAlias = "TZ";
 constexpr std::string_view kBeginText = "To";
 constexpr std::string_view kSetFont = "Tf";

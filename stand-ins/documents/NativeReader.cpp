@@ -51,15 +51,15 @@ public:
             }
         }
         for (const TextRun& text : mAdditions.texts) mBuilder.AddFrameWithStory({text});
-        Note(mLostFrames, "text frames lead to no story");
-        Note(mTree.GetUnknownFonts(), "stretches of text name no font");
-        Note(mLostPdfs, "texts of an older version cannot be read");
+        Note("text frames without a story", mLostFrames);
+        Note("runs without a known font", mTree.GetUnknownFonts());
+        Note("texts of an older version that cannot be read", mLostPdfs);
     }
 
 private:
-    void Note(size_t count, const char* what)
+    void Note(const char* what, size_t count)
     {
-        if (count > 0) mDocument.notes.push_back(std::to_string(count) + " " + what);
+        if (count > 0) mDocument.notes.push_back(what + (": " + std::to_string(count)));
     }
 
     // Adds the stories that at least one frame shows, in the order of the tree.
@@ -128,7 +128,7 @@ ReadResult ReadNative(const DocumentSource& source, const Limits& limits, Docume
     const NativeContents contents = ScanNative(part.text);
     if (part.isBare && contents.texts.empty()) return {};
     if (!contents.error.empty()) return Fail(contents.error);
-    if (!contents.isNative) return Fail("it is none");
+    if (!contents.isNative) return Fail("it has no format mark");
     if (!contents.hasTree && HasFrames(contents)) return Fail("its text is missing");
     const NativeAdditions additions = source.pdf != nullptr
                                           ? ReadAdditions(FindNativePage(source.pdf->GetPages()))

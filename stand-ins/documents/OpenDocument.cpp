@@ -24,11 +24,12 @@ namespace {
 std::string GetHeadError(std::string_view head)
 {
     if (head.empty()) return "is empty";
-    if (GetContainer(head) == Container::kNone) return "is no PDF, EPS or Illustrator document";
+    if (GetContainer(head) == Container::kNone) return "is not a PDF, EPS or Illustrator document";
     return {};
 }
 
-// Asks one reader; whatever it throws but LimitExceeded is a failure of this reader alone.
+// Calls one reader. An exception becomes kFailed, so that the next reader is tried; exceeded limits
+// and lack of memory end the whole reading instead.
 ReadResult Ask(const DocumentReader& reader, const DocumentSource& source, const Limits& limits,
                Document& document)
 {
@@ -125,7 +126,7 @@ OpenResult Read(const std::string& path, const Limits& limits)
     return ReadBytes(file.bytes, limits, std::move(described));
 }
 
-// Whatever is thrown becomes an error.
+// Turns any exception into an error.
 template <class Reading>
 OpenResult Guard(Reading reading)
 {

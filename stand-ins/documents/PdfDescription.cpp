@@ -15,7 +15,7 @@ std::string GetText(QPDFObjectHandle value)
     return value.isString() ? ToValidUtf8(value.getUTF8Value()) : std::string();
 }
 
-// A file specification is a text or a dictionary.
+// A file specification is a string or a dictionary with a string per platform.
 std::string GetSpecifiedFile(QPDFObjectHandle specification)
 {
     if (specification.isString()) return GetText(specification);

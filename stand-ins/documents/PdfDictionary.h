@@ -5,8 +5,9 @@
 
 namespace documents {
 
-// The value of a key, null if there is none or `object` is no dictionary; the library would note
-// the latter as damage, but a name in the place of a dictionary is often sound.
+// Returns the value of a key, or null if there is none or `object` isn't a dictionary. In the
+// latter case the library's own getKey would record a warning, but many sound files have a name
+// there.
 inline QPDFObjectHandle GetKeyOrNull(QPDFObjectHandle object, const std::string& key)
 {
     return object.isDictionary() ? object.getKey(key) : QPDFObjectHandle::newNull();

@@ -22,7 +22,7 @@ size_t GetCodeBytes(QPDFObjectHandle encoding)
     for (std::string_view part : {"Identity", "UCS2", "UTF16"}) {
         if (name.find(part) != std::string::npos) return 2;
     }
-    // The other maps mix codes of one and two bytes.
+    // Other CMaps mix codes of one and two bytes; 1 makes the length an upper bound.
     return 1;
 }
 
@@ -45,7 +45,7 @@ PdfFont ReadPdfFont(QPDFObjectHandle font)
     if (name.empty()) name = GetName(font, "/BaseFont");
     if (name.empty()) name = GetName(GetKeyOrNull(described, "/FontDescriptor"), "/FontName");
     result.name = StripSubsetPrefix(name);
-    result.counts = !result.name.empty();
+    result.isNamed = !result.name.empty();
     return result;
 }
 
@@ -55,7 +55,7 @@ const PdfFont* PdfFontTable::Get(QPDFObjectHandle font)
     if (!font.isIndirect()) {
         PdfFont read = ReadPdfFont(font);
         const std::string key =
-            read.name + '/' + std::to_string(read.codeBytes) + (read.counts ? "" : "-");
+            read.name + '/' + std::to_string(read.codeBytes) + (read.isNamed ? "" : "-");
         return &mDirectFonts.emplace(key, std::move(read)).first->second;
     }
     const auto found = mFonts.find(font.getObjGen());

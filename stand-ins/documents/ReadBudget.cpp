@@ -12,7 +12,7 @@ using Clock = std::chrono::steady_clock;
 
 thread_local ReadBudget* sCurrent = nullptr;
 
-// More than a year is as good as none, and can be added to any time.
+// Cap (about a year) that can't overflow when added to now().
 constexpr double kLongestSeconds = 4e7;
 
 }  // namespace

@@ -6,15 +6,16 @@
 
 namespace documents {
 
-// What a document asks for is beyond the limits; the text is the whole error line.
+// Reading a document would exceed a limit of size or time. what() is the complete error line.
 class LimitExceeded : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
 
-// How many bytes one document may inflate to, over all of its streams, and how long its reading may
-// take. While it lives it is the calling thread's: the stream filters take from it what they put
-// out. One at a time per thread.
+// Limits the total output of decompression and the time for reading one document.
+//
+// While it lives, it is the budget of the thread that created it, and every stream filter takes its
+// output from it. At most one per thread at a time.
 class ReadBudget {
 public:
     ReadBudget(size_t bytes, double seconds);
@@ -22,13 +23,14 @@ public:
     ReadBudget(const ReadBudget&) = delete;
     ReadBudget& operator=(const ReadBudget&) = delete;
 
-    // Takes from the calling thread's budget, if there is one; throws LimitExceeded once it is used
-    // up or the time is over.
+    // Takes `bytes` from the calling thread's budget, if it has one. Throws LimitExceeded if less
+    // is left or the time is over.
     static void Take(size_t bytes);
 
-    // The PDF library drops exceptions of filters in places, so this is to be asked at the end.
-    bool IsExceeded() const { return mExceeded || mIsLate; }
+    // Throws LimitExceeded if a limit was exceeded. Call it at the end of reading: the PDF library
+    // swallows some exceptions of filters.
     void Check() const;
+    bool IsExceeded() const { return mExceeded || mIsLate; }
 
 private:
     size_t mLeft;

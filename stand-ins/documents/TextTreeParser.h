@@ -7,7 +7,7 @@
 
 namespace documents {
 
-// The parts of a text tree that tell the fonts of runs, as the file has them: every index may be
+// The parts of a text tree that determine the fonts of runs, as in the file: every index may be
 // out of range.
 struct ParsedTextTree {
     static constexpr long long kNone = -1;
