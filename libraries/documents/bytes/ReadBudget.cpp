@@ -1,4 +1,4 @@
-#include "documents/bytes/InflateBudget.h"
+#include "documents/bytes/ReadBudget.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -10,14 +10,14 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-thread_local InflateBudget* sCurrent = nullptr;
+thread_local ReadBudget* sCurrent = nullptr;
 
-// More than a year is as good as none, and can be added to any time.
+// Cap (about a year) that can't overflow when added to now().
 constexpr double kLongestSeconds = 4e7;
 
 }  // namespace
 
-InflateBudget::InflateBudget(size_t bytes, double seconds)
+ReadBudget::ReadBudget(size_t bytes, double seconds)
     : mLeft(bytes),
       mLimit(bytes),
       mSeconds(seconds),
@@ -27,11 +27,11 @@ InflateBudget::InflateBudget(size_t bytes, double seconds)
     sCurrent = this;
 }
 
-InflateBudget::~InflateBudget() { sCurrent = nullptr; }
+ReadBudget::~ReadBudget() { sCurrent = nullptr; }
 
-void InflateBudget::Take(size_t bytes)
+void ReadBudget::Take(size_t bytes)
 {
-    InflateBudget* budget = sCurrent;
+    ReadBudget* budget = sCurrent;
     if (budget == nullptr) return;
     if (bytes > budget->mLeft) budget->mExceeded = true;
     if (Clock::now() >= budget->mEnd) budget->mIsLate = true;
@@ -39,15 +39,15 @@ void InflateBudget::Take(size_t bytes)
     budget->mLeft -= bytes;
 }
 
-void InflateBudget::Check() const
+void ReadBudget::Check() const
 {
-    if (mExceeded) {
-        throw TooLarge("too large: inflates to more than " + std::to_string(mLimit >> 20) + " MiB");
-    }
+    if (mExceeded)
+        throw LimitExceeded("too large: inflates to more than " + std::to_string(mLimit >> 20) +
+                            " MiB");
     if (!mIsLate) return;
     char text[64];
     (void)std::snprintf(text, sizeof text, "%g", mSeconds);  // a number always fits
-    throw TooLarge("takes longer than " + std::string(text) + " s to read");
+    throw LimitExceeded("takes longer than " + std::string(text) + " s to read");
 }
 
 }  // namespace documents
