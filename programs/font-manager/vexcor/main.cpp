@@ -3,6 +3,7 @@
 #include "console/Console.h"
 #include "console/Log.h"
 #include "plugin-core/storage/StatusCodes.h"
+#include "vexcor/CommandLine.h"
 #include "vexcor/commands/Commands.h"
 #include "vexcor/commands/ExitStatus.h"
 
@@ -29,8 +30,8 @@ int RunInWorkspace(const vexcor::Options& options,
 int RunCommand(const vexcor::Options& options)
 {
     switch (options.command) {
-        case vexcor::Command::kRun:
-            return vexcor::RunRunCommand();
+        case vexcor::Command::kWatch:
+            return vexcor::RunWatchCommand();
         case vexcor::Command::kInstall:
             return vexcor::RunInstallCommand();
         case vexcor::Command::kAdd:
@@ -53,16 +54,16 @@ try {
     vexcor::Options options;
     std::string text;
     switch (vexcor::ParseCommandLine(argc, argv, options, text)) {
-        case vexcor::ParseOutcome::kRun:
+        case console::ParseOutcome::kRun:
             plugincore::SetReportSink(console::Tell);
             if (!options.log.empty() && !console::OpenLog(options.log, text)) {
                 console::Tell(text);
                 return vexcor::kFileFailed;
             }
             return RunCommand(options);
-        case vexcor::ParseOutcome::kDone:
+        case console::ParseOutcome::kDone:
             return console::Print(text) ? vexcor::kDone : vexcor::kFileFailed;
-        case vexcor::ParseOutcome::kWrongUse:
+        case console::ParseOutcome::kWrongUse:
             break;
     }
     console::Tell(text + " (see Vexcor --help)");

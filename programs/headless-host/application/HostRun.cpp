@@ -74,7 +74,7 @@ int RunHost(const Options& given, const std::function<int(HostRun&)>& body)
         console::LogAction("started with " + options.plugin);
         HostRun run{host, application, options, startFolder};
         status = body(run);
-        if (options.hold > 0) application.Idle(options.hold);
+        if (options.keepOpen > 0) application.Idle(options.keepOpen);
     } else {
         console::Tell(error);
         status = kPluginNotLoaded;

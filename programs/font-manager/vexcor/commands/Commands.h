@@ -13,7 +13,7 @@ int RunWhyCommand(plugincore::Workspace& workspace, const Options& options);
 
 // Both open a workspace of their own.
 int RunRepairCommand();
-int RunRunCommand();
+int RunWatchCommand();
 
 // Tells and logs what a repair found.
 void LogRepairs(const plugincore::Activation::Repairs& repairs);

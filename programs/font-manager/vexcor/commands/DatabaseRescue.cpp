@@ -21,7 +21,7 @@ std::string FindDamage(const fs::path& database)
     }
 }
 
-fs::path PutAside(const fs::path& database)
+fs::path Quarantine(const fs::path& database)
 {
     // Who has it open would go on with the old one.
     std::string users;

@@ -11,6 +11,6 @@ std::string FindDamage(const std::filesystem::path& database);
 
 // Puts a damaged database aside, with the files that belong to it, for a new one to be made.
 // Returns its new place. Throws Failure if a program has it open, or if it can't be moved.
-std::filesystem::path PutAside(const std::filesystem::path& database);
+std::filesystem::path Quarantine(const std::filesystem::path& database);
 
 }  // namespace vexcor

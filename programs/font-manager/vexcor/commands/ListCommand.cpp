@@ -4,7 +4,7 @@
 #include "console/Console.h"
 #include "vexcor/commands/Commands.h"
 #include "vexcor/commands/ExitStatus.h"
-#include "vexcor/commands/FontStory.h"
+#include "vexcor/commands/FontStatus.h"
 
 namespace vexcor {
 namespace {
@@ -30,16 +30,16 @@ int RunListCommand(plugincore::Workspace& workspace, const Options& options)
     for (const std::string& name : names) width = std::max(width, name.size());
     std::string text;
     for (const std::string& name : names) {
-        const FontStory story = TellStory(workspace, active, name);
+        const FontStatus status = ExplainFont(workspace, active, name);
         if (options.json) {
-            text += WriteStoryAsJson(story);
+            text += WriteStatusAsJson(status);
             continue;
         }
         std::string line = console::MakePrintable(name);
         line.resize(width + 2, ' ');
-        line += story.state;
+        line += status.state;
         line.resize(width + 2 + std::string("activated  ").size(), ' ');
-        text += line + console::MakePrintable(story.file) + "\n";
+        text += line + console::MakePrintable(status.file) + "\n";
     }
     for (const auto& bad : workspace.library.ListBadFiles()) {
         console::Tell(bad.path + ": skipped: " + bad.problem);

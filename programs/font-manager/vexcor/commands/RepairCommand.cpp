@@ -78,7 +78,7 @@ int RunRepairCommand()
     Lines lines;
     const std::filesystem::path file = plugincore::GetLocations().database;
     if (const std::string damage = FindDamage(file); !damage.empty()) {
-        const std::filesystem::path aside = PutAside(file);
+        const std::filesystem::path aside = Quarantine(file);
         lines.push_back("database: damaged (" + damage + "), put aside as " + aside.string());
         lines.emplace_back("database: made anew; folders that were added have to be added again");
     }
@@ -95,7 +95,7 @@ int RunRepairCommand()
         text += console::MakePrintable(line) + "\n";
     }
     if (!console::Print(text)) return kFileFailed;
-    return agrees ? kDone : kNotSo;
+    return agrees ? kDone : kNegative;
 }
 
 }  // namespace vexcor

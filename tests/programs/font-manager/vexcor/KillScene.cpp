@@ -81,15 +81,15 @@ std::unique_ptr<ChildProcess> KillScene::StartHost(size_t number)
     const std::string name = "host-" + std::to_string(number);
     FontTestHome::WriteFile(home.GetPath() / name, session);
     return std::make_unique<ChildProcess>(
-        std::vector<std::string>{HEADLESS_HOST_PROGRAM, "run", home.GetPath() / name, "--plugin",
+        std::vector<std::string>{HEADLESS_HOST_PROGRAM, "script", home.GetPath() / name, "--plugin",
                                  PLUG_IN_FOLDER, "--frameworks", PRIVATE_FRAMEWORKS_FOLDER},
         home.GetPath() / (name + "-output"));
 }
 
 void KillScene::StartAll()
 {
-    if (!mKeeper) mKeeper = StartKeeper({"--log", home.GetPath() / "log"});
-    EXPECT_FALSE(mKeeper->HasEnded()) << mKeeper->GetOutput();
+    if (!mDaemon) mDaemon = StartDaemon({"--log", home.GetPath() / "log"});
+    EXPECT_FALSE(mDaemon->HasEnded()) << mDaemon->GetOutput();
     for (size_t number = 0; number < kHosts; ++number) {
         if (mHosts[number] && mHosts[number]->HasEnded()) {
             EXPECT_EQ(mHosts[number]->Wait(), 0) << mHosts[number]->GetOutput();
@@ -125,7 +125,7 @@ std::unique_ptr<ChildProcess>* KillScene::WaitForWriter(std::chrono::microsecond
         if (present != writer) start = now;
         writer = present;
         if (writer == 0 || now - start < sinceLock) continue;
-        for (auto* const process : {&mKeeper, &mHosts[0], &mHosts[1]})
+        for (auto* const process : {&mDaemon, &mHosts[0], &mHosts[1]})
             if ((*process)->GetNumber() == writer) return process;
     }
     return nullptr;
@@ -134,7 +134,7 @@ std::unique_ptr<ChildProcess>* KillScene::WaitForWriter(std::chrono::microsecond
 std::string KillScene::KillOne()
 {
     std::this_thread::sleep_for(std::chrono::milliseconds(Random(0, 300)));
-    const std::array<std::unique_ptr<ChildProcess>*, 3> all = {&mKeeper, &mHosts[0], &mHosts[1]};
+    const std::array<std::unique_ptr<ChildProcess>*, 3> all = {&mDaemon, &mHosts[0], &mHosts[1]};
     std::unique_ptr<ChildProcess>* victim = all[static_cast<size_t>(std::max(0, Random(-1, 2)))];
     if (Random(0, 2) != 0) {
         const std::chrono::microseconds sinceLock(Random(0, 1000));
@@ -155,10 +155,10 @@ void KillScene::EndAll()
         EXPECT_THAT(host->Wait(), testing::AnyOf(130, 0, -SIGTERM)) << host->GetOutput();
         host.reset();
     }
-    if (!mKeeper) return;
-    mKeeper->Send(SIGTERM);
-    EXPECT_EQ(mKeeper->Wait(), 0) << mKeeper->GetOutput();
-    mKeeper.reset();
+    if (!mDaemon) return;
+    mDaemon->Send(SIGTERM);
+    EXPECT_EQ(mDaemon->Wait(), 0) << mDaemon->GetOutput();
+    mDaemon.reset();
 }
 
 std::string KillScene::FindDisagreement()

@@ -50,6 +50,6 @@ private:
 
     std::mt19937 mRandom;
     int mLocks = -1;  // stays open to the end of the process
-    std::unique_ptr<ChildProcess> mKeeper;
+    std::unique_ptr<ChildProcess> mDaemon;
     std::array<std::unique_ptr<ChildProcess>, kHosts> mHosts;
 };

@@ -95,17 +95,17 @@ TEST_F(ProgramTest, WhyTellsTheReasonsOfWhatIsNotActive)
 {
     const fs::path file = AddFont("DejaVuSans");
     FontTestHome::WriteFile(home.GetLibrary() / "Broken.ttf", "bad");
-    EXPECT_EQ(Run({"why", "DejaVuSans"}), vexcor::kNotSo);
+    EXPECT_EQ(Run({"why", "DejaVuSans"}), vexcor::kNegative);
     EXPECT_THAT(output, StartsWith("DejaVuSans: inactive: no open document holds it\n"));
-    EXPECT_EQ(Run({"why", "Nowhere"}), vexcor::kNotSo);
+    EXPECT_EQ(Run({"why", "Nowhere"}), vexcor::kNegative);
     EXPECT_EQ(output, "Nowhere: inactive: in no font library\n");
-    EXPECT_EQ(Run({"why", "dejavu-sans"}), vexcor::kNotSo);
+    EXPECT_EQ(Run({"why", "dejavu-sans"}), vexcor::kNegative);
     EXPECT_THAT(output, HasSubstr("    similar name: DejaVuSans\n"));
-    EXPECT_EQ(Run({"why", "Broken"}), vexcor::kNotSo);
+    EXPECT_EQ(Run({"why", "Broken"}), vexcor::kNegative);
     EXPECT_THAT(output, HasSubstr("    file of no use: "));
     FontTestHome::WriteFile(home.GetPath() / "config/Corvanta/settings.json",
                             R"({"FontActivation":"0"})");
-    EXPECT_EQ(Run({"why", "DejaVuSans"}), vexcor::kNotSo);
+    EXPECT_EQ(Run({"why", "DejaVuSans"}), vexcor::kNegative);
     EXPECT_THAT(output, StartsWith("DejaVuSans: inactive: activation is off\n"));
 }
 
@@ -114,7 +114,7 @@ TEST_F(ProgramTest, WhyTellsOfAFileThatIsGone)
     const fs::path file = AddFont("DejaVuSans");
     OpenWorkspace().activation.Activate("/a.ai", {"DejaVuSans"});
     fs::remove(file);
-    EXPECT_EQ(Run({"why", "DejaVuSans"}), vexcor::kNotSo);
+    EXPECT_EQ(Run({"why", "DejaVuSans"}), vexcor::kNegative);
     EXPECT_THAT(output, StartsWith("DejaVuSans: inactive: its file cannot be read any more\n"));
 }
 

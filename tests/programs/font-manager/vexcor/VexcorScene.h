@@ -17,8 +17,8 @@ protected:
     // Runs it with these arguments; its exit status. What it wrote is in `output`.
     int Run(const std::vector<std::string>& arguments);
 
-    // `Vexcor run`, once it keeps the library.
-    std::unique_ptr<ChildProcess> StartKeeper(const std::vector<std::string>& arguments = {}) const;
+    // Starts `Vexcor watch` and waits until it watches the library.
+    std::unique_ptr<ChildProcess> StartDaemon(const std::vector<std::string>& arguments = {}) const;
 
     // The database as any program has it.
     plugincore::Workspace& OpenWorkspace();

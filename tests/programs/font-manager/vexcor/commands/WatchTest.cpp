@@ -22,7 +22,7 @@ void WaitUntil(const std::function<bool()>& isSo)
     while (!isSo()) std::this_thread::sleep_for(std::chrono::milliseconds(5));
 }
 
-class RunTest : public VexcorScene {
+class WatchTest : public VexcorScene {
 protected:
     std::vector<std::string> ListIndex()
     {
@@ -33,25 +33,25 @@ protected:
     {
         WaitUntil([&] { return ListIndex() == names; });
     }
-    static int End(ChildProcess& keeper, int signal)
+    static int End(ChildProcess& daemon, int signal)
     {
-        keeper.Send(signal);
-        return keeper.Wait();
+        daemon.Send(signal);
+        return daemon.Wait();
     }
 };
 
-TEST_F(RunTest, EndsCleanlyWhenAsked)
+TEST_F(WatchTest, EndsCleanlyWhenAsked)
 {
     for (const int signal : {SIGTERM, SIGINT}) {
-        const auto keeper = StartKeeper();
-        EXPECT_EQ(End(*keeper, signal), vexcor::kDone);
+        const auto daemon = StartDaemon();
+        EXPECT_EQ(End(*daemon, signal), vexcor::kDone);
         EXPECT_TRUE(OpenWorkspace().programs.ListGone().empty());
     }
 }
 
-TEST_F(RunTest, TheIndexFollowsTheLibrary)
+TEST_F(WatchTest, TheIndexFollowsTheLibrary)
 {
-    const auto keeper = StartKeeper();
+    const auto daemon = StartDaemon();
     const fs::path file = FontTestHome::CopyFont("DejaVuSans", home.GetLibrary());
     ExpectInIndex({"DejaVuSans"});
     FontTestHome::CopyFont("DejaVuSerif", home.GetLibrary() / "new/deep");
@@ -61,45 +61,45 @@ TEST_F(RunTest, TheIndexFollowsTheLibrary)
     ExpectInIndex({"DejaVuSerif"});
     EXPECT_EQ(OpenWorkspace().library.Find("DejaVuSerif"),
               home.GetLibrary() / "other/deep/DejaVuSerif.ttf");
-    EXPECT_EQ(End(*keeper, SIGTERM), vexcor::kDone);
+    EXPECT_EQ(End(*daemon, SIGTERM), vexcor::kDone);
 }
 
-TEST_F(RunTest, FoldersThatAreAddedAreKeptToo)
+TEST_F(WatchTest, FoldersThatAreAddedAreKeptToo)
 {
-    const auto keeper = StartKeeper();
+    const auto daemon = StartDaemon();
     const fs::path folder = home.GetPath() / "mine";
     fs::create_directory(folder);
     EXPECT_EQ(Run({"add", folder}), vexcor::kDone);
     FontTestHome::CopyFont("DejaVuSans", folder);
     ExpectInIndex({"DejaVuSans"});
-    EXPECT_EQ(End(*keeper, SIGTERM), vexcor::kDone);
+    EXPECT_EQ(End(*daemon, SIGTERM), vexcor::kDone);
 }
 
-TEST_F(RunTest, ALibraryThatComesLaterIsKept)
+TEST_F(WatchTest, ALibraryThatComesLaterIsKept)
 {
     fs::remove(home.GetLibrary());
-    const auto keeper = StartKeeper();
+    const auto daemon = StartDaemon();
     FontTestHome::CopyFont("DejaVuSans", home.GetLibrary());
     ExpectInIndex({"DejaVuSans"});
-    EXPECT_EQ(End(*keeper, SIGTERM), vexcor::kDone);
+    EXPECT_EQ(End(*daemon, SIGTERM), vexcor::kDone);
 }
 
-TEST_F(RunTest, ASecondOneIsToldOfTheFirst)
+TEST_F(WatchTest, ASecondOneIsToldOfTheFirst)
 {
-    const auto keeper = StartKeeper();
-    EXPECT_EQ(Run({"run"}), vexcor::kNotSo);
-    EXPECT_EQ(output, "Vexcor: runs already: Vexcor run (process " +
-                          std::to_string(keeper->GetNumber()) + ")\n");
-    EXPECT_EQ(End(*keeper, SIGKILL), -SIGKILL);
-    const auto next = StartKeeper();
+    const auto daemon = StartDaemon();
+    EXPECT_EQ(Run({"watch"}), vexcor::kNegative);
+    EXPECT_EQ(output, "Vexcor: runs already: Vexcor watch (process " +
+                          std::to_string(daemon->GetNumber()) + ")\n");
+    EXPECT_EQ(End(*daemon, SIGKILL), -SIGKILL);
+    const auto next = StartDaemon();
     EXPECT_EQ(End(*next, SIGTERM), vexcor::kDone);
 }
 
-TEST_F(RunTest, NoticesThatAHolderWasKilled)
+TEST_F(WatchTest, NoticesThatAHolderWasKilled)
 {
     FontTestHome::CopyFont("DejaVuSans", home.GetLibrary());
     const std::string log = home.GetPath() / "log";
-    const auto keeper = StartKeeper({"--log", log});
+    const auto daemon = StartDaemon({"--log", log});
     const pid_t child = fork();
     if (child == 0) {
         (void)prctl(PR_SET_PDEATHSIG, SIGKILL);  // ends with the test at the latest
@@ -117,19 +117,19 @@ TEST_F(RunTest, NoticesThatAHolderWasKilled)
     WaitUntil([] { return FontTestHome::ListOfOtherProcess().empty(); });
     WaitUntil([&] { return ReadFile(log).find("nobody holds it") != std::string::npos; });
     EXPECT_THAT(ReadFile(log), HasSubstr("a program is gone: a host (process "));
-    EXPECT_EQ(End(*keeper, SIGTERM), vexcor::kDone);
+    EXPECT_EQ(End(*daemon, SIGTERM), vexcor::kDone);
 }
 
-TEST_F(RunTest, ADatabaseInUseIsWaitedFor)
+TEST_F(WatchTest, ADatabaseInUseIsWaitedFor)
 {
-    const auto keeper = StartKeeper();
+    const auto daemon = StartDaemon();
     {
         const plugincore::Transaction busy(OpenWorkspace().database);
         FontTestHome::CopyFont("DejaVuSans", home.GetLibrary());
         std::this_thread::sleep_for(std::chrono::milliseconds(300));
     }
     ExpectInIndex({"DejaVuSans"});
-    EXPECT_EQ(End(*keeper, SIGTERM), vexcor::kDone);
+    EXPECT_EQ(End(*daemon, SIGTERM), vexcor::kDone);
 }
 
 }  // namespace

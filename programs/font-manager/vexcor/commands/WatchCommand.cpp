@@ -18,7 +18,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
 
-constexpr const char* kProgramName = "Vexcor run";
+constexpr const char* kProgramName = "Vexcor watch";
 
 // Between two looks at the other programs.
 constexpr milliseconds kLook(500);
@@ -30,9 +30,9 @@ constexpr milliseconds kLongest(3000);
 constexpr milliseconds kUnwatchedLook(10000);
 
 // Keeps index and folder right while other programs come, go and are killed.
-class Keeper {
+class FontDaemon {
 public:
-    explicit Keeper(Workspace& workspace) : mWorkspace(workspace)
+    explicit FontDaemon(Workspace& workspace) : mWorkspace(workspace)
     {
         mFolders = mWorkspace.folders.GetFolders();
         mWatch.Watch(mFolders);
@@ -41,7 +41,7 @@ public:
         mNextRefresh = Clock::now() + kUnwatchedLook;
     }
 
-    void Keep(const StopSignals& stop)
+    void Run(const StopSignals& stop)
     {
         while (!stop.Wait(mWatch.GetDescriptor(), GetPause())) {
             try {
@@ -133,22 +133,22 @@ std::string DescribeLibrary(Workspace& workspace)
 
 }  // namespace
 
-int RunRunCommand()
+int RunWatchCommand()
 {
     const StopSignals stop;
     Workspace workspace(plugincore::GetLocations());
     if (const auto other = workspace.programs.EnterAlone(kProgramName)) {
         console::Tell("runs already: " + workspace.programs.Describe(other->identity));
-        return kNotSo;
+        return kNegative;
     }
     try {
         LogRepairs(workspace.Start(kProgramName));
-        Keeper keeper(workspace);
+        FontDaemon daemon(workspace);
         const std::string line = DescribeLibrary(workspace);
         console::LogAction(line);
         (void)console::Print(console::MakePrintable(line) +
                              "\n");  // it works on without anybody who reads
-        keeper.Keep(stop);
+        daemon.Run(stop);
     } catch (const Failure&) {
         workspace.Stop();
         throw;

@@ -9,7 +9,7 @@
 namespace vexcor {
 
 // All that is known of the font of one PostScript name.
-struct FontStory {
+struct FontStatus {
     struct Holder {
         std::string document;
         std::string program;  // "headless-host (process 12)"
@@ -28,10 +28,10 @@ struct FontStory {
 using ActiveFiles = std::multimap<std::string, plugincore::Workspace::ActiveFile>;
 
 // `active` is what fontconfig shows at this moment.
-FontStory TellStory(plugincore::Workspace& workspace, const ActiveFiles& active,
-                    const std::string& name);
+FontStatus ExplainFont(plugincore::Workspace& workspace, const ActiveFiles& active,
+                       const std::string& name);
 
-std::string WriteStoryAsText(const FontStory& story);
-std::string WriteStoryAsJson(const FontStory& story);
+std::string WriteStatusAsText(const FontStatus& status);
+std::string WriteStatusAsJson(const FontStatus& status);
 
 }  // namespace vexcor
