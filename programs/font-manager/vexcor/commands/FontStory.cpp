@@ -10,52 +10,52 @@
 
 using nlohmann::json;
 using plugincore::Activation;
-using plugincore::Workspace;
+using plugincore::Services;
 
 namespace vexcor {
 namespace {
 
 bool IsReadable(const std::string& file) { return std::ifstream(file, std::ios::binary).is_open(); }
 
-bool IsOff(Workspace& workspace)
+bool IsOff(Services& services)
 {
     plugincore::Settings settings;
     const std::string setting =
-        settings.Get(workspace.locations.settings, plugincore::kActivationSetting);
+        settings.Get(services.locations.settings, plugincore::kActivationSetting);
     return plugincore::ReadActivationMode(setting) == plugincore::ActivationMode::kOff;
 }
 
 // Why a font that is in neither way active isn't.
-std::string GetReasonOfInactive(Workspace& workspace, const FontStory& story)
+std::string GetReasonOfInactive(Services& services, const FontStory& story)
 {
     if (story.file.empty()) return "in no font library";
     if (!IsReadable(story.file)) return "its file cannot be read";
-    if (!workspace.library.Find(story.name)) {
-        return "not in the selected library " + workspace.library.GetSelection();
+    if (!services.library.Find(story.name)) {
+        return "not in the selected library " + services.library.GetSelection();
     }
-    if (IsOff(workspace)) return "activation is off";
+    if (IsOff(services)) return "activation is off";
     return "no open document holds it";
 }
 
-std::string GetReasonOfActivated(Workspace& workspace, const FontStory& story, bool isSeen)
+std::string GetReasonOfActivated(Services& services, const FontStory& story, bool isSeen)
 {
     if (isSeen) return "held by open documents";
     if (!IsReadable(story.file)) return "its file cannot be read any more";
-    return "fontconfig doesn't see " + workspace.locations.activationFolder.string();
+    return "fontconfig doesn't see " + services.locations.activationFolder.string();
 }
 
-void AddHolders(Workspace& workspace, FontStory& story)
+void AddHolders(Services& services, FontStory& story)
 {
-    for (const Activation::HoldOfDocument& hold : workspace.activation.ListHolds(story.name)) {
+    for (const Activation::HoldOfDocument& hold : services.activation.ListHolds(story.name)) {
         story.holders.push_back(
             {hold.document.empty() ? "a document without a file" : hold.document,
-             workspace.programs.Describe(hold.holder)});
+             services.programs.Describe(hold.holder)});
     }
 }
 
-void AddBadFiles(Workspace& workspace, FontStory& story)
+void AddBadFiles(Services& services, FontStory& story)
 {
-    for (const auto& bad : workspace.library.ListBadFiles()) {
+    for (const auto& bad : services.library.ListBadFiles()) {
         if (std::filesystem::path(bad.path).stem() == story.name) {
             story.badFiles.push_back(bad.path + ": " + bad.problem);
         }
@@ -64,7 +64,7 @@ void AddBadFiles(Workspace& workspace, FontStory& story)
 
 }  // namespace
 
-FontStory TellStory(Workspace& workspace, const ActiveFiles& active, const std::string& name)
+FontStory TellStory(Services& services, const ActiveFiles& active, const std::string& name)
 {
     FontStory story;
     story.name = name;
@@ -75,25 +75,25 @@ FontStory TellStory(Workspace& workspace, const ActiveFiles& active, const std::
         isSeen = isSeen || entry.second.isOurs;
         if (!entry.second.isOurs) fileOfOthers = entry.second.file;
     });
-    story.otherFiles = workspace.library.ListFiles(name);
-    story.file = workspace.activation.FindActiveFile(name);
+    story.otherFiles = services.library.ListFiles(name);
+    story.file = services.activation.FindActiveFile(name);
     if (!story.file.empty()) {
         story.state = isSeen ? "activated" : "inactive";
-        story.reason = GetReasonOfActivated(workspace, story, isSeen);
-        AddHolders(workspace, story);
+        story.reason = GetReasonOfActivated(services, story, isSeen);
+        AddHolders(services, story);
     } else if (!fileOfOthers.empty()) {
         story.state = "active";
         story.reason = "without Vexcor, which doesn't touch it";
         story.file = fileOfOthers;
     } else {
         story.state = "inactive";
-        story.file = workspace.library.Find(name).value_or(
-            workspace.library.FindAnywhere(name).value_or(""));
-        story.reason = GetReasonOfInactive(workspace, story);
+        story.file =
+            services.library.Find(name).value_or(services.library.FindAnywhere(name).value_or(""));
+        story.reason = GetReasonOfInactive(services, story);
     }
     if (story.otherFiles.empty()) {
-        story.similarNames = workspace.library.ListSimilarNames(name);
-        AddBadFiles(workspace, story);
+        story.similarNames = services.library.ListSimilarNames(name);
+        AddBadFiles(services, story);
     }
     story.otherFiles.erase(
         std::remove(story.otherFiles.begin(), story.otherFiles.end(), story.file),

@@ -5,9 +5,9 @@
 
 namespace vexcor {
 
-int RunWhyCommand(plugincore::Workspace& workspace, const Options& options)
+int RunWhyCommand(plugincore::Services& services, const Options& options)
 {
-    const FontStory story = TellStory(workspace, workspace.ListActiveFiles(), options.operand);
+    const FontStory story = TellStory(services, services.ListActiveFiles(), options.operand);
     if (!console::Print(options.json ? WriteStoryAsJson(story) : WriteStoryAsText(story))) {
         return kFileFailed;
     }
