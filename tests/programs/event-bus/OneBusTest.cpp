@@ -3,6 +3,7 @@
 
 #include <filesystem>
 
+#include "ScratchFolder.h"
 #include "TestListener.h"
 
 using testing::ElementsAre;
@@ -41,8 +42,8 @@ TEST(PlugPlugOneBus, EachOpeningOfAFrameworkSharesIt)
 TEST(PlugPlugOneBus, FrameworksOfAnotherFolderShareIt)
 {
     namespace fs = std::filesystem;
-    std::string folder = testing::TempDir() + "plug-plug-XXXXXX";
-    ASSERT_NE(nullptr, mkdtemp(folder.data()));
+    const ScratchFolder scratch;
+    const std::string folder = scratch.Path();
     fs::copy(PLUG_PLUG_FRAMEWORKS, folder, fs::copy_options::recursive);
     {
         OpenFramework here("PlugPlugOwl");
@@ -53,5 +54,4 @@ TEST(PlugPlugOneBus, FrameworksOfAnotherFolderShareIt)
         EXPECT_EQ(kPlugPlugSuccess, DispatchText(there, "some.type", "one"));
         EXPECT_THAT(listener.data, ElementsAre("one"));
     }
-    fs::remove_all(folder);
 }

@@ -8,6 +8,7 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "ScratchFolder.h"
 #include "application/ExitStatus.h"
 
 using testing::HasSubstr;
@@ -19,13 +20,7 @@ constexpr const char* kClosedSent =
 // Runs the program itself, with a home folder of its own.
 class Program : public testing::Test {
 protected:
-    Program()
-    {
-        std::string pattern = testing::TempDir() + "headless-program-XXXXXX";
-        folder = mkdtemp(pattern.data());
-        std::filesystem::create_directory(folder + "/core");
-    }
-    ~Program() override { std::filesystem::remove_all(folder); }
+    Program() { std::filesystem::create_directory(folder + "/core"); }
 
     int Run(const std::string& arguments, const std::string& guest = "well-behaved",
             const std::string& before = "")
@@ -56,7 +51,8 @@ protected:
             << "\n%%DocumentNeededResources: font " << font << "\n%%EndComments\n%%EOF\n";
     }
 
-    std::string folder;
+    const ScratchFolder scratch;
+    const std::string folder = scratch.Path();
     std::string output;
     std::string errors;
 };

@@ -7,6 +7,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "ScratchFolder.h"
 #include "application/ExitStatus.h"
 #include "application/Options.h"
 #include "commands/Manual.h"
@@ -17,13 +18,7 @@ using testing::HasSubstr;
 // Runs sessions with the program itself.
 class SessionProgram : public testing::Test {
 protected:
-    SessionProgram()
-    {
-        std::string pattern = testing::TempDir() + "headless-session-XXXXXX";
-        folder = mkdtemp(pattern.data());
-        std::filesystem::create_directory(folder + "/core");
-    }
-    ~SessionProgram() override { std::filesystem::remove_all(folder); }
+    SessionProgram() { std::filesystem::create_directory(folder + "/core"); }
 
     // `lines` stand in the file "session".
     int Run(const std::string& lines, const std::string& arguments = "session")
@@ -46,7 +41,8 @@ protected:
         return text.str();
     }
 
-    std::string folder;
+    const ScratchFolder scratch;
+    const std::string folder = scratch.Path();
     std::string output;
     std::string errors;
 };

@@ -8,30 +8,32 @@
 #include <stdexcept>
 #include <string>
 
-// A fresh folder below the test's temporary folder, removed with all that is in it at the end.
+// A new folder below the test's temporary folder. The destructor removes it with its content.
 class ScratchFolder {
 public:
     ScratchFolder()
     {
-        std::string pattern = testing::TempDir() + "typeloft-XXXXXX";
+        // Without symbolic links, so that paths compare equal to what the system reports.
+        std::string pattern =
+            std::filesystem::canonical(testing::TempDir()).string() + "/typeloft-XXXXXX";
         if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no scratch folder");
         mPath = pattern;
     }
     ~ScratchFolder()
     {
-        std::error_code ignored;  // What can't be removed is left to the system's own clean-up.
+        std::error_code ignored;  // a folder that cannot be removed is left to the system
         std::filesystem::remove_all(mPath, ignored);
     }
     ScratchFolder(const ScratchFolder&) = delete;
     ScratchFolder& operator=(const ScratchFolder&) = delete;
 
-    // The full path of a name in the folder; of the folder itself for the empty name.
+    // The full path of `name` in the folder, or of the folder itself if `name` is empty.
     std::string Path(const std::string& name = "") const
     {
         return name.empty() ? mPath : mPath + "/" + name;
     }
 
-    // Writes a file, with the folders above it, and gives its full path.
+    // Writes a file, creates the folders above it, and returns its full path.
     std::string Write(const std::string& name, const std::string& content) const
     {
         const std::string path = Path(name);

@@ -17,12 +17,12 @@ protected:
     {
         return GetSettingFromJSONBuffer(buffer, key, &value);
     }
-    // The result is -1, the value stays, and exactly this line tells why.
+    // Expects -1, an unchanged value and exactly one trace with this text.
     void ExpectFailure(const char* buffer, const std::string& trace)
     {
         EXPECT_EQ(-1, Get(buffer)) << buffer;
         EXPECT_EQ(kUntouched, value);
-        EXPECT_EQ(1u, CountTraces(trace)) << trace;
+        EXPECT_EQ(1U, CountTraces(trace)) << trace;
     }
     void ExpectValue(const std::string& text, int expected)
     {
@@ -42,7 +42,7 @@ TEST_F(Settings, ReadsADecimalIntegerFromAString)
     ExpectValue("007", 7);
 }
 
-TEST_F(Settings, TakesATextWithoutDigitsForZero)
+TEST_F(Settings, ReadsTextWithoutDigitsAsZero)
 {
     ExpectValue("twelve", 0);
     value = kUntouched;
@@ -74,7 +74,7 @@ TEST_F(Settings, TracesAKeyThatIsMissing)
                   "GetSettingFromObject() could not find key 'DialogSuppression'");
 }
 
-TEST_F(Settings, TracesAKeyOfTheWrongKind)
+TEST_F(Settings, TracesAMemberOfTheWrongType)
 {
     for (const char* buffer : {R"({"DialogSuppression":1})", R"({"DialogSuppression":true})",
                                R"({"DialogSuppression":null})", R"({"DialogSuppression":["1"]})"}) {
@@ -90,23 +90,23 @@ TEST_F(Settings, TracesANullKeyAsNULL)
     EXPECT_TRUE(HasTrace("GetSettingFromObject() could not find key 'NULL'"));
 }
 
-TEST_F(Settings, CannotParseANullBuffer) { ExpectFailure(nullptr, "Could not parse 'NULL'"); }
+TEST_F(Settings, RejectsANullBuffer) { ExpectFailure(nullptr, "Could not parse 'NULL'"); }
 
-TEST_F(Settings, CannotParseAnEmptyBuffer) { ExpectFailure("", "Could not parse ''"); }
+TEST_F(Settings, RejectsAnEmptyBuffer) { ExpectFailure("", "Could not parse ''"); }
 
-TEST_F(Settings, CannotParseWhatIsNotJSON)
+TEST_F(Settings, RejectsInvalidJSON)
 {
     ExpectFailure("rubbish", "Could not parse 'rubbish'");
     ExpectFailure("{\"DialogSuppression\":\"1\"", "Could not parse '{\"DialogSuppression\":\"1\"'");
 }
 
-TEST_F(Settings, TakesNoComments)
+TEST_F(Settings, RejectsComments)
 {
     ExpectFailure("/* c */ {\"DialogSuppression\":\"1\"}",
                   "Could not parse '/* c */ {\"DialogSuppression\":\"1\"}'");
 }
 
-TEST_F(Settings, CannotParseAnArrayWhateverItHolds)
+TEST_F(Settings, RejectsEveryArray)
 {
     for (const std::string buffer :
          {"[1,2]", "[]", "[null]", R"([{"DialogSuppression":"1"}])", R"(["DialogSuppression"])"}) {
@@ -115,13 +115,13 @@ TEST_F(Settings, CannotParseAnArrayWhateverItHolds)
     }
 }
 
-TEST_F(Settings, AsksWhatABareStringIs)
+TEST_F(Settings, RejectsABareString)
 {
     ExpectFailure(R"("Dialog\u0053uppression")", "What is this? 'DialogSuppression'");
     EXPECT_FALSE(HasTraceBeginningWith("Could not parse"));
 }
 
-TEST_F(Settings, GivesUpOnAnyOtherKindWithoutAWord)
+TEST_F(Settings, RejectsEveryOtherTypeWithoutATrace)
 {
     for (const char* buffer : {"null", "7", "1.5", "true"}) {
         EXPECT_EQ(-1, Get(buffer)) << buffer;

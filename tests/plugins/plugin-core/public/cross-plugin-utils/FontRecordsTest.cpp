@@ -29,7 +29,7 @@ TEST(CreateFontDataForOneFont, ReplacesTheNameAndKeepsOtherPairs)
     CreateFontDataForOneFont("New", record);
     EXPECT_EQ("New", record["PostScriptName"]);
     EXPECT_EQ("2", record["Version"]);
-    EXPECT_EQ(2u, record.size());
+    EXPECT_EQ(2U, record.size());
 }
 
 TEST(CreateFontDataForOneFont, TracesTheName)
@@ -40,7 +40,7 @@ TEST(CreateFontDataForOneFont, TracesTheName)
     EXPECT_THAT(TraceTexts(), testing::Contains(testing::HasSubstr("ExampleSerif-Bold")));
 }
 
-TEST(AddFontToArray, LeavesARepeatOutWhenItChecks)
+TEST(AddFontToArray, SkipsADuplicateIfAskedToCheck)
 {
     FontList fonts;
     EXPECT_TRUE(AddFontToArray(Font("A"), true, fonts));
@@ -48,15 +48,15 @@ TEST(AddFontToArray, LeavesARepeatOutWhenItChecks)
     EXPECT_EQ(FontList{Font("A")}, fonts);
 }
 
-TEST(AddFontToArray, KeepsARepeatWhenItDoesNotCheck)
+TEST(AddFontToArray, KeepsADuplicateIfNotAskedToCheck)
 {
     FontList fonts;
     EXPECT_TRUE(AddFontToArray(Font("A"), false, fonts));
     EXPECT_TRUE(AddFontToArray(Font("A"), false, fonts));
-    EXPECT_EQ(2u, fonts.size());
+    EXPECT_EQ(2U, fonts.size());
 }
 
-TEST(AddFontToArray, FindsARepeatAnywhereInTheList)
+TEST(AddFontToArray, FindsADuplicateAnywhereInTheList)
 {
     const FontList before = {Font("A"), Font("B"), Font("C")};
     for (const SFontRecord& record : before) {
@@ -73,14 +73,14 @@ TEST(AddFontToArray, AppendsAtTheEnd)
     EXPECT_EQ((FontList{Font("B"), Font("A")}), fonts);
 }
 
-TEST(AddFontToArray, CountsCase)
+TEST(AddFontToArray, IsCaseSensitive)
 {
     FontList fonts;
     EXPECT_TRUE(AddFontToArray(Font("A-Bold"), true, fonts));
     EXPECT_TRUE(AddFontToArray(Font("a-bold"), true, fonts));
 }
 
-TEST(AddFontToArray, CountsLengthAndEveryByte)
+TEST(AddFontToArray, ComparesLengthAndEveryByte)
 {
     FontList fonts = {Font("Name")};
     EXPECT_TRUE(AddFontToArray(Font("NameX"), true, fonts));
@@ -88,7 +88,7 @@ TEST(AddFontToArray, CountsLengthAndEveryByte)
     EXPECT_TRUE(AddFontToArray(Font(std::string("Name\0X", 6)), true, fonts));
 }
 
-TEST(AddFontToArray, LooksAtTheNameAlone)
+TEST(AddFontToArray, ComparesOnlyTheName)
 {
     SFontRecord other = Font("A");
     other["Version"] = "2";
@@ -96,7 +96,7 @@ TEST(AddFontToArray, LooksAtTheNameAlone)
     EXPECT_FALSE(AddFontToArray(other, true, fonts));
 }
 
-TEST(AddFontToArray, TakesAMissingNameForAnEmptyOne)
+TEST(AddFontToArray, TreatsAMissingNameAsEmpty)
 {
     FontList fonts;
     EXPECT_TRUE(AddFontToArray(SFontRecord(), true, fonts));
@@ -105,7 +105,7 @@ TEST(AddFontToArray, TakesAMissingNameForAnEmptyOne)
     EXPECT_EQ(FontList{SFontRecord()}, fonts);
 }
 
-TEST(AddFontToArray, GivesANamelessRecordAnEmptyNameInTheComparison)
+TEST(AddFontToArray, AddsAnEmptyNameToARecordWithoutOne)
 {
     FontList fonts = {Font("A")};
     EXPECT_TRUE(AddFontToArray(SFontRecord(), true, fonts));
@@ -121,7 +121,7 @@ TEST(ToJson, CopiesEveryPair)
     EXPECT_EQ(R"({"Family":"F","PostScriptName":"A"})", target.dump());
 }
 
-TEST(ToJson, MakesAnEmptyObjectOfAnEmptyRecord)
+TEST(ToJson, TurnsAnEmptyRecordIntoAnEmptyObject)
 {
     json target;
     to_json(target, SFontRecord());
@@ -129,7 +129,7 @@ TEST(ToJson, MakesAnEmptyObjectOfAnEmptyRecord)
     EXPECT_TRUE(target.empty());
 }
 
-TEST(JSONStringRepresentation, HasBothMembersWhenThereIsNothing)
+TEST(JSONStringRepresentation, HasBothMembersForEmptyLists)
 {
     EXPECT_EQ(R"({"DocumentFonts":[],"LinkedDocuments":[]})", JSONStringRepresentation({}, {}));
 }
@@ -142,7 +142,7 @@ TEST(JSONStringRepresentation, KeepsOrderAndRepeats)
         JSONStringRepresentation({Font("B"), Font("A"), Font("B")}, {"/z.psd", "/a.ai", "/z.psd"}));
 }
 
-TEST(JSONStringRepresentation, CarriesOtherPairsOfARecord)
+TEST(JSONStringRepresentation, IncludesTheOtherPairsOfARecord)
 {
     SFontRecord record = Font("A");
     record["Version"] = "2";
@@ -157,7 +157,7 @@ TEST(JSONStringRepresentation, EscapesQuotesBackslashesAndControlCharacters)
               JSONStringRepresentation({Font("A\"B")}, {"C:\\x\n\x01"}));
 }
 
-TEST(JSONStringRepresentation, KeepsUTF8AsItStands)
+TEST(JSONStringRepresentation, KeepsUTF8Unescaped)
 {
     EXPECT_EQ("{\"DocumentFonts\":[],\"LinkedDocuments\":[\"/caf\xC3\xA9/logo.ai\"]}",
               JSONStringRepresentation({}, {"/caf\xC3\xA9/logo.ai"}));
@@ -177,7 +177,7 @@ TEST(BackgroundForegroundApp, WritesItsTwoTraceLines)
 {
     ClearTraces();
     BackgroundForegroundApp();
-    ASSERT_EQ(2u, Traces().size());
+    ASSERT_EQ(2U, Traces().size());
     EXPECT_EQ(1, Traces()[0].indentChange);
     EXPECT_EQ(-1, Traces()[1].indentChange);
     EXPECT_THAT(Traces()[0].text, testing::HasSubstr("BackgroundForegroundApp"));
