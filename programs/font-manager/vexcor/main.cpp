@@ -2,7 +2,8 @@
 
 #include "console/Console.h"
 #include "console/Log.h"
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/storage/ErrorLog.h"
+#include "plugin-core/storage/Failure.h"
 #include "vexcor/CommandLine.h"
 #include "vexcor/commands/Commands.h"
 #include "vexcor/commands/ExitStatus.h"
@@ -12,17 +13,17 @@ namespace {
 using plugincore::Failure;
 using plugincore::StatusCodes;
 
-int RunInWorkspace(const vexcor::Options& options,
-                   int (*body)(plugincore::Workspace&, const vexcor::Options&))
+int RunWithServices(const vexcor::Options& options,
+                    int (*body)(plugincore::Services&, const vexcor::Options&))
 {
-    plugincore::Workspace workspace(plugincore::GetLocations());
-    vexcor::LogRepairs(workspace.Start());
+    plugincore::Services services(plugincore::GetLocations());
+    vexcor::LogRepairs(services.Start());
     try {
-        const int status = body(workspace, options);
-        workspace.Stop();
+        const int status = body(services, options);
+        services.Stop();
         return status;
     } catch (const Failure&) {
-        workspace.Stop();
+        services.Stop();
         throw;
     }
 }
@@ -35,11 +36,11 @@ int RunCommand(const vexcor::Options& options)
         case vexcor::Command::kInstall:
             return vexcor::RunInstallCommand();
         case vexcor::Command::kAdd:
-            return RunInWorkspace(options, vexcor::RunAddCommand);
+            return RunWithServices(options, vexcor::RunAddCommand);
         case vexcor::Command::kList:
-            return RunInWorkspace(options, vexcor::RunListCommand);
+            return RunWithServices(options, vexcor::RunListCommand);
         case vexcor::Command::kWhy:
-            return RunInWorkspace(options, vexcor::RunWhyCommand);
+            return RunWithServices(options, vexcor::RunWhyCommand);
         case vexcor::Command::kRepair:
             return vexcor::RunRepairCommand();
     }
@@ -55,7 +56,7 @@ try {
     std::string text;
     switch (vexcor::ParseCommandLine(argc, argv, options, text)) {
         case console::ParseOutcome::kRun:
-            plugincore::SetReportSink(console::Tell);
+            plugincore::SetErrorSink(console::Tell);
             if (!options.log.empty() && !console::OpenLog(options.log, text)) {
                 console::Tell(text);
                 return vexcor::kFileFailed;

@@ -1,17 +1,17 @@
 #pragma once
 
-#include "plugin-core/workspace/Workspace.h"
+#include "plugin-core/services/Services.h"
 #include "vexcor/Options.h"
 
 // Each gives an exit status. What can't be done is thrown as Failure.
 namespace vexcor {
 
 int RunInstallCommand();
-int RunAddCommand(plugincore::Workspace& workspace, const Options& options);
-int RunListCommand(plugincore::Workspace& workspace, const Options& options);
-int RunWhyCommand(plugincore::Workspace& workspace, const Options& options);
+int RunAddCommand(plugincore::Services& services, const Options& options);
+int RunListCommand(plugincore::Services& services, const Options& options);
+int RunWhyCommand(plugincore::Services& services, const Options& options);
 
-// Both open a workspace of their own.
+// Both open services of their own.
 int RunRepairCommand();
 int RunWatchCommand();
 

@@ -1,7 +1,7 @@
 #include "vexcor/commands/DatabaseRescue.h"
 
 #include "plugin-core/storage/Database.h"
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/storage/Failure.h"
 #include "vexcor/system/System.h"
 
 namespace fs = std::filesystem;

@@ -10,52 +10,52 @@
 
 using nlohmann::json;
 using plugincore::Activation;
-using plugincore::Workspace;
+using plugincore::Services;
 
 namespace vexcor {
 namespace {
 
 bool IsReadable(const std::string& file) { return std::ifstream(file, std::ios::binary).is_open(); }
 
-bool IsOff(Workspace& workspace)
+bool IsOff(Services& services)
 {
     plugincore::Settings settings;
     const std::string setting =
-        settings.Get(workspace.locations.settings, plugincore::kActivationSetting);
+        settings.Get(services.locations.settings, plugincore::kActivationSetting);
     return plugincore::ReadActivationMode(setting) == plugincore::ActivationMode::kOff;
 }
 
 // Why a font that is in neither way active isn't.
-std::string GetReasonOfInactive(Workspace& workspace, const FontStatus& status)
+std::string GetReasonOfInactive(Services& services, const FontStatus& status)
 {
     if (status.file.empty()) return "in no font library";
     if (!IsReadable(status.file)) return "its file cannot be read";
-    if (!workspace.library.Find(status.name)) {
-        return "not in the selected library " + workspace.library.GetSelection();
+    if (!services.library.Find(status.name)) {
+        return "not in the selected library " + services.library.GetSelection();
     }
-    if (IsOff(workspace)) return "activation is off";
+    if (IsOff(services)) return "activation is off";
     return "no open document holds it";
 }
 
-std::string GetReasonOfActivated(Workspace& workspace, const FontStatus& status, bool isSeen)
+std::string GetReasonOfActivated(Services& services, const FontStatus& status, bool isSeen)
 {
     if (isSeen) return "held by open documents";
     if (!IsReadable(status.file)) return "its file cannot be read any more";
-    return "fontconfig doesn't see " + workspace.locations.activationFolder.string();
+    return "fontconfig doesn't see " + services.locations.activationFolder.string();
 }
 
-void AddHolders(Workspace& workspace, FontStatus& status)
+void AddHolders(Services& services, FontStatus& status)
 {
-    for (const Activation::HoldOfDocument& hold : workspace.activation.ListHolds(status.name)) {
+    for (const Activation::HoldOfDocument& hold : services.activation.ListHolds(status.name)) {
         status.holders.push_back(
             {hold.document.empty() ? "a document without a file" : hold.document,
-             workspace.programs.Describe(hold.holder)});
+             services.programs.Describe(hold.holder)});
     }
 }
 
-void AddBadFiles(Workspace& workspace, FontStatus& status)
+void AddBadFiles(Services& services, FontStatus& status)
 {
-    for (const auto& bad : workspace.library.ListBadFiles()) {
+    for (const auto& bad : services.library.ListBadFiles()) {
         if (std::filesystem::path(bad.path).stem() == status.name) {
             status.badFiles.push_back(bad.path + ": " + bad.problem);
         }
@@ -64,7 +64,7 @@ void AddBadFiles(Workspace& workspace, FontStatus& status)
 
 }  // namespace
 
-FontStatus ExplainFont(Workspace& workspace, const ActiveFiles& active, const std::string& name)
+FontStatus ExplainFont(Services& services, const ActiveFiles& active, const std::string& name)
 {
     FontStatus status;
     status.name = name;
@@ -75,25 +75,25 @@ FontStatus ExplainFont(Workspace& workspace, const ActiveFiles& active, const st
         isSeen = isSeen || entry.second.isOurs;
         if (!entry.second.isOurs) fileOfOthers = entry.second.file;
     });
-    status.otherFiles = workspace.library.ListFiles(name);
-    status.file = workspace.activation.FindActiveFile(name);
+    status.otherFiles = services.library.ListFiles(name);
+    status.file = services.activation.FindActiveFile(name);
     if (!status.file.empty()) {
         status.state = isSeen ? "activated" : "inactive";
-        status.reason = GetReasonOfActivated(workspace, status, isSeen);
-        AddHolders(workspace, status);
+        status.reason = GetReasonOfActivated(services, status, isSeen);
+        AddHolders(services, status);
     } else if (!fileOfOthers.empty()) {
         status.state = "active";
         status.reason = "without Vexcor, which doesn't touch it";
         status.file = fileOfOthers;
     } else {
         status.state = "inactive";
-        status.file = workspace.library.Find(name).value_or(
-            workspace.library.FindAnywhere(name).value_or(""));
-        status.reason = GetReasonOfInactive(workspace, status);
+        status.file =
+            services.library.Find(name).value_or(services.library.FindAnywhere(name).value_or(""));
+        status.reason = GetReasonOfInactive(services, status);
     }
     if (status.otherFiles.empty()) {
-        status.similarNames = workspace.library.ListSimilarNames(name);
-        AddBadFiles(workspace, status);
+        status.similarNames = services.library.ListSimilarNames(name);
+        AddBadFiles(services, status);
     }
     status.otherFiles.erase(
         std::remove(status.otherFiles.begin(), status.otherFiles.end(), status.file),

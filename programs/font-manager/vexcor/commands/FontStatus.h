@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "plugin-core/workspace/Workspace.h"
+#include "plugin-core/services/Services.h"
 
 namespace vexcor {
 
@@ -25,10 +25,10 @@ struct FontStatus {
     std::vector<std::string> badFiles;      // that bear the name and can't be used, with the reason
 };
 
-using ActiveFiles = std::multimap<std::string, plugincore::Workspace::ActiveFile>;
+using ActiveFiles = std::multimap<std::string, plugincore::Services::ActiveFile>;
 
 // `active` is what fontconfig shows at this moment.
-FontStatus ExplainFont(plugincore::Workspace& workspace, const ActiveFiles& active,
+FontStatus ExplainFont(plugincore::Services& services, const ActiveFiles& active,
                        const std::string& name);
 
 std::string WriteStatusAsText(const FontStatus& status);

@@ -3,7 +3,7 @@
 #include "console/Console.h"
 #include "console/Log.h"
 #include "plugin-core/storage/AtomicFile.h"
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/storage/Failure.h"
 #include "vexcor/commands/Commands.h"
 #include "vexcor/commands/ExitStatus.h"
 #include "vexcor/commands/LaunchInformation.h"

@@ -10,11 +10,11 @@ namespace vexcor {
 namespace {
 
 // Those of the library, and those that are active through Vexcor and not in it any more.
-std::set<std::string> GetNames(plugincore::Workspace& workspace)
+std::set<std::string> GetNames(plugincore::Services& services)
 {
     constexpr int64_t kNoLimit = -1;
-    std::set<std::string> names = workspace.activation.GetActive();
-    for (std::string& name : workspace.library.ListNames("", 0, kNoLimit)) {
+    std::set<std::string> names = services.activation.GetActive();
+    for (std::string& name : services.library.ListNames("", 0, kNoLimit)) {
         names.insert(std::move(name));
     }
     return names;
@@ -22,15 +22,15 @@ std::set<std::string> GetNames(plugincore::Workspace& workspace)
 
 }  // namespace
 
-int RunListCommand(plugincore::Workspace& workspace, const Options& options)
+int RunListCommand(plugincore::Services& services, const Options& options)
 {
-    const std::set<std::string> names = GetNames(workspace);
-    const ActiveFiles active = workspace.ListActiveFiles();
+    const std::set<std::string> names = GetNames(services);
+    const ActiveFiles active = services.ListActiveFiles();
     size_t width = 0;
     for (const std::string& name : names) width = std::max(width, name.size());
     std::string text;
     for (const std::string& name : names) {
-        const FontStatus status = ExplainFont(workspace, active, name);
+        const FontStatus status = ExplainFont(services, active, name);
         if (options.json) {
             text += WriteStatusAsJson(status);
             continue;
@@ -41,7 +41,7 @@ int RunListCommand(plugincore::Workspace& workspace, const Options& options)
         line.resize(width + 2 + std::string("activated  ").size(), ' ');
         text += line + console::MakePrintable(status.file) + "\n";
     }
-    for (const auto& bad : workspace.library.ListBadFiles()) {
+    for (const auto& bad : services.library.ListBadFiles()) {
         console::Tell(bad.path + ": skipped: " + bad.problem);
     }
     return console::Print(text) ? kDone : kFileFailed;

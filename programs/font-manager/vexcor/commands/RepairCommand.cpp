@@ -9,7 +9,7 @@
 #include "vexcor/commands/ExitStatus.h"
 
 using plugincore::Activation;
-using plugincore::Workspace;
+using plugincore::Services;
 
 namespace vexcor {
 namespace {
@@ -40,14 +40,14 @@ std::string GetDifference(const std::set<std::string>& from, const std::set<std:
 }
 
 // Whether fontconfig shows what the database has.
-bool RepairFontconfig(Workspace& workspace, Lines& lines)
+bool RepairFontconfig(Services& services, Lines& lines)
 {
-    const std::string folder = workspace.locations.activationFolder;
-    const std::set<std::string> wanted = workspace.activation.GetActive();
-    if (workspace.ListActive().ours == wanted) return true;
+    const std::string folder = services.locations.activationFolder;
+    const std::set<std::string> wanted = services.activation.GetActive();
+    if (services.ListActive().ours == wanted) return true;
     fonts::RescanFolder(folder);
     lines.push_back("fontconfig: had the folder read anew: " + folder);
-    const std::set<std::string> shown = workspace.ListActive().ours;
+    const std::set<std::string> shown = services.ListActive().ours;
     const std::string missing = GetDifference(wanted, shown);
     const std::string foreign = GetDifference(shown, wanted);
     if (!missing.empty()) console::Tell(folder + ": fontconfig doesn't see " + missing);
@@ -57,9 +57,9 @@ bool RepairFontconfig(Workspace& workspace, Lines& lines)
     return missing.empty() && foreign.empty();
 }
 
-void TellIndex(Workspace& workspace, Lines& lines)
+void TellIndex(Services& services, Lines& lines)
 {
-    const plugincore::FontLibrary::Counts counts = workspace.library.GetCounts();
+    const plugincore::FontLibrary::Counts counts = services.library.GetCounts();
     if (counts.filesRead + counts.filesGone != 0) {
         lines.push_back("index: " + std::to_string(counts.filesRead) + " files read, " +
                         std::to_string(counts.filesGone) + " taken out");
@@ -82,12 +82,12 @@ int RunRepairCommand()
         lines.push_back("database: damaged (" + damage + "), put aside as " + aside.string());
         lines.emplace_back("database: made anew; folders that were added have to be added again");
     }
-    Workspace workspace(plugincore::GetLocations());
-    const Lines repaired = Describe(workspace.Start());
+    Services services(plugincore::GetLocations());
+    const Lines repaired = Describe(services.Start());
     lines.insert(lines.end(), repaired.begin(), repaired.end());
-    TellIndex(workspace, lines);
-    const bool agrees = RepairFontconfig(workspace, lines);
-    workspace.Stop();
+    TellIndex(services, lines);
+    const bool agrees = RepairFontconfig(services, lines);
+    services.Stop();
     if (lines.empty() && agrees) lines.emplace_back("nothing had to be repaired");
     std::string text;
     for (const std::string& line : lines) {

@@ -3,14 +3,14 @@
 
 #include "console/Console.h"
 #include "console/Log.h"
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/storage/Failure.h"
 #include "vexcor/commands/Commands.h"
 #include "vexcor/commands/ExitStatus.h"
 #include "vexcor/system/StopSignals.h"
 #include "vexcor/system/TreeWatch.h"
 
 using plugincore::Failure;
-using plugincore::Workspace;
+using plugincore::Services;
 
 namespace vexcor {
 namespace {
@@ -32,12 +32,12 @@ constexpr milliseconds kUnwatchedLook(10000);
 // Keeps index and folder right while other programs come, go and are killed.
 class FontDaemon {
 public:
-    explicit FontDaemon(Workspace& workspace) : mWorkspace(workspace)
+    explicit FontDaemon(Services& services) : mServices(services)
     {
-        mFolders = mWorkspace.folders.GetFolders();
+        mFolders = mServices.folders.GetFolders();
         mWatch.Watch(mFolders);
         TellOfWatch();
-        mWorkspace.library.Refresh();  // for what came before it was watched
+        mServices.library.Refresh();  // for what came before it was watched
         mNextRefresh = Clock::now() + kUnwatchedLook;
     }
 
@@ -81,8 +81,8 @@ private:
         const Clock::time_point now = Clock::now();
         if (now < mNextLook) return;
         mNextLook = now + kLook;
-        LogRepairs(mWorkspace.activation.RepairIfNeeded());
-        std::vector<std::string> folders = mWorkspace.folders.GetFolders();
+        LogRepairs(mServices.activation.RepairIfNeeded());
+        std::vector<std::string> folders = mServices.folders.GetFolders();
         if (folders == mFolders && !mWatch.HasMissingFolderCome()) return;
         mFolders = std::move(folders);
         console::LogAction("the library is " + plugincore::JoinNames(mFolders));
@@ -93,11 +93,11 @@ private:
     {
         mWatch.Watch(mFolders);
         TellOfWatch();
-        mWorkspace.ApplyLibraryChoice();
-        mWorkspace.library.Refresh();
+        mServices.ApplyLibraryChoice();
+        mServices.library.Refresh();
         mIsChanged = false;
         mNextRefresh = Clock::now() + kUnwatchedLook;
-        const plugincore::FontLibrary::Counts counts = mWorkspace.library.GetCounts();
+        const plugincore::FontLibrary::Counts counts = mServices.library.GetCounts();
         if (counts.filesRead + counts.filesGone == 0) return;
         console::LogAction("index: " + std::to_string(counts.filesRead) + " files read, " +
                            std::to_string(counts.filesGone) + " taken out");
@@ -112,7 +112,7 @@ private:
         }
     }
 
-    Workspace& mWorkspace;
+    Services& mServices;
     TreeWatch mWatch;
     std::vector<std::string> mFolders;
     bool mIsChanged = false;
@@ -124,11 +124,11 @@ private:
     std::string mLastFailure;
 };
 
-std::string DescribeLibrary(Workspace& workspace)
+std::string DescribeLibrary(Services& services)
 {
-    const plugincore::FontLibrary::Counts counts = workspace.library.GetCounts();
+    const plugincore::FontLibrary::Counts counts = services.library.GetCounts();
     return "keeps " + std::to_string(counts.names) + " fonts in " + std::to_string(counts.files) +
-           " files of " + plugincore::JoinNames(workspace.library.GetFolders());
+           " files of " + plugincore::JoinNames(services.library.GetFolders());
 }
 
 }  // namespace
@@ -136,24 +136,24 @@ std::string DescribeLibrary(Workspace& workspace)
 int RunWatchCommand()
 {
     const StopSignals stop;
-    Workspace workspace(plugincore::GetLocations());
-    if (const auto other = workspace.programs.EnterAlone(kProgramName)) {
-        console::Tell("runs already: " + workspace.programs.Describe(other->identity));
+    Services services(plugincore::GetLocations());
+    if (const auto other = services.programs.EnterAlone(kProgramName)) {
+        console::Tell("runs already: " + services.programs.Describe(other->identity));
         return kNegative;
     }
     try {
-        LogRepairs(workspace.Start(kProgramName));
-        FontDaemon daemon(workspace);
-        const std::string line = DescribeLibrary(workspace);
+        LogRepairs(services.Start(kProgramName));
+        FontDaemon daemon(services);
+        const std::string line = DescribeLibrary(services);
         console::LogAction(line);
         (void)console::Print(console::MakePrintable(line) +
                              "\n");  // it works on without anybody who reads
         daemon.Run(stop);
     } catch (const Failure&) {
-        workspace.Stop();
+        services.Stop();
         throw;
     }
-    workspace.Stop();
+    services.Stop();
     console::LogAction("ends");
     return kDone;
 }

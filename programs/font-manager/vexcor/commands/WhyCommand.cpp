@@ -5,9 +5,9 @@
 
 namespace vexcor {
 
-int RunWhyCommand(plugincore::Workspace& workspace, const Options& options)
+int RunWhyCommand(plugincore::Services& services, const Options& options)
 {
-    const FontStatus status = ExplainFont(workspace, workspace.ListActiveFiles(), options.operand);
+    const FontStatus status = ExplainFont(services, services.ListActiveFiles(), options.operand);
     if (!console::Print(options.json ? WriteStatusAsJson(status) : WriteStatusAsText(status))) {
         return kFileFailed;
     }

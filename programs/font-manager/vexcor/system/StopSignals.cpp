@@ -10,7 +10,7 @@
 #include <cstring>
 #include <string>
 
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/storage/Failure.h"
 
 namespace vexcor {
 

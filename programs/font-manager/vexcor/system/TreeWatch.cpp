@@ -9,7 +9,7 @@
 #include <filesystem>
 
 #include "plugin-core/library/FontFiles.h"
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/storage/Failure.h"
 
 namespace fs = std::filesystem;
 

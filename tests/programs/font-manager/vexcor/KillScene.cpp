@@ -59,7 +59,7 @@ void KillScene::Begin(unsigned seed)
     for (int number = 0; number < kDocuments; ++number)
         FontTestHome::WriteFile(home.GetPath() / GetDocument(number), MakeDocument(number));
     ASSERT_EQ(Run({"install"}), 0) << output;
-    (void)OpenWorkspace();  // this process looks at the tables and changes nothing
+    (void)OpenServices();  // this process looks at the tables and changes nothing
 }
 
 std::unique_ptr<ChildProcess> KillScene::StartHost(size_t number)
@@ -163,7 +163,7 @@ void KillScene::EndAll()
 
 std::string KillScene::FindDisagreement()
 {
-    plugincore::Database& database = OpenWorkspace().database;
+    plugincore::Database& database = OpenServices().database;
     const plugincore::Transaction nobodyChanges(database);
     EXPECT_EQ(database.FindDamage(), "");
     EXPECT_TRUE(GetTexts(database, "PRAGMA foreign_key_check").empty());
@@ -188,15 +188,15 @@ std::map<std::string, int> KillScene::CountRepairs() const
 
 int64_t KillScene::CountActivations()
 {
-    Statement count(OpenWorkspace().database,
+    Statement count(OpenServices().database,
                     "SELECT seq FROM sqlite_sequence WHERE name = 'active_group'");
     return count.Step() ? count.GetNumber(0) : 0;
 }
 
 std::string KillScene::CompareTables()
 {
-    plugincore::Workspace& workspace = OpenWorkspace();
-    for (const auto& program : workspace.programs.ListGone())
+    plugincore::Services& services = OpenServices();
+    for (const auto& program : services.programs.ListGone())
         return "a program that is gone is listed: " + program.identity;
     const std::vector<std::pair<const char*, const char*>> wrong = {
         {"active and not held",
@@ -208,24 +208,23 @@ std::string KillScene::CompareTables()
         {"group without files",
          "SELECT id FROM active_group WHERE id NOT IN (SELECT group_id FROM active_file)"}};
     for (const auto& [what, sql] : wrong)
-        for (const std::string& text : GetTexts(workspace.database, sql))
+        for (const std::string& text : GetTexts(services.database, sql))
             return std::string(what) + ": " + text;
     return {};
 }
 
 std::string KillScene::CompareFolder()
 {
-    plugincore::Workspace& workspace = OpenWorkspace();
-    const ActivationFolder& folder = workspace.activation.GetFolder();
+    plugincore::Services& services = OpenServices();
+    const ActivationFolder& folder = services.activation.GetFolder();
     std::vector<int64_t> groups = folder.List();
     std::sort(groups.begin(), groups.end());
-    Statement known(workspace.database, "SELECT id FROM active_group ORDER BY id");
+    Statement known(services.database, "SELECT id FROM active_group ORDER BY id");
     std::vector<int64_t> wanted;
     while (known.Step()) wanted.push_back(known.GetNumber(0));
     if (groups != wanted) return "other groups in the folder than in the tables";
     for (const int64_t group : wanted) {
-        Statement files(workspace.database,
-                        "SELECT link, path FROM active_file WHERE group_id = ?");
+        Statement files(services.database, "SELECT link, path FROM active_file WHERE group_id = ?");
         files.Bind(group);
         ActivationFolder::Links links;
         while (files.Step()) links[files.GetText(0)] = files.GetText(1);
@@ -241,7 +240,7 @@ std::string KillScene::CompareFolder()
 
 std::string KillScene::CompareFontconfig()
 {
-    plugincore::Workspace& workspace = OpenWorkspace();
-    const bool isEqual = workspace.ListActive().ours == workspace.activation.GetActive();
+    plugincore::Services& services = OpenServices();
+    const bool isEqual = services.ListActive().ours == services.activation.GetActive();
     return isEqual ? std::string() : "fontconfig shows other fonts than the tables have";
 }

@@ -48,7 +48,7 @@ TEST_F(KillScene, WhoeverIsKilledTheOthersPutItRight)
     StartAll();
     EndAll();
     EXPECT_EQ(FindDisagreement(), "");
-    EXPECT_TRUE(OpenWorkspace().activation.GetActive().empty());
+    EXPECT_TRUE(OpenServices().activation.GetActive().empty());
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), testing::ElementsAre("DejaVuSansMono"));
     // Kills of programs that do nothing would show nothing.
     EXPECT_GT(CountActivations(), static_cast<int64_t>(kills));

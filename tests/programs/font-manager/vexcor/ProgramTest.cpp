@@ -57,7 +57,7 @@ TEST_F(ProgramTest, ListAsJsonHasALineForEachFont)
 {
     AddFont("DejaVuSans");
     AddFont("DejaVuSerif");
-    OpenWorkspace().activation.Activate("/a.ai", {"DejaVuSerif"});
+    OpenServices().activation.Activate("/a.ai", {"DejaVuSerif"});
     EXPECT_EQ(Run({"list", "--json"}), vexcor::kDone);
     std::istringstream lines(output);
     std::map<std::string, std::string> states;
@@ -74,7 +74,7 @@ TEST_F(ProgramTest, WhyNamesDocumentsFileAndOtherFiles)
     const fs::path file = AddFont("DejaVuSans", "used");
     const fs::path other = AddFont("DejaVuSans", "old");
     fs::last_write_time(other, fs::last_write_time(file) - std::chrono::hours(1));
-    OpenWorkspace().activation.Activate("/doc\n.ai", {"DejaVuSans"});
+    OpenServices().activation.Activate("/doc\n.ai", {"DejaVuSans"});
     EXPECT_EQ(Run({"why", "DejaVuSans"}), vexcor::kDone);
     EXPECT_THAT(output, StartsWith("DejaVuSans: activated: held by open documents\n"));
     EXPECT_THAT(output, HasSubstr("    file: " + file.string() + "\n"));
@@ -112,7 +112,7 @@ TEST_F(ProgramTest, WhyTellsTheReasonsOfWhatIsNotActive)
 TEST_F(ProgramTest, WhyTellsOfAFileThatIsGone)
 {
     const fs::path file = AddFont("DejaVuSans");
-    OpenWorkspace().activation.Activate("/a.ai", {"DejaVuSans"});
+    OpenServices().activation.Activate("/a.ai", {"DejaVuSans"});
     fs::remove(file);
     EXPECT_EQ(Run({"why", "DejaVuSans"}), vexcor::kNegative);
     EXPECT_THAT(output, StartsWith("DejaVuSans: inactive: its file cannot be read any more\n"));
@@ -140,7 +140,7 @@ TEST_F(ProgramTest, RepairTellsWhatItDid)
     EXPECT_EQ(Run({"list"}), vexcor::kDone);
     EXPECT_EQ(Run({"repair"}), vexcor::kDone);
     EXPECT_EQ(output, "nothing had to be repaired\n");
-    OpenWorkspace().activation.Activate("/a.ai", {"DejaVuSans"});
+    OpenServices().activation.Activate("/a.ai", {"DejaVuSans"});
     fs::remove_all(home.GetUserFonts() / "corvanta");
     fs::create_directories(home.GetUserFonts() / "corvanta/63/g99");
     EXPECT_EQ(Run({"repair"}), vexcor::kDone);

@@ -32,13 +32,13 @@ std::unique_ptr<ChildProcess> VexcorScene::StartDaemon(
     return daemon;
 }
 
-plugincore::Workspace& VexcorScene::OpenWorkspace()
+plugincore::Services& VexcorScene::OpenServices()
 {
-    if (!mWorkspace) {
-        mWorkspace = std::make_unique<plugincore::Workspace>(plugincore::GetLocations());
-        (void)mWorkspace->Start("test");  // nothing is there to repair
+    if (!mServices) {
+        mServices = std::make_unique<plugincore::Services>(plugincore::GetLocations());
+        (void)mServices->Start("test");  // nothing is there to repair
     }
-    return *mWorkspace;
+    return *mServices;
 }
 
 std::filesystem::path VexcorScene::GetLaunchFile() const

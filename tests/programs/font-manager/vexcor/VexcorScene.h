@@ -9,7 +9,7 @@
 
 #include "ChildProcess.h"
 #include "FontTestHome.h"
-#include "plugin-core/workspace/Workspace.h"
+#include "plugin-core/services/Services.h"
 
 // The program in a home of its own, under a name that no host takes for the running font manager.
 class VexcorScene : public testing::Test {
@@ -21,7 +21,7 @@ protected:
     std::unique_ptr<ChildProcess> StartDaemon(const std::vector<std::string>& arguments = {}) const;
 
     // The database as any program has it.
-    plugincore::Workspace& OpenWorkspace();
+    plugincore::Services& OpenServices();
 
     // The launch information file.
     std::filesystem::path GetLaunchFile() const;
@@ -32,5 +32,5 @@ protected:
     std::string output;
 
 private:
-    std::unique_ptr<plugincore::Workspace> mWorkspace;
+    std::unique_ptr<plugincore::Services> mServices;
 };

@@ -26,8 +26,8 @@ class WatchTest : public VexcorScene {
 protected:
     std::vector<std::string> ListIndex()
     {
-        OpenWorkspace().ApplyLibraryChoice();
-        return OpenWorkspace().library.ListNames("", 0, 100);
+        OpenServices().ApplyLibraryChoice();
+        return OpenServices().library.ListNames("", 0, 100);
     }
     void ExpectInIndex(const std::vector<std::string>& names)
     {
@@ -45,7 +45,7 @@ TEST_F(WatchTest, EndsCleanlyWhenAsked)
     for (const int signal : {SIGTERM, SIGINT}) {
         const auto daemon = StartDaemon();
         EXPECT_EQ(End(*daemon, signal), vexcor::kDone);
-        EXPECT_TRUE(OpenWorkspace().programs.ListGone().empty());
+        EXPECT_TRUE(OpenServices().programs.ListGone().empty());
     }
 }
 
@@ -59,7 +59,7 @@ TEST_F(WatchTest, TheIndexFollowsTheLibrary)
     fs::remove(file);
     fs::rename(home.GetLibrary() / "new", home.GetLibrary() / "other");
     ExpectInIndex({"DejaVuSerif"});
-    EXPECT_EQ(OpenWorkspace().library.Find("DejaVuSerif"),
+    EXPECT_EQ(OpenServices().library.Find("DejaVuSerif"),
               home.GetLibrary() / "other/deep/DejaVuSerif.ttf");
     EXPECT_EQ(End(*daemon, SIGTERM), vexcor::kDone);
 }
@@ -103,9 +103,9 @@ TEST_F(WatchTest, NoticesThatAHolderWasKilled)
     const pid_t child = fork();
     if (child == 0) {
         (void)prctl(PR_SET_PDEATHSIG, SIGKILL);  // ends with the test at the latest
-        plugincore::Workspace workspace(plugincore::GetLocations());
-        (void)workspace.Start("a host");  // what it repairs isn't asked for
-        workspace.activation.Activate("/a.ai", {"DejaVuSans"});
+        plugincore::Services services(plugincore::GetLocations());
+        (void)services.Start("a host");  // what it repairs isn't asked for
+        services.activation.Activate("/a.ai", {"DejaVuSans"});
         pause();
         _exit(0);
     }
@@ -124,7 +124,7 @@ TEST_F(WatchTest, ADatabaseInUseIsWaitedFor)
 {
     const auto daemon = StartDaemon();
     {
-        const plugincore::Transaction busy(OpenWorkspace().database);
+        const plugincore::Transaction busy(OpenServices().database);
         FontTestHome::CopyFont("DejaVuSans", home.GetLibrary());
         std::this_thread::sleep_for(std::chrono::milliseconds(300));
     }

@@ -1,10 +1,11 @@
-#include "plugin-core/menus/Menus.h"
+#include "plugin-core/menus/MenuJson.h"
 
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
-#include "plugin-core/menus/MenuContent.h"
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/menus/MenuModel.h"
+#include "plugin-core/storage/ErrorLog.h"
+#include "plugin-core/storage/Failure.h"
 
 using nlohmann::json;
 
@@ -39,15 +40,15 @@ struct HostMenu {
             const auto title = node.at("title").get<std::string>();
             const json& child = node.at("child");
             // The libraries may come later, so their submenu is there from the start.
-            const bool hasSubmenu = !child.empty() || label == MenuContent::kSelectLibrary;
+            const bool hasSubmenu = !child.empty() || label == MenuModel::kSelectLibrary;
             const unsigned int status =
                 callback(id.c_str(), label.c_str(), title.c_str(), node.at("checked").get<bool>(),
                          node.at("enabled").get<bool>(), hasSubmenu, parent, help);
             if (status == StatusCodes::kSuccess) {
                 AddAll(child, label.c_str());
             } else {
-                Report("the host refused the menu item \"" + label + "\" with status " +
-                       std::to_string(status));
+                LogError("the host refused the menu item \"" + label + "\" with status " +
+                         std::to_string(status));
             }
         }
     }

@@ -1,4 +1,4 @@
-#include "plugin-core/workspace/LinkedDocuments.h"
+#include "plugin-core/services/LinkedDocuments.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -3,7 +3,7 @@
 #include <stdexcept>
 #include <string>
 
-// What PluginCore's functions answer, and how a failure travels inside until it becomes an answer.
+// The statuses of PluginCore's functions and the exception that carries one up to them.
 namespace plugincore {
 
 struct StatusCodes {
@@ -19,11 +19,11 @@ struct StatusCodes {
     static constexpr unsigned int kUnknownError = 0x15000000;
 };
 
-// A failure with the status to answer and one line that names the thing at fault and the reason.
+// An error with the status to return and a message of one line, "THING: what is wrong".
 class Failure : public std::runtime_error {
 public:
-    Failure(unsigned int status, const std::string& line)
-        : std::runtime_error(line), mStatus(status)
+    Failure(unsigned int status, const std::string& message)
+        : std::runtime_error(message), mStatus(status)
     {
     }
     unsigned int GetStatus() const { return mStatus; }
@@ -31,13 +31,5 @@ public:
 private:
     unsigned int mStatus;
 };
-
-// Writes "PluginCore: " and the line to standard error, in one piece, or hands the line to the
-// sink.
-void Report(const std::string& line);
-
-// For a program of its own: where lines go from now on.
-using ReportSink = void (*)(const std::string& line);
-void SetReportSink(ReportSink sink);
 
 }  // namespace plugincore

@@ -10,19 +10,19 @@
 #include "plugin-core/activation/Programs.h"
 #include "plugin-core/library/FontLibrary.h"
 #include "plugin-core/library/LibraryFolders.h"
+#include "plugin-core/services/DocumentStore.h"
+#include "plugin-core/services/LinkedDocuments.h"
 #include "plugin-core/storage/Database.h"
 #include "plugin-core/storage/Locations.h"
-#include "plugin-core/workspace/DocumentStore.h"
-#include "plugin-core/workspace/LinkedDocuments.h"
 
 namespace plugincore {
 
 // What there is between a start and a stop: the database and all that stands on it. Main thread.
-struct Workspace {
+struct Services {
     // Opens the database. Throws Failure.
-    explicit Workspace(const Locations& places);
-    Workspace(const Workspace&) = delete;
-    Workspace& operator=(const Workspace&) = delete;
+    explicit Services(const Locations& places);
+    Services(const Services&) = delete;
+    Services& operator=(const Services&) = delete;
 
     // Lists this process among the programs under the name, repairs what a killed process left and
     // indexes the library. Returns what was repaired.
@@ -49,7 +49,7 @@ struct Workspace {
 
     // Those of the names that fonts can be taken from the library for. If one isn't known, the
     // index is brought up to date first.
-    std::vector<std::string> KeepThoseInLibrary(const std::vector<std::string>& names);
+    std::vector<std::string> SelectFromLibrary(const std::vector<std::string>& names);
 
     // Takes over the user's choice of folders and of a library.
     void ApplyLibraryChoice();
@@ -60,7 +60,7 @@ struct Workspace {
     FontLibrary library;
     Programs programs;
     Activation activation;
-    DocumentStore documents;
+    DocumentStore documentStore;
     LinkedDocuments linkedDocuments;
 };
 

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "CoreSession.h"
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/storage/Failure.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "plugin-core/workspace/DocumentStore.h"
+#include "plugin-core/services/DocumentStore.h"
 
 namespace plugincore {
 namespace {

@@ -1,4 +1,4 @@
-#include "plugin-core/menus/MenuContent.h"
+#include "plugin-core/menus/MenuModel.h"
 
 #include <nlohmann/json.hpp>
 
@@ -39,7 +39,7 @@ json MakeLibraries(const MenuState& state)
         const std::string title = documents::ToValidUtf8(library.name);
         json node = MakeItem(id, title, true, library.path == state.selectedLibrary);
         // That label is taken by the submenu.
-        if (title == MenuContent::kSelectLibrary) node["label"] = id;
+        if (title == MenuModel::kSelectLibrary) node["label"] = id;
         nodes.push_back(std::move(node));
     }
     return nodes;
@@ -48,7 +48,7 @@ json MakeLibraries(const MenuState& state)
 json MakeModes(ActivationMode present)
 {
     const auto makeMode = [present](ActivationMode mode, const char* title) {
-        return MakeItem(MenuContent::kActivation + WriteActivationMode(mode), title, true,
+        return MakeItem(MenuModel::kActivation + WriteActivationMode(mode), title, true,
                         mode == present);
     };
     return json::array({makeMode(ActivationMode::kAutomatic, "Activate Automatically"),
@@ -60,24 +60,24 @@ json MakeModes(ActivationMode present)
 
 std::string MakeLibraryId(const Library& library)
 {
-    return MenuContent::kLibrary + documents::ToValidUtf8(library.path);
+    return MenuModel::kLibrary + documents::ToValidUtf8(library.path);
 }
 
 std::string MakeMenus(const MenuState& state)
 {
     json child = json::array({
-        MakeItem(MenuContent::kActivateFonts, "Activate Document Fonts", state.hasDocument, false),
-        MakeItem(MenuContent::kDeactivateUnused, "Deactivate Unused Fonts", true, false),
-        MakeItem(MenuContent::kShowMissing, "Show Missing Fonts", state.hasDocument, false),
+        MakeItem(MenuModel::kActivateFonts, "Activate Document Fonts", state.hasDocument, false),
+        MakeItem(MenuModel::kDeactivateUnused, "Deactivate Unused Fonts", true, false),
+        MakeItem(MenuModel::kShowMissing, "Show Missing Fonts", state.hasDocument, false),
         MakeSeparator("separator:libraries"),
-        MakeNode("selectLibrary", MenuContent::kSelectLibrary, MakeLibraries(state)),
-        MakeNode(MenuContent::kAddFolder, "Add Font Folder..."),
-        MakeNode(MenuContent::kRevealLibrary, "Reveal Font Library"),
+        MakeNode("selectLibrary", MenuModel::kSelectLibrary, MakeLibraries(state)),
+        MakeNode(MenuModel::kAddFolder, "Add Font Folder..."),
+        MakeNode(MenuModel::kRevealLibrary, "Reveal Font Library"),
         MakeSeparator("separator:preferences"),
         MakeNode("activation", "Font Activation", MakeModes(state.mode)),
-        MakeItem(MenuContent::kDialogSuppression, "Hold Back Missing Fonts Dialog", true,
+        MakeItem(MenuModel::kDialogSuppression, "Hold Back Missing Fonts Dialog", true,
                  state.suppressesDialog),
-        MakeNode(MenuContent::kAbout, "About Corvanta Fonts"),
+        MakeNode(MenuModel::kAbout, "About Corvanta Fonts"),
     });
     return MakeNode("root", "Corvanta", std::move(child))
         .dump(-1, ' ', false, json::error_handler_t::replace);

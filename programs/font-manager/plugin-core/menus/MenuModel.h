@@ -10,7 +10,7 @@ namespace plugincore {
 
 // The menu's texts and ids. A library's id is kLibrary and its path, that of an activation mode
 // kActivation and the setting.
-struct MenuContent {
+struct MenuModel {
     static constexpr const char* kActivateFonts = "activateFonts";
     static constexpr const char* kDeactivateUnused = "deactivateUnused";
     static constexpr const char* kShowMissing = "showMissing";

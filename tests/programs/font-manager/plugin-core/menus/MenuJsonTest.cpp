@@ -1,4 +1,4 @@
-#include "plugin-core/menus/Menus.h"
+#include "plugin-core/menus/MenuJson.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -6,8 +6,8 @@
 #include <nlohmann/json.hpp>
 
 #include "CoreTestHome.h"
-#include "plugin-core/menus/MenuContent.h"
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/menus/MenuModel.h"
+#include "plugin-core/storage/Failure.h"
 
 using nlohmann::json;
 using plugincore::Failure;

@@ -7,7 +7,7 @@
 
 #include "plugin-core/documents/ActivationMode.h"
 #include "plugin-core/documents/Dialogs.h"
-#include "plugin-core/workspace/Workspace.h"
+#include "plugin-core/services/Services.h"
 
 namespace plugincore {
 
@@ -18,10 +18,10 @@ namespace plugincore {
 // a new one or one saved under another name, is never told to be closed. It is one of those that
 // were open at that moment, so it lets go when all of them are closed; and when there were new ones
 // too, whose close nobody tells, it holds its fonts until the host ends.
-class DocumentLife {
+class DocumentFonts {
 public:
-    // The workspace has to outlive this object.
-    explicit DocumentLife(Workspace& workspace) : mWorkspace(workspace) {}
+    // The services have to outlive this object.
+    explicit DocumentFonts(Services& services) : mServices(services) {}
 
     // `fontsJson` is the document's fonts, or empty to have them read from the file. Returns those
     // that aren't active and are in the library, as JSON, those of the text first, each in the
@@ -82,11 +82,11 @@ private:
     int ActivateInactive(const std::string& path, const std::vector<std::string>& wanted);
     void ActivateNew(const std::string& path, const std::vector<std::string>& names,
                      ActivationMode mode);
-    void Use(const std::string& path, const std::vector<std::string>& names);
+    void SetUsed(const std::string& path, const std::vector<std::string>& names);
 
-    void Drop(const std::string& path);
+    void Release(const std::string& path);
 
-    Workspace& mWorkspace;
+    Services& mServices;
     Refusals mRefusals;
     bool mHasBlanks = false;
     std::set<std::string> mOpen;  // opened and not closed

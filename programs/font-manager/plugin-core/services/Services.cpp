@@ -1,10 +1,10 @@
-#include "plugin-core/workspace/Workspace.h"
+#include "plugin-core/services/Services.h"
 
 #include <algorithm>
 #include <filesystem>
 
 #include "fonts/ActiveFonts.h"
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/storage/ErrorLog.h"
 
 namespace fs = std::filesystem;
 
@@ -30,13 +30,13 @@ void ReportMissingLibraries(const Locations& locations)
     for (const std::string& folder : locations.libraries) {
         std::error_code error;
         if (fs::is_directory(folder, error)) continue;
-        Report(folder + ": no font library: " + (error ? error.message() : "not a folder"));
+        LogError(folder + ": no font library: " + (error ? error.message() : "not a folder"));
     }
 }
 
 }  // namespace
 
-Workspace::Workspace(const Locations& places)
+Services::Services(const Locations& places)
     : locations(places),
       database(locations.database),
       folders(database, locations.libraries),
@@ -44,35 +44,35 @@ Workspace::Workspace(const Locations& places)
       programs(database, GetIdentityOfThisProcess()),
       activation(database, library, programs, ActivationFolder(locations.activationFolder),
                  GetIdentityOfThisProcess()),
-      documents(database, GetIdentityOfThisProcess())
+      documentStore(database, GetIdentityOfThisProcess())
 {
 }
 
-Activation::Repairs Workspace::Start(const std::string& programName)
+Activation::Repairs Services::Start(const std::string& programName)
 {
     programs.Enter(programName);
     ApplyLibraryChoice();
     Activation::Repairs repairs = activation.Repair();
-    documents.ForgetBlanks();
+    documentStore.ForgetBlanks();
     ReportMissingLibraries(locations);
     library.Refresh();
     return repairs;
 }
 
-void Workspace::Stop()
+void Services::Stop()
 {
     activation.ReleaseAll();
-    documents.ForgetBlanks();
+    documentStore.ForgetBlanks();
     programs.Leave();
 }
 
-void Workspace::ApplyLibraryChoice()
+void Services::ApplyLibraryChoice()
 {
     library.SetFolders(folders.GetFolders());
     library.SetSelection(folders.GetSelected());
 }
 
-Workspace::ActiveNames Workspace::ListActive() const
+Services::ActiveNames Services::ListActive() const
 {
     ActiveNames names;
     for (const auto& [name, active] : ListActiveFiles()) {
@@ -81,7 +81,7 @@ Workspace::ActiveNames Workspace::ListActive() const
     return names;
 }
 
-std::multimap<std::string, Workspace::ActiveFile> Workspace::ListActiveFiles() const
+std::multimap<std::string, Services::ActiveFile> Services::ListActiveFiles() const
 {
     std::multimap<std::string, ActiveFile> files;
     const fs::path& folder = activation.GetFolder().GetPath();
@@ -91,7 +91,7 @@ std::multimap<std::string, Workspace::ActiveFile> Workspace::ListActiveFiles() c
     return files;
 }
 
-std::vector<std::string> Workspace::KeepThoseInLibrary(const std::vector<std::string>& names)
+std::vector<std::string> Services::SelectFromLibrary(const std::vector<std::string>& names)
 {
     ApplyLibraryChoice();
     const auto isKnown = [this](const std::string& name) { return library.Find(name).has_value(); };

@@ -1,17 +1,17 @@
-#include <iostream>
+#include "plugin-core/storage/ErrorLog.h"
 
-#include "plugin-core/storage/StatusCodes.h"
+#include <iostream>
 
 namespace plugincore {
 namespace {
 
-ReportSink sSink = nullptr;
+ErrorSink sSink = nullptr;
 
 }  // namespace
 
-void SetReportSink(ReportSink sink) { sSink = sink; }
+void SetErrorSink(ErrorSink sink) { sSink = sink; }
 
-void Report(const std::string& line)
+void LogError(const std::string& line)
 {
     if (sSink) {
         sSink(line);

@@ -1,4 +1,4 @@
-#include "plugin-core/workspace/LinkedDocuments.h"
+#include "plugin-core/services/LinkedDocuments.h"
 
 #include <algorithm>
 #include <array>
@@ -9,7 +9,7 @@
 
 #include "documents/OpenDocument.h"
 #include "documents/bytes/Utf8.h"
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/storage/ErrorLog.h"
 
 namespace fs = std::filesystem;
 
@@ -149,7 +149,8 @@ void LinkedDocuments::ReportOnce(const std::string& document, const std::string&
 {
     if (!mReported.insert({document, file}).second) return;
     const std::string placed = file.empty() ? file : "the placed " + documents::ToMessageText(file);
-    Report(documents::ToMessageText(document) + ": " + placed + (placed.empty() ? "" : " ") + what);
+    LogError(documents::ToMessageText(document) + ": " + placed + (placed.empty() ? "" : " ") +
+             what);
 }
 
 }  // namespace plugincore
