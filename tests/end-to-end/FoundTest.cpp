@@ -29,7 +29,7 @@ protected:
 TEST_F(Found, ThroughTheRunningVexcorWithoutAFile)
 {
     ChildProcess vexcor = StartVexcor("watch");
-    ASSERT_TRUE(vexcor.WaitForOutput("keeps ")) << vexcor.GetOutput();
+    ASSERT_TRUE(vexcor.WaitForOutput("watching ")) << vexcor.GetOutput();
     EXPECT_EQ(Open(document + " --json"), 0) << errors;
     vexcor.Send(SIGTERM);
     EXPECT_EQ(vexcor.Wait(), 0) << vexcor.GetOutput();
@@ -40,7 +40,7 @@ TEST_F(Found, TheRunningVexcorGoesBeforeTheFile)
     WriteFile(home / ".local/share/Corvanta/com.corvanta.Vexcor-LaunchInfo.conf",
               "vexcor.path=/no/such/Vexcor\n");
     ChildProcess vexcor = StartVexcor("watch");
-    ASSERT_TRUE(vexcor.WaitForOutput("keeps ")) << vexcor.GetOutput();
+    ASSERT_TRUE(vexcor.WaitForOutput("watching ")) << vexcor.GetOutput();
     EXPECT_EQ(Open(document + " --json"), 0) << errors;
 }
 
@@ -70,7 +70,7 @@ TEST_F(Found, AFileThatLeadsNowhereTellsTheSame)
 TEST_F(Found, VexcorTellsWhichDocumentHoldsAFont)
 {
     ChildProcess vexcor = StartVexcor("watch");
-    ASSERT_TRUE(vexcor.WaitForOutput("keeps ")) << vexcor.GetOutput();
+    ASSERT_TRUE(vexcor.WaitForOutput("watching ")) << vexcor.GetOutput();
     EXPECT_EQ(Open(document + " --json --exec \"'" VEXCOR_PROGRAM "' why DejaVuSans >'" +
                    (scratch / "why").string() + "'\""),
               0)

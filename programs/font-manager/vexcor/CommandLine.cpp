@@ -42,7 +42,7 @@ void AddJson(CLI::App& command, Options& options)
 console::HelpSection GetExitStatusSection()
 {
     console::HelpSection section{"Exit status", "", {}};
-    for (const ExitStatusRow& row : kExitStatuses) {
+    for (const base::ProgramStatusRow& row : kExitStatuses) {
         section.rows.push_back({std::to_string(row.status), row.meaning});
     }
     return section;

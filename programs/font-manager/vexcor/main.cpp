@@ -63,7 +63,7 @@ try {
             }
             return RunCommand(options);
         case console::ParseOutcome::kDone:
-            return console::Print(text) ? vexcor::kDone : vexcor::kFileFailed;
+            return console::Print(text) ? vexcor::kSuccess : vexcor::kFileFailed;
         case console::ParseOutcome::kWrongUse:
             break;
     }

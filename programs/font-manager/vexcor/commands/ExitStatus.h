@@ -1,23 +1,20 @@
 #pragma once
 
+#include "base/ProgramStatus.h"
+
 namespace vexcor {
 
-// How the program ends.
+// The exit statuses of the program.
 enum ExitStatus : int {
-    kDone = 0,
-    kNegative = 1,
-    kWrongUse = 2,
-    kFileFailed = 3,
+    kSuccess = base::kSuccess,
+    kNegative = base::kNegative,
+    kWrongUse = base::kWrongUse,
+    kFileFailed = base::kFileFailed,
     kDatabaseFailed = 4,
 };
 
-struct ExitStatusRow {
-    int status;
-    const char* meaning;
-};
-
-constexpr ExitStatusRow kExitStatuses[] = {
-    {kDone, "success; why: the font is active; watch: ended by a signal"},
+constexpr base::ProgramStatusRow kExitStatuses[] = {
+    {kSuccess, "success; why: the font is active; watch: ended by a signal"},
     {kNegative,
      "why: the font is not active; repair: something cannot be repaired; watch: another Vexcor is "
      "watching already"},

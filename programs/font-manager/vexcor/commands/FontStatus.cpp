@@ -2,8 +2,9 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 
+#include "base/Files.h"
+#include "base/JsonText.h"
 #include "console/Console.h"
 #include "plugin-core/documents/ActivationMode.h"
 #include "plugin-core/storage/Settings.h"
@@ -15,8 +16,6 @@ using plugincore::Services;
 namespace vexcor {
 namespace {
 
-bool IsReadable(const std::string& file) { return std::ifstream(file, std::ios::binary).is_open(); }
-
 bool IsOff(Services& services)
 {
     plugincore::Settings settings;
@@ -25,11 +24,10 @@ bool IsOff(Services& services)
     return plugincore::ReadActivationMode(setting) == plugincore::ActivationMode::kOff;
 }
 
-// Why a font that is in neither way active isn't.
 std::string GetReasonOfInactive(Services& services, const FontStatus& status)
 {
     if (status.file.empty()) return "in no font library";
-    if (!IsReadable(status.file)) return "its file cannot be read";
+    if (!base::IsReadableFile(status.file)) return "its file cannot be read";
     if (!services.library.Find(status.name)) {
         return "not in the selected library " + services.library.GetSelection();
     }
@@ -40,7 +38,7 @@ std::string GetReasonOfInactive(Services& services, const FontStatus& status)
 std::string GetReasonOfActivated(Services& services, const FontStatus& status, bool isSeen)
 {
     if (isSeen) return "held by open documents";
-    if (!IsReadable(status.file)) return "its file cannot be read any more";
+    if (!base::IsReadableFile(status.file)) return "its file cannot be read any more";
     return "fontconfig doesn't see " + services.locations.activationFolder.string();
 }
 
@@ -83,7 +81,7 @@ FontStatus ExplainFont(Services& services, const ActiveFiles& active, const std:
         AddHolders(services, status);
     } else if (!fileOfOthers.empty()) {
         status.state = "active";
-        status.reason = "without Vexcor, which doesn't touch it";
+        status.reason = "installed without Vexcor, which leaves it alone";
         status.file = fileOfOthers;
     } else {
         status.state = "inactive";
@@ -113,7 +111,7 @@ std::string WriteStatusAsText(const FontStatus& status)
     }
     for (const std::string& file : status.otherFiles) add("other file with this name", file);
     for (const std::string& name : status.similarNames) add("similar name", name);
-    for (const std::string& file : status.badFiles) add("file of no use", file);
+    for (const std::string& file : status.badFiles) add("unusable file", file);
     return text;
 }
 
@@ -131,7 +129,7 @@ std::string WriteStatusAsJson(const FontStatus& status)
                         {"otherFiles", status.otherFiles},
                         {"similarNames", status.similarNames},
                         {"badFiles", status.badFiles}};
-    return value.dump(-1, ' ', false, json::error_handler_t::replace) + "\n";
+    return base::PrintJson(value) + "\n";
 }
 
 }  // namespace vexcor

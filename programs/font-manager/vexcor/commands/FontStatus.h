@@ -8,7 +8,7 @@
 
 namespace vexcor {
 
-// All that is known of the font of one PostScript name.
+// Everything Vexcor knows about the font of one PostScript name.
 struct FontStatus {
     struct Holder {
         std::string document;
@@ -16,22 +16,27 @@ struct FontStatus {
     };
 
     std::string name;
-    std::string state;   // "active" without Vexcor, "activated" through it, or "inactive"
-    std::string reason;  // why it is so
-    std::string file;    // that gives it, or would; empty if none is known
+    std::string state;   // "active" (without Vexcor), "activated" (by Vexcor) or "inactive"
+    std::string reason;  // of the state
+    std::string file;    // the file in use, or that would be used; empty if none is known
     std::vector<Holder> holders;
-    std::vector<std::string> otherFiles;    // of the library, with the same name
-    std::vector<std::string> similarNames;  // of the library, if no file has this very one
-    std::vector<std::string> badFiles;      // that bear the name and can't be used, with the reason
+    std::vector<std::string> otherFiles;    // in the library, with the same name
+    std::vector<std::string> similarNames;  // in the library, if no file there has this name
+    std::vector<std::string> badFiles;      // unusable, with this file name; "PATH: reason"
 };
 
 using ActiveFiles = std::multimap<std::string, plugincore::Services::ActiveFile>;
 
-// `active` is what fontconfig shows at this moment.
+// Explains the state of the font `name`. Throws Failure.
+//
+// active   the result of Services::ListActiveFiles
 FontStatus ExplainFont(plugincore::Services& services, const ActiveFiles& active,
                        const std::string& name);
 
+// Several lines, each with its end.
 std::string WriteStatusAsText(const FontStatus& status);
+
+// One JSON object on one line, with its end.
 std::string WriteStatusAsJson(const FontStatus& status);
 
 }  // namespace vexcor

@@ -9,7 +9,9 @@
 namespace vexcor {
 namespace {
 
-// Those of the library, and those that are active through Vexcor and not in it any more.
+constexpr size_t kStateWidth = sizeof "activated  " - 1;  // of the longest state
+
+// The names in the library, and those that Vexcor activated and that were removed from it since.
 std::set<std::string> GetNames(plugincore::Services& services)
 {
     constexpr int64_t kNoLimit = -1;
@@ -38,13 +40,13 @@ int RunListCommand(plugincore::Services& services, const Options& options)
         std::string line = console::MakePrintable(name);
         line.resize(width + 2, ' ');
         line += status.state;
-        line.resize(width + 2 + std::string("activated  ").size(), ' ');
+        line.resize(width + 2 + kStateWidth, ' ');
         text += line + console::MakePrintable(status.file) + "\n";
     }
     for (const auto& bad : services.library.ListBadFiles()) {
         console::Tell(bad.path + ": skipped: " + bad.problem);
     }
-    return console::Print(text) ? kDone : kFileFailed;
+    return console::Print(text) ? kSuccess : kFileFailed;
 }
 
 }  // namespace vexcor

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <chrono>
 
+#include "base/Plural.h"
 #include "console/Console.h"
 #include "console/Log.h"
 #include "plugin-core/storage/Failure.h"
@@ -18,38 +19,39 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
 
-constexpr const char* kProgramName = "Vexcor watch";
+constexpr char kProgramName[] = "Vexcor watch";
 
-// Between two looks at the other programs.
-constexpr milliseconds kLook(500);
-// Copying fonts makes many changes; the index follows when they have come to an end, or go on so
-// long.
+// The time between two checks for killed programs.
+constexpr milliseconds kProgramInterval(500);
+// Copying fonts makes many changes. The index is refreshed when there was none for kQuiet, but not
+// later than kLongestDelay after the first.
 constexpr milliseconds kQuiet(200);
-constexpr milliseconds kLongest(3000);
-// The library is looked at without being told to where it can't be watched.
-constexpr milliseconds kUnwatchedLook(10000);
+constexpr milliseconds kLongestDelay(3000);
+// The time between two refreshes of the index if the library can't be watched.
+constexpr milliseconds kUnwatchedInterval(10000);
 
-// Keeps index and folder right while other programs come, go and are killed.
+// Keeps the index equal to the library and the activation folder equal to the database, while other
+// programs start, end and are killed.
 class FontDaemon {
 public:
     explicit FontDaemon(Services& services) : mServices(services)
     {
         mFolders = mServices.folders.GetFolders();
         mWatch.Watch(mFolders);
-        TellOfWatch();
-        mServices.library.Refresh();  // for what came before it was watched
-        mNextRefresh = Clock::now() + kUnwatchedLook;
+        ReportWatchProblem();
+        mServices.library.Refresh();  // for changes before the watch began
+        mNextRefresh = Clock::now() + kUnwatchedInterval;
     }
 
     void Run(const StopSignals& stop)
     {
         while (!stop.Wait(mWatch.GetDescriptor(), GetPause())) {
             try {
-                LookAtLibrary();
-                LookAtPrograms();
+                CheckLibrary();
+                CheckPrograms();
                 mLastFailure.clear();
             } catch (const Failure& failure) {
-                // The database is in use for long, the disk is full: the next look may do better.
+                // The next check may succeed: the database may be busy, or the disk full.
                 if (mLastFailure != failure.what()) console::Tell(failure.what());
                 mLastFailure = failure.what();
             }
@@ -59,10 +61,11 @@ public:
 private:
     int GetPause() const
     {
-        return static_cast<int>((mIsChanged ? std::min(kQuiet, kLook) : kLook).count());
+        return static_cast<int>(
+            (mIsChanged ? std::min(kQuiet, kProgramInterval) : kProgramInterval).count());
     }
 
-    void LookAtLibrary()
+    void CheckLibrary()
     {
         const Clock::time_point now = Clock::now();
         if (mWatch.TakeChanges()) {
@@ -71,44 +74,44 @@ private:
             mLastChange = now;
         }
         const bool isDue =
-            mIsChanged && (now - mLastChange >= kQuiet || now - mFirstChange >= kLongest);
+            mIsChanged && (now - mLastChange >= kQuiet || now - mFirstChange >= kLongestDelay);
         const bool isUnwatchedDue = !mWatch.GetProblem().empty() && now >= mNextRefresh;
         if (isDue || isUnwatchedDue) Refresh();
     }
 
-    void LookAtPrograms()
+    void CheckPrograms()
     {
         const Clock::time_point now = Clock::now();
-        if (now < mNextLook) return;
-        mNextLook = now + kLook;
+        if (now < mNextCheck) return;
+        mNextCheck = now + kProgramInterval;
         LogRepairs(mServices.activation.RepairIfNeeded());
         std::vector<std::string> folders = mServices.folders.GetFolders();
         if (folders == mFolders && !mWatch.HasMissingFolderCome()) return;
         mFolders = std::move(folders);
-        console::LogAction("the library is " + plugincore::JoinNames(mFolders));
+        console::LogAction("the font library is now " + plugincore::JoinNames(mFolders));
         Refresh();
     }
 
     void Refresh()
     {
         mWatch.Watch(mFolders);
-        TellOfWatch();
+        ReportWatchProblem();
         mServices.ApplyLibraryChoice();
         mServices.library.Refresh();
         mIsChanged = false;
-        mNextRefresh = Clock::now() + kUnwatchedLook;
+        mNextRefresh = Clock::now() + kUnwatchedInterval;
         const plugincore::FontLibrary::Counts counts = mServices.library.GetCounts();
         if (counts.filesRead + counts.filesGone == 0) return;
-        console::LogAction("index: " + std::to_string(counts.filesRead) + " files read, " +
-                           std::to_string(counts.filesGone) + " taken out");
+        console::LogAction("index: " + base::Count(static_cast<size_t>(counts.filesRead), "file") +
+                           " read, " + std::to_string(counts.filesGone) + " removed");
     }
 
-    void TellOfWatch()
+    void ReportWatchProblem()
     {
         if (mProblem == mWatch.GetProblem()) return;
         mProblem = mWatch.GetProblem();
         if (!mProblem.empty()) {
-            console::Tell(mProblem + "; the library is looked at every 10 seconds");
+            console::Tell(mProblem + "; checking the font library every 10 seconds instead");
         }
     }
 
@@ -118,7 +121,7 @@ private:
     bool mIsChanged = false;
     Clock::time_point mFirstChange;
     Clock::time_point mLastChange;
-    Clock::time_point mNextLook;
+    Clock::time_point mNextCheck;
     Clock::time_point mNextRefresh;
     std::string mProblem;
     std::string mLastFailure;
@@ -127,8 +130,9 @@ private:
 std::string DescribeLibrary(Services& services)
 {
     const plugincore::FontLibrary::Counts counts = services.library.GetCounts();
-    return "keeps " + std::to_string(counts.names) + " fonts in " + std::to_string(counts.files) +
-           " files of " + plugincore::JoinNames(services.library.GetFolders());
+    return "watching " + base::Count(static_cast<size_t>(counts.names), "font") + " in " +
+           base::Count(static_cast<size_t>(counts.files), "file") + " of " +
+           plugincore::JoinNames(services.library.GetFolders());
 }
 
 }  // namespace
@@ -138,7 +142,7 @@ int RunWatchCommand()
     const StopSignals stop;
     Services services(plugincore::GetLocations());
     if (const auto other = services.programs.EnterAlone(kProgramName)) {
-        console::Tell("runs already: " + services.programs.Describe(other->identity));
+        console::Tell("already running: " + services.programs.Describe(other->identity));
         return kNegative;
     }
     try {
@@ -146,16 +150,16 @@ int RunWatchCommand()
         FontDaemon daemon(services);
         const std::string line = DescribeLibrary(services);
         console::LogAction(line);
-        (void)console::Print(console::MakePrintable(line) +
-                             "\n");  // it works on without anybody who reads
+        // The daemon works without a reader of its output, too.
+        (void)console::Print(console::MakePrintable(line) + "\n");
         daemon.Run(stop);
     } catch (const Failure&) {
         services.Stop();
         throw;
     }
     services.Stop();
-    console::LogAction("ends");
-    return kDone;
+    console::LogAction("ended");
+    return kSuccess;
 }
 
 }  // namespace vexcor

@@ -11,7 +11,7 @@ int RunWhyCommand(plugincore::Services& services, const Options& options)
     if (!console::Print(options.json ? WriteStatusAsJson(status) : WriteStatusAsText(status))) {
         return kFileFailed;
     }
-    return status.state == "inactive" ? kNegative : kDone;
+    return status.state == "inactive" ? kNegative : kSuccess;
 }
 
 }  // namespace vexcor

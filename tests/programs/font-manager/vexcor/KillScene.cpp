@@ -20,7 +20,7 @@ constexpr int kDocuments = 6;
 
 std::string GetDocument(int number) { return "d" + std::to_string(number) + ".eps"; }
 
-// Two of the fonts, others for each document.
+// An EPS file that uses two of the fonts. Which two depends on the number.
 std::string MakeDocument(int number)
 {
     std::string text = "%!PS-Adobe-3.0 EPSF-3.0\n%%BoundingBox: 0 0 10 10\n%%DocumentFonts:";
@@ -47,7 +47,7 @@ int KillScene::Random(int first, int last)
 void KillScene::Begin(unsigned seed)
 {
     mRandom.seed(seed);
-    // The host's default font, whatever else is active: its name begins no other's.
+    // The host's default font must not depend on what is active, so it is none of kFonts.
     FontTestHome::CopyFont("DejaVuSansMono", home.GetUserFonts());
     FontTestHome::WriteFile(
         home.GetPath() / "fonts.conf",
@@ -58,8 +58,8 @@ void KillScene::Begin(unsigned seed)
     for (const char* const font : kFonts) FontTestHome::CopyFont(font, home.GetLibrary());
     for (int number = 0; number < kDocuments; ++number)
         FontTestHome::WriteFile(home.GetPath() / GetDocument(number), MakeDocument(number));
-    ASSERT_EQ(Run({"install"}), 0) << output;
-    (void)OpenServices();  // this process looks at the tables and changes nothing
+    ASSERT_EQ(0, Run({"install"})) << output;
+    (void)OpenServices();  // this process only reads the tables
 }
 
 std::unique_ptr<ChildProcess> KillScene::StartHost(size_t number)
@@ -92,7 +92,7 @@ void KillScene::StartAll()
     EXPECT_FALSE(mDaemon->HasEnded()) << mDaemon->GetOutput();
     for (size_t number = 0; number < kHosts; ++number) {
         if (mHosts[number] && mHosts[number]->HasEnded()) {
-            EXPECT_EQ(mHosts[number]->Wait(), 0) << mHosts[number]->GetOutput();
+            EXPECT_EQ(0, mHosts[number]->Wait()) << mHosts[number]->GetOutput();
             mHosts[number].reset();
         }
         if (!mHosts[number]) mHosts[number] = StartHost(number);
@@ -101,8 +101,8 @@ void KillScene::StartAll()
 
 pid_t KillScene::FindWriter()
 {
-    // The lock by which one connection at a time writes, as the format of the file beside the
-    // database has it. The file stays open: closing it would drop this process's locks.
+    // The byte of the -shm file that a connection locks while it writes: WAL_WRITE_LOCK of SQLite's
+    // file format.
     constexpr off_t kWriteLock = 120;
     if (mLocks < 0) mLocks = open((home.GetData() / "Corvanta/fonts.db-shm").c_str(), O_RDWR);
     struct flock lock = {};
@@ -114,7 +114,6 @@ pid_t KillScene::FindWriter()
     return isHeld ? lock.l_pid : 0;
 }
 
-// One that has been in a change for so long, or nobody for a long time.
 std::unique_ptr<ChildProcess>* KillScene::WaitForWriter(std::chrono::microseconds sinceLock)
 {
     using Clock = std::chrono::steady_clock;
@@ -151,13 +150,13 @@ void KillScene::EndAll()
     for (auto& host : mHosts) {
         if (!host) continue;
         host->Send(SIGTERM);
-        // One that is about to start doesn't know yet how to end in order.
+        // A host that is still starting has no signal handler yet and is ended by the signal.
         EXPECT_THAT(host->Wait(), testing::AnyOf(130, 0, -SIGTERM)) << host->GetOutput();
         host.reset();
     }
     if (!mDaemon) return;
     mDaemon->Send(SIGTERM);
-    EXPECT_EQ(mDaemon->Wait(), 0) << mDaemon->GetOutput();
+    EXPECT_EQ(0, mDaemon->Wait()) << mDaemon->GetOutput();
     mDaemon.reset();
 }
 
@@ -165,7 +164,7 @@ std::string KillScene::FindDisagreement()
 {
     plugincore::Database& database = OpenServices().database;
     const plugincore::Transaction nobodyChanges(database);
-    EXPECT_EQ(database.FindDamage(), "");
+    EXPECT_EQ("", database.FindDamage());
     EXPECT_TRUE(GetTexts(database, "PRAGMA foreign_key_check").empty());
     for (const auto look :
          {&KillScene::CompareFolder, &KillScene::CompareTables, &KillScene::CompareFontconfig}) {

@@ -28,7 +28,7 @@ std::unique_ptr<ChildProcess> VexcorScene::StartDaemon(
     words.insert(words.end(), arguments.begin(), arguments.end());
     auto daemon =
         std::make_unique<ChildProcess>(MakeCommand(words), home.GetPath() / "daemon-output");
-    EXPECT_TRUE(daemon->WaitForOutput("keeps ")) << daemon->GetOutput();
+    EXPECT_TRUE(daemon->WaitForOutput("watching ")) << daemon->GetOutput();
     return daemon;
 }
 
@@ -36,7 +36,7 @@ plugincore::Services& VexcorScene::OpenServices()
 {
     if (!mServices) {
         mServices = std::make_unique<plugincore::Services>(plugincore::GetLocations());
-        (void)mServices->Start("test");  // nothing is there to repair
+        (void)mServices->Start("test");  // there is nothing to repair
     }
     return *mServices;
 }

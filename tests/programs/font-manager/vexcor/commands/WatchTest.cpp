@@ -16,7 +16,7 @@ using testing::HasSubstr;
 
 namespace {
 
-// The time limit of the test ends what never comes.
+// Waits without a limit of its own: the time limit of the test ends it.
 void WaitUntil(const std::function<bool()>& isSo)
 {
     while (!isSo()) std::this_thread::sleep_for(std::chrono::milliseconds(5));
@@ -40,11 +40,11 @@ protected:
     }
 };
 
-TEST_F(WatchTest, EndsCleanlyWhenAsked)
+TEST_F(WatchTest, EndsInOrderAfterASignal)
 {
     for (const int signal : {SIGTERM, SIGINT}) {
         const auto daemon = StartDaemon();
-        EXPECT_EQ(End(*daemon, signal), vexcor::kDone);
+        EXPECT_EQ(vexcor::kSuccess, End(*daemon, signal));
         EXPECT_TRUE(OpenServices().programs.ListGone().empty());
     }
 }
@@ -59,68 +59,69 @@ TEST_F(WatchTest, TheIndexFollowsTheLibrary)
     fs::remove(file);
     fs::rename(home.GetLibrary() / "new", home.GetLibrary() / "other");
     ExpectInIndex({"DejaVuSerif"});
-    EXPECT_EQ(OpenServices().library.Find("DejaVuSerif"),
-              home.GetLibrary() / "other/deep/DejaVuSerif.ttf");
-    EXPECT_EQ(End(*daemon, SIGTERM), vexcor::kDone);
+    EXPECT_EQ(home.GetLibrary() / "other/deep/DejaVuSerif.ttf",
+              OpenServices().library.Find("DejaVuSerif"));
+    EXPECT_EQ(vexcor::kSuccess, End(*daemon, SIGTERM));
 }
 
-TEST_F(WatchTest, FoldersThatAreAddedAreKeptToo)
+TEST_F(WatchTest, WatchesFoldersThatAreAdded)
 {
     const auto daemon = StartDaemon();
     const fs::path folder = home.GetPath() / "mine";
     fs::create_directory(folder);
-    EXPECT_EQ(Run({"add", folder}), vexcor::kDone);
+    EXPECT_EQ(vexcor::kSuccess, Run({"add", folder}));
     FontTestHome::CopyFont("DejaVuSans", folder);
     ExpectInIndex({"DejaVuSans"});
-    EXPECT_EQ(End(*daemon, SIGTERM), vexcor::kDone);
+    EXPECT_EQ(vexcor::kSuccess, End(*daemon, SIGTERM));
 }
 
-TEST_F(WatchTest, ALibraryThatComesLaterIsKept)
+TEST_F(WatchTest, WatchesALibraryThatIsCreatedLater)
 {
     fs::remove(home.GetLibrary());
     const auto daemon = StartDaemon();
     FontTestHome::CopyFont("DejaVuSans", home.GetLibrary());
     ExpectInIndex({"DejaVuSans"});
-    EXPECT_EQ(End(*daemon, SIGTERM), vexcor::kDone);
+    EXPECT_EQ(vexcor::kSuccess, End(*daemon, SIGTERM));
 }
 
-TEST_F(WatchTest, ASecondOneIsToldOfTheFirst)
+TEST_F(WatchTest, ASecondDaemonNamesTheFirstAndEnds)
 {
     const auto daemon = StartDaemon();
-    EXPECT_EQ(Run({"watch"}), vexcor::kNegative);
-    EXPECT_EQ(output, "Vexcor: runs already: Vexcor watch (process " +
-                          std::to_string(daemon->GetNumber()) + ")\n");
-    EXPECT_EQ(End(*daemon, SIGKILL), -SIGKILL);
+    EXPECT_EQ(vexcor::kNegative, Run({"watch"}));
+    EXPECT_EQ("Vexcor: already running: Vexcor watch (process " +
+                  std::to_string(daemon->GetNumber()) + ")\n",
+              output);
+    EXPECT_EQ(-SIGKILL, End(*daemon, SIGKILL));
     const auto next = StartDaemon();
-    EXPECT_EQ(End(*next, SIGTERM), vexcor::kDone);
+    EXPECT_EQ(vexcor::kSuccess, End(*next, SIGTERM));
 }
 
-TEST_F(WatchTest, NoticesThatAHolderWasKilled)
+TEST_F(WatchTest, DeactivatesTheFontsOfAKilledProgram)
 {
     FontTestHome::CopyFont("DejaVuSans", home.GetLibrary());
     const std::string log = home.GetPath() / "log";
     const auto daemon = StartDaemon({"--log", log});
     const pid_t child = fork();
     if (child == 0) {
-        (void)prctl(PR_SET_PDEATHSIG, SIGKILL);  // ends with the test at the latest
+        (void)prctl(PR_SET_PDEATHSIG, SIGKILL);  // never outlives the test
         plugincore::Services services(plugincore::GetLocations());
-        (void)services.Start("a host");  // what it repairs isn't asked for
+        (void)services.Start("a host");  // what it repairs doesn't matter
         services.activation.Activate("/a.ai", {"DejaVuSans"});
         pause();
         _exit(0);
     }
     WaitUntil([] { return !FontTestHome::ListOfOtherProcess().empty(); });
-    // It stays active for as long as the holder runs: a look or two change nothing.
-    WaitUntil([&] { return Run({"why", "DejaVuSans"}) == vexcor::kDone; });
+    // The font remains active while the holder runs, also after a check or two.
+    WaitUntil([&] { return Run({"why", "DejaVuSans"}) == vexcor::kSuccess; });
     kill(child, SIGKILL);
-    EXPECT_EQ(waitpid(child, nullptr, 0), child);
+    EXPECT_EQ(child, waitpid(child, nullptr, 0));
     WaitUntil([] { return FontTestHome::ListOfOtherProcess().empty(); });
     WaitUntil([&] { return ReadFile(log).find("nobody holds it") != std::string::npos; });
     EXPECT_THAT(ReadFile(log), HasSubstr("a program is gone: a host (process "));
-    EXPECT_EQ(End(*daemon, SIGTERM), vexcor::kDone);
+    EXPECT_EQ(vexcor::kSuccess, End(*daemon, SIGTERM));
 }
 
-TEST_F(WatchTest, ADatabaseInUseIsWaitedFor)
+TEST_F(WatchTest, WaitsForABusyDatabase)
 {
     const auto daemon = StartDaemon();
     {
@@ -129,7 +130,7 @@ TEST_F(WatchTest, ADatabaseInUseIsWaitedFor)
         std::this_thread::sleep_for(std::chrono::milliseconds(300));
     }
     ExpectInIndex({"DejaVuSans"});
-    EXPECT_EQ(End(*daemon, SIGTERM), vexcor::kDone);
+    EXPECT_EQ(vexcor::kSuccess, End(*daemon, SIGTERM));
 }
 
 }  // namespace
