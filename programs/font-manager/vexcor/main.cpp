@@ -56,9 +56,9 @@ try {
     std::string text;
     switch (vexcor::ParseCommandLine(argc, argv, options, text)) {
         case console::ParseOutcome::kRun:
-            plugincore::SetErrorSink(console::Tell);
+            plugincore::SetErrorSink(console::PrintError);
             if (!options.log.empty() && !console::OpenLog(options.log, text)) {
-                console::Tell(text);
+                console::PrintError(text);
                 return vexcor::kFileFailed;
             }
             return RunCommand(options);
@@ -67,13 +67,13 @@ try {
         case console::ParseOutcome::kWrongUse:
             break;
     }
-    console::Tell(text + " (see Vexcor --help)");
+    console::PrintError(text + " (see Vexcor --help)");
     return vexcor::kWrongUse;
 } catch (const Failure& failure) {
-    console::Tell(failure.what());
+    console::PrintError(failure.what());
     return failure.GetStatus() == StatusCodes::kDatabaseError ? vexcor::kDatabaseFailed
                                                               : vexcor::kFileFailed;
 } catch (const std::exception& failure) {
-    console::Tell(failure.what());
+    console::PrintError(failure.what());
     return vexcor::kFileFailed;
 }

@@ -26,10 +26,10 @@ int main(int argc, char** argv)
             case console::ParseOutcome::kWrongUse:
                 break;
         }
-        console::Tell(text + " (see headless-host --help)");
+        console::PrintError(text + " (see headless-host --help)");
         return headless::kWrongUse;
     } catch (const std::exception& exception) {
-        console::Tell(exception.what());
+        console::PrintError(exception.what());
         return headless::kWrongUse;
     }
 }

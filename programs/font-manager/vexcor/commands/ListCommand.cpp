@@ -44,7 +44,7 @@ int RunListCommand(plugincore::Services& services, const Options& options)
         text += line + console::MakePrintable(status.file) + "\n";
     }
     for (const auto& bad : services.library.ListBadFiles()) {
-        console::Tell(bad.path + ": skipped: " + bad.problem);
+        console::PrintError(bad.path + ": skipped: " + bad.problem);
     }
     return console::Print(text) ? kSuccess : kFileFailed;
 }

@@ -52,9 +52,9 @@ bool RepairFontconfig(Services& services, Lines& lines)
     const std::set<std::string> shown = services.ListActive().ours;
     const std::string missing = GetDifference(wanted, shown);
     const std::string foreign = GetDifference(shown, wanted);
-    if (!missing.empty()) console::Tell(folder + ": fontconfig does not see " + missing);
+    if (!missing.empty()) console::PrintError(folder + ": fontconfig does not see " + missing);
     if (!foreign.empty()) {
-        console::Tell(folder + ": fontconfig sees fonts that are not activated: " + foreign);
+        console::PrintError(folder + ": fontconfig sees fonts that are not activated: " + foreign);
     }
     return missing.empty() && foreign.empty();
 }

@@ -52,7 +52,7 @@ public:
                 mLastFailure.clear();
             } catch (const Failure& failure) {
                 // The next check may succeed: the database may be busy, or the disk full.
-                if (mLastFailure != failure.what()) console::Tell(failure.what());
+                if (mLastFailure != failure.what()) console::PrintError(failure.what());
                 mLastFailure = failure.what();
             }
         }
@@ -111,7 +111,7 @@ private:
         if (mProblem == mWatch.GetProblem()) return;
         mProblem = mWatch.GetProblem();
         if (!mProblem.empty()) {
-            console::Tell(mProblem + "; checking the font library every 10 seconds instead");
+            console::PrintError(mProblem + "; checking the font library every 10 seconds instead");
         }
     }
 
@@ -142,7 +142,7 @@ int RunWatchCommand()
     const StopSignals stop;
     Services services(plugincore::GetLocations());
     if (const auto other = services.programs.EnterAlone(kProgramName)) {
-        console::Tell("already running: " + services.programs.Describe(other->identity));
+        console::PrintError("already running: " + services.programs.Describe(other->identity));
         return kNegative;
     }
     try {
