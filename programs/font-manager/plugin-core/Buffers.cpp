@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/storage/Failure.h"
 
 std::string plugincore::ReadBuffer(const char* buffer, size_t size)
 {

@@ -55,7 +55,7 @@ private:
 };
 
 // A text that may be null.
-inline nlohmann::json Told(const char* text)
+inline nlohmann::json ToRecord(const char* text)
 {
     return text != nullptr ? nlohmann::json(text) : nlohmann::json();
 }

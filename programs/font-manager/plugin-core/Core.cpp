@@ -1,7 +1,7 @@
 #include "plugin-core/Core.h"
 
 #include "plugin-core/panel/PanelToken.h"
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/storage/Failure.h"
 
 namespace plugincore {
 
@@ -12,18 +12,18 @@ Core& GetCore()
 }
 
 Core::Running::Running(const Locations& places, Settings& settings)
-    : workspace(places),
-      life(workspace),
-      panelProtocol(workspace),
-      commands(workspace, life, settings, [this] {
-          watch.SetFolders(workspace.folders.GetFolders());
-          panelProtocol.NoteLibraries();
+    : services(places),
+      documents(services),
+      panelProtocol(services),
+      commands(services, documents, settings, [this] {
+          watch.SetFolders(services.folders.GetFolders());
+          panelProtocol.AnnounceLibraryChange();
       })
 {
-    (void)workspace.Start();  // what was repaired is told by nobody
-    watch.Begin(workspace.folders.GetFolders(), [this] {
+    (void)services.Start();  // what was repaired is told by nobody
+    watch.Begin(services.folders.GetFolders(), [this] {
         std::vector<std::string> paths;
-        for (const Library& library : workspace.folders.List()) paths.push_back(library.path);
+        for (const Library& library : services.folders.List()) paths.push_back(library.path);
         return paths;
     });
 }
@@ -43,7 +43,7 @@ void Core::Stop()
 {
     if (!mRunning) return;
     const std::unique_ptr<Running> running = std::move(mRunning);
-    running->workspace.Stop();
+    running->services.Stop();
 }
 
 bool Core::IsEnabled() { return mSettings.Get(GetLocations().settings, "PluginEnabled") != "0"; }
@@ -64,8 +64,8 @@ std::string Core::GetMenus(const std::string& documentPath)
     state.suppressesDialog =
         IsSuppressionOn(mSettings.Get(locations.settings, kSuppressionSetting));
     if (mRunning) {
-        state.libraries = mRunning->workspace.folders.List();
-        state.selectedLibrary = mRunning->workspace.folders.GetSelected();
+        state.libraries = mRunning->services.folders.List();
+        state.selectedLibrary = mRunning->services.folders.GetSelected();
     } else {
         state.libraries = ListLibraries(locations.libraries, {});
     }
@@ -78,43 +78,43 @@ void Core::SelectMenu(const std::string& id, const std::string& documentId,
     GetRunning().commands.Select(id, documentId, fontsJson);
 }
 
-std::string Core::GetAboutText() { return MakeAboutText(GetRunning().workspace); }
+std::string Core::GetAboutText() { return MakeAboutText(GetRunning().services); }
 
 std::string Core::OpenDocument(const std::string& path, const std::string& fontsJson)
 {
-    return GetRunning().life.Open(path, fontsJson, GetMode());
+    return GetRunning().documents.Open(path, fontsJson, GetMode());
 }
 
 std::string Core::Resolve(const std::string& fontsJson)
 {
-    return GetRunning().life.Resolve(fontsJson, GetMode());
+    return GetRunning().documents.Resolve(fontsJson, GetMode());
 }
 
 int Core::ActivateFonts(const std::string& path, const std::string& fontsJson)
 {
-    return GetRunning().life.Activate(path, fontsJson, GetMode());
+    return GetRunning().documents.Activate(path, fontsJson, GetMode());
 }
 
 void Core::CloseDocument(const std::string& path, const std::string& usage)
 {
-    GetRunning().life.Close(path, usage);
+    GetRunning().documents.Close(path, usage);
 }
 
 void Core::SaveDocument(const std::string& path, const std::string& usage)
 {
-    GetRunning().life.Save(path, usage, GetMode());
+    GetRunning().documents.Save(path, usage, GetMode());
 }
 
 std::string Core::GetDocumentId(const std::string& path)
 {
-    return GetRunning().workspace.documents.GetId(path);
+    return GetRunning().services.documentStore.GetId(path);
 }
 
-std::string Core::AddBlankDocument() { return GetRunning().life.AddBlank(); }
+std::string Core::AddBlankDocument() { return GetRunning().documents.AddBlank(); }
 
 void Core::UpdateUsage(const std::string& id, const std::string& usage)
 {
-    GetRunning().life.Update(id, usage);
+    GetRunning().documents.Update(id, usage);
 }
 
 void Core::LookForGonePrograms()
@@ -123,7 +123,7 @@ void Core::LookForGonePrograms()
     const auto now = std::chrono::steady_clock::now();
     if (now - mRunning->lastLook < kBetweenLooks) return;
     mRunning->lastLook = now;
-    (void)mRunning->workspace.activation.RepairIfNeeded();  // what was repaired is told by nobody
+    (void)mRunning->services.activation.RepairIfNeeded();  // what was repaired is told by nobody
 }
 
 void Core::Idle()
@@ -131,7 +131,7 @@ void Core::Idle()
     if (!mRunning) return;
     LookForGonePrograms();
     if (!mRunning->watch.HasChanged()) return;
-    mRunning->panelProtocol.NoteLibraries();
+    mRunning->panelProtocol.AnnounceLibraryChange();
     if (mRebuild) mRebuild();
 }
 
@@ -140,7 +140,7 @@ int Core::GetPanelPort()
     Running& running = GetRunning();
     if (!running.panel) {
         running.panel = std::make_unique<PanelServer>(
-            running.panelProtocol, LoadOrMakePanelToken(running.workspace.locations.panelToken));
+            running.panelProtocol, LoadOrMakePanelToken(running.services.locations.panelToken));
     }
     return running.panel->GetPort();
 }

@@ -5,21 +5,21 @@
 #include <string>
 
 #include "plugin-core/documents/ActivationMode.h"
-#include "plugin-core/documents/DocumentLife.h"
+#include "plugin-core/documents/DocumentFonts.h"
 #include "plugin-core/library/LibraryWatch.h"
 #include "plugin-core/menus/MenuCommands.h"
 #include "plugin-core/panel/PanelProtocol.h"
 #include "plugin-core/panel/PanelServer.h"
+#include "plugin-core/services/Services.h"
 #include "plugin-core/storage/Settings.h"
-#include "plugin-core/workspace/Workspace.h"
 
 namespace plugincore {
 
 // All of PluginCore behind its functions, in C++ terms: texts instead of buffers, Failure instead
 // of statuses. Main thread only, one call at a time. What documents, menus and the panel may expect
-// stands with DocumentLife, MenuCommands and PanelServer.
+// stands with DocumentFonts, MenuCommands and PanelServer.
 //
-// Between Start and Stop there is a workspace; what needs it throws Failure with kNotInitialized at
+// Between Start and Stop there is a services; what needs it throws Failure with kNotInitialized at
 // other times. Settings and menus work at any time.
 class Core {
 public:
@@ -63,8 +63,8 @@ private:
     struct Running {
         Running(const Locations& places, Settings& settings);
 
-        Workspace workspace;
-        DocumentLife life;
+        Services services;
+        DocumentFonts documents;
         LibraryWatch watch;
         PanelProtocol panelProtocol;
         MenuCommands commands;

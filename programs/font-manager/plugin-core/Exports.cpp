@@ -8,16 +8,17 @@
 #include "plugin-core/Core.h"
 #include "plugin-core/documents/Dialogs.h"
 #include "plugin-core/documents/FontJson.h"
-#include "plugin-core/menus/Menus.h"
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/menus/MenuJson.h"
+#include "plugin-core/storage/ErrorLog.h"
+#include "plugin-core/storage/Failure.h"
 
 using plugincore::CallRecord;
 using plugincore::Failure;
 using plugincore::GetCore;
+using plugincore::LogError;
 using plugincore::ReadBuffer;
-using plugincore::Report;
 using plugincore::StatusCodes;
-using plugincore::Told;
+using plugincore::ToRecord;
 using plugincore::WriteBuffer;
 
 namespace {
@@ -46,13 +47,13 @@ unsigned int Guard(const char* name, Work work) noexcept
 try {
     return work();
 } catch (const Failure& failure) {
-    Report(std::string(name) + ": " + failure.what());
+    LogError(std::string(name) + ": " + failure.what());
     return failure.GetStatus();
 } catch (const std::exception& failure) {
-    Report(std::string(name) + ": " + failure.what());
+    LogError(std::string(name) + ": " + failure.what());
     return StatusCodes::kUnknownError;
 } catch (...) {
-    Report(std::string(name) + ": unknown failure");
+    LogError(std::string(name) + ": unknown failure");
     return StatusCodes::kUnknownError;
 }
 
@@ -62,7 +63,7 @@ unsigned int ActivateChosenFonts(const char* documentPath, const char* fontsJson
 {
     const CallRecord call(__func__, [&] {
         return nlohmann::json::object(
-            {{"documentPath", Told(documentPath)}, {"fontsJson", Told(fontsJson)}});
+            {{"documentPath", ToRecord(documentPath)}, {"fontsJson", ToRecord(fontsJson)}});
     });
     if (IsAnyNull(documentPath, fontsJson, outValue)) return StatusCodes::kNullPointer;
     return call.Return(Guard(__func__, [&] {
@@ -75,7 +76,7 @@ unsigned int CreateMenusFromJSONBuffer(const char* menusJson, AddIllustratorMenu
                                        MenuItemHelp* help)
 {
     const CallRecord call(__func__, [&] {
-        return nlohmann::json::object({{"menusJson", Told(menusJson)}});
+        return nlohmann::json::object({{"menusJson", ToRecord(menusJson)}});
     });
     if (IsAnyNull(menusJson, help) || !callback) return StatusCodes::kNullPointer;
     return call.Return(Guard(__func__, [&] {
@@ -98,20 +99,22 @@ unsigned int GetAPIVersion(int* outVersion, int requiredVersion)
 unsigned int GetIDForDocument(const char* documentPath, char* idBuffer, size_t* ioSize)
 {
     const CallRecord call(__func__, [&] {
-        return nlohmann::json::object({{"documentPath", Told(documentPath)}});
+        return nlohmann::json::object({{"documentPath", ToRecord(documentPath)}});
     });
     if (IsAnyNull(documentPath, idBuffer) || !ioSize) return StatusCodes::kNullPointer;
     const unsigned int status = Guard(__func__, [&] {
         WriteBuffer(GetCore().GetDocumentId(documentPath), idBuffer, *ioSize);
         return StatusCodes::kSuccess;
     });
-    return call.Return(status, [&] { return nlohmann::json::object({{"id", Told(idBuffer)}}); });
+    return call.Return(status, [&] {
+        return nlohmann::json::object({{"id", ToRecord(idBuffer)}});
+    });
 }
 
 unsigned int GetMenus(const char* documentPath, char* buffer, size_t* ioSize)
 {
     const CallRecord call(__func__, [&] {
-        return nlohmann::json::object({{"documentPath", Told(documentPath)}});
+        return nlohmann::json::object({{"documentPath", ToRecord(documentPath)}});
     });
     if (IsAnyNull(documentPath) || !ioSize || (!buffer && *ioSize != 0)) {
         return StatusCodes::kNullPointer;
@@ -126,7 +129,9 @@ unsigned int GetMenus(const char* documentPath, char* buffer, size_t* ioSize)
         WriteBuffer(menus, buffer, *ioSize);
         return StatusCodes::kSuccess;
     });
-    return call.Return(status, [&] { return nlohmann::json::object({{"menus", Told(buffer)}}); });
+    return call.Return(status, [&] {
+        return nlohmann::json::object({{"menus", ToRecord(buffer)}});
+    });
 }
 
 unsigned int GetSettings(char* buffer, size_t* ioSize)
@@ -138,7 +143,7 @@ unsigned int GetSettings(char* buffer, size_t* ioSize)
         return StatusCodes::kSuccess;
     });
     return call.Return(status, [&] {
-        return nlohmann::json::object({{"settings", Told(buffer)}});
+        return nlohmann::json::object({{"settings", ToRecord(buffer)}});
     });
 }
 
@@ -157,7 +162,7 @@ unsigned int HandleCloseDocument(const char* path, const char* fontUsageJson)
 {
     const CallRecord call(__func__, [&] {
         return nlohmann::json::object(
-            {{"path", Told(path)}, {"fontUsageJson", Told(fontUsageJson)}});
+            {{"path", ToRecord(path)}, {"fontUsageJson", ToRecord(fontUsageJson)}});
     });
     if (IsAnyNull(path, fontUsageJson)) return StatusCodes::kNullPointer;
     return call.Return(Guard(__func__, [&] {
@@ -174,16 +179,18 @@ unsigned int HandleCreateNewDocument(char* idBuffer, size_t* ioSize)
         WriteBuffer(GetCore().AddBlankDocument(), idBuffer, *ioSize);
         return StatusCodes::kSuccess;
     });
-    return call.Return(status, [&] { return nlohmann::json::object({{"id", Told(idBuffer)}}); });
+    return call.Return(status, [&] {
+        return nlohmann::json::object({{"id", ToRecord(idBuffer)}});
+    });
 }
 
 unsigned int HandleMenuSelection(const char* documentId, const char* lastKnownMenuState,
                                  const char* menuKey, const char* fontUsageJson)
 {
     const CallRecord call(__func__, [&] {
-        return nlohmann::json::object({{"documentId", Told(documentId)},
-                                       {"menuKey", Told(menuKey)},
-                                       {"fontUsageJson", Told(fontUsageJson)}});
+        return nlohmann::json::object({{"documentId", ToRecord(documentId)},
+                                       {"menuKey", ToRecord(menuKey)},
+                                       {"fontUsageJson", ToRecord(fontUsageJson)}});
     });
     if (IsAnyNull(documentId, lastKnownMenuState, menuKey, fontUsageJson)) {
         return StatusCodes::kNullPointer;
@@ -198,7 +205,7 @@ unsigned int HandleOpenExistingDocument(const char* path, char* ioJson, size_t* 
                                         int* outValue)
 {
     const CallRecord call(__func__, [&] {
-        return nlohmann::json::object({{"path", Told(path)}, {"ioJson", Told(ioJson)}});
+        return nlohmann::json::object({{"path", ToRecord(path)}, {"ioJson", ToRecord(ioJson)}});
     });
     if (IsAnyNull(path, ioJson) || !ioSize || !outValue) return StatusCodes::kNullPointer;
     const unsigned int status = Guard(__func__, [&] {
@@ -209,14 +216,16 @@ unsigned int HandleOpenExistingDocument(const char* path, char* ioJson, size_t* 
         *outValue = left.empty() ? 0 : static_cast<int>(plugincore::ReadFontNames(left).size());
         return StatusCodes::kSuccess;
     });
-    return call.Return(status, [&] { return nlohmann::json::object({{"ioJson", Told(ioJson)}}); });
+    return call.Return(status, [&] {
+        return nlohmann::json::object({{"ioJson", ToRecord(ioJson)}});
+    });
 }
 
 unsigned int HandleSaveDocument(const char* path, const char* fontUsageJson)
 {
     const CallRecord call(__func__, [&] {
         return nlohmann::json::object(
-            {{"path", Told(path)}, {"fontUsageJson", Told(fontUsageJson)}});
+            {{"path", ToRecord(path)}, {"fontUsageJson", ToRecord(fontUsageJson)}});
     });
     if (IsAnyNull(path, fontUsageJson)) return StatusCodes::kNullPointer;
     return call.Return(Guard(__func__, [&] {
@@ -236,8 +245,8 @@ unsigned int IdleEvent()
 unsigned int InitializePluginCoreInterface(const char* bundleIdentifier, const char* hostVersion)
 {
     const CallRecord call(__func__, [&] {
-        return nlohmann::json::object(
-            {{"bundleIdentifier", Told(bundleIdentifier)}, {"hostVersion", Told(hostVersion)}});
+        return nlohmann::json::object({{"bundleIdentifier", ToRecord(bundleIdentifier)},
+                                       {"hostVersion", ToRecord(hostVersion)}});
     });
     if (IsAnyNull(bundleIdentifier, hostVersion)) return StatusCodes::kNullPointer;
     return call.Return(Guard(__func__, [] {
@@ -249,7 +258,7 @@ unsigned int InitializePluginCoreInterface(const char* bundleIdentifier, const c
 unsigned int InvokeCommandDialog(const char* documentPath, char* buffer, bool* outFlag)
 {
     const CallRecord call(__func__, [&] {
-        return nlohmann::json::object({{"documentPath", Told(documentPath)}});
+        return nlohmann::json::object({{"documentPath", ToRecord(documentPath)}});
     });
     if (IsAnyNull(documentPath, buffer) || !outFlag) return StatusCodes::kNullPointer;
     return call.Return(Guard(__func__, [&] {
@@ -262,7 +271,7 @@ unsigned int InvokeCommandDialog(const char* documentPath, char* buffer, bool* o
 unsigned int InvokeResolveDialog(char* ioJson, size_t* ioSize)
 {
     const CallRecord call(__func__, [&] {
-        return nlohmann::json::object({{"ioJson", Told(ioJson)}});
+        return nlohmann::json::object({{"ioJson", ToRecord(ioJson)}});
     });
     if (IsAnyNull(ioJson) || !ioSize) return StatusCodes::kNullPointer;
     const unsigned int status = Guard(__func__, [&] {
@@ -271,7 +280,9 @@ unsigned int InvokeResolveDialog(char* ioJson, size_t* ioSize)
         WriteBuffer(GetCore().Resolve(fontsJson), ioJson, *ioSize);
         return StatusCodes::kSuccess;
     });
-    return call.Return(status, [&] { return nlohmann::json::object({{"ioJson", Told(ioJson)}}); });
+    return call.Return(status, [&] {
+        return nlohmann::json::object({{"ioJson", ToRecord(ioJson)}});
+    });
 }
 
 unsigned int PluginIsEnabled(bool request, bool* outEnabled)
@@ -314,7 +325,7 @@ unsigned int UpdateDocumentFontUsage(const char* documentId, const char* fontUsa
 {
     const CallRecord call(__func__, [&] {
         return nlohmann::json::object(
-            {{"documentId", Told(documentId)}, {"fontUsageJson", Told(fontUsageJson)}});
+            {{"documentId", ToRecord(documentId)}, {"fontUsageJson", ToRecord(fontUsageJson)}});
     });
     if (IsAnyNull(documentId, fontUsageJson)) return StatusCodes::kNullPointer;
     return call.Return(Guard(__func__, [&] {

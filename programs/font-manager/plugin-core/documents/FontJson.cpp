@@ -3,7 +3,7 @@
 #include <nlohmann/json.hpp>
 #include <set>
 
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/storage/Failure.h"
 
 using nlohmann::json;
 

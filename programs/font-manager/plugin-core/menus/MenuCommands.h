@@ -3,10 +3,10 @@
 #include <functional>
 #include <string>
 
-#include "plugin-core/documents/DocumentLife.h"
-#include "plugin-core/menus/MenuContent.h"
+#include "plugin-core/documents/DocumentFonts.h"
+#include "plugin-core/menus/MenuModel.h"
+#include "plugin-core/services/Services.h"
 #include "plugin-core/storage/Settings.h"
-#include "plugin-core/workspace/Workspace.h"
 
 namespace plugincore {
 
@@ -15,7 +15,7 @@ class MenuCommands {
 public:
     // `librariesChanged` is called when a command changed which libraries there are or which one is
     // selected. All references have to outlive this object.
-    MenuCommands(Workspace& workspace, DocumentLife& life, Settings& settings,
+    MenuCommands(Services& services, DocumentFonts& documents, Settings& settings,
                  std::function<void()> librariesChanged);
 
     // `documentId` and `fontsJson`, the document's fonts, may be empty. Throws Failure, with
@@ -34,14 +34,14 @@ private:
     bool SelectMode(const std::string& id);
     bool ToggleLibrary(const std::string& id);
 
-    Workspace& mWorkspace;
-    DocumentLife& mLife;
+    Services& mServices;
+    DocumentFonts& mDocuments;
     Settings& mSettings;
     std::function<void()> mLibrariesChanged;
 };
 
 // What the about box says beside its title.
-std::string MakeAboutText(Workspace& workspace);
+std::string MakeAboutText(Services& services);
 
 // Whether the host's missing-fonts dialog is held back, by the setting's text: 2 and more mean no.
 constexpr const char* kSuppressionSetting = "DialogSuppression";

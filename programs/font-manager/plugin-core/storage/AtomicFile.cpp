@@ -7,7 +7,7 @@
 #include <cstdlib>
 #include <system_error>
 
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/storage/Failure.h"
 
 namespace fs = std::filesystem;
 

@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/storage/Failure.h"
 
 struct sqlite3;
 struct sqlite3_stmt;

@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <sstream>
 
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/storage/Failure.h"
 
 namespace fs = std::filesystem;
 

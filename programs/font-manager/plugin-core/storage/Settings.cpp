@@ -5,7 +5,8 @@
 #include <nlohmann/json.hpp>
 
 #include "plugin-core/storage/AtomicFile.h"
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/storage/ErrorLog.h"
+#include "plugin-core/storage/Failure.h"
 
 namespace fs = std::filesystem;
 using nlohmann::json;
@@ -75,21 +76,22 @@ void Settings::Read(const fs::path& file)
     std::error_code error;
     std::ifstream stream(file, std::ios::binary);
     if (!stream || fs::is_directory(file, error)) {
-        Report(file.string() + ": cannot be read" + fallback);
+        LogError(file.string() + ": cannot be read" + fallback);
         return;
     }
     const std::string text{std::istreambuf_iterator<char>(stream), {}};
     const json value = json::parse(text, nullptr, false);
     if (!value.is_object()) {
         const char* reason = value.is_discarded() ? "isn't JSON" : "isn't a JSON object";
-        Report(file.string() + ": " + reason + fallback);
+        LogError(file.string() + ": " + reason + fallback);
         return;
     }
     for (const auto& [key, member] : value.items()) {
         if (member.is_string()) {
             mValues[key] = member.get<std::string>();
         } else {
-            Report(file.string() + ": the setting \"" + key + "\" isn't a string and is left out");
+            LogError(file.string() + ": the setting \"" + key +
+                     "\" isn't a string and is left out");
         }
     }
 }
