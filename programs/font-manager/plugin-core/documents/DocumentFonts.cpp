@@ -1,11 +1,9 @@
 #include "plugin-core/documents/DocumentFonts.h"
 
 #include <algorithm>
-#include <cctype>
-#include <filesystem>
 #include <iostream>
 
-#include "plugin-core/documents/FontJson.h"
+#include "documents/model/FileKind.h"
 #include "plugin-core/storage/ErrorLog.h"
 #include "plugin-core/storage/Failure.h"
 
@@ -22,49 +20,40 @@ Names Select(const Names& names, Test test)
     return selected;
 }
 
-bool IsTemplate(const std::string& path)
-{
-    std::string extension = std::filesystem::path(path).extension();
-    std::transform(extension.begin(), extension.end(), extension.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return extension == ".ait";
-}
-
 }  // namespace
 
 void DocumentFonts::SetUsed(const std::string& path, const Names& names)
 {
-    mUsed[path] = std::set<std::string>(names.begin(), names.end());
+    mUsed[path] = {names.begin(), names.end()};
 }
 
-Names DocumentFonts::AddLinked(const std::string& path, Names names, const Names& placed)
+// The fonts of the text, which are known here, and then those in the placed files.
+Names DocumentFonts::AddLinked(const std::string& path, const Usage& usage)
 {
+    Names names = *usage.fonts;
+    const Names placed = usage.linkedDocuments.value_or(Names());
     for (const std::string& name : mServices.linkedDocuments.GetFonts(path, placed)) {
         if (std::find(names.begin(), names.end(), name) == names.end()) names.push_back(name);
     }
     return names;
 }
 
-std::string DocumentFonts::Open(const std::string& path, const std::string& fontsJson,
-                                ActivationMode mode)
+Names DocumentFonts::Open(const std::string& path, Usage usage, ActivationMode mode)
 {
-    Usage usage;
-    if (fontsJson.empty()) {
-        mRefusals.Begin(path);
-    } else {
+    if (usage.fonts) {
         mRefusals.Continue(path);
-        usage = ReadUsage(fontsJson);
-        if (!usage.fonts) (void)ReadFontNames(fontsJson);  // throws what is wrong with it
+    } else {
+        mRefusals.Begin(path);
     }
     if (!usage.fonts || !usage.linkedDocuments) {
         const std::optional<DocumentContent> content = mServices.linkedDocuments.Read(path);
-        // Without a file to read, the host reads it next and tells what is wrong.
+        // Not an error here: the host reads the file next and reports what is wrong with it.
         if (!content && !usage.fonts) return {};
         if (content && !usage.fonts) usage.fonts = content->fonts;
         if (content && !usage.linkedDocuments) usage.linkedDocuments = content->linkedFiles;
     }
     mServices.documentStore.Remember(path);
-    const Names names = AddLinked(path, *usage.fonts, usage.linkedDocuments.value_or(Names()));
+    const Names names = AddLinked(path, usage);
     SetUsed(path, names);
     mOpen.insert(path);
     mSavedAmong.erase(path);
@@ -72,14 +61,14 @@ std::string DocumentFonts::Open(const std::string& path, const std::string& font
 
     const std::set<std::string> held = mServices.activation.Hold(path, names);
     const Services::ActiveNames active = mServices.ListActive();
-    // Somebody may have cleared the folder meanwhile.
+    // The tables say active and fontconfig doesn't: the folder was cleared by the user or a tool.
     if (!std::includes(active.ours.begin(), active.ours.end(), held.begin(), held.end())) {
-        (void)mServices.activation.Repair();  // what was repaired is told by nobody
+        (void)mServices.activation.Repair();  // the list of repairs isn't needed here
     }
     if (mode == ActivationMode::kOff) return {};
-    return WriteFontNames(mServices.SelectFromLibrary(Select(names, [&](const auto& name) {
+    return mServices.SelectFromLibrary(Select(names, [&](const auto& name) {
         return held.count(name) == 0 && active.others.count(name) == 0;
-    })));
+    }));
 }
 
 Names DocumentFonts::Choose(const Names& names, ActivationMode mode)
@@ -87,27 +76,17 @@ Names DocumentFonts::Choose(const Names& names, ActivationMode mode)
     if (mode == ActivationMode::kOff) return {};
     if (mode == ActivationMode::kAutomatic) return names;
     const Names open = Select(names, [this](const auto& name) { return !mRefusals.Has(name); });
-    if (!IsInteractive()) {
-        if (!open.empty()) {
-            LogError(
-                "fonts are to be asked for and there is no terminal to ask on; not activated: " +
-                JoinNames(open));
-        }
-        for (const std::string& name : open) mRefusals.Add(name);
-        return {};
+    Names chosen;
+    if (IsInteractive()) {
+        chosen = AskForFonts(open, std::cin, std::cerr);
+    } else if (!open.empty()) {
+        LogError("cannot ask which fonts to activate: no terminal; not activated: " +
+                 JoinNames(open));
     }
-    Names chosen = AskForFonts(open, std::cin, std::cerr);
     for (const std::string& name : open) {
         if (std::find(chosen.begin(), chosen.end(), name) == chosen.end()) mRefusals.Add(name);
     }
     return chosen;
-}
-
-std::string DocumentFonts::Resolve(const std::string& fontsJson, ActivationMode mode)
-{
-    const Names names = ReadFontNames(fontsJson);
-    if (mode == ActivationMode::kAutomatic) return fontsJson;
-    return WriteFontNames(Choose(names, mode));
 }
 
 int DocumentFonts::ActivateInactive(const std::string& path, const Names& wanted)
@@ -130,11 +109,13 @@ int DocumentFonts::ActivateInactive(const std::string& path, const Names& wanted
     return static_cast<int>(outcome.activated.size());
 }
 
-int DocumentFonts::Activate(const std::string& path, const std::string& fontsJson,
-                            ActivationMode mode)
+bool DocumentFonts::CanActivate(const std::string& path, ActivationMode mode)
 {
-    if (path.empty() && mode != ActivationMode::kAutomatic) return 0;
-    const Names names = ReadFontNames(fontsJson);
+    return !path.empty() || mode == ActivationMode::kAutomatic;
+}
+
+int DocumentFonts::Activate(const std::string& path, const Names& names)
+{
     mServices.ApplyLibraryChoice();
     const Services::ActiveNames before = mServices.ListActive();
     const Names inactive =
@@ -152,7 +133,7 @@ void DocumentFonts::ActivateNew(const std::string& path, const Names& names, Act
         Select(added, [&](const auto& name) { return active.others.count(name) == 0; }));
     if (inactive.empty()) return;
     mRefusals.Continue(path);
-    (void)ActivateInactive(path, Choose(inactive, mode));  // how many there are isn't asked for
+    (void)ActivateInactive(path, Choose(inactive, mode));  // the number isn't needed here
 }
 
 void DocumentFonts::Save(const std::string& path, const std::string& usageText, ActivationMode mode)
@@ -164,8 +145,9 @@ void DocumentFonts::Save(const std::string& path, const std::string& usageText, 
     const Usage usage = ReadUsage(usageText);
     mServices.documentStore.StoreUsage(path, usageText);
     if (!usage.fonts) return;
-    const Names names = AddLinked(path, *usage.fonts, usage.linkedDocuments.value_or(Names()));
+    const Names names = AddLinked(path, usage);
     SetUsed(path, names);
+    // With blank documents around it may be one of them, and then nothing says when it is closed.
     if (mOpen.count(path) == 0 && !mHasBlanks) mSavedAmong.emplace(path, mOpen);
     ActivateNew(path, names, mode);
     const std::set<std::string>& used = mUsed[path];
@@ -199,8 +181,8 @@ void DocumentFonts::Close(const std::string& path, const std::string& usage)
         if (among.erase(path) != 0 && among.empty()) gone.push_back(saved);
     }
     for (const std::string& saved : gone) Release(saved);
-    if (usage.empty() || IsTemplate(path)) return;
-    (void)ReadUsage(usage);  // throws what is wrong with it, before it takes a good one's place
+    if (usage.empty() || documents::IsTemplatePath(path)) return;
+    (void)ReadUsage(usage);  // throws, so that a bad report can't replace a good one
     mServices.documentStore.StoreUsage(path, usage);
 }
 
@@ -212,21 +194,22 @@ void DocumentFonts::Update(const std::string& id, const std::string& usageText)
     }
     const std::string path = mServices.documentStore.GetPath(id);
     if (path.empty() || !usage.fonts) return;
-    SetUsed(path, AddLinked(path, *usage.fonts, usage.linkedDocuments.value_or(Names())));
+    SetUsed(path, AddLinked(path, usage));
 }
 
-Names DocumentFonts::GetFonts(const std::string& path, const std::string& fontsJson)
+Names DocumentFonts::GetFonts(const std::string& path, const std::string& usageText)
 {
-    const std::string kept = mServices.documentStore.GetUsage(path);
-    const Usage usage = kept.empty() ? Usage() : ReadUsage(kept);
-    Names names = fontsJson.empty() ? usage.fonts.value_or(Names()) : ReadFontNames(fontsJson);
-    return AddLinked(path, std::move(names), usage.linkedDocuments.value_or(Names()));
+    const std::string stored = mServices.documentStore.GetUsage(path);
+    Usage usage = stored.empty() ? Usage() : ReadUsage(stored);
+    if (!usageText.empty()) usage.fonts = ReadFontNames(usageText);
+    if (!usage.fonts) usage.fonts.emplace();
+    return AddLinked(path, usage);
 }
 
 DocumentFonts::Result DocumentFonts::ActivateAll(const std::string& path,
-                                                 const std::string& fontsJson)
+                                                 const std::string& usageText)
 {
-    const Names names = GetFonts(path, fontsJson);
+    const Names names = GetFonts(path, usageText);
     mRefusals.Forget(path);
     SetUsed(path, names);
     const std::set<std::string> held = mServices.activation.Hold(path, names);
@@ -254,6 +237,7 @@ Names DocumentFonts::ReleaseUnused()
     for (const std::string& document : mServices.activation.GetHolders()) {
         const auto known = mUsed.find(document);
         if (known == mUsed.end() && !document.empty()) continue;
+        // Fonts activated without a document are used if any document uses them.
         const std::set<std::string>& used = document.empty() ? usedByAny : known->second;
         Names unused;
         for (const std::string& name : mServices.activation.GetHeld(document)) {

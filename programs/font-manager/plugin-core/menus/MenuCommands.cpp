@@ -1,32 +1,17 @@
 #include "plugin-core/menus/MenuCommands.h"
 
-#include <algorithm>
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <sstream>
 
+#include "base/Plural.h"
+#include "plugin-core/activation/UnavailableFont.h"
+#include "plugin-core/menus/MenuModel.h"
 #include "plugin-core/storage/Failure.h"
 
 namespace fs = std::filesystem;
 
 namespace plugincore {
-namespace {
-
-bool IsReadable(const std::string& file) { return std::ifstream(file, std::ios::binary).is_open(); }
-
-std::string Count(size_t number, const std::string& what)
-{
-    return std::to_string(number) + " " + what + (number == 1 ? "" : "s");
-}
-
-}  // namespace
-
-bool IsSuppressionOn(const std::string& setting)
-{
-    return std::strtol(setting.c_str(), nullptr, 10) < 2;
-}
 
 std::string MakeAboutText(Services& services)
 {
@@ -48,11 +33,11 @@ MenuCommands::MenuCommands(Services& services, DocumentFonts& documents, Setting
 }
 
 void MenuCommands::Select(const std::string& id, const std::string& documentId,
-                          const std::string& fontsJson)
+                          const std::string& usage)
 {
-    if (id == MenuModel::kActivateFonts) return ActivateFonts(documentId, fontsJson);
+    if (id == MenuModel::kActivateFonts) return ActivateFonts(documentId, usage);
     if (id == MenuModel::kDeactivateUnused) return DeactivateUnused();
-    if (id == MenuModel::kShowMissing) return ShowMissing(documentId, fontsJson);
+    if (id == MenuModel::kShowMissing) return ShowMissing(documentId, usage);
     if (id == MenuModel::kAddFolder) return AddFolder();
     if (id == MenuModel::kRevealLibrary) return RevealLibrary();
     if (id == MenuModel::kDialogSuppression) return ToggleDialogSuppression();
@@ -71,14 +56,14 @@ std::string MenuCommands::GetPath(const std::string& documentId)
     return path;
 }
 
-void MenuCommands::ActivateFonts(const std::string& documentId, const std::string& fontsJson)
+void MenuCommands::ActivateFonts(const std::string& documentId, const std::string& usage)
 {
     const std::string path = GetPath(documentId);
     if (path.empty()) return;
-    const DocumentFonts::Result result = mDocuments.ActivateAll(path, fontsJson);
+    const DocumentFonts::Result result = mDocuments.ActivateAll(path, usage);
     std::string text = result.activated.empty() ? "No font had to be activated."
                                                 : "Activated: " + JoinNames(result.activated) + ".";
-    if (!result.missing.empty()) text += " Not to be had: " + JoinNames(result.missing) + ".";
+    if (!result.missing.empty()) text += " Unavailable: " + JoinNames(result.missing) + ".";
     ShowAlert("Activate Document Fonts", text);
 }
 
@@ -93,13 +78,10 @@ void MenuCommands::DeactivateUnused()
 std::string MenuCommands::GetReason(const std::string& path, const std::string& name)
 {
     const std::string file = mServices.library.FindAnywhere(name).value_or("");
-    if (file.empty()) return "in no font library";
-    if (!IsReadable(file)) return "its file cannot be read: " + file;
-    if (!mServices.library.Find(name)) {
-        return "not in the selected library " + mServices.library.GetSelection();
-    }
-    const std::string setting = mSettings.Get(mServices.locations.settings, kActivationSetting);
-    if (ReadActivationMode(setting) == ActivationMode::kOff) {
+    const std::string reason = GetReasonUnavailable(mServices.library, name, file);
+    if (reason == kUnreadableFile) return reason + ": " + file;
+    if (!reason.empty()) return reason;
+    if (GetActivationMode(mSettings, mServices.locations.settings) == ActivationMode::kOff) {
         return "in the font library; activation is off";
     }
     if (mDocuments.IsRefused(path, name))
@@ -107,22 +89,24 @@ std::string MenuCommands::GetReason(const std::string& path, const std::string& 
     return "in the font library; not activated yet";
 }
 
-void MenuCommands::ShowMissing(const std::string& documentId, const std::string& fontsJson)
+void MenuCommands::ShowMissing(const std::string& documentId, const std::string& usage)
 {
     const std::string path = GetPath(documentId);
     if (path.empty()) return;
+    // The user may have just copied the font into a library: the index must know it by now.
     mServices.ApplyLibraryChoice();
     mServices.library.Refresh();
     const Services::ActiveNames active = mServices.ListActive();
     std::string lines;
     size_t missing = 0;
-    for (const std::string& name : mDocuments.GetFonts(path, fontsJson)) {
+    for (const std::string& name : mDocuments.GetFonts(path, usage)) {
         if (active.ours.count(name) + active.others.count(name) != 0) continue;
         lines += "\n" + name + ": " + GetReason(path, name);
         ++missing;
     }
-    ShowAlert("Show Missing Fonts", missing == 0 ? "All fonts of the document are active."
-                                                 : Count(missing, "font") + " missing" + lines);
+    ShowAlert("Show Missing Fonts", missing == 0
+                                        ? "All fonts of the document are active."
+                                        : base::Count(missing, "font") + " missing" + lines);
 }
 
 void MenuCommands::AddFolder()
@@ -136,6 +120,7 @@ void MenuCommands::AddFolder()
     const std::string answer = AskForText("Folder with fonts to add:", std::cin, std::cerr);
     if (answer.empty()) return;
     std::error_code error;
+    // Folders are compared by path, so each must be stored under one spelling.
     const fs::path folder = fs::canonical(answer, error);
     if (error) return ShowAlert(kTitle, answer + ": " + error.message());
     if (!fs::is_directory(folder, error)) return ShowAlert(kTitle, answer + ": not a folder");
@@ -146,7 +131,7 @@ void MenuCommands::AddFolder()
     mServices.library.Refresh();
     mLibrariesChanged();
     const auto names = static_cast<size_t>(mServices.library.CountNames(folder));
-    ShowAlert(kTitle, folder.string() + ": added, with " + Count(names, "font"));
+    ShowAlert(kTitle, folder.string() + ": added, with " + base::Count(names, "font"));
 }
 
 void MenuCommands::RevealLibrary()
@@ -161,6 +146,7 @@ void MenuCommands::ToggleDialogSuppression()
     const fs::path& file = mServices.locations.settings;
     const bool isOn = !IsSuppressionOn(mSettings.Get(file, kSuppressionSetting));
     mSettings.Set(file, kSuppressionSetting, isOn ? "1" : "2");
+    // The plug-in reads the setting only when it starts.
     ShowAlert(
         "Hold Back Missing Fonts Dialog",
         std::string("From the next start on the dialog is ") + (isOn ? "held back." : "shown."));

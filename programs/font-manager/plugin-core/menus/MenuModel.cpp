@@ -1,8 +1,13 @@
 #include "plugin-core/menus/MenuModel.h"
 
+#include <cstdlib>
 #include <nlohmann/json.hpp>
 
-#include "documents/bytes/Utf8.h"
+#include "base/JsonText.h"
+#include "base/Utf8.h"
+#include "plugin-core/services/Services.h"
+#include "plugin-core/storage/Locations.h"
+#include "plugin-core/storage/Settings.h"
 
 using nlohmann::json;
 
@@ -23,7 +28,7 @@ json MakeItem(const std::string& id, const std::string& title, bool isEnabled, b
     return node;
 }
 
-// An item without a title is a line between others; its label has to be its own all the same.
+// An empty title makes a separator. Labels must be unique, separators included.
 json MakeSeparator(const std::string& id)
 {
     json node = MakeNode(id, "");
@@ -36,9 +41,9 @@ json MakeLibraries(const MenuState& state)
     json nodes = json::array();
     for (const Library& library : state.libraries) {
         const std::string id = MakeLibraryId(library);
-        const std::string title = documents::ToValidUtf8(library.name);
+        const std::string title = base::ToValidUtf8(library.name);
         json node = MakeItem(id, title, true, library.path == state.selectedLibrary);
-        // That label is taken by the submenu.
+        // The submenu has this label already, and labels must be unique.
         if (title == MenuModel::kSelectLibrary) node["label"] = id;
         nodes.push_back(std::move(node));
     }
@@ -60,7 +65,27 @@ json MakeModes(ActivationMode present)
 
 std::string MakeLibraryId(const Library& library)
 {
-    return MenuModel::kLibrary + documents::ToValidUtf8(library.path);
+    return MenuModel::kLibrary + base::ToValidUtf8(library.path);
+}
+
+MenuState GetMenuState(Settings& settings, Services* services)
+{
+    const Locations locations = GetLocations();
+    MenuState state;
+    state.mode = GetActivationMode(settings, locations.settings);
+    state.suppressesDialog = IsSuppressionOn(settings.Get(locations.settings, kSuppressionSetting));
+    if (services) {
+        state.libraries = services->folders.List();
+        state.selectedLibrary = services->folders.GetSelected();
+    } else {
+        state.libraries = ListLibraries(locations.libraries, {});
+    }
+    return state;
+}
+
+bool IsSuppressionOn(const std::string& setting)
+{
+    return std::strtol(setting.c_str(), nullptr, 10) < 2;
 }
 
 std::string MakeMenus(const MenuState& state)
@@ -79,8 +104,7 @@ std::string MakeMenus(const MenuState& state)
                  state.suppressesDialog),
         MakeNode(MenuModel::kAbout, "About Corvanta Fonts"),
     });
-    return MakeNode("root", "Corvanta", std::move(child))
-        .dump(-1, ' ', false, json::error_handler_t::replace);
+    return base::PrintJson(MakeNode("root", "Corvanta", std::move(child)));
 }
 
 }  // namespace plugincore
