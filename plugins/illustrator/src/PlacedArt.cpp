@@ -1,7 +1,10 @@
+#include "PlacedArt.h"
+
 #include "ArtTypes.h"
 #include "CoreErrorCodes.h"
 #include "DebugUtils.h"
-#include "IllustratorUtilities.h"
+#include "HostInterface.h"
+#include "MatchingArt.h"
 
 namespace {
 
@@ -37,19 +40,9 @@ int ExamineCurrentDocForPlacedArt(std::vector<std::string>& paths)
 
     status = 0;
     for (int32_t index = 0; index < count; ++index) {
-        // One failure counts for the whole report; the others are listed all the same.
+        // One failure sets the status for good; the other paths are appended all the same.
         if (AppendPath((*matches)[index], paths) != 0) status = kUnknownError;
     }
     DisposeIllustratorHandle(matches);
     return status;
-}
-
-std::string CurrentDocumentFontUsage()
-{
-    FontList fonts;
-    std::vector<std::string> paths;
-    const int textStatus = ExamineTextFramesInCurrentDocForFontUsage(fonts);
-    const int placedStatus = ExamineCurrentDocForPlacedArt(paths);
-    if (textStatus != 0 && placedStatus != 0) return std::string();
-    return CrossPluginUtils::JSONStringRepresentation(fonts, paths);
 }
