@@ -48,7 +48,7 @@ void ReplaceBareName(_t_AIDocument* document, std::string& path)
 bool IsPluginEnabled()
 {
     bool enabled = false;
-    // If the call fails, `enabled` keeps the value that PluginCore wrote, or false.
+    // The status isn't needed: without an answer `enabled` is false.
     (void)PCILoader::GetSharedInstance()->pfPluginIsEnabled(true, &enabled);
     return enabled;
 }

@@ -13,5 +13,5 @@
 // it was opened, only its path was known. Returns 0.
 AIErr HandleDocumentOpenedNotifier(AINotifierMessage* message);
 
-// Reports a blank document to PluginCore. Returns 0.
+// Reports a new document to PluginCore. Returns 0.
 AIErr HandleDocumentNewNotifier(AINotifierMessage* message);

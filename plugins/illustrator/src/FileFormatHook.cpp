@@ -20,7 +20,7 @@ constexpr int kFileFormatSuiteVersion = 1015;
 constexpr int32_t kFileFormatOptions = 1;
 constexpr int32_t kFileFormatPriority = 10000;
 
-// The most JSON that PluginCore can be given, or can give back, for one document.
+// The size of the buffer in which PluginCore gets and returns the font JSON of a document.
 constexpr size_t kFontsBufferSize = 0x100000;
 constexpr long kSuppressionSeconds = 15;
 

@@ -19,7 +19,7 @@ void ThrowIfAIErr(int code)
     if (code != kHostSuccess) throw code;
 }
 
-// The names that a walk has found: finds a repeat faster than a search of the list.
+// The names found so far. A repeat is found faster here than in the list of fonts.
 typedef std::unordered_set<std::string> KnownNames;
 
 // Returns 0 for a font that was added or is a repeat; kUnknownError for any other run.

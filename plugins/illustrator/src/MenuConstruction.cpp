@@ -102,7 +102,7 @@ unsigned int GetMenus(std::string& menus)
 {
     OutputIndentedAndFormattedString(1, "Entering %s()", "GetMenus");
     std::string path;
-    // Without a document the path stays empty.
+    // Without a document the path is empty.
     (void)GetDocumentFileSpec(&path, false);
     menus.clear();
     size_t size = 0;

@@ -49,7 +49,7 @@ void FindIdByTemplate(PCILoader* core, char* id, size_t* size)
         _t_AIDocument* const document = GetCurrentDocument();
         if (document == nullptr) return;
         const std::string path = GetTemplatePathForDocumentHandle(document);
-        // Without an id the buffer stays empty, which the caller tests.
+        // Without an id the buffer is empty, which the caller tests.
         if (!path.empty()) (void)core->pfGetIDForDocument(path.c_str(), id, size);
     } catch (...) {
         OutputIndentedAndFormattedString(0, "No document is open.");
@@ -86,12 +86,12 @@ int GoMenuItem(AIMenuMessage* message)
     OutputIndentedAndFormattedString(1, "Entering %s()", "GoMenuItem");
     PCILoader* const core = PCILoader::GetSharedInstance();
     std::string path;
-    // Without a document the path stays empty.
+    // Without a document the path is empty.
     (void)GetDocumentFileSpec(&path, false);
     // One byte more than PluginCore may write, so that the text is always terminated.
     char documentId[kDocumentIdSize + 1] = {};
     size_t size = kDocumentIdSize;
-    // Without an id the buffer stays empty.
+    // Without an id the buffer is empty.
     (void)core->pfGetIDForDocument(path.c_str(), documentId, &size);
     if (*documentId == '\0') FindIdByTemplate(core, documentId, &size);
     std::string fontUsageJson;

@@ -189,7 +189,7 @@ AIErr AboutPlugin(SPInterfaceMessage* /*message*/)
         PCILoader* const core = PCILoader::GetSharedInstance();
         if (core == nullptr || core->pfInvokeCommandDialog == nullptr) return kHostSuccess;
         std::string path;
-        // Without a document the path stays empty.
+        // Without a document the path is empty.
         (void)GetDocumentFileSpec(&path, false);
         char buffer[kDialogBufferSize] = {};
         bool flag = false;

@@ -9,8 +9,8 @@
 // strings and the message belong to the host and are valid during the call.
 extern "C" AIErr PluginMain(char* caller, char* selector, void* message);
 
-// The exception barrier behind PluginMain: catches everything and then returns 0. Returns 1 without
-// doing anything if the plug-in is still handling another message.
+// The exception barrier that PluginMain calls: catches everything and then returns 0. Returns 1
+// without doing anything if the plug-in is still handling another message.
 AIErr Main(char* caller, char* selector, void* message);
 
 // Dispatches, by caller and selector, every message whose caller isn't "SP Interface".
