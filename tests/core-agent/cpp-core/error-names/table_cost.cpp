@@ -90,7 +90,7 @@ TEST(TableCost, ReportBuildsTheTableThoughNobodyListens)
 }
 
 // The plug-in's life of one document, with nothing going wrong.
-class CleanRun : public MessageTest {};
+class CleanRun : public MessageFixture {};
 
 TEST_F(CleanRun, BuildsNoTable)
 {

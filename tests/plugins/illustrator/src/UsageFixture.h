@@ -13,18 +13,18 @@ inline const char* const kAfterSave = "AI Command Notifier: After Save";
 inline const char* const kAfterSaveAs = "AI Command Notifier: After Save As";
 inline const char* const kWritten = "AI Document Write On Disk Complete Notifier";
 
-// The report of a document's fonts and placed files.
+// The usage report for these fonts and placed files.
 inline std::string Usage(const std::vector<std::string>& fonts,
                          const std::vector<std::string>& placed = {})
 {
     const auto join = [](const std::vector<std::string>& texts, const std::string& before,
-                         const std::string& behind) {
+                         const std::string& after) {
         std::string all;
         for (const std::string& text : texts) {
             if (!all.empty()) all += ",";
             all += before;
             all += text;
-            all += behind;
+            all += after;
         }
         return all;
     };
@@ -32,23 +32,24 @@ inline std::string Usage(const std::vector<std::string>& fonts,
            "],\"LinkedDocuments\":[" + join(placed, "\"", "\"") + "]}";
 }
 
-// A font's name or a path that no JSON text can hold.
+// A font name or path that isn't valid UTF-8, so JSON can't contain it.
 inline const char* const kNoUTF8 = "\xff\xfe";
 
-// The host of most of these tests gives no array when nothing matches: a null handle, with success.
-class UsageTest : public MessageTest {
+// Tests of usage reports and of the handlers that need them; the plug-in is running.
+class UsageFixture : public MessageFixture {
 protected:
-    UsageTest() : mGetMatchingArt(MatchingArtSuite()->GetMatchingArt) { Start(); }
-    ~UsageTest() override { MatchingArtSuite()->GetMatchingArt = mGetMatchingArt; }
+    UsageFixture() : mGetMatchingArt(MatchingArtSuite()->GetMatchingArt) { Start(); }
+    ~UsageFixture() override { MatchingArtSuite()->GetMatchingArt = mGetMatchingArt; }
 
+    // From now on the host returns a null array, with success, if no art matches.
     void GiveNullForNoArt()
     {
         sOriginal = mGetMatchingArt;
         MatchingArtSuite()->GetMatchingArt = MatchOrNull;
     }
 
-    // Adds a document with one text frame whose runs are in these fonts, and makes it the current
-    // one. Without fonts there is no frame.
+    // Adds a document and makes it the current one. It has one text frame with a run in each of
+    // the fonts; without fonts it has no frame.
     _t_AIDocument* AddDocument(const std::string& path, const std::vector<std::string>& fonts = {},
                                const std::vector<std::string>& placed = {})
     {
@@ -61,6 +62,7 @@ protected:
     ScriptedDocument& Current() { return host.documents.at(std::size_t(host.currentDocument)); }
     void SetFonts(const std::vector<std::string>& fonts) { Current().frames = {{fonts}}; }
 
+    // How often the text frames were searched.
     std::size_t Scans() { return host.CountCalls("AIMatchingArtSuite.GetMatchingArt({12, 0, 0}"); }
 
 private:

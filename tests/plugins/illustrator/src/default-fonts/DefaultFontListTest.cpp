@@ -34,7 +34,7 @@ TEST(DefaultFontList, CutsTheRootAtTheFirstHyphen)
     });
 }
 
-TEST(DefaultFontList, AsksForEachScriptAndThenForItsName)
+TEST(DefaultFontList, AsksForTheFontOfEachScriptAndItsName)
 {
     InFreshProcess([] {
         DefaultFontsHost host("ExampleSans-Regular");
@@ -61,7 +61,7 @@ TEST(DefaultFontList, KeepsTheOrderOfTheScripts)
     });
 }
 
-TEST(DefaultFontList, LeavesOutWhatAnEntryCoversAlready)
+TEST(DefaultFontList, SkipsNamesThatAnEntryAlreadyCovers)
 {
     InFreshProcess([] {
         DefaultFontsHost host("Sans-Regular");
@@ -72,7 +72,7 @@ TEST(DefaultFontList, LeavesOutWhatAnEntryCoversAlready)
     });
 }
 
-TEST(DefaultFontList, AScriptWithoutAnAnswerAsksForTheFontBeforeIt)
+TEST(DefaultFontList, UsesThePreviousFontForAScriptWithoutOne)
 {
     InFreshProcess([] {
         DefaultFontsHost host("Sans-Regular");
@@ -80,11 +80,11 @@ TEST(DefaultFontList, AScriptWithoutAnAnswerAsksForTheFontBeforeIt)
         host.defaultFonts.erase(2);
         EXPECT_FALSE(IsDefault("Other"));
         EXPECT_EQ((Names{"Sans-Regular", "Sans", "Kanji-Light", "Kanji"}), AddedNames());
-        EXPECT_EQ(2u, host.CountCalls("AIFontSuite.GetPostScriptFontName(font Kanji-Light, 128)"));
+        EXPECT_EQ(2U, host.CountCalls("AIFontSuite.GetPostScriptFontName(font Kanji-Light, 128)"));
     });
 }
 
-TEST(DefaultFontList, AnEmptyFirstNameMakesEveryFontADefault)
+TEST(DefaultFontList, EmptyFirstNameMakesEveryFontADefaultFont)
 {
     InFreshProcess([] {
         DefaultFontsHost host("Sans-Regular");
@@ -95,7 +95,7 @@ TEST(DefaultFontList, AnEmptyFirstNameMakesEveryFontADefault)
     });
 }
 
-TEST(DefaultFontList, IsAskedForOnce)
+TEST(DefaultFontList, AsksTheHostOnlyOnce)
 {
     InFreshProcess([] {
         DefaultFontsHost host("Sans-Regular");
@@ -108,7 +108,7 @@ TEST(DefaultFontList, IsAskedForOnce)
     });
 }
 
-TEST(DefaultFontList, MatchesByThePrefix)
+TEST(DefaultFontList, MatchesPrefixes)
 {
     InFreshProcess([] {
         DefaultFontsHost host("ExampleSans-Regular");

@@ -9,12 +9,12 @@
 #include "RecordingTrace.h"
 #include "ScriptedHost.h"
 
-// The host's numbers for writing systems that are asked for, in order.
+// The host's numbers of the scripts that the plug-in asks for, in order.
 inline const std::vector<AIFaceScript> kScripts = {-2, -1, 0,  1,  2,  3,  4,  5,  6,  7,  9,  10,
                                                    11, 12, 13, 14, 15, 16, 17, 25, 29, 32, 81, 85};
 
-// A host with its suites acquired, that gives the same default font for each script. To be made in
-// a fresh process: the list of default fonts is made once per process.
+// A host whose suites are acquired, with the same default font for each script. Use it in a new
+// process, since the list of default fonts is made once per process.
 class DefaultFontsHost : public ScriptedHost {
 public:
     explicit DefaultFontsHost(const std::string& name)
@@ -26,24 +26,24 @@ public:
     }
 };
 
-// Whether the name counts as the host's own.
+// Returns whether the plug-in treats the font as a default font.
 inline bool IsDefault(const std::string& name)
 {
     json fonts = json::array({{{"PostScriptName", name}}});
     return RemoveIllustratorDefaultFonts(fonts);
 }
 
-// What has been added to the list so far, in order.
+// The names added to the list so far, in order.
 inline std::vector<std::string> AddedNames()
 {
     const std::string before = "Adding '";
-    const std::string behind = "' to list of Illustrator default fonts.";
+    const std::string after = "' to list of Illustrator default fonts.";
     std::vector<std::string> names;
     for (const std::string& text : TraceTexts()) {
         if (text.compare(0, before.size(), before) != 0) continue;
-        if (text.size() < before.size() + behind.size()) continue;
-        const std::size_t end = text.size() - behind.size();
-        if (text.compare(end, behind.size(), behind) != 0) continue;
+        if (text.size() < before.size() + after.size()) continue;
+        const std::size_t end = text.size() - after.size();
+        if (text.compare(end, after.size(), after) != 0) continue;
         names.push_back(text.substr(before.size(), end - before.size()));
     }
     return names;

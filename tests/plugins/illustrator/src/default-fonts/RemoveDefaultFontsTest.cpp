@@ -12,7 +12,7 @@ json Fonts(const std::vector<std::string>& names)
     return fonts;
 }
 
-// With ExampleSans as the host's own family, in a process whose list is made already.
+// Runs `body` in a new process in which ExampleSans is the default font and the list is made.
 template <class Body>
 void WithExampleSans(Body body)
 {
@@ -24,6 +24,7 @@ void WithExampleSans(Body body)
     });
 }
 
+// Expects the result and the text afterwards, and the exit trace.
 void ExpectText(const std::string& before, bool removed, const std::string& after)
 {
     std::string text = before;
@@ -36,7 +37,7 @@ void ExpectText(const std::string& before, bool removed, const std::string& afte
     EXPECT_EQ(-1, Traces().back().indentChange);
 }
 
-TEST(RemoveIllustratorDefaultFonts, TakesThemOutOfAnArrayFromTheEnd)
+TEST(RemoveIllustratorDefaultFonts, RemovesThemFromAnArrayStartingAtItsEnd)
 {
     WithExampleSans([] {
         json fonts = Fonts({"ExampleSans", "Kept-Bold", "ExampleSans-Bold"});
@@ -65,7 +66,7 @@ TEST(RemoveIllustratorDefaultFonts, CanEmptyAnArray)
     });
 }
 
-TEST(RemoveIllustratorDefaultFonts, KeepsAnArrayWithoutAny)
+TEST(RemoveIllustratorDefaultFonts, KeepsAnArrayWithoutDefaultFonts)
 {
     WithExampleSans([] {
         json fonts = Fonts({"B", "A", "B"});
@@ -77,7 +78,7 @@ TEST(RemoveIllustratorDefaultFonts, KeepsAnArrayWithoutAny)
     });
 }
 
-TEST(RemoveIllustratorDefaultFonts, TakesThemOutOfADocumentObjectAndLeavesTheRest)
+TEST(RemoveIllustratorDefaultFonts, RemovesThemFromADocumentObjectAndKeepsTheRest)
 {
     WithExampleSans([] {
         json report = {{"DocumentFonts", Fonts({"ExampleSans", "Kept"})},
@@ -90,7 +91,7 @@ TEST(RemoveIllustratorDefaultFonts, TakesThemOutOfADocumentObjectAndLeavesTheRes
     });
 }
 
-TEST(RemoveIllustratorDefaultFonts, GoesIntoAnObjectInAnObject)
+TEST(RemoveIllustratorDefaultFonts, SearchesAnObjectInAnObject)
 {
     WithExampleSans([] {
         json fonts = {{"DocumentFonts", {{"DocumentFonts", Fonts({"ExampleSans", "Kept"})}}}};
@@ -106,11 +107,11 @@ TEST(RemoveIllustratorDefaultFonts, AddsANullMemberToAnObjectWithoutFonts)
         EXPECT_FALSE(RemoveIllustratorDefaultFonts(report));
         ASSERT_TRUE(report.contains("DocumentFonts"));
         EXPECT_TRUE(report["DocumentFonts"].is_null());
-        EXPECT_EQ(2u, report.size());
+        EXPECT_EQ(2U, report.size());
     });
 }
 
-TEST(RemoveIllustratorDefaultFonts, LeavesEveryOtherKindAlone)
+TEST(RemoveIllustratorDefaultFonts, IgnoresValuesOfOtherTypes)
 {
     WithExampleSans([] {
         for (const json& kind : {json(), json(7), json(true), json("ExampleSans")}) {
@@ -124,7 +125,7 @@ TEST(RemoveIllustratorDefaultFonts, LeavesEveryOtherKindAlone)
     });
 }
 
-TEST(RemoveIllustratorDefaultFonts, ThrowsAtAnElementThatIsNoObject)
+TEST(RemoveIllustratorDefaultFonts, ThrowsForAnElementThatIsNoObject)
 {
     WithExampleSans([] {
         json fonts = json::array({"ExampleSans"});
@@ -135,7 +136,7 @@ TEST(RemoveIllustratorDefaultFonts, ThrowsAtAnElementThatIsNoObject)
     });
 }
 
-TEST(RemoveIllustratorDefaultFonts, ThrowsAtAnElementWhoseNameIsNoString)
+TEST(RemoveIllustratorDefaultFonts, ThrowsForANameThatIsNoString)
 {
     WithExampleSans([] {
         json missing = json::array({json::object()});
@@ -157,7 +158,7 @@ TEST(RemoveIllustratorDefaultFonts, RewritesTheTextInCompactForm)
     });
 }
 
-TEST(RemoveIllustratorDefaultFonts, TakesABareArrayAsText)
+TEST(RemoveIllustratorDefaultFonts, AcceptsATextWithAnArray)
 {
     WithExampleSans([] {
         ExpectText(R"([{"PostScriptName":"ExampleSans"},{"PostScriptName":"Kept"}])", true,
@@ -165,7 +166,7 @@ TEST(RemoveIllustratorDefaultFonts, TakesABareArrayAsText)
     });
 }
 
-TEST(RemoveIllustratorDefaultFonts, KeepsTheBytesOfATextWithoutAny)
+TEST(RemoveIllustratorDefaultFonts, DoesNotReformatATextWithoutDefaultFonts)
 {
     WithExampleSans([] {
         for (const char* text :
@@ -176,7 +177,7 @@ TEST(RemoveIllustratorDefaultFonts, KeepsTheBytesOfATextWithoutAny)
     });
 }
 
-TEST(RemoveIllustratorDefaultFonts, ThrowsAtAMalformedText)
+TEST(RemoveIllustratorDefaultFonts, ThrowsForAMalformedText)
 {
     WithExampleSans([] {
         for (const std::string malformed : {"", "rubbish", "[", "/* c */ []"}) {

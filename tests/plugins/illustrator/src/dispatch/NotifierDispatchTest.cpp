@@ -5,7 +5,7 @@ using ::testing::IsEmpty;
 
 namespace {
 
-class NotifierDispatch : public MessageTest {
+class NotifierDispatch : public MessageFixture {
 protected:
     static std::string Unhandled(const std::string& type)
     {
@@ -13,31 +13,31 @@ protected:
     }
 };
 
-TEST_F(NotifierDispatch, NullMessageIsAParameterErrorWithoutTrace)
+TEST_F(NotifierDispatch, RejectsANullMessageWithoutATrace)
 {
     Start();
-    EXPECT_EQ(GoNotifier(nullptr), kParameterError);
+    EXPECT_EQ(kHostBadParameter, GoNotifier(nullptr));
     EXPECT_THAT(TraceTexts(), IsEmpty());
 }
 
-TEST_F(NotifierDispatch, MissingGlobalsAreAParameterErrorWithoutTrace)
+TEST_F(NotifierDispatch, RejectsAMessageWithoutGlobalsAndWithoutATrace)
 {
     gGlobals = nullptr;
     AINotifierMessage message = host.NotifierMessage(kOpened);
-    EXPECT_EQ(GoNotifier(&message), kParameterError);
+    EXPECT_EQ(kHostBadParameter, GoNotifier(&message));
     EXPECT_THAT(TraceTexts(), IsEmpty());
 }
 
-TEST_F(NotifierDispatch, HostIsToldOfTheMissingGlobals)
+TEST_F(NotifierDispatch, ReturnsToTheHostThatGlobalsAreMissing)
 {
-    EXPECT_EQ(SendNotifier(kOpened), kParameterError);
+    EXPECT_EQ(kHostBadParameter, SendNotifier(kOpened));
 }
 
-TEST_F(NotifierDispatch, EntryAndExitAreTraced)
+TEST_F(NotifierDispatch, TracesEntryAndExit)
 {
     Start();
     const void* const handle = host.NotifierHandle("AI Application Started Notifier");
-    EXPECT_EQ(SendNotifier("AI Application Started Notifier"), 0);
+    EXPECT_EQ(0, SendNotifier("AI Application Started Notifier"));
     EXPECT_TRUE(HasTrace("Entering GoNotifier(message->notifier = " + Low32(handle) + ")"));
     EXPECT_TRUE(HasTrace("GoNotifier returning 0"));
 }
@@ -45,62 +45,62 @@ TEST_F(NotifierDispatch, EntryAndExitAreTraced)
 TEST_F(NotifierDispatch, ApplicationStartedDoesNothing)
 {
     Start();
-    EXPECT_EQ(SendNotifier("AI Application Started Notifier"), 0);
+    EXPECT_EQ(0, SendNotifier("AI Application Started Notifier"));
     EXPECT_THAT(core->calls, IsEmpty());
     EXPECT_FALSE(HasTraceBeginningWith("UNHANDLED"));
     EXPECT_TRUE(HasTraceBeginningWith("Entering HandleStartupNotifier"));
 }
 
-TEST_F(NotifierDispatch, ApplicationShutdownStopsThePluginAndIsAnswered0)
+TEST_F(NotifierDispatch, ApplicationShutdownStopsThePluginAndReturns0)
 {
     Start();
     core->statuses["TerminatePluginCoreInterface"] = 0x02000000;
-    EXPECT_EQ(SendNotifier("AI Application Shutdown Notifier"), 0);
-    EXPECT_EQ(host.globals, nullptr);
-    EXPECT_EQ(gGlobals, nullptr);
+    EXPECT_EQ(0, SendNotifier("AI Application Shutdown Notifier"));
+    EXPECT_EQ(nullptr, host.globals);
+    EXPECT_EQ(nullptr, gGlobals);
     EXPECT_THAT(core->CalledNames(), Contains("TerminatePluginCoreInterface"));
 }
 
-TEST_F(NotifierDispatch, OpenedAndNewReachTheirHandlers)
+TEST_F(NotifierDispatch, CallsTheHandlersOfOpenedAndNew)
 {
     Start();
     host.AddDocument("/a.ai");
-    EXPECT_EQ(SendNotifier(kOpened, host.DocumentHandle(0)), 0);
+    EXPECT_EQ(0, SendNotifier(kOpened, host.DocumentHandle(0)));
     EXPECT_THAT(core->CalledNames(), Contains("HandleOpenExistingDocument"));
-    EXPECT_EQ(SendNotifier(kNew), 0);
+    EXPECT_EQ(0, SendNotifier(kNew));
     EXPECT_THAT(core->CalledNames(), Contains("HandleCreateNewDocument"));
     EXPECT_FALSE(HasTraceBeginningWith("UNHANDLED"));
 }
 
-TEST_F(NotifierDispatch, MenuChangedIsSubscribedAndUnhandled)
+TEST_F(NotifierDispatch, DoesNotHandleTheSubscribedMenuChanged)
 {
     Start();
-    ASSERT_NE(host.NotifierHandle("AI Menu Changed Notifier"), nullptr);
-    EXPECT_EQ(SendNotifier("AI Menu Changed Notifier"), 0);
+    ASSERT_NE(nullptr, host.NotifierHandle("AI Menu Changed Notifier"));
+    EXPECT_EQ(0, SendNotifier("AI Menu Changed Notifier"));
     EXPECT_TRUE(HasTrace(Unhandled("AI Menu Changed Notifier")));
     EXPECT_THAT(core->calls, IsEmpty());
 }
 
-TEST_F(NotifierDispatch, UnknownHandleIsUnhandledWhateverItsTypeSays)
+TEST_F(NotifierDispatch, DoesNotHandleAnUnknownHandleOfAKnownType)
 {
     Start();
     AINotifierMessage message = host.NotifierMessage(kOpened);
     message.notifier = reinterpret_cast<AINotifierHandle>(0x77770);
-    EXPECT_EQ(host.Send(Main, "AI Notifier", "AI Notify", message), 0);
+    EXPECT_EQ(0, host.Send(Main, "AI Notifier", "AI Notify", message));
     EXPECT_TRUE(HasTrace(Unhandled(kOpened)));
     EXPECT_THAT(core->calls, IsEmpty());
 }
 
-TEST_F(NotifierDispatch, HandleDecidesAndNotTheType)
+TEST_F(NotifierDispatch, DispatchesByTheHandleAndNotByTheType)
 {
     Start();
     AINotifierMessage message = host.NotifierMessage(kNew);
     message.type = nullptr;
-    EXPECT_EQ(host.Send(Main, "AI Notifier", "AI Notify", message), 0);
+    EXPECT_EQ(0, host.Send(Main, "AI Notifier", "AI Notify", message));
     EXPECT_THAT(core->CalledNames(), Contains("HandleCreateNewDocument"));
 }
 
-// The rows in the order in which they are tested.
+// In the order in which GoNotifier compares the handles.
 struct DispatchedNotifier {
     const char* field;
     const char* type;
@@ -141,51 +141,51 @@ protected:
     }
 };
 
-TEST_P(EachNotifier, ReachesItsHandlerAndNoOther)
+TEST_P(EachNotifier, CallsItsHandlerAndNoOtherHandler)
 {
     Start();
     host.AddDocument("/a.ai");
-    ASSERT_NE(host.NotifierHandle(GetParam().type), nullptr);
-    EXPECT_EQ(gGlobals->*GetParam().notifier, host.NotifierHandle(GetParam().type));
-    EXPECT_EQ(SendNotifier(GetParam().type, host.DocumentHandle(0)), 0);
+    ASSERT_NE(nullptr, host.NotifierHandle(GetParam().type));
+    EXPECT_EQ(host.NotifierHandle(GetParam().type), gGlobals->*GetParam().notifier);
+    EXPECT_EQ(0, SendNotifier(GetParam().type, host.DocumentHandle(0)));
     for (const DispatchedNotifier& row : kNotifierRows) {
-        EXPECT_EQ(WasEntered(row), row.handler == std::string(GetParam().handler)) << row.handler;
+        EXPECT_EQ(row.handler == std::string(GetParam().handler), WasEntered(row)) << row.handler;
     }
     EXPECT_FALSE(HasTraceBeginningWith("UNHANDLED"));
 }
 
-// Of equal handles the one tested first decides.
-TEST_P(EachNotifier, IsTestedBeforeThoseBehindIt)
+// If several handles are equal, the first one that is compared decides.
+TEST_P(EachNotifier, IsComparedBeforeTheRowsThatFollow)
 {
     Start();
     host.AddDocument("/a.ai");
-    bool behind = false;
+    bool follows = false;
     for (const DispatchedNotifier& row : kNotifierRows) {
-        if (behind) gGlobals->*row.notifier = gGlobals->*GetParam().notifier;
-        if (row.notifier == GetParam().notifier) behind = true;
+        if (follows) gGlobals->*row.notifier = gGlobals->*GetParam().notifier;
+        if (row.notifier == GetParam().notifier) follows = true;
     }
-    EXPECT_EQ(SendNotifier(GetParam().type, host.DocumentHandle(0)), 0);
+    EXPECT_EQ(0, SendNotifier(GetParam().type, host.DocumentHandle(0)));
     for (const DispatchedNotifier& row : kNotifierRows) {
-        EXPECT_EQ(WasEntered(row), row.handler == std::string(GetParam().handler)) << row.handler;
+        EXPECT_EQ(row.handler == std::string(GetParam().handler), WasEntered(row)) << row.handler;
     }
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, EachNotifier, ::testing::ValuesIn(kNotifierRows),
                          [](const auto& row) { return std::string(row.param.field); });
 
-TEST_F(NotifierDispatch, StartupIsTestedBeforeAllOthers)
+TEST_F(NotifierDispatch, ComparesTheStartupNotifierFirst)
 {
     Start();
     gGlobals->startupNotifier = gGlobals->shutdownNotifier;
-    EXPECT_EQ(SendNotifier("AI Application Shutdown Notifier"), 0);
-    EXPECT_NE(host.globals, nullptr);
+    EXPECT_EQ(0, SendNotifier("AI Application Shutdown Notifier"));
+    EXPECT_NE(nullptr, host.globals);
     EXPECT_THAT(core->calls, IsEmpty());
 }
 
-TEST_F(NotifierDispatch, NullMessagesOfTheHandlersAreParameterErrors)
+TEST_F(NotifierDispatch, HandlersRejectANullMessage)
 {
-    EXPECT_EQ(HandleStartupNotifier(nullptr), kParameterError);
-    EXPECT_EQ(HandleShutdownNotifier(nullptr), kParameterError);
+    EXPECT_EQ(kHostBadParameter, HandleStartupNotifier(nullptr));
+    EXPECT_EQ(kHostBadParameter, HandleShutdownNotifier(nullptr));
 }
 
 }  // namespace

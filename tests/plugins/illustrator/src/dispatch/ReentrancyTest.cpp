@@ -7,9 +7,9 @@ using ::testing::IsEmpty;
 
 namespace {
 
-class Reentrancy : public MessageTest {};
+class Reentrancy : public MessageFixture {};
 
-TEST_F(Reentrancy, MessageDuringADialogIsRefusedAndTheNextIsServed)
+TEST_F(Reentrancy, RefusesAMessageDuringADialogAndHandlesTheNext)
 {
     Start();
     core->openAnswer = R"([{"PostScriptName":"A"}])";
@@ -23,17 +23,17 @@ TEST_F(Reentrancy, MessageDuringADialogIsRefusedAndTheNextIsServed)
         traced.push_back(Traces().size() - before);
         traced.push_back(host.Calls().size() - calls);
     };
-    EXPECT_EQ(SendCheck("/a.ai"), -1);
+    EXPECT_EQ(-1, SendCheck("/a.ai"));
     EXPECT_THAT(nested, ElementsAre(1, 1));
     EXPECT_THAT(traced, ElementsAre(0U, 0U));
     EXPECT_THAT(core->CalledNames(), ElementsAre("PluginIsEnabled", "HandleOpenExistingDocument",
                                                  "InvokeResolveDialog", "ActivateChosenFonts"));
     core->calls.clear();
-    EXPECT_EQ(SendNotifier(kNew), 0);
+    EXPECT_EQ(0, SendNotifier(kNew));
     EXPECT_THAT(core->CalledNames(), ElementsAre("PluginIsEnabled", "HandleCreateNewDocument"));
 }
 
-TEST_F(Reentrancy, RefusedMessageTouchesNothing)
+TEST_F(Reentrancy, RefusedMessageChangesNothing)
 {
     Start();
     SGlobals* const globals = gGlobals;
@@ -41,45 +41,45 @@ TEST_F(Reentrancy, RefusedMessageTouchesNothing)
         SPInterfaceMessage message = host.InterfaceMessage();
         message.d.globals = nullptr;
         std::string text = "SP Interface";
-        EXPECT_EQ(Main(text.data(), text.data(), &message), 1);
-        EXPECT_EQ(gGlobals, globals);
-        EXPECT_NE(gMessage, &message);
+        EXPECT_EQ(1, Main(text.data(), text.data(), &message));
+        EXPECT_EQ(globals, gGlobals);
+        EXPECT_NE(&message, gMessage);
     };
-    EXPECT_EQ(SendNotifier(kNew), 0);
+    EXPECT_EQ(0, SendNotifier(kNew));
 }
 
-TEST_F(Reentrancy, ExceptionOfTheCheckIsSwallowedAndTheNextMessageServed)
+TEST_F(Reentrancy, CatchesAnExceptionOfTheCheckAndHandlesTheNextMessage)
 {
     Start();
     core->openAnswer = "no JSON";
-    EXPECT_EQ(SendCheck("/a.ai"), 0);
+    EXPECT_EQ(0, SendCheck("/a.ai"));
     EXPECT_TRUE(HasTrace("Unhandled exception in Typeloft plugin."));
     core->openAnswer = "";
-    EXPECT_EQ(SendCheck("/a.ai"), -1);
+    EXPECT_EQ(-1, SendCheck("/a.ai"));
 }
 
-TEST_F(Reentrancy, HostPathThatCannotBeReadEndsAtTheBarrier)
+TEST_F(Reentrancy, UnreadablePathEndsAtTheBarrier)
 {
     Start();
     host.FailCall("AIFilePathSuite.GetFullPath", 1, 4711);
-    EXPECT_EQ(SendCheck("/a.ai"), 0);
+    EXPECT_EQ(0, SendCheck("/a.ai"));
     EXPECT_TRUE(HasTrace("Unhandled exception in Typeloft plugin."));
     EXPECT_THAT(core->calls, IsEmpty());
 }
 
-TEST_F(Reentrancy, ExceptionsOfAnyKindAreSwallowed)
+TEST_F(Reentrancy, CatchesExceptionsOfAnyType)
 {
     Start();
     core->onCall["PluginIsEnabled"] = [] { throw 4711; };
-    EXPECT_EQ(SendNotifier(kNew), 0);
+    EXPECT_EQ(0, SendNotifier(kNew));
     core->onCall["PluginIsEnabled"] = [] { throw std::runtime_error("x"); };
-    EXPECT_EQ(SendNotifier(kNew), 0);
+    EXPECT_EQ(0, SendNotifier(kNew));
     core->onCall["PluginIsEnabled"] = [] { throw "a text"; };
-    EXPECT_EQ(SendNotifier(kNew), 0);
-    EXPECT_EQ(CountTraces("Unhandled exception in Typeloft plugin."), 3U);
+    EXPECT_EQ(0, SendNotifier(kNew));
+    EXPECT_EQ(3U, CountTraces("Unhandled exception in Typeloft plugin."));
     core->onCall.clear();
     Forget();
-    EXPECT_EQ(SendNotifier(kNew), 0);
+    EXPECT_EQ(0, SendNotifier(kNew));
     EXPECT_THAT(core->CalledNames(), ElementsAre("PluginIsEnabled", "HandleCreateNewDocument"));
 }
 

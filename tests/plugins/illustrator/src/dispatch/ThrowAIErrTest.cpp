@@ -4,26 +4,26 @@ using ::testing::IsEmpty;
 
 namespace {
 
-TEST(ThrowAIErr, ZeroDoesNothingAndTracesNothing)
+TEST(ThrowAIErr, DoesNothingForZero)
 {
     ClearTraces();
-    EXPECT_NO_THROW(ThrowAIErr(0));
+    EXPECT_NO_THROW(ThrowAIErr(kHostSuccess));
     EXPECT_THAT(TraceTexts(), IsEmpty());
 }
 
-TEST(ThrowAIErr, OtherCodesAreTracedAndThrownAsInt)
+TEST(ThrowAIErr, TracesAndThrowsOtherCodesAsInt)
 {
     ClearTraces();
     try {
-        ThrowAIErr(0x5041524D);
+        ThrowAIErr(kHostBadParameter);
         FAIL() << "nothing was thrown";
     } catch (int code) {
-        EXPECT_EQ(code, 0x5041524D);
+        EXPECT_EQ(0x5041524D, code);  // 'PARM', the value of kHostBadParameter
     }
     EXPECT_TRUE(HasTrace("ERROR:  throwing 1346458189."));
 }
 
-TEST(ThrowAIErr, NegativeCodesKeepTheirSign)
+TEST(ThrowAIErr, PrintsTheSignOfANegativeCode)
 {
     ClearTraces();
     EXPECT_THROW(ThrowAIErr(-1), int);

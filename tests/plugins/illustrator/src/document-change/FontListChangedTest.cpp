@@ -1,5 +1,5 @@
 #include "DocumentHandlers.h"
-#include "UsageTest.h"
+#include "UsageFixture.h"
 
 using ::testing::IsEmpty;
 
@@ -7,18 +7,18 @@ namespace {
 
 constexpr char kFontListChanged[] = "AI Font List Changed Notifier";
 
-class FontListChanged : public UsageTest {};
+class FontListChanged : public UsageFixture {};
 
-TEST_F(FontListChanged, NullMessageIsAParameterError)
+TEST_F(FontListChanged, RejectsANullMessage)
 {
-    EXPECT_EQ(HandleFontListChangedNotifier(nullptr), kParameterError);
+    EXPECT_EQ(kHostBadParameter, HandleFontListChangedNotifier(nullptr));
 }
 
-TEST_F(FontListChanged, IsSubscribedAndTracedAndNothingComesOfIt)
+TEST_F(FontListChanged, OnlyTracesTheSubscribedNotifier)
 {
     _t_AIDocument* const document = AddDocument("/a.ai", {"A"});
-    ASSERT_NE(host.NotifierHandle(kFontListChanged), nullptr);
-    EXPECT_EQ(SendNotifier(kFontListChanged, document), 0);
+    ASSERT_NE(nullptr, host.NotifierHandle(kFontListChanged));
+    EXPECT_EQ(0, SendNotifier(kFontListChanged, document));
     EXPECT_TRUE(HasTraceBeginningWith("Entering HandleFontListChangedNotifier"));
     EXPECT_FALSE(HasTraceBeginningWith("UNHANDLED NOTIFIER MESSAGE TYPE"));
     EXPECT_THAT(core->calls, IsEmpty());

@@ -9,7 +9,7 @@
 
 #include "DocumentHandlers.h"
 #include "DocumentRegistry.h"
-#include "UsageTest.h"
+#include "UsageFixture.h"
 
 inline const char* const kIsEnabled = "PluginIsEnabled(true, false)";
 
@@ -31,10 +31,10 @@ inline std::string Activate(const std::string& path, const std::string& usage)
     return "ActivateChosenFonts(\"" + path + "\", \"" + usage + "\", 0)";
 }
 
-// Closes documents whose records are put into the registry as an open or a change has left them.
-class CloseTest : public UsageTest {
+// Closes documents; their records are written to the registry directly.
+class CloseFixture : public UsageFixture {
 protected:
-    CloseTest() { GiveNullForNoArt(); }
+    CloseFixture() { GiveNullForNoArt(); }
 
     static std::string HandleText(const void* document) { return Low32(document).substr(2); }
     static std::string Erased(const void* document, int count = 1)
@@ -43,7 +43,8 @@ protected:
                std::to_string(count) + " map entries.";
     }
 
-    // The host has closed the current document; another one is current then, or none.
+    // Sends the message that the document is closed. `current` is the index of the document that is
+    // current by then; -1 for none.
     AIErr SendClosed(_t_AIDocument* document, int current = -1)
     {
         host.currentDocument = current;
@@ -61,16 +62,16 @@ protected:
     static long ModificationTime(const std::string& path)
     {
         struct stat status = {};
-        EXPECT_EQ(stat(path.c_str(), &status), 0);
+        EXPECT_EQ(0, stat(path.c_str(), &status));
         return status.st_mtime;
     }
     static void SetModificationTime(const std::string& path, long seconds)
     {
         const timespec times[2] = {{seconds, 0}, {seconds, 0}};
-        EXPECT_EQ(utimensat(AT_FDCWD, path.c_str(), times, 0), 0);
+        EXPECT_EQ(0, utimensat(AT_FDCWD, path.c_str(), times, 0));
     }
-    // Where the line of exactly this text stands in the trace.
-    static std::size_t PlaceOf(const std::string& text)
+    // The index of the trace line with exactly this text.
+    static std::size_t IndexOf(const std::string& text)
     {
         const std::vector<std::string> texts = TraceTexts();
         for (std::size_t index = 0; index < texts.size(); ++index) {

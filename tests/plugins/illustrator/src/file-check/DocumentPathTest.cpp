@@ -3,40 +3,40 @@
 
 namespace {
 
-class DocumentPath : public MessageTest {
+class DocumentPath : public MessageFixture {
 protected:
     DocumentPath() { Start(); }
 };
 
-TEST_F(DocumentPath, WholePathAndName)
+TEST_F(DocumentPath, ReturnsTheFullPathOrTheName)
 {
     host.AddDocument("/folder/a.ai");
     std::string out = "before";
-    EXPECT_EQ(GetDocumentFileSpec(&out, false), 0);
-    EXPECT_EQ(out, "/folder/a.ai");
-    EXPECT_EQ(GetDocumentFileSpec(&out, true), 0);
-    EXPECT_EQ(out, "a.ai");
-    EXPECT_EQ(host.CountCalls("AIFilePathSuite.GetFullPath(\"/folder/a.ai\", false)"), 1U);
-    EXPECT_EQ(host.CountCalls("AIFilePathSuite.GetFileName(\"/folder/a.ai\", false)"), 1U);
+    EXPECT_EQ(0, GetDocumentFileSpec(&out, false));
+    EXPECT_EQ("/folder/a.ai", out);
+    EXPECT_EQ(0, GetDocumentFileSpec(&out, true));
+    EXPECT_EQ("a.ai", out);
+    EXPECT_EQ(1U, host.CountCalls("AIFilePathSuite.GetFullPath(\"/folder/a.ai\", false)"));
+    EXPECT_EQ(1U, host.CountCalls("AIFilePathSuite.GetFileName(\"/folder/a.ai\", false)"));
 }
 
-TEST_F(DocumentPath, FailureOfTheHostIsTheResultAndLeavesTheText)
+TEST_F(DocumentPath, ReturnsTheHostsFailureAndLeavesTheTextUnchanged)
 {
     std::string out = "before";
-    EXPECT_EQ(GetDocumentFileSpec(&out, false), 0x4E4F4443);
-    EXPECT_EQ(out, "before");
-    EXPECT_EQ(host.CountCalls("AIFilePathSuite."), 0U);
+    EXPECT_EQ(0x4E4F4443, GetDocumentFileSpec(&out, false));
+    EXPECT_EQ("before", out);
+    EXPECT_EQ(0U, host.CountCalls("AIFilePathSuite."));
 }
 
-TEST_F(DocumentPath, EmptyPathIsASuccessWithAnEmptyText)
+TEST_F(DocumentPath, SucceedsWithAnEmptyPath)
 {
     host.AddDocument("");
     std::string out = "before";
-    EXPECT_EQ(GetDocumentFileSpec(&out, false), 0);
-    EXPECT_EQ(out, "");
+    EXPECT_EQ(0, GetDocumentFileSpec(&out, false));
+    EXPECT_EQ("", out);
 }
 
-TEST_F(DocumentPath, ConversionThatFailsThrowsTheHostsError)
+TEST_F(DocumentPath, ThrowsTheHostsErrorIfTheConversionFails)
 {
     host.AddDocument("/a.ai");
     host.FailCall("AIFilePathSuite.GetFullPath", 1, 4711);
@@ -44,22 +44,22 @@ TEST_F(DocumentPath, ConversionThatFailsThrowsTheHostsError)
     EXPECT_THROW((void)GetDocumentFileSpec(&out, false), ai::Error);
 }
 
-TEST_F(DocumentPath, EmptyResultOfTheConversionIsMinusOne)
+TEST_F(DocumentPath, ConversionToAnEmptyTextReturnsMinusOne)
 {
     const ai::FilePath path;
     std::string out = "before";
-    EXPECT_EQ(GetAIPathAsUTF8String(path, out, false), -1);
-    EXPECT_EQ(out, "");
+    EXPECT_EQ(-1, GetAIPathAsUTF8String(path, out, false));
+    EXPECT_EQ("", out);
 }
 
-TEST_F(DocumentPath, FilledResultOfTheConversionIs0)
+TEST_F(DocumentPath, ConversionToAPathReturns0)
 {
     ScriptedFileFormatMessage message = host.FileFormatMessage("/folder/a.ai");
     std::string out = "before";
-    EXPECT_EQ(GetAIPathAsUTF8String(message.record.GetFilePath(), out, false), 0);
-    EXPECT_EQ(out, "/folder/a.ai");
-    EXPECT_EQ(GetAIPathAsUTF8String(message.record.GetFilePath(), out, true), 0);
-    EXPECT_EQ(out, "a.ai");
+    EXPECT_EQ(0, GetAIPathAsUTF8String(message.record.GetFilePath(), out, false));
+    EXPECT_EQ("/folder/a.ai", out);
+    EXPECT_EQ(0, GetAIPathAsUTF8String(message.record.GetFilePath(), out, true));
+    EXPECT_EQ("a.ai", out);
 }
 
 }  // namespace

@@ -3,7 +3,7 @@
 
 namespace {
 
-class EPSVersion8 : public MessageTest {
+class EPSVersion8 : public MessageFixture {
 protected:
     static std::string Lines(int count)
     {
@@ -15,42 +15,42 @@ protected:
     const std::string creator = "%%Creator: Adobe Illustrator(R) 8.0\n";
 };
 
-TEST_F(EPSVersion8, CreatorLineMakesItTrue)
+TEST_F(EPSVersion8, FindsTheCreatorLine)
 {
     EXPECT_TRUE(IsEPSVersion8(ScratchFile("a.eps", "%!PS\n" + creator + "%%EndComments\n")));
 }
 
-TEST_F(EPSVersion8, TextAnywhereInTheLineCounts)
+TEST_F(EPSVersion8, FindsTheTextAnywhereInALine)
 {
-    EXPECT_TRUE(IsEPSVersion8(
-        ScratchFile("a.txt", "before %Creator: Adobe Illustrator(R) 8.0.1 behind\n")));
+    EXPECT_TRUE(
+        IsEPSVersion8(ScratchFile("a.txt", "before %Creator: Adobe Illustrator(R) 8.0.1 after\n")));
 }
 
-TEST_F(EPSVersion8, OtherVersionsAreFalse)
+TEST_F(EPSVersion8, RejectsOtherVersions)
 {
     EXPECT_FALSE(IsEPSVersion8(ScratchFile("a.eps", "%%Creator: Adobe Illustrator(R) 9.0\n")));
     EXPECT_FALSE(IsEPSVersion8(ScratchFile("b.eps", "%%creator: adobe illustrator(r) 8.0\n")));
 }
 
-TEST_F(EPSVersion8, Line25CountsAndLine26DoesNot)
+TEST_F(EPSVersion8, SearchesLine25ButNotLine26)
 {
     EXPECT_TRUE(IsEPSVersion8(ScratchFile("25.eps", Lines(24) + creator)));
     EXPECT_FALSE(IsEPSVersion8(ScratchFile("26.eps", Lines(25) + creator)));
 }
 
-TEST_F(EPSVersion8, CarriageReturnsAloneMakeOneLongLine)
+TEST_F(EPSVersion8, TreatsTextWithoutLineFeedsAsOneLine)
 {
     std::string text;
     for (int line = 0; line < 40; ++line) text += "%%Line\r";
     EXPECT_TRUE(IsEPSVersion8(ScratchFile("a.eps", text + creator)));
 }
 
-TEST_F(EPSVersion8, LastLineNeedsNoEnd)
+TEST_F(EPSVersion8, FindsTheTextInALastLineWithoutALineFeed)
 {
     EXPECT_TRUE(IsEPSVersion8(ScratchFile("a.eps", "%Creator: Adobe Illustrator(R) 8.0")));
 }
 
-TEST_F(EPSVersion8, EmptyAndMissingFilesAreFalse)
+TEST_F(EPSVersion8, RejectsEmptyAndMissingFiles)
 {
     EXPECT_FALSE(IsEPSVersion8(ScratchFile("a.eps", "")));
     EXPECT_FALSE(IsEPSVersion8(scratch + "/missing.eps"));

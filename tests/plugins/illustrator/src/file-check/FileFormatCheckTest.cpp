@@ -14,7 +14,7 @@ const char* const kTwoFonts =
     R"({"DocumentFonts":[{"PostScriptName":"A"},{"PostScriptName":"B"}]})";
 const json kFonts = json::parse(R"([{"PostScriptName":"A"}])");
 
-class FileFormatCheck : public MessageTest {
+class FileFormatCheck : public MessageFixture {
 protected:
     FileFormatCheck() { Start(); }
 
@@ -27,37 +27,37 @@ protected:
 
 TEST_F(FileFormatCheck, StoresThePathUnderTheNullHandle)
 {
-    EXPECT_EQ(SendCheck("/folder/m\xC3\xBCll.ai"), -1);
-    EXPECT_EQ(GetFilePathForDocumentHandle(nullptr), "/folder/m\xC3\xBCll.ai");
+    EXPECT_EQ(-1, SendCheck("/folder/m\xC3\xBCll.ai"));
+    EXPECT_EQ("/folder/m\xC3\xBCll.ai", GetFilePathForDocumentHandle(nullptr));
 }
 
-TEST_F(FileFormatCheck, AsksTheHostForTheFullPathInItsPlainForm)
+TEST_F(FileFormatCheck, AsksTheHostForTheFullPath)
 {
-    EXPECT_EQ(SendCheck("/folder/a.ai"), -1);
-    EXPECT_EQ(host.CountCalls("AIFilePathSuite.GetFullPath(\"/folder/a.ai\", false)"), 1U);
-    EXPECT_EQ(host.CountCalls("AIFilePathSuite.GetFileName"), 0U);
+    EXPECT_EQ(-1, SendCheck("/folder/a.ai"));
+    EXPECT_EQ(1U, host.CountCalls("AIFilePathSuite.GetFullPath(\"/folder/a.ai\", false)"));
+    EXPECT_EQ(0U, host.CountCalls("AIFilePathSuite.GetFileName"));
 }
 
-TEST_F(FileFormatCheck, EmptyPathIsNeitherStoredNorChecked)
+TEST_F(FileFormatCheck, NeitherStoresNorChecksAnEmptyPath)
 {
     SetFilePathForDocumentHandle(nullptr, "/before.ai");
-    EXPECT_EQ(SendCheck(""), -1);
-    EXPECT_EQ(GetFilePathForDocumentHandle(nullptr), "/before.ai");
+    EXPECT_EQ(-1, SendCheck(""));
+    EXPECT_EQ("/before.ai", GetFilePathForDocumentHandle(nullptr));
     EXPECT_THAT(core->calls, IsEmpty());
 }
 
-TEST_F(FileFormatCheck, DisabledStoresThePathAndAsksNothingMore)
+TEST_F(FileFormatCheck, StoresOnlyThePathIfDisabled)
 {
     core->enabled = false;
-    EXPECT_EQ(SendCheck("/a.ai"), -1);
-    EXPECT_EQ(GetFilePathForDocumentHandle(nullptr), "/a.ai");
+    EXPECT_EQ(-1, SendCheck("/a.ai"));
+    EXPECT_EQ("/a.ai", GetFilePathForDocumentHandle(nullptr));
     EXPECT_THAT(core->calls, ElementsAre("PluginIsEnabled(true, false)"));
     EXPECT_FALSE(Suppressing());
 }
 
-TEST_F(FileFormatCheck, NothingToResolveStartsThePeriod)
+TEST_F(FileFormatCheck, StartsThePeriodIfThereIsNothingToResolve)
 {
-    EXPECT_EQ(SendCheck("/a.ai"), -1);
+    EXPECT_EQ(-1, SendCheck("/a.ai"));
     EXPECT_THAT(core->calls, ElementsAre("PluginIsEnabled(true, false)", Open("/a.ai", "")));
     EXPECT_TRUE(HasTrace("SetSuppressionOfMissingFontsDialog(until 15 seconds from now)"));
     FakeClock::Advance(14);
@@ -66,17 +66,17 @@ TEST_F(FileFormatCheck, NothingToResolveStartsThePeriod)
     EXPECT_FALSE(Suppressing());
 }
 
-TEST_F(FileFormatCheck, FileOfAnyKindIsChecked)
+TEST_F(FileFormatCheck, ChecksFilesOfAnyKind)
 {
-    EXPECT_EQ(SendCheck("/notes.txt"), -1);
+    EXPECT_EQ(-1, SendCheck("/notes.txt"));
     EXPECT_THAT(core->CalledNames(), ElementsAre("PluginIsEnabled", "HandleOpenExistingDocument"));
 }
 
-TEST_F(FileFormatCheck, ChosenFontsAreActivatedAndStartThePeriod)
+TEST_F(FileFormatCheck, ActivatesTheChosenFontsAndStartsThePeriod)
 {
     core->openAnswer = kTwoFonts;
     core->resolveAnswer = R"([{"PostScriptName":"B"}])";
-    EXPECT_EQ(SendCheck("/a.ai"), -1);
+    EXPECT_EQ(-1, SendCheck("/a.ai"));
     EXPECT_THAT(core->calls,
                 ElementsAre("PluginIsEnabled(true, false)", Open("/a.ai", ""),
                             "InvokeResolveDialog(\"" + std::string(kTwoFonts) + "\", 1048576)",
@@ -84,90 +84,90 @@ TEST_F(FileFormatCheck, ChosenFontsAreActivatedAndStartThePeriod)
     EXPECT_TRUE(Suppressing());
 }
 
-TEST_F(FileFormatCheck, HostsDefaultFontsAreTakenOutBeforeTheDialog)
+TEST_F(FileFormatCheck, RemovesTheHostsDefaultFontsBeforeTheDialog)
 {
     core->openAnswer = R"({ "LinkedDocuments":[], "DocumentFonts":)"
                        R"([{"PostScriptName":"HostSans-Bold"},{"PostScriptName":"A"}]})";
-    EXPECT_EQ(SendCheck("/a.ai"), -1);
+    EXPECT_EQ(-1, SendCheck("/a.ai"));
     EXPECT_THAT(
         core->calls,
         ::testing::Contains("InvokeResolveDialog(\"{\"DocumentFonts\":[{\"PostScriptName\":\"A\"}],"
                             "\"LinkedDocuments\":[]}\", 1048576)"));
 }
 
-TEST_F(FileFormatCheck, TextWithoutDefaultFontsKeepsItsBytes)
+TEST_F(FileFormatCheck, DoesNotReformatATextWithoutDefaultFonts)
 {
     core->openAnswer = R"({ "DocumentFonts" : [ {"PostScriptName":"A"} ] })";
-    EXPECT_EQ(SendCheck("/a.ai"), -1);
+    EXPECT_EQ(-1, SendCheck("/a.ai"));
     EXPECT_THAT(core->calls,
                 ::testing::Contains("InvokeResolveDialog(\"" + *core->openAnswer + "\", 1048576)"));
 }
 
-TEST_F(FileFormatCheck, EmptyListStillOpensTheDialog)
+TEST_F(FileFormatCheck, OpensTheDialogEvenForAnEmptyList)
 {
     core->openAnswer = R"({"DocumentFonts":[{"PostScriptName":"HostSans-Regular"}]})";
     core->resolveAnswer = "";
-    EXPECT_EQ(SendCheck("/a.ai"), -1);
+    EXPECT_EQ(-1, SendCheck("/a.ai"));
     EXPECT_THAT(core->calls,
                 ::testing::Contains("InvokeResolveDialog(\"{\"DocumentFonts\":[]}\", 1048576)"));
 }
 
-TEST_F(FileFormatCheck, DialogWithoutAChoiceIsTracedAndStartsNoPeriod)
+TEST_F(FileFormatCheck, TracesADialogWithoutAChoiceAndStartsNoPeriod)
 {
     core->openAnswer = kTwoFonts;
     core->resolveAnswer = "";
     core->resolveSize = 17;
-    EXPECT_EQ(SendCheck("/a.ai"), -1);
+    EXPECT_EQ(-1, SendCheck("/a.ai"));
     EXPECT_TRUE(HasTrace("InvokeResolveDialog(..., OUT bufSize=17) returned 0"));
     EXPECT_THAT(core->CalledNames(), ElementsAre("PluginIsEnabled", "HandleOpenExistingDocument",
                                                  "InvokeResolveDialog"));
     EXPECT_FALSE(Suppressing());
 }
 
-TEST_F(FileFormatCheck, DialogThatFailsWithoutAChoiceIsTracedWithItsStatus)
+TEST_F(FileFormatCheck, TracesTheStatusOfADialogThatFails)
 {
     core->openAnswer = kTwoFonts;
     core->resolveAnswer = "";
     core->statuses["InvokeResolveDialog"] = 9;
-    EXPECT_EQ(SendCheck("/a.ai"), -1);
+    EXPECT_EQ(-1, SendCheck("/a.ai"));
     EXPECT_TRUE(HasTrace("InvokeResolveDialog(..., OUT bufSize=1048576) returned 9"));
     EXPECT_FALSE(Suppressing());
 }
 
-TEST_F(FileFormatCheck, DialogThatFailsWithFontsActivatesThemWithoutAPeriod)
+TEST_F(FileFormatCheck, ActivatesTheFontsOfAFailedDialogWithoutAPeriod)
 {
     core->openAnswer = kTwoFonts;
     core->statuses["InvokeResolveDialog"] = 9;
-    EXPECT_EQ(SendCheck("/a.ai"), -1);
-    EXPECT_EQ(core->CalledNames().back(), "ActivateChosenFonts");
+    EXPECT_EQ(-1, SendCheck("/a.ai"));
+    EXPECT_EQ("ActivateChosenFonts", core->CalledNames().back());
     EXPECT_FALSE(Suppressing());
 }
 
-TEST_F(FileFormatCheck, FailedActivationStartsNoPeriod)
+TEST_F(FileFormatCheck, StartsNoPeriodIfTheActivationFails)
 {
     core->openAnswer = kTwoFonts;
     core->statuses["ActivateChosenFonts"] = 9;
-    EXPECT_EQ(SendCheck("/a.ai"), -1);
-    EXPECT_EQ(core->CalledNames().back(), "ActivateChosenFonts");
+    EXPECT_EQ(-1, SendCheck("/a.ai"));
+    EXPECT_EQ("ActivateChosenFonts", core->CalledNames().back());
     EXPECT_FALSE(Suppressing());
 }
 
-TEST_F(FileFormatCheck, StatusesOfTheFirstTwoCallsAreNotRead)
+TEST_F(FileFormatCheck, IgnoresTheStatusesOfTheFirstTwoCalls)
 {
     core->statuses["PluginIsEnabled"] = 9;
     core->statuses["HandleOpenExistingDocument"] = 9;
-    EXPECT_EQ(SendCheck("/a.ai"), -1);
-    EXPECT_EQ(core->CalledNames().back(), "HandleOpenExistingDocument");
+    EXPECT_EQ(-1, SendCheck("/a.ai"));
+    EXPECT_EQ("HandleOpenExistingDocument", core->CalledNames().back());
     EXPECT_TRUE(Suppressing());
 }
 
-TEST_F(FileFormatCheck, FontsGoInAsCompactText)
+TEST_F(FileFormatCheck, PassesTheFontsAsCompactText)
 {
     HandleCheckFileFormat("/a.ai", json::parse(R"([ {"PostScriptName": "Schrift-ü"} ])"));
     EXPECT_THAT(core->openTexts, ElementsAre("[{\"PostScriptName\":\"Schrift-\xC3\xBC\"}]"));
 }
 
-TEST_F(FileFormatCheck, FontsWithNothingToResolveStartThePeriodWithoutADialog)
+TEST_F(FileFormatCheck, StartsThePeriodForFontsWithNothingToResolve)
 {
     HandleCheckFileFormat("/a.ai", kFonts);
     EXPECT_THAT(core->calls, ElementsAre("PluginIsEnabled(true, false)",
@@ -175,42 +175,42 @@ TEST_F(FileFormatCheck, FontsWithNothingToResolveStartThePeriodWithoutADialog)
     EXPECT_TRUE(Suppressing());
 }
 
-TEST_F(FileFormatCheck, NullFontsGoInAsTheEmptyText)
+TEST_F(FileFormatCheck, PassesNullFontsAsAnEmptyText)
 {
     HandleCheckFileFormat("/a.ai", json());
     EXPECT_THAT(core->openTexts, ElementsAre(""));
 }
 
-TEST_F(FileFormatCheck, EmptyPathIsCheckedIfItIsAskedFor)
+TEST_F(FileFormatCheck, HandleCheckFileFormatAcceptsAnEmptyPath)
 {
     HandleCheckFileFormat("", json());
     EXPECT_THAT(core->calls, ::testing::Contains(Open("", "")));
 }
 
-TEST_F(FileFormatCheck, FontsThatAreNotUTF8ThrowTheLibrarysError)
+TEST_F(FileFormatCheck, ThrowsTheJsonErrorForFontsThatAreNotUTF8)
 {
     EXPECT_THROW(HandleCheckFileFormat("/a.ai", json("\xFF")), json::exception);
     EXPECT_THAT(core->CalledNames(), ElementsAre("PluginIsEnabled"));
 }
 
-TEST_F(FileFormatCheck, TextLongerThanTheBufferIsCutToIt)
+TEST_F(FileFormatCheck, CutsATextThatIsLongerThanTheBuffer)
 {
     const json fonts = std::string(kBufferSize + 100, 'x');
     HandleCheckFileFormat("/a.ai", fonts);
-    ASSERT_EQ(core->openTexts.size(), 1U);
-    EXPECT_EQ(core->openTexts[0], "\"" + std::string(kBufferSize - 1, 'x'));
+    ASSERT_EQ(1U, core->openTexts.size());
+    EXPECT_EQ("\"" + std::string(kBufferSize - 1, 'x'), core->openTexts[0]);
 }
 
-TEST_F(FileFormatCheck, TextOfExactlyTheBufferIsWhole)
+TEST_F(FileFormatCheck, DoesNotCutATextThatFillsTheBuffer)
 {
     const json fonts = std::string(kBufferSize - 2, 'x');
     HandleCheckFileFormat("/a.ai", fonts);
-    ASSERT_EQ(core->openTexts.size(), 1U);
-    EXPECT_EQ(core->openTexts[0], fonts.dump());
+    ASSERT_EQ(1U, core->openTexts.size());
+    EXPECT_EQ(fonts.dump(), core->openTexts[0]);
 }
 
-// The size goes by pointer through all calls, so what one leaves there the next is told.
-TEST_F(FileFormatCheck, SizeThatOpeningLeftIsTheDialogsSize)
+// All calls get a pointer to the same size variable.
+TEST_F(FileFormatCheck, PassesTheSizeThatOpeningLeftToTheDialog)
 {
     core.Loader().pfHandleOpenExistingDocument = [](const char*, char* ioJson, size_t* ioSize,
                                                     int*) -> unsigned int {
@@ -219,13 +219,12 @@ TEST_F(FileFormatCheck, SizeThatOpeningLeftIsTheDialogsSize)
         *ioSize = 77;
         return 0;
     };
-    EXPECT_EQ(SendCheck("/a.ai"), -1);
+    EXPECT_EQ(-1, SendCheck("/a.ai"));
     EXPECT_THAT(core->calls,
                 ::testing::Contains("InvokeResolveDialog(\"[{\"PostScriptName\":\"A\"}]\", 77)"));
 }
 
-// The copy of the filtered text is cut at what opening left as the size.
-TEST_F(FileFormatCheck, FilteredTextIsCutAtTheSizeThatOpeningLeft)
+TEST_F(FileFormatCheck, CutsTheFilteredTextAtTheSizeThatOpeningLeft)
 {
     core.Loader().pfHandleOpenExistingDocument = [](const char*, char* ioJson, size_t* ioSize,
                                                     int*) -> unsigned int {
@@ -235,13 +234,13 @@ TEST_F(FileFormatCheck, FilteredTextIsCutAtTheSizeThatOpeningLeft)
         return 0;
     };
     HandleCheckFileFormat("/a.ai", json());
-    // The ten bytes of the cut stand in front of whatever the buffer held behind them.
+    // The bytes after the first ten don't matter.
     const std::string call = core->calls[1];
-    EXPECT_EQ(call.compare(0, 31, "InvokeResolveDialog(\"[{\"PostScr"), 0) << call;
-    EXPECT_EQ(call.substr(call.size() - 4), " 10)");
+    EXPECT_EQ(0, call.compare(0, 31, "InvokeResolveDialog(\"[{\"PostScr")) << call;
+    EXPECT_EQ(" 10)", call.substr(call.size() - 4));
 }
 
-TEST_F(FileFormatCheck, SizeBeyondTheBufferDoesNoHarm)
+TEST_F(FileFormatCheck, AcceptsASizeLargerThanTheBuffer)
 {
     core.Loader().pfHandleOpenExistingDocument = [](const char*, char* ioJson, size_t* ioSize,
                                                     int*) -> unsigned int {
@@ -255,8 +254,8 @@ TEST_F(FileFormatCheck, SizeBeyondTheBufferDoesNoHarm)
                                  "InvokeResolveDialog(\"[{\"PostScriptName\":\"A\"}]\", 4194304)"));
 }
 
-// Numbers grow when they are written anew, so the filtered text can be longer than what came.
-TEST_F(FileFormatCheck, FilteredTextLongerThanTheBufferIsCutToIt)
+// Numbers can get longer when they are written again, and so can the filtered text.
+TEST_F(FileFormatCheck, CutsAFilteredTextThatIsLongerThanTheBuffer)
 {
     core.Loader().pfHandleOpenExistingDocument = [](const char*, char* ioJson, size_t* ioSize,
                                                     int*) -> unsigned int {
@@ -276,17 +275,17 @@ TEST_F(FileFormatCheck, FilteredTextLongerThanTheBufferIsCutToIt)
     EXPECT_TRUE(HasTrace("InvokeResolveDialog(..., OUT bufSize=1048576) returned 0"));
 }
 
-TEST_F(FileFormatCheck, BrokenTextFromPluginCoreThrowsTheLibrarysError)
+TEST_F(FileFormatCheck, ThrowsTheJsonErrorForMalformedTextOfPluginCore)
 {
     core->openAnswer = "[{";
     EXPECT_THROW(HandleCheckFileFormat("/a.ai", json()), json::exception);
-    EXPECT_EQ(core->CalledNames().back(), "HandleOpenExistingDocument");
+    EXPECT_EQ("HandleOpenExistingDocument", core->CalledNames().back());
 }
 
-TEST_F(FileFormatCheck, PathOfTheMessageComesInUTF8)
+TEST_F(FileFormatCheck, ReadsThePathOfTheMessageAsUTF8)
 {
     ScriptedFileFormatMessage message = host.FileFormatMessage("/\xE6\x96\x87.ai");
-    EXPECT_EQ(GetDocumentPathFromFileFormatMessage(&message.record), "/\xE6\x96\x87.ai");
+    EXPECT_EQ("/\xE6\x96\x87.ai", GetDocumentPathFromFileFormatMessage(&message.record));
 }
 
 }  // namespace

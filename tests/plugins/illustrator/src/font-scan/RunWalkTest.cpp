@@ -6,7 +6,7 @@ using ::testing::IsEmpty;
 
 namespace {
 
-class RunWalk : public MessageTest {
+class RunWalk : public MessageFixture {
 protected:
     RunWalk() { Start(); }
 
@@ -20,7 +20,7 @@ protected:
     {
         std::vector<std::string> names;
         for (const SFontRecord& record : fonts) {
-            EXPECT_EQ(record.size(), 1U);
+            EXPECT_EQ(1U, record.size());
             names.push_back(record.at("PostScriptName"));
         }
         return names;
@@ -34,77 +34,77 @@ protected:
     FontList fonts;
 };
 
-TEST_F(RunWalk, FontsComeInOrderOfFirstAppearance)
+TEST_F(RunWalk, ListsFontsInOrderOfFirstAppearance)
 {
     AddFrames({{"X", "B"}, {"A", "X"}});
-    EXPECT_EQ(Walk(), 0);
+    EXPECT_EQ(0, Walk());
     EXPECT_THAT(Names(), ElementsAre("X", "B", "A"));
 }
 
-TEST_F(RunWalk, AsksForTextFramesOfAnyAttribute)
+TEST_F(RunWalk, SearchesTextFramesWithAnyAttribute)
 {
     AddFrames({{"A"}});
-    EXPECT_EQ(Walk(), 0);
+    EXPECT_EQ(0, Walk());
     EXPECT_THAT(host.Calls("AIMatchingArtSuite"),
                 ElementsAre("AIMatchingArtSuite.GetMatchingArt({12, 0, 0}, 1)"));
     EXPECT_THAT(host.Calls("AIMdMemorySuite"),
                 ElementsAre("AIMdMemorySuite.MdMemoryDisposeHandle()"));
-    EXPECT_EQ(host.LiveArtArrays(), 0U);
+    EXPECT_EQ(0U, host.LiveArtArrays());
 }
 
-TEST_F(RunWalk, TraceTellsTheStatusAndNotTheCode)
+TEST_F(RunWalk, TracesTheStatusAndNotTheHostsCode)
 {
     AddFrames({{"A"}, {"A"}});
-    EXPECT_EQ(Walk(), 0);
+    EXPECT_EQ(0, Walk());
     EXPECT_TRUE(HasTrace(Matched(2)));
 }
 
-TEST_F(RunWalk, TwoFramesInOneFontAreOneRecord)
+TEST_F(RunWalk, ListsAFontOfTwoFramesOnce)
 {
     AddFrames({{"A"}, {"A"}});
-    EXPECT_EQ(Walk(), 0);
+    EXPECT_EQ(0, Walk());
     EXPECT_THAT(Names(), ElementsAre("A"));
-    EXPECT_EQ(CountTraces("AddNewFontNameFromTextArt() added 'A'"), 1U);
-    EXPECT_EQ(CountTraces("AddNewFontNameFromTextArt() ignored duplicate font 'A'"), 1U);
+    EXPECT_EQ(1U, CountTraces("AddNewFontNameFromTextArt() added 'A'"));
+    EXPECT_EQ(1U, CountTraces("AddNewFontNameFromTextArt() ignored duplicate font 'A'"));
 }
 
-TEST_F(RunWalk, NamesThatDifferInCaseAreTwoFonts)
+TEST_F(RunWalk, ListsNamesThatDifferInCase)
 {
     AddFrames({{"Font-A", "font-a"}});
-    EXPECT_EQ(Walk(), 0);
+    EXPECT_EQ(0, Walk());
     EXPECT_THAT(Names(), ElementsAre("Font-A", "font-a"));
 }
 
-TEST_F(RunWalk, DocumentWithoutFramesIsUnknown)
+TEST_F(RunWalk, ReturnsUnknownWithoutFrames)
 {
     AddFrames({});
-    EXPECT_EQ(Walk(), kUnknownStatus);
+    EXPECT_EQ(kUnknownStatus, Walk());
     EXPECT_THAT(Names(), IsEmpty());
     EXPECT_TRUE(HasTrace(Matched(0)));
-    EXPECT_EQ(host.LiveArtArrays(), 0U);
+    EXPECT_EQ(0U, host.LiveArtArrays());
 }
 
-TEST_F(RunWalk, NullHandleIsUnknown)
+TEST_F(RunWalk, ReturnsUnknownForANullArray)
 {
     AddFrames({});
     host.GiveNull("AIMatchingArtSuite.GetMatchingArt");
-    EXPECT_EQ(Walk(), kUnknownStatus);
-    EXPECT_EQ(host.CountCalls("AIMdMemorySuite"), 0U);
+    EXPECT_EQ(kUnknownStatus, Walk());
+    EXPECT_EQ(0U, host.CountCalls("AIMdMemorySuite"));
 }
 
-TEST_F(RunWalk, FailedMatchIsUnknownAndTracedAsSuch)
+TEST_F(RunWalk, ReturnsAndTracesUnknownIfTheSearchFails)
 {
     AddFrames({{"A"}});
     host.FailCall("AIMatchingArtSuite.GetMatchingArt", 1, 4711);
-    EXPECT_EQ(Walk(), kUnknownStatus);
+    EXPECT_EQ(kUnknownStatus, Walk());
     EXPECT_TRUE(HasTrace(Matched(0)));
     EXPECT_THAT(Names(), IsEmpty());
 }
 
-TEST_F(RunWalk, DefaultFontsAreLeftOut)
+TEST_F(RunWalk, SkipsDefaultFonts)
 {
     AddFrames({{"HostSans-Bold", "A"}});
-    EXPECT_EQ(Walk(), 0);
+    EXPECT_EQ(0, Walk());
     EXPECT_THAT(Names(), ElementsAre("A"));
     EXPECT_TRUE(HasTrace(
         "AddNewFontNameFromTextArt() ignoring 'HostSans-Bold' (Illustrator default font)."));
@@ -112,51 +112,51 @@ TEST_F(RunWalk, DefaultFontsAreLeftOut)
         HasTrace("WARNING: for text frame 0, AddNewFontNameFromTextArt() returned 352321536"));
 }
 
-TEST_F(RunWalk, LastRunInADefaultFontMakesTheStatusUnknown)
+TEST_F(RunWalk, ReturnsUnknownIfTheLastRunIsInADefaultFont)
 {
     AddFrames({{"A"}, {"B", "HostSans-Regular"}});
-    EXPECT_EQ(Walk(), kUnknownStatus);
+    EXPECT_EQ(kUnknownStatus, Walk());
     EXPECT_THAT(Names(), ElementsAre("A", "B"));
     EXPECT_TRUE(
         HasTrace("WARNING: for text frame 1, AddNewFontNameFromTextArt() returned 352321536"));
 }
 
-TEST_F(RunWalk, LaterRunInAnotherFontMakesItZeroAgain)
+TEST_F(RunWalk, ReturnsZeroIfALaterRunIsInAnotherFont)
 {
     AddFrames({{"HostSans-Regular"}, {"A"}});
-    EXPECT_EQ(Walk(), 0);
+    EXPECT_EQ(0, Walk());
 }
 
-TEST_F(RunWalk, FrameWithoutRunsLeavesTheZeroOfItsRange)
+TEST_F(RunWalk, ReturnsZeroIfTheLastFrameHasNoRuns)
 {
     AddFrames({{"HostSans-Regular"}, {}});
-    EXPECT_EQ(Walk(), 0);
+    EXPECT_EQ(0, Walk());
     EXPECT_THAT(Names(), IsEmpty());
 }
 
-TEST_F(RunWalk, FrameWithoutARangeIsSkipped)
+TEST_F(RunWalk, SkipsAFrameWithoutARange)
 {
     AddFrames({{"A"}, {"B"}, {"C"}});
     host.FailCall("AITextFrameSuite.GetATETextRange", 2, 4711);
-    EXPECT_EQ(Walk(), 0);
+    EXPECT_EQ(0, Walk());
     EXPECT_THAT(Names(), ElementsAre("A", "C"));
     EXPECT_TRUE(
         HasTrace("ERROR: sTextFrameSuite->GetATETextRange(AIArtHandle index=1) returned 4711"));
 }
 
-TEST_F(RunWalk, LastFrameWithoutARangeGivesTheStatus)
+TEST_F(RunWalk, ReturnsTheCodeOfALastFrameWithoutARange)
 {
     AddFrames({{"A"}, {"B"}});
     host.FailCall("AITextFrameSuite.GetATETextRange", 2, 4711);
-    EXPECT_EQ(Walk(), 4711);
+    EXPECT_EQ(4711, Walk());
     EXPECT_THAT(Names(), ElementsAre("A"));
 }
 
-TEST_F(RunWalk, RunWhoseFontCannotBeReadIsSkipped)
+TEST_F(RunWalk, SkipsARunWhoseFontCannotBeRead)
 {
     AddFrames({{"A", "B", "C"}});
     host.FailCall("AIFontSuite.FontKeyFromFontRef", 2, 4711);
-    EXPECT_EQ(Walk(), 0);
+    EXPECT_EQ(0, Walk());
     EXPECT_THAT(Names(), ElementsAre("A", "C"));
     EXPECT_TRUE(HasTrace("ERROR:  GetTextRunFaceStyle() returned 4711"));
     EXPECT_TRUE(
@@ -165,23 +165,22 @@ TEST_F(RunWalk, RunWhoseFontCannotBeReadIsSkipped)
 
 class RunWalkTextEngine : public RunWalk, public ::testing::WithParamInterface<const char*> {};
 
-// A failure of the walk itself ends the frame, with the code as the status so far.
-TEST_P(RunWalkTextEngine, FailureEndsTheFrameAndNotTheWalk)
+TEST_P(RunWalkTextEngine, FailureEndsTheFrameButNotTheWalk)
 {
     AddFrames({{"A", "B"}, {"C"}});
     host.FailCall(GetParam(), 1, 4711);
-    EXPECT_EQ(Walk(), 0);
-    EXPECT_EQ(Names().back(), "C");
-    EXPECT_EQ(host.LiveReferences(), 0U);
+    EXPECT_EQ(0, Walk());
+    EXPECT_EQ("C", Names().back());
+    EXPECT_EQ(0U, host.LiveReferences());
 }
 
-TEST_P(RunWalkTextEngine, FailureInTheLastFrameIsTheStatus)
+TEST_P(RunWalkTextEngine, ReturnsTheCodeOfAFailureInTheLastFrame)
 {
     AddFrames({{"A", "B"}});
     host.FailCall(GetParam(), 1, 4711);
-    EXPECT_EQ(Walk(), 4711);
-    EXPECT_EQ(host.LiveReferences(), 0U);
-    EXPECT_EQ(host.LiveArtArrays(), 0U);
+    EXPECT_EQ(4711, Walk());
+    EXPECT_EQ(0U, host.LiveReferences());
+    EXPECT_EQ(0U, host.LiveArtArrays());
 }
 
 INSTANTIATE_TEST_SUITE_P(Operations, RunWalkTextEngine,
@@ -194,30 +193,30 @@ INSTANTIATE_TEST_SUITE_P(Operations, RunWalkTextEngine,
                              return name.substr(name.rfind('.') + 1);
                          });
 
-TEST_F(RunWalk, ListOfTheCallerIsContinued)
+TEST_F(RunWalk, AppendsToTheCallersList)
 {
     AddFrames({{"A"}});
-    EXPECT_EQ(Walk(), 0);
-    EXPECT_EQ(Walk(), 0);
+    EXPECT_EQ(0, Walk());
+    EXPECT_EQ(0, Walk());
     EXPECT_THAT(Names(), ElementsAre("A"));
 }
 
-TEST_F(RunWalk, RunWhoseFontCannotBeToldIsSkippedAlone)
+TEST_F(RunWalk, SkipsOnlyTheRunWhoseFontCannotBeRead)
 {
     AddFrames({{"A", "B"}});
     host.FailCall("AIFontSuite.FontKeyFromFontRef", 1, 4711);
-    EXPECT_EQ(Walk(), 0);
+    EXPECT_EQ(0, Walk());
     EXPECT_THAT(Names(), ElementsAre("B"));
-    EXPECT_EQ(host.LiveReferences(), 0U);
+    EXPECT_EQ(0U, host.LiveReferences());
 }
 
-TEST_F(RunWalk, OtherExceptionsPassAndLeaveWhatWasFound)
+TEST_F(RunWalk, OtherExceptionsPassThroughAndKeepTheFontsFound)
 {
     AddFrames({{"A", "B"}});
     host.OnCall("ATE TextRunsIterator.Next", [] { throw std::runtime_error("other"); });
     EXPECT_THROW((void)Walk(), std::runtime_error);
     EXPECT_THAT(Names(), ElementsAre("A"));
-    EXPECT_EQ(host.LiveReferences(), 0U);
+    EXPECT_EQ(0U, host.LiveReferences());
     host.artArrays.clear();
 }
 

@@ -5,7 +5,7 @@ using ::testing::ElementsAre;
 
 namespace {
 
-class UsedFonts : public MessageTest {
+class UsedFonts : public MessageFixture {
 protected:
     UsedFonts()
     {
@@ -15,7 +15,7 @@ protected:
         document.storyFonts = {"A", "HostSans-Regular", "A"};
     }
     ScriptedDocument& Document() { return host.documents.back(); }
-    // The int that the scan throws.
+    // Calls IterateUsedFonts and returns the int that it throws.
     int Thrown(json& fonts)
     {
         try {
@@ -28,20 +28,21 @@ protected:
     }
 };
 
-TEST_F(UsedFonts, EveryFontIsAppendedRepeatsAndDefaultsIncluded)
+TEST_F(UsedFonts, AppendsEveryFontWithRepeatsAndDefaultFonts)
 {
     json fonts;
-    EXPECT_EQ(IterateUsedFonts(fonts), 0);
-    EXPECT_EQ(fonts.dump(), R"([{"PostScriptName":"A"},{"PostScriptName":"HostSans-Regular"},)"
-                            R"({"PostScriptName":"A"}])");
-    EXPECT_EQ(CountTraces("Name of used font: A"), 2U);
-    EXPECT_EQ(CountTraces("Name of used font: HostSans-Regular"), 1U);
+    EXPECT_EQ(0, IterateUsedFonts(fonts));
+    EXPECT_EQ(R"([{"PostScriptName":"A"},{"PostScriptName":"HostSans-Regular"},)"
+              R"({"PostScriptName":"A"}])",
+              fonts.dump());
+    EXPECT_EQ(2U, CountTraces("Name of used font: A"));
+    EXPECT_EQ(1U, CountTraces("Name of used font: HostSans-Regular"));
 }
 
-TEST_F(UsedFonts, EntersThroughTheFirstFrameAlone)
+TEST_F(UsedFonts, UsesOnlyTheFirstFrame)
 {
     json fonts;
-    EXPECT_EQ(IterateUsedFonts(fonts), 0);
+    EXPECT_EQ(0, IterateUsedFonts(fonts));
     EXPECT_THAT(host.Calls("AITextFrameSuite"),
                 ElementsAre("AITextFrameSuite.GetATETextFrame(frame 0)"));
     EXPECT_THAT(
@@ -50,28 +51,28 @@ TEST_F(UsedFonts, EntersThroughTheFirstFrameAlone)
                     "AIArtSetSuite.CountArtSet()", "AIArtSetSuite.IndexArtSet(0)"));
 }
 
-TEST_F(UsedFonts, OneArtSetStaysWithTheHost)
+TEST_F(UsedFonts, LeavesOneArtSetToTheHost)
 {
     json fonts;
-    EXPECT_EQ(IterateUsedFonts(fonts), 0);
-    EXPECT_EQ(host.LiveArtSets(), 1U);
-    EXPECT_EQ(host.LiveReferences(), 0U);
+    EXPECT_EQ(0, IterateUsedFonts(fonts));
+    EXPECT_EQ(1U, host.LiveArtSets());
+    EXPECT_EQ(0U, host.LiveReferences());
 }
 
-TEST_F(UsedFonts, NullFontsAreSkippedWithoutATrace)
+TEST_F(UsedFonts, SkipsNullFontsWithoutATrace)
 {
     Document().storyFonts = {kNullFont, "B"};
     json fonts;
-    EXPECT_EQ(IterateUsedFonts(fonts), 0);
-    EXPECT_EQ(fonts.dump(), R"([{"PostScriptName":"B"}])");
-    EXPECT_EQ(host.CountCalls("AIFontSuite.FontKeyFromFontRef"), 1U);
+    EXPECT_EQ(0, IterateUsedFonts(fonts));
+    EXPECT_EQ(R"([{"PostScriptName":"B"}])", fonts.dump());
+    EXPECT_EQ(1U, host.CountCalls("AIFontSuite.FontKeyFromFontRef"));
 }
 
-TEST_F(UsedFonts, NullFontsAloneLeaveTheValueNull)
+TEST_F(UsedFonts, LeavesTheValueNullIfAllFontsAreNull)
 {
     Document().storyFonts = {kNullFont};
     json fonts;
-    EXPECT_EQ(IterateUsedFonts(fonts), 0);
+    EXPECT_EQ(0, IterateUsedFonts(fonts));
     EXPECT_TRUE(fonts.is_null());
 }
 
@@ -79,41 +80,40 @@ TEST_F(UsedFonts, NameBufferIs8192Bytes)
 {
     Document().storyFonts = {std::string(8192, 'x')};
     json fonts;
-    EXPECT_EQ(IterateUsedFonts(fonts), 0);
-    EXPECT_EQ(fonts.at(0).at("PostScriptName"), std::string(8191, 'x'));
-    EXPECT_EQ(host.CountCalls("AIFontSuite.GetPostScriptFontName(font " + std::string(8192, 'x') +
-                              ", 8192)"),
-              1U);
+    EXPECT_EQ(0, IterateUsedFonts(fonts));
+    EXPECT_EQ(std::string(8191, 'x'), fonts.at(0).at("PostScriptName"));
+    EXPECT_EQ(1U, host.CountCalls("AIFontSuite.GetPostScriptFontName(font " +
+                                  std::string(8192, 'x') + ", 8192)"));
 }
 
-TEST_F(UsedFonts, NoFramesAreAThrownParameterError)
+TEST_F(UsedFonts, ThrowsAnErrorWithoutFrames)
 {
     Document().frames.clear();
     json fonts;
-    EXPECT_EQ(Thrown(fonts), kParameterError);
+    EXPECT_EQ(kHostBadParameter, Thrown(fonts));
     EXPECT_TRUE(fonts.is_null());
     EXPECT_TRUE(HasTrace("ERROR:  throwing 1346458189."));
 }
 
-TEST_F(UsedFonts, NoFontsAreAThrownParameterError)
+TEST_F(UsedFonts, ThrowsAnErrorWithoutFonts)
 {
     Document().storyFonts.clear();
     json fonts;
-    EXPECT_EQ(Thrown(fonts), kParameterError);
+    EXPECT_EQ(kHostBadParameter, Thrown(fonts));
     EXPECT_TRUE(fonts.is_null());
-    EXPECT_EQ(host.LiveReferences(), 0U);
+    EXPECT_EQ(0U, host.LiveReferences());
 }
 
 class UsedFontsHostCall : public UsedFonts, public ::testing::WithParamInterface<const char*> {};
 
-TEST_P(UsedFontsHostCall, FailureIsThrownAsInt)
+TEST_P(UsedFontsHostCall, ThrowsTheCodeAsInt)
 {
     host.FailCall(GetParam(), 1, 4711);
     json fonts;
-    EXPECT_EQ(Thrown(fonts), 4711);
+    EXPECT_EQ(4711, Thrown(fonts));
     EXPECT_TRUE(HasTrace("ERROR:  throwing 4711."));
     EXPECT_TRUE(fonts.is_null());
-    EXPECT_EQ(host.CountCalls("AIArtSetSuite.DisposeArtSet"), 0U);
+    EXPECT_EQ(0U, host.CountCalls("AIArtSetSuite.DisposeArtSet"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Operations, UsedFontsHostCall,
@@ -130,13 +130,13 @@ INSTANTIATE_TEST_SUITE_P(Operations, UsedFontsHostCall,
 
 class UsedFontsTextEngine : public UsedFonts, public ::testing::WithParamInterface<const char*> {};
 
-TEST_P(UsedFontsTextEngine, FailureIsTheResult)
+TEST_P(UsedFontsTextEngine, ReturnsTheCode)
 {
     host.FailCall(GetParam(), 1, 4711);
     json fonts;
-    EXPECT_EQ(IterateUsedFonts(fonts), 4711);
+    EXPECT_EQ(4711, IterateUsedFonts(fonts));
     EXPECT_TRUE(fonts.is_null());
-    EXPECT_EQ(host.LiveReferences(), 0U);
+    EXPECT_EQ(0U, host.LiveReferences());
 }
 
 INSTANTIATE_TEST_SUITE_P(Operations, UsedFontsTextEngine,
@@ -151,56 +151,56 @@ INSTANTIATE_TEST_SUITE_P(Operations, UsedFontsTextEngine,
                              return name;
                          });
 
-TEST_F(UsedFonts, FailureMidwayKeepsWhatWasAppended)
+TEST_F(UsedFonts, KeepsTheFontsAppendedBeforeAFailure)
 {
     host.FailCall("AIFontSuite.FontKeyFromFontRef", 2, 4711);
     json fonts;
-    EXPECT_EQ(Thrown(fonts), 4711);
-    EXPECT_EQ(fonts.dump(), R"([{"PostScriptName":"A"}])");
+    EXPECT_EQ(4711, Thrown(fonts));
+    EXPECT_EQ(R"([{"PostScriptName":"A"}])", fonts.dump());
 }
 
-TEST_F(UsedFonts, SecondCallAppends)
+TEST_F(UsedFonts, AppendsToAnExistingArray)
 {
     json fonts = json::array({"before"});
-    EXPECT_EQ(IterateUsedFonts(fonts), 0);
-    EXPECT_EQ(fonts.size(), 4U);
+    EXPECT_EQ(0, IterateUsedFonts(fonts));
+    EXPECT_EQ(4U, fonts.size());
 }
 
-TEST_F(UsedFonts, ArtSetFailureLeavesTheSetUndisposed)
+TEST_F(UsedFonts, ArtSetFailureDoesNotDisposeOfTheSet)
 {
     host.FailCall("AIArtSetSuite.MatchingArtSet", 1, 4711);
     AIArtSpec spec(12, 0, 0);
     AIArtSet set = nullptr;
     EXPECT_THROW((void)GetTextFrameArtSet(&spec, 1, set), int);
-    EXPECT_NE(set, nullptr);
-    EXPECT_EQ(host.LiveArtSets(), 1U);
+    EXPECT_NE(nullptr, set);
+    EXPECT_EQ(1U, host.LiveArtSets());
 }
 
 TEST_F(UsedFonts, ArtSetHoldsTheMatches)
 {
     AIArtSpec spec(12, 0, 0);
     AIArtSet set = nullptr;
-    EXPECT_EQ(GetTextFrameArtSet(&spec, 1, set), 0);
+    EXPECT_EQ(0, GetTextFrameArtSet(&spec, 1, set));
     int count = 0;
-    EXPECT_EQ(gArtSetSuite->CountArtSet(set, &count), 0);
-    EXPECT_EQ(count, 2);
+    EXPECT_EQ(0, gArtSetSuite->CountArtSet(set, &count));
+    EXPECT_EQ(2, count);
 }
 
-TEST_F(UsedFonts, StringFailureInTheArtSetGivesItsCodeAndDisposesOfTheSet)
+TEST_F(UsedFonts, AiErrorInTheArtSetIsReturnedAndDisposesOfTheSet)
 {
     host.OnCall("AIArtSetSuite.MatchingArtSet", [] { throw ai::Error(77); });
     AIArtSpec spec(12, 0, 0);
     AIArtSet set = nullptr;
-    EXPECT_EQ(GetTextFrameArtSet(&spec, 1, set), 77);
-    EXPECT_EQ(set, nullptr);
-    EXPECT_EQ(host.LiveArtSets(), 0U);
+    EXPECT_EQ(77, GetTextFrameArtSet(&spec, 1, set));
+    EXPECT_EQ(nullptr, set);
+    EXPECT_EQ(0U, host.LiveArtSets());
 }
 
-TEST_F(UsedFonts, StringFailureInTheScanIsItsResult)
+TEST_F(UsedFonts, ReturnsTheCodeOfAnAiError)
 {
     host.OnCall("AIArtSetSuite.CountArtSet", [] { throw ai::Error(78); });
     json fonts;
-    EXPECT_EQ(IterateUsedFonts(fonts), 78);
+    EXPECT_EQ(78, IterateUsedFonts(fonts));
 }
 
 }  // namespace

@@ -6,19 +6,19 @@ inline const char* const kNoHandle =
     "Skipping workgroup menu rebuild because the menu handle is NULL";
 inline const char* const kNoGroup = "Could not retrieve the submenu group for the libraries menu";
 
-// A plug-in whose menus hold the item "Libraries", with the submenu of the libraries below it.
-class LibraryMenuTest : public RunningMenuTest {
+// A running plug-in whose menus have the item "Libraries" with the "Select Library" submenu.
+class LibraryMenuFixture : public RunningMenuFixture {
 protected:
-    LibraryMenuTest();
+    LibraryMenuFixture();
 
-    // A node per title, with "lib " before it as the id.
+    // One node per title; its id is "lib " and the title.
     static std::vector<json> Libraries(const std::vector<std::string>& titles);
-    // A tree with these nodes below "Select Library".
+    // A tree with these nodes in the "Select Library" submenu.
     static json With(const std::vector<json>& nodes);
-    // PluginCore asks for a rebuild while its menus are these.
+    // Calls the rebuild while PluginCore's menus are this tree or text.
     void Rebuild(const json& tree);
     void RebuildFromText(const std::string& text);
-    // The same for a rebuild that throws; whether it did.
+    // The same; returns whether the rebuild throws an Exception.
     template <class Exception>
     bool RebuildThrows(const json& tree)
     {
@@ -31,8 +31,10 @@ protected:
         return false;
     }
 
-    // The live items below the submenu, and whether a command on each passes the id of its node.
+    // The texts of the submenu's items.
     std::vector<std::string> Submenu();
+    // Expects that a command for each of these items passes the id of its node to PluginCore.
     void ExpectIdsPassed();
-    void ExpectNothingIsOut();
+    // Expects that the menu suite and all strings and paths are released.
+    void ExpectAllReleased();
 };

@@ -5,8 +5,8 @@ using ::testing::IsEmpty;
 
 namespace {
 
-// What a rebuild asks of a library's node.
-class LibraryNodes : public LibraryMenuTest {
+// What a rebuild requires of the node of a library.
+class LibraryNodes : public LibraryMenuFixture {
 protected:
     static json NodeWith(const char* key, const json& value)
     {
@@ -14,7 +14,7 @@ protected:
         node[key] = value;
         return node;
     }
-    // The middle one of three.
+    // A tree with three libraries, of which this is the middle one.
     static json WithMiddle(const json& node)
     {
         return With({Node("lib A", "A"), node, Node("lib C", "C")});
@@ -24,13 +24,13 @@ protected:
 TEST_F(LibraryNodes, EmptyTitleMakesASeparator)
 {
     Rebuild(With({Node("lib A", "A"), Node("line", "")}));
-    EXPECT_EQ(host.CountCalls("AIMenuSuite.AddMenuItem((null), \"Select Library\", \"\", 4)"), 1U);
-    EXPECT_EQ(IdPassedFor(Item("").handle), "\"line\"");
+    EXPECT_EQ(1U, host.CountCalls("AIMenuSuite.AddMenuItem((null), \"Select Library\", \"\", 4)"));
+    EXPECT_EQ("\"line\"", IdPassedFor(Item("").handle));
     Rebuild(With({}));
     EXPECT_THAT(Submenu(), IsEmpty());
 }
 
-TEST_F(LibraryNodes, NodeWhoseLabelIsNoTextIsSkipped)
+TEST_F(LibraryNodes, SkipsANodeWhoseLabelIsNoString)
 {
     for (const json& label : {json(5), json(nullptr), json(true), json::array(), json::object()}) {
         Rebuild(WithMiddle(NodeWith("label", label)));
@@ -38,7 +38,7 @@ TEST_F(LibraryNodes, NodeWhoseLabelIsNoTextIsSkipped)
     }
 }
 
-TEST_F(LibraryNodes, OtherMembersOfASkippedNodeAreNotConverted)
+TEST_F(LibraryNodes, DoesNotConvertOtherMembersOfASkippedNode)
 {
     json node = NodeWith("label", 5);
     node["id"] = 1;
@@ -49,7 +49,7 @@ TEST_F(LibraryNodes, OtherMembersOfASkippedNodeAreNotConverted)
     EXPECT_THAT(Submenu(), ElementsAre("A", "C"));
 }
 
-TEST_F(LibraryNodes, ChildMayBeAbsent)
+TEST_F(LibraryNodes, AcceptsANodeWithoutChild)
 {
     json node = Node("lib B", "B");
     node.erase("child");
@@ -57,7 +57,7 @@ TEST_F(LibraryNodes, ChildMayBeAbsent)
     EXPECT_THAT(Submenu(), ElementsAre("A", "B", "C"));
 }
 
-TEST_F(LibraryNodes, LibrariesThatAreNoArrayButEmptyAddNothing)
+TEST_F(LibraryNodes, AddsNothingForLibrariesThatAreNull)
 {
     json tree = With({});
     tree["child"][1]["child"] = nullptr;
@@ -67,12 +67,12 @@ TEST_F(LibraryNodes, LibrariesThatAreNoArrayButEmptyAddNothing)
 
 class AbsentMember : public LibraryNodes, public ::testing::WithParamInterface<const char*> {};
 
-TEST_P(AbsentMember, IsThrownToTheCallerAndKeepsTheItemsBefore)
+TEST_P(AbsentMember, ThrowsAndKeepsTheItemsBefore)
 {
     json node = Node("lib B", "B");
     node.erase(GetParam());
     EXPECT_TRUE(RebuildThrows<json::out_of_range>(WithMiddle(node)));
-    ExpectNothingIsOut();
+    ExpectAllReleased();
     EXPECT_THAT(Submenu(), ElementsAre("A"));
     EXPECT_FALSE(HasTraceBeginningWith("Error "));
     EXPECT_FALSE(HasTraceBeginningWith("AddIllustratorMenu result"));
@@ -81,7 +81,7 @@ TEST_P(AbsentMember, IsThrownToTheCallerAndKeepsTheItemsBefore)
     EXPECT_THAT(Submenu(), ElementsAre("D"));
 }
 
-TEST_P(AbsentMember, IsThrownEvenIfTheLabelIsNoText)
+TEST_P(AbsentMember, ThrowsEvenIfTheLabelIsNoString)
 {
     json node = NodeWith("label", 5);
     node.erase(GetParam());
@@ -99,11 +99,11 @@ void PrintTo(const BadMember& row, std::ostream* out) { *out << row.key << ": " 
 
 class WrongMember : public LibraryNodes, public ::testing::WithParamInterface<BadMember> {};
 
-TEST_P(WrongMember, IsThrownToTheCaller)
+TEST_P(WrongMember, ThrowsToTheCaller)
 {
     const json node = NodeWith(GetParam().key, json::parse(GetParam().value));
     EXPECT_TRUE(RebuildThrows<json::type_error>(WithMiddle(node)));
-    ExpectNothingIsOut();
+    ExpectAllReleased();
     EXPECT_THAT(Submenu(), ElementsAre("A"));
 }
 
@@ -115,64 +115,64 @@ INSTANTIATE_TEST_SUITE_P(
                       BadMember{"enabled", "1"}, BadMember{"enabled", "null"}),
     [](const auto& row) { return std::string(row.param.key) + "_" + std::to_string(row.index); });
 
-TEST_F(LibraryNodes, NodeThatIsNoObjectIsThrown)
+TEST_F(LibraryNodes, ThrowsForANodeThatIsNoObject)
 {
     for (const json& node : {json(5), json("text"), json(nullptr), json::array()}) {
         EXPECT_TRUE(RebuildThrows<json::type_error>(WithMiddle(node))) << node;
         EXPECT_THAT(Submenu(), ElementsAre("A")) << node;
     }
-    ExpectNothingIsOut();
+    ExpectAllReleased();
 }
 
-TEST_F(LibraryNodes, ItemThatCannotBeAddedStopsTheWalk)
+TEST_F(LibraryNodes, StopsAtAnItemThatCannotBeAdded)
 {
     host.FailCall("AIMenuSuite.AddMenuItem", 2, kHostError);
     Rebuild(With(Libraries({"A", "B", "C"})));
     EXPECT_THAT(Submenu(), ElementsAre("A"));
-    EXPECT_EQ(host.CountCalls("AIMenuSuite.AddMenuItem"), 2U);
-    EXPECT_EQ(CountTraces("AddIllustratorMenu result 4711"), 1U);
+    EXPECT_EQ(2U, host.CountCalls("AIMenuSuite.AddMenuItem"));
+    EXPECT_EQ(1U, CountTraces("AddIllustratorMenu result 4711"));
     ExpectIdsPassed();
 }
 
-TEST_F(LibraryNodes, NodesBehindTheStopAreNotRead)
+TEST_F(LibraryNodes, DoesNotReadNodesAfterAnItemThatCannotBeAdded)
 {
     host.FailCall("AIMenuSuite.AddMenuItem", 1, kHostError);
     EXPECT_FALSE(RebuildThrows<json::exception>(With({Node("lib A", "A"), json(5)})));
 }
 
-TEST_F(LibraryNodes, ItemThatCouldNotBeAddedLeavesANullOneToBeRemoved)
+TEST_F(LibraryNodes, RemovesTheNullItemOfAFailedOne)
 {
     host.FailCall("AIMenuSuite.AddMenuItem", 2, kHostError);
     Rebuild(With(Libraries({"A", "B"})));
-    EXPECT_EQ(IdPassedFor(nullptr), "\"lib B\"");
+    EXPECT_EQ("\"lib B\"", IdPassedFor(nullptr));
     Forget();
     Rebuild(With(Libraries({"A", "B"})));
     EXPECT_THAT(
         host.Calls("AIMenuSuite.RemoveMenuItem"),
         ElementsAre("AIMenuSuite.RemoveMenuItem(item A)", "AIMenuSuite.RemoveMenuItem(null)"));
-    EXPECT_EQ(CountTraces("Error 1346458189 in clearing workgroups menu"), 1U);
+    EXPECT_EQ(1U, CountTraces("Error 1346458189 in clearing workgroups menu"));
     EXPECT_THAT(Submenu(), ElementsAre("A", "B"));
-    EXPECT_EQ(IdPassedFor(nullptr), "\"\"");
+    EXPECT_EQ("\"\"", IdPassedFor(nullptr));
 }
 
-TEST_F(LibraryNodes, LibraryWithTheReservedLabelTakesTheSubmenusPlace)
+TEST_F(LibraryNodes, LibraryWithTheReservedLabelReplacesTheSubmenu)
 {
     json inner = Node("lib B", "B");
-    inner["label"] = kLibraryLabel;
+    inner["label"] = kSelectLibrary;
     Rebuild(WithMiddle(inner));
     EXPECT_THAT(Submenu(), ElementsAre("A", "B", "C"));
     Forget();
-    // It has no submenu, so that nothing can be built anew any more.
+    // The library has no submenu, so from now on there is no rebuild.
     Rebuild(With({}));
     EXPECT_THAT(host.Calls("AIMenuSuite."), ElementsAre("AIMenuSuite.GetItemSubMenuGroup(item B)"));
     EXPECT_TRUE(HasTrace(kNoGroup));
     EXPECT_THAT(Submenu(), ElementsAre("A", "B", "C"));
 }
 
-TEST_F(LibraryNodes, ReservedLabelInsideTheSubmenuIsNoLibraryOfIt)
+TEST_F(LibraryNodes, ItemWithTheReservedLabelInTheSubmenuIsNoLibrary)
 {
-    EXPECT_EQ(Add("lib A", "A", "A", kLibraryLabel), 0U);
-    EXPECT_EQ(Add("inner", kLibraryLabel, "Inner", kLibraryLabel, true), 0U);
+    EXPECT_EQ(0U, Add("lib A", "A", "A", kSelectLibrary));
+    EXPECT_EQ(0U, Add("inner", kSelectLibrary, "Inner", kSelectLibrary, true));
     Forget();
     Rebuild(With({}));
     EXPECT_THAT(host.Calls("AIMenuSuite."),

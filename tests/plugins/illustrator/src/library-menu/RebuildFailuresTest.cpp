@@ -8,7 +8,7 @@ using ::testing::IsEmpty;
 
 namespace {
 
-class RebuildFailures : public LibraryMenuTest {
+class RebuildFailures : public LibraryMenuFixture {
 protected:
     RebuildFailures()
     {
@@ -17,23 +17,23 @@ protected:
     }
     static void ExpectExitTraced()
     {
-        EXPECT_EQ(Traces().back().indentChange, -1);
+        EXPECT_EQ(-1, Traces().back().indentChange);
         EXPECT_THAT(Traces().back().text, HasSubstr("RebuildWorkgroupsMenu"));
     }
 };
 
-TEST_F(RebuildFailures, RefusedSuiteIsToldAndLeavesEverything)
+TEST_F(RebuildFailures, TracesARefusedSuiteAndChangesNothing)
 {
     host.RefuseSuite("AI Menu Suite", 1011, kHostError);
     Rebuild(With(Libraries({"C"})));
-    EXPECT_EQ(CountTraces(kNoHandle), 1U);
+    EXPECT_EQ(1U, CountTraces(kNoHandle));
     EXPECT_THAT(core->calls, IsEmpty());
     EXPECT_THAT(host.Calls("AIMenuSuite."), IsEmpty());
     EXPECT_THAT(Submenu(), ElementsAre("A", "B"));
     ExpectIdsPassed();
 }
 
-TEST_F(RebuildFailures, RebuildWorksAgainOnceTheSuiteIsThere)
+TEST_F(RebuildFailures, RebuildsAgainWhenTheSuiteIsAvailable)
 {
     host.RefuseSuite("AI Menu Suite", 1011, kHostError);
     Rebuild(With(Libraries({"C"})));
@@ -42,11 +42,11 @@ TEST_F(RebuildFailures, RebuildWorksAgainOnceTheSuiteIsThere)
     EXPECT_THAT(Submenu(), ElementsAre("C"));
 }
 
-TEST_F(RebuildFailures, FailingGroupIsToldAndLeavesEverything)
+TEST_F(RebuildFailures, TracesAFailureToGetTheGroupAndChangesNothing)
 {
     host.FailCall("AIMenuSuite.GetItemSubMenuGroup", 1, kHostError);
     Rebuild(With(Libraries({"C"})));
-    EXPECT_EQ(CountTraces(kNoGroup), 1U);
+    EXPECT_EQ(1U, CountTraces(kNoGroup));
     EXPECT_FALSE(HasTrace(kNoHandle));
     EXPECT_THAT(host.Calls("AIMenuSuite."),
                 ElementsAre("AIMenuSuite.GetItemSubMenuGroup(item Libraries)"));
@@ -56,32 +56,32 @@ TEST_F(RebuildFailures, FailingGroupIsToldAndLeavesEverything)
     EXPECT_THAT(Submenu(), ElementsAre("C"));
 }
 
-TEST_F(RebuildFailures, NullGroupIsToldAndLeavesEverything)
+TEST_F(RebuildFailures, TracesANullGroupAndChangesNothing)
 {
-    EXPECT_EQ(Add("flat", kLibraryLabel, "Flat", nullptr, false), 0U);
+    EXPECT_EQ(0U, Add("flat", kSelectLibrary, "Flat", nullptr, false));
     Forget();
     Rebuild(With(Libraries({"C"})));
-    EXPECT_EQ(CountTraces(kNoGroup), 1U);
+    EXPECT_EQ(1U, CountTraces(kNoGroup));
     EXPECT_THAT(core->CalledNames(), ElementsAre("GetMenus", "GetMenus"));
     EXPECT_THAT(Submenu(), ElementsAre("A", "B"));
     ExpectExitTraced();
 }
 
-TEST_F(RebuildFailures, ItemThatCannotBeRemovedStaysUnknown)
+TEST_F(RebuildFailures, ForgetsAnItemThatCannotBeRemoved)
 {
     const AIMenuItemHandle stuck = Item("A").handle;
     host.FailCall("AIMenuSuite.RemoveMenuItem", 1, kHostError);
     Rebuild(With(Libraries({"C"})));
-    EXPECT_EQ(CountTraces("Error 4711 in clearing workgroups menu"), 1U);
+    EXPECT_EQ(1U, CountTraces("Error 4711 in clearing workgroups menu"));
     EXPECT_TRUE(HasTrace("ERROR:  throwing 4711."));
     EXPECT_THAT(
         host.Calls("AIMenuSuite.RemoveMenuItem"),
         ElementsAre("AIMenuSuite.RemoveMenuItem(item A)", "AIMenuSuite.RemoveMenuItem(item B)"));
     EXPECT_THAT(Submenu(), ElementsAre("A", "C"));
-    EXPECT_EQ(IdPassedFor(stuck), "\"\"");
+    EXPECT_EQ("\"\"", IdPassedFor(stuck));
 }
 
-TEST_F(RebuildFailures, ItemThatCannotBeRemovedIsNotTriedAgain)
+TEST_F(RebuildFailures, DoesNotTryAgainToRemoveAnItem)
 {
     host.FailCall("AIMenuSuite.RemoveMenuItem", 1, kHostError);
     Rebuild(With(Libraries({"C"})));
@@ -92,32 +92,32 @@ TEST_F(RebuildFailures, ItemThatCannotBeRemovedIsNotTriedAgain)
     EXPECT_THAT(Submenu(), ElementsAre("A", "D"));
 }
 
-TEST_F(RebuildFailures, ItemThatCannotBeRemovedIsNotUpdated)
+TEST_F(RebuildFailures, DoesNotUpdateAnItemThatCannotBeRemoved)
 {
     host.FailCall("AIMenuSuite.RemoveMenuItem", 1, kHostError);
     Rebuild(With(Libraries({"C"})));
     Forget();
     Update(With(Libraries({"A", "C"})), "C");
-    EXPECT_EQ(host.CountCalls("AIMenuSuite.EnableItem(item A)"), 0U);
-    EXPECT_EQ(host.CountCalls("AIMenuSuite.EnableItem(item C)"), 1U);
+    EXPECT_EQ(0U, host.CountCalls("AIMenuSuite.EnableItem(item A)"));
+    EXPECT_EQ(1U, host.CountCalls("AIMenuSuite.EnableItem(item C)"));
 }
 
-TEST_F(RebuildFailures, AllItemsMayStay)
+TEST_F(RebuildFailures, ContinuesIfNoItemCanBeRemoved)
 {
     host.FailCall("AIMenuSuite.RemoveMenuItem", 0, kHostError);
     Rebuild(With(Libraries({"C"})));
-    EXPECT_EQ(CountTraces("Error 4711 in clearing workgroups menu"), 2U);
+    EXPECT_EQ(2U, CountTraces("Error 4711 in clearing workgroups menu"));
     EXPECT_THAT(Submenu(), ElementsAre("A", "B", "C"));
 }
 
-TEST_F(RebuildFailures, OtherExceptionsOfARemovalPassOnceTheEntryIsGone)
+TEST_F(RebuildFailures, OtherExceptionsPassThroughAfterTheEntryIsErased)
 {
     host.OnCall("AIMenuSuite.RemoveMenuItem", [] { throw std::runtime_error("x"); });
     const AIMenuItemHandle item = Item("A").handle;
     EXPECT_TRUE(RebuildThrows<std::runtime_error>(With({})));
-    ExpectNothingIsOut();
-    EXPECT_EQ(IdPassedFor(item), "\"\"");
-    EXPECT_EQ(IdPassedFor(Item("B").handle), "\"lib B\"");
+    ExpectAllReleased();
+    EXPECT_EQ("\"\"", IdPassedFor(item));
+    EXPECT_EQ("\"lib B\"", IdPassedFor(Item("B").handle));
 }
 
 struct BadText {
@@ -129,14 +129,13 @@ void PrintTo(const BadText& row, std::ostream* out) { *out << row.name; }
 
 class RebuildBadText : public RebuildFailures, public ::testing::WithParamInterface<BadText> {};
 
-TEST_P(RebuildBadText, IsToldAndLeavesTheSubmenuEmpty)
+TEST_P(RebuildBadText, IsTracedAndLeavesTheSubmenuEmpty)
 {
     RebuildFromText(GetParam().text);
-    EXPECT_EQ(CountTraces(std::string("Error ") + GetParam().code +
-                          " when retrieving select library menu items"),
-              1U);
-    EXPECT_EQ(host.CountCalls("AIMenuSuite.RemoveMenuItem"), 2U);
-    EXPECT_EQ(host.CountCalls("AIMenuSuite.AddMenuItem"), 0U);
+    EXPECT_EQ(1U, CountTraces(std::string("Error ") + GetParam().code +
+                              " when retrieving select library menu items"));
+    EXPECT_EQ(2U, host.CountCalls("AIMenuSuite.RemoveMenuItem"));
+    EXPECT_EQ(0U, host.CountCalls("AIMenuSuite.AddMenuItem"));
     EXPECT_THAT(LiveTexts(), ElementsAre("Libraries"));
     ExpectExitTraced();
 }
@@ -154,23 +153,23 @@ INSTANTIATE_TEST_SUITE_P(Texts, RebuildBadText,
                                            BadText{"Number", "5", "67108864"}),
                          [](const auto& row) { return std::string(row.param.name); });
 
-TEST_F(RebuildFailures, FailingGetMenusIsABadText)
+TEST_F(RebuildFailures, TreatsAFailureOfGetMenusAsMalformedText)
 {
     FailSecondGetMenus();
     Rebuild(With(Libraries({"C"})));
-    EXPECT_EQ(CountTraces("Error 67108864 when retrieving select library menu items"), 1U);
+    EXPECT_EQ(1U, CountTraces("Error 67108864 when retrieving select library menu items"));
     EXPECT_THAT(LiveTexts(), ElementsAre("Libraries"));
 }
 
-TEST_F(RebuildFailures, NoTextAtAllIsABadText)
+TEST_F(RebuildFailures, TreatsNoTextAsMalformedText)
 {
     AnswerFirstGetMenus(0);
     EXPECT_NO_THROW(RebuildWorkgroupsMenu());
-    EXPECT_EQ(CountTraces("Error 67108864 when retrieving select library menu items"), 1U);
+    EXPECT_EQ(1U, CountTraces("Error 67108864 when retrieving select library menu items"));
     EXPECT_THAT(LiveTexts(), ElementsAre("Libraries"));
 }
 
-TEST_F(RebuildFailures, GoodTextAfterABadOneFillsTheSubmenu)
+TEST_F(RebuildFailures, FillsTheSubmenuAfterMalformedText)
 {
     RebuildFromText("no JSON");
     Rebuild(With(Libraries({"C"})));

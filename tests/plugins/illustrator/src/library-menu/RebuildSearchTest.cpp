@@ -5,8 +5,8 @@ using ::testing::IsEmpty;
 
 namespace {
 
-// Which nodes a rebuild takes for the libraries.
-class RebuildSearch : public LibraryMenuTest {
+// Which nodes a rebuild uses as the libraries.
+class RebuildSearch : public LibraryMenuFixture {
 protected:
     static json Labelled(json node, const json& label)
     {
@@ -15,55 +15,55 @@ protected:
     }
 };
 
-TEST_F(RebuildSearch, WithoutTheLabelTheTopLevelItemsAreAdded)
+TEST_F(RebuildSearch, AddsTheTopLevelItemsWithoutTheLabel)
 {
     Rebuild(Tree({Node("1", "One", {Node("2", "Two")}), Node("3", "Three")}));
     EXPECT_THAT(Submenu(), ElementsAre("One", "Three"));
-    EXPECT_EQ(IdPassedFor(Item("Three").handle), "\"3\"");
+    EXPECT_EQ("\"3\"", IdPassedFor(Item("Three").handle));
     EXPECT_FALSE(HasTraceBeginningWith("Error "));
 }
 
-TEST_F(RebuildSearch, TheTopLevelItemsGoAgainWithTheNextRebuild)
+TEST_F(RebuildSearch, NextRebuildRemovesTheTopLevelItems)
 {
     Rebuild(Tree({Node("1", "One")}));
     Rebuild(With(Libraries({"A"})));
     EXPECT_THAT(Submenu(), ElementsAre("A"));
 }
 
-TEST_F(RebuildSearch, LabelBelowTheTopLevelDoesNotCount)
+TEST_F(RebuildSearch, IgnoresTheLabelBelowTheTopLevel)
 {
-    const json nested = Labelled(Node("x", "X", Libraries({"A"})), kLibraryLabel);
+    const json nested = Labelled(Node("x", "X", Libraries({"A"})), kSelectLibrary);
     Rebuild(Tree({Node("1", "One", {nested})}));
     EXPECT_THAT(Submenu(), ElementsAre("One"));
 }
 
-TEST_F(RebuildSearch, FirstOfTheLabelCounts)
+TEST_F(RebuildSearch, UsesTheFirstNodeWithTheLabel)
 {
-    Rebuild(Tree({Labelled(Node("x", "X", Libraries({"A"})), kLibraryLabel),
-                  Labelled(Node("y", "Y", Libraries({"B"})), kLibraryLabel)}));
+    Rebuild(Tree({Labelled(Node("x", "X", Libraries({"A"})), kSelectLibrary),
+                  Labelled(Node("y", "Y", Libraries({"B"})), kSelectLibrary)}));
     EXPECT_THAT(Submenu(), ElementsAre("A"));
 }
 
-TEST_F(RebuildSearch, LabelIsComparedByteForByte)
+TEST_F(RebuildSearch, ComparesTheLabelByteForByte)
 {
     Rebuild(Tree({Labelled(Node("x", "X", Libraries({"A"})), "select library")}));
     EXPECT_THAT(Submenu(), ElementsAre("X"));
 }
 
-TEST_F(RebuildSearch, TitleDoesNotCount)
+TEST_F(RebuildSearch, IgnoresTheTitle)
 {
-    Rebuild(Tree({Node("x", kLibraryLabel, Libraries({"A"}))}));
-    EXPECT_THAT(Submenu(), ElementsAre(kLibraryLabel));
+    Rebuild(Tree({Node("x", kSelectLibrary, Libraries({"A"}))}));
+    EXPECT_THAT(Submenu(), ElementsAre(kSelectLibrary));
 }
 
-TEST_F(RebuildSearch, EmptyTopLevelAddsNothingAndTellsNothing)
+TEST_F(RebuildSearch, AddsNothingSilentlyForAnEmptyTopLevel)
 {
     Rebuild(Tree({}));
     EXPECT_THAT(Submenu(), IsEmpty());
     EXPECT_FALSE(HasTraceBeginningWith("Error "));
 }
 
-TEST_F(RebuildSearch, ItemWithoutALabelEndsTheSearchSilently)
+TEST_F(RebuildSearch, AddsNothingSilentlyAfterAnItemWithoutALabel)
 {
     json without = Node("0", "Zero");
     without.erase("label");
@@ -74,7 +74,7 @@ TEST_F(RebuildSearch, ItemWithoutALabelEndsTheSearchSilently)
     EXPECT_FALSE(HasTraceBeginningWith("Error "));
 }
 
-TEST_F(RebuildSearch, ItemWithoutALabelBehindTheLibrariesIsNotReached)
+TEST_F(RebuildSearch, DoesNotReachAnItemWithoutALabelAfterTheLibraries)
 {
     json without = Node("0", "Zero");
     without.erase("label");
@@ -86,7 +86,7 @@ TEST_F(RebuildSearch, ItemWithoutALabelBehindTheLibrariesIsNotReached)
 
 class BadTopLevelItem : public RebuildSearch, public ::testing::WithParamInterface<const char*> {};
 
-TEST_P(BadTopLevelItem, EndsTheSearchSilently)
+TEST_P(BadTopLevelItem, BeforeTheLibrariesEndsTheSearchSilently)
 {
     json tree = With(Libraries({"A"}));
     tree["child"].insert(tree["child"].begin(), json::parse(GetParam()));
@@ -101,7 +101,7 @@ INSTANTIATE_TEST_SUITE_P(Items, BadTopLevelItem,
                                            R"({"id":"x"})", "5", "null", "[]", R"(["label"])",
                                            R"("Select Library")"));
 
-TEST_F(RebuildSearch, LibrariesWithoutChildAddNothingSilently)
+TEST_F(RebuildSearch, AddsNothingSilentlyForLibrariesWithoutChild)
 {
     json tree = With({});
     tree["child"][1].erase("child");
@@ -110,12 +110,12 @@ TEST_F(RebuildSearch, LibrariesWithoutChildAddNothingSilently)
     EXPECT_FALSE(HasTraceBeginningWith("Error "));
 }
 
-TEST_F(RebuildSearch, OldItemsAreOutBeforeTheTextIsRead)
+TEST_F(RebuildSearch, RemovesTheOldItemsBeforeItReadsTheText)
 {
     Rebuild(With(Libraries({"A", "B"})));
     Forget();
     RebuildFromText("no JSON");
-    EXPECT_EQ(host.CountCalls("AIMenuSuite.RemoveMenuItem"), 2U);
+    EXPECT_EQ(2U, host.CountCalls("AIMenuSuite.RemoveMenuItem"));
     EXPECT_THAT(LiveTexts(), ElementsAre("Libraries"));
 }
 

@@ -6,16 +6,16 @@ using ::testing::IsEmpty;
 
 namespace {
 
-class RebuildLibraries : public LibraryMenuTest {};
+class RebuildLibraries : public LibraryMenuFixture {};
 
-TEST_F(RebuildLibraries, NodesOfTheSubmenuAreAdded)
+TEST_F(RebuildLibraries, AddsTheNodesOfTheSubmenu)
 {
     Rebuild(With(Libraries({"A", "B"})));
     EXPECT_THAT(Submenu(), ElementsAre("A", "B"));
     ExpectIdsPassed();
 }
 
-TEST_F(RebuildLibraries, CallsComeInOrder)
+TEST_F(RebuildLibraries, CallsTheHostInOrder)
 {
     Rebuild(With(Libraries({"A", "B"})));
     Forget();
@@ -26,20 +26,20 @@ TEST_F(RebuildLibraries, CallsComeInOrder)
         ElementsAre("AIMenuSuite.GetItemSubMenuGroup(item Libraries)",
                     "AIMenuSuite.RemoveMenuItem(item A)", "AIMenuSuite.RemoveMenuItem(item B)",
                     "AIMenuSuite.AddMenuItem((null), \"Select Library\", \"C\", 1)"));
-    EXPECT_EQ(host.CountCalls("SPBasicSuite.AcquireSuite(\"AI Menu Suite\", 1011)"), 1U);
+    EXPECT_EQ(1U, host.CountCalls("SPBasicSuite.AcquireSuite(\"AI Menu Suite\", 1011)"));
 }
 
-TEST_F(RebuildLibraries, TextIsFetchedForTheDocumentBeforeTheHostIsAsked)
+TEST_F(RebuildLibraries, FetchesTheTextForTheDocumentBeforeItAsksTheHost)
 {
     host.AddDocument("/a.ai");
     std::size_t asked = 0;
     host.OnCall("AIMenuSuite.GetItemSubMenuGroup", [&] { asked = core->calls.size(); });
     Rebuild(With({}));
-    EXPECT_EQ(asked, 2U);
-    EXPECT_EQ(core->calls.front(), "GetMenus(\"/a.ai\", null, 0)");
+    EXPECT_EQ(2U, asked);
+    EXPECT_EQ("GetMenus(\"/a.ai\", null, 0)", core->calls.front());
 }
 
-TEST_F(RebuildLibraries, MoreLibraries)
+TEST_F(RebuildLibraries, AddsMoreLibraries)
 {
     Rebuild(With(Libraries({"A"})));
     Rebuild(With(Libraries({"A", "B", "C"})));
@@ -47,7 +47,7 @@ TEST_F(RebuildLibraries, MoreLibraries)
     ExpectIdsPassed();
 }
 
-TEST_F(RebuildLibraries, FewerLibraries)
+TEST_F(RebuildLibraries, RemovesLibraries)
 {
     Rebuild(With(Libraries({"A", "B", "C"})));
     Rebuild(With(Libraries({"B"})));
@@ -55,35 +55,35 @@ TEST_F(RebuildLibraries, FewerLibraries)
     ExpectIdsPassed();
 }
 
-TEST_F(RebuildLibraries, NoLibrariesLeaveTheSubmenuEmptyAndInPlace)
+TEST_F(RebuildLibraries, KeepsTheEmptySubmenuWithoutLibraries)
 {
     Rebuild(With(Libraries({"A", "B"})));
     Rebuild(With({}));
     EXPECT_THAT(Submenu(), IsEmpty());
     EXPECT_THAT(LiveTexts(), ElementsAre("Libraries"));
-    EXPECT_NE(Item("Libraries").submenu, nullptr);
-    EXPECT_EQ(IdPassedFor(Item("Libraries").handle), "\"libraries\"");
+    EXPECT_NE(nullptr, Item("Libraries").submenu);
+    EXPECT_EQ("\"libraries\"", IdPassedFor(Item("Libraries").handle));
     EXPECT_FALSE(HasTraceBeginningWith("Error "));
 }
 
-TEST_F(RebuildLibraries, AndAgainAfterNoLibraries)
+TEST_F(RebuildLibraries, FillsAnEmptySubmenuAgain)
 {
     Rebuild(With({}));
     Rebuild(With(Libraries({"A"})));
     EXPECT_THAT(Submenu(), ElementsAre("A"));
 }
 
-TEST_F(RebuildLibraries, SameTextGivesTheSameItemsUnderNewHandles)
+TEST_F(RebuildLibraries, AddsTheSameItemsUnderNewHandles)
 {
     Rebuild(With(Libraries({"A"})));
     const AIMenuItemHandle before = Item("A").handle;
     Rebuild(With(Libraries({"A"})));
-    EXPECT_NE(Item("A").handle, before);
-    EXPECT_EQ(IdPassedFor(before), "\"\"");
-    EXPECT_EQ(IdPassedFor(Item("A").handle), "\"lib A\"");
+    EXPECT_NE(before, Item("A").handle);
+    EXPECT_EQ("\"\"", IdPassedFor(before));
+    EXPECT_EQ("\"lib A\"", IdPassedFor(Item("A").handle));
 }
 
-TEST_F(RebuildLibraries, UpdateReachesTheNewItemsAlone)
+TEST_F(RebuildLibraries, UpdateRefreshesOnlyTheNewItems)
 {
     Rebuild(With(Libraries({"A"})));
     Rebuild(With(Libraries({"A"})));
@@ -94,25 +94,25 @@ TEST_F(RebuildLibraries, UpdateReachesTheNewItemsAlone)
         ElementsAre("AIMenuSuite.EnableItem(item Libraries)", "AIMenuSuite.EnableItem(item A)"));
 }
 
-TEST_F(RebuildLibraries, ItemsFromTheStartAreTakenOutToo)
+TEST_F(RebuildLibraries, RemovesTheItemsAddedAtStartup)
 {
-    EXPECT_EQ(Add("lib X", "X", "X", kLibraryLabel), 0U);
-    EXPECT_EQ(Add("lib Y", "Y", "Y", kLibraryLabel), 0U);
+    EXPECT_EQ(0U, Add("lib X", "X", "X", kSelectLibrary));
+    EXPECT_EQ(0U, Add("lib Y", "Y", "Y", kSelectLibrary));
     Rebuild(With(Libraries({"A"})));
     EXPECT_THAT(Submenu(), ElementsAre("A"));
 }
 
-TEST_F(RebuildLibraries, OtherItemsStay)
+TEST_F(RebuildLibraries, KeepsAllOtherItems)
 {
-    EXPECT_EQ(Add("1", "One", "One", nullptr), 0U);
-    EXPECT_EQ(Add("2", "Two", "Two", "One"), 0U);
+    EXPECT_EQ(0U, Add("1", "One", "One", nullptr));
+    EXPECT_EQ(0U, Add("2", "Two", "Two", "One"));
     Rebuild(With(Libraries({"A"})));
     Rebuild(With({}));
     EXPECT_THAT(LiveTexts(), ElementsAre("Libraries", "One", "Two"));
-    EXPECT_EQ(IdPassedFor(Item("Two").handle), "\"2\"");
+    EXPECT_EQ("\"2\"", IdPassedFor(Item("Two").handle));
 }
 
-TEST_F(RebuildLibraries, StateIsTracedAndNotSet)
+TEST_F(RebuildLibraries, TracesTheStateWithoutSettingIt)
 {
     json chosen = Node("lib A", "A");
     chosen["checked"] = true;
@@ -128,36 +128,36 @@ TEST_F(RebuildLibraries, StateIsTracedAndNotSet)
     EXPECT_FALSE(Item("A").enabled);
 }
 
-TEST_F(RebuildLibraries, LastKnownStateIsNotTouched)
+TEST_F(RebuildLibraries, DoesNotChangeTheLastKnownState)
 {
     Update(With({}), "Libraries");
     const std::string before = core->menus;
     Rebuild(With(Libraries({"A"})));
-    EXPECT_EQ(SendGo(Item("A").handle), 0);
-    EXPECT_EQ(LastSelection(), "HandleMenuSelection(\"\", \"" + before + "\", \"lib A\", \"\")");
+    EXPECT_EQ(0, SendGo(Item("A").handle));
+    EXPECT_EQ("HandleMenuSelection(\"\", \"" + before + "\", \"lib A\", \"\")", LastSelection());
 }
 
-TEST_F(RebuildLibraries, ItemsGetNoSubmenuAndTheirChildrenAreLeftOut)
+TEST_F(RebuildLibraries, AddsNoSubmenusAndNoChildren)
 {
     Rebuild(With({Node("lib A", "A", {Node("inner", "Inner")})}));
     EXPECT_THAT(Submenu(), ElementsAre("A"));
-    EXPECT_EQ(host.CountCalls("AIMenuSuite.AddMenuGroupAsSubMenu"), 0U);
+    EXPECT_EQ(0U, host.CountCalls("AIMenuSuite.AddMenuGroupAsSubMenu"));
 }
 
-TEST_F(RebuildLibraries, AreNotLookedForAmongTheHostsItems)
+TEST_F(RebuildLibraries, DoesNotSearchTheHostsItems)
 {
     (void)AddForeignItem("lib A");
     Rebuild(With(Libraries({"A"})));
-    EXPECT_EQ(host.CountCalls("AIMenuSuite.CountMenuItems"), 0U);
+    EXPECT_EQ(0U, host.CountCalls("AIMenuSuite.CountMenuItems"));
     EXPECT_THAT(Submenu(), ElementsAre("A"));
 }
 
-TEST_F(RebuildLibraries, EntryAndExitAreTraced)
+TEST_F(RebuildLibraries, TracesEntryAndExit)
 {
     Rebuild(With({}));
-    EXPECT_EQ(Traces().front().indentChange, 1);
+    EXPECT_EQ(1, Traces().front().indentChange);
     EXPECT_THAT(Traces().front().text, HasSubstr("RebuildWorkgroupsMenu"));
-    EXPECT_EQ(Traces().back().indentChange, -1);
+    EXPECT_EQ(-1, Traces().back().indentChange);
     EXPECT_THAT(Traces().back().text, HasSubstr("RebuildWorkgroupsMenu"));
 }
 

@@ -6,7 +6,7 @@ using ::testing::IsEmpty;
 
 namespace {
 
-class FetchMenus : public RunningMenuTest {
+class FetchMenus : public RunningMenuFixture {
 protected:
     FetchMenus() { core->menus = R"({"id":"root"})"; }
 
@@ -16,58 +16,58 @@ protected:
 TEST_F(FetchMenus, AsksForTheSizeAndThenForTheText)
 {
     host.AddDocument("/a.ai");
-    EXPECT_EQ(GetMenus(text), 0U);
-    EXPECT_STREQ(text.c_str(), R"({"id":"root"})");
+    EXPECT_EQ(0U, GetMenus(text));
+    EXPECT_STREQ(R"({"id":"root"})", text.c_str());
     EXPECT_THAT(core->calls,
                 ElementsAre("GetMenus(\"/a.ai\", null, 0)", "GetMenus(\"/a.ai\", buffer, 14)"));
 }
 
-TEST_F(FetchMenus, TextHasTheSizeThatWasAnswered)
+TEST_F(FetchMenus, TextHasTheSizeThatPluginCoreReturned)
 {
-    EXPECT_EQ(GetMenus(text), 0U);
-    EXPECT_EQ(text, core->menus + '\0');
+    EXPECT_EQ(0U, GetMenus(text));
+    EXPECT_EQ(core->menus + '\0', text);
 }
 
-TEST_F(FetchMenus, WithoutADocumentThePathIsEmpty)
+TEST_F(FetchMenus, PassesAnEmptyPathWithoutADocument)
 {
-    EXPECT_EQ(GetMenus(text), 0U);
+    EXPECT_EQ(0U, GetMenus(text));
     EXPECT_THAT(core->calls, ElementsAre("GetMenus(\"\", null, 0)", "GetMenus(\"\", buffer, 14)"));
 }
 
-TEST_F(FetchMenus, TextAndResultAreTraced)
+TEST_F(FetchMenus, TracesTextAndResult)
 {
-    EXPECT_EQ(GetMenus(text), 0U);
+    EXPECT_EQ(0U, GetMenus(text));
     const std::vector<std::string> traces = TraceTexts();
     ASSERT_GE(traces.size(), 2U);
-    EXPECT_EQ(traces[traces.size() - 2], R"(GetMenus result: {"id":"root"})");
-    EXPECT_EQ(traces.back(), "GetMenus() returning 0");
-    EXPECT_EQ(Traces().back().indentChange, -1);
+    EXPECT_EQ(R"(GetMenus result: {"id":"root"})", traces[traces.size() - 2]);
+    EXPECT_EQ("GetMenus() returning 0", traces.back());
+    EXPECT_EQ(-1, Traces().back().indentChange);
 }
 
-TEST_F(FetchMenus, SecondAnswerIsTheResult)
+TEST_F(FetchMenus, ReturnsTheStatusOfTheSecondCall)
 {
-    FailSecondGetMenus(0x15000000);
-    EXPECT_EQ(GetMenus(text), 0x15000000U);
-    EXPECT_EQ(text, std::string(14, '\0'));
+    FailSecondGetMenus(CoreErrorCodes::kUnknownError);
+    EXPECT_EQ(CoreErrorCodes::kUnknownError, GetMenus(text));
+    EXPECT_EQ(std::string(14, '\0'), text);
     EXPECT_TRUE(HasTrace("GetMenus result: "));
     EXPECT_TRUE(HasTrace("GetMenus() returning 352321536"));
 }
 
-TEST_F(FetchMenus, SizeErrorTwiceIsTheResult)
+TEST_F(FetchMenus, ReturnsTheSizeErrorOfTheSecondCall)
 {
-    FailSecondGetMenus(0x0C000000);
-    EXPECT_EQ(GetMenus(text), 0x0C000000U);
-    EXPECT_EQ(core->calls.size(), 2U);
+    FailSecondGetMenus(CoreErrorCodes::kIndexOutOfRange);
+    EXPECT_EQ(CoreErrorCodes::kIndexOutOfRange, GetMenus(text));
+    EXPECT_EQ(2U, core->calls.size());
 }
 
 class FetchMenusFirstAnswer : public FetchMenus,
                               public ::testing::WithParamInterface<unsigned int> {};
 
-TEST_P(FetchMenusFirstAnswer, GivesNoTextAndNoError)
+TEST_P(FetchMenusFirstAnswer, ReturnsNoTextAndNoError)
 {
     AnswerFirstGetMenus(GetParam());
-    EXPECT_EQ(GetMenus(text), 0U);
-    EXPECT_EQ(text, "");
+    EXPECT_EQ(0U, GetMenus(text));
+    EXPECT_EQ("", text);
     EXPECT_TRUE(HasTrace("GetMenus result: "));
     EXPECT_TRUE(HasTrace("GetMenus() returning 0"));
 }
@@ -75,11 +75,11 @@ TEST_P(FetchMenusFirstAnswer, GivesNoTextAndNoError)
 INSTANTIATE_TEST_SUITE_P(Answers, FetchMenusFirstAnswer,
                          ::testing::Values(0U, 0x01000000U, 0x07000000U, 0x0D000000U, 12U));
 
-TEST_F(FetchMenus, EmptyTextIsATextOfOneByte)
+TEST_F(FetchMenus, FetchesAnEmptyTextAsOneByte)
 {
     core->menus = "";
-    EXPECT_EQ(GetMenus(text), 0U);
-    EXPECT_EQ(text, std::string(1, '\0'));
+    EXPECT_EQ(0U, GetMenus(text));
+    EXPECT_EQ(std::string(1, '\0'), text);
     EXPECT_THAT(host.Faults(), IsEmpty());
 }
 

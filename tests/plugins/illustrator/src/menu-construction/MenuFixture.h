@@ -1,55 +1,51 @@
 #pragma once
 
-#include "../src/MessageFixture.h"
 #include "MenuHandler.h"
+#include "MenuState.h"
+#include "MessageFixture.h"
 
 constexpr AIErr kHostError = 4711;
 inline const char* const kTopGroup = "Type Plugins1";
-inline const char* const kLibraryLabel = "Select Library";
 
-// The menus between a scripted host and a scripted PluginCore. What the plug-in remembers of a
-// test's menus is forgotten at its end.
-class MenuTest : public MessageTest {
+// Tests of the menus. Each test starts without menus.
+class MenuFixture : public MessageFixture {
 protected:
-    ~MenuTest() override;
+    MenuFixture();
 
-    // Adds an item as PluginCore's callback does. A null parent makes a top-level item.
+    // Adds an item as PluginCore does. A null parent adds it to the top level.
     static unsigned int Add(const char* id, const char* label, const char* title,
                             const char* parent = "Group", bool hasSubmenu = false);
-    // An item that another plug-in has in the host.
+    // Adds an item of another plug-in to the host.
     AIMenuItemHandle AddForeignItem(const std::string& key, const std::string& text = "Foreign");
 
-    // The live item of that text.
+    // The item with this text that hasn't been removed.
     const ScriptedMenuItem& Item(const std::string& text);
     std::vector<std::string> LiveTexts();
 
-    // Messages through the entry, as the host sends them.
+    // Send a message to Main, as the host does.
     AIErr SendUpdate(AIMenuItemHandle item);
     AIErr SendGo(AIMenuItemHandle item);
-    // One update for an item that is in the tree.
+    // Sets the tree and sends an update for one of its items.
     void Update(const json& tree, const std::string& itemText);
 
-    // PluginCore's second answer to the question for its menus.
-    void FailSecondGetMenus(unsigned int status = 0x01000000);
-    // The answer to the first one.
+    // Makes the second call of PluginCore's GetMenus, the one with a buffer, return the status.
+    void FailSecondGetMenus(unsigned int status = CoreErrorCodes::kError);
+    // Makes the first call return the status; fails the test if there is a second one.
     void AnswerFirstGetMenus(unsigned int status);
 
-    // The texts of HandleMenuSelection's last call, as the scripted PluginCore puts them.
+    // The last call of HandleMenuSelection, as the scripted PluginCore records it.
     std::string LastSelection();
-    // The id that a command on the item passes on, in quotes.
+    // The id that a command for the item passes to PluginCore, in quotes.
     std::string IdPassedFor(AIMenuItemHandle item);
-
-private:
-    void ForgetMenus();
 };
 
-// With the plug-in running.
-class RunningMenuTest : public MenuTest {
+// The same with a running plug-in.
+class RunningMenuFixture : public MenuFixture {
 protected:
-    RunningMenuTest() { Start(); }
+    RunningMenuFixture() { Start(); }
 };
 
-// A node of the menu tree with all its members: enabled, not checked, its label is its id.
+// A node of the menu tree with all members: enabled, not checked, the id also as the label.
 json Node(const std::string& id, const std::string& title, const std::vector<json>& children = {});
-// The root, whose texts are all "root".
+// The root of a menu tree; its id, label and title are "root".
 json Tree(const std::vector<json>& children);

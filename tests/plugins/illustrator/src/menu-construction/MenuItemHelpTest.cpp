@@ -6,19 +6,19 @@ using ::testing::ElementsAre;
 
 namespace {
 
-static_assert(sizeof(MenuItemHelp) == sizeof(void*), "one member, the suite's pointer");
+static_assert(sizeof(MenuItemHelp) == sizeof(void*), "the suite's pointer is the only member");
 
-class MenuSuiteHolder : public RunningMenuTest {};
+class MenuSuiteHolder : public RunningMenuFixture {};
 
-TEST_F(MenuSuiteHolder, AcquiresTheSuiteAndGivesItBack)
+TEST_F(MenuSuiteHolder, AcquiresAndReleasesTheSuite)
 {
     {
         const MenuItemHelp help;
-        EXPECT_EQ(host.SuiteReferences("AI Menu Suite", 1011), 1);
+        EXPECT_EQ(1, host.SuiteReferences("AI Menu Suite", 1011));
     }
     EXPECT_THAT(host.Calls(), ElementsAre("SPBasicSuite.AcquireSuite(\"AI Menu Suite\", 1011)",
                                           "SPBasicSuite.ReleaseSuite(\"AI Menu Suite\", 1011)"));
-    EXPECT_EQ(host.SuiteReferences("AI Menu Suite", 1011), 0);
+    EXPECT_EQ(0, host.SuiteReferences("AI Menu Suite", 1011));
 }
 
 TEST_F(MenuSuiteHolder, ThrowsTheCodeOfARefusedSuite)
@@ -26,17 +26,17 @@ TEST_F(MenuSuiteHolder, ThrowsTheCodeOfARefusedSuite)
     host.RefuseSuite("AI Menu Suite", 1011, kHostError);
     EXPECT_THROW(const MenuItemHelp help, int);
     EXPECT_TRUE(HasTrace("ERROR:  throwing 4711."));
-    EXPECT_EQ(host.CountCalls("SPBasicSuite.ReleaseSuite"), 0U);
+    EXPECT_EQ(0U, host.CountCalls("SPBasicSuite.ReleaseSuite"));
 }
 
-TEST_F(MenuSuiteHolder, RefusedReleaseIsIgnored)
+TEST_F(MenuSuiteHolder, IgnoresARefusedRelease)
 {
     host.FailCall("SPBasicSuite.ReleaseSuite", 1, kHostError);
     EXPECT_NO_THROW(const MenuItemHelp help);
     EXPECT_FALSE(HasTrace("ERROR:  throwing 4711."));
 }
 
-TEST_F(MenuSuiteHolder, ExceptionOutOfTheReleaseEndsTheProcess)
+TEST_F(MenuSuiteHolder, ExceptionOfTheReleaseEndsTheProcess)
 {
     EXPECT_DEATH(
         {

@@ -4,162 +4,162 @@ using ::testing::ElementsAre;
 
 namespace {
 
-constexpr unsigned int kItemAlreadyExists = 0x09000000;
+constexpr unsigned int kItemAlreadyExists = CoreErrorCodes::kItemAlreadyExists;
 const char* const kNth = "AIMenuSuite.GetNthMenuItem";
 const char* const kKey = "AIMenuSuite.GetMenuItemKeyboardShortcutDictionaryKey";
 
-// A top-level item isn't added twice.
-class MenuPresence : public RunningMenuTest {
+// An item of the top level isn't added if the host already has an item with its label as the key.
+class MenuPresence : public RunningMenuFixture {
 protected:
     static unsigned int AddTop(const char* label) { return Add("1", label, "Title", nullptr); }
-    static std::size_t Told(const std::string& label)
+    static std::size_t RefusalTraces(const std::string& label)
     {
         return CountTraces("Error: '" + label + "' menu item already present.");
     }
 };
 
-TEST_F(MenuPresence, LabelThatAHostItemBearsAsItsKeyIsRefused)
+TEST_F(MenuPresence, RefusesALabelThatIsTheKeyOfAHostItem)
 {
     (void)AddForeignItem("Fonts");
-    EXPECT_EQ(AddTop("Fonts"), kItemAlreadyExists);
-    EXPECT_EQ(Told("Fonts"), 1U);
-    EXPECT_EQ(host.CountCalls("AIMenuSuite.AddMenuItem"), 0U);
+    EXPECT_EQ(kItemAlreadyExists, AddTop("Fonts"));
+    EXPECT_EQ(1U, RefusalTraces("Fonts"));
+    EXPECT_EQ(0U, host.CountCalls("AIMenuSuite.AddMenuItem"));
 }
 
-TEST_F(MenuPresence, RefusedItemGetsNoSubmenuEither)
+TEST_F(MenuPresence, AddsNoSubmenuToARefusedItem)
 {
     (void)AddForeignItem("Fonts");
-    EXPECT_EQ(Add("1", "Fonts", "Title", nullptr, true), kItemAlreadyExists);
-    EXPECT_EQ(host.CountCalls("AIMenuSuite.Add"), 0U);
+    EXPECT_EQ(kItemAlreadyExists, Add("1", "Fonts", "Title", nullptr, true));
+    EXPECT_EQ(0U, host.CountCalls("AIMenuSuite.Add"));
 }
 
-TEST_F(MenuPresence, RefusedItemLeavesNoEntry)
+TEST_F(MenuPresence, StoresNoIdForARefusedItem)
 {
-    EXPECT_EQ(Add("first", "Label", "First", nullptr), 0U);
+    EXPECT_EQ(0U, Add("first", "Label", "First", nullptr));
     host.FailCall("AIMenuSuite.AddMenuItem", 1, kHostError);
-    EXPECT_EQ(Add("under null", "Label", "x"), 4711U);
+    EXPECT_EQ(4711U, Add("under null", "Label", "x"));
     (void)AddForeignItem("Fonts");
-    EXPECT_EQ(Add("refused", "Fonts", "Title", nullptr), kItemAlreadyExists);
-    EXPECT_EQ(IdPassedFor(nullptr), "\"under null\"");
+    EXPECT_EQ(kItemAlreadyExists, Add("refused", "Fonts", "Title", nullptr));
+    EXPECT_EQ("\"under null\"", IdPassedFor(nullptr));
 }
 
-TEST_F(MenuPresence, KeyCountsAndNotTheText)
+TEST_F(MenuPresence, ComparesTheKeyAndNotTheText)
 {
     (void)AddForeignItem("Key", "Fonts");
-    EXPECT_EQ(AddTop("Fonts"), 0U);
-    EXPECT_EQ(Told("Fonts"), 0U);
+    EXPECT_EQ(0U, AddTop("Fonts"));
+    EXPECT_EQ(0U, RefusalTraces("Fonts"));
 }
 
-TEST_F(MenuPresence, KeysAreComparedByteForByte)
+TEST_F(MenuPresence, ComparesKeysByteForByte)
 {
     (void)AddForeignItem("fonts");
     (void)AddForeignItem("Fonts ");
-    EXPECT_EQ(AddTop("Fonts"), 0U);
+    EXPECT_EQ(0U, AddTop("Fonts"));
 }
 
-TEST_F(MenuPresence, ItemWithAParentIsNotChecked)
+TEST_F(MenuPresence, DoesNotCheckAnItemWithAParent)
 {
     (void)AddForeignItem("Fonts");
-    EXPECT_EQ(Add("1", "Fonts", "Title", "Group"), 0U);
-    EXPECT_EQ(host.CountCalls("AIMenuSuite.CountMenuItems"), 0U);
+    EXPECT_EQ(0U, Add("1", "Fonts", "Title", "Group"));
+    EXPECT_EQ(0U, host.CountCalls("AIMenuSuite.CountMenuItems"));
 }
 
-TEST_F(MenuPresence, ItemWithTheTopGroupAsItsParentIsNotChecked)
+TEST_F(MenuPresence, DoesNotCheckAnItemInTheTopGroup)
 {
     (void)AddForeignItem("Fonts");
-    EXPECT_EQ(Add("1", "Fonts", "Title", kTopGroup), 0U);
-    EXPECT_EQ(host.CountCalls("AIMenuSuite.CountMenuItems"), 0U);
+    EXPECT_EQ(0U, Add("1", "Fonts", "Title", kTopGroup));
+    EXPECT_EQ(0U, host.CountCalls("AIMenuSuite.CountMenuItems"));
 }
 
-TEST_F(MenuPresence, EveryItemOfTheHostIsLookedAt)
+TEST_F(MenuPresence, ChecksEveryItemOfTheHost)
 {
     (void)AddForeignItem("Fonts");
     (void)AddForeignItem("Other");
     (void)AddForeignItem("Fonts");
     (void)AddForeignItem("Last");
-    EXPECT_EQ(AddTop("Fonts"), kItemAlreadyExists);
-    EXPECT_EQ(Told("Fonts"), 2U);
+    EXPECT_EQ(kItemAlreadyExists, AddTop("Fonts"));
+    EXPECT_EQ(2U, RefusalTraces("Fonts"));
     const std::string nth = kNth;
     EXPECT_THAT(host.Calls(nth), ElementsAre(nth + "(0)", nth + "(1)", nth + "(2)", nth + "(3)"));
-    EXPECT_EQ(host.CountCalls(kKey), 4U);
-    EXPECT_EQ(host.CountCalls("AIMenuSuite.CountMenuItems"), 1U);
+    EXPECT_EQ(4U, host.CountCalls(kKey));
+    EXPECT_EQ(1U, host.CountCalls("AIMenuSuite.CountMenuItems"));
 }
 
-TEST_F(MenuPresence, CallsComeInOrder)
+TEST_F(MenuPresence, CallsTheHostInOrder)
 {
     (void)AddForeignItem("Other");
-    EXPECT_EQ(AddTop("Fonts"), 0U);
+    EXPECT_EQ(0U, AddTop("Fonts"));
     EXPECT_THAT(host.Calls("AIMenuSuite."),
                 ElementsAre("AIMenuSuite.CountMenuItems()", std::string(kNth) + "(0)",
                             std::string(kKey) + "(item Other)",
                             "AIMenuSuite.AddMenuItem((null), \"Type Plugins1\", \"Title\", 1)"));
 }
 
-TEST_F(MenuPresence, FailingCountSkipsTheWalk)
+TEST_F(MenuPresence, SkipsTheCheckIfTheCountFails)
 {
     (void)AddForeignItem("Fonts");
     host.FailCall("AIMenuSuite.CountMenuItems", 1, kHostError);
-    EXPECT_EQ(AddTop("Fonts"), 0U);
-    EXPECT_EQ(host.CountCalls(kNth), 0U);
-    EXPECT_EQ(Item("Title").group, kTopGroup);
+    EXPECT_EQ(0U, AddTop("Fonts"));
+    EXPECT_EQ(0U, host.CountCalls(kNth));
+    EXPECT_EQ(kTopGroup, Item("Title").group);
 }
 
-TEST_F(MenuPresence, FailingItemIsSkipped)
+TEST_F(MenuPresence, SkipsAnItemThatFails)
 {
     (void)AddForeignItem("Fonts");
     (void)AddForeignItem("Other");
     host.FailCall(kNth, 1, kHostError);
-    EXPECT_EQ(AddTop("Fonts"), 0U);
-    EXPECT_EQ(host.CountCalls(kNth), 2U);
+    EXPECT_EQ(0U, AddTop("Fonts"));
+    EXPECT_EQ(2U, host.CountCalls(kNth));
     EXPECT_THAT(host.Calls(kKey), ElementsAre(std::string(kKey) + "(item Other)"));
 }
 
-TEST_F(MenuPresence, MatchBehindAFailingItemIsFound)
+TEST_F(MenuPresence, FindsAMatchAfterAnItemThatFails)
 {
     (void)AddForeignItem("Other");
     (void)AddForeignItem("Fonts");
     host.FailCall(kNth, 1, kHostError);
-    EXPECT_EQ(AddTop("Fonts"), kItemAlreadyExists);
+    EXPECT_EQ(kItemAlreadyExists, AddTop("Fonts"));
 }
 
-TEST_F(MenuPresence, FailingKeyIsSkipped)
+TEST_F(MenuPresence, SkipsAKeyThatFails)
 {
     (void)AddForeignItem("Fonts");
     (void)AddForeignItem("Other");
     host.FailCall(kKey, 1, kHostError);
-    EXPECT_EQ(AddTop("Fonts"), 0U);
-    EXPECT_EQ(host.CountCalls(kKey), 2U);
+    EXPECT_EQ(0U, AddTop("Fonts"));
+    EXPECT_EQ(2U, host.CountCalls(kKey));
 }
 
-TEST_F(MenuPresence, FailureDoesNotUndoARefusal)
+TEST_F(MenuPresence, RefusesDespiteALaterFailure)
 {
     (void)AddForeignItem("Fonts");
     (void)AddForeignItem("Other");
     host.FailCall(kNth, 2, kHostError);
-    EXPECT_EQ(AddTop("Fonts"), kItemAlreadyExists);
+    EXPECT_EQ(kItemAlreadyExists, AddTop("Fonts"));
 }
 
-TEST_F(MenuPresence, FailingKeyDoesNotLeaveTheKeyBeforeIt)
+TEST_F(MenuPresence, DoesNotReuseThePreviousKeyAfterAFailure)
 {
     (void)AddForeignItem("Fonts");
     (void)AddForeignItem("Other");
     host.FailCall(kKey, 2, kHostError);
-    EXPECT_EQ(AddTop("Fonts"), kItemAlreadyExists);
-    EXPECT_EQ(Told("Fonts"), 1U);
+    EXPECT_EQ(kItemAlreadyExists, AddTop("Fonts"));
+    EXPECT_EQ(1U, RefusalTraces("Fonts"));
 }
 
 TEST_F(MenuPresence, NullKeyMatchesNothing)
 {
     (void)AddForeignItem("Fonts");
     host.GiveNull(kKey);
-    EXPECT_EQ(AddTop("Fonts"), 0U);
+    EXPECT_EQ(0U, AddTop("Fonts"));
 }
 
-TEST_F(MenuPresence, RefusalOfOneLeavesTheNextAlone)
+TEST_F(MenuPresence, AddsTheNextItemAfterARefusal)
 {
     (void)AddForeignItem("Fonts");
-    EXPECT_EQ(AddTop("Fonts"), kItemAlreadyExists);
-    EXPECT_EQ(AddTop("Others"), 0U);
+    EXPECT_EQ(kItemAlreadyExists, AddTop("Fonts"));
+    EXPECT_EQ(0U, AddTop("Others"));
 }
 
 }  // namespace

@@ -4,7 +4,7 @@ using ::testing::HasSubstr;
 
 namespace {
 
-constexpr unsigned int kNotFound = 0x15000000;  // CoreErrorCodes::kUnknownError
+constexpr unsigned int kNotFound = CoreErrorCodes::kUnknownError;
 
 // The search needs neither the host nor PluginCore.
 class MenuSearch : public ::testing::Test {
@@ -13,7 +13,7 @@ protected:
     {
         return GetMenuObject(node, key, value, found);
     }
-    // The text of what is thrown.
+    // The message of the exception that the search throws.
     std::string Thrown(const json& node, const char* key, const char* value)
     {
         try {
@@ -27,110 +27,110 @@ protected:
     json found = "untouched";
 };
 
-TEST_F(MenuSearch, RootItselfIsFound)
+TEST_F(MenuSearch, FindsTheRoot)
 {
     const json tree = Tree({Node("1", "One")});
-    EXPECT_EQ(Find(tree, "id", "root"), 0U);
-    EXPECT_EQ(found, tree);
+    EXPECT_EQ(0U, Find(tree, "id", "root"));
+    EXPECT_EQ(tree, found);
 }
 
-TEST_F(MenuSearch, NodeOfTheTopLevelIsFound)
+TEST_F(MenuSearch, FindsANodeOfTheTopLevel)
 {
-    EXPECT_EQ(Find(Tree({Node("1", "One"), Node("2", "Two")}), "title", "Two"), 0U);
-    EXPECT_EQ(found, Node("2", "Two"));
+    EXPECT_EQ(0U, Find(Tree({Node("1", "One"), Node("2", "Two")}), "title", "Two"));
+    EXPECT_EQ(Node("2", "Two"), found);
 }
 
-TEST_F(MenuSearch, NestedNodeIsFound)
+TEST_F(MenuSearch, FindsANestedNode)
 {
     const json tree = Tree({Node("1", "One", {Node("2", "Two", {Node("3", "Three")})})});
-    EXPECT_EQ(Find(tree, "id", "3"), 0U);
-    EXPECT_EQ(found.at("title"), "Three");
+    EXPECT_EQ(0U, Find(tree, "id", "3"));
+    EXPECT_EQ("Three", found.at("title"));
 }
 
-TEST_F(MenuSearch, FoundNodeComesWithItsChildren)
+TEST_F(MenuSearch, CopiesTheNodeWithItsChildren)
 {
     const json tree = Tree({Node("1", "One", {Node("2", "Two")})});
-    EXPECT_EQ(Find(tree, "id", "1"), 0U);
-    EXPECT_EQ(found, Node("1", "One", {Node("2", "Two")}));
+    EXPECT_EQ(0U, Find(tree, "id", "1"));
+    EXPECT_EQ(Node("1", "One", {Node("2", "Two")}), found);
 }
 
-TEST_F(MenuSearch, NothingFoundIsUnknownAndLeavesTheResult)
+TEST_F(MenuSearch, ReturnsUnknownAndKeepsTheResultWithoutAMatch)
 {
-    EXPECT_EQ(Find(Tree({Node("1", "One", {Node("2", "Two")})}), "id", "9"), kNotFound);
-    EXPECT_EQ(found, "untouched");
+    EXPECT_EQ(kNotFound, Find(Tree({Node("1", "One", {Node("2", "Two")})}), "id", "9"));
+    EXPECT_EQ("untouched", found);
 }
 
-TEST_F(MenuSearch, FirstInDocumentOrderWins)
+TEST_F(MenuSearch, FindsTheFirstInDocumentOrder)
 {
     const json tree = Tree({Node("1", "One", {Node("same", "in depth")}), Node("same", "on top")});
-    EXPECT_EQ(Find(tree, "id", "same"), 0U);
-    EXPECT_EQ(found.at("title"), "in depth");
+    EXPECT_EQ(0U, Find(tree, "id", "same"));
+    EXPECT_EQ("in depth", found.at("title"));
 }
 
 TEST_F(MenuSearch, MatchHidesItsChildren)
 {
     const json tree = Tree({Node("same", "outer", {Node("same", "inner")})});
-    EXPECT_EQ(Find(tree, "id", "same"), 0U);
-    EXPECT_EQ(found.at("title"), "outer");
+    EXPECT_EQ(0U, Find(tree, "id", "same"));
+    EXPECT_EQ("outer", found.at("title"));
 }
 
-TEST_F(MenuSearch, ChildrenOfAMatchAreNotEvenRead)
+TEST_F(MenuSearch, DoesNotReadTheChildrenOfAMatch)
 {
     const json tree = Tree({Node("1", "One", {json::object({{"child", json::array()}})})});
-    EXPECT_EQ(Find(tree, "id", "1"), 0U);
+    EXPECT_EQ(0U, Find(tree, "id", "1"));
 }
 
-TEST_F(MenuSearch, SearchGoesOnBehindASubtreeWithoutAMatch)
+TEST_F(MenuSearch, ContinuesAfterASubtreeWithoutAMatch)
 {
     const json tree = Tree({Node("1", "One", {Node("2", "Two"), Node("3", "Three")}),
                             Node("4", "Four", {Node("5", "Five")})});
-    EXPECT_EQ(Find(tree, "id", "5"), 0U);
+    EXPECT_EQ(0U, Find(tree, "id", "5"));
 }
 
-TEST_F(MenuSearch, TextsAreComparedByteForByte)
+TEST_F(MenuSearch, ComparesTextsByteForByte)
 {
     const json tree = Tree({Node("a", "Title"), Node("b", "title"), Node("c", "title ")});
-    EXPECT_EQ(Find(tree, "title", "title"), 0U);
-    EXPECT_EQ(found.at("id"), "b");
-    EXPECT_EQ(Find(tree, "title", "TITLE"), kNotFound);
+    EXPECT_EQ(0U, Find(tree, "title", "title"));
+    EXPECT_EQ("b", found.at("id"));
+    EXPECT_EQ(kNotFound, Find(tree, "title", "TITLE"));
 }
 
-TEST_F(MenuSearch, EmptyTextMatchesAnEmptyText)
+TEST_F(MenuSearch, FindsAnEmptyText)
 {
-    EXPECT_EQ(Find(Tree({Node("1", "One"), Node("line", "")}), "title", ""), 0U);
-    EXPECT_EQ(found.at("id"), "line");
+    EXPECT_EQ(0U, Find(Tree({Node("1", "One"), Node("line", "")}), "title", ""));
+    EXPECT_EQ("line", found.at("id"));
 }
 
-TEST_F(MenuSearch, NodeWhoseKeyHoldsANumberIsSkippedWithItsChildren)
+TEST_F(MenuSearch, SkipsANodeWhoseKeyIsANumberWithItsChildren)
 {
     json number = Node("1", "One", {Node("2", "Two")});
     number["id"] = 1;
     const json tree = Tree({number, Node("3", "Three")});
-    EXPECT_EQ(Find(tree, "id", "2"), kNotFound);
-    EXPECT_EQ(Find(tree, "id", "3"), 0U);
+    EXPECT_EQ(kNotFound, Find(tree, "id", "2"));
+    EXPECT_EQ(0U, Find(tree, "id", "3"));
 }
 
-TEST_F(MenuSearch, NodeWhoseKeyIsNullIsSkippedWithItsChildren)
+TEST_F(MenuSearch, SkipsANodeWhoseKeyIsNullWithItsChildren)
 {
     json null = Node("1", "One", {Node("2", "Two")});
     null["id"] = nullptr;
-    EXPECT_EQ(Find(Tree({null}), "id", "2"), kNotFound);
+    EXPECT_EQ(kNotFound, Find(Tree({null}), "id", "2"));
 }
 
-TEST_F(MenuSearch, ChildrenOfASkippedNodeAreNotRead)
+TEST_F(MenuSearch, DoesNotReadTheChildrenOfASkippedNode)
 {
     json number = Node("1", "One", {json::object({{"child", json::array()}})});
     number["id"] = 1;
-    EXPECT_EQ(Find(Tree({number}), "id", "2"), kNotFound);
+    EXPECT_EQ(kNotFound, Find(Tree({number}), "id", "2"));
 }
 
-TEST_F(MenuSearch, AbsentKeyIsThrown)
+TEST_F(MenuSearch, ThrowsForAMissingKey)
 {
     EXPECT_THAT(Thrown(json::object({{"child", json::array()}}), "title", "x"),
                 HasSubstr("key 'title' not found"));
 }
 
-TEST_F(MenuSearch, AbsentKeyBeforeTheMatchIsThrown)
+TEST_F(MenuSearch, ThrowsForAMissingKeyBeforeTheMatch)
 {
     json without = Node("1", "One");
     without.erase("id");
@@ -138,71 +138,71 @@ TEST_F(MenuSearch, AbsentKeyBeforeTheMatchIsThrown)
                 HasSubstr("key 'id' not found"));
 }
 
-TEST_F(MenuSearch, AbsentKeyBehindTheMatchIsNotReached)
+TEST_F(MenuSearch, DoesNotReachAMissingKeyAfterTheMatch)
 {
     json without = Node("1", "One");
     without.erase("id");
-    EXPECT_EQ(Find(Tree({Node("2", "Two"), without}), "id", "2"), 0U);
+    EXPECT_EQ(0U, Find(Tree({Node("2", "Two"), without}), "id", "2"));
 }
 
-TEST_F(MenuSearch, NodeWithoutChildIsOneWithoutChildren)
+TEST_F(MenuSearch, TreatsAMissingChildMemberAsNoChildren)
 {
     json leaf = Node("1", "One");
     leaf.erase("child");
     const json tree = Tree({leaf, Node("2", "Two")});
-    EXPECT_EQ(Find(tree, "id", "1"), 0U);
-    EXPECT_EQ(found, leaf);
-    EXPECT_EQ(Find(tree, "id", "2"), 0U);
-    EXPECT_EQ(Find(leaf, "id", "2"), kNotFound);
+    EXPECT_EQ(0U, Find(tree, "id", "1"));
+    EXPECT_EQ(leaf, found);
+    EXPECT_EQ(0U, Find(tree, "id", "2"));
+    EXPECT_EQ(kNotFound, Find(leaf, "id", "2"));
 }
 
-TEST_F(MenuSearch, ChildThatIsNoArrayIsNoChild)
+TEST_F(MenuSearch, IgnoresAChildMemberThatIsNoArray)
 {
     for (const json& child : {json(Node("2", "Two")), json("text"), json(5), json(nullptr)}) {
         json node = Node("1", "One");
         node["child"] = child;
-        EXPECT_EQ(Find(Tree({node}), "id", "2"), kNotFound) << child;
+        EXPECT_EQ(kNotFound, Find(Tree({node}), "id", "2")) << child;
     }
 }
 
-TEST_F(MenuSearch, ArrayIsSearchedInOrder)
+TEST_F(MenuSearch, SearchesAnArrayInOrder)
 {
     const json list = json::array({Node("1", "One"), Node("2", "Two"), Node("2", "Later")});
-    EXPECT_EQ(Find(list, "id", "2"), 0U);
-    EXPECT_EQ(found.at("title"), "Two");
+    EXPECT_EQ(0U, Find(list, "id", "2"));
+    EXPECT_EQ("Two", found.at("title"));
 }
 
-TEST_F(MenuSearch, ElementsThatAreNoObjectsAreSkipped)
+TEST_F(MenuSearch, SkipsElementsThatAreNoObjects)
 {
     const json list = json::array(
         {1, "1", nullptr, json::array({Node("1", "in an array")}), Node("1", "found"), true});
-    EXPECT_EQ(Find(list, "id", "1"), 0U);
-    EXPECT_EQ(found.at("title"), "found");
-    EXPECT_EQ(Find(list, "id", "2"), kNotFound);
+    EXPECT_EQ(0U, Find(list, "id", "1"));
+    EXPECT_EQ("found", found.at("title"));
+    EXPECT_EQ(kNotFound, Find(list, "id", "2"));
 }
 
-TEST_F(MenuSearch, ArrayWithoutObjectsIsUnknown)
+TEST_F(MenuSearch, ReturnsUnknownForAnArrayWithoutObjects)
 {
-    EXPECT_EQ(Find(json::array(), "id", "1"), kNotFound);
-    EXPECT_EQ(Find(json::array({1, "1", json::array()}), "id", "1"), kNotFound);
+    EXPECT_EQ(kNotFound, Find(json::array(), "id", "1"));
+    EXPECT_EQ(kNotFound, Find(json::array({1, "1", json::array()}), "id", "1"));
 }
 
-TEST_F(MenuSearch, OtherTypesAreUnknown)
+TEST_F(MenuSearch, ReturnsUnknownForOtherTypes)
 {
     for (const json& node : {json(nullptr), json("id"), json(1), json(1.5), json(true)}) {
-        EXPECT_EQ(Find(node, "id", "id"), kNotFound) << node;
+        EXPECT_EQ(kNotFound, Find(node, "id", "id")) << node;
     }
-    EXPECT_EQ(found, "untouched");
+    EXPECT_EQ("untouched", found);
 }
 
-TEST_F(MenuSearch, TreeStaysAsItWas)
+TEST_F(MenuSearch, DoesNotChangeTheTree)
 {
     json leaf = Node("1", "One");
     leaf.erase("child");
     const json tree = Tree({leaf, Node("2", "Two")});
     const std::string before = tree.dump();
-    EXPECT_EQ(Find(tree, "id", "9"), kNotFound);
-    EXPECT_EQ(tree.dump(), before);
+    EXPECT_EQ(kNotFound, Find(tree, "id", "9"));
+    EXPECT_EQ(before, tree.dump());
 }
 
 }  // namespace

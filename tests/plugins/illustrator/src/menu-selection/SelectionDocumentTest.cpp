@@ -9,18 +9,18 @@ namespace {
 
 const char* const kNoDocument = "No document is open.";
 
-// Which document a command concerns.
-class SelectionDocument : public RunningMenuTest {
+// Which document is passed to PluginCore with a command.
+class SelectionDocument : public RunningMenuFixture {
 protected:
     SelectionDocument()
     {
-        EXPECT_EQ(Add("1", "One", "One"), 0U);
-        host.GiveNull("AIMatchingArtSuite.GetMatchingArt");  // so the usage is the empty text
+        EXPECT_EQ(0U, Add("1", "One", "One"));
+        host.GiveNull("AIMatchingArtSuite.GetMatchingArt");  // for an empty usage
     }
     ~SelectionDocument() override { ForgetAboutDocumentHandle(nullptr); }
 
-    void Go() { EXPECT_EQ(SendGo(Item("One").handle), 0); }
-    // A document whose path PluginCore doesn't know, as one made from a template.
+    void Go() { EXPECT_EQ(0, SendGo(Item("One").handle)); }
+    // Adds a document whose path PluginCore doesn't know because it was made from a template.
     void AddDocumentFromTemplate(const std::string& templatePath)
     {
         host.AddDocument("Untitled-1");
@@ -33,7 +33,7 @@ protected:
     }
 };
 
-TEST_F(SelectionDocument, IdOfItsPathIsPassedOn)
+TEST_F(SelectionDocument, PassesTheIdForThePath)
 {
     host.AddDocument("/a.ai");
     core->documentID = "id-1";
@@ -42,38 +42,38 @@ TEST_F(SelectionDocument, IdOfItsPathIsPassedOn)
                                          "UpdateDocumentFontUsage(\"id-1\", \"\")",
                                          "HandleMenuSelection(\"id-1\", \"\", \"1\", \"\")"));
     EXPECT_FALSE(HasTrace(kNoDocument));
-    EXPECT_EQ(host.CountCalls("AIDocumentSuite.GetDocument()"), 0U);
+    EXPECT_EQ(0U, host.CountCalls("AIDocumentSuite.GetDocument()"));
 }
 
-TEST_F(SelectionDocument, StatusOfTheIdIsNotLookedAt)
+TEST_F(SelectionDocument, IgnoresTheStatusOfTheId)
 {
     host.AddDocument("/a.ai");
     core->documentID = "id-1";
     core->statuses["GetIDForDocument"] = 0x07000000;
     Go();
-    EXPECT_EQ(LastSelection(), "HandleMenuSelection(\"id-1\", \"\", \"1\", \"\")");
+    EXPECT_EQ("HandleMenuSelection(\"id-1\", \"\", \"1\", \"\")", LastSelection());
 }
 
-TEST_F(SelectionDocument, OtherStatusesAreNotLookedAtEither)
+TEST_F(SelectionDocument, IgnoresTheOtherStatuses)
 {
     host.AddDocument("/a.ai");
     core->documentID = "id-1";
     core->statuses["UpdateDocumentFontUsage"] = 0x07000000;
     core->statuses["HandleMenuSelection"] = 0x07000000;
     Go();
-    EXPECT_EQ(LastSelection(), "HandleMenuSelection(\"id-1\", \"\", \"1\", \"\")");
+    EXPECT_EQ("HandleMenuSelection(\"id-1\", \"\", \"1\", \"\")", LastSelection());
 }
 
-TEST_F(SelectionDocument, WithoutADocumentTheCommandGoesOnAllTheSame)
+TEST_F(SelectionDocument, PassesTheCommandWithoutADocument)
 {
     Go();
     EXPECT_THAT(core->calls, ElementsAre("GetIDForDocument(\"\", zeroed 256, 256)",
                                          "HandleMenuSelection(\"\", \"\", \"1\", \"\")"));
-    EXPECT_EQ(host.CountCalls("AIDocumentSuite.GetDocument()"), 1U);
+    EXPECT_EQ(1U, host.CountCalls("AIDocumentSuite.GetDocument()"));
     EXPECT_FALSE(HasTrace(kNoDocument));
 }
 
-TEST_F(SelectionDocument, RefusedHandleEndsTheSearchWithoutATrace)
+TEST_F(SelectionDocument, FailureToGetTheHandleEndsTheSearchWithoutATrace)
 {
     AddDocumentFromTemplate("/t.ait");
     host.FailCall("AIDocumentSuite.GetDocument", 1, kHostError);
@@ -84,7 +84,7 @@ TEST_F(SelectionDocument, RefusedHandleEndsTheSearchWithoutATrace)
     EXPECT_FALSE(HasTraceBeginningWith("Entering GetTemplatePathForDocumentHandle"));
 }
 
-TEST_F(SelectionDocument, TemplatesPathFindsTheId)
+TEST_F(SelectionDocument, FindsTheIdByTheTemplate)
 {
     AddDocumentFromTemplate("/t.ait");
     Go();
@@ -94,16 +94,16 @@ TEST_F(SelectionDocument, TemplatesPathFindsTheId)
                                          "HandleMenuSelection(\"id-7\", \"\", \"1\", \"\")"));
 }
 
-TEST_F(SelectionDocument, SecondCallGetsTheSizeThatTheFirstLeft)
+TEST_F(SelectionDocument, PassesTheSizeThatTheFirstCallLeftToTheSecond)
 {
     AddDocumentFromTemplate("/t.ait");
     core->documentIDSize = 17;
     Go();
-    EXPECT_EQ(core->calls.at(1), "GetIDForDocument(\"/t.ait\", zeroed 17, 17)");
-    EXPECT_EQ(LastSelection(), "HandleMenuSelection(\"id-7\", \"\", \"1\", \"\")");
+    EXPECT_EQ("GetIDForDocument(\"/t.ait\", zeroed 17, 17)", core->calls.at(1));
+    EXPECT_EQ("HandleMenuSelection(\"id-7\", \"\", \"1\", \"\")", LastSelection());
 }
 
-TEST_F(SelectionDocument, TemplateThatIsUnknownTooGivesNoId)
+TEST_F(SelectionDocument, PassesNoIdIfTheTemplateIsUnknownToo)
 {
     AddDocumentFromTemplate("/t.ait");
     core->onCall.clear();
@@ -111,10 +111,10 @@ TEST_F(SelectionDocument, TemplateThatIsUnknownTooGivesNoId)
     Go();
     EXPECT_THAT(core->CalledNames(),
                 ElementsAre("GetIDForDocument", "GetIDForDocument", "HandleMenuSelection"));
-    EXPECT_EQ(LastSelection(), "HandleMenuSelection(\"\", \"\", \"1\", \"\")");
+    EXPECT_EQ("HandleMenuSelection(\"\", \"\", \"1\", \"\")", LastSelection());
 }
 
-TEST_F(SelectionDocument, WithoutATemplateThereIsNoSecondCall)
+TEST_F(SelectionDocument, MakesNoSecondCallWithoutATemplate)
 {
     AddDocumentFromTemplate("");
     Go();
@@ -122,34 +122,34 @@ TEST_F(SelectionDocument, WithoutATemplateThereIsNoSecondCall)
     EXPECT_FALSE(HasTrace(kNoDocument));
 }
 
-TEST_F(SelectionDocument, AskingForTheTemplateMakesARecord)
+TEST_F(SelectionDocument, CreatesARecordWhenItAsksForTheTemplate)
 {
     host.AddDocument("/unknown.ai");
     ForgetAboutDocumentHandle(host.DocumentHandle(0));
     Forget();
     Go();
-    EXPECT_EQ(GetDocumentHandleForTemplatePath(""), host.DocumentHandle(0));
+    EXPECT_EQ(host.DocumentHandle(0), GetDocumentHandleForTemplatePath(""));
 }
 
-TEST_F(SelectionDocument, KnownDocumentMakesNoRecord)
+TEST_F(SelectionDocument, CreatesNoRecordForAKnownDocument)
 {
     host.AddDocument("/known.ai");
     core->documentID = "id-1";
     ForgetAboutDocumentHandle(host.DocumentHandle(0));
     Go();
-    EXPECT_EQ(GetDocumentHandleForTemplatePath(""), nullptr);
+    EXPECT_EQ(nullptr, GetDocumentHandleForTemplatePath(""));
 }
 
-TEST_F(SelectionDocument, ExceptionFromTheHandleIsCaught)
+TEST_F(SelectionDocument, CatchesAnExceptionOfTheHost)
 {
     AddDocumentFromTemplate("/t.ait");
     host.OnCall("AIDocumentSuite.GetDocument", [] { throw kHostError; });
     Go();
-    EXPECT_EQ(CountTraces(kNoDocument), 1U);
-    EXPECT_EQ(LastSelection(), "HandleMenuSelection(\"\", \"\", \"1\", \"\")");
+    EXPECT_EQ(1U, CountTraces(kNoDocument));
+    EXPECT_EQ("HandleMenuSelection(\"\", \"\", \"1\", \"\")", LastSelection());
 }
 
-TEST_F(SelectionDocument, ExceptionFromTheSecondCallIsCaught)
+TEST_F(SelectionDocument, CatchesAnExceptionOfTheSecondCall)
 {
     AddDocumentFromTemplate("/t.ait");
     core->onCall["GetIDForDocument"] = [this] {
@@ -157,30 +157,30 @@ TEST_F(SelectionDocument, ExceptionFromTheSecondCallIsCaught)
         if (core->calls.back().find("/t.ait") != std::string::npos) throw std::runtime_error("x");
     };
     Go();
-    EXPECT_EQ(CountTraces(kNoDocument), 1U);
-    EXPECT_EQ(LastSelection(), "HandleMenuSelection(\"\", \"\", \"1\", \"\")");
+    EXPECT_EQ(1U, CountTraces(kNoDocument));
+    EXPECT_EQ("HandleMenuSelection(\"\", \"\", \"1\", \"\")", LastSelection());
 }
 
-TEST_F(SelectionDocument, ExceptionFromTheFirstCallEndsAtTheBarrier)
+TEST_F(SelectionDocument, ExceptionOfTheFirstCallReachesTheBarrier)
 {
     host.AddDocument("/a.ai");
     core->onCall["GetIDForDocument"] = [] { throw std::runtime_error("x"); };
     Go();
     EXPECT_TRUE(HasTrace("Unhandled exception in Typeloft plugin."));
     EXPECT_FALSE(HasTrace(kNoDocument));
-    EXPECT_EQ(LastSelection(), "not called");
+    EXPECT_EQ("not called", LastSelection());
 }
 
-TEST_F(SelectionDocument, DocumentWithoutAPathIsAskedForWithAnEmptyOne)
+TEST_F(SelectionDocument, PassesAnEmptyPathForADocumentWithoutOne)
 {
     host.AddDocument("");
     core->documentID = "id-1";
     Go();
-    EXPECT_EQ(core->calls.front(), "GetIDForDocument(\"\", zeroed 256, 256)");
-    EXPECT_EQ(LastSelection(), "HandleMenuSelection(\"id-1\", \"\", \"1\", \"\")");
+    EXPECT_EQ("GetIDForDocument(\"\", zeroed 256, 256)", core->calls.front());
+    EXPECT_EQ("HandleMenuSelection(\"id-1\", \"\", \"1\", \"\")", LastSelection());
 }
 
-TEST_F(SelectionDocument, DisabledPluginPassesCommandsOnUnasked)
+TEST_F(SelectionDocument, PassesCommandsEvenIfDisabled)
 {
     core->enabled = false;
     host.AddDocument("/a.ai");

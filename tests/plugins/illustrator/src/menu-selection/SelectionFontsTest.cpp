@@ -9,12 +9,12 @@ namespace {
 const char* const kNoFonts = "No fonts found in document.";
 const char* const kBarrier = "Unhandled exception in Typeloft plugin.";
 
-// What a command tells of the document's fonts.
-class SelectionFonts : public RunningMenuTest {
+// Which fonts are passed to PluginCore with a command.
+class SelectionFonts : public RunningMenuFixture {
 protected:
     SelectionFonts()
     {
-        EXPECT_EQ(Add("1", "One", "One"), 0U);
+        EXPECT_EQ(0U, Add("1", "One", "One"));
         ScriptedDocument& document = host.AddDocument("/a.ai");
         document.frames = {{{"A"}}};
         document.storyFonts = {"A", "HostSans-Regular", "A"};
@@ -22,19 +22,19 @@ protected:
         Forget();
     }
     ScriptedDocument& Document() { return host.documents.back(); }
-    void Go() { EXPECT_EQ(SendGo(Item("One").handle), 0); }
-    // The fonts that the command comes with, in quotes.
+    void Go() { EXPECT_EQ(0, SendGo(Item("One").handle)); }
+    // The fonts passed with the command, in quotes.
     std::string Fonts()
     {
         const std::string beginning = "HandleMenuSelection(\"id-1\", \"\", \"1\", ";
         const std::string call = LastSelection();
-        EXPECT_EQ(call.compare(0, beginning.size(), beginning), 0) << call;
+        EXPECT_EQ(0, call.compare(0, beginning.size(), beginning)) << call;
         if (call.size() <= beginning.size()) return call;
         return call.substr(beginning.size(), call.size() - beginning.size() - 1);
     }
 };
 
-TEST_F(SelectionFonts, UsageIsUpdatedBeforeTheCommand)
+TEST_F(SelectionFonts, UpdatesTheUsageBeforeTheCommand)
 {
     Document().placedPaths = {"/logo.ai"};
     Go();
@@ -49,81 +49,81 @@ TEST_F(SelectionFonts, UsageIsUpdatedBeforeTheCommand)
             R"({"PostScriptName":"A"}]"))"));
 }
 
-TEST_F(SelectionFonts, FontsAreTakenAfterTheUsageIsUpdated)
+TEST_F(SelectionFonts, CollectsTheFontsAfterTheUsageIsUpdated)
 {
     std::size_t before = 99;
     core->onCall["UpdateDocumentFontUsage"] = [&] {
         before = host.CountCalls("AIArtSetSuite.NewArtSet");
     };
     Go();
-    EXPECT_EQ(before, 0U);
-    EXPECT_EQ(host.CountCalls("AIArtSetSuite.NewArtSet"), 1U);
+    EXPECT_EQ(0U, before);
+    EXPECT_EQ(1U, host.CountCalls("AIArtSetSuite.NewArtSet"));
 }
 
-TEST_F(SelectionFonts, DocumentWithoutAnIdIsNotExamined)
+TEST_F(SelectionFonts, DoesNotExamineADocumentWithoutAnId)
 {
     core->documentID = "";
     Go();
-    EXPECT_EQ(host.CountCalls("AIMatchingArtSuite"), 0U);
-    EXPECT_EQ(host.CountCalls("AIArtSetSuite"), 0U);
-    EXPECT_EQ(LastSelection(), "HandleMenuSelection(\"\", \"\", \"1\", \"\")");
+    EXPECT_EQ(0U, host.CountCalls("AIMatchingArtSuite"));
+    EXPECT_EQ(0U, host.CountCalls("AIArtSetSuite"));
+    EXPECT_EQ("HandleMenuSelection(\"\", \"\", \"1\", \"\")", LastSelection());
     EXPECT_FALSE(HasTrace(kNoFonts));
 }
 
-TEST_F(SelectionFonts, EmptyUsageIsUpdatedToo)
+TEST_F(SelectionFonts, UpdatesAnEmptyUsageToo)
 {
     host.GiveNull("AIMatchingArtSuite.GetMatchingArt");
     Go();
-    EXPECT_EQ(core->calls.at(1), "UpdateDocumentFontUsage(\"id-1\", \"\")");
+    EXPECT_EQ("UpdateDocumentFontUsage(\"id-1\", \"\")", core->calls.at(1));
 }
 
-TEST_F(SelectionFonts, DocumentWithoutTextHasNoFonts)
+TEST_F(SelectionFonts, PassesNoFontsForADocumentWithoutText)
 {
     Document().frames.clear();
     Document().storyFonts.clear();
     Go();
-    EXPECT_EQ(CountTraces(kNoFonts), 1U);
-    EXPECT_EQ(Fonts(), "\"\"");
+    EXPECT_EQ(1U, CountTraces(kNoFonts));
+    EXPECT_EQ("\"\"", Fonts());
     EXPECT_FALSE(HasTrace(kBarrier));
 }
 
-TEST_F(SelectionFonts, NullFontsAloneGiveTheEmptyText)
+TEST_F(SelectionFonts, PassesAnEmptyTextIfAllFontsAreNull)
 {
     Document().storyFonts = {kNullFont};
     Go();
     EXPECT_FALSE(HasTrace(kNoFonts));
-    EXPECT_EQ(Fonts(), "\"\"");
+    EXPECT_EQ("\"\"", Fonts());
 }
 
-TEST_F(SelectionFonts, FontsBeforeAFailureArePassedOn)
+TEST_F(SelectionFonts, PassesTheFontsFoundBeforeAFailure)
 {
-    // The first look at a font belongs to the usage.
-    int looks = 0;
+    // The usage report makes the first of these calls.
+    int calls = 0;
     host.OnCall("AIFontSuite.FontKeyFromFontRef", [&] {
-        if (++looks == 3) throw kHostError;
+        if (++calls == 3) throw kHostError;
     });
     Go();
-    EXPECT_EQ(CountTraces(kNoFonts), 1U);
-    EXPECT_EQ(Fonts(), R"("[{"PostScriptName":"A"}]")");
+    EXPECT_EQ(1U, CountTraces(kNoFonts));
+    EXPECT_EQ(R"("[{"PostScriptName":"A"}]")", Fonts());
 }
 
-TEST_F(SelectionFonts, AnyExceptionFromTheScanIsCaught)
+TEST_F(SelectionFonts, CatchesAnyExceptionOfTheScan)
 {
     host.OnCall("AIArtSetSuite.NewArtSet", [] { throw std::runtime_error("x"); });
     Go();
-    EXPECT_EQ(CountTraces(kNoFonts), 1U);
-    EXPECT_EQ(Fonts(), "\"\"");
+    EXPECT_EQ(1U, CountTraces(kNoFonts));
+    EXPECT_EQ("\"\"", Fonts());
 }
 
-TEST_F(SelectionFonts, TextEnginesErrorIsNotToldAndLeavesNoFonts)
+TEST_F(SelectionFonts, PassesNoFontsAndWritesNoTraceAfterATextEngineError)
 {
     host.FailCall("ATE TextFrame.GetStory", 1, kHostError);
     Go();
     EXPECT_FALSE(HasTrace(kNoFonts));
-    EXPECT_EQ(Fonts(), "\"\"");
+    EXPECT_EQ("\"\"", Fonts());
 }
 
-TEST_F(SelectionFonts, UsageThatIsNotUTF8EndsAtTheBarrier)
+TEST_F(SelectionFonts, UsageThatIsNotUTF8EndsTheMessage)
 {
     Document().frames = {{{"A\xFF"}}};
     Go();
@@ -131,7 +131,7 @@ TEST_F(SelectionFonts, UsageThatIsNotUTF8EndsAtTheBarrier)
     EXPECT_THAT(core->CalledNames(), ElementsAre("GetIDForDocument"));
 }
 
-TEST_F(SelectionFonts, FontThatIsNotUTF8EndsAtTheBarrierOnceTheUsageIsUpdated)
+TEST_F(SelectionFonts, FontThatIsNotUTF8EndsTheMessageAfterTheUsageIsUpdated)
 {
     Document().storyFonts = {"A\xFF"};
     Go();
@@ -140,26 +140,26 @@ TEST_F(SelectionFonts, FontThatIsNotUTF8EndsAtTheBarrierOnceTheUsageIsUpdated)
     EXPECT_THAT(core->CalledNames(), ElementsAre("GetIDForDocument", "UpdateDocumentFontUsage"));
 }
 
-TEST_F(SelectionFonts, ExceptionFromUpdatingEndsAtTheBarrier)
+TEST_F(SelectionFonts, ExceptionOfTheUpdateReachesTheBarrier)
 {
     core->onCall["UpdateDocumentFontUsage"] = [] { throw std::runtime_error("x"); };
     Go();
     EXPECT_TRUE(HasTrace(kBarrier));
-    EXPECT_EQ(LastSelection(), "not called");
+    EXPECT_EQ("not called", LastSelection());
 }
 
-TEST_F(SelectionFonts, DocumentFoundByItsTemplateIsExaminedToo)
+TEST_F(SelectionFonts, ExaminesADocumentFoundByItsTemplate)
 {
     core->onCall["GetIDForDocument"] = [this] {
         core->documentID = core->calls.size() == 1 ? "" : "id-1";
     };
     (void)SendCheck("/t.ait");
     Document().path = "Untitled-1";
-    EXPECT_EQ(SendNotifier(kOpened, host.DocumentHandle(0)), 0);
+    EXPECT_EQ(0, SendNotifier(kOpened, host.DocumentHandle(0)));
     Forget();
     Go();
-    EXPECT_EQ(core->calls.at(1), "GetIDForDocument(\"/t.ait\", zeroed 256, 256)");
-    EXPECT_NE(Fonts(), "\"\"");
+    EXPECT_EQ("GetIDForDocument(\"/t.ait\", zeroed 256, 256)", core->calls.at(1));
+    EXPECT_NE("\"\"", Fonts());
 }
 
 }  // namespace

@@ -4,18 +4,19 @@ using ::testing::ElementsAre;
 
 namespace {
 
-// Which text an update works with, and what it leaves for the command.
-class UpdateMenusText : public RunningMenuTest {
+// Which menu text an update uses, and which one it stores for the next command.
+class UpdateMenusText : public RunningMenuFixture {
 protected:
     UpdateMenusText()
     {
-        EXPECT_EQ(Add("1", "One", "One"), 0U);
+        EXPECT_EQ(0U, Add("1", "One", "One"));
         disabled = Node("1", "One");
         disabled["enabled"] = false;
     }
+    // The state that a command passes to PluginCore, in quotes.
     std::string State()
     {
-        EXPECT_EQ(SendGo(nullptr), 0);
+        EXPECT_EQ(0, SendGo(nullptr));
         const std::string call = LastSelection();
         const std::string beginning = "HandleMenuSelection(\"\", ";
         const std::string end = ", \"\", \"\")";
@@ -25,29 +26,29 @@ protected:
     json disabled;
 };
 
-TEST_F(UpdateMenusText, PathOfTheCurrentDocumentIsTold)
+TEST_F(UpdateMenusText, PassesThePathOfTheCurrentDocument)
 {
     host.AddDocument("/a.ai");
     Forget();
     Update(Tree({disabled}), "One");
-    EXPECT_EQ(core->calls.front(), "GetMenus(\"/a.ai\", null, 0)");
+    EXPECT_EQ("GetMenus(\"/a.ai\", null, 0)", core->calls.front());
 }
 
-TEST_F(UpdateMenusText, TextIsPassedOnWithTheCommand)
+TEST_F(UpdateMenusText, StoresTheTextForTheCommand)
 {
     Update(Tree({disabled}), "One");
-    EXPECT_EQ(State(), "\"" + Tree({disabled}).dump() + "\"");
+    EXPECT_EQ("\"" + Tree({disabled}).dump() + "\"", State());
 }
 
-TEST_F(UpdateMenusText, LaterTextTakesThePlaceOfTheEarlier)
+TEST_F(UpdateMenusText, ReplacesTheStoredText)
 {
     Update(Tree({disabled}), "One");
     Update(Tree({Node("1", "One")}), "One");
-    EXPECT_EQ(State(), "\"" + Tree({Node("1", "One")}).dump() + "\"");
+    EXPECT_EQ("\"" + Tree({Node("1", "One")}).dump() + "\"", State());
     EXPECT_TRUE(Item("One").enabled);
 }
 
-TEST_F(UpdateMenusText, FailingSecondAnswerUsesThePreviousText)
+TEST_F(UpdateMenusText, UsesThePreviousTextIfTheSecondCallFails)
 {
     Update(Tree({disabled}), "One");
     Forget();
@@ -59,40 +60,40 @@ TEST_F(UpdateMenusText, FailingSecondAnswerUsesThePreviousText)
                                                         "AIMenuSuite.CheckItem(item One, false)"));
     core->onCall.clear();
     core->statuses.clear();
-    EXPECT_EQ(State(), "\"" + Tree({disabled}).dump() + "\"");
+    EXPECT_EQ("\"" + Tree({disabled}).dump() + "\"", State());
 }
 
-TEST_F(UpdateMenusText, FailingSecondAnswerAtTheFirstUpdateHasNoTextToUse)
+TEST_F(UpdateMenusText, HasNoTextIfTheSecondCallOfTheFirstUpdateFails)
 {
     FailSecondGetMenus();
     AIMenuMessage message = host.MenuMessage(Item("One").handle);
     EXPECT_THROW((void)updateMenuItem(&message), json::parse_error);
-    EXPECT_EQ(State(), "\"\"");
+    EXPECT_EQ("\"\"", State());
 }
 
 class UpdateMenusFirstAnswer : public UpdateMenusText,
                                public ::testing::WithParamInterface<unsigned int> {};
 
-TEST_P(UpdateMenusFirstAnswer, StoresTheEmptyTextAndThrows)
+TEST_P(UpdateMenusFirstAnswer, StoresAnEmptyTextAndThrows)
 {
     Update(Tree({disabled}), "One");
     AnswerFirstGetMenus(GetParam());
     AIMenuMessage message = host.MenuMessage(Item("One").handle);
     EXPECT_THROW((void)updateMenuItem(&message), json::parse_error);
-    EXPECT_EQ(State(), "\"\"");
+    EXPECT_EQ("\"\"", State());
 }
 
 INSTANTIATE_TEST_SUITE_P(Answers, UpdateMenusFirstAnswer,
                          ::testing::Values(0U, 0x01000000U, 0x07000000U));
 
-TEST_F(UpdateMenusText, BeforeTheFirstUpdateTheStateIsEmpty) { EXPECT_EQ(State(), "\"\""); }
+TEST_F(UpdateMenusText, StateIsEmptyBeforeTheFirstUpdate) { EXPECT_EQ("\"\"", State()); }
 
-TEST_F(UpdateMenusText, EveryUpdateAsksAnew)
+TEST_F(UpdateMenusText, FetchesTheTextForEachUpdate)
 {
     Update(Tree({disabled}), "One");
     Update(Tree({disabled}), "One");
-    EXPECT_EQ(host.CountCalls("AIMenuSuite.DisableItem(item One)"), 2U);
-    EXPECT_EQ(core->calls.size(), 4U);
+    EXPECT_EQ(2U, host.CountCalls("AIMenuSuite.DisableItem(item One)"));
+    EXPECT_EQ(4U, core->calls.size());
 }
 
 }  // namespace

@@ -45,7 +45,7 @@ int AddListener(const char* type, void (*handler)(const Event*, void*), void* co
     return 42;
 }
 
-int DispatchToNobody(const Event* event)
+int RecordDispatch(const Event* event)
 {
     ++gDispatched;
     gEvent = event;
@@ -72,47 +72,47 @@ TEST_F(EventBusBinding, AllMembersAreNullAtFirst)
     EXPECT_TRUE(binding.PlugPlugDispatchEvent == nullptr);
 }
 
-TEST_F(EventBusBinding, WithoutABusBothOperationsGiveOne)
+TEST_F(EventBusBinding, BothOperationsReturnOneWithoutABus)
 {
-    EXPECT_EQ(binding.AddEventListener("type", SetInt, nullptr), 1);
-    EXPECT_EQ(binding.DispatchEvent(&event), 1);
+    EXPECT_EQ(1, binding.AddEventListener("type", SetInt, nullptr));
+    EXPECT_EQ(1, binding.DispatchEvent(&event));
 }
 
-TEST_F(EventBusBinding, ListenerIsPassedOnAndTheAnswerComesBack)
+TEST_F(EventBusBinding, AddsTheListenerAndReturnsTheBussAnswer)
 {
     int value = 0;
     binding.PlugPlugAddEventListener = AddListener;
-    EXPECT_EQ(binding.AddEventListener("type", SetInt, &value), 42);
-    EXPECT_EQ(gType, "type");
-    EXPECT_EQ(gContext, &value);
-    EXPECT_EQ(value, 5);
+    EXPECT_EQ(42, binding.AddEventListener("type", SetInt, &value));
+    EXPECT_EQ("type", gType);
+    EXPECT_EQ(&value, gContext);
+    EXPECT_EQ(5, value);
 }
 
-TEST_F(EventBusBinding, AddingNeedsNoOtherFunction)
+TEST_F(EventBusBinding, AddingAListenerNeedsNoOtherFunction)
 {
     int value = 0;
     binding.PlugPlugAddEventListener = AddListener;
     ASSERT_TRUE(binding.PlugPlugRemoveEventListener == nullptr);
-    EXPECT_EQ(binding.AddEventListener("type", SetInt, &value), 42);
-    EXPECT_EQ(gAdded, 1);
+    EXPECT_EQ(42, binding.AddEventListener("type", SetInt, &value));
+    EXPECT_EQ(1, gAdded);
 }
 
-// The dispatch asks whether the removal is bound.
-TEST_F(EventBusBinding, EventIsNotDispatchedWithoutTheRemoval)
+// DispatchEvent tests PlugPlugRemoveEventListener, and not the function that it calls.
+TEST_F(EventBusBinding, DoesNotDispatchWithoutTheRemovalFunction)
 {
-    binding.PlugPlugDispatchEvent = DispatchToNobody;
-    EXPECT_EQ(binding.DispatchEvent(&event), 1);
-    EXPECT_EQ(gDispatched, 0);
+    binding.PlugPlugDispatchEvent = RecordDispatch;
+    EXPECT_EQ(1, binding.DispatchEvent(&event));
+    EXPECT_EQ(0, gDispatched);
 }
 
-TEST_F(EventBusBinding, EventIsDispatchedWithTheRemovalAlone)
+TEST_F(EventBusBinding, DispatchesWithTheRemovalFunction)
 {
     binding.PlugPlugRemoveEventListener =
-        reinterpret_cast<decltype(binding.PlugPlugRemoveEventListener)>(&DispatchToNobody);
-    binding.PlugPlugDispatchEvent = DispatchToNobody;
-    EXPECT_EQ(binding.DispatchEvent(&event), 43);
-    EXPECT_EQ(gDispatched, 1);
-    EXPECT_EQ(gEvent, &event);
+        reinterpret_cast<decltype(binding.PlugPlugRemoveEventListener)>(&RecordDispatch);
+    binding.PlugPlugDispatchEvent = RecordDispatch;
+    EXPECT_EQ(43, binding.DispatchEvent(&event));
+    EXPECT_EQ(1, gDispatched);
+    EXPECT_EQ(&event, gEvent);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "LinkTest.h"
+#include "LinkFixture.h"
 #include "SDKPlugPlug.h"
 
 using ::testing::IsEmpty;
@@ -13,14 +13,14 @@ void* Address(Function function)
     return reinterpret_cast<void*>(function);
 }
 
-class EventBusLoading : public LinkTest {
+class EventBusLoading : public LinkFixture {
 protected:
     int LoadFrom(const std::string& variant)
     {
         UseFrameworks(variant);
         return binding.Load();
     }
-    // Whether what was bound is of that library.
+    // Returns whether all functions are bound to that library.
     bool IsBoundTo(const ScriptedPlugPlugLibrary& library) const
     {
         return library &&
@@ -37,81 +37,81 @@ protected:
     SDKPlugPlug binding;
 };
 
-TEST_F(EventBusLoading, OwlWinsWhenBothAreThere)
+TEST_F(EventBusLoading, PrefersOwlIfBothExist)
 {
     const ScriptedPlugPlugLibrary owl("both", "PlugPlugOwl");
     const ScriptedPlugPlugLibrary plain("both", "PlugPlug");
     ASSERT_TRUE(owl && plain);
-    EXPECT_EQ(LoadFrom("both"), 0);
+    EXPECT_EQ(0, LoadFrom("both"));
     EXPECT_TRUE(IsBoundTo(owl));
     EXPECT_FALSE(IsBoundTo(plain));
-    EXPECT_NE(binding.bundle, nullptr);
+    EXPECT_NE(nullptr, binding.bundle);
 }
 
-TEST_F(EventBusLoading, OwlAloneIsOpened)
+TEST_F(EventBusLoading, OpensOwlAlone)
 {
     const ScriptedPlugPlugLibrary owl("owl-only");
-    EXPECT_EQ(LoadFrom("owl-only"), 0);
+    EXPECT_EQ(0, LoadFrom("owl-only"));
     EXPECT_TRUE(IsBoundTo(owl));
 }
 
-TEST_F(EventBusLoading, PlainOneIsTheFallback)
+TEST_F(EventBusLoading, FallsBackToThePlainFramework)
 {
     const ScriptedPlugPlugLibrary plain("plain-only", "PlugPlug");
-    EXPECT_EQ(LoadFrom("plain-only"), 0);
+    EXPECT_EQ(0, LoadFrom("plain-only"));
     EXPECT_TRUE(IsBoundTo(plain));
 }
 
-TEST_F(EventBusLoading, FunctionsAreBoundAndNotCalled)
+TEST_F(EventBusLoading, BindsTheFunctionsWithoutCallingThem)
 {
     const ScriptedPlugPlugLibrary owl("owl-only");
-    EXPECT_EQ(LoadFrom("owl-only"), 0);
+    EXPECT_EQ(0, LoadFrom("owl-only"));
     EXPECT_THAT(owl->calls, IsEmpty());
 }
 
-TEST_F(EventBusLoading, FolderWithoutEitherGives31)
+TEST_F(EventBusLoading, Returns31ForAFolderWithoutEither)
 {
-    EXPECT_EQ(LoadFrom("none"), kNotLoaded);
-    EXPECT_EQ(binding.bundle, nullptr);
-    EXPECT_EQ(Address(binding.PlugPlugLoadExtension), nullptr);
+    EXPECT_EQ(kNotLoaded, LoadFrom("none"));
+    EXPECT_EQ(nullptr, binding.bundle);
+    EXPECT_EQ(nullptr, Address(binding.PlugPlugLoadExtension));
 }
 
-TEST_F(EventBusLoading, FolderThatIsNotThereGives31)
+TEST_F(EventBusLoading, Returns31ForAMissingFolder)
 {
     host.privateFrameworksPath = "/no/such/folder";
-    EXPECT_EQ(binding.Load(), kNotLoaded);
+    EXPECT_EQ(kNotLoaded, binding.Load());
     host.privateFrameworksPath = "";
-    EXPECT_EQ(binding.Load(), kNotLoaded);
-    EXPECT_EQ(binding.bundle, nullptr);
+    EXPECT_EQ(kNotLoaded, binding.Load());
+    EXPECT_EQ(nullptr, binding.bundle);
 }
 
-TEST_F(EventBusLoading, OwlThatIsNoLibraryGives31)
+TEST_F(EventBusLoading, Returns31IfOwlIsNoLibrary)
 {
-    EXPECT_EQ(LoadFrom("not-a-library"), kNotLoaded);
-    EXPECT_EQ(Address(binding.PlugPlugLoadExtension), nullptr);
+    EXPECT_EQ(kNotLoaded, LoadFrom("not-a-library"));
+    EXPECT_EQ(nullptr, Address(binding.PlugPlugLoadExtension));
 }
 
-// What can be reached is chosen, not what can be opened.
-TEST_F(EventBusLoading, OwlThatIsNoLibraryIsNotMadeUpForByThePlainOne)
+// The choice depends on which folder exists, and not on whether it can be opened.
+TEST_F(EventBusLoading, DoesNotFallBackIfOwlExistsButIsNoLibrary)
 {
-    EXPECT_EQ(LoadFrom("owl-not-a-library"), kNotLoaded);
-    EXPECT_EQ(Address(binding.PlugPlugLoadExtension), nullptr);
+    EXPECT_EQ(kNotLoaded, LoadFrom("owl-not-a-library"));
+    EXPECT_EQ(nullptr, Address(binding.PlugPlugLoadExtension));
 }
 
-TEST_F(EventBusLoading, LeavesNoTrace)
+TEST_F(EventBusLoading, WritesNoTrace)
 {
-    EXPECT_EQ(LoadFrom("none"), kNotLoaded);
-    EXPECT_EQ(LoadFrom("missing-PlugPlugDispatchEvent"), kNotLoaded);
-    EXPECT_EQ(LoadFrom("both"), 0);
+    EXPECT_EQ(kNotLoaded, LoadFrom("none"));
+    EXPECT_EQ(kNotLoaded, LoadFrom("missing-PlugPlugDispatchEvent"));
+    EXPECT_EQ(0, LoadFrom("both"));
     EXPECT_THAT(TraceTexts(), IsEmpty());
     EXPECT_THAT(host.alerts, IsEmpty());
 }
 
-TEST_F(EventBusLoading, CanBeRepeated)
+TEST_F(EventBusLoading, LoadsAgain)
 {
     const ScriptedPlugPlugLibrary owl("owl-only");
-    EXPECT_EQ(LoadFrom("owl-only"), 0);
-    EXPECT_EQ(LoadFrom("owl-only"), 0);
+    EXPECT_EQ(0, LoadFrom("owl-only"));
+    EXPECT_EQ(0, LoadFrom("owl-only"));
     EXPECT_TRUE(IsBoundTo(owl));
 }
 
@@ -121,17 +121,17 @@ constexpr const char* kNames[] = {"PlugPlugLoadExtension", "PlugPlugUnloadExtens
                                   "PlugPlugAddEventListener", "PlugPlugRemoveEventListener",
                                   "PlugPlugDispatchEvent"};
 
-TEST_P(EventBusWithoutAName, KeepsThoseInFrontOfItBound)
+TEST_P(EventBusWithoutAName, KeepsTheFunctionsBeforeItBound)
 {
-    EXPECT_EQ(LoadFrom(std::string("missing-") + kNames[GetParam()]), kNotLoaded);
+    EXPECT_EQ(kNotLoaded, LoadFrom(std::string("missing-") + kNames[GetParam()]));
     const void* const members[] = {
         Address(binding.PlugPlugLoadExtension), Address(binding.PlugPlugUnloadExtension),
         Address(binding.PlugPlugAddEventListener), Address(binding.PlugPlugRemoveEventListener),
         Address(binding.PlugPlugDispatchEvent)};
     for (int index = 0; index < 5; ++index) {
-        EXPECT_EQ(members[index] != nullptr, index < GetParam()) << kNames[index];
+        EXPECT_EQ(index < GetParam(), members[index] != nullptr) << kNames[index];
     }
-    EXPECT_NE(binding.bundle, nullptr);
+    EXPECT_NE(nullptr, binding.bundle);
 }
 
 INSTANTIATE_TEST_SUITE_P(Names, EventBusWithoutAName, ::testing::Range(0, 5),

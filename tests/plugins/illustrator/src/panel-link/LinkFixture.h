@@ -16,10 +16,10 @@ inline std::string Payload(const std::string& number)
     return "<payload><number>" + number + "</number></payload>";
 }
 
-// The link never goes down again in a process, so each body with a link has a process of its own.
-class LinkTest : public MessageTest {
+// A process never closes the link, so each test that opens it runs its body in a new process.
+class LinkFixture : public MessageFixture {
 protected:
-    LinkTest() { Start(); }
+    LinkFixture() { Start(); }
 
     void UseFrameworks(const std::string& variant)
     {

@@ -1,24 +1,24 @@
-#include "LinkTest.h"
+#include "LinkFixture.h"
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 namespace {
 
-class PanelLink : public LinkTest {};
+class PanelLink : public LinkFixture {};
 
-TEST_F(PanelLink, FirstTickBringsItUpAndSendsOneResponse)
+TEST_F(PanelLink, FirstTickOpensTheLinkAndSendsOneResponse)
 {
     InFreshProcess([&] {
         const ScriptedPlugPlugLibrary bus("owl-only");
         UseFrameworks("owl-only");
         core->socketPort = 12345;
-        EXPECT_EQ(SendTick(), 0);
+        EXPECT_EQ(0, SendTick());
         EXPECT_THAT(bus->calls, ElementsAre("PlugPlugAddEventListener", "PlugPlugDispatchEvent"));
         EXPECT_THAT(core->calls, ElementsAre("RegisterPlugPlug(plugPlug)", "GetSocketPort()",
                                              "IdleEvent()", "ProcessPanelMessages(1)"));
-        ASSERT_EQ(bus->events.size(), 1U);
-        EXPECT_EQ(bus->events[0].data, Payload("12345"));
+        ASSERT_EQ(1U, bus->events.size());
+        EXPECT_EQ(Payload("12345"), bus->events[0].data);
     });
 }
 
@@ -27,11 +27,11 @@ TEST_F(PanelLink, ListensForThePanelsRequest)
     InFreshProcess([&] {
         const ScriptedPlugPlugLibrary bus("owl-only");
         UseFrameworks("owl-only");
-        EXPECT_EQ(StartPlugPlug(), 0U);
-        ASSERT_EQ(bus->listeners.size(), 1U);
-        EXPECT_EQ(bus->listeners[0].type, kRequest);
-        EXPECT_EQ(bus->listeners[0].handler, &PortRequested);
-        EXPECT_EQ(bus->listeners[0].context, nullptr);
+        EXPECT_EQ(0U, StartPlugPlug());
+        ASSERT_EQ(1U, bus->listeners.size());
+        EXPECT_EQ(kRequest, bus->listeners[0].type);
+        EXPECT_EQ(&PortRequested, bus->listeners[0].handler);
+        EXPECT_EQ(nullptr, bus->listeners[0].context);
     });
 }
 
@@ -40,8 +40,8 @@ TEST_F(PanelLink, StartsNothingBeforeTheFirstTick)
     InFreshProcess([&] {
         const ScriptedPlugPlugLibrary bus("owl-only");
         UseFrameworks("owl-only");
-        EXPECT_EQ(SendInterface("Shutdown"), 0);
-        EXPECT_EQ(SendInterface("Startup"), 0);
+        EXPECT_EQ(0, SendInterface("Shutdown"));
+        EXPECT_EQ(0, SendInterface("Startup"));
         EXPECT_THAT(bus->calls, IsEmpty());
         EXPECT_THAT(core->CalledNames(), ::testing::Not(::testing::Contains("RegisterPlugPlug")));
     });
@@ -52,21 +52,21 @@ TEST_F(PanelLink, LaterTicksNeitherLoadNorSend)
     InFreshProcess([&] {
         const ScriptedPlugPlugLibrary bus("owl-only");
         UseFrameworks("owl-only");
-        EXPECT_EQ(SendTick(), 0);
+        EXPECT_EQ(0, SendTick());
         Forget();
         UseFrameworks("plain-only");
-        EXPECT_EQ(SendTick(), 0);
-        EXPECT_EQ(SendTick(), 0);
-        EXPECT_EQ(bus->attempts.size(), 1U);
-        EXPECT_EQ(bus->events.size(), 1U);
+        EXPECT_EQ(0, SendTick());
+        EXPECT_EQ(0, SendTick());
+        EXPECT_EQ(1U, bus->attempts.size());
+        EXPECT_EQ(1U, bus->events.size());
         EXPECT_THAT(core->CalledNames(), ElementsAre("IdleEvent", "ProcessPanelMessages",
                                                      "IdleEvent", "ProcessPanelMessages"));
-        EXPECT_EQ(StartPlugPlug(), 0U);
-        EXPECT_EQ(bus->events.size(), 1U);
+        EXPECT_EQ(0U, StartPlugPlug());
+        EXPECT_EQ(1U, bus->events.size());
     });
 }
 
-TEST_F(PanelLink, ListenerIsAddedBeforePluginCoreGetsTheBinding)
+TEST_F(PanelLink, AddsTheListenerBeforePluginCoreGetsTheBinding)
 {
     InFreshProcess([&] {
         const ScriptedPlugPlugLibrary bus("owl-only");
@@ -76,7 +76,7 @@ TEST_F(PanelLink, ListenerIsAddedBeforePluginCoreGetsTheBinding)
         bus->onCall["PlugPlugDispatchEvent"] = [&] { order.emplace_back("event"); };
         core->onCall["RegisterPlugPlug"] = [&] { order.emplace_back("register"); };
         core->onCall["GetSocketPort"] = [&] { order.emplace_back("port"); };
-        EXPECT_EQ(StartPlugPlug(), 0U);
+        EXPECT_EQ(0U, StartPlugPlug());
         EXPECT_THAT(order, ElementsAre("listener", "register", "port", "event"));
         core->onCall.clear();
     });
@@ -92,77 +92,77 @@ unsigned int KeepBinding(SDKPlugPlug* binding)
     return 9;
 }
 
-TEST_F(PanelLink, BindingIsWholeWhenItIsHandedOverAndStaysWhereItIs)
+TEST_F(PanelLink, PassesACompleteBindingThatRemainsValid)
 {
     InFreshProcess([&] {
         const ScriptedPlugPlugLibrary bus("owl-only");
         UseFrameworks("owl-only");
         core.Loader().pfRegisterPlugPlug = KeepBinding;
-        EXPECT_EQ(StartPlugPlug(), 0U);
-        ASSERT_NE(gRegistered, nullptr);
-        EXPECT_NE(gAsRegistered.bundle, nullptr);
-        EXPECT_EQ(reinterpret_cast<void*>(gAsRegistered.PlugPlugDispatchEvent),
-                  bus.Find("PlugPlugDispatchEvent"));
-        EXPECT_EQ(SendInterface("Shutdown"), 0);
-        EXPECT_EQ(gRegistered->bundle, gAsRegistered.bundle);
-        EXPECT_EQ(gRegistered->PlugPlugDispatchEvent, gAsRegistered.PlugPlugDispatchEvent);
+        EXPECT_EQ(0U, StartPlugPlug());
+        ASSERT_NE(nullptr, gRegistered);
+        EXPECT_NE(nullptr, gAsRegistered.bundle);
+        EXPECT_EQ(bus.Find("PlugPlugDispatchEvent"),
+                  reinterpret_cast<void*>(gAsRegistered.PlugPlugDispatchEvent));
+        EXPECT_EQ(0, SendInterface("Shutdown"));
+        EXPECT_EQ(gAsRegistered.bundle, gRegistered->bundle);
+        EXPECT_EQ(gAsRegistered.PlugPlugDispatchEvent, gRegistered->PlugPlugDispatchEvent);
     });
 }
 
-TEST_F(PanelLink, AnswerOfPluginCoreIsDropped)
+TEST_F(PanelLink, IgnoresTheStatusOfPluginCore)
 {
     InFreshProcess([&] {
         const ScriptedPlugPlugLibrary bus("owl-only");
         UseFrameworks("owl-only");
         core->statuses["RegisterPlugPlug"] = 0x02000000;
-        EXPECT_EQ(StartPlugPlug(), 0U);
-        EXPECT_EQ(bus->events.size(), 1U);
-        EXPECT_EQ(StartPlugPlug(), 0U);
-        EXPECT_EQ(bus->attempts.size(), 1U);
+        EXPECT_EQ(0U, StartPlugPlug());
+        EXPECT_EQ(1U, bus->events.size());
+        EXPECT_EQ(0U, StartPlugPlug());
+        EXPECT_EQ(1U, bus->attempts.size());
     });
 }
 
-TEST_F(PanelLink, StandsThoughTheFirstResponseCannotBeSent)
+TEST_F(PanelLink, RemainsOpenIfTheFirstResponseCannotBeSent)
 {
     InFreshProcess([&] {
         const ScriptedPlugPlugLibrary bus("owl-only");
         UseFrameworks("owl-only");
         core->statuses["GetSocketPort"] = 0x02000000;
-        EXPECT_EQ(StartPlugPlug(), 0U);
+        EXPECT_EQ(0U, StartPlugPlug());
         EXPECT_THAT(bus->events, IsEmpty());
         core->statuses.clear();
-        EXPECT_EQ(StartPlugPlug(), 0U);
-        EXPECT_EQ(bus->attempts.size(), 1U);
+        EXPECT_EQ(0U, StartPlugPlug());
+        EXPECT_EQ(1U, bus->attempts.size());
         EXPECT_THAT(bus->events, IsEmpty());
     });
 }
 
-TEST_F(PanelLink, StaysThroughShutdownAndANewStartup)
+TEST_F(PanelLink, RemainsOpenAfterShutdownAndANewStartup)
 {
     InFreshProcess([&] {
         const ScriptedPlugPlugLibrary bus("owl-only");
         UseFrameworks("owl-only");
-        EXPECT_EQ(SendTick(), 0);
-        EXPECT_EQ(SendInterface("Shutdown"), 0);
-        EXPECT_EQ(bus->listeners.size(), 1U);
-        EXPECT_EQ(bus->CountCalls("PlugPlugRemoveEventListener"), 0U);
-        EXPECT_EQ(SendInterface("Startup"), 0);
-        EXPECT_EQ(SendTick(), 0);
-        EXPECT_EQ(bus->attempts.size(), 1U);
-        EXPECT_EQ(bus->events.size(), 1U);
+        EXPECT_EQ(0, SendTick());
+        EXPECT_EQ(0, SendInterface("Shutdown"));
+        EXPECT_EQ(1U, bus->listeners.size());
+        EXPECT_EQ(0U, bus->CountCalls("PlugPlugRemoveEventListener"));
+        EXPECT_EQ(0, SendInterface("Startup"));
+        EXPECT_EQ(0, SendTick());
+        EXPECT_EQ(1U, bus->attempts.size());
+        EXPECT_EQ(1U, bus->events.size());
     });
 }
 
-TEST_F(PanelLink, ExtensionsAreNeitherLoadedNorUnloaded)
+TEST_F(PanelLink, NeitherLoadsNorUnloadsExtensions)
 {
     InFreshProcess([&] {
         const ScriptedPlugPlugLibrary bus("owl-only");
         UseFrameworks("owl-only");
-        EXPECT_EQ(SendTick(), 0);
-        (void)bus->Raise(kRequest);  // the number of listeners is another test's
-        EXPECT_EQ(SendInterface("Shutdown"), 0);
-        EXPECT_EQ(bus->CountCalls("PlugPlugLoadExtension"), 0U);
-        EXPECT_EQ(bus->CountCalls("PlugPlugUnloadExtension"), 0U);
+        EXPECT_EQ(0, SendTick());
+        (void)bus->Raise(kRequest);  // another test checks the number of listeners
+        EXPECT_EQ(0, SendInterface("Shutdown"));
+        EXPECT_EQ(0U, bus->CountCalls("PlugPlugLoadExtension"));
+        EXPECT_EQ(0U, bus->CountCalls("PlugPlugUnloadExtension"));
     });
 }
 

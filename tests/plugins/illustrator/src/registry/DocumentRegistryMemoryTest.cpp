@@ -15,21 +15,21 @@ char gLastTrace[200];
 
 }  // namespace
 
-// Takes no memory.
+// Replaces the plug-in's trace: keeps the last line without allocating memory.
 void OutputIndentedAndFormattedString(int /*indentChange*/, const char* format, ...)
 {
     va_list arguments;
     va_start(arguments, format);
-    (void)std::vsnprintf(gLastTrace, sizeof gLastTrace, format, arguments);  // cut if need be
+    (void)std::vsnprintf(gLastTrace, sizeof gLastTrace, format, arguments);  // cuts long lines
     va_end(arguments);
 }
 
 namespace {
 
-// Which allocation of the setter fails: that of the text or that of the record.
+// The parameter is the allocation of the setter that fails: 1 for the text, 2 for the record.
 class RegistryWithoutMemory : public testing::TestWithParam<std::size_t> {};
 
-TEST_P(RegistryWithoutMemory, StaysAsItWas)
+TEST_P(RegistryWithoutMemory, IsUnchanged)
 {
     auto* const known = reinterpret_cast<_t_AIDocument*>(0x10);
     auto* const fresh = reinterpret_cast<_t_AIDocument*>(0x20);

@@ -1,10 +1,10 @@
-#include "RegistryTest.h"
+#include "RegistryFixture.h"
 
 namespace {
 
-typedef RegistryTest DocumentRegistry;
+typedef RegistryFixture DocumentRegistry;
 
-TEST_F(DocumentRegistry, ARecordBeginsEmpty)
+TEST_F(DocumentRegistry, NewRecordIsEmpty)
 {
     const DocumentData data = DocumentData();
     EXPECT_EQ("", data.filePath);
@@ -13,7 +13,7 @@ TEST_F(DocumentRegistry, ARecordBeginsEmpty)
     EXPECT_EQ("", data.templatePath);
 }
 
-TEST_F(DocumentRegistry, KeepsTheFourFieldsApart)
+TEST_F(DocumentRegistry, StoresTheFourFieldsSeparately)
 {
     _t_AIDocument* const document = Document(0x10);
     SetFilePathForDocumentHandle(document, "/a.ai");
@@ -26,7 +26,7 @@ TEST_F(DocumentRegistry, KeepsTheFourFieldsApart)
     EXPECT_EQ("/t.ait", GetTemplatePathForDocumentHandle(document));
 }
 
-TEST_F(DocumentRegistry, ASetterReplacesWhatWasThere)
+TEST_F(DocumentRegistry, SetterReplacesTheValue)
 {
     _t_AIDocument* const document = Document(0x10);
     SetFilePathForDocumentHandle(document, "/a.ai");
@@ -34,7 +34,7 @@ TEST_F(DocumentRegistry, ASetterReplacesWhatWasThere)
     EXPECT_EQ("/b.ai", GetFilePathForDocumentHandle(document));
 }
 
-TEST_F(DocumentRegistry, KeepsDocumentsApart)
+TEST_F(DocumentRegistry, StoresDocumentsSeparately)
 {
     SetFilePathForDocumentHandle(Document(0x10), "/a.ai");
     SetFilePathForDocumentHandle(Document(0x20), "/b.ai");
@@ -42,7 +42,7 @@ TEST_F(DocumentRegistry, KeepsDocumentsApart)
     EXPECT_EQ("/b.ai", GetFilePathForDocumentHandle(Document(0x20)));
 }
 
-TEST_F(DocumentRegistry, GivesACopy)
+TEST_F(DocumentRegistry, GetterReturnsACopy)
 {
     _t_AIDocument* const document = Document(0x10);
     SetFilePathForDocumentHandle(document, "/a.ai");
@@ -51,7 +51,7 @@ TEST_F(DocumentRegistry, GivesACopy)
     EXPECT_EQ("/a.ai", GetFilePathForDocumentHandle(document));
 }
 
-TEST_F(DocumentRegistry, EachGetterOnAnUnknownHandleMakesARecord)
+TEST_F(DocumentRegistry, EachGetterCreatesARecordForAnUnknownHandle)
 {
     EXPECT_EQ("", GetFilePathForDocumentHandle(Document(0x10)));
     EXPECT_EQ(0, GetTimestampForDocumentHandle(Document(0x20)));
@@ -60,12 +60,12 @@ TEST_F(DocumentRegistry, EachGetterOnAnUnknownHandleMakesARecord)
     for (const std::uintptr_t number : {0x10, 0x20, 0x30, 0x40}) {
         ClearTraces();
         ForgetAboutDocumentHandle(Document(number));
-        EXPECT_EQ(1u, Traces().size());
+        EXPECT_EQ(1U, Traces().size());
         EXPECT_NE(std::string::npos, Traces()[0].text.find("erased 1 map entries.")) << number;
     }
 }
 
-TEST_F(DocumentRegistry, TheNullHandleIsAnOrdinaryKey)
+TEST_F(DocumentRegistry, StoresARecordForTheNullHandle)
 {
     SetFilePathForDocumentHandle(nullptr, "/a/b.ai");
     EXPECT_EQ("/a/b.ai", GetFilePathForDocumentHandle(nullptr));
@@ -76,14 +76,14 @@ TEST_F(DocumentRegistry, TheNullHandleIsAnOrdinaryKey)
     EXPECT_TRUE(HasTrace("ForgetAboutDocumentHandle(00000000) erased 1 map entries."));
 }
 
-TEST_F(DocumentRegistry, TheNextCheckOverwritesTheMailbox)
+TEST_F(DocumentRegistry, OverwritesThePathOfTheNullHandle)
 {
     SetFilePathForDocumentHandle(nullptr, "/a.ai");
     SetFilePathForDocumentHandle(nullptr, "/b.ai");
     EXPECT_EQ("/b.ai", GetFilePathForDocumentHandle(nullptr));
 }
 
-TEST_F(DocumentRegistry, ForgettingTakesAllFieldsOfThatDocumentAlone)
+TEST_F(DocumentRegistry, ForgetsAllFieldsOfOneDocument)
 {
     SetFilePathForDocumentHandle(Document(0x10), "/a.ai");
     SetTimestampForDocumentHandle(Document(0x10), 7);
@@ -98,13 +98,13 @@ TEST_F(DocumentRegistry, ForgettingTakesAllFieldsOfThatDocumentAlone)
     EXPECT_EQ("/b.ai", GetFilePathForDocumentHandle(Document(0x20)));
 }
 
-TEST_F(DocumentRegistry, FindsATemplateWithoutRegardToCase)
+TEST_F(DocumentRegistry, FindsATemplateCaseInsensitively)
 {
     SetTemplatePathForDocumentHandle(Document(0x10), "/templates/CARD.AIT");
     EXPECT_EQ(Document(0x10), GetDocumentHandleForTemplatePath("/Templates/Card.ait"));
 }
 
-TEST_F(DocumentRegistry, FindsNoTemplateThatDiffersInAnythingElse)
+TEST_F(DocumentRegistry, FindsNoTemplateThatDiffersOtherwise)
 {
     SetTemplatePathForDocumentHandle(Document(0x10), "/Templates/Caf\xC3\xA9.ait");
     EXPECT_EQ(nullptr, GetDocumentHandleForTemplatePath("/Templates/Caf\xC3\xA9.ait/"));
@@ -115,14 +115,14 @@ TEST_F(DocumentRegistry, FindsNoTemplateThatDiffersInAnythingElse)
     EXPECT_EQ(Document(0x10), GetDocumentHandleForTemplatePath("/Templates/Caf\xC3\xA9.ait"));
 }
 
-TEST_F(DocumentRegistry, ComparesTheTemplatePathAndNoOther)
+TEST_F(DocumentRegistry, ComparesOnlyTheTemplatePath)
 {
     SetFilePathForDocumentHandle(Document(0x10), "/t.ait");
     SetFontUsageForDocumentHandle(Document(0x10), "/t.ait");
     EXPECT_EQ(nullptr, GetDocumentHandleForTemplatePath("/t.ait"));
 }
 
-TEST_F(DocumentRegistry, OfTwoDocumentsTheLowerHandleIsFound)
+TEST_F(DocumentRegistry, FindsTheLowestHandle)
 {
     SetTemplatePathForDocumentHandle(Document(0x20), "/t.ait");
     SetTemplatePathForDocumentHandle(Document(0x10), "/t.ait");
@@ -132,14 +132,14 @@ TEST_F(DocumentRegistry, OfTwoDocumentsTheLowerHandleIsFound)
     EXPECT_EQ(Document(0x20), GetDocumentHandleForTemplatePath("/t.ait"));
 }
 
-TEST_F(DocumentRegistry, AMatchUnderTheNullHandleLooksLikeNone)
+TEST_F(DocumentRegistry, ReturnsNullForAMatchUnderTheNullHandle)
 {
     SetTemplatePathForDocumentHandle(nullptr, "/t.ait");
     SetTemplatePathForDocumentHandle(Document(0x10), "/t.ait");
     EXPECT_EQ(nullptr, GetDocumentHandleForTemplatePath("/t.ait"));
 }
 
-TEST_F(DocumentRegistry, AnEmptyPathFindsTheFirstDocumentWithoutATemplate)
+TEST_F(DocumentRegistry, FindsTheFirstDocumentWithoutATemplateForAnEmptyPath)
 {
     SetTemplatePathForDocumentHandle(Document(0x10), "/t.ait");
     SetFilePathForDocumentHandle(Document(0x20), "/b.ai");
@@ -147,7 +147,7 @@ TEST_F(DocumentRegistry, AnEmptyPathFindsTheFirstDocumentWithoutATemplate)
     EXPECT_EQ(Document(0x20), GetDocumentHandleForTemplatePath(""));
 }
 
-TEST_F(DocumentRegistry, SearchingMakesNoRecords)
+TEST_F(DocumentRegistry, SearchCreatesNoRecords)
 {
     EXPECT_EQ(nullptr, GetDocumentHandleForTemplatePath("/t.ait"));
     ClearTraces();
@@ -155,7 +155,7 @@ TEST_F(DocumentRegistry, SearchingMakesNoRecords)
     EXPECT_TRUE(HasTrace("ForgetAboutDocumentHandle(00000000) erased 0 map entries."));
 }
 
-TEST_F(DocumentRegistry, SearchingLeavesTheStoredPathAsItWas)
+TEST_F(DocumentRegistry, SearchDoesNotChangeTheStoredPath)
 {
     SetTemplatePathForDocumentHandle(Document(0x10), "/T.AIT");
     const std::string path = "/t.Ait";

@@ -1,12 +1,12 @@
-#include "RegistryTest.h"
+#include "RegistryFixture.h"
 
 namespace {
 
-typedef RegistryTest DocumentRegistryTraces;
+typedef RegistryFixture DocumentRegistryTraces;
 
 void ExpectTraces(const std::string& entry, const std::string& exit)
 {
-    ASSERT_EQ(2u, Traces().size());
+    ASSERT_EQ(2U, Traces().size());
     EXPECT_EQ(entry, Traces()[0].text);
     EXPECT_EQ(1, Traces()[0].indentChange);
     EXPECT_EQ(exit, Traces()[1].text);
@@ -14,7 +14,7 @@ void ExpectTraces(const std::string& entry, const std::string& exit)
     ClearTraces();
 }
 
-TEST_F(DocumentRegistryTraces, OfTheTextSetters)
+TEST_F(DocumentRegistryTraces, StringSetters)
 {
     _t_AIDocument* const document = Document(0x1A2B);
     SetFilePathForDocumentHandle(document, "/a.ai");
@@ -28,14 +28,14 @@ TEST_F(DocumentRegistryTraces, OfTheTextSetters)
                  "Exiting SetTemplatePathForDocumentHandle()");
 }
 
-TEST_F(DocumentRegistryTraces, OfTheTimestampSetter)
+TEST_F(DocumentRegistryTraces, TimestampSetter)
 {
     SetTimestampForDocumentHandle(Document(0x1A2B), 0x5F00);
     ExpectTraces("Entering SetTimestampForDocumentHandle(00001a2b, 0x00005f00)",
                  "Exiting SetTimestampForDocumentHandle()");
 }
 
-TEST_F(DocumentRegistryTraces, OfTheTextGetters)
+TEST_F(DocumentRegistryTraces, StringGetters)
 {
     _t_AIDocument* const document = Document(0x1A2B);
     SetFilePathForDocumentHandle(document, "/a.ai");
@@ -52,7 +52,7 @@ TEST_F(DocumentRegistryTraces, OfTheTextGetters)
                  "GetTemplatePathForDocumentHandle(00001a2b) returning ''");
 }
 
-TEST_F(DocumentRegistryTraces, OfTheTimestampGetter)
+TEST_F(DocumentRegistryTraces, TimestampGetter)
 {
     SetTimestampForDocumentHandle(Document(0x1A2B), 0x123456789);
     ClearTraces();
@@ -61,13 +61,13 @@ TEST_F(DocumentRegistryTraces, OfTheTimestampGetter)
                  "GetTimestampForDocumentHandle(00001a2b) returning 0x23456789");
 }
 
-TEST_F(DocumentRegistryTraces, PrintTheLow32BitsOfAHandle)
+TEST_F(DocumentRegistryTraces, PrintsTheLow32BitsOfAHandle)
 {
     SetFilePathForDocumentHandle(Document(0x123456789A), "/a.ai");
     EXPECT_TRUE(HasTrace("Entering SetFilePathForDocumentHandle(3456789a, '/a.ai')"));
 }
 
-TEST_F(DocumentRegistryTraces, OfTheSearchGiveThePathAsItCame)
+TEST_F(DocumentRegistryTraces, SearchPrintsThePathUnchanged)
 {
     SetTemplatePathForDocumentHandle(Document(0x1A2B), "/t.ait");
     ClearTraces();
@@ -79,7 +79,7 @@ TEST_F(DocumentRegistryTraces, OfTheSearchGiveThePathAsItCame)
               TraceTexts());
 }
 
-TEST_F(DocumentRegistryTraces, OfForgettingCountTheEntries)
+TEST_F(DocumentRegistryTraces, ForgettingPrintsTheNumberOfEntries)
 {
     SetFilePathForDocumentHandle(Document(0x1A2B), "/a.ai");
     ClearTraces();

@@ -8,18 +8,18 @@
 #include "DocumentRegistry.h"
 #include "RecordingTrace.h"
 
-// Each test works with handles of its own making, and forgets them.
-class RegistryTest : public testing::Test {
+// Erases the records of all handles that a test has used.
+class RegistryFixture : public testing::Test {
 protected:
-    RegistryTest() { ClearTraces(); }
-    ~RegistryTest() override
+    RegistryFixture() { ClearTraces(); }
+    ~RegistryFixture() override
     {
         for (_t_AIDocument* document : mUsed) ForgetAboutDocumentHandle(document);
         ForgetAboutDocumentHandle(nullptr);
         ClearTraces();
     }
 
-    // The handle of that number; the registry compares it and never looks behind it.
+    // A handle with this value; the registry never dereferences handles.
     _t_AIDocument* Document(std::uintptr_t number)
     {
         mUsed.push_back(reinterpret_cast<_t_AIDocument*>(number));

@@ -37,7 +37,7 @@ const Subscription kSubscriptions[] = {
     {"DocumentWriteOnDiskComplete", "AI Document Write On Disk Complete Notifier",
      &SGlobals::diskWritingCompleteNotifier, "...adding DocumentWriteOnDiskComplete notifier"}};
 
-class NotifierSubscription : public MessageTest {
+class NotifierSubscription : public MessageFixture {
 protected:
     static std::vector<std::string> AddingTraces()
     {
@@ -49,69 +49,69 @@ protected:
     }
 };
 
-TEST_F(NotifierSubscription, TwelveAreAddedInOrderWithTheirNamesAndFields)
+TEST_F(NotifierSubscription, AddsTwelveInOrderWithTheirNamesAndFields)
 {
-    ASSERT_EQ(SendInterface("Startup"), 0);
-    ASSERT_EQ(host.notifiers.size(), 12U);
+    ASSERT_EQ(0, SendInterface("Startup"));
+    ASSERT_EQ(12U, host.notifiers.size());
     for (std::size_t index = 0; index < 12; ++index) {
         const Subscription& expected = kSubscriptions[index];
         const ScriptedNotifier& added = host.notifiers[index];
-        EXPECT_EQ(added.name, expected.name);
-        EXPECT_EQ(added.type, expected.type);
-        EXPECT_EQ(added.self, host.Head().self);
-        EXPECT_EQ(added.handle, gGlobals->*expected.field) << expected.name;
+        EXPECT_EQ(expected.name, added.name);
+        EXPECT_EQ(expected.type, added.type);
+        EXPECT_EQ(host.Head().self, added.self);
+        EXPECT_EQ(gGlobals->*expected.field, added.handle) << expected.name;
     }
 }
 
-TEST_F(NotifierSubscription, EachIsTracedBeforeItIsAdded)
+TEST_F(NotifierSubscription, TracesEachBeforeItIsAdded)
 {
-    ASSERT_EQ(SendInterface("Startup"), 0);
+    ASSERT_EQ(0, SendInterface("Startup"));
     std::vector<std::string> expected;
     for (const Subscription& each : kSubscriptions) expected.emplace_back(each.trace);
-    EXPECT_EQ(AddingTraces(), expected);
-    EXPECT_EQ(CountTraces("...acquiring notifier suite"), 1U);
+    EXPECT_EQ(expected, AddingTraces());
+    EXPECT_EQ(1U, CountTraces("...acquiring notifier suite"));
 }
 
-TEST_F(NotifierSubscription, SuiteIsAcquiredOnItsOwnAndGivenBack)
+TEST_F(NotifierSubscription, AcquiresTheSuiteSeparatelyAndReleasesIt)
 {
-    ASSERT_EQ(SendInterface("Startup"), 0);
-    EXPECT_EQ(host.CountCalls("SPBasicSuite.AcquireSuite(\"AI Notifier Suite\", 1004)"), 2U);
-    EXPECT_EQ(host.SuiteReferences("AI Notifier Suite", 1004), 1);
+    ASSERT_EQ(0, SendInterface("Startup"));
+    EXPECT_EQ(2U, host.CountCalls("SPBasicSuite.AcquireSuite(\"AI Notifier Suite\", 1004)"));
+    EXPECT_EQ(1, host.SuiteReferences("AI Notifier Suite", 1004));
 }
 
 class NotifierRow : public NotifierSubscription, public ::testing::WithParamInterface<int> {};
 
-// The n-th subscription fails: those before it stay, startup carries on.
-TEST_P(NotifierRow, FailureKeepsThoseBeforeItAndStartupCarriesOn)
+// The subscription of this row fails.
+TEST_P(NotifierRow, FailureKeepsTheRowsBeforeItAndStartupContinues)
 {
     host.FailCall("AINotifierSuite.AddNotifier", GetParam() + 1, 4711);
-    EXPECT_EQ(SendInterface("Startup"), 0);
+    EXPECT_EQ(0, SendInterface("Startup"));
     EXPECT_TRUE(HasTrace("...exception caught while adding notifiers"));
-    EXPECT_EQ(host.notifiers.size(), static_cast<std::size_t>(GetParam()));
-    EXPECT_EQ(AddingTraces().back(), kSubscriptions[GetParam()].trace);
-    EXPECT_EQ(host.SuiteReferences("AI Notifier Suite", 1004), 1);
-    EXPECT_EQ(host.fileFormats.size(), 1U);
+    EXPECT_EQ(static_cast<std::size_t>(GetParam()), host.notifiers.size());
+    EXPECT_EQ(kSubscriptions[GetParam()].trace, AddingTraces().back());
+    EXPECT_EQ(1, host.SuiteReferences("AI Notifier Suite", 1004));
+    EXPECT_EQ(1U, host.fileFormats.size());
     for (int index = 0; index < 12; ++index) {
-        EXPECT_EQ(gGlobals->*kSubscriptions[index].field != nullptr, index < GetParam());
+        EXPECT_EQ(index < GetParam(), gGlobals->*kSubscriptions[index].field != nullptr);
     }
 }
 
 INSTANTIATE_TEST_SUITE_P(All, NotifierRow, ::testing::Range(0, 12));
 
-TEST_F(NotifierSubscription, ResultIsTheHostsCode)
+TEST_F(NotifierSubscription, ReturnsTheHostsCode)
 {
     Start();
     host.FailCall("AINotifierSuite.AddNotifier", 1, 4711);
     SPInterfaceMessage message = host.InterfaceMessage();
-    EXPECT_EQ(AddNotifiers(&message), 4711);
+    EXPECT_EQ(4711, AddNotifiers(&message));
     host.RefuseSuite("AI Notifier Suite", 1004, 4712);
-    EXPECT_EQ(AddNotifiers(&message), 4712);
-    EXPECT_EQ(CountTraces("...exception caught while adding notifiers"), 2U);
+    EXPECT_EQ(4712, AddNotifiers(&message));
+    EXPECT_EQ(2U, CountTraces("...exception caught while adding notifiers"));
 }
 
-TEST_F(NotifierSubscription, NullMessageIsAParameterError)
+TEST_F(NotifierSubscription, RejectsANullMessage)
 {
-    EXPECT_EQ(AddNotifiers(nullptr), kParameterError);
+    EXPECT_EQ(kHostBadParameter, AddNotifiers(nullptr));
     EXPECT_THAT(host.Calls(), IsEmpty());
 }
 

@@ -8,26 +8,26 @@ const char* const kPlaceholder = "./CorvantaFontManagement...";
 
 TEST(PluginInfo, IdentifierIsEmpty)
 {
-    EXPECT_EQ(PluginInfo::bundleIdentifier, "");
-    EXPECT_EQ(PluginInfo::GetPluginBundleIdentifier(), "");
+    EXPECT_EQ("", PluginInfo::bundleIdentifier);
+    EXPECT_EQ("", PluginInfo::GetPluginBundleIdentifier());
 }
 
-TEST(PluginInfo, IdentifierIsThatOfTheMember)
+TEST(PluginInfo, IdentifierComesFromTheMember)
 {
     PluginInfo::bundleIdentifier = "com.example.plugin";
-    EXPECT_EQ(PluginInfo::GetPluginBundleIdentifier(), "com.example.plugin");
+    EXPECT_EQ("com.example.plugin", PluginInfo::GetPluginBundleIdentifier());
     PluginInfo::bundleIdentifier.clear();
 }
 
 TEST(PluginInfo, PathWithoutAnIdentifierIsThePlaceholder)
 {
-    EXPECT_EQ(PluginInfo::GetPluginPath(nullptr), kPlaceholder);
+    EXPECT_EQ(kPlaceholder, PluginInfo::GetPluginPath(nullptr));
 }
 
 TEST(PluginInfo, PathOfAnUnknownBundleIsThePlaceholder)
 {
-    EXPECT_EQ(PluginInfo::GetPluginPath("com.example.unknown"), kPlaceholder);
-    EXPECT_EQ(PluginInfo::GetPluginPath(""), kPlaceholder);
+    EXPECT_EQ(kPlaceholder, PluginInfo::GetPluginPath("com.example.unknown"));
+    EXPECT_EQ(kPlaceholder, PluginInfo::GetPluginPath(""));
 }
 
 }  // namespace

@@ -8,9 +8,9 @@ using ::testing::IsEmpty;
 
 namespace {
 
-class Startup : public MessageTest {
+class Startup : public MessageFixture {
 protected:
-    // Of PluginCore's calls those that don't belong to the menus or their callback.
+    // PluginCore's calls without those for the menus and their callback.
     std::vector<std::string> CallsBesidesMenus()
     {
         std::vector<std::string> calls;
@@ -19,62 +19,63 @@ protected:
         }
         return calls;
     }
-    std::ptrdiff_t PlaceOf(const std::string& beginning)
+    // The index of the host's first call that begins like this.
+    std::ptrdiff_t IndexOf(const std::string& beginning)
     {
         const auto found =
             std::find_if(host.Calls().begin(), host.Calls().end(), [&](const std::string& call) {
                 return call.compare(0, beginning.size(), beginning) == 0;
             });
-        EXPECT_NE(found, host.Calls().end()) << beginning;
+        EXPECT_NE(host.Calls().end(), found) << beginning;
         return found - host.Calls().begin();
     }
 };
 
 TEST_F(Startup, CallsPluginCoreInOrder)
 {
-    EXPECT_EQ(SendInterface("Startup"), 0);
+    EXPECT_EQ(0, SendInterface("Startup"));
     EXPECT_THAT(CallsBesidesMenus(),
                 ElementsAre("GetAPIVersion(0, 7)",
                             "InitializePluginCoreInterface("
                             "\"com.corvanta.AutoActivationPlugin.AI24\", \"24\")",
                             "PluginIsEnabled(true, false)",
-                            // the test of the override file asks for the path, and that for the
-                            // version
+                            // The search for the override file asks IsLoaded for the path, which
+                            // checks the version again.
                             "GetAPIVersion(0, 7)", "GetSettings(zeroed 8192, 8192)"));
 }
 
 TEST_F(Startup, RegistersInOrder)
 {
-    EXPECT_EQ(SendInterface("Startup"), 0);
-    const auto block = PlaceOf("SPBlocksSuite.AllocateBlock(160, \"globals\")");
-    const auto notifier = PlaceOf("AINotifierSuite.AddNotifier(\"Change!\"");
-    const auto format = PlaceOf("AIFileFormatSuite.AddFileFormatEx");
-    const auto timer = PlaceOf("AITimerSuite.AddTimer(\"Corvanta AIPlugin Timer\", 1)");
+    EXPECT_EQ(0, SendInterface("Startup"));
+    const auto block = IndexOf("SPBlocksSuite.AllocateBlock(160, \"globals\")");
+    const auto notifier = IndexOf("AINotifierSuite.AddNotifier(\"Change!\"");
+    const auto format = IndexOf("AIFileFormatSuite.AddFileFormatEx");
+    const auto timer = IndexOf("AITimerSuite.AddTimer(\"Corvanta AIPlugin Timer\", 1)");
     EXPECT_LT(block, notifier);
     EXPECT_LT(notifier, format);
     EXPECT_LT(format, timer);
 }
 
-TEST_F(Startup, HostKeepsTheGlobals)
+TEST_F(Startup, HostReceivesTheGlobals)
 {
-    EXPECT_EQ(host.globals, nullptr);
-    EXPECT_EQ(SendInterface("Startup"), 0);
-    EXPECT_NE(host.globals, nullptr);
-    EXPECT_EQ(gGlobals, host.globals);
+    EXPECT_EQ(nullptr, host.globals);
+    EXPECT_EQ(0, SendInterface("Startup"));
+    EXPECT_NE(nullptr, host.globals);
+    EXPECT_EQ(host.globals, gGlobals);
 }
 
-TEST_F(Startup, BlocksSuiteIsAcquiredOnItsOwnAndGivenBack)
+TEST_F(Startup, AcquiresTheBlocksSuiteSeparatelyAndReleasesIt)
 {
-    EXPECT_EQ(SendInterface("Startup"), 0);
-    EXPECT_EQ(host.CountCalls("SPBasicSuite.AcquireSuite(\"SP Blocks Suite\", 2)"), 2U);
-    EXPECT_EQ(host.SuiteReferences("SP Blocks Suite", 2), 1);
+    EXPECT_EQ(0, SendInterface("Startup"));
+    EXPECT_EQ(2U, host.CountCalls("SPBasicSuite.AcquireSuite(\"SP Blocks Suite\", 2)"));
+    EXPECT_EQ(1, host.SuiteReferences("SP Blocks Suite", 2));
 }
 
 TEST_F(Startup, RefusedInitializationLeavesThePluginInert)
 {
     core->statuses["InitializePluginCoreInterface"] = 0x02000000;
-    EXPECT_EQ(SendInterface("Startup"), 0);
-    EXPECT_EQ(host.globals, nullptr);
+    EXPECT_EQ(0, SendInterface("Startup"));
+    EXPECT_EQ(nullptr, host.globals);
     EXPECT_THAT(host.notifiers, IsEmpty());
     EXPECT_THAT(host.fileFormats, IsEmpty());
     EXPECT_THAT(host.menuItems, IsEmpty());
@@ -83,80 +84,80 @@ TEST_F(Startup, RefusedInitializationLeavesThePluginInert)
     EXPECT_THAT(host.alerts, IsEmpty());
 }
 
-TEST_F(Startup, BlocksSuiteRefusedGivesTheHostsCode)
+TEST_F(Startup, ReturnsTheHostsCodeIfTheBlocksSuiteIsRefused)
 {
-    // The walk over the table comes first and is allowed it.
-    ASSERT_EQ(SendInterface("Other"), 0);
+    // The first message acquires all suites of the table, this one included.
+    ASSERT_EQ(0, SendInterface("Other"));
     host.RefuseSuite("SP Blocks Suite", 2, 4711);
-    EXPECT_EQ(SendInterface("Startup"), 4711);
+    EXPECT_EQ(4711, SendInterface("Startup"));
     EXPECT_TRUE(HasTrace("EXCEPTION: AIErr from AcquireSuite(kSPBlocksSuite)"));
     EXPECT_TRUE(HasTrace("StartupPlugin, after catching an error\n"));
-    EXPECT_EQ(host.globals, nullptr);
+    EXPECT_EQ(nullptr, host.globals);
     EXPECT_THAT(host.timers, IsEmpty());
     EXPECT_THAT(host.fileFormats, IsEmpty());
 }
 
-TEST_F(Startup, FailedBlockGivesTheHostsCode)
+TEST_F(Startup, ReturnsTheHostsCodeIfNoBlockCanBeAllocated)
 {
     host.FailCall("SPBlocksSuite.AllocateBlock", 1, 0x214D454D);
-    EXPECT_EQ(SendInterface("Startup"), 0x214D454D);
+    EXPECT_EQ(0x214D454D, SendInterface("Startup"));
     EXPECT_FALSE(HasTrace("EXCEPTION: AIErr from AcquireSuite(kSPBlocksSuite)"));
     EXPECT_TRUE(HasTrace("StartupPlugin, after catching an error\n"));
-    EXPECT_EQ(host.globals, nullptr);
-    EXPECT_EQ(host.SuiteReferences("SP Blocks Suite", 2), 1);
+    EXPECT_EQ(nullptr, host.globals);
+    EXPECT_EQ(1, host.SuiteReferences("SP Blocks Suite", 2));
     EXPECT_THAT(host.notifiers, IsEmpty());
 }
 
-TEST_F(Startup, IntFromALaterStepLeavesItHalfStarted)
+TEST_F(Startup, IntThrownByALaterStepLeavesThePluginHalfStarted)
 {
     core->onCall["PluginIsEnabled"] = [] { throw 4711; };
-    EXPECT_EQ(SendInterface("Startup"), 4711);
+    EXPECT_EQ(4711, SendInterface("Startup"));
     EXPECT_TRUE(HasTrace("StartupPlugin, after catching an error\n"));
-    EXPECT_NE(host.globals, nullptr);
-    EXPECT_EQ(host.notifiers.size(), 12U);
+    EXPECT_NE(nullptr, host.globals);
+    EXPECT_EQ(12U, host.notifiers.size());
     EXPECT_THAT(host.timers, IsEmpty());
-    EXPECT_EQ(host.SuiteReferences("SP Blocks Suite", 2), 1);
+    EXPECT_EQ(1, host.SuiteReferences("SP Blocks Suite", 2));
     core->onCall.clear();
 }
 
-TEST_F(Startup, OtherExceptionsGoToTheBarrier)
+TEST_F(Startup, OtherExceptionsReachTheBarrier)
 {
     core->onCall["PluginIsEnabled"] = [] { throw std::runtime_error("x"); };
-    EXPECT_EQ(SendInterface("Startup"), 0);
+    EXPECT_EQ(0, SendInterface("Startup"));
     EXPECT_TRUE(HasTrace("Unhandled exception in Typeloft plugin."));
     EXPECT_FALSE(HasTrace("StartupPlugin, after catching an error\n"));
     core->onCall.clear();
 }
 
-TEST_F(Startup, SuppressionIsSetUpWithPluginCoresFlag)
+TEST_F(Startup, SetsUpTheSuppressionWithPluginCoresFlag)
 {
-    EXPECT_EQ(SendInterface("Startup"), 0);
+    EXPECT_EQ(0, SendInterface("Startup"));
     EXPECT_TRUE(HasTrace("Entering SetupIllustratorDialogSuppression(1)"));
 }
 
-TEST_F(Startup, SuppressionIsSetUpForADisabledPluginToo)
+TEST_F(Startup, SetsUpTheSuppressionOfADisabledPluginToo)
 {
     core->enabled = false;
-    EXPECT_EQ(SendInterface("Startup"), 0);
+    EXPECT_EQ(0, SendInterface("Startup"));
     EXPECT_TRUE(HasTrace("Entering SetupIllustratorDialogSuppression(0)"));
-    EXPECT_EQ(host.notifiers.size(), 12U);
+    EXPECT_EQ(12U, host.notifiers.size());
 }
 
-TEST_F(Startup, PluginCoreThatThrowsEndsAtTheBarrier)
+TEST_F(Startup, ExceptionOfPluginCoreReachesTheBarrier)
 {
     core->onCall["InitializePluginCoreInterface"] = [] { throw std::runtime_error("x"); };
-    EXPECT_EQ(SendInterface("Startup"), 0);
+    EXPECT_EQ(0, SendInterface("Startup"));
     EXPECT_TRUE(HasTrace("Unhandled exception in Typeloft plugin."));
-    EXPECT_EQ(host.globals, nullptr);
+    EXPECT_EQ(nullptr, host.globals);
     core->onCall.clear();
 }
 
-TEST_F(Startup, FailedFileFormatDoesNotStopIt)
+TEST_F(Startup, ContinuesWithoutTheFileFormat)
 {
     host.RefuseSuite("AI File Format Suite", 1015, 4711);
-    EXPECT_EQ(SendInterface("Startup"), 0);
-    EXPECT_EQ(host.timers.size(), 1U);
-    EXPECT_EQ(host.notifiers.size(), 12U);
+    EXPECT_EQ(0, SendInterface("Startup"));
+    EXPECT_EQ(1U, host.timers.size());
+    EXPECT_EQ(12U, host.notifiers.size());
     EXPECT_THAT(CallsBesidesMenus(), ::testing::Contains("PluginIsEnabled(true, false)"));
 }
 

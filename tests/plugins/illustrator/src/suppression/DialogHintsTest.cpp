@@ -1,4 +1,4 @@
-#include "SuppressionTest.h"
+#include "SuppressionFixture.h"
 
 namespace {
 
@@ -17,10 +17,10 @@ TitleTest TryTitle(const std::string& title)
     return result;
 }
 
-TEST(DialogHints, AreTracedWithTheirKey)
+TEST(DialogHints, AreTracedWithTheirKeyCode)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         AddDialogSuppressionHint("Meine Schriften", 0x1A2B);
         EXPECT_EQ(std::vector<std::string>{"AddDialogSuppressionHint(Meine Schriften, 0x00001a2b)"},
                   TraceTexts());
@@ -29,10 +29,10 @@ TEST(DialogHints, AreTracedWithTheirKey)
 
 TEST(DialogHints, UseTheEscapeKey) { EXPECT_EQ(53, sDismissalKeyCode); }
 
-TEST(DialogHints, BuiltInOnesComeInTheirOrder)
+TEST(DialogHints, BuiltInHintsAreAddedInOrder)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         CreateListOfSuppressableDialogs();
         EXPECT_EQ(HintTracesOf(kBuiltInHints), HintTraces());
     });
@@ -44,13 +44,13 @@ TEST_P(BuiltInHint, IsFoundInATitle)
 {
     InFreshProcess([] {
         const std::string& hint = GetParam();
-        Suppression suppression;
+        SuppressionFixture suppression;
         CreateListOfSuppressableDialogs();
         for (const std::string& title : {hint, "a " + hint + " b", hint + "s"}) {
             ClearTraces();
             const TitleTest result = TryTitle(title);
             EXPECT_TRUE(result.found) << title;
-            EXPECT_EQ(53u, result.keyCode);
+            EXPECT_EQ(53U, result.keyCode);
             EXPECT_EQ("Dialog '" + title +
                           "' is suppressable with key-event 0x00000035 because it contains '" +
                           hint + "'",
@@ -61,10 +61,10 @@ TEST_P(BuiltInHint, IsFoundInATitle)
 
 INSTANTIATE_TEST_SUITE_P(DialogHints, BuiltInHint, testing::ValuesIn(kBuiltInHints));
 
-TEST(DialogHints, CountCase)
+TEST(DialogHints, AreCaseSensitive)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         CreateListOfSuppressableDialogs();
         EXPECT_FALSE(TryTitle("MISSING FONTS").found);
         EXPECT_FALSE(TryTitle("SCHRIFTEN").found);
@@ -74,26 +74,26 @@ TEST(DialogHints, CountCase)
     });
 }
 
-TEST(DialogHints, WithoutAHitLeaveTheKeyAsItWas)
+TEST(DialogHints, WithoutAMatchDoNotChangeTheKeyCode)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         CreateListOfSuppressableDialogs();
         EXPECT_EQ(kUntouched, TryTitle("Save as").keyCode);
     });
 }
 
-TEST(DialogHints, AreTriedInOrderUntilOneIsFound)
+TEST(DialogHints, AreTriedInOrderUntilOneMatches)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         AddDialogSuppressionHint("zero", 1);
         AddDialogSuppressionHint("second", 2);
         AddDialogSuppressionHint("first", 3);
         ClearTraces();
         const TitleTest result = TryTitle("first and second");
         EXPECT_TRUE(result.found);
-        EXPECT_EQ(2u, result.keyCode);
+        EXPECT_EQ(2U, result.keyCode);
         EXPECT_EQ((std::vector<std::string>{
                       "Does 'first and second' contain 'zero'?",
                       "Does 'first and second' contain 'second'?",
@@ -103,10 +103,10 @@ TEST(DialogHints, AreTriedInOrderUntilOneIsFound)
     });
 }
 
-TEST(DialogHints, AreAllTriedOnAMiss)
+TEST(DialogHints, AreAllTriedWithoutAMatch)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         AddDialogSuppressionHint("A", 1);
         AddDialogSuppressionHint("B", 2);
         ClearTraces();
@@ -116,32 +116,32 @@ TEST(DialogHints, AreAllTriedOnAMiss)
     });
 }
 
-TEST(DialogHints, MayRepeatAndTheFirstOfAPairWins)
+TEST(DialogHints, CanRepeatAndTheFirstWins)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         AddDialogSuppressionHint("A", 1);
         AddDialogSuppressionHint("A", 2);
-        EXPECT_EQ(1u, TryTitle("A").keyCode);
+        EXPECT_EQ(1U, TryTitle("A").keyCode);
     });
 }
 
-TEST(DialogHints, OfNoTextNeverMatchAndKeepThePairing)
+TEST(DialogHints, ThatAreEmptyNeverMatchAndKeepTheirKeyCode)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         AddDialogSuppressionHint("", 1);
         AddDialogSuppressionHint("A", 2);
         EXPECT_FALSE(TryTitle("b").found);
         EXPECT_FALSE(TryTitle("").found);
-        EXPECT_EQ(2u, TryTitle("A").keyCode);
+        EXPECT_EQ(2U, TryTitle("A").keyCode);
     });
 }
 
 TEST(DialogHints, AreCopied)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         std::string hint = "Fonts";
         AddDialogSuppressionHint(hint.c_str(), 1);
         hint.assign("XXXXX");
@@ -149,10 +149,10 @@ TEST(DialogHints, AreCopied)
     });
 }
 
-TEST(DialogHints, ThatWereNeverAddedGiveNoTrace)
+TEST(DialogHints, WithoutAnyWriteNoTrace)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         const TitleTest result = TryTitle("Missing Fonts");
         EXPECT_FALSE(result.found);
         EXPECT_EQ(kUntouched, result.keyCode);

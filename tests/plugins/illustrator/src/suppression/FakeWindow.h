@@ -7,7 +7,7 @@
 
 #include "ModalWindow.h"
 
-// A window that keeps the events it gets. A test may act, or throw, in each operation.
+// A window that records the events sent to it. A test can act or throw in two of its operations.
 class FakeWindow : public ModalWindow {
 public:
     explicit FakeWindow(std::string title, std::string className = "DVAMacDialog")
@@ -30,7 +30,7 @@ public:
         if (onSendEvent) onSendEvent();
     }
 
-    std::vector<SKeyEvent> events;  // their texts are gone; copies stand below
+    std::vector<SKeyEvent> events;  // their strings are no longer valid; the copies are
     std::vector<std::string> characters;
     std::vector<std::string> charactersIgnoringModifiers;
     std::function<void()> onGetTitle;

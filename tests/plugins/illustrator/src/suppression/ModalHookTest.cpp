@@ -1,15 +1,15 @@
 #include <stdexcept>
 
-#include "SuppressionTest.h"
+#include "SuppressionFixture.h"
 
 namespace {
 
-// With the hook in place, the built-in hints and a period of 15 seconds.
+// Runs `body` in a new process with the hook, the built-in hints and a period of 15 seconds.
 template <class Body>
 void WithHook(Body body)
 {
     InFreshProcess([&] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         CreateListOfSuppressableDialogs();
         InitSuppressionHooks();
         SetSuppressionOfMissingFontsDialog(15);
@@ -18,20 +18,20 @@ void WithHook(Body body)
     });
 }
 
-TEST(ModalHook, ExchangesTheSlot)
+TEST(ModalHook, ReplacesTheHostsFunction)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         InitSuppressionHooks();
         EXPECT_NE(suppression.ownSession, suppression.Slot());
         EXPECT_NE(nullptr, suppression.Slot());
     });
 }
 
-TEST(ModalHook, ASecondCallExchangesBack)
+TEST(ModalHook, SecondCallRestoresTheHostsFunction)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         InitSuppressionHooks();
         const BeginModalSessionFunction replacement = suppression.Slot();
         InitSuppressionHooks();
@@ -39,27 +39,27 @@ TEST(ModalHook, ASecondCallExchangesBack)
         InitSuppressionHooks();
         EXPECT_EQ(replacement, suppression.Slot());
         FakeWindow window("Missing Fonts");
-        (void)suppression.Slot()(&window);  // Only who was reached counts here.
+        (void)suppression.Slot()(&window);  // The session doesn't matter here.
         EXPECT_EQ(std::vector<ModalWindow*>{&window}, suppression.host.modalSessions);
     });
 }
 
 TEST(ModalHook, IsNeverUndone)
 {
-    WithHook([](Suppression& suppression) {
+    WithHook([](SuppressionFixture& suppression) {
         const BeginModalSessionFunction replacement = suppression.Slot();
         RemoveSuppressionHooks();
         EXPECT_EQ(replacement, suppression.Slot());
         FakeWindow window("Missing Fonts");
-        (void)suppression.Slot()(&window);  // Only the event counts here.
-        EXPECT_EQ(1u, window.events.size());
+        (void)suppression.Slot()(&window);  // The session doesn't matter here.
+        EXPECT_EQ(1U, window.events.size());
     });
 }
 
 TEST(ModalHook, RemovingWithoutAHookChangesNothing)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         RemoveSuppressionHooks();
         EXPECT_EQ(suppression.ownSession, suppression.Slot());
         EXPECT_TRUE(Traces().empty());
@@ -68,19 +68,19 @@ TEST(ModalHook, RemovingWithoutAHookChangesNothing)
 
 TEST(ModalHook, SendsTheEventBeforeTheRealSessionBegins)
 {
-    WithHook([](Suppression& suppression) {
+    WithHook([](SuppressionFixture& suppression) {
         FakeWindow window("Missing Fonts");
         std::size_t sessionsAtEvent = 99;
         window.onSendEvent = [&] { sessionsAtEvent = suppression.host.modalSessions.size(); };
-        (void)suppression.Slot()(&window);  // Only the order counts here.
-        EXPECT_EQ(0u, sessionsAtEvent);
+        (void)suppression.Slot()(&window);  // The session doesn't matter here.
+        EXPECT_EQ(0U, sessionsAtEvent);
         EXPECT_EQ(std::vector<ModalWindow*>{&window}, suppression.host.modalSessions);
     });
 }
 
-TEST(ModalHook, HandsTheRealSessionBack)
+TEST(ModalHook, ReturnsTheRealSession)
 {
-    WithHook([](Suppression& suppression) {
+    WithHook([](SuppressionFixture& suppression) {
         FakeWindow dismissed("Missing Fonts");
         FakeWindow untouched("Save as");
         FakeWindow panel("Missing Fonts", "NSPanel");
@@ -89,7 +89,7 @@ TEST(ModalHook, HandsTheRealSessionBack)
         const ModalSession third = suppression.Slot()(&panel);
         EXPECT_EQ((std::vector<ModalWindow*>{&dismissed, &untouched, &panel}),
                   suppression.host.modalSessions);
-        // What the host's own function gives, told by asking it in the same state.
+        // The host's function returns the same sessions if it is called in the same state.
         suppression.host.modalSessions.clear();
         EXPECT_EQ(suppression.ownSession(&dismissed), first);
         EXPECT_EQ(suppression.ownSession(&untouched), second);
@@ -99,48 +99,50 @@ TEST(ModalHook, HandsTheRealSessionBack)
 
 TEST(ModalHook, BeginsTheSessionUnchangedOutsideAPeriod)
 {
-    WithHook([](Suppression& suppression) {
+    WithHook([](SuppressionFixture& suppression) {
         FakeClock::Advance(15);
         FakeWindow window("Missing Fonts");
         EXPECT_NE(nullptr, suppression.Slot()(&window));
         EXPECT_TRUE(HasTrace("Saw a dialog titled 'Missing Fonts'"));
         EXPECT_TRUE(window.events.empty());
-        EXPECT_EQ(1u, suppression.host.modalSessions.size());
+        EXPECT_EQ(1U, suppression.host.modalSessions.size());
     });
 }
 
-TEST(ModalHook, LetsASessionBegunInsideTheEventThrough)
+TEST(ModalHook, PassesOnASessionThatBeginsDuringTheEvent)
 {
-    WithHook([](Suppression& suppression) {
+    WithHook([](SuppressionFixture& suppression) {
         FakeWindow outer("Missing Fonts");
         FakeWindow inner("Missing Fonts");
-        outer.onSendEvent = [&] { (void)suppression.Slot()(&inner); };  // Begun and left.
-        (void)suppression.Slot()(&outer);  // Only the order counts here.
-        EXPECT_EQ(1u, outer.events.size());
+        outer.onSendEvent = [&] {
+            (void)suppression.Slot()(&inner);
+        };                                 // The session doesn't matter.
+        (void)suppression.Slot()(&outer);  // The session doesn't matter here.
+        EXPECT_EQ(1U, outer.events.size());
         EXPECT_TRUE(inner.events.empty());
         EXPECT_EQ((std::vector<ModalWindow*>{&inner, &outer}), suppression.host.modalSessions);
-        EXPECT_EQ(2u, CountTraces("Saw a dialog titled 'Missing Fonts'"));
-        EXPECT_EQ(1u, CountTraces("SetSuppressionOfMissingFontsDialog(until 5 seconds from now)"));
+        EXPECT_EQ(2U, CountTraces("Saw a dialog titled 'Missing Fonts'"));
+        EXPECT_EQ(1U, CountTraces("SetSuppressionOfMissingFontsDialog(until 5 seconds from now)"));
         EXPECT_EQ(5, SecondsLeft());
     });
 }
 
 TEST(ModalHook, BeginsTheSessionAfterThePlatformsException)
 {
-    WithHook([](Suppression& suppression) {
+    WithHook([](SuppressionFixture& suppression) {
         FakeWindow window("Missing Fonts");
         window.onSendEvent = [] { throw ModalWindowException("gone"); };
         testing::internal::CaptureStderr();
         EXPECT_NE(nullptr, suppression.Slot()(&window));
         EXPECT_THAT(testing::internal::GetCapturedStderr(),
                     testing::HasSubstr("Exception when beginModalOverride:  exception=gone"));
-        EXPECT_EQ(1u, suppression.host.modalSessions.size());
+        EXPECT_EQ(1U, suppression.host.modalSessions.size());
     });
 }
 
 TEST(ModalHook, BeginsNoSessionAfterAnyOtherException)
 {
-    WithHook([](Suppression& suppression) {
+    WithHook([](SuppressionFixture& suppression) {
         FakeWindow window("Missing Fonts");
         window.onSendEvent = [] { throw std::runtime_error("other"); };
         EXPECT_THROW((void)suppression.Slot()(&window), std::runtime_error);

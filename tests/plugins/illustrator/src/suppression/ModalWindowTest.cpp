@@ -1,16 +1,16 @@
 #include <stdexcept>
 
 #include "DebugUtils.h"
-#include "SuppressionTest.h"
+#include "SuppressionFixture.h"
 
 namespace {
 
-// With the built-in hints and a period of 15 seconds.
+// Runs `body` in a new process with the built-in hints and a period of 15 seconds.
 template <class Body>
 void InPeriod(Body body)
 {
     InFreshProcess([&] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         CreateListOfSuppressableDialogs();
         SetSuppressionOfMissingFontsDialog(15);
         ClearTraces();
@@ -23,12 +23,12 @@ TEST(ModalWindowDecision, DismissesTheDialogWithOneKeyEvent)
     InPeriod([] {
         FakeWindow window("Missing Fonts");
         HandleModalWindow(window);
-        ASSERT_EQ(1u, window.events.size());
+        ASSERT_EQ(1U, window.events.size());
         const SKeyEvent& event = window.events[0];
         EXPECT_EQ(10, event.type);
         EXPECT_EQ(0.0, event.x);
         EXPECT_EQ(0.0, event.y);
-        EXPECT_EQ(0u, event.modifierFlags);
+        EXPECT_EQ(0U, event.modifierFlags);
         EXPECT_EQ(0.0, event.timestamp);
         EXPECT_EQ(4242, event.windowNumber);
         EXPECT_EQ("\n", window.characters[0]);
@@ -41,17 +41,17 @@ TEST(ModalWindowDecision, DismissesTheDialogWithOneKeyEvent)
 TEST(ModalWindowDecision, SendsTheLow16BitsOfTheKey)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         AddDialogSuppressionHint("Fonts", 0x7A0024);
         SetSuppressionOfMissingFontsDialog(15);
         FakeWindow window("Missing Fonts");
         HandleModalWindow(window);
-        ASSERT_EQ(1u, window.events.size());
+        ASSERT_EQ(1U, window.events.size());
         EXPECT_EQ(0x24, window.events[0].keyCode);
     });
 }
 
-TEST(ModalWindowDecision, GoesThroughItsStepsInOrder)
+TEST(ModalWindowDecision, TracesItsStepsInOrder)
 {
     InPeriod([] {
         FakeWindow window("Missing Fonts");
@@ -98,7 +98,7 @@ TEST(ModalWindowDecision, CatchesTheDialogThatFollowsADismissedOne)
         FakeClock::Advance(4);
         FakeWindow second("Find Font");
         HandleModalWindow(second);
-        EXPECT_EQ(1u, second.events.size());
+        EXPECT_EQ(1U, second.events.size());
         FakeClock::Advance(5);
         FakeWindow third("Missing Fonts");
         HandleModalWindow(third);
@@ -106,7 +106,7 @@ TEST(ModalWindowDecision, CatchesTheDialogThatFollowsADismissedOne)
     });
 }
 
-TEST(ModalWindowDecision, LeavesADialogOfAnotherTitleAloneButCutsThePeriod)
+TEST(ModalWindowDecision, IgnoresADialogWithAnotherTitleButShortensThePeriod)
 {
     InPeriod([] {
         FakeWindow window("Save as");
@@ -116,7 +116,7 @@ TEST(ModalWindowDecision, LeavesADialogOfAnotherTitleAloneButCutsThePeriod)
     });
 }
 
-TEST(ModalWindowDecision, TakesNoNoticeOfAnotherClass)
+TEST(ModalWindowDecision, IgnoresAnotherClass)
 {
     InPeriod([] {
         FakeWindow window("Missing Fonts", "NSPanel");
@@ -130,7 +130,7 @@ TEST(ModalWindowDecision, TakesNoNoticeOfAnotherClass)
 TEST(ModalWindowDecision, OnlyTracesADialogOutsideAPeriod)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         CreateListOfSuppressableDialogs();
         ClearTraces();
         FakeWindow window("Missing Fonts");
@@ -144,7 +144,7 @@ TEST(ModalWindowDecision, OnlyTracesADialogOutsideAPeriod)
     });
 }
 
-TEST(ModalWindowDecision, LeavesAnExpiredPeriodExpired)
+TEST(ModalWindowDecision, DoesNotRestartAnExpiredPeriod)
 {
     InPeriod([] {
         FakeClock::Advance(20);
@@ -159,7 +159,7 @@ TEST(ModalWindowDecision, LeavesAnExpiredPeriodExpired)
     });
 }
 
-TEST(ModalWindowDecision, ReportsThePlatformsExceptionAndGoesOn)
+TEST(ModalWindowDecision, LogsThePlatformsExceptionAndContinues)
 {
     InPeriod([] {
         FakeWindow window("Missing Fonts");
@@ -173,11 +173,11 @@ TEST(ModalWindowDecision, ReportsThePlatformsExceptionAndGoesOn)
     });
 }
 
-TEST(ModalWindowDecision, ReportsThePlatformsExceptionFromTheTitleTest)
+TEST(ModalWindowDecision, LogsThePlatformsExceptionOfGetTitle)
 {
     InPeriod([] {
         FakeWindow window("Missing Fonts");
-        // The title is read for the trace first; only after that does the period stand at 0.
+        // The title is first read for a trace, before the period is set to 0 seconds.
         window.onGetTitle = [] {
             if (HasTrace("SetSuppressionOfMissingFontsDialog(until 0 seconds from now)")) {
                 throw ModalWindowException("no title");
@@ -192,7 +192,7 @@ TEST(ModalWindowDecision, ReportsThePlatformsExceptionFromTheTitleTest)
     });
 }
 
-TEST(ModalWindowDecision, LetsAnyOtherExceptionPass)
+TEST(ModalWindowDecision, OtherExceptionsPassThrough)
 {
     InPeriod([] {
         FakeWindow window("Missing Fonts");

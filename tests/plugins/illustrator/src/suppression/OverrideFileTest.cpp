@@ -1,11 +1,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "SuppressionTest.h"
+#include "SuppressionFixture.h"
 
 namespace {
 
-// Looks for the file with both values that the caller may have put in.
+// Calls the function with both initial values of the output.
 void ExpectOverride(bool found, bool listedFromTrue, bool listedFromFalse)
 {
     bool listed = true;
@@ -16,6 +16,7 @@ void ExpectOverride(bool found, bool listedFromTrue, bool listedFromFalse)
     EXPECT_EQ(listedFromFalse, listed);
 }
 
+// Expects that the file exists and that exactly these hints are added.
 void ExpectHints(const std::vector<std::string>& hints)
 {
     bool listed = !hints.empty();
@@ -25,10 +26,10 @@ void ExpectHints(const std::vector<std::string>& hints)
     EXPECT_EQ(HintTracesOf(hints), HintTraces());
 }
 
-TEST(OverrideFile, IsNotLookedForWithoutPluginCore)
+TEST(OverrideFile, IsNotSearchedWithoutPluginCore)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         suppression.WriteOverride("Fonts\n");
         suppression.core.Loader().missingFunctionCount = 1;
         ExpectOverride(false, true, false);
@@ -36,51 +37,51 @@ TEST(OverrideFile, IsNotLookedForWithoutPluginCore)
     });
 }
 
-TEST(OverrideFile, IsNotLookedForBesideAPathWithoutAFolder)
+TEST(OverrideFile, IsNotSearchedIfPluginCoresPathHasNoFolder)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         suppression.core.Loader().frameworkPath = "PluginCore.framework";
         ExpectOverride(false, true, false);
     });
 }
 
-TEST(OverrideFile, ThatIsNotThereListsNothing)
+TEST(OverrideFile, ListsNothingIfItIsMissing)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         ExpectOverride(false, false, false);
     });
 }
 
-TEST(OverrideFile, IsNoFolder)
+TEST(OverrideFile, IsNotAFolder)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         std::filesystem::create_directory(suppression.OverridePath());
         ExpectOverride(false, false, false);
     });
 }
 
-TEST(OverrideFile, WithoutALineListsNothing)
+TEST(OverrideFile, ListsNothingIfItIsEmpty)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         suppression.WriteOverride("");
         ExpectOverride(true, false, false);
         EXPECT_TRUE(HintTraces().empty());
     });
 }
 
-TEST(OverrideFile, ThatCannotBeReadListsNothing)
+TEST(OverrideFile, ListsNothingIfItIsUnreadable)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         suppression.WriteOverride("Fonts\n");
         ASSERT_EQ(0, chmod(suppression.scratch.Path().c_str(), 0755));
         ASSERT_EQ(0, chmod(suppression.OverridePath().c_str(), 0));
         const uid_t self = geteuid();
-        // The superuser reads everything.
+        // The superuser can read the file all the same.
         if (self == 0) {
             ASSERT_EQ(0, seteuid(65534));
         }
@@ -94,43 +95,43 @@ TEST(OverrideFile, ThatCannotBeReadListsNothing)
 TEST(OverrideFile, HasOneHintPerLineWithTheEscapeKey)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         suppression.WriteOverride("Fonts\nMeine Schriften\n");
         ExpectHints({"Fonts", "Meine Schriften"});
     });
 }
 
-TEST(OverrideFile, CountsALastLineWithoutALineFeed)
+TEST(OverrideFile, ReadsALastLineWithoutALineFeed)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         suppression.WriteOverride("Fonts\nlast");
         ExpectHints({"Fonts", "last"});
     });
 }
 
-TEST(OverrideFile, KeepsBlanksCommentsAndCarriageReturns)
+TEST(OverrideFile, KeepsSpacesCommentsAndCarriageReturns)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         suppression.WriteOverride("  Fonts \r\n# none\n\xEF\xBB\xBF\xC3\xA9\n");
         ExpectHints({"  Fonts \r", "# none", "\xEF\xBB\xBF\xC3\xA9"});
     });
 }
 
-TEST(OverrideFile, TakesAnEmptyLineForALine)
+TEST(OverrideFile, ReadsAnEmptyLineAsAnEmptyHint)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         suppression.WriteOverride("\n");
         ExpectHints({""});
     });
 }
 
-TEST(OverrideFile, LiesBehindTheLastSlashOfPluginCoresPath)
+TEST(OverrideFile, IsInTheFolderBeforeTheLastSlashOfPluginCoresPath)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         (void)suppression.scratch.Write("PluginFiles/DialogSuppression.tmp", "near\n");
         suppression.WriteOverride("far\n");
         suppression.core.Loader().frameworkPath =
@@ -139,10 +140,10 @@ TEST(OverrideFile, LiesBehindTheLastSlashOfPluginCoresPath)
     });
 }
 
-TEST(OverrideFile, LiesBehindTheLastBackslashOfPluginCoresPath)
+TEST(OverrideFile, IsInTheFolderBeforeTheLastBackslashOfPluginCoresPath)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         (void)suppression.scratch.Write("PluginFiles\\DialogSuppression.tmp", "near\n");
         suppression.WriteOverride("far\n");
         suppression.core.Loader().frameworkPath =
@@ -151,10 +152,10 @@ TEST(OverrideFile, LiesBehindTheLastBackslashOfPluginCoresPath)
     });
 }
 
-TEST(OverrideFile, IsRememberedOnceFound)
+TEST(OverrideFile, IsRememberedWhenFound)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         suppression.WriteOverride("Fonts\n");
         bool listed = false;
         EXPECT_TRUE(DialogSuppressionOverrideFileExists(listed));

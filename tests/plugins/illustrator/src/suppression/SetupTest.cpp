@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "SuppressionTest.h"
+#include "SuppressionFixture.h"
 
 namespace {
 
@@ -8,7 +8,7 @@ const char* const kEmptyFile =
     "DialogSuppression completely disabled by existence of empty DialogSuppression.tmp";
 const char* const kListed = "Suppressing only dialogs listed in DialogSuppression.tmp";
 
-// One row of inputs at the start, and what comes of it.
+// The inputs of a setup, and its results.
 struct SetupRow {
     const char* name;
     const char* overrideLines;  // null: no file
@@ -17,16 +17,16 @@ struct SetupRow {
     bool enabled;
     bool hooked;
     std::vector<std::string> hints;
-    const char* trace;  // null: none of the three
+    const char* trace;  // null: no trace about suppression
 };
 
 class SetupInputs : public testing::TestWithParam<SetupRow> {};
 
-TEST_P(SetupInputs, DecideOnHookAndHints)
+TEST_P(SetupInputs, DetermineTheHookAndTheHints)
 {
     InFreshProcess([] {
         const SetupRow& row = GetParam();
-        Suppression suppression;
+        SuppressionFixture suppression;
         if (row.overrideLines != nullptr) suppression.WriteOverride(row.overrideLines);
         suppression.core->settings = row.settings;
         suppression.core->statuses["GetSettings"] = row.settingsStatus;
@@ -100,45 +100,45 @@ INSTANTIATE_TEST_SUITE_P(
         SetupRow{"FileWithAnEmptyLine", "\n", kNoSettings, 0, true, true, {""}, kListed}),
     [](const testing::TestParamInfo<SetupRow>& row) { return std::string(row.param.name); });
 
-TEST(Setup, AsksForTheSettingsInABufferOf8192Bytes)
+TEST(Setup, ReadsTheSettingsIntoABufferOf8192Bytes)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         std::size_t size = 0;
         static std::size_t* const seen = &size;
         suppression.core.Loader().pfGetSettings = [](char* buffer, std::size_t* ioSize) {
             *seen = *ioSize;
             for (std::size_t i = 0; i < *ioSize; ++i) EXPECT_EQ(0, buffer[i]) << i;
-            return 0u;
+            return 0U;
         };
         SetupIllustratorDialogSuppression(true);
-        EXPECT_EQ(8192u, size);
+        EXPECT_EQ(8192U, size);
     });
 }
 
-TEST(Setup, TakesSettingsThatFillTheBuffer)
+TEST(Setup, AcceptsSettingsThatFillTheBuffer)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         suppression.core.Loader().pfGetSettings = [](char* buffer, std::size_t* ioSize) {
             for (std::size_t i = 0; i < *ioSize; ++i) buffer[i] = ' ';
             const std::string text = R"({"DialogSuppression":"2"})";
             text.copy(buffer, text.size());
-            return 0u;
+            return 0U;
         };
         SetupIllustratorDialogSuppression(true);
         EXPECT_TRUE(HasTrace("DialogSuppression overridden by preference value 2"));
     });
 }
 
-TEST(Setup, AtShutdownAddsTheHintsAgainAndLeavesTheHook)
+TEST(Setup, AddsTheHintsAgainAndKeepsTheHookAtShutdown)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         SetupIllustratorDialogSuppression(true);
         const BeginModalSessionFunction replacement = suppression.Slot();
         SetupIllustratorDialogSuppression(false);
-        EXPECT_EQ(22u, HintTraces().size());
+        EXPECT_EQ(22U, HintTraces().size());
         EXPECT_NE(suppression.ownSession, replacement);
         EXPECT_EQ(replacement, suppression.Slot());
     });
@@ -147,7 +147,7 @@ TEST(Setup, AtShutdownAddsTheHintsAgainAndLeavesTheHook)
 TEST(Setup, ReadsNoOverrideFileWithoutPluginCore)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         suppression.WriteOverride("Fonts\n");
         suppression.core.Loader().missingFunctionCount = 1;
         SetupIllustratorDialogSuppression(true);
@@ -156,10 +156,10 @@ TEST(Setup, ReadsNoOverrideFileWithoutPluginCore)
     });
 }
 
-TEST(Setup, GoesWithoutTheSettingIfPluginCoreHasNone)
+TEST(Setup, EnablesSuppressionIfPluginCoreLacksGetSettings)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         suppression.core.Loader().pfGetSettings = nullptr;
         SetupIllustratorDialogSuppression(true);
         EXPECT_EQ(HintTracesOf(kBuiltInHints), HintTraces());
@@ -167,17 +167,17 @@ TEST(Setup, GoesWithoutTheSettingIfPluginCoreHasNone)
     });
 }
 
-TEST(Setup, KeepsThePeriodOffWhileAFileWithLinesExists)
+TEST(Setup, StartsNoPeriodWhileAFileWithLinesExists)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         suppression.WriteOverride("Fonts\n");
         SetupIllustratorDialogSuppression(true);
         SetSuppressionOfMissingFontsDialog(15);
         FakeWindow window("Missing Fonts");
         (void)suppression.Slot()(&window);  // The session itself doesn't matter here.
         EXPECT_TRUE(window.events.empty());
-        EXPECT_EQ(1u, suppression.host.modalSessions.size());
+        EXPECT_EQ(1U, suppression.host.modalSessions.size());
     });
 }
 

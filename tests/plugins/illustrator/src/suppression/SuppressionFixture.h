@@ -28,10 +28,10 @@ inline const std::vector<std::string> kBuiltInHints = {
     "Schriften",
     "\xE3\x83\x95\xE3\x82\xA9\xE3\x83\xB3\xE3\x83\x88"};
 
-// A host, a PluginCore that lies in the scratch folder, and nothing traced yet. To be made in a
-// fresh process: the period, the hints and the hook are kept for the life of a process.
-struct Suppression {
-    Suppression()
+// A host, a PluginCore whose path is in the scratch folder, and no traces. Use it in a new process,
+// since the period, the hints and the hook remain until the process ends.
+struct SuppressionFixture {
+    SuppressionFixture()
     {
         core.Loader().frameworkPath = scratch.Path("PluginCore.framework");
         ClearTraces();
@@ -40,8 +40,9 @@ struct Suppression {
     std::string OverridePath() const { return scratch.Path("DialogSuppression.tmp"); }
     void WriteOverride(const std::string& lines) const
     {
-        (void)scratch.Write("DialogSuppression.tmp", lines);  // The path is known.
+        (void)scratch.Write("DialogSuppression.tmp", lines);  // OverridePath() is its path
     }
+    // The function that the host calls to begin a modal session; the hook replaces it.
     BeginModalSessionFunction Slot() const { return GetHostPlatform()->beginModalSession; }
 
     ScratchFolder scratch;
@@ -50,13 +51,13 @@ struct Suppression {
     const BeginModalSessionFunction ownSession = GetHostPlatform()->beginModalSession;
 };
 
-// The trace of one hint.
+// The trace line of a hint that is added.
 inline std::string HintTrace(const std::string& hint)
 {
     return "AddDialogSuppressionHint(" + hint + ", 0x00000035)";
 }
 
-// The traces of hints, in order.
+// The trace lines of all hints added so far, in order.
 inline std::vector<std::string> HintTraces()
 {
     std::vector<std::string> texts;
@@ -73,7 +74,7 @@ inline std::vector<std::string> HintTracesOf(const std::vector<std::string>& hin
     return texts;
 }
 
-// How many seconds are left of the period, by the trace; 0 if none runs.
+// How many seconds of the period are left, according to the trace; 0 if none is running.
 inline int SecondsLeft()
 {
     ClearTraces();

@@ -1,4 +1,4 @@
-#include "SuppressionTest.h"
+#include "SuppressionFixture.h"
 
 namespace {
 
@@ -15,16 +15,16 @@ std::string Expired(int seconds)
 TEST(SuppressionPeriod, IsOffAtLoad)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         EXPECT_FALSE(GetSuppressionOfMissingFontsDialog());
-        EXPECT_EQ(1u, CountTraces(kOff));
+        EXPECT_EQ(1U, CountTraces(kOff));
     });
 }
 
-TEST(SuppressionPeriod, RunsFromTheCallOn)
+TEST(SuppressionPeriod, StartsWithTheCall)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         SetSuppressionOfMissingFontsDialog(15);
         EXPECT_TRUE(HasTrace("SetSuppressionOfMissingFontsDialog(until 15 seconds from now)"));
         EXPECT_EQ(15, SecondsLeft());
@@ -33,23 +33,23 @@ TEST(SuppressionPeriod, RunsFromTheCallOn)
     });
 }
 
-TEST(SuppressionPeriod, OfOneSecondEndsWithTheNextClockSecond)
+TEST(SuppressionPeriod, OfOneSecondEndsAtTheNextSecondOfTheClock)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         SetSuppressionOfMissingFontsDialog(1);
         EXPECT_TRUE(GetSuppressionOfMissingFontsDialog());
         FakeClock::Advance(1);
         ClearTraces();
         EXPECT_FALSE(GetSuppressionOfMissingFontsDialog());
-        EXPECT_EQ(1u, CountTraces(Expired(0)));
+        EXPECT_EQ(1U, CountTraces(Expired(0)));
     });
 }
 
-TEST(SuppressionPeriod, TellsANegativeNumberAfterItsEnd)
+TEST(SuppressionPeriod, PrintsANegativeNumberAfterItsEnd)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         SetSuppressionOfMissingFontsDialog(5);
         FakeClock::Advance(8);
         ClearTraces();
@@ -58,10 +58,10 @@ TEST(SuppressionPeriod, TellsANegativeNumberAfterItsEnd)
     });
 }
 
-TEST(SuppressionPeriod, OfNoSecondsReadsAsExpiredAndNotAsOff)
+TEST(SuppressionPeriod, OfZeroSecondsIsExpiredAndNotOff)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         SetSuppressionOfMissingFontsDialog(0);
         EXPECT_TRUE(HasTrace("SetSuppressionOfMissingFontsDialog(until 0 seconds from now)"));
         EXPECT_FALSE(GetSuppressionOfMissingFontsDialog());
@@ -70,10 +70,10 @@ TEST(SuppressionPeriod, OfNoSecondsReadsAsExpiredAndNotAsOff)
     });
 }
 
-TEST(SuppressionPeriod, IsReplacedByTheNext)
+TEST(SuppressionPeriod, IsReplacedByTheNextPeriod)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         SetSuppressionOfMissingFontsDialog(15);
         SetSuppressionOfMissingFontsDialog(5);
         EXPECT_EQ(5, SecondsLeft());
@@ -83,10 +83,10 @@ TEST(SuppressionPeriod, IsReplacedByTheNext)
     });
 }
 
-TEST(SuppressionPeriod, GoesBeyond32Bits)
+TEST(SuppressionPeriod, WorksBeyond32Bits)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         FakeClock::Set(5000000000);
         SetSuppressionOfMissingFontsDialog(15);
         EXPECT_EQ(15, SecondsLeft());
@@ -96,7 +96,7 @@ TEST(SuppressionPeriod, GoesBeyond32Bits)
 TEST(SuppressionPeriod, NeverStartsWhileTheOverrideFileExists)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         suppression.WriteOverride("Fonts\n");
         SetPathToSuppressionOverrideFile(suppression.OverridePath().c_str());
         SetSuppressionOfMissingFontsDialog(15);
@@ -109,10 +109,10 @@ TEST(SuppressionPeriod, NeverStartsWhileTheOverrideFileExists)
     });
 }
 
-TEST(SuppressionPeriod, IsEndedByTheOverrideFileAtTheNextCall)
+TEST(SuppressionPeriod, EndsAtTheNextCallIfTheOverrideFileExists)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         SetPathToSuppressionOverrideFile(suppression.OverridePath().c_str());
         SetSuppressionOfMissingFontsDialog(15);
         suppression.WriteOverride("");
@@ -127,7 +127,7 @@ TEST(SuppressionPeriod, IsEndedByTheOverrideFileAtTheNextCall)
 TEST(SuppressionPeriod, StartsOnceTheOverrideFileIsDeleted)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         suppression.WriteOverride("Meine Schriften\n");
         SetupIllustratorDialogSuppression(true);
         SetSuppressionOfMissingFontsDialog(15);
@@ -137,14 +137,14 @@ TEST(SuppressionPeriod, StartsOnceTheOverrideFileIsDeleted)
         EXPECT_EQ(15, SecondsLeft());
         FakeWindow window("Meine Schriften");
         HandleModalWindow(window);
-        EXPECT_EQ(1u, window.events.size());
+        EXPECT_EQ(1U, window.events.size());
     });
 }
 
-TEST(SuppressionPeriod, DoesNotMindAnOverrideFileMadeAfterTheStart)
+TEST(SuppressionPeriod, IgnoresAnOverrideFileCreatedAfterStartup)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         SetupIllustratorDialogSuppression(true);
         suppression.WriteOverride("Fonts\n");
         SetSuppressionOfMissingFontsDialog(15);
@@ -152,10 +152,10 @@ TEST(SuppressionPeriod, DoesNotMindAnOverrideFileMadeAfterTheStart)
     });
 }
 
-TEST(SuppressionPeriod, DoesNotMindAFolderOfTheOverrideFilesName)
+TEST(SuppressionPeriod, IgnoresAFolderWithTheNameOfTheOverrideFile)
 {
     InFreshProcess([] {
-        Suppression suppression;
+        SuppressionFixture suppression;
         std::filesystem::create_directory(suppression.OverridePath());
         SetPathToSuppressionOverrideFile(suppression.OverridePath().c_str());
         SetSuppressionOfMissingFontsDialog(15);

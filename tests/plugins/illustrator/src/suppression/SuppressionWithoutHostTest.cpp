@@ -8,7 +8,7 @@
 
 namespace {
 
-TEST(SuppressionWithoutHost, InstallsNoHookAndGoesOn)
+TEST(SuppressionWithoutHost, InstallsNoHook)
 {
     InFreshProcess([] {
         InProcessPluginCore core;
@@ -20,7 +20,7 @@ TEST(SuppressionWithoutHost, InstallsNoHookAndGoesOn)
     });
 }
 
-TEST(SuppressionWithoutHost, DecidesAllTheSame)
+TEST(SuppressionWithoutHost, DismissesTheDialog)
 {
     InFreshProcess([] {
         InProcessPluginCore core;
@@ -28,7 +28,7 @@ TEST(SuppressionWithoutHost, DecidesAllTheSame)
         SetSuppressionOfMissingFontsDialog(15);
         FakeWindow window("Missing Fonts");
         HandleModalWindow(window);
-        EXPECT_EQ(1u, window.events.size());
+        EXPECT_EQ(1U, window.events.size());
     });
 }
 

@@ -12,7 +12,7 @@ namespace {
 std::size_t gIdleEvents = 0;
 std::size_t gPanelCalls = 0;
 
-// PluginCore's two functions without the double's own record of calls, which allocates.
+// Replace two functions of the scripted PluginCore, whose records of calls allocate memory.
 unsigned int CountIdleEvent()
 {
     ++gIdleEvents;
@@ -25,7 +25,7 @@ unsigned int CountProcessPanelMessages(int)
     return 0;
 }
 
-class TickCost : public MessageTest {
+class TickCost : public MessageFixture {
 protected:
     TickCost() : plugPlug("owl-only")
     {
@@ -42,24 +42,24 @@ protected:
     AITimerMessage message{};
 };
 
-TEST_F(TickCost, CounterCounts)
+TEST_F(TickCost, CounterWorks)
 {
     const std::size_t allocations = AllocationCounter::Allocations();
     const std::size_t frees = AllocationCounter::Frees();
-    // Through the functions themselves: a new-expression may be optimized away.
+    // Calls the functions because a compiler can optimize a new-expression away.
     ::operator delete(::operator new(16));
-    EXPECT_EQ(AllocationCounter::Allocations(), allocations + 1);
-    EXPECT_EQ(AllocationCounter::Frees(), frees + 1);
+    EXPECT_EQ(allocations + 1, AllocationCounter::Allocations());
+    EXPECT_EQ(frees + 1, AllocationCounter::Frees());
 }
 
-TEST_F(TickCost, NothingIsAllocatedAndNothingTracedWhenTheLinkStands)
+TEST_F(TickCost, NeitherAllocatesNorTracesWithAnOpenLink)
 {
-    // The link never goes down again in a process.
+    // A process never closes the link.
     InFreshProcess([&] {
         ASSERT_TRUE(plugPlug);
-        ASSERT_EQ(GoTimer(&message), 0);
-        ASSERT_EQ(StartPlugPlug(), 0U);
-        ASSERT_EQ(plugPlug->listeners.size(), 1U);
+        ASSERT_EQ(0, GoTimer(&message));
+        ASSERT_EQ(0U, StartPlugPlug());
+        ASSERT_EQ(1U, plugPlug->listeners.size());
         Forget();
         gIdleEvents = 0;
         gPanelCalls = 0;
@@ -72,11 +72,11 @@ TEST_F(TickCost, NothingIsAllocatedAndNothingTracedWhenTheLinkStands)
         const std::size_t allocated = AllocationCounter::Allocations() - allocations;
         const std::size_t freed = AllocationCounter::Frees() - frees;
 
-        EXPECT_EQ(allocated, 0U);
-        EXPECT_EQ(freed, 0U);
-        EXPECT_EQ(results, 0);
-        EXPECT_EQ(gIdleEvents, kTicks);
-        EXPECT_EQ(gPanelCalls, kTicks);
+        EXPECT_EQ(0U, allocated);
+        EXPECT_EQ(0U, freed);
+        EXPECT_EQ(0, results);
+        EXPECT_EQ(kTicks, gIdleEvents);
+        EXPECT_EQ(kTicks, gPanelCalls);
         EXPECT_TRUE(Traces().empty());
         EXPECT_TRUE(host.Calls().empty());
         EXPECT_TRUE(core->calls.empty());

@@ -9,14 +9,14 @@ inline const char* const kAcquireTimers = "SPBasicSuite.AcquireSuite(\"AI Timer 
 inline const char* const kReleaseTimers = "SPBasicSuite.ReleaseSuite(\"AI Timer Suite\", 1005)";
 inline const char* const kAddTimer = "AITimerSuite.AddTimer(\"Corvanta AIPlugin Timer\", 1)";
 
-class TimerTest : public MessageTest {
+class TimerFixture : public MessageFixture {
 protected:
     AIErr SendTick()
     {
         AITimerMessage message = host.TimerMessage();
         return host.Send(Main, "AI Timer", "AI Go", message);
     }
-    // The host's calls that have to do with timers.
+    // The host's calls whose name contains "Timer".
     std::vector<std::string> TimerCalls() const
     {
         std::vector<std::string> calls;
@@ -27,7 +27,7 @@ protected:
         }
         return calls;
     }
-    // The host's calls but for its comparisons of texts.
+    // The host's calls without its string comparisons.
     std::vector<std::string> CallsBesidesComparisons() const
     {
         std::vector<std::string> calls;
