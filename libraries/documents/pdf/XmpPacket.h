@@ -4,6 +4,10 @@
 #include <string_view>
 #include <vector>
 
+namespace pugi {
+class xml_document;
+}
+
 namespace documents {
 
 // The properties that are read from an XMP packet.
@@ -16,5 +20,14 @@ struct XmpFacts {
 // Never fails: a packet that is damaged, cut off or extremely large is read up to that point, and
 // an entity that XML doesn't define remains in the text as it is.
 XmpFacts ReadXmpPacket(std::string_view packet);
+
+// Parses an XMP packet in UTF-8 into `document` as far as it is well-formed: after an error the
+// tree has everything in front of it. Takes zero bytes for spaces. Of an extremely large packet,
+// parses as much as takes about 256 MiB.
+//
+// options  pugi::parse_* flags
+//
+// Elements may be nested as deeply as a hostile packet likes: traverse the tree, but don't recurse.
+void LoadXmpTree(std::string_view packet, unsigned options, pugi::xml_document& document);
 
 }  // namespace documents

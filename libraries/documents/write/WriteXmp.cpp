@@ -1,10 +1,11 @@
 #include "documents/write/WriteXmp.h"
 
+#include <pugixml.hpp>
 #include <sstream>
 #include <string_view>
 
 #include "base/Utf8.h"
-#include "documents/pdf/XmpTree.h"
+#include "documents/pdf/XmpPacket.h"
 
 namespace documents {
 
