@@ -32,7 +32,8 @@ std::string_view LimitTree(std::string_view packet)
 }
 
 // Removes the attribute or the text that the packet ends within.
-void RemoveCutOff(std::string_view packet, pugi::xml_parse_status status, pugi::xml_node document)
+void RemoveCutOff(std::string_view packet, pugi::xml_parse_status status,
+                  pugi::xml_document& document)
 {
     if (status == pugi::status_ok) return;
     pugi::xml_node last = document.last_child();
