@@ -12,7 +12,8 @@ endfunction()
 
 # Tests of what macOS alone has: they drive the stand-ins for CoreFoundation and the workspace.
 mac_test(mac-only-test
-    SOURCES only/calendar.cpp only/guard.mm only/references.cpp only/running_applications.cpp
+    SOURCES only/CalendarTest.cpp only/OSGuardTest.mm
+        only/ReferencesTest.cpp only/RunningApplicationsTest.cpp
     LIBRARIES recordinglog recordingtrace typeloft)
 target_include_directories(mac-only-test PRIVATE ${PROJECT_SOURCE_DIR}/core-agent/cpp-core/src)
 
@@ -21,7 +22,7 @@ set(artefacts ${CMAKE_CURRENT_BINARY_DIR}/artefacts)
 file(MAKE_DIRECTORY ${artefacts})
 mac_test(mac-messages-test
     SOURCES ${platform} ${plugin_tests}/src/MessageFixture.cpp
-        messages/panel.cpp messages/screenshot.mm messages/startup.cpp
+        messages/MacPanelTest.cpp messages/ScreenshotTest.mm messages/MacStartupTest.cpp
     LIBRARIES ${doubles} typeloft)
 target_include_directories(mac-messages-test PRIVATE
     contract ${plugin_tests}/src ${plugin_tests}/panel-link)
@@ -31,7 +32,7 @@ use_plug_plug(mac-messages-test)
 
 # Nothing of the plug-in but the module that is loaded.
 mac_test(mac-module-test
-    SOURCES ${platform} messages/module.cpp
+    SOURCES ${platform} messages/ModuleTest.cpp
     LIBRARIES scriptedhost)
 target_include_directories(mac-module-test PRIVATE contract)
 target_compile_definitions(mac-module-test PRIVATE
