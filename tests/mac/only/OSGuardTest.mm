@@ -1,13 +1,9 @@
 #import <Foundation/Foundation.h>
 #include <gtest/gtest.h>
-#import <objc/runtime.h>
 
 #include <stdexcept>
 
-#include "CoreErrorCodes.h"
-#include "GScopedManagedMemory.h"
 #import "OSGuard_Mac.h"
-#include "RecordingLog.h"
 
 namespace {
 
@@ -27,9 +23,9 @@ void RaiseOverADestructor(void* context)
     Raise(nullptr);
 }
 
-TEST(Guard, AnswersNilIfNothingIsRaised) { EXPECT_EQ(nil, OSGuard(Nothing, nullptr)); }
+TEST(OSGuard, ReturnsNilIfNothingIsRaised) { EXPECT_EQ(nil, OSGuard(Nothing, nullptr)); }
 
-TEST(Guard, HandsTheExceptionOut)
+TEST(OSGuard, ReturnsTheException)
 {
     NSException* const exception = OSGuard(Raise, nullptr);
     ASSERT_NE(nil, exception);
@@ -37,12 +33,12 @@ TEST(Guard, HandsTheExceptionOut)
     EXPECT_STREQ("reason", [[exception reason] UTF8String]);
 }
 
-TEST(Guard, LetsAnyOtherExceptionPass)
+TEST(OSGuard, PropagatesACPlusPlusException)
 {
     EXPECT_THROW((void)OSGuard(ThrowCPlusPlus, nullptr), std::runtime_error);
 }
 
-TEST(Guard, RunsTheDestructorsInBetween)
+TEST(OSGuard, RunsTheDestructorsOfUnwoundFrames)
 {
     NSAutoreleasePool* const pool = [[NSAutoreleasePool alloc] init];
     int count = 0;
@@ -52,74 +48,3 @@ TEST(Guard, RunsTheDestructorsInBetween)
 }
 
 }  // namespace
-
-// Tells when it goes.
-@interface Probe : NSObject {
-@public
-    int* deaths;
-}
-@end
-
-@implementation Probe
-
-- (void)dealloc
-{
-    ++*deaths;
-    [super dealloc];
-}
-
-@end
-
-TEST(ManagedMemory, FreesTemporaryObjectsAtItsEnd)
-{
-    int deaths = 0;
-    {
-        const GScopedManagedMemory pool;
-        Probe* const probe = [[[Probe alloc] init] autorelease];
-        probe->deaths = &deaths;
-        EXPECT_EQ(0, deaths);
-    }
-    EXPECT_EQ(1, deaths);
-}
-
-TEST(ManagedMemory, ScopesNest)
-{
-    int deaths = 0;
-    const GScopedManagedMemory outer;
-    {
-        const GScopedManagedMemory inner;
-        Probe* const probe = [[[Probe alloc] init] autorelease];
-        probe->deaths = &deaths;
-    }
-    EXPECT_EQ(1, deaths);
-}
-
-@implementation NSAutoreleasePool (Nothing)
-
-- (id)initWithoutMemory
-{
-    return nil;
-}
-
-@end
-
-TEST(ManagedMemory, ScopeThatCannotBeSetUpIsReported)
-{
-    RecordingLog log;
-    const auto exchange = [] {
-        Class const pools = [NSAutoreleasePool class];
-        const auto method = [&](SEL name) { return class_getInstanceMethod(pools, name); };
-        method_exchangeImplementations(method(@selector(init)),
-                                       method(@selector(initWithoutMemory)));
-    };
-    exchange();
-    {
-        const GScopedManagedMemory scope;
-    }
-    exchange();
-    ASSERT_EQ(1u, log.Reports().size());
-    EXPECT_EQ("Miscellaneous", log.Reports()[0].category);
-    EXPECT_EQ("(mOSManagedMemory) == nullptr", log.Reports()[0].expression);
-    EXPECT_EQ(CoreErrorCodes::kNullPointer, log.Reports()[0].code);
-    EXPECT_EQ("Error", log.Reports()[0].level);
-}
