@@ -19,7 +19,7 @@ const char* const kTitle = "Missing Fonts";
 
 // The plug-in before its startup, without a PluginCore. Each body runs in a child process, because
 // an installed hook cannot be removed.
-class MacStartup : public MessageTest {
+class MacStartup : public MessageFixture {
 protected:
     MacStartup() { PCILoader::sSharedInstance = nullptr; }
 
