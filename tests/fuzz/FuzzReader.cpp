@@ -6,9 +6,9 @@
 #include <string>
 #include <string_view>
 
-#include "documents/bytes/Utf8.h"
 #include "documents/OpenDocument.h"
 #include "documents/bytes/ReadBudget.h"
+#include "documents/bytes/Utf8.h"
 #include "documents/native/NativeScan.h"
 #include "documents/native/NativeTextTree.h"
 
