@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <chrono>
 
+#include "plugin-core/panel/PanelLimits.h"
+
 namespace plugincore {
 
 PanelServer::PanelServer(PanelProtocol& protocol, std::string token, Clock clock)
