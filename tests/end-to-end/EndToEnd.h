@@ -22,7 +22,7 @@ protected:
     // ended it. What it wrote is in `output` and `errors`.
     int Open(const std::string& arguments);
 
-    // The same for any command of `headless-host`, as "run FILE".
+    // The same for any command of `headless-host`, as "script FILE".
     int Run(const std::string& commandLine);
 
     // The line of JSON for each file, in order, of the last run.

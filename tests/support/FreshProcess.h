@@ -7,8 +7,8 @@
 #include <cstdio>
 #include <exception>
 
-// Runs the body in a child process: statics that are kept for the life of a process begin anew, so
-// the order of the tests doesn't matter. A failure in the body, or a crash, fails the test.
+// Runs the body in a child process, so that its changes to statics and to the environment don't
+// reach other tests. A failure or an exception in the body, or a crash, fails the test.
 template <class Body>
 void InFreshProcess(Body body)
 {

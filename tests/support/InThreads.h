@@ -4,7 +4,8 @@
 #include <thread>
 #include <vector>
 
-// Runs body(0) to body(count - 1), each in a thread of its own; they begin together.
+// Runs body(0) to body(count - 1), each on a thread of its own, all started at the same time.
+// Returns when all have ended.
 template <class Body>
 void InThreads(int count, Body body)
 {

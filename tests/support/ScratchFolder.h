@@ -8,7 +8,8 @@
 #include <stdexcept>
 #include <string>
 
-// A new folder below the test's temporary folder. The destructor removes it with its content.
+// A new, empty folder below the temporary folder of the tests. The destructor removes it and all of
+// its content.
 class ScratchFolder {
 public:
     ScratchFolder()
@@ -21,19 +22,19 @@ public:
     }
     ~ScratchFolder()
     {
-        std::error_code ignored;  // a folder that cannot be removed is left to the system
+        std::error_code ignored;  // the system cleans its temporary folder up
         std::filesystem::remove_all(mPath, ignored);
     }
     ScratchFolder(const ScratchFolder&) = delete;
     ScratchFolder& operator=(const ScratchFolder&) = delete;
 
-    // The full path of `name` in the folder, or of the folder itself if `name` is empty.
+    // Returns the full path of a name in the folder; of the folder itself for "".
     std::string Path(const std::string& name = "") const
     {
         return name.empty() ? mPath : mPath + "/" + name;
     }
 
-    // Writes a file, creates the folders above it, and returns its full path.
+    // Writes a file, creates the folders above it and returns its full path.
     std::string Write(const std::string& name, const std::string& content) const
     {
         const std::string path = Path(name);

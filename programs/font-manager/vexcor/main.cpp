@@ -4,6 +4,7 @@
 #include "console/Log.h"
 #include "plugin-core/storage/ErrorLog.h"
 #include "plugin-core/storage/Failure.h"
+#include "vexcor/CommandLine.h"
 #include "vexcor/commands/Commands.h"
 #include "vexcor/commands/ExitStatus.h"
 
@@ -30,8 +31,8 @@ int RunWithServices(const vexcor::Options& options,
 int RunCommand(const vexcor::Options& options)
 {
     switch (options.command) {
-        case vexcor::Command::kRun:
-            return vexcor::RunRunCommand();
+        case vexcor::Command::kWatch:
+            return vexcor::RunWatchCommand();
         case vexcor::Command::kInstall:
             return vexcor::RunInstallCommand();
         case vexcor::Command::kAdd:
@@ -54,25 +55,25 @@ try {
     vexcor::Options options;
     std::string text;
     switch (vexcor::ParseCommandLine(argc, argv, options, text)) {
-        case vexcor::ParseOutcome::kRun:
-            plugincore::SetErrorSink(console::Tell);
+        case console::ParseOutcome::kRun:
+            plugincore::SetErrorSink(console::PrintError);
             if (!options.log.empty() && !console::OpenLog(options.log, text)) {
-                console::Tell(text);
+                console::PrintError(text);
                 return vexcor::kFileFailed;
             }
             return RunCommand(options);
-        case vexcor::ParseOutcome::kDone:
-            return console::Print(text) ? vexcor::kDone : vexcor::kFileFailed;
-        case vexcor::ParseOutcome::kWrongUse:
+        case console::ParseOutcome::kDone:
+            return console::Print(text) ? vexcor::kSuccess : vexcor::kFileFailed;
+        case console::ParseOutcome::kWrongUse:
             break;
     }
-    console::Tell(text + " (see Vexcor --help)");
+    console::PrintError(text + " (see Vexcor --help)");
     return vexcor::kWrongUse;
 } catch (const Failure& failure) {
-    console::Tell(failure.what());
+    console::PrintError(failure.what());
     return failure.GetStatus() == StatusCodes::kDatabaseError ? vexcor::kDatabaseFailed
                                                               : vexcor::kFileFailed;
 } catch (const std::exception& failure) {
-    console::Tell(failure.what());
+    console::PrintError(failure.what());
     return vexcor::kFileFailed;
 }

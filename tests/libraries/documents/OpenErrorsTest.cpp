@@ -84,7 +84,7 @@ TEST(OpenErrors, Empty) { EXPECT_EQ("is empty", GetError("")); }
 
 TEST(OpenErrors, NotADocument)
 {
-    EXPECT_EQ("is no PDF, EPS or Illustrator document", GetError("Hello"));
+    EXPECT_EQ("is not a PDF, EPS or Illustrator document", GetError("Hello"));
 }
 
 TEST(OpenErrors, HugeFileOfZerosIsNotADocument)
@@ -92,7 +92,7 @@ TEST(OpenErrors, HugeFileOfZerosIsNotADocument)
     const ScratchFolder folder;
     const std::string path = folder.Write("zeros", "");
     std::filesystem::resize_file(path, 300u << 20);
-    EXPECT_EQ("is no PDF, EPS or Illustrator document", OpenDocument(path).error);
+    EXPECT_EQ("is not a PDF, EPS or Illustrator document", OpenDocument(path).error);
 }
 
 TEST(OpenErrors, FileBeyondTheLimit)

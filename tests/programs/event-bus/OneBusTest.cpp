@@ -8,7 +8,7 @@
 
 using testing::ElementsAre;
 
-TEST(PlugPlugOneBus, BothFrameworksShareIt)
+TEST(PlugPlugOneBus, BothFrameworksShareTheBus)
 {
     OpenFramework owl("PlugPlugOwl");
     OpenFramework plain("PlugPlug");
@@ -30,7 +30,7 @@ TEST(PlugPlugOneBus, AListenerIsRemovedThroughTheOtherFramework)
     EXPECT_EQ(kPlugPlugNotFound, owl.Remove("some.type", ignore, nullptr));
 }
 
-TEST(PlugPlugOneBus, EachOpeningOfAFrameworkSharesIt)
+TEST(PlugPlugOneBus, AFrameworkOpenedTwiceSharesTheBus)
 {
     OpenFramework first("PlugPlugOwl");
     const TestListener listener(first, "some.type");
@@ -39,7 +39,7 @@ TEST(PlugPlugOneBus, EachOpeningOfAFrameworkSharesIt)
     EXPECT_THAT(listener.data, ElementsAre("one"));
 }
 
-TEST(PlugPlugOneBus, FrameworksOfAnotherFolderShareIt)
+TEST(PlugPlugOneBus, FrameworksInAnotherFolderShareTheBus)
 {
     namespace fs = std::filesystem;
     const ScratchFolder scratch;

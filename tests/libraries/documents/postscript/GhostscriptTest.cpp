@@ -15,7 +15,7 @@ using testing::IsEmpty;
 namespace {
 
 constexpr char kForeign[] = "%!PS-Adobe-3.0 EPSF-3.0\n%%Creator: somebody\n%%EndComments\n";
-constexpr char kReason[] = "no comment tells of fonts, and ";
+constexpr char kReason[] = "no comment lists fonts, and ";
 
 // A program named gs in front of all others of the PATH, or none at all.
 class GhostscriptTest : public testing::Test {
@@ -91,7 +91,7 @@ TEST_F(GhostscriptTest, Fails)
 {
     Install("exit 1\n");
     EXPECT_THAT(Open(kForeign).document.notes,
-                ElementsAre(std::string(kReason) + "Ghostscript can't draw it"));
+                ElementsAre(std::string(kReason) + "Ghostscript cannot draw it"));
 }
 
 TEST_F(GhostscriptTest, DrawsNothing)

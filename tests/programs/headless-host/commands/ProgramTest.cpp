@@ -139,7 +139,7 @@ TEST_F(Program, AnInterruptShutsDownInOrder)
 {
     WriteEps("a.eps", "F");
     // The command's parent is the program.
-    EXPECT_EQ(Run("open a.eps --journal j --hold 600 --exec 'kill -TERM $PPID; sleep 600'"),
+    EXPECT_EQ(Run("open a.eps --journal j --keep-open 600 --exec 'kill -TERM $PPID; sleep 600'"),
               headless::kInterrupted);
     const std::string journal = ReadFile("j");
     EXPECT_THAT(journal, HasSubstr(kClosedSent));
