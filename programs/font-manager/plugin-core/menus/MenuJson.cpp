@@ -60,7 +60,7 @@ void AddMenus(const std::string& menusJson, AddIllustratorMenuFunction callback,
 {
     const json root = json::parse(menusJson, nullptr, false);
     if (!IsNode(root)) {
-        throw Failure(StatusCodes::kInvalidParam, "the menu text isn't a tree of menu items");
+        throw Failure(StatusCodes::kInvalidParam, "not a menu tree");
     }
     HostMenu{callback, help}.AddAll(root.at("child"), nullptr);
 }
