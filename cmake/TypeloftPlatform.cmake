@@ -1,13 +1,13 @@
-# Which files with a platform's suffix are compiled, and what they are linked with.
+# Selects the platform files to compile (TYPELOFT_PLATFORM is Linux or Mac) and their libraries.
 #
-# On macOS that is the Mac half; so it is with TYPELOFT_MAC_HALF elsewhere, where GNUstep stands for
-# Foundation and AppKit and a stand-in of the tests for CoreFoundation.
+# Mac is selected on macOS, and elsewhere by TYPELOFT_MAC_HALF. Then GNUstep replaces Foundation and
+# AppKit, and a stand-in in the tests replaces CoreFoundation.
 option(TYPELOFT_MAC_HALF "Compile the macOS files over GNUstep, for their tests" OFF)
 
 if(APPLE OR TYPELOFT_MAC_HALF)
     set(TYPELOFT_PLATFORM Mac)
     if(NOT APPLE)
-        # The runtime library that GNUstep is built for is that of gcc.
+        # GNUstep is built for the Objective-C runtime of gcc.
         find_program(CMAKE_OBJC_COMPILER gcc REQUIRED)
         find_program(CMAKE_OBJCXX_COMPILER g++ REQUIRED)
     endif()
@@ -19,7 +19,7 @@ else()
     set(TYPELOFT_PLATFORM Linux)
 endif()
 
-# What every library with platform files is linked with.
+# Every library with platform files links to this target.
 add_library(typeloftplatform INTERFACE)
 if(APPLE)
     target_link_libraries(typeloftplatform INTERFACE
@@ -32,12 +32,12 @@ elseif(TYPELOFT_MAC_HALF)
         -DGNUSTEP -DGNUSTEP_BASE_LIBRARY=1 -DGNU_GUI_LIBRARY=1 -DGNU_RUNTIME=1
         -D_NATIVE_OBJC_EXCEPTIONS -fobjc-exceptions -fexceptions
         -fconstant-string-class=NSConstantString)
-    # And a name that GNUstep knows by its older one.
+    # A header that defines a newer name in terms of the older one of GNUstep.
     set(newer_names ${PROJECT_SOURCE_DIR}/tests/mac/gnustep/NewerNames.h)
     target_compile_options(typeloftplatform INTERFACE
         "$<$<COMPILE_LANGUAGE:OBJC,OBJCXX>:${gnustep_flags}>"
         "$<$<COMPILE_LANGUAGE:OBJC,OBJCXX>:SHELL:-include ${newer_names}>"
-        # Its Objective-C is that of 1990 otherwise.
+        # Objective-C is compiled in the C90 dialect otherwise.
         $<$<COMPILE_LANGUAGE:OBJC>:-std=gnu11>)
     target_link_libraries(typeloftplatform INTERFACE
         corefoundationstandin gnustep-gui gnustep-base objc)
@@ -47,7 +47,8 @@ else()
     target_link_libraries(typeloftplatform INTERFACE PkgConfig::PLIST ${CMAKE_DL_LIBS})
 endif()
 
-# typeloft_platform_sources(TARGET LINUX files... MAC files...): adds those of the platform.
+# typeloft_platform_sources(TARGET LINUX files... MAC files...): adds the files of the selected
+# platform to the target.
 function(typeloft_platform_sources target)
     cmake_parse_arguments(arg "" "" "LINUX;MAC" ${ARGN})
     string(TOUPPER ${TYPELOFT_PLATFORM} platform)
@@ -55,7 +56,7 @@ function(typeloft_platform_sources target)
     target_link_libraries(${target} PUBLIC typeloftplatform)
 endfunction()
 
-# No symbol of the module is exported but these.
+# typeloft_export_only(TARGET names...): the module exports these symbols and no others.
 function(typeloft_export_only target)
     set(script ${CMAKE_CURRENT_BINARY_DIR}/${target}.exports)
     if(APPLE)

@@ -6,7 +6,7 @@
 #include <iterator>
 
 #include "console/CommandPages.h"
-#include "vexcor/CommandLine.h"
+#include "vexcor/commands/CommandLine.h"
 #include "vexcor/commands/ExitStatus.h"
 
 using console::ParseOutcome;
