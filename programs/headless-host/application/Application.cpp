@@ -44,7 +44,7 @@ Application::~Application() { ShutDown(); }
 
 bool Application::Start(const std::string& pluginPath, std::string& error)
 {
-    mModule = GuestModule::Load(pluginPath, error);
+    mModule = PluginModule::Load(pluginPath, error);
     if (!mModule) return false;
     auto plugin = std::make_shared<PluginObject>(PluginObject{mModule->GetPath()});
     mHost.plugin = mHost.handles.Issue(std::move(plugin));
@@ -53,7 +53,7 @@ bool Application::Start(const std::string& pluginPath, std::string& error)
     mRunning = result == kHostSuccess && mHost.globalsWord != nullptr;
     if (!mRunning) {
         // A guest that doesn't run has no occasion to release what came with the first message.
-        mHost.suites.LetStay(true);
+        mHost.suites.AllowUnreleased(true);
         error = "the plug-in doesn't run: ";
         if (!mHost.alerts.empty()) {
             error += mHost.alerts.back().message;
@@ -76,9 +76,9 @@ DialogOutcome Application::RunMissingFontsDialog(std::string& title)
     const unsigned long before = GetModalSessionCount();
     const ModalSession session = GetHostPlatform()->beginModalSession(&dialog);
     if (GetModalSessionCount() == before) {
-        mHost.errors.Add("beginModalSession: the host's own session was not begun");
+        mHost.violations.Add("beginModalSession: the host's own session was not begun");
     } else if (session != &dialog) {
-        mHost.errors.Add("beginModalSession: the session of the host was not handed back");
+        mHost.violations.Add("beginModalSession: the session of the host was not handed back");
     }
     return dialog.WasShown() ? DialogOutcome::kShown : DialogOutcome::kDismissed;
 }
@@ -136,17 +136,19 @@ void Application::ShutDown()
     while (!mHost.GetDocuments().empty()) Close(mHost.GetDocuments().front().get());
     if (mRunning) {
         Notify("AI Application Shutdown Notifier", nullptr);
-        mHost.suites.LetStay(false);
+        mHost.suites.AllowUnreleased(false);
     }
     // What the guest answers to its end changes nothing; it stands in the journal.
     (void)mPump->SendInterface("Shutdown");
-    mHost.suites.LetStay(false);
+    mHost.suites.AllowUnreleased(false);
     if (mPump->SendUnload() != kHostSuccess) {
-        mHost.errors.Add("Unload: the plug-in refuses to be unloaded after its shutdown");
+        mHost.violations.Add("Unload: the plug-in refuses to be unloaded after its shutdown");
         mModule->LeaveLoaded();
     }
-    for (const std::string& line : mHost.suites.ListLeaks()) mHost.errors.Add("Unload: " + line);
-    for (const std::string& line : mHost.handles.ListLeaks()) mHost.errors.Add("Unload: " + line);
+    for (const std::string& line : mHost.suites.ListLeaks())
+        mHost.violations.Add("Unload: " + line);
+    for (const std::string& line : mHost.handles.ListLeaks())
+        mHost.violations.Add("Unload: " + line);
     ResetHostPlatform();
     mPump.reset();
     mModule.reset();

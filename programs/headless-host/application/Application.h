@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "application/GuestModule.h"
 #include "application/MessagePump.h"
+#include "application/PluginModule.h"
 #include "model/Host.h"
 
 namespace headless {
@@ -108,7 +108,7 @@ private:
 
     Host& mHost;
     std::string mLanguage;
-    std::unique_ptr<GuestModule> mModule;
+    std::unique_ptr<PluginModule> mModule;
     std::unique_ptr<MessagePump> mPump;
     bool mRunning = false;
     long mWindowNumber = 0;

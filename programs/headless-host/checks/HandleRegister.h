@@ -6,28 +6,28 @@
 #include <unordered_map>
 #include <vector>
 
-#include "checks/GuestMemory.h"
+#include "checks/GuardedHandles.h"
 #include "checks/HandleType.h"
-#include "checks/HostErrors.h"
+#include "checks/RuleViolations.h"
 
 namespace headless {
 
 // Every handle and reference that the host has handed out, with its type and life.
 //
 // A handle that comes back is looked up here. A null, an unknown, an expired handle and one of
-// another type are four different errors, each naming the operation; they go to the HostErrors.
+// another type are four different errors, each naming the operation; they go to the RuleViolations.
 // Main thread only.
 //
 // An Object is a struct with `static constexpr HandleType kHandleType`; the register owns it.
 class HandleRegister {
 public:
-    explicit HandleRegister(HostErrors& errors) : mErrors(errors) {}
+    explicit HandleRegister(RuleViolations& violations) : mViolations(violations) {}
 
     // A new handle with one reference. `owner` is a handle, or null: when it expires this one does.
     template <class Object>
     void* Issue(std::shared_ptr<Object> object, const void* owner = nullptr)
     {
-        return IssueToken(Object::kHandleType, std::move(object), owner);
+        return IssueHandle(Object::kHandleType, std::move(object), owner);
     }
 
     // A block of zeroed memory that the guest may use until it is released.
@@ -76,7 +76,7 @@ private:
     struct Record {
         HandleType type = HandleType::kPlugin;
         bool living = true;
-        bool hostsOwn = false;
+        bool isHostOwned = false;
         bool leaked = false;       // it expired with its owner while the guest still held it
         bool scansArtSet = false;  // it came up in a message that may leave one
         unsigned references = 1;
@@ -87,16 +87,16 @@ private:
         std::shared_ptr<void> object;
     };
 
-    void* IssueToken(HandleType type, std::shared_ptr<void> object, const void* owner);
+    void* IssueHandle(HandleType type, std::shared_ptr<void> object, const void* owner);
     void Fill(Record& record, HandleType type);
     Record* Check(const void* handle, HandleType type, const std::string& operation);
     Record* FindRecord(const void* handle);
     const Record* FindRecord(const void* handle) const;
     void End(void* handle, Record& record);
 
-    HostErrors& mErrors;
-    GuestMemory mMemory;
-    std::deque<Record> mTokens;  // by the token's number
+    RuleViolations& mViolations;
+    GuardedHandles mMemory;
+    std::deque<Record> mHandles;  // by the token's number
     std::unordered_map<const void*, Record> mBlocks;
     std::unordered_map<const void*, std::vector<void*>> mOwned;
     size_t mSerial = 0;

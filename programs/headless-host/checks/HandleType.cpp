@@ -51,6 +51,6 @@ static_assert(StandInOrder(), "a row per type, in the order of the types");
 
 const char* GetTypeName(HandleType type) { return kTypes[static_cast<uint8_t>(type)].name; }
 
-bool IsOwedByGuest(HandleType type) { return kTypes[static_cast<uint8_t>(type)].owed; }
+bool IsOwedByPlugin(HandleType type) { return kTypes[static_cast<uint8_t>(type)].owed; }
 
 }  // namespace headless

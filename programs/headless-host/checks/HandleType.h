@@ -36,6 +36,6 @@ enum class HandleType : uint8_t {
 const char* GetTypeName(HandleType type);
 
 // Whether the guest has to give a handle of this type back.
-bool IsOwedByGuest(HandleType type);
+bool IsOwedByPlugin(HandleType type);
 
 }  // namespace headless

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "checks/HostErrors.h"
+#include "checks/RuleViolations.h"
 #include "suites/SuiteTable.h"
 
 namespace headless {
@@ -11,7 +11,10 @@ namespace headless {
 // How often the guest has acquired and released each suite.
 class SuiteLedger {
 public:
-    explicit SuiteLedger(HostErrors& errors) : mErrors(errors), mRows(kSuiteRowCount) {}
+    explicit SuiteLedger(RuleViolations& violations)
+        : mViolations(violations), mRows(kSuiteRowCount)
+    {
+    }
 
     void Acquire(const SuiteRow& row);
 
@@ -24,7 +27,7 @@ public:
     // A guest that doesn't run, because it refused to start or has been shut down, acquires its
     // suites with every message that still comes and never releases them: what it acquires from
     // here on, and if `alsoBefore` what it holds already, may stay.
-    void LetStay(bool alsoBefore);
+    void AllowUnreleased(bool alsoBefore);
 
     // What the guest should have released by now, a line each.
     std::vector<std::string> ListLeaks() const;
@@ -32,7 +35,7 @@ public:
 private:
     struct Count {
         int references = 0;
-        int mayStay = 0;
+        int unreleasedAllowed = 0;
     };
     Count& At(const SuiteRow& row) { return mRows[static_cast<size_t>(&row - kSuiteRows)]; }
     const Count& At(const SuiteRow& row) const
@@ -40,9 +43,9 @@ private:
         return mRows[static_cast<size_t>(&row - kSuiteRows)];
     }
 
-    HostErrors& mErrors;
+    RuleViolations& mViolations;
     std::vector<Count> mRows;
-    bool mLetStay = false;
+    bool mAllowsUnreleased = false;
 };
 
 // As in "AI Font Suite" 1006.

@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "application/ExitStatus.h"
-#include "application/Report.h"
+#include "application/OpenReport.h"
 #include "commands/FileList.h"
 #include "commands/FontsReport.h"
 #include "console/Console.h"

@@ -2,7 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include "application/Report.h"
+#include "application/OpenReport.h"
 #include "console/Console.h"
 
 namespace headless {

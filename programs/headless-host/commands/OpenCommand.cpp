@@ -6,8 +6,8 @@
 #include <cstdio>
 
 #include "application/ExitStatus.h"
-#include "application/HostRun.h"
-#include "application/Report.h"
+#include "application/OpenReport.h"
+#include "application/RunningHost.h"
 #include "console/Console.h"
 #include "system/System.h"
 
@@ -45,7 +45,7 @@ private:
     const bool mWanted;
 };
 
-int OpenAll(HostRun& run)
+int OpenAll(RunningHost& run)
 {
     const std::vector<std::string>& files = run.options.files;
     int status = kAllOpened;

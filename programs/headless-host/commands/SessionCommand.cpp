@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "application/ExitStatus.h"
-#include "application/HostRun.h"
+#include "application/RunningHost.h"
 #include "console/Console.h"
 #include "documents/bytes/FileBytes.h"
 #include "session/LineSource.h"
@@ -67,7 +67,7 @@ LineResult RunGuarded(Session& session, const std::string& line)
     }
 }
 
-int RunLines(HostRun& run, Place place, const std::string& name, std::string text)
+int RunLines(RunningHost& run, Place place, const std::string& name, std::string text)
 {
     Session session(run);
     const std::unique_ptr<LineSource> source = MakeSource(place, std::move(text), session);
@@ -97,8 +97,9 @@ int RunSessionCommand(const Options& options)
     const bool isInput = options.session.empty() || options.session == "-";
     if (isInput) {
         const Place place = IsTerminal(STDIN_FILENO) ? Place::kPrompt : Place::kInput;
-        return RunHost(
-            options, [place](HostRun& run) { return RunLines(run, place, "standard input", ""); });
+        return RunHost(options, [place](RunningHost& run) {
+            return RunLines(run, place, "standard input", "");
+        });
     }
     const documents::FileBytes file = documents::ReadFileBytes(
         options.session, kLargestFile, [](const std::string&) { return std::string(); });
@@ -106,7 +107,7 @@ int RunSessionCommand(const Options& options)
         console::Tell(options.session + ": " + file.error);
         return kWrongUse;
     }
-    return RunHost(options, [&](HostRun& run) {
+    return RunHost(options, [&](RunningHost& run) {
         return RunLines(run, Place::kFile, options.session, file.bytes);
     });
 }

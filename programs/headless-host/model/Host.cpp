@@ -21,7 +21,7 @@ Host::Host(FontSource& fontSource, DocumentReader documentReader)
     if (sCurrent != nullptr) throw std::logic_error("there is a host already");
     sCurrent = this;
     ResetHostPlatform();
-    errors.SetSink([this](const std::string& line) {
+    violations.SetSink([this](const std::string& line) {
         journal.Write("host", "plug-in error", nlohmann::json::object(), line);
     });
 }

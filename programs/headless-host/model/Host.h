@@ -6,10 +6,10 @@
 #include <vector>
 
 #include "checks/HandleRegister.h"
-#include "checks/HostErrors.h"
+#include "checks/RuleViolations.h"
 #include "checks/SuiteLedger.h"
 #include "documents/OpenDocument.h"
-#include "model/FontBook.h"
+#include "model/HostFonts.h"
 #include "model/HostObjects.h"
 #include "model/Journal.h"
 
@@ -58,11 +58,11 @@ public:
     }
     const std::vector<std::shared_ptr<DocumentObject>>& GetDocuments() const { return mDocuments; }
 
-    HostErrors errors;
+    RuleViolations violations;
     Journal journal;
-    HandleRegister handles{errors};
-    SuiteLedger suites{errors};
-    FontBook fonts;
+    HandleRegister handles{violations};
+    SuiteLedger suites{violations};
+    HostFonts fonts;
     DocumentReader reader;
 
     void* plugin = nullptr;       // the guest, as it is called in messages

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "application/Report.h"
+#include "application/OpenReport.h"
 #include "console/Console.h"
 
 namespace headless {
@@ -18,9 +18,9 @@ std::string GetSubmenu(const Host& host, const MenuItemObject& item)
     return group == nullptr ? std::string() : group->name;
 }
 
-class Lister {
+class MenuFlattener {
 public:
-    explicit Lister(const Host& host) : mHost(host) {}
+    explicit MenuFlattener(const Host& host) : mHost(host) {}
 
     std::vector<MenuEntry> List()
     {
@@ -64,7 +64,7 @@ private:
 
 }  // namespace
 
-std::vector<MenuEntry> ListMenus(const Host& host) { return Lister(host).List(); }
+std::vector<MenuEntry> ListMenus(const Host& host) { return MenuFlattener(host).List(); }
 
 MenuEntry FindMenuItem(const Host& host, const std::string& label)
 {

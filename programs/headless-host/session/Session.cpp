@@ -41,7 +41,7 @@ std::string GetNthWord(const char* words, size_t number)
 
 }  // namespace
 
-Session::Session(HostRun& hostRun) : run(hostRun)
+Session::Session(RunningHost& hostRun) : run(hostRun)
 {
     run.host.journal.SetObserver(
         [this](const std::string& operation, const nlohmann::json& arguments,

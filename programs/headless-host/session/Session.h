@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "application/HostRun.h"
-#include "session/CallLog.h"
+#include "application/RunningHost.h"
+#include "session/JournalLines.h"
 
 namespace headless {
 
@@ -25,7 +25,7 @@ struct LineResult {
 // A session with the host: lines with an action each, carried out one after the other.
 class Session {
 public:
-    explicit Session(HostRun& run);
+    explicit Session(RunningHost& run);
     ~Session();
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
@@ -38,8 +38,8 @@ public:
     std::vector<std::string> Complete(const std::string& line, const std::string& word) const;
 
     // What the actions work on.
-    HostRun& run;
-    CallLog log;
+    RunningHost& run;
+    JournalLines log;
     OpenReport lastOpened;
     std::string lastPanelAnswers;
     bool hasQuit = false;

@@ -21,8 +21,8 @@ AIErr AcquireSuite(const char* name, int version, void* suite) noexcept
     try {
         AIErr result = kHostBadParameter;
         if (name == nullptr || suite == nullptr) {
-            host->errors.Add(std::string("AcquireSuite: the ") +
-                             (name == nullptr ? "name" : "place for the suite") + " is null");
+            host->violations.Add(std::string("AcquireSuite: the ") +
+                                 (name == nullptr ? "name" : "place for the suite") + " is null");
         } else if (const SuiteRow* const row = FindSuiteRow(name, version)) {
             host->suites.Acquire(*row);
             std::memcpy(suite, &row->table, sizeof(row->table));
@@ -49,9 +49,9 @@ AIErr ReleaseSuite(const char* name, int version) noexcept
         if (row != nullptr) {
             if (host->suites.Release(*row)) result = kHostSuccess;
         } else {
-            host->errors.Add("ReleaseSuite: the host has no suite \"" +
-                             std::string(name == nullptr ? "(null)" : name) + "\" version " +
-                             std::to_string(version));
+            host->violations.Add("ReleaseSuite: the host has no suite \"" +
+                                 std::string(name == nullptr ? "(null)" : name) + "\" version " +
+                                 std::to_string(version));
         }
         if (host->journal.IsOpen()) {
             host->journal.Write("suite", "ReleaseSuite", DescribeArguments(name, version), result);

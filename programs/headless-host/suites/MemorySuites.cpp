@@ -80,9 +80,9 @@ AIErr Initialize(ai::UnicodeString* string, const char* text, size_t byteLength,
         std::string bytes = byteLength == 0 ? std::string() : std::string(text, byteLength);
         call.Arg("text", bytes);
         // What the place held before is the guest's own affair: it needn't have been a string.
-        SetSlot(*string, call.host.handles.Issue(
-                             std::make_shared<StringObject>(StringObject{std::move(bytes)})));
-        call.OutHandle("string", GetSlot(*string));
+        SetHandle(*string, call.host.handles.Issue(
+                               std::make_shared<StringObject>(StringObject{std::move(bytes)})));
+        call.OutHandle("string", GetHandle(*string));
         return kHostSuccess;
     });
 }
@@ -91,11 +91,11 @@ AIErr Destroy(ai::UnicodeString* string)
 {
     return Answer(StringRow(), "Destroy", [&](SuiteCall& call) {
         if (!call.Require(string, "string")) return kHostBadParameter;
-        call.Handle("string", GetSlot(*string));
-        if (!call.host.handles.Release(GetSlot(*string), HandleType::kString, call.operation)) {
+        call.Handle("string", GetHandle(*string));
+        if (!call.host.handles.Release(GetHandle(*string), HandleType::kString, call.operation)) {
             return kHostBadParameter;
         }
-        SetSlot(*string, nullptr);
+        SetHandle(*string, nullptr);
         return kHostSuccess;
     });
 }
@@ -111,11 +111,11 @@ AIErr GetAs(const ai::UnicodeString& string, AICharacterEncoding encoding,
             ai::UnicodeString::Buffer& buffer, unsigned long* count)
 {
     return Answer(StringRow(), "GetAs", [&](SuiteCall& call) {
-        call.Handle("string", GetSlot(string));
+        call.Handle("string", GetHandle(string));
         if (!IsEncoding(call, encoding) || !call.Require(count, "count")) return kHostBadParameter;
         std::string text;
-        if (GetSlot(string) != nullptr) {
-            const auto* const found = call.Find<StringObject>(GetSlot(string));
+        if (GetHandle(string) != nullptr) {
+            const auto* const found = call.Find<StringObject>(GetHandle(string));
             if (found == nullptr) return kHostBadParameter;
             text = found->text;
         }

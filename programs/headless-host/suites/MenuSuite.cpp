@@ -37,8 +37,8 @@ AIErr AddMenuItem(SPPluginRef self, const char* key, AIPlatformAddMenuItemDataUS
         if (key != nullptr) object.key = key;
         object.group = data->groupName;
         object.options = options;
-        if (GetSlot(data->itemText) != nullptr) {
-            const auto* const text = call.Find<StringObject>(GetSlot(data->itemText));
+        if (GetHandle(data->itemText) != nullptr) {
+            const auto* const text = call.Find<StringObject>(GetHandle(data->itemText));
             if (text == nullptr) return kHostBadParameter;
             object.text = text->text;
         }

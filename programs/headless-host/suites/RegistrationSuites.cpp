@@ -45,8 +45,8 @@ AIErr AddNotifier(SPPluginRef self, const char* name, const char* type, AINotifi
 // The text of a string that the guest gives; empty for the null string.
 std::string GetText(SuiteCall& call, const ai::UnicodeString& string)
 {
-    if (GetSlot(string) == nullptr) return {};
-    const auto* const object = call.Find<StringObject>(GetSlot(string));
+    if (GetHandle(string) == nullptr) return {};
+    const auto* const object = call.Find<StringObject>(GetHandle(string));
     return object == nullptr ? std::string() : object->text;
 }
 

@@ -76,14 +76,14 @@ AIErr Answer(const SuiteRow& row, const char* operation, Body body) noexcept
 // The wrappers of strings and paths are one pointer each; the host works on that pointer and never
 // makes or destroys a wrapper, whose members belong to the guest.
 template <class Wrapper>
-void* GetSlot(const Wrapper& wrapper)
+void* GetHandle(const Wrapper& wrapper)
 {
     static_assert(sizeof(Wrapper) == sizeof(void*));
     return *reinterpret_cast<void* const*>(&wrapper);
 }
 
 template <class Wrapper>
-void SetSlot(Wrapper& wrapper, void* pointer)
+void SetHandle(Wrapper& wrapper, void* pointer)
 {
     static_assert(sizeof(Wrapper) == sizeof(void*));
     *reinterpret_cast<void**>(&wrapper) = pointer;
@@ -94,13 +94,13 @@ void SetSlot(Wrapper& wrapper, void* pointer)
 template <class Wrapper>
 void PutString(SuiteCall& call, Wrapper& wrapper, const std::string& text)
 {
-    if (GetSlot(wrapper) != nullptr) {
+    if (GetHandle(wrapper) != nullptr) {
         // A slot with rubbish in it is reported by the register and then overwritten.
-        (void)call.host.handles.Release(GetSlot(wrapper), HandleType::kString, call.operation);
+        (void)call.host.handles.Release(GetHandle(wrapper), HandleType::kString, call.operation);
     }
-    SetSlot(wrapper, text.empty() ? nullptr
-                                  : call.host.handles.Issue(
-                                        std::make_shared<StringObject>(StringObject{text})));
+    SetHandle(wrapper, text.empty() ? nullptr
+                                    : call.host.handles.Issue(
+                                          std::make_shared<StringObject>(StringObject{text})));
 }
 
 }  // namespace headless

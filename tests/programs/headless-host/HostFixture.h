@@ -47,8 +47,8 @@ protected:
     std::vector<nlohmann::json> ReadJournal() const;
 
     // Opens `names` one after the other under the guest of this name, then shuts down.
-    void RunGuest(const std::string& guest, const std::vector<std::string>& names);
-    static std::string GetGuestPath(const std::string& guest);
+    void RunPlugin(const std::string& plugin, const std::vector<std::string>& names);
+    static std::string GetPluginPath(const std::string& plugin);
 
     // The suite's table, acquired.
     template <class Suite>

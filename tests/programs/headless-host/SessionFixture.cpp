@@ -7,9 +7,9 @@ SessionFixture::SessionFixture()
     WriteJournal();
     application = std::make_unique<headless::Application>(*host, "en");
     std::string error;
-    EXPECT_TRUE(application->Start(GetGuestPath("subscribes-all"), error)) << error;
-    run = std::make_unique<headless::HostRun>(
-        headless::HostRun{*host, *application, options, folder});
+    EXPECT_TRUE(application->Start(GetPluginPath("subscribes-all"), error)) << error;
+    run = std::make_unique<headless::RunningHost>(
+        headless::RunningHost{*host, *application, options, folder});
     session = std::make_unique<headless::Session>(*run);
     (void)TakeMessages();  // the start is over
 }
@@ -18,7 +18,7 @@ SessionFixture::~SessionFixture()
 {
     session.reset();
     application.reset();
-    EXPECT_THAT(host->errors.Lines(), testing::IsEmpty());
+    EXPECT_THAT(host->violations.Lines(), testing::IsEmpty());
 }
 
 headless::LineResult SessionFixture::Try(const std::string& line)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "HostFixture.h"
-#include "application/HostRun.h"
+#include "application/RunningHost.h"
 #include "session/Session.h"
 
 // A session with the guest that subscribes to everything; nothing is read from or drawn with the
@@ -23,7 +23,7 @@ protected:
 
     headless::Options options;
     std::unique_ptr<headless::Application> application;
-    std::unique_ptr<headless::HostRun> run;
+    std::unique_ptr<headless::RunningHost> run;
     std::unique_ptr<headless::Session> session;
 
 private:

@@ -26,7 +26,7 @@ protected:
 TEST_F(ApplicationTest, SpeaksInTheOrderOfARealHost)
 {
     WriteJournal();
-    RunGuest("well-behaved", {"a.pdf"});
+    RunPlugin("well-behaved", {"a.pdf"});
     const auto messages = ListMessages();
     ASSERT_EQ(messages.size(), 9u);
     EXPECT_EQ(messages[0], "Startup");
@@ -40,13 +40,13 @@ TEST_F(ApplicationTest, SpeaksInTheOrderOfARealHost)
     EXPECT_EQ(messages[6], "AI Notify AI Application Shutdown Notifier null");
     EXPECT_EQ(messages[7], "Shutdown");
     EXPECT_EQ(messages[8], "Unload");
-    EXPECT_THAT(host->errors.Lines(), testing::IsEmpty());
+    EXPECT_THAT(host->violations.Lines(), testing::IsEmpty());
 }
 
 TEST_F(ApplicationTest, DocumentsStayOpenUntilTheEnd)
 {
     WriteJournal();
-    RunGuest("well-behaved", {"a.pdf", "b.pdf"});
+    RunPlugin("well-behaved", {"a.pdf", "b.pdf"});
     std::vector<std::string> kinds;
     for (const std::string& message : ListMessages()) {
         if (message.find("Opened") != std::string::npos) kinds.push_back("opened");
@@ -64,7 +64,7 @@ TEST_F(ApplicationTest, TellsWhatBecameOfEachFont)
         source->active.insert("Comes");
         return content;
     };
-    RunGuest("well-behaved", {"a.pdf"});
+    RunPlugin("well-behaved", {"a.pdf"});
     ASSERT_EQ(reports.size(), 1u);
     ASSERT_EQ(reports[0].fonts.size(), 4u);
     EXPECT_EQ(reports[0].fonts[0].state, FontState::kDefault);
@@ -79,14 +79,14 @@ TEST_F(ApplicationTest, NamesAreComparedByteForByte)
 {
     fonts.active = {"default-regular", "Default-Regular"};
     AddFrame({"DEFAULT-Regular"});
-    RunGuest("well-behaved", {"a.pdf"});
+    RunPlugin("well-behaved", {"a.pdf"});
     EXPECT_EQ(reports[0].fonts[0].state, FontState::kMissing);
 }
 
 TEST_F(ApplicationTest, NoDialogWithoutAMissingFont)
 {
     AddFrame({"Default-Regular"});
-    RunGuest("well-behaved", {"a.pdf"});
+    RunPlugin("well-behaved", {"a.pdf"});
     EXPECT_EQ(reports[0].dialog, DialogOutcome::kNone);
     EXPECT_FALSE(reports[0].HasMissingFont());
 }
@@ -94,7 +94,7 @@ TEST_F(ApplicationTest, NoDialogWithoutAMissingFont)
 TEST_F(ApplicationTest, ADialogThatNobodyDismissesIsShown)
 {
     AddFrame({"Gone"});
-    RunGuest("leaks-suite", {"a.pdf"});
+    RunPlugin("leaks-suite", {"a.pdf"});
     EXPECT_EQ(reports[0].dialog, DialogOutcome::kShown);
     EXPECT_EQ(reports[0].dialogTitle, "Missing Fonts");
 }
@@ -115,7 +115,7 @@ TEST_F(ApplicationTest, AFileThatFailsGetsNoDocument)
     WriteJournal();
     content.ok = false;
     content.error = "is encrypted";
-    RunGuest("well-behaved", {"a.pdf"});
+    RunPlugin("well-behaved", {"a.pdf"});
     EXPECT_FALSE(reports[0].opened);
     EXPECT_EQ(reports[0].error, "is encrypted");
     const auto messages = ListMessages();
@@ -132,7 +132,7 @@ TEST_F(ApplicationTest, TheFileFormatsAreNotAskedAboutWhatIsNoFile)
     content.error = "is a folder";
     headless::Application application(*host, "en");
     std::string error;
-    ASSERT_TRUE(application.Start(GetGuestPath("well-behaved"), error)) << error;
+    ASSERT_TRUE(application.Start(GetPluginPath("well-behaved"), error)) << error;
     EXPECT_EQ(application.Open(folder, "folder").error, "is a folder");
     for (const std::string& message : ListMessages()) {
         EXPECT_EQ(message.find("Check"), std::string::npos);
@@ -144,6 +144,6 @@ TEST_F(ApplicationTest, AReaderThatThrowsIsOneFailedFile)
     host->reader = [](const std::string&) -> documents::OpenResult {
         throw std::runtime_error("out of luck");
     };
-    RunGuest("well-behaved", {"a.pdf", "b.pdf"});
+    RunPlugin("well-behaved", {"a.pdf", "b.pdf"});
     EXPECT_EQ(reports[1].error, "out of luck");
 }

@@ -20,8 +20,8 @@ protected:
         return handles.Issue(std::make_shared<headless::StringObject>(), owner);
     }
 
-    headless::HostErrors errors;
-    headless::HandleRegister handles{errors};
+    headless::RuleViolations violations;
+    headless::HandleRegister handles{violations};
 };
 
 TEST_F(HandleRegisterTest, GivesTheObjectBack)
@@ -29,19 +29,19 @@ TEST_F(HandleRegisterTest, GivesTheObjectBack)
     auto document = std::make_shared<DocumentObject>();
     void* const handle = handles.Issue(document);
     EXPECT_EQ(handles.Find<DocumentObject>(handle, "GetIt"), document.get());
-    EXPECT_THAT(errors.Lines(), IsEmpty());
+    EXPECT_THAT(violations.Lines(), IsEmpty());
 }
 
 TEST_F(HandleRegisterTest, TellsFourMistakesApart)
 {
     void* const string = IssueString();
     EXPECT_EQ(handles.Find<DocumentObject>(nullptr, "Op"), nullptr);
-    EXPECT_EQ(handles.Find<DocumentObject>(&errors, "Op"), nullptr);
+    EXPECT_EQ(handles.Find<DocumentObject>(&violations, "Op"), nullptr);
     EXPECT_EQ(handles.Find<DocumentObject>(string, "Op"), nullptr);
     EXPECT_TRUE(handles.Release(string, HandleType::kString, "Destroy"));
     EXPECT_EQ(handles.Find<headless::StringObject>(string, "Op"), nullptr);
     EXPECT_THAT(
-        errors.Lines(),
+        violations.Lines(),
         ElementsAre("Op: the document is null", "Op: the document was never handed out by the host",
                     "Op: string#1 is of the wrong type, wanted is: document",
                     "Op: string#1 has expired"));
@@ -76,7 +76,7 @@ TEST_F(HandleRegisterTest, LivesAsLongAsItHasReferences)
     EXPECT_TRUE(handles.Release(handle, HandleType::kString, "Release"));
     EXPECT_TRUE(handles.Release(handle, HandleType::kString, "Release"));
     EXPECT_FALSE(handles.Release(handle, HandleType::kString, "Release"));
-    EXPECT_THAT(errors.Lines(), ElementsAre("Release: string#1 has expired"));
+    EXPECT_THAT(violations.Lines(), ElementsAre("Release: string#1 has expired"));
 }
 
 TEST_F(HandleRegisterTest, WhatBelongsToAHandleExpiresWithIt)
@@ -88,23 +88,23 @@ TEST_F(HandleRegisterTest, WhatBelongsToAHandleExpiresWithIt)
         owner);
     handles.Expire(owner);
     EXPECT_EQ(handles.Find<headless::ArtItem>(art, "Op"), nullptr);
-    EXPECT_THAT(errors.Lines(), ElementsAre("Op: art#2 has expired"));
+    EXPECT_THAT(violations.Lines(), ElementsAre("Op: art#2 has expired"));
     EXPECT_THAT(handles.ListLeaks(), IsEmpty()) << "art isn't the guest's to give back";
 }
 
-TEST_F(HandleRegisterTest, ListsWhatTheGuestStillOwes)
+TEST_F(HandleRegisterTest, ListsWhatThePluginHasNotReleased)
 {
     (void)IssueString();
     void* const given = IssueString();
-    void* const hostsOwn = IssueString();
+    void* const isHostOwned = IssueString();
     (void)handles.IssueBlock(HandleType::kBlock, 10);
     EXPECT_TRUE(handles.Release(given, HandleType::kString, "Destroy"));
-    handles.KeepForHost(hostsOwn);
+    handles.KeepForHost(isHostOwned);
     EXPECT_THAT(handles.ListLeaks(),
                 ElementsAre("string#1 was not given back", "block#4 was not given back"));
 }
 
-TEST_F(HandleRegisterTest, WhatExpiredInTheGuestsHandsCountsAsKept)
+TEST_F(HandleRegisterTest, AHandleThatExpiresBeforeItsReleaseIsALeak)
 {
     void* const owner = handles.Issue(std::make_shared<DocumentObject>());
     (void)IssueString(owner);

@@ -8,8 +8,8 @@ using testing::IsEmpty;
 
 class SuiteLedgerTest : public testing::Test {
 protected:
-    headless::HostErrors errors;
-    headless::SuiteLedger ledger{errors};
+    headless::RuleViolations violations;
+    headless::SuiteLedger ledger{violations};
     const headless::SuiteRow& row = *headless::FindSuiteRow("AI Font Suite");
 };
 
@@ -30,13 +30,13 @@ TEST_F(SuiteLedgerTest, CountsReferences)
 TEST_F(SuiteLedgerTest, RefusesAReleaseTooMany)
 {
     EXPECT_FALSE(ledger.Release(row));
-    EXPECT_EQ(errors.Count(), 1u);
+    EXPECT_EQ(violations.Count(), 1u);
 }
 
 TEST_F(SuiteLedgerTest, LetsStayWhatIsAcquiredAfterTheShutdown)
 {
     ledger.Acquire(row);
-    ledger.LetStay(false);
+    ledger.AllowUnreleased(false);
     ledger.Acquire(row);
     EXPECT_EQ(ledger.ListLeaks().size(), 1u) << "the one from before";
     (void)ledger.Release(row);
@@ -44,9 +44,9 @@ TEST_F(SuiteLedgerTest, LetsStayWhatIsAcquiredAfterTheShutdown)
     EXPECT_EQ(ledger.ListLeaks().size(), 1u);
 }
 
-TEST_F(SuiteLedgerTest, LetsAGuestThatRefusedToStartKeepAll)
+TEST_F(SuiteLedgerTest, AllowsAPluginThatDidNotStartToReleaseNothing)
 {
     ledger.Acquire(row);
-    ledger.LetStay(true);
+    ledger.AllowUnreleased(true);
     EXPECT_THAT(ledger.ListLeaks(), IsEmpty());
 }

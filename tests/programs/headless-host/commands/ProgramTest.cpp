@@ -27,12 +27,12 @@ protected:
     }
     ~Program() override { std::filesystem::remove_all(folder); }
 
-    int Run(const std::string& arguments, const std::string& guest = "well-behaved",
+    int Run(const std::string& arguments, const std::string& plugin = "well-behaved",
             const std::string& before = "")
     {
         const std::string command = "cd '" + folder + "' && " + before +
                                     " '" HEADLESS_HOST_PROGRAM "' " + arguments + " --home '" +
-                                    folder + "/home' --plugin '" GUEST_FOLDER "/" + guest +
+                                    folder + "/home' --plugin '" TEST_PLUGINS_FOLDER "/" + plugin +
                                     ".aip' >out 2>err </dev/null";
         const int status = std::system(command.c_str());
         output = ReadFile("out");

@@ -29,9 +29,10 @@ protected:
     int Run(const std::string& lines, const std::string& arguments = "session")
     {
         std::ofstream(folder + "/session") << lines;
-        const std::string command =
-            "cd '" + folder + "' && '" HEADLESS_HOST_PROGRAM "' run " + arguments + " --home '" +
-            folder + "/home' --plugin '" GUEST_FOLDER "/subscribes-all.aip' >out 2>err <session";
+        const std::string command = "cd '" + folder + "' && '" HEADLESS_HOST_PROGRAM "' run " +
+                                    arguments + " --home '" + folder +
+                                    "/home' --plugin '" TEST_PLUGINS_FOLDER
+                                    "/subscribes-all.aip' >out 2>err <session";
         const int status = std::system(command.c_str());
         output = ReadFile("out");
         errors = ReadFile("err");

@@ -51,7 +51,7 @@ TEST_F(RegistrationSuites, AStrangerMayNotAddATimer)
 {
     AITimerHandle timer = nullptr;
     EXPECT_NE(timers.AddTimer(nullptr, "tick", 1, &timer), kHostSuccess);
-    EXPECT_THAT(host->errors.Lines(),
+    EXPECT_THAT(host->violations.Lines(),
                 testing::ElementsAre("AI Timer Suite, AddTimer: the plug-in is null"));
 }
 
@@ -70,7 +70,7 @@ TEST_F(RegistrationSuites, MenuItemsKeepWhatTheyAreGiven)
     const char* key = nullptr;
     ASSERT_EQ(menus.GetMenuItemKeyboardShortcutDictionaryKey(item, &key), kHostSuccess);
     EXPECT_STREQ(key, "key");
-    EXPECT_TRUE(host->errors.Lines().empty());
+    EXPECT_TRUE(host->violations.Lines().empty());
 }
 
 TEST_F(RegistrationSuites, ARemovedItemIsGone)
@@ -85,7 +85,7 @@ TEST_F(RegistrationSuites, ARemovedItemIsGone)
     ASSERT_EQ(menus.GetNthMenuItem(0, &found), kHostSuccess);
     EXPECT_EQ(found, second);
     EXPECT_NE(menus.EnableItem(first), kHostSuccess);
-    EXPECT_EQ(host->errors.Count(), 1u);
+    EXPECT_EQ(host->violations.Count(), 1u);
 }
 
 TEST_F(RegistrationSuites, ASubmenuIsAGroupOfTheItem)

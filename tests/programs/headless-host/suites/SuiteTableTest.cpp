@@ -81,7 +81,7 @@ TEST_F(BasicSuite, AnswersEveryRowAndNoOtherVersion)
         EXPECT_EQ(suite, &suite) << "the place is left as it was";
         EXPECT_EQ(headless::gBasicSuite.ReleaseSuite(row.name, row.version), kHostSuccess);
     }
-    EXPECT_TRUE(host->errors.Lines().empty());
+    EXPECT_TRUE(host->violations.Lines().empty());
     EXPECT_TRUE(host->suites.ListLeaks().empty());
 }
 
@@ -95,7 +95,7 @@ TEST_F(BasicSuite, ComparesWholeTexts)
 TEST_F(BasicSuite, TellsOfAReleaseOfAnUnknownSuite)
 {
     EXPECT_NE(headless::gBasicSuite.ReleaseSuite("AI Font Suite", 1), kHostSuccess);
-    EXPECT_THAT(host->errors.Lines(),
+    EXPECT_THAT(host->violations.Lines(),
                 testing::ElementsAre("ReleaseSuite: the host has no suite \"AI Font Suite\" "
                                      "version 1"));
 }

@@ -17,7 +17,7 @@ protected:
             (void)Acquire<char>(row.name, row.version);
         }
     }
-    ~TextModel() override { EXPECT_THAT(host->errors.Lines(), testing::IsEmpty()); }
+    ~TextModel() override { EXPECT_THAT(host->violations.Lines(), testing::IsEmpty()); }
 
     AIArtHandle GetArt(size_t index) const
     {

@@ -1,0 +1,47 @@
+#include "session/JournalLines.h"
+
+#include <algorithm>
+
+namespace headless {
+
+namespace {
+
+using nlohmann::json;
+
+std::string Dump(const json& value)
+{
+    return value.dump(-1, ' ', false, json::error_handler_t::replace);
+}
+
+// As it stands in a JSON text, without the quotes around it.
+std::string Escape(const std::string& text)
+{
+    const std::string quoted = Dump(text);
+    return quoted.substr(1, quoted.size() - 2);
+}
+
+}  // namespace
+
+void JournalLines::Add(const std::string& operation, const json& arguments, const json& result)
+{
+    ++mCounts[operation];
+    if (IsComplete()) (void)mLines.emplace(operation, Dump(arguments) + " " + Dump(result));
+}
+
+size_t JournalLines::Count(const std::string& operation) const
+{
+    const auto found = mCounts.find(operation);
+    return found == mCounts.end() ? 0 : found->second;
+}
+
+bool JournalLines::Has(const std::string& operation, const std::string& text) const
+{
+    const std::string escaped = Escape(text);
+    return std::any_of(mLines.begin(), mLines.end(), [&](const auto& line) {
+        return line.first.find(operation) != std::string::npos &&
+               (line.second.find(text) != std::string::npos ||
+                line.second.find(escaped) != std::string::npos);
+    });
+}
+
+}  // namespace headless

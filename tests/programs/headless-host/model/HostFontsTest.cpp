@@ -1,0 +1,53 @@
+#include "HostFixture.h"
+
+class HostFontsTest : public HostFixture {
+protected:
+    const AIFontSuite& suite = Acquire<AIFontSuite>("AI Font Suite", 1006);
+};
+
+TEST_F(HostFontsTest, HasADefaultForEachScript)
+{
+    fonts.defaults = {{"ja", "Gothic-Regular"}, {"ar", "Naskh"}};
+    for (const AIFaceScript script :
+         {-2, -1, 0, 1, 2, 3, 4, 5, 6, 7, 9, 10, 11, 12, 13, 14, 15, 16, 17, 25, 29, 32, 81, 85}) {
+        AIFontKey key = nullptr;
+        char name[128] = {};
+        EXPECT_EQ(suite.GetDefaultFontForScript(script, &key), kHostSuccess) << script;
+        EXPECT_EQ(suite.GetPostScriptFontName(key, name, 128), kHostSuccess);
+        const std::string expected = script == 1   ? "Gothic-Regular"
+                                     : script == 4 ? "Naskh"
+                                                   : "Default-Regular";
+        EXPECT_EQ(name, expected) << script;
+    }
+    EXPECT_TRUE(host->violations.Lines().empty());
+}
+
+TEST_F(HostFontsTest, AsksForALanguageOnce)
+{
+    (void)host->fonts.GetDefaultName(1);
+    fonts.defaults["ja"] = "Later";
+    EXPECT_EQ(host->fonts.GetDefaultName(1), "Default-Regular");
+    EXPECT_EQ(fonts.asked, std::vector<std::string>{"ja"});
+}
+
+TEST_F(HostFontsTest, CutsTheNameToTheBuffer)
+{
+    const AIFontKey key = host->fonts.GetKey("ABCDEFGH");
+    char name[5] = "";
+    EXPECT_EQ(suite.GetPostScriptFontName(key, name, 4), kHostSuccess);
+    EXPECT_STREQ(name, "ABC");
+}
+
+TEST_F(HostFontsTest, ASystemWithoutFontsHasNoDefault)
+{
+    fonts.defaults[""] = "";
+    AIFontKey key = nullptr;
+    EXPECT_NE(suite.GetDefaultFontForScript(-2, &key), kHostSuccess);
+    EXPECT_EQ(key, nullptr);
+}
+
+TEST_F(HostFontsTest, TheSameNameHasTheSameKey)
+{
+    EXPECT_EQ(host->fonts.GetKey("A"), host->fonts.GetKey("A"));
+    EXPECT_NE(host->fonts.GetKey("A"), host->fonts.GetKey("a"));
+}
