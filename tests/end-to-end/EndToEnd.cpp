@@ -109,7 +109,7 @@ std::set<std::string> EndToEnd::ActiveFonts() const
 {
     const std::string command =
         EnvironmentOfHome() + "fc-list --format '%{postscriptname}\\n' >" + Quote(scratch / "list");
-    EXPECT_EQ(std::system(command.c_str()), 0);
+    EXPECT_EQ(0, std::system(command.c_str()));
     std::set<std::string> names;
     std::istringstream lines(ReadFile(scratch / "list"));
     for (std::string line; std::getline(lines, line);) names.insert(line);

@@ -30,9 +30,9 @@ TEST_F(Found, ThroughTheRunningVexcorWithoutAFile)
 {
     ChildProcess vexcor = StartVexcor("run");
     ASSERT_TRUE(vexcor.WaitForOutput("keeps ")) << vexcor.GetOutput();
-    EXPECT_EQ(Open(document + " --json"), 0) << errors;
+    EXPECT_EQ(0, Open(document + " --json")) << errors;
     vexcor.Send(SIGTERM);
-    EXPECT_EQ(vexcor.Wait(), 0) << vexcor.GetOutput();
+    EXPECT_EQ(0, vexcor.Wait()) << vexcor.GetOutput();
 }
 
 TEST_F(Found, TheRunningVexcorGoesBeforeTheFile)
@@ -41,19 +41,19 @@ TEST_F(Found, TheRunningVexcorGoesBeforeTheFile)
               "vexcor.path=/no/such/Vexcor\n");
     ChildProcess vexcor = StartVexcor("run");
     ASSERT_TRUE(vexcor.WaitForOutput("keeps ")) << vexcor.GetOutput();
-    EXPECT_EQ(Open(document + " --json"), 0) << errors;
+    EXPECT_EQ(0, Open(document + " --json")) << errors;
 }
 
 TEST_F(Found, ThroughTheFileThatInstallWrites)
 {
     ChildProcess install = StartVexcor("install");
-    ASSERT_EQ(install.Wait(), 0) << install.GetOutput();
-    EXPECT_EQ(Open(document + " --json"), 0) << errors;
+    ASSERT_EQ(0, install.Wait()) << install.GetOutput();
+    EXPECT_EQ(0, Open(document + " --json")) << errors;
 }
 
 TEST_F(Found, ByNeitherTellsThatPluginCoreIsMissing)
 {
-    EXPECT_EQ(Open(document + " --json"), 4);
+    EXPECT_EQ(4, Open(document + " --json"));
     EXPECT_THAT(errors, HasSubstr("alert: Missing PluginCore"));
     EXPECT_THAT(output, IsEmpty());
 }
@@ -62,7 +62,7 @@ TEST_F(Found, AFileThatLeadsNowhereTellsTheSame)
 {
     WriteFile(home / ".local/share/Corvanta/com.corvanta.Vexcor-LaunchInfo.conf",
               "vexcor.path=/no/such/Vexcor\n");
-    EXPECT_EQ(Open(document + " --json"), 4);
+    EXPECT_EQ(4, Open(document + " --json"));
     EXPECT_THAT(errors, HasSubstr("alert: Missing PluginCore"));
 }
 
@@ -71,9 +71,8 @@ TEST_F(Found, VexcorTellsWhichDocumentHoldsAFont)
 {
     ChildProcess vexcor = StartVexcor("run");
     ASSERT_TRUE(vexcor.WaitForOutput("keeps ")) << vexcor.GetOutput();
-    EXPECT_EQ(Open(document + " --json --exec \"'" VEXCOR_PROGRAM "' why DejaVuSans >'" +
-                   (scratch / "why").string() + "'\""),
-              0)
+    EXPECT_EQ(0, Open(document + " --json --exec \"'" VEXCOR_PROGRAM "' why DejaVuSans >'" +
+                      (scratch / "why").string() + "'\""))
         << errors;
     EXPECT_THAT(ReadFile(scratch / "why"), HasSubstr("DejaVuSans: activated"));
     EXPECT_THAT(ReadFile(scratch / "why"),

@@ -11,9 +11,9 @@ void LoadAndUnload(int times)
 {
     for (int time = 0; time < times; ++time) {
         void* const module = dlopen(PLUG_IN_MODULE, RTLD_NOW | RTLD_LOCAL);
-        ASSERT_NE(module, nullptr) << dlerror();
-        ASSERT_NE(dlsym(module, "PluginMain"), nullptr);
-        ASSERT_EQ(dlclose(module), 0);
+        ASSERT_NE(nullptr, module) << dlerror();
+        ASSERT_NE(nullptr, dlsym(module, "PluginMain"));
+        ASSERT_EQ(0, dlclose(module));
     }
 }
 
@@ -41,12 +41,12 @@ TEST(Module, LoadsAndUnloadsAThousandTimesWithoutALeak)
 TEST(Module, AnswersAMessageOfNoMeaning)
 {
     void* const module = dlopen(PLUG_IN_MODULE, RTLD_NOW | RTLD_LOCAL);
-    ASSERT_NE(module, nullptr) << dlerror();
+    ASSERT_NE(nullptr, module) << dlerror();
     typedef int (*Entry)(char*, char*, void*);
     const auto entry = reinterpret_cast<Entry>(dlsym(module, "PluginMain"));
-    ASSERT_NE(entry, nullptr);
+    ASSERT_NE(nullptr, entry);
     char caller[] = "SP Interface";
     char selector[] = "Startup";
-    EXPECT_EQ(entry(caller, selector, nullptr), 0);
-    EXPECT_EQ(dlclose(module), 0);
+    EXPECT_EQ(0, entry(caller, selector, nullptr));
+    EXPECT_EQ(0, dlclose(module));
 }

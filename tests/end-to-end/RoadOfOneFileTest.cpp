@@ -21,7 +21,7 @@ void ReplaceAll(std::string& text, const std::string& from, const std::string& t
 // kept. With UPDATE_GOLDEN in the environment the kept one is written anew.
 TEST_F(EndToEnd, TheRoadOfOneFileIsAsItIsKept)
 {
-    ASSERT_EQ(Open(Sample("leaflet.eps") + " --json --journal journal"), 0) << errors;
+    ASSERT_EQ(0, Open(Sample("leaflet.eps") + " --json --journal journal")) << errors;
     std::string road;
     std::istringstream lines(ReadFile(scratch / "journal"));
     for (std::string line; std::getline(lines, line);) {

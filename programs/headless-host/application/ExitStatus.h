@@ -4,7 +4,7 @@
 
 namespace headless {
 
-// How the program ends. Of several the greatest wins.
+// The exit statuses of the program. If several apply, it ends with the greatest.
 enum ExitStatus : int {
     kAllOpened = 0,
     kFontMissing = 1,
@@ -23,11 +23,11 @@ struct ExitStatusRow {
 
 constexpr ExitStatusRow kExitStatuses[] = {
     {kAllOpened,
-     "all files were opened and no font is missing; a session ran and all was as expected"},
-    {kFontMissing, "open: a font is missing; run: something isn't as expected"},
-    {kWrongUse, "wrong use of the program; run: a wrong line"},
-    {kFileNotOpened, "a file could not be opened or saved"},
-    {kPluginNotLoaded, "the plug-in or PluginCore could not be loaded"},
+     "every file was opened and no font is missing; every expectation of the script was met"},
+    {kFontMissing, "open: a font is missing; script: an expectation was not met"},
+    {kWrongUse, "wrong options or arguments; script: an invalid line"},
+    {kFileNotOpened, "a file cannot be opened or saved"},
+    {kPluginNotLoaded, "the plug-in or PluginCore cannot be loaded"},
     {kPluginBrokeRule, "the plug-in broke a rule of the host"},
     {kInterrupted, "interrupted; open documents were closed and the plug-in was shut down"},
 };

@@ -1,6 +1,7 @@
 #include "application/OpenReport.h"
 
 #include <algorithm>
+#include <nlohmann/json.hpp>
 
 #include "console/Console.h"
 
@@ -29,6 +30,12 @@ std::string Count(size_t count, const char* what)
 }
 
 }  // namespace
+
+bool OpenReport::HasMissingFont() const
+{
+    return std::any_of(fonts.begin(), fonts.end(),
+                       [](const FontReport& font) { return font.state == FontState::kMissing; });
+}
 
 const char* GetStateName(FontState state)
 {

@@ -5,7 +5,7 @@
 #include "application/ExitStatus.h"
 #include "application/MissingFontsDialog.h"
 #include "commands/Manual.h"
-#include "session/Actions.h"
+#include "session/ActionTable.h"
 
 namespace headless {
 

@@ -10,7 +10,7 @@ std::unique_ptr<PluginModule> PluginModule::Load(const std::string& path, std::s
 {
     std::filesystem::path file(path);
     if (!file.has_filename()) file = file.parent_path();
-    std::error_code ignored;  // a path that can't be looked at is told by dlopen
+    std::error_code ignored;  // dlopen reports a path that cannot be examined
     if (std::filesystem::is_directory(file, ignored)) file /= file.stem();
 
     std::unique_ptr<PluginModule> module(new PluginModule);
@@ -18,13 +18,13 @@ std::unique_ptr<PluginModule> PluginModule::Load(const std::string& path, std::s
     module->mHandle = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (module->mHandle == nullptr) {
         const char* const reason = dlerror();
-        error = std::string("the plug-in can't be loaded: ") +
-                (reason == nullptr ? file.c_str() : reason);
+        error =
+            std::string("cannot load the plug-in: ") + (reason == nullptr ? file.c_str() : reason);
         return nullptr;
     }
     module->mMain = reinterpret_cast<PluginMainFunction>(dlsym(module->mHandle, "PluginMain"));
     if (module->mMain == nullptr) {
-        error = "the plug-in can't be loaded: " + file.string() + " has no PluginMain";
+        error = "cannot load the plug-in: " + file.string() + " has no PluginMain";
         return nullptr;
     }
     return module;
@@ -32,7 +32,7 @@ std::unique_ptr<PluginModule> PluginModule::Load(const std::string& path, std::s
 
 PluginModule::~PluginModule()
 {
-    // A module that doesn't unload stays in the process, which is about to end anyway.
+    // A module that remains loaded does no harm: the process is about to end.
     if (mHandle != nullptr) (void)dlclose(mHandle);
 }
 

@@ -7,14 +7,17 @@
 
 namespace headless {
 
-// A plug-in module in the process.
+// A plug-in module that is loaded into this process. Main thread only.
 class PluginModule {
 public:
-    // Loads the module at `path`, which is the module itself or a folder X.aip with the module X in
-    // it, with all symbols bound at once. Null, and one line in `error` that names the path and the
-    // reason, if that fails or the module has no PluginMain.
+    // Loads a module and binds all its symbols at once.
+    //
+    // path   the module, or a folder X.aip with the module X in it
+    // Returns null, with one line in `error` that names the path and the reason, if it cannot be
+    // loaded or has no PluginMain.
     static std::unique_ptr<PluginModule> Load(const std::string& path, std::string& error);
 
+    // Unloads the module: nothing of it may be in use.
     ~PluginModule();
     PluginModule(const PluginModule&) = delete;
     PluginModule& operator=(const PluginModule&) = delete;
@@ -22,7 +25,7 @@ public:
     PluginMainFunction GetMain() const { return mMain; }
     const std::string& GetPath() const { return mPath; }
 
-    // The module stays in the process when this object goes.
+    // Keeps the module in the process when this object is destroyed.
     void LeaveLoaded() { mHandle = nullptr; }
 
 private:

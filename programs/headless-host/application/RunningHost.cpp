@@ -4,15 +4,23 @@
 
 #include "application/ExitStatus.h"
 #include "application/HostPlatformTable.h"
+#include "application/LaunchInformation.h"
 #include "application/OpenReport.h"
 #include "console/Console.h"
 #include "console/Log.h"
-#include "system/System.h"
+#include "system/Environment.h"
+#include "system/Interrupts.h"
+#include "system/Paths.h"
+#include "system/Process.h"
 
 namespace headless {
 
 namespace {
 
+// The plug-in's alert when it finds no PluginCore.
+constexpr char kMissingPluginCore[] = "Missing PluginCore";
+
+// The path that the user gave, or the default one in the installation of this program.
 std::string Choose(const std::string& given, const std::string& fallback)
 {
     return given.empty() ? GetProgramFolder() + "/../" + fallback : MakeAbsolute(given);
@@ -34,7 +42,7 @@ bool SetUp(Options& options, std::string& error)
     return true;
 }
 
-void TellErrorsAndAlerts(Host& host)
+void ReportViolationsAndAlerts(Host& host)
 {
     host.violations.SetSink([&host](const std::string& line) {
         host.journal.Write("host", "plug-in error", nlohmann::json::object(), line);
@@ -64,19 +72,24 @@ int RunHost(const Options& given, const std::function<int(RunningHost&)>& body)
         console::Tell(error);
         return kWrongUse;
     }
-    TellErrorsAndAlerts(host);
-    SetPrivateFrameworks(options.frameworks);
+    ReportViolationsAndAlerts(host);
     CatchInterrupts();
 
     int status = kAllOpened;
     Application application(host, options.language);
+    SetPrivateFrameworks(options.frameworks);
+    const std::string launchInformation = ProvideLaunchInformation();
+    if (!launchInformation.empty()) console::Tell(launchInformation + ": created");
     if (application.Start(options.plugin, error)) {
         console::LogAction("started with " + options.plugin);
-        RunningHost run{host, application, options, startFolder};
-        status = body(run);
+        RunningHost running{host, application, options, startFolder};
+        status = body(running);
         if (options.hold > 0) application.Idle(options.hold);
     } else {
         console::Tell(error);
+        if (error.find(kMissingPluginCore) != std::string::npos) {
+            console::Tell("hint: run 'Vexcor install' once");
+        }
         status = kPluginNotLoaded;
     }
     application.ShutDown();
@@ -84,33 +97,35 @@ int RunHost(const Options& given, const std::function<int(RunningHost&)>& body)
     if (host.violations.Count() > 0) {
         status = std::max<int>(status, kPluginBrokeRule);
         if (host.violations.Count() > host.violations.Lines().size()) {
-            console::Tell("plug-in errors in all: " + std::to_string(host.violations.Count()));
+            console::Tell("plug-in errors: " + std::to_string(host.violations.Count()) + " in all");
         }
     }
     return IsInterrupted() ? kInterrupted : status;
 }
 
-int OpenFile(RunningHost& run, const std::string& givenPath, OpenReport& last)
+int OpenFile(RunningHost& running, const std::string& givenPath, OpenReport& report)
 {
-    const std::string path = MakeAbsolute(run.startFolder, givenPath);
-    last = run.application.Open(path, givenPath);
-    if (!console::Print(run.options.json ? WriteReportAsJson(last) + "\n"
-                                         : WriteReportAsTable(last))) {
+    const std::string path = MakeAbsolute(running.startFolder, givenPath);
+    report = running.application.Open(path, givenPath);
+    if (!console::Print(running.options.json ? WriteReportAsJson(report) + "\n"
+                                             : WriteReportAsTable(report))) {
         return kFileNotOpened;
     }
-    if (last.dialog == DialogOutcome::kShown) {
-        console::Tell(givenPath + ": the dialog \"" + last.dialogTitle + "\" was shown");
+    if (report.dialog == DialogOutcome::kShown) {
+        console::Tell(givenPath + ": the dialog \"" + report.dialogTitle + "\" was shown");
     }
-    if (!last.opened) {
-        console::Tell(givenPath + ": " + last.error);
+    if (!report.opened) {
+        console::Tell(givenPath + ": " + report.error);
         return kFileNotOpened;
     }
-    if (!run.options.command.empty()) {
+    if (!running.options.command.empty()) {
         SetEnvironment("DOCUMENT", path);
-        const int result = RunCommand(run.options.command, run.startFolder, run.options.json);
-        if (result != 0) console::Tell("the command ended with status " + std::to_string(result));
+        const int result =
+            RunCommand(running.options.command, running.startFolder, running.options.json);
+        if (result != 0)
+            console::Tell("--exec: the command ended with status " + std::to_string(result));
     }
-    return last.HasMissingFont() ? kFontMissing : kAllOpened;
+    return report.HasMissingFont() ? kFontMissing : kAllOpened;
 }
 
 }  // namespace headless

@@ -8,21 +8,27 @@
 
 namespace headless {
 
-// A host that runs with its guest, as the commands of the program find it.
+// A started host, as the program's commands use it.
 struct RunningHost {
     Host& host;
     Application& application;
     const Options& options;
-    const std::string& startFolder;  // what the user's paths are relative to
+    const std::string& startFolder;  // the user's paths are relative to it
 };
 
-// Sets the host up as the options say, starts it, lets `body` work and shuts all down in order.
-// Without a running guest `body` isn't called. Returns the exit status: the greatest of what `body`
-// gave and what the guest did.
+// Sets up a host as `options` say, starts it with its plug-in, calls `body` and shuts it down.
+// `body` isn't called if the plug-in cannot be loaded or refuses to run. Reports errors and the
+// plug-in's violations on standard error.
+//
+// Returns an exit status: the greatest of the result of `body` and those for what went wrong
+// outside of it.
 int RunHost(const Options& options, const std::function<int(RunningHost&)>& body);
 
-// Opens one file, prints its report and runs the command of the options. Returns an exit status.
-// `last` is what became of it.
-int OpenFile(RunningHost& run, const std::string& givenPath, OpenReport& last);
+// Opens one file, prints its report and runs the command of --exec, if any.
+//
+// givenPath   as the user gave it
+// report      out: the report
+// Returns an exit status.
+int OpenFile(RunningHost& running, const std::string& givenPath, OpenReport& report);
 
 }  // namespace headless

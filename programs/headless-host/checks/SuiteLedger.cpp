@@ -9,14 +9,14 @@ std::string DescribeSuite(const SuiteRow& row)
 
 void SuiteLedger::Acquire(const SuiteRow& row)
 {
-    Count& count = At(row);
+    Count& count = mCounts[&row];
     ++count.references;
     if (mAllowsUnreleased) ++count.unreleasedAllowed;
 }
 
 bool SuiteLedger::Release(const SuiteRow& row)
 {
-    Count& count = At(row);
+    Count& count = mCounts[&row];
     if (count.references == 0) {
         mViolations.Add("ReleaseSuite: " + DescribeSuite(row) +
                         " is released more often than acquired");
@@ -27,21 +27,26 @@ bool SuiteLedger::Release(const SuiteRow& row)
     return true;
 }
 
+bool SuiteLedger::IsHeld(const SuiteRow& row) const
+{
+    const auto found = mCounts.find(&row);
+    return found != mCounts.end() && found->second.references > 0;
+}
+
 void SuiteLedger::AllowUnreleased(bool alsoBefore)
 {
     mAllowsUnreleased = true;
     if (!alsoBefore) return;
-    for (Count& count : mRows) count.unreleasedAllowed = count.references;
+    for (auto& [row, count] : mCounts) count.unreleasedAllowed = count.references;
 }
 
 std::vector<std::string> SuiteLedger::ListLeaks() const
 {
     std::vector<std::string> lines;
-    for (const SuiteRow& row : kSuiteRows) {
-        const Count& count = At(row);
+    for (const auto& [row, count] : mCounts) {
         const int missing = count.references - count.unreleasedAllowed;
         if (missing <= 0) continue;
-        lines.push_back("suite " + DescribeSuite(row) +
+        lines.push_back("suite " + DescribeSuite(*row) +
                         " was not released, references left: " + std::to_string(missing));
     }
     return lines;

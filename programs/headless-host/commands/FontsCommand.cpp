@@ -8,26 +8,26 @@
 #include <utility>
 
 #include "application/ExitStatus.h"
-#include "application/OpenReport.h"
 #include "commands/FileList.h"
 #include "commands/FontsReport.h"
 #include "console/Console.h"
-#include "system/System.h"
+#include "system/Environment.h"
+#include "system/Interrupts.h"
 #include "system/WorkerPool.h"
 
 namespace headless {
 
 namespace {
 
-// Of 1 GiB, what this process itself may need is set aside. A process that reads a file starts
-// Ghostscript at most once at a time, for which a fifth of its share is set aside.
+// The memory of all workers: 1 GiB less what this process needs.
 constexpr size_t kMemoryBytes = (size_t{1024} - 64) << 20;
 constexpr size_t kMostWorkers = 8;
 constexpr char kNoMemory[] = "too large: not enough memory";
 
+// Each worker can run one Ghostscript, which gets the remaining fifth of its share.
 size_t GetWorkerMemory(size_t workers) { return kMemoryBytes / workers / 5 * 4; }
 
-// Reads one file: the work of a process.
+// Reads one file, in a worker. Returns its report as JSON.
 std::string ReadOne(const std::string& path, double seconds, size_t helperBytes)
 {
     documents::Limits limits;
@@ -44,9 +44,10 @@ std::string GetSecondsText(double seconds)
     return text;
 }
 
-class Run {
+// One run of the subcommand.
+class FontsJob {
 public:
-    explicit Run(const Options& options)
+    explicit FontsJob(const Options& options)
         : mOptions(options),
           mFiles(ListFiles(options.files, options.recursive)),
           mReports(mFiles.size()),
@@ -55,7 +56,7 @@ public:
     {
     }
 
-    int Do()
+    int Run()
     {
         CatchInterrupts();
         std::vector<size_t> wanted;
@@ -69,7 +70,7 @@ public:
         const size_t workers =
             std::clamp<size_t>(std::min(wanted.size(), GetCoreCount()), 1, kMostWorkers);
         bool isWhole = ReadAll(wanted, workers, workers > 1);
-        // What was too large beside others gets all the memory.
+        // A file that was too large for one worker of several gets all the memory.
         if (isWhole && !mTooLarge.empty()) {
             isWhole = ReadAll(std::exchange(mTooLarge, {}), 1, false);
         }
@@ -87,6 +88,7 @@ private:
         return report;
     }
 
+    // Reads the files with these indexes in workers. Returns false if an interrupt ended it.
     bool ReadAll(const std::vector<size_t>& wanted, size_t workers, bool triesAgain)
     {
         WorkerLimits limits;
@@ -125,7 +127,7 @@ private:
         return MakeFailure(index, "the process that read it " + answer.text);
     }
 
-    // Keeps what became of a file and prints all that are next in order.
+    // Stores the report of a file, and prints those that are next in the order of the files.
     void Finish(size_t index, FontsReport report)
     {
         mReports[index] = std::move(report);
@@ -188,6 +190,6 @@ private:
 
 }  // namespace
 
-int RunFontsCommand(const Options& options) { return Run(options).Do(); }
+int RunFontsCommand(const Options& options) { return FontsJob(options).Run(); }
 
 }  // namespace headless

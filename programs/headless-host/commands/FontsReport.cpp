@@ -2,7 +2,6 @@
 
 #include <nlohmann/json.hpp>
 
-#include "application/OpenReport.h"
 #include "console/Console.h"
 
 namespace headless {

@@ -2,7 +2,7 @@
 
 #include "application/ExitStatus.h"
 #include "application/Options.h"
-#include "session/Actions.h"
+#include "session/ActionTable.h"
 
 namespace headless {
 

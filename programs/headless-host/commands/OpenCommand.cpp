@@ -6,10 +6,10 @@
 #include <cstdio>
 
 #include "application/ExitStatus.h"
-#include "application/OpenReport.h"
 #include "application/RunningHost.h"
 #include "console/Console.h"
-#include "system/System.h"
+#include "system/Environment.h"
+#include "system/Interrupts.h"
 
 namespace headless {
 
@@ -45,16 +45,16 @@ private:
     const bool mWanted;
 };
 
-int OpenAll(RunningHost& run)
+int OpenAll(RunningHost& running)
 {
-    const std::vector<std::string>& files = run.options.files;
+    const std::vector<std::string>& files = running.options.files;
     int status = kAllOpened;
-    run.application.Tick();
+    running.application.Tick();
     const Progress progress(files.size());
     for (size_t i = 0; i < files.size() && !IsInterrupted(); ++i) {
         progress.Show(i + 1, files[i]);
         OpenReport report;
-        status = std::max(status, OpenFile(run, files[i], report));
+        status = std::max(status, OpenFile(running, files[i], report));
         progress.Clear();
     }
     return status;

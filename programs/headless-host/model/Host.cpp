@@ -4,7 +4,6 @@
 #include <stdexcept>
 
 #include "ArtTypes.h"
-#include "application/HostPlatformTable.h"
 #include "documents/bytes/Utf8.h"
 
 namespace headless {
@@ -20,7 +19,6 @@ Host::Host(FontSource& fontSource, DocumentReader documentReader)
 {
     if (sCurrent != nullptr) throw std::logic_error("there is a host already");
     sCurrent = this;
-    ResetHostPlatform();
     violations.SetSink([this](const std::string& line) {
         journal.Write("host", "plug-in error", nlohmann::json::object(), line);
     });

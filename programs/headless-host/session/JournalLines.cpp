@@ -13,7 +13,7 @@ std::string Dump(const json& value)
     return value.dump(-1, ' ', false, json::error_handler_t::replace);
 }
 
-// As it stands in a JSON text, without the quotes around it.
+// The text as JSON, without the quotation marks.
 std::string Escape(const std::string& text)
 {
     const std::string quoted = Dump(text);

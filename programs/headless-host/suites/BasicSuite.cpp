@@ -1,6 +1,7 @@
 #include <cstring>
 
 #include "model/Host.h"
+#include "suites/SuiteTable.h"
 #include "suites/SuiteTables.h"
 
 namespace headless {
@@ -25,7 +26,8 @@ AIErr AcquireSuite(const char* name, int version, void* suite) noexcept
                                  (name == nullptr ? "name" : "place for the suite") + " is null");
         } else if (const SuiteRow* const row = FindSuiteRow(name, version)) {
             host->suites.Acquire(*row);
-            std::memcpy(suite, &row->table, sizeof(row->table));
+            const void* const table = GetSuiteTable(*row);
+            std::memcpy(suite, &table, sizeof(table));
             result = kHostSuccess;
         } else {
             result = kSuiteNotFoundErr;

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "model/Host.h"
+#include "suites/SuiteTable.h"
 
 namespace headless {
 

@@ -55,7 +55,7 @@ protected:
     const Suite& Acquire(const char* name, int version)
     {
         const Suite* suite = nullptr;
-        EXPECT_EQ(headless::gBasicSuite.AcquireSuite(name, version, &suite), kHostSuccess);
+        EXPECT_EQ(kHostSuccess, headless::gBasicSuite.AcquireSuite(name, version, &suite));
         return *suite;
     }
 

@@ -8,9 +8,9 @@ SessionFixture::SessionFixture()
     application = std::make_unique<headless::Application>(*host, "en");
     std::string error;
     EXPECT_TRUE(application->Start(GetPluginPath("subscribes-all"), error)) << error;
-    run = std::make_unique<headless::RunningHost>(
+    running = std::make_unique<headless::RunningHost>(
         headless::RunningHost{*host, *application, options, folder});
-    session = std::make_unique<headless::Session>(*run);
+    session = std::make_unique<headless::Session>(*running);
     (void)TakeMessages();  // the start is over
 }
 
@@ -24,7 +24,7 @@ SessionFixture::~SessionFixture()
 headless::LineResult SessionFixture::Try(const std::string& line)
 {
     testing::internal::CaptureStdout();
-    headless::LineResult result = session->RunLine(line);
+    headless::LineResult result = RunLine(*session, line);
     (void)testing::internal::GetCapturedStdout();  // what is printed is looked at elsewhere
     return result;
 }
@@ -32,7 +32,7 @@ headless::LineResult SessionFixture::Try(const std::string& line)
 void SessionFixture::Do(const std::string& line)
 {
     const headless::LineResult result = Try(line);
-    EXPECT_EQ(result.outcome, LineOutcome::kDone) << line << ": " << result.text;
+    EXPECT_EQ(LineOutcome::kDone, result.outcome) << line << ": " << result.text;
 }
 
 std::vector<std::string> SessionFixture::TakeMessages()

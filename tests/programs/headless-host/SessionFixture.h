@@ -2,7 +2,7 @@
 
 #include "HostFixture.h"
 #include "application/RunningHost.h"
-#include "session/Session.h"
+#include "session/SessionLine.h"
 
 // A session with the guest that subscribes to everything; nothing is read from or drawn with the
 // machine's fonts but where a test says so.
@@ -23,7 +23,7 @@ protected:
 
     headless::Options options;
     std::unique_ptr<headless::Application> application;
-    std::unique_ptr<headless::RunningHost> run;
+    std::unique_ptr<headless::RunningHost> running;
     std::unique_ptr<headless::Session> session;
 
 private:

@@ -28,18 +28,18 @@ TEST_F(ApplicationTest, SpeaksInTheOrderOfARealHost)
     WriteJournal();
     RunPlugin("well-behaved", {"a.pdf"});
     const auto messages = ListMessages();
-    ASSERT_EQ(messages.size(), 9u);
-    EXPECT_EQ(messages[0], "Startup");
-    EXPECT_EQ(messages[1], "AI Check high");
-    EXPECT_EQ(messages[2], "AI Check low");
-    EXPECT_EQ(messages[3], "AI Check low again");
+    ASSERT_EQ(9U, messages.size());
+    EXPECT_EQ("Startup", messages[0]);
+    EXPECT_EQ("AI Check high", messages[1]);
+    EXPECT_EQ("AI Check low", messages[2]);
+    EXPECT_EQ("AI Check low again", messages[3]);
     EXPECT_THAT(messages[4],
                 testing::StartsWith("AI Notify AI Document Opened Notifier document#"));
     EXPECT_THAT(messages[5],
                 testing::StartsWith("AI Notify AI Document Closed Notifier document#"));
-    EXPECT_EQ(messages[6], "AI Notify AI Application Shutdown Notifier null");
-    EXPECT_EQ(messages[7], "Shutdown");
-    EXPECT_EQ(messages[8], "Unload");
+    EXPECT_EQ("AI Notify AI Application Shutdown Notifier null", messages[6]);
+    EXPECT_EQ("Shutdown", messages[7]);
+    EXPECT_EQ("Unload", messages[8]);
     EXPECT_THAT(host->violations.Lines(), testing::IsEmpty());
 }
 
@@ -52,7 +52,7 @@ TEST_F(ApplicationTest, DocumentsStayOpenUntilTheEnd)
         if (message.find("Opened") != std::string::npos) kinds.push_back("opened");
         if (message.find("Closed") != std::string::npos) kinds.push_back("closed");
     }
-    EXPECT_EQ(kinds, (std::vector<std::string>{"opened", "opened", "closed", "closed"}));
+    EXPECT_EQ((std::vector<std::string>{"opened", "opened", "closed", "closed"}), kinds);
 }
 
 TEST_F(ApplicationTest, TellsWhatBecameOfEachFont)
@@ -65,14 +65,14 @@ TEST_F(ApplicationTest, TellsWhatBecameOfEachFont)
         return content;
     };
     RunPlugin("well-behaved", {"a.pdf"});
-    ASSERT_EQ(reports.size(), 1u);
-    ASSERT_EQ(reports[0].fonts.size(), 4u);
-    EXPECT_EQ(reports[0].fonts[0].state, FontState::kDefault);
-    EXPECT_EQ(reports[0].fonts[1].state, FontState::kActive);
-    EXPECT_EQ(reports[0].fonts[2].state, FontState::kActivated);
-    EXPECT_EQ(reports[0].fonts[3].state, FontState::kMissing);
+    ASSERT_EQ(1U, reports.size());
+    ASSERT_EQ(4U, reports[0].fonts.size());
+    EXPECT_EQ(FontState::kDefault, reports[0].fonts[0].state);
+    EXPECT_EQ(FontState::kActive, reports[0].fonts[1].state);
+    EXPECT_EQ(FontState::kActivated, reports[0].fonts[2].state);
+    EXPECT_EQ(FontState::kMissing, reports[0].fonts[3].state);
     EXPECT_TRUE(reports[0].HasMissingFont());
-    EXPECT_EQ(reports[0].dialog, DialogOutcome::kDismissed);
+    EXPECT_EQ(DialogOutcome::kDismissed, reports[0].dialog);
 }
 
 TEST_F(ApplicationTest, NamesAreComparedByteForByte)
@@ -80,14 +80,14 @@ TEST_F(ApplicationTest, NamesAreComparedByteForByte)
     fonts.active = {"default-regular", "Default-Regular"};
     AddFrame({"DEFAULT-Regular"});
     RunPlugin("well-behaved", {"a.pdf"});
-    EXPECT_EQ(reports[0].fonts[0].state, FontState::kMissing);
+    EXPECT_EQ(FontState::kMissing, reports[0].fonts[0].state);
 }
 
 TEST_F(ApplicationTest, NoDialogWithoutAMissingFont)
 {
     AddFrame({"Default-Regular"});
     RunPlugin("well-behaved", {"a.pdf"});
-    EXPECT_EQ(reports[0].dialog, DialogOutcome::kNone);
+    EXPECT_EQ(DialogOutcome::kNone, reports[0].dialog);
     EXPECT_FALSE(reports[0].HasMissingFont());
 }
 
@@ -95,8 +95,8 @@ TEST_F(ApplicationTest, ADialogThatNobodyDismissesIsShown)
 {
     AddFrame({"Gone"});
     RunPlugin("leaks-suite", {"a.pdf"});
-    EXPECT_EQ(reports[0].dialog, DialogOutcome::kShown);
-    EXPECT_EQ(reports[0].dialogTitle, "Missing Fonts");
+    EXPECT_EQ(DialogOutcome::kShown, reports[0].dialog);
+    EXPECT_EQ("Missing Fonts", reports[0].dialogTitle);
 }
 
 TEST_F(ApplicationTest, ATemplateOpensAsAnUntitledCopy)
@@ -104,10 +104,10 @@ TEST_F(ApplicationTest, ATemplateOpensAsAnUntitledCopy)
     content.document.isTemplate = true;
     headless::DocumentObject* const first = host->AddDocument(content.document, "/a/b.ait");
     headless::DocumentObject* const second = host->AddDocument(content.document, "/a/b.ait");
-    EXPECT_EQ(first->path, "Untitled-1");
-    EXPECT_EQ(second->path, "Untitled-2");
+    EXPECT_EQ("Untitled-1", first->path);
+    EXPECT_EQ("Untitled-2", second->path);
     EXPECT_FALSE(first->hasFile);
-    EXPECT_EQ(host->GetCurrentDocument(), second);
+    EXPECT_EQ(second, host->GetCurrentDocument());
 }
 
 TEST_F(ApplicationTest, AFileThatFailsGetsNoDocument)
@@ -117,9 +117,9 @@ TEST_F(ApplicationTest, AFileThatFailsGetsNoDocument)
     content.error = "is encrypted";
     RunPlugin("well-behaved", {"a.pdf"});
     EXPECT_FALSE(reports[0].opened);
-    EXPECT_EQ(reports[0].error, "is encrypted");
+    EXPECT_EQ("is encrypted", reports[0].error);
     const auto messages = ListMessages();
-    EXPECT_EQ(messages[1], "AI Check high") << "the check comes before the reading";
+    EXPECT_EQ("AI Check high", messages[1]) << "the check comes before the reading";
     for (const std::string& message : messages) {
         EXPECT_EQ(message.find("Opened"), std::string::npos);
     }
@@ -133,7 +133,7 @@ TEST_F(ApplicationTest, TheFileFormatsAreNotAskedAboutWhatIsNoFile)
     headless::Application application(*host, "en");
     std::string error;
     ASSERT_TRUE(application.Start(GetPluginPath("well-behaved"), error)) << error;
-    EXPECT_EQ(application.Open(folder, "folder").error, "is a folder");
+    EXPECT_EQ("is a folder", application.Open(folder, "folder").error);
     for (const std::string& message : ListMessages()) {
         EXPECT_EQ(message.find("Check"), std::string::npos);
     }
@@ -145,5 +145,5 @@ TEST_F(ApplicationTest, AReaderThatThrowsIsOneFailedFile)
         throw std::runtime_error("out of luck");
     };
     RunPlugin("well-behaved", {"a.pdf", "b.pdf"});
-    EXPECT_EQ(reports[1].error, "out of luck");
+    EXPECT_EQ("out of luck", reports[1].error);
 }

@@ -32,14 +32,14 @@ OpenReport MakeReport()
 
 TEST(Report, AsJsonInOneLine)
 {
-    EXPECT_EQ(WriteReportAsJson(MakeReport()),
-              R"({"path":"a.ai","status":"opened","error":"","kind":"ai","reader":"native",)"
+    EXPECT_EQ(R"({"path":"a.ai","status":"opened","error":"","kind":"ai","reader":"native",)"
               R"("note":"cut off",)"
               R"("frames":1,"runs":2,"documentFonts":[{"PostScriptName":"A","state":"default"},)"
               R"({"PostScriptName":"Bb","state":"active"},)"
               R"({"PostScriptName":"C","state":"activated"},)"
               R"({"PostScriptName":"D","state":"missing"}],"linkedDocuments":["/p.png"],)"
-              R"("missingFontsDialog":"shown","elapsedMs":12})");
+              R"("missingFontsDialog":"shown","elapsedMs":12})",
+              WriteReportAsJson(MakeReport()));
 }
 
 TEST(Report, AFailedFileHasTheSameMembers)
@@ -50,25 +50,26 @@ TEST(Report, AFailedFileHasTheSameMembers)
     report.error = "no such file";
     const auto line = nlohmann::json::parse(WriteReportAsJson(report));
     EXPECT_EQ(line.size(), nlohmann::json::parse(WriteReportAsJson(MakeReport())).size());
-    EXPECT_EQ(line["status"], "failed");
-    EXPECT_EQ(line["missingFontsDialog"], "none");
+    EXPECT_EQ("failed", line["status"]);
+    EXPECT_EQ("none", line["missingFontsDialog"]);
     EXPECT_TRUE(line["documentFonts"].empty());
 }
 
 TEST(Report, AsTable)
 {
-    EXPECT_EQ(WriteReportAsTable(MakeReport()),
-              "a.ai: ai (native), 1 text frame, 2 runs\n"
-              "    A   host default\n"
-              "    Bb  already active\n"
-              "    C   activated now\n"
-              "    D   missing\n"
-              "    placed file: /p.png\n"
-              "    note: cut off\n"
-              "    missing-fonts dialog: shown\n");
+    EXPECT_EQ(
+        "a.ai: ai (native), 1 text frame, 2 runs\n"
+        "    A   host default\n"
+        "    Bb  already active\n"
+        "    C   activated now\n"
+        "    D   missing\n"
+        "    placed file: /p.png\n"
+        "    note: cut off\n"
+        "    missing-fonts dialog: shown\n",
+        WriteReportAsTable(MakeReport()));
 }
 
 TEST(Report, ControlCharactersStayAwayFromTheTerminal)
 {
-    EXPECT_EQ(console::MakePrintable("a\033[2J\nb"), "a?[2J?b");
+    EXPECT_EQ("a?[2J?b", console::MakePrintable("a\033[2J\nb"));
 }

@@ -59,7 +59,7 @@ TEST_F(FaultyPlugin, UsesArtOfClosedDocument)
     std::string error;
     ASSERT_TRUE(application.Start(GetPluginPath("uses-art-of-closed-document"), error)) << error;
     (void)application.Open(MakeFile("a.pdf"), "a.pdf");
-    application.Close(host->GetCurrentDocument());
+    application.Documents().Close(host->GetCurrentDocument());
     (void)application.Open(MakeFile("b.pdf"), "b.pdf");
     application.ShutDown();
     EXPECT_THAT(host->violations.Lines(),
@@ -119,9 +119,9 @@ TEST_F(FaultyPlugin, RefusesToStart)
     headless::Application application(*host, "en");
     std::string error;
     EXPECT_FALSE(application.Start(GetPluginPath("refuses-to-start"), error));
-    EXPECT_EQ(error, "the plug-in doesn't run: Missing PluginCore");
-    ASSERT_EQ(host->alerts.size(), 1u);
-    EXPECT_EQ(host->alerts[0].information, "./somewhere");
+    EXPECT_EQ("the plug-in does not run: Missing PluginCore", error);
+    ASSERT_EQ(1U, host->alerts.size());
+    EXPECT_EQ("./somewhere", host->alerts[0].information);
     application.ShutDown();
     EXPECT_THAT(host->violations.Lines(), testing::IsEmpty()) << "its suites may stay";
 }
@@ -159,5 +159,5 @@ TEST_F(FaultyPlugin, EveryTestPluginIsListedHere)
     for (const auto& entry : std::filesystem::directory_iterator(TEST_PLUGINS_FOLDER)) {
         built.insert(entry.path().stem().string());
     }
-    EXPECT_EQ(built, tested);
+    EXPECT_EQ(tested, built);
 }

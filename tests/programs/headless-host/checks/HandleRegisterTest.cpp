@@ -28,18 +28,18 @@ TEST_F(HandleRegisterTest, GivesTheObjectBack)
 {
     auto document = std::make_shared<DocumentObject>();
     void* const handle = handles.Issue(document);
-    EXPECT_EQ(handles.Find<DocumentObject>(handle, "GetIt"), document.get());
+    EXPECT_EQ(document.get(), handles.Find<DocumentObject>(handle, "GetIt"));
     EXPECT_THAT(violations.Lines(), IsEmpty());
 }
 
 TEST_F(HandleRegisterTest, TellsFourMistakesApart)
 {
     void* const string = IssueString();
-    EXPECT_EQ(handles.Find<DocumentObject>(nullptr, "Op"), nullptr);
-    EXPECT_EQ(handles.Find<DocumentObject>(&violations, "Op"), nullptr);
-    EXPECT_EQ(handles.Find<DocumentObject>(string, "Op"), nullptr);
+    EXPECT_EQ(nullptr, handles.Find<DocumentObject>(nullptr, "Op"));
+    EXPECT_EQ(nullptr, handles.Find<DocumentObject>(&violations, "Op"));
+    EXPECT_EQ(nullptr, handles.Find<DocumentObject>(string, "Op"));
     EXPECT_TRUE(handles.Release(string, HandleType::kString, "Destroy"));
-    EXPECT_EQ(handles.Find<headless::StringObject>(string, "Op"), nullptr);
+    EXPECT_EQ(nullptr, handles.Find<headless::StringObject>(string, "Op"));
     EXPECT_THAT(
         violations.Lines(),
         ElementsAre("Op: the document is null", "Op: the document was never handed out by the host",
@@ -50,8 +50,8 @@ TEST_F(HandleRegisterTest, TellsFourMistakesApart)
 TEST_F(HandleRegisterTest, AnAddressBetweenHandlesIsUnknown)
 {
     char* const handle = static_cast<char*>(IssueString());
-    EXPECT_EQ(handles.Describe(handle + 1), "unknown");
-    EXPECT_EQ(handles.Describe(handle + 16), "unknown") << "not handed out yet";
+    EXPECT_EQ("unknown", handles.Describe(handle + 1));
+    EXPECT_EQ("unknown", handles.Describe(handle + 16)) << "not handed out yet";
 }
 
 TEST_F(HandleRegisterTest, NeverUsesAnAddressTwice)
@@ -87,7 +87,7 @@ TEST_F(HandleRegisterTest, WhatBelongsToAHandleExpiresWithIt)
         std::make_shared<headless::ArtItem>(headless::ArtItem{document.get(), kTextFrameArt, 0}),
         owner);
     handles.Expire(owner);
-    EXPECT_EQ(handles.Find<headless::ArtItem>(art, "Op"), nullptr);
+    EXPECT_EQ(nullptr, handles.Find<headless::ArtItem>(art, "Op"));
     EXPECT_THAT(violations.Lines(), ElementsAre("Op: art#2 has expired"));
     EXPECT_THAT(handles.ListLeaks(), IsEmpty()) << "art isn't the guest's to give back";
 }
@@ -130,7 +130,7 @@ TEST_F(HandleRegisterTest, OneArtSetPerScanMayStay)
 TEST_F(HandleRegisterTest, BlocksAreZeroedAndWritable)
 {
     auto* const block = static_cast<char*>(handles.IssueBlock(HandleType::kBlock, 5000));
-    EXPECT_EQ(block[4999], 0);
+    EXPECT_EQ(0, block[4999]);
     block[0] = block[4999] = 'x';
     EXPECT_TRUE(handles.Release(block, HandleType::kBlock, "FreeBlock"));
     EXPECT_DEATH({ *static_cast<volatile char*>(block) = 'y'; }, "");

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "suites/SuiteTable.h"
+
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -30,7 +32,7 @@ TEST_F(SuiteLedgerTest, CountsReferences)
 TEST_F(SuiteLedgerTest, RefusesAReleaseTooMany)
 {
     EXPECT_FALSE(ledger.Release(row));
-    EXPECT_EQ(violations.Count(), 1u);
+    EXPECT_EQ(1U, violations.Count());
 }
 
 TEST_F(SuiteLedgerTest, LetsStayWhatIsAcquiredAfterTheShutdown)
@@ -38,10 +40,10 @@ TEST_F(SuiteLedgerTest, LetsStayWhatIsAcquiredAfterTheShutdown)
     ledger.Acquire(row);
     ledger.AllowUnreleased(false);
     ledger.Acquire(row);
-    EXPECT_EQ(ledger.ListLeaks().size(), 1u) << "the one from before";
+    EXPECT_EQ(1U, ledger.ListLeaks().size()) << "the one from before";
     (void)ledger.Release(row);
     ledger.Acquire(row);
-    EXPECT_EQ(ledger.ListLeaks().size(), 1u);
+    EXPECT_EQ(1U, ledger.ListLeaks().size());
 }
 
 TEST_F(SuiteLedgerTest, AllowsAPluginThatDidNotStartToReleaseNothing)

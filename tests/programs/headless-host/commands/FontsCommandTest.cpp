@@ -109,7 +109,7 @@ TEST_F(FontsCommand, BadFilesFailAndTheOthersGoOn)
     EXPECT_EQ(headless::kFileNotOpened, Run("--json missing.ai text.ai . good.pdf"));
     EXPECT_THAT(GetPaths(), ElementsAre("missing.ai", "text.ai", ".", "good.pdf"));
     EXPECT_THAT(errors, HasSubstr("missing.ai: no such file\n"));
-    EXPECT_THAT(errors, HasSubstr(".: is a folder; --recursive reads what is in it\n"));
+    EXPECT_THAT(errors, HasSubstr(".: is a folder; use --recursive to read it\n"));
     EXPECT_THAT(output, HasSubstr("Alpha-Regular"));
 }
 
@@ -128,7 +128,7 @@ TEST_F(FontsCommand, FolderWithoutDocumentsIsAnError)
 {
     Write("d/notes.txt", "nothing");
     EXPECT_EQ(headless::kFileNotOpened, Run("--recursive d"));
-    EXPECT_EQ("d: failed: holds no document\n", output);
+    EXPECT_EQ("d: failed: contains no document\n", output);
 }
 
 TEST_F(FontsCommand, FileThatTakesTooLongIsGivenUpWithAllThatWasStarted)

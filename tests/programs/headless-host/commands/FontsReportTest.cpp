@@ -28,10 +28,10 @@ FontsReport MakeReport()
 
 TEST(FontsReport, AsJsonInOneLine)
 {
-    EXPECT_EQ(WriteFontsReportAsJson(MakeReport()),
-              R"({"path":"a.ai","status":"read","error":"","kind":"ai","reader":"native",)"
+    EXPECT_EQ(R"({"path":"a.ai","status":"read","error":"","kind":"ai","reader":"native",)"
               R"("note":"cut off","creator":"somebody","template":true,"frames":2,"stories":1,)"
-              R"("runs":3,"fonts":["A","B"],"linkedDocuments":["/p.png","/p.png"]})");
+              R"("runs":3,"fonts":["A","B"],"linkedDocuments":["/p.png","/p.png"]})",
+              WriteFontsReportAsJson(MakeReport()));
 }
 
 TEST(FontsReport, ComesBackFromJson)
@@ -42,13 +42,14 @@ TEST(FontsReport, ComesBackFromJson)
 
 TEST(FontsReport, AsTable)
 {
-    EXPECT_EQ(WriteFontsReportAsTable(MakeReport()),
-              "a.ai: ai (native), 2 fonts, template\n"
-              "    A\n"
-              "    B\n"
-              "    placed file: /p.png\n"
-              "    placed file: /p.png\n"
-              "    note: cut off\n");
+    EXPECT_EQ(
+        "a.ai: ai (native), 2 fonts, template\n"
+        "    A\n"
+        "    B\n"
+        "    placed file: /p.png\n"
+        "    placed file: /p.png\n"
+        "    note: cut off\n",
+        WriteFontsReportAsTable(MakeReport()));
 }
 
 TEST(FontsReport, FailureAsTable)

@@ -12,12 +12,12 @@ TEST_F(HostFontsTest, HasADefaultForEachScript)
          {-2, -1, 0, 1, 2, 3, 4, 5, 6, 7, 9, 10, 11, 12, 13, 14, 15, 16, 17, 25, 29, 32, 81, 85}) {
         AIFontKey key = nullptr;
         char name[128] = {};
-        EXPECT_EQ(suite.GetDefaultFontForScript(script, &key), kHostSuccess) << script;
-        EXPECT_EQ(suite.GetPostScriptFontName(key, name, 128), kHostSuccess);
+        EXPECT_EQ(kHostSuccess, suite.GetDefaultFontForScript(script, &key)) << script;
+        EXPECT_EQ(kHostSuccess, suite.GetPostScriptFontName(key, name, 128));
         const std::string expected = script == 1   ? "Gothic-Regular"
                                      : script == 4 ? "Naskh"
                                                    : "Default-Regular";
-        EXPECT_EQ(name, expected) << script;
+        EXPECT_EQ(expected, name) << script;
     }
     EXPECT_TRUE(host->violations.Lines().empty());
 }
@@ -26,24 +26,24 @@ TEST_F(HostFontsTest, AsksForALanguageOnce)
 {
     (void)host->fonts.GetDefaultName(1);
     fonts.defaults["ja"] = "Later";
-    EXPECT_EQ(host->fonts.GetDefaultName(1), "Default-Regular");
-    EXPECT_EQ(fonts.asked, std::vector<std::string>{"ja"});
+    EXPECT_EQ("Default-Regular", host->fonts.GetDefaultName(1));
+    EXPECT_EQ(std::vector<std::string>{"ja"}, fonts.asked);
 }
 
 TEST_F(HostFontsTest, CutsTheNameToTheBuffer)
 {
     const AIFontKey key = host->fonts.GetKey("ABCDEFGH");
     char name[5] = "";
-    EXPECT_EQ(suite.GetPostScriptFontName(key, name, 4), kHostSuccess);
-    EXPECT_STREQ(name, "ABC");
+    EXPECT_EQ(kHostSuccess, suite.GetPostScriptFontName(key, name, 4));
+    EXPECT_STREQ("ABC", name);
 }
 
 TEST_F(HostFontsTest, ASystemWithoutFontsHasNoDefault)
 {
     fonts.defaults[""] = "";
     AIFontKey key = nullptr;
-    EXPECT_NE(suite.GetDefaultFontForScript(-2, &key), kHostSuccess);
-    EXPECT_EQ(key, nullptr);
+    EXPECT_NE(kHostSuccess, suite.GetDefaultFontForScript(-2, &key));
+    EXPECT_EQ(nullptr, key);
 }
 
 TEST_F(HostFontsTest, TheSameNameHasTheSameKey)

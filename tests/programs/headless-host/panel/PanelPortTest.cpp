@@ -67,7 +67,7 @@ TEST(PanelPort, AWrongPayloadIsQuoted)
     scene.payload = "<payload>\n1\xff</payload>";
     const PanelAnswer answer = scene.Ask();
     EXPECT_FALSE(answer.ok);
-    EXPECT_EQ("com.corvanta.portnumberresponse tells no port: \"<payload>?1?</payload>\"",
+    EXPECT_EQ("com.corvanta.portnumberresponse does not report a port: \"<payload>?1?</payload>\"",
               answer.error);
     EXPECT_EQ(0, answer.port);
 }
@@ -76,7 +76,8 @@ TEST(PanelPort, ALongPayloadIsCut)
 {
     PanelScene scene;
     scene.payload = std::string(100000, 'x');
-    EXPECT_EQ("com.corvanta.portnumberresponse tells no port: \"" + std::string(80, 'x') + "\"...",
+    EXPECT_EQ("com.corvanta.portnumberresponse does not report a port: \"" + std::string(80, 'x') +
+                  "\"...",
               scene.Ask().error);
 }
 
@@ -86,7 +87,7 @@ TEST(PanelPort, WithoutABusThereIsNone)
     scene.frameworks = ScriptedPlugPlugFolder("none");
     const PanelAnswer answer = scene.Ask();
     EXPECT_FALSE(answer.ok);
-    EXPECT_THAT(answer.error, HasSubstr("the event bus can't be opened: " + scene.frameworks +
+    EXPECT_THAT(answer.error, HasSubstr("cannot open the event bus: " + scene.frameworks +
                                         "/PlugPlug.framework/PlugPlug"));
     EXPECT_EQ(0, scene.ticks);
 }
@@ -102,7 +103,7 @@ TEST(PanelPort, ABusWithoutAFunctionIsNamed)
 {
     PanelScene scene;
     scene.frameworks = ScriptedPlugPlugFolder("missing-PlugPlugDispatchEvent");
-    EXPECT_EQ("the event bus can't be opened: " + scene.frameworks +
+    EXPECT_EQ("cannot open the event bus: " + scene.frameworks +
                   "/PlugPlugOwl.framework/PlugPlugOwl lacks a function",
               scene.Ask().error);
 }

@@ -23,7 +23,7 @@ TEST(PanelRefusals, AWrongTokenIsRefused)
     scene.WriteToken(std::string(64, 'b'));
     const PanelAnswer answer = scene.Ask({{{"op", "libraries"}}});
     EXPECT_FALSE(answer.ok);
-    EXPECT_EQ("the panel's token isn't taken: \"{\"error\":\"refused\",\"ok\":false}\"",
+    EXPECT_EQ("the panel's token was refused: \"{\"error\":\"refused\",\"ok\":false}\"",
               answer.error);
     EXPECT_EQ(scene.server.GetPort(), answer.port);
     EXPECT_EQ(1U, scene.server.lines.size());
@@ -33,7 +33,7 @@ TEST(PanelRefusals, WithoutATokenNothingIsSent)
 {
     PanelScene scene;
     scene.RemoveToken();
-    EXPECT_EQ("the panel's token can't be read: " + scene.GetTokenFile(), scene.Ask().error);
+    EXPECT_EQ("cannot read the panel's token: " + scene.GetTokenFile(), scene.Ask().error);
     EXPECT_THAT(scene.server.lines, IsEmpty());
 }
 
@@ -44,9 +44,7 @@ TEST(PanelRefusals, AFileWithoutATokenIsNamed)
     for (const std::string& bytes :
          {std::string(), std::string(63, 'a'), right + "a", right + "\n", std::string(64, 'g')}) {
         scene.WriteToken(bytes);
-        EXPECT_EQ("the file of the panel's token holds none: " + scene.GetTokenFile(),
-                  scene.Ask().error)
-            << bytes;
+        EXPECT_EQ("not a panel token: " + scene.GetTokenFile(), scene.Ask().error) << bytes;
     }
 }
 
@@ -127,7 +125,7 @@ TEST(PanelRefusals, ALineThatIsNoJsonIsQuoted)
 {
     PanelScene scene;
     scene.serve = [](const json&) { return "GET / HTTP/1.1\r\n"; };
-    EXPECT_EQ("the answer to request 1 isn't a JSON object: \"GET / HTTP/1.1?\"",
+    EXPECT_EQ("the answer to request 1 is not a JSON object: \"GET / HTTP/1.1?\"",
               scene.Ask({{{"op", "libraries"}}}).error);
 }
 
@@ -135,7 +133,7 @@ TEST(PanelRefusals, AnAnswerThatIsNoObjectIsQuoted)
 {
     PanelScene scene;
     scene.welcome = "[true]\n";
-    EXPECT_EQ("the answer to the token isn't a JSON object: \"[true]\"", scene.Ask().error);
+    EXPECT_EQ("the answer to the token is not a JSON object: \"[true]\"", scene.Ask().error);
 }
 
 TEST(PanelRefusals, AnEndlessLineIsCut)

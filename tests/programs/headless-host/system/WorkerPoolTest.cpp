@@ -41,7 +41,7 @@ TEST(WorkerPool, AnswersEachRequest)
 {
     const Answers answers =
         RunAll(100, MakeLimits(3), [](size_t request) { return std::to_string(request * 2); });
-    ASSERT_EQ(100u, answers.size());
+    ASSERT_EQ(100U, answers.size());
     for (const auto& [request, answer] : answers) {
         EXPECT_EQ(std::to_string(request * 2), answer.text);
     }
@@ -56,7 +56,7 @@ TEST(WorkerPool, LongAnswersComeWhole)
 {
     const Answers answers = RunAll(
         3, MakeLimits(2), [](size_t request) { return std::string(5000000 + request, 'x'); });
-    EXPECT_EQ(5000002u, answers.at(2).text.size());
+    EXPECT_EQ(5000002U, answers.at(2).text.size());
 }
 
 TEST(WorkerPool, WhoDiesIsToldAndTheOthersGoOn)
@@ -68,7 +68,7 @@ TEST(WorkerPool, WhoDiesIsToldAndTheOthersGoOn)
     EXPECT_EQ(WorkerAnswer::Outcome::kDied, answers.at(2).outcome);
     EXPECT_THAT(answers.at(2).text, StartsWith("ended by "));
     EXPECT_EQ("5", answers.at(5).text);
-    EXPECT_EQ(6u, answers.size());
+    EXPECT_EQ(6U, answers.size());
 }
 
 TEST(WorkerPool, WhoIsLateIsEndedAndTheOthersGoOn)
