@@ -28,8 +28,8 @@ protected:
 
 TEST_F(Found, ThroughTheRunningVexcorWithoutAFile)
 {
-    ChildProcess vexcor = StartVexcor("run");
-    ASSERT_TRUE(vexcor.WaitForOutput("keeps ")) << vexcor.GetOutput();
+    ChildProcess vexcor = StartVexcor("watch");
+    ASSERT_TRUE(vexcor.WaitForOutput("watching ")) << vexcor.GetOutput();
     EXPECT_EQ(0, Open(document + " --json")) << errors;
     vexcor.Send(SIGTERM);
     EXPECT_EQ(0, vexcor.Wait()) << vexcor.GetOutput();
@@ -39,8 +39,8 @@ TEST_F(Found, TheRunningVexcorGoesBeforeTheFile)
 {
     WriteFile(home / ".local/share/Corvanta/com.corvanta.Vexcor-LaunchInfo.conf",
               "vexcor.path=/no/such/Vexcor\n");
-    ChildProcess vexcor = StartVexcor("run");
-    ASSERT_TRUE(vexcor.WaitForOutput("keeps ")) << vexcor.GetOutput();
+    ChildProcess vexcor = StartVexcor("watch");
+    ASSERT_TRUE(vexcor.WaitForOutput("watching ")) << vexcor.GetOutput();
     EXPECT_EQ(0, Open(document + " --json")) << errors;
 }
 
@@ -69,8 +69,8 @@ TEST_F(Found, AFileThatLeadsNowhereTellsTheSame)
 // The one program keeps the index while the other opens, and both are at the same fonts.
 TEST_F(Found, VexcorTellsWhichDocumentHoldsAFont)
 {
-    ChildProcess vexcor = StartVexcor("run");
-    ASSERT_TRUE(vexcor.WaitForOutput("keeps ")) << vexcor.GetOutput();
+    ChildProcess vexcor = StartVexcor("watch");
+    ASSERT_TRUE(vexcor.WaitForOutput("watching ")) << vexcor.GetOutput();
     EXPECT_EQ(0, Open(document + " --json --exec \"'" VEXCOR_PROGRAM "' why DejaVuSans >'" +
                       (scratch / "why").string() + "'\""))
         << errors;

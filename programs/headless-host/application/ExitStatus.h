@@ -29,7 +29,7 @@ constexpr ExitStatusRow kExitStatuses[] = {
     {kFileNotOpened, "a file cannot be opened or saved"},
     {kPluginNotLoaded, "the plug-in or PluginCore cannot be loaded"},
     {kPluginBrokeRule, "the plug-in broke a rule of the host"},
-    {kInterrupted, "interrupted; open documents were closed and the plug-in was shut down"},
+    {kInterrupted, "interrupted; the open documents were closed and the plug-in was shut down"},
 };
 
 }  // namespace headless

@@ -46,11 +46,12 @@ void ReportViolationsAndAlerts(Host& host)
 {
     host.violations.SetSink([&host](const std::string& line) {
         host.journal.Write("host", "plug-in error", nlohmann::json::object(), line);
-        console::Tell("plug-in error: " + line);
+        console::PrintError("plug-in error: " + line);
     });
     host.alertSink = [](const Alert& alert) {
-        console::Tell("alert: " + alert.message +
-                      (alert.information.empty() ? std::string() : " (" + alert.information + ")"));
+        console::PrintError(
+            "alert: " + alert.message +
+            (alert.information.empty() ? std::string() : " (" + alert.information + ")"));
     };
 }
 
@@ -63,13 +64,13 @@ int RunHost(const Options& given, const std::function<int(RunningHost&)>& body)
     std::string error;
     if ((!options.log.empty() && !console::OpenLog(MakeAbsolute(options.log), error)) ||
         !SetUp(options, error)) {
-        console::Tell(error);
+        console::PrintError(error);
         return kWrongUse;
     }
     SystemFonts fonts;
     Host host(fonts, [](const std::string& path) { return documents::OpenDocument(path); });
     if (!options.journal.empty() && !host.journal.Open(options.journal, error)) {
-        console::Tell(error);
+        console::PrintError(error);
         return kWrongUse;
     }
     ReportViolationsAndAlerts(host);
@@ -79,16 +80,16 @@ int RunHost(const Options& given, const std::function<int(RunningHost&)>& body)
     Application application(host, options.language);
     SetPrivateFrameworks(options.frameworks);
     const std::string launchInformation = ProvideLaunchInformation();
-    if (!launchInformation.empty()) console::Tell(launchInformation + ": created");
+    if (!launchInformation.empty()) console::PrintError(launchInformation + ": created");
     if (application.Start(options.plugin, error)) {
         console::LogAction("started with " + options.plugin);
         RunningHost running{host, application, options, startFolder};
         status = body(running);
-        if (options.hold > 0) application.Idle(options.hold);
+        if (options.keepOpen > 0) application.Idle(options.keepOpen);
     } else {
-        console::Tell(error);
+        console::PrintError(error);
         if (error.find(kMissingPluginCore) != std::string::npos) {
-            console::Tell("hint: run 'Vexcor install' once");
+            console::PrintError("hint: run 'Vexcor install' once");
         }
         status = kPluginNotLoaded;
     }
@@ -97,7 +98,8 @@ int RunHost(const Options& given, const std::function<int(RunningHost&)>& body)
     if (host.violations.Count() > 0) {
         status = std::max<int>(status, kPluginBrokeRule);
         if (host.violations.Count() > host.violations.Lines().size()) {
-            console::Tell("plug-in errors: " + std::to_string(host.violations.Count()) + " in all");
+            console::PrintError("plug-in errors: " + std::to_string(host.violations.Count()) +
+                                " in all");
         }
     }
     return IsInterrupted() ? kInterrupted : status;
@@ -112,10 +114,10 @@ int OpenFile(RunningHost& running, const std::string& givenPath, OpenReport& rep
         return kFileNotOpened;
     }
     if (report.dialog == DialogOutcome::kShown) {
-        console::Tell(givenPath + ": the dialog \"" + report.dialogTitle + "\" was shown");
+        console::PrintError(givenPath + ": the dialog \"" + report.dialogTitle + "\" was shown");
     }
     if (!report.opened) {
-        console::Tell(givenPath + ": " + report.error);
+        console::PrintError(givenPath + ": " + report.error);
         return kFileNotOpened;
     }
     if (!running.options.command.empty()) {
@@ -123,7 +125,7 @@ int OpenFile(RunningHost& running, const std::string& givenPath, OpenReport& rep
         const int result =
             RunCommand(running.options.command, running.startFolder, running.options.json);
         if (result != 0)
-            console::Tell("--exec: the command ended with status " + std::to_string(result));
+            console::PrintError("--exec: the command ended with status " + std::to_string(result));
     }
     return report.HasMissingFont() ? kFontMissing : kAllOpened;
 }

@@ -83,9 +83,9 @@ int RunLines(RunningHost& running, Place place, const std::string& name, std::st
         const LineResult result = RunGuarded(session, *line);
         if (result.outcome == LineOutcome::kQuit) break;
         if (!result.text.empty()) {
-            console::Tell(place == Place::kPrompt
-                              ? result.text
-                              : name + ":" + std::to_string(number) + ": " + result.text);
+            console::PrintError(place == Place::kPrompt
+                                    ? result.text
+                                    : name + ":" + std::to_string(number) + ": " + result.text);
         }
         // A typing error at the prompt doesn't end the session.
         if (result.outcome == LineOutcome::kWrong && place == Place::kPrompt) continue;
@@ -109,7 +109,7 @@ int RunSessionCommand(const Options& options)
     const documents::FileBytes file = documents::ReadFileBytes(
         options.session, kLargestFile, [](const std::string&) { return std::string(); });
     if (!file.error.empty()) {
-        console::Tell(options.session + ": " + file.error);
+        console::PrintError(options.session + ": " + file.error);
         return kWrongUse;
     }
     return RunHost(options, [&](RunningHost& running) {

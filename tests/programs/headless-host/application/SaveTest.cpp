@@ -198,7 +198,7 @@ TEST_F(ReplaceFileTest, ReplacesAFileAndKeepsItsModeAndLinks)
 TEST_F(ReplaceFileTest, RefusesFoldersAndDevices)
 {
     EXPECT_EQ("is a folder", documents::ReplaceFile(folder, "x"));
-    EXPECT_EQ("is no file", documents::ReplaceFile("/dev/null", "x"));
+    EXPECT_EQ("is not a regular file", documents::ReplaceFile("/dev/null", "x"));
     EXPECT_NE("", documents::ReplaceFile(folder + "/none/f", "x"));
 }
 

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+// Lines of a text that end in CR, LF or CR LF, whichever each line has.
+namespace base {
+
+// Removes the first line from `rest` and returns it without its end. `rest` is empty after the last
+// line; callers loop until then.
+std::string_view TakeLine(std::string_view& rest);
+
+// The position of the first line that begins with `start`, or npos.
+size_t FindLine(std::string_view text, std::string_view start);
+
+// The position of the last line that begins with `start`, or npos.
+size_t FindLastLine(std::string_view text, std::string_view start);
+
+}  // namespace base

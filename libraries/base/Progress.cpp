@@ -1,0 +1,39 @@
+#include "base/Progress.h"
+
+#include <unistd.h>
+
+#include <cstdio>
+
+#include "base/Strings.h"
+
+namespace base {
+
+namespace {
+
+constexpr char kClearLine[] = "\r\033[K";
+
+}  // namespace
+
+Progress::Progress(size_t total, size_t least)
+    : mTotal(total), mIsWanted(total >= least && isatty(STDERR_FILENO) == 1)
+{
+}
+
+Progress::~Progress() { Clear(); }
+
+void Progress::Show(size_t number, std::string_view text)
+{
+    if (!mIsWanted) return;
+    // Nothing is lost if the line can't be printed.
+    (void)std::fprintf(stderr, "%s%zu of %zu  %s", kClearLine, number, mTotal,
+                       MakePrintable(text).c_str());
+    mIsShown = true;
+}
+
+void Progress::Clear()
+{
+    if (mIsShown) (void)std::fputs(kClearLine, stderr);  // as above
+    mIsShown = false;
+}
+
+}  // namespace base
