@@ -5,9 +5,9 @@
 
 #include "application/HostPlatformTable.h"
 #include "application/MissingFontsDialog.h"
+#include "base/Files.h"
 #include "console/Log.h"
 #include "system/Interrupts.h"
-#include "system/Paths.h"
 
 namespace headless {
 
@@ -99,7 +99,7 @@ OpenReport Application::Open(const std::string& path, const std::string& givenPa
 
     const std::set<std::string> activeBefore = mHost.fonts.RefreshActiveNames();
     // File formats are only asked to check regular files.
-    if (IsReadableFile(path)) mPump->SendCheck(path);
+    if (base::IsReadableFile(path)) mPump->SendCheck(path);
     documents::OpenResult read = Read(mHost, path);
     mHost.journal.Write("host", "read", {{"path", path}}, read.ok ? "" : read.error);
     report.kind = documents::GetKindName(read.document.kind);

@@ -1,27 +1,22 @@
 #pragma once
 
-#include <string>
+#include "base/ProgramStatus.h"
 
 namespace headless {
 
 // The exit statuses of the program. If several apply, it ends with the greatest.
 enum ExitStatus : int {
-    kAllOpened = 0,
-    kFontMissing = 1,
-    kNotAsExpected = 1,
-    kWrongUse = 2,
-    kFileNotOpened = 3,
+    kAllOpened = base::kSuccess,
+    kFontMissing = base::kNegative,
+    kNotAsExpected = base::kNegative,
+    kWrongUse = base::kWrongUse,
+    kFileNotOpened = base::kFileFailed,
     kPluginNotLoaded = 4,
     kPluginBrokeRule = 5,
-    kInterrupted = 130,
+    kInterrupted = base::kInterrupted,
 };
 
-struct ExitStatusRow {
-    int status;
-    const char* meaning;
-};
-
-constexpr ExitStatusRow kExitStatuses[] = {
+constexpr base::ProgramStatusRow kExitStatuses[] = {
     {kAllOpened,
      "every file was opened and no font is missing; every expectation of the script was met"},
     {kFontMissing, "open: a font is missing; script: an expectation was not met"},

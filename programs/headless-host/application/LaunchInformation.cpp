@@ -5,6 +5,8 @@
 
 #include <filesystem>
 
+#include "base/FileDescriptor.h"
+#include "base/ReadWrite.h"
 #include "system/Environment.h"
 #include "system/Paths.h"
 
@@ -29,13 +31,12 @@ std::string ProvideLaunchInformation()
     std::error_code ignored;  // open fails without the folder
     (void)fs::create_directories(file.parent_path(), ignored);
     // O_EXCL: fails for any existing entry, a dangling symbolic link included.
-    const int descriptor = open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644);
-    if (descriptor < 0) return {};
-    const std::string line = kKey + manager + "/Vexcor\n";
-    const bool isWritten =
-        write(descriptor, line.data(), line.size()) == static_cast<ssize_t>(line.size());
-    const bool isClosed = close(descriptor) == 0;
-    if (isWritten && isClosed) return file.string();
+    base::FileDescriptor descriptor(
+        open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644));
+    if (!descriptor.IsValid()) return {};
+    const std::error_code written = base::WriteAll(descriptor.Get(), kKey + manager + "/Vexcor\n");
+    const std::error_code closed = descriptor.Close();
+    if (!written && !closed) return file.string();
     (void)unlink(file.c_str());  // half a path would lead elsewhere
     return {};
 }

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
+#include "base/JsonText.h"
+#include "base/Plural.h"
 #include "console/Console.h"
 
 namespace headless {
@@ -22,11 +24,6 @@ const char* GetStateText(FontState state)
             return "missing";
     }
     return "";
-}
-
-std::string Count(size_t count, const char* what)
-{
-    return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
 }
 
 }  // namespace
@@ -86,15 +83,15 @@ std::string WriteReportAsJson(const OpenReport& report)
     line["linkedDocuments"] = report.linkedDocuments;
     line["missingFontsDialog"] = GetDialogName(report.dialog);
     line["elapsedMs"] = report.elapsedMs;
-    return line.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
+    return base::PrintJson(line);
 }
 
 std::string WriteReportAsTable(const OpenReport& report)
 {
     std::string text = console::MakePrintable(report.path) + ": ";
     if (!report.opened) return text + "failed: " + console::MakePrintable(report.error) + "\n";
-    text += report.kind + " (" + report.reader + "), " + Count(report.frames, "text frame") + ", " +
-            Count(report.runs, "run") + "\n";
+    text += report.kind + " (" + report.reader + "), " + base::Count(report.frames, "text frame") +
+            ", " + base::Count(report.runs, "run") + "\n";
     size_t width = 0;
     for (const FontReport& font : report.fonts) {
         width = std::max(width, font.postScriptName.size());

@@ -1,9 +1,9 @@
 #include "application/SaveDocument.h"
 
 #include <algorithm>
-#include <cctype>
 #include <exception>
 
+#include "base/Files.h"
 #include "documents/bytes/FileBytes.h"
 #include "documents/model/FileKind.h"
 #include "documents/write/WriteDocument.h"
@@ -18,19 +18,9 @@ constexpr AIFaceScript kSystemScript = -1;
 
 enum class Family { kNone, kPDF, kPostScript };
 
-std::string GetExtension(const std::string& path)
-{
-    const size_t dot = path.find_last_of("./");
-    if (dot == std::string::npos || path[dot] != '.') return {};
-    std::string extension = path.substr(dot);
-    std::transform(extension.begin(), extension.end(), extension.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return extension;
-}
-
 Family GetFamily(const std::string& path)
 {
-    const std::string extension = GetExtension(path);
+    const std::string extension = base::GetLowerExtension(path);
     if (extension == ".eps") return Family::kPostScript;
     for (const char* const each : {".ai", ".ait", ".pdf"}) {
         if (extension == each) return Family::kPDF;
@@ -53,7 +43,8 @@ Family ChooseFamily(const DocumentObject& document, const std::string& path, std
                            : Family::kPostScript;
     // The same extension as before keeps the format, even if it is that of the other family: a PDF
     // may be called .eps.
-    if (own == wanted || GetExtension(path) == GetExtension(document.source)) return own;
+    if (own == wanted || base::GetLowerExtension(path) == base::GetLowerExtension(document.source))
+        return own;
     error = own == Family::kPDF ? "cannot be saved: a PDF document cannot become EPS"
                                 : "cannot be saved: a PostScript document cannot become PDF";
     return Family::kNone;

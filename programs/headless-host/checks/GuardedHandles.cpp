@@ -35,7 +35,7 @@ GuardedHandles::Region GuardedHandles::Reserve(size_t size)
 
 GuardedHandles::~GuardedHandles()
 {
-    // A failing munmap leaves address space reserved, which harms nobody.
+    // A failure only leaves addresses reserved.
     for (const Region& region : mHandleRegions) (void)munmap(region.start, region.size);
     for (const Region& region : mBlockRegions) (void)munmap(region.start, region.size);
 }
@@ -79,8 +79,7 @@ void* GuardedHandles::NewBlock(size_t size)
 void GuardedHandles::RetireBlock(void* block, size_t size)
 {
     const size_t bytes = RoundUpToPages(size);
-    // Mapping it anew gives the pages back to the system. Should that fail, the block merely stays
-    // readable.
+    // A new mapping returns the pages to the system. If that fails, the block remains readable.
     (void)mmap(block, bytes, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE | MAP_FIXED, -1,
                0);
 }

@@ -6,27 +6,34 @@
 
 namespace headless {
 
-// Addresses for what the host hands out. None is used twice while the process lives, so that one
-// which has expired can be told from a fresh one.
+// Addresses for handles and blocks that the host gives to the plug-in. No address is used twice
+// while the process lives, so that an expired handle is never mistaken for a new one. Not
+// thread-safe.
 class GuardedHandles {
 public:
     GuardedHandles() = default;
+
+    // Releases all addresses.
     ~GuardedHandles();
     GuardedHandles(const GuardedHandles&) = delete;
     GuardedHandles& operator=(const GuardedHandles&) = delete;
 
-    // An address with nothing behind it: a guest that looks there stops at once. Tokens are
-    // numbered from 0 in the order of this call. Throws std::bad_alloc.
+    // An unmapped address for use as a handle: a plug-in that dereferences it crashes at once.
+    // Handles are numbered from 0 in the order of these calls. Throws std::bad_alloc.
     void* NewHandle();
 
-    // The number of the token at this address, or false if it was never given out.
+    // Sets `number` to the number of the handle with this address. Returns false if there is none.
     bool FindHandle(const void* address, size_t& number) const;
 
-    // A zeroed block in pages of its own. Throws std::bad_alloc.
+    // A zeroed, writable block that begins on a page of its own. Throws std::bad_alloc.
+    //
+    // size   in bytes; may be 0
     void* NewBlock(size_t size);
 
-    // Takes the pages away: a guest that uses the block afterwards stops at once. The addresses
-    // stay reserved until the GuardedHandles goes.
+    // Unmaps a block but keeps its addresses reserved: a plug-in that still uses it crashes at
+    // once.
+    //
+    // size   as given to NewBlock
     void RetireBlock(void* block, size_t size);
 
 private:

@@ -132,7 +132,7 @@ std::vector<std::string> HandleRegister::ListLeaks() const
     const auto look = [&](const Record& record) {
         const bool held = record.living && IsOwedByPlugin(record.type) && !record.isHostOwned;
         if (!held && !record.leaked) return;
-        // A scan of the document's fonts never gives its art set back; that is agreed.
+        // A walk over the document's art leaves one art set unreleased; plug-ins may do that.
         if (record.scansArtSet && messagesWithArtSet.insert(record.message).second) return;
         lines.push_back(std::string(GetTypeName(record.type)) + "#" +
                         std::to_string(record.serial) + " was not given back");

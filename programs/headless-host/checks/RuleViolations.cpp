@@ -5,7 +5,7 @@ namespace headless {
 void RuleViolations::Add(const std::string& line)
 {
     ++mCount;
-    if (mLines.size() >= kKept) return;
+    if (mLines.size() >= kMostLines) return;
     mLines.push_back(line);
     if (mSink) mSink(line);
 }

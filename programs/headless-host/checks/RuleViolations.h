@@ -7,21 +7,25 @@
 
 namespace headless {
 
-// The rules of the host that the guest broke, a line each in the order they were found.
+// The rules of the host that the plug-in has broken, one line each. Not thread-safe.
 class RuleViolations {
 public:
     using Sink = std::function<void(const std::string& line)>;
 
-    // Told of every error as it is found, so that a crash right after it hides nothing.
+    // `sink` is called with each line as soon as it is recorded, so that a crash right after the
+    // violation doesn't hide it.
     void SetSink(Sink sink) { mSink = std::move(sink); }
 
-    // Beyond kKept lines errors are counted, and neither kept nor told.
+    // Records a violation. After kMostLines lines, violations are only counted.
     void Add(const std::string& line);
 
+    // In the order of Add.
     const std::vector<std::string>& Lines() const { return mLines; }
+
+    // All violations, stored or not.
     size_t Count() const { return mCount; }
 
-    static constexpr size_t kKept = 200;
+    static constexpr size_t kMostLines = 200;
 
 private:
     Sink mSink;

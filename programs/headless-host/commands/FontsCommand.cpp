@@ -1,17 +1,14 @@
 #include "commands/FontsCommand.h"
 
-#include <unistd.h>
-
 #include <algorithm>
-#include <cstdio>
 #include <unordered_set>
 #include <utility>
 
 #include "application/ExitStatus.h"
+#include "base/Progress.h"
 #include "commands/FileList.h"
 #include "commands/FontsReport.h"
 #include "console/Console.h"
-#include "system/Environment.h"
 #include "system/Interrupts.h"
 #include "system/WorkerPool.h"
 
@@ -22,6 +19,7 @@ namespace {
 // The memory of all workers: 1 GiB less what this process needs.
 constexpr size_t kMemoryBytes = (size_t{1024} - 64) << 20;
 constexpr size_t kMostWorkers = 8;
+constexpr size_t kLeastFilesForProgress = 2;
 constexpr char kNoMemory[] = "too large: not enough memory";
 
 // Each worker can run one Ghostscript, which gets the remaining fifth of its share.
@@ -52,7 +50,7 @@ public:
           mFiles(ListFiles(options.files, options.recursive)),
           mReports(mFiles.size()),
           mIsDone(mFiles.size()),
-          mShowsProgress(IsTerminal(STDERR_FILENO))
+          mProgress(mFiles.size(), kLeastFilesForProgress)
     {
     }
 
@@ -74,7 +72,7 @@ public:
         if (isWhole && !mTooLarge.empty()) {
             isWhole = ReadAll(std::exchange(mTooLarge, {}), 1, false);
         }
-        ClearProgress();
+        mProgress.Clear();
         return isWhole ? mStatus : kInterrupted;
     }
 
@@ -133,12 +131,12 @@ private:
         mReports[index] = std::move(report);
         mIsDone[index] = true;
         ++mDoneCount;
-        if (mNext < mFiles.size() && mIsDone[mNext]) ClearProgress();
+        if (mNext < mFiles.size() && mIsDone[mNext]) mProgress.Clear();
         for (; mNext < mFiles.size() && mIsDone[mNext]; ++mNext) {
             PrintReport(mReports[mNext]);
             mReports[mNext] = {};
         }
-        ShowProgress(mFiles[index].path);
+        mProgress.Show(mDoneCount, mFiles[index].path);
     }
 
     void PrintReport(const FontsReport& report)
@@ -160,21 +158,6 @@ private:
         if (!report.isRead || !isPrinted) mStatus = kFileNotOpened;
     }
 
-    void ShowProgress(const std::string& path)
-    {
-        if (!mShowsProgress || mFiles.size() < 2) return;
-        // A progress line that doesn't get out is no loss.
-        (void)std::fprintf(stderr, "\r\033[K%zu of %zu  %s", mDoneCount, mFiles.size(),
-                           console::MakePrintable(path).c_str());
-        mHasProgress = true;
-    }
-
-    void ClearProgress()
-    {
-        if (mHasProgress) (void)std::fputs("\r\033[K", stderr);  // likewise
-        mHasProgress = false;
-    }
-
     const Options& mOptions;
     std::vector<ListedFile> mFiles;
     std::vector<FontsReport> mReports;
@@ -184,8 +167,7 @@ private:
     size_t mNext = 0;
     size_t mDoneCount = 0;
     int mStatus = kAllOpened;
-    bool mShowsProgress;
-    bool mHasProgress = false;
+    base::Progress mProgress;
 };
 
 }  // namespace

@@ -17,7 +17,7 @@ Host* sCurrent = nullptr;
 Host::Host(FontSource& fontSource, DocumentReader documentReader)
     : fonts(fontSource, handles), reader(std::move(documentReader))
 {
-    if (sCurrent != nullptr) throw std::logic_error("there is a host already");
+    if (sCurrent != nullptr) throw std::logic_error("a host exists already");
     sCurrent = this;
     violations.SetSink([this](const std::string& line) {
         journal.Write("host", "plug-in error", nlohmann::json::object(), line);

@@ -6,7 +6,8 @@ namespace headless {
 
 namespace {
 
-// The writing systems that the host has a default font for, with the language that stands for each.
+// The scripts that the host has a default font for, each with the language that fontconfig is asked
+// for. Empty: the default of the system.
 struct ScriptRow {
     AIFaceScript script;
     const char* language;
@@ -32,7 +33,7 @@ std::map<std::string, documents::FontFile> SystemFonts::ListFiles()
 {
     std::map<std::string, documents::FontFile> files;
     for (const fonts::ActiveFont& font : fonts::ListActiveFonts()) {
-        // Of several files with one name the first one counts, as for the names.
+        // If several files contain a font of this name, the first one is used.
         (void)files.emplace(font.postScriptName, documents::FontFile{font.file, font.index});
     }
     return files;

@@ -22,7 +22,7 @@ public:
     virtual std::map<std::string, documents::FontFile> ListFiles() = 0;
 };
 
-// The source of the real host: fontconfig.
+// The fonts of the system, from fontconfig.
 class SystemFonts : public FontSource {
 public:
     std::set<std::string> ListActiveNames() override;
@@ -30,26 +30,29 @@ public:
     std::map<std::string, documents::FontFile> ListFiles() override;
 };
 
-// The host's fonts: which are active, which are its own defaults, and a key for each name asked
-// for.
+// The fonts that the host knows: the active ones, its default fonts, and a key for each name that
+// was asked for. Main thread only.
 class HostFonts {
 public:
     HostFonts(FontSource& source, HandleRegister& handles) : mSource(source), mHandles(handles) {}
 
-    // Lists anew; what came or went since is seen.
+    // Lists the active fonts again and returns their names.
     const std::set<std::string>& RefreshActiveNames();
+
+    // As of the last refresh.
     const std::set<std::string>& GetActiveNames() const { return mActive; }
 
-    // The host's default font for a script, or for the system if the script is unknown. Asked of
-    // the source once per language, so it doesn't change while the host runs.
+    // The host's default font for a script, or that of the system if the script is unknown. The
+    // source is asked once per language, so the result doesn't change while the host runs. Empty if
+    // the system has no fonts.
     const std::string& GetDefaultName(AIFaceScript script);
 
-    // Whether the name is the default of one of the host's scripts.
+    // Whether the font is the default of one of the host's scripts.
     bool IsDefault(const std::string& postScriptName);
 
     std::map<std::string, documents::FontFile> ListFiles() { return mSource.ListFiles(); }
 
-    // The same name gives the same key for the life of the host.
+    // Returns the same key for the same name as long as the host exists.
     AIFontKey GetKey(const std::string& postScriptName);
 
 private:
@@ -60,7 +63,7 @@ private:
     std::map<std::string, AIFontKey> mKeys;
 };
 
-// A font as the host knows it behind a key.
+// The font of a key.
 struct FontKeyObject {
     static constexpr HandleType kHandleType = HandleType::kFontKey;
     std::string postScriptName;

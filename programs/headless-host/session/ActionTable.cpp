@@ -11,7 +11,7 @@ namespace {
 
 constexpr size_t kAny = 1000;  // arguments; no line has more
 
-// Stands here and not with the other actions because it needs the table.
+// Defined here because it needs the table, which needs the other actions.
 LineResult RunHelp(Session&, const Words&)
 {
     (void)console::Print(DescribeActions());  // Print reports its own failure

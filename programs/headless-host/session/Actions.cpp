@@ -1,12 +1,13 @@
 #include "session/Actions.h"
 
 #include "application/ExitStatus.h"
+#include "base/Files.h"
+#include "base/JsonText.h"
 #include "console/Console.h"
 #include "panel/PanelPlayer.h"
 #include "session/MenuTree.h"
 #include "session/SessionWords.h"
 #include "system/Interrupts.h"
-#include "system/Paths.h"
 
 namespace headless {
 
@@ -59,7 +60,8 @@ LineResult RunText(Session& session, const Words& words)
 LineResult RunPlace(Session& session, const Words& words)
 {
     const std::string path = session.MakeAbsolute(words[0]);
-    if (!IsReadableFile(path)) return FailFile(words[0], "cannot be placed: not a readable file");
+    if (!base::IsReadableFile(path))
+        return FailFile(words[0], "cannot be placed: not a readable file");
     session.running.application.Documents().Place(path);
     return {};
 }
@@ -162,8 +164,7 @@ LineResult RunPanel(Session& session, const Words& words)
     const PanelAnswer answer =
         player.Ask(requests, [&session] { session.running.application.Tick(); });
     for (const nlohmann::json& each : answer.answers) {
-        session.lastPanelAnswers +=
-            each.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace) + "\n";
+        session.lastPanelAnswers += base::PrintJson(each) + "\n";
     }
     (void)console::Print("panel: port " +
                          std::string(answer.port == 0 ? "not received" : "received") + "\n" +

@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "application/OpenReport.h"
+#include "base/Files.h"
 #include "session/MenuTree.h"
 #include "session/SessionWords.h"
-#include "system/Paths.h"
 
 namespace headless {
 
@@ -52,13 +52,13 @@ LineResult ExpectNoFont(Session& session, const Words& words)
 
 LineResult ExpectFile(Session& session, const Words& words)
 {
-    const bool isThere = IsReadableFile(session.MakeAbsolute(words[0]));
+    const bool isThere = base::IsReadableFile(session.MakeAbsolute(words[0]));
     return Compare("file " + words[0], "there", isThere ? "there" : "not a readable file");
 }
 
 LineResult ExpectNoFile(Session& session, const Words& words)
 {
-    const bool isThere = IsReadableFile(session.MakeAbsolute(words[0]));
+    const bool isThere = base::IsReadableFile(session.MakeAbsolute(words[0]));
     return Compare("file " + words[0], "gone", isThere ? "there" : "gone");
 }
 

@@ -2,21 +2,18 @@
 
 #include <algorithm>
 
+#include "base/JsonText.h"
+
 namespace headless {
 
 namespace {
 
 using nlohmann::json;
 
-std::string Dump(const json& value)
-{
-    return value.dump(-1, ' ', false, json::error_handler_t::replace);
-}
-
 // The text as JSON, without the quotation marks.
 std::string Escape(const std::string& text)
 {
-    const std::string quoted = Dump(text);
+    const std::string quoted = base::PrintJson(text);
     return quoted.substr(1, quoted.size() - 2);
 }
 
@@ -25,7 +22,8 @@ std::string Escape(const std::string& text)
 void JournalLines::Add(const std::string& operation, const json& arguments, const json& result)
 {
     ++mCounts[operation];
-    if (IsComplete()) (void)mLines.emplace(operation, Dump(arguments) + " " + Dump(result));
+    if (IsComplete())
+        (void)mLines.emplace(operation, base::PrintJson(arguments) + " " + base::PrintJson(result));
 }
 
 size_t JournalLines::Count(const std::string& operation) const

@@ -2,7 +2,7 @@
 #include "suites/SuiteCall.h"
 #include "suites/SuiteTables.h"
 
-// The suites of the document and of its path.
+// The suites for the current document and for file paths.
 namespace headless {
 
 namespace {
@@ -25,7 +25,7 @@ AIErr GetDocumentFileSpecification(ai::FilePath& file)
         const DocumentObject* const document = call.host.GetCurrentDocument();
         if (document == nullptr) return kHostBadParameter;
         if (GetHandle(file) != nullptr) {
-            // A slot with rubbish in it is reported by the register and then overwritten.
+            // An invalid handle is recorded as a violation, then overwritten.
             (void)call.host.handles.Release(GetHandle(file), HandleType::kPath, call.operation);
         }
         SetHandle(file, call.host.handles.Issue(

@@ -3,7 +3,7 @@
 #include "suites/SuiteCall.h"
 #include "suites/SuiteTables.h"
 
-// The suites of blocks, memory handles and strings.
+// The suites for blocks, memory handles and strings.
 namespace headless {
 
 namespace {
@@ -58,7 +58,7 @@ AIErr MdMemoryDisposeHandle(void** handle)
     });
 }
 
-// Both encodings are UTF-8 on this platform; the bytes are kept as they come.
+// Both supported encodings are UTF-8 on this platform, so strings are stored without conversion.
 bool IsEncoding(SuiteCall& call, AICharacterEncoding encoding)
 {
     call.Arg("encoding", static_cast<int>(encoding));
@@ -79,7 +79,7 @@ AIErr Initialize(ai::UnicodeString* string, const char* text, size_t byteLength,
         if (byteLength > 0 && !call.Require(text, "text")) return kHostBadParameter;
         std::string bytes = byteLength == 0 ? std::string() : std::string(text, byteLength);
         call.Arg("text", bytes);
-        // What the place held before is the guest's own affair: it needn't have been a string.
+        // Uninitialized memory is allowed here, so a previous handle is not released.
         SetHandle(*string, call.host.handles.Issue(
                                std::make_shared<StringObject>(StringObject{std::move(bytes)})));
         call.OutHandle("string", GetHandle(*string));

@@ -32,12 +32,6 @@ std::string MakeAbsolute(const std::string& folder, const std::string& path)
     return (fs::path(folder) / path).lexically_normal().string();
 }
 
-bool IsReadableFile(const std::string& path)
-{
-    std::error_code ignored;  // an entry that cannot be examined is not readable
-    return fs::is_regular_file(path, ignored) && access(path.c_str(), R_OK) == 0;
-}
-
 bool IsFolder(const std::string& path)
 {
     std::error_code ignored;  // an entry that cannot be examined is no folder

@@ -15,9 +15,6 @@ std::string MakeAbsolute(const std::string& path);
 // The same, relative to `folder`, which must be absolute.
 std::string MakeAbsolute(const std::string& folder, const std::string& path);
 
-// Whether `path` is a regular file that this user may read. False for folders and devices.
-bool IsReadableFile(const std::string& path);
-
 bool IsFolder(const std::string& path);
 
 // Path completion: the entries whose path begins with `start`, sorted; folders end with "/". Hidden

@@ -1,13 +1,13 @@
 #include "system/Process.h"
 
 #include <spawn.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <chrono>
 #include <csignal>
 #include <thread>
 
+#include "base/ProcessGroup.h"
 #include "system/Interrupts.h"
 
 extern char** environ;
@@ -42,16 +42,16 @@ int RunCommand(const std::string& command, const std::string& folder, bool outpu
     (void)posix_spawnattr_destroy(&attributes);
     if (failure != 0) return -1;
 
-    int status = 0;
-    bool ended = false;
-    while (waitpid(child, &status, WNOHANG) == 0) {
-        if (IsInterrupted() && !ended) {
-            ended = true;
-            (void)kill(-child, SIGTERM);  // may fail: the command may have ended meanwhile
+    base::ProcessGroup group(child);
+    bool isTerminated = false;
+    while (!group.HasEnded()) {
+        if (IsInterrupted() && !isTerminated) {
+            isTerminated = true;
+            group.SendSignal(SIGTERM);
         }
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
     }
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    return group.Wait().status;
 }
 
 }  // namespace headless
