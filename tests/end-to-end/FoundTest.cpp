@@ -6,8 +6,8 @@
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-// How the plug-in finds PluginCore. A process that is called Vexcor is seen by every host of the
-// machine, so nothing may run beside these tests.
+// How the plug-in finds PluginCore. Every host on the machine sees a process called Vexcor, so no
+// other test may run at the same time.
 class Found : public EndToEnd {
 protected:
     Found()
@@ -35,9 +35,9 @@ TEST_F(Found, ThroughTheRunningVexcorWithoutAFile)
     EXPECT_EQ(0, vexcor.Wait()) << vexcor.GetOutput();
 }
 
-TEST_F(Found, TheRunningVexcorGoesBeforeTheFile)
+TEST_F(Found, TheRunningVexcorIsPreferredToTheFile)
 {
-    WriteFile(home / ".local/share/Corvanta/com.corvanta.Vexcor-LaunchInfo.conf",
+    WriteFile(home / ".local/share/Corvanta" / kLaunchInformationName,
               "vexcor.path=/no/such/Vexcor\n");
     ChildProcess vexcor = StartVexcor("watch");
     ASSERT_TRUE(vexcor.WaitForOutput("watching ")) << vexcor.GetOutput();
@@ -51,23 +51,24 @@ TEST_F(Found, ThroughTheFileThatInstallWrites)
     EXPECT_EQ(0, Open(document + " --json")) << errors;
 }
 
-TEST_F(Found, ByNeitherTellsThatPluginCoreIsMissing)
+TEST_F(Found, ByNeitherGivesAnAlertAndAHint)
 {
     EXPECT_EQ(4, Open(document + " --json"));
     EXPECT_THAT(errors, HasSubstr("alert: Missing PluginCore"));
+    EXPECT_THAT(errors, testing::EndsWith("hint: run 'Vexcor install' once\n"));
     EXPECT_THAT(output, IsEmpty());
 }
 
-TEST_F(Found, AFileThatLeadsNowhereTellsTheSame)
+TEST_F(Found, AFileWithAWrongPathGivesTheSameAlert)
 {
-    WriteFile(home / ".local/share/Corvanta/com.corvanta.Vexcor-LaunchInfo.conf",
+    WriteFile(home / ".local/share/Corvanta" / kLaunchInformationName,
               "vexcor.path=/no/such/Vexcor\n");
     EXPECT_EQ(4, Open(document + " --json"));
     EXPECT_THAT(errors, HasSubstr("alert: Missing PluginCore"));
 }
 
-// The one program keeps the index while the other opens, and both are at the same fonts.
-TEST_F(Found, VexcorTellsWhichDocumentHoldsAFont)
+// One program watches the library while the other has a document open, with the same fonts.
+TEST_F(Found, VexcorReportsWhichDocumentHoldsAFont)
 {
     ChildProcess vexcor = StartVexcor("watch");
     ASSERT_TRUE(vexcor.WaitForOutput("watching ")) << vexcor.GetOutput();

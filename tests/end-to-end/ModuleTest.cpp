@@ -33,12 +33,12 @@ TEST(Module, LoadsAndUnloadsAThousandTimesWithoutALeak)
     const size_t bytes = mallinfo2().uordblks;
     const int mappings = CountMappings();
     LoadAndUnload(1000);
-    // What the loader and a sanitizer keep varies by a little; a leak shows a thousand times.
+    // The loader and a sanitizer keep a varying small amount; a leak would count a thousand times.
     EXPECT_LT(mallinfo2().uordblks, bytes + 1000);
     EXPECT_LT(CountMappings(), mappings + 100);
 }
 
-TEST(Module, AnswersAMessageOfNoMeaning)
+TEST(Module, ReturnsSuccessForANullMessage)
 {
     void* const module = dlopen(PLUG_IN_MODULE, RTLD_NOW | RTLD_LOCAL);
     ASSERT_NE(nullptr, module) << dlerror();

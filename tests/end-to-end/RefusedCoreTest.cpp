@@ -12,10 +12,10 @@ TEST_F(EndToEnd, WithoutPluginCoreNothingIsOpened)
     EXPECT_THAT(ActiveFonts(), testing::ElementsAre("DejaVuSansMono"));
 }
 
-// PluginCores that can't be used, by the name of their folder.
+// PluginCores that the plug-in must refuse, by the name of their folder.
 class RefusedCore : public EndToEnd, public testing::WithParamInterface<const char*> {};
 
-TEST_P(RefusedCore, IsToldByAnAlertAndExitStatus4)
+TEST_P(RefusedCore, GivesAnAlertAndExitStatus4)
 {
     pluginCore = std::filesystem::path(SCRIPTED_PLUGIN_CORE_FOLDER) / GetParam();
     ASSERT_TRUE(std::filesystem::exists(pluginCore / "PluginCore.framework/PluginCore"));

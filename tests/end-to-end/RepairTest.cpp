@@ -4,7 +4,7 @@ using testing::Contains;
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
 
-TEST_F(EndToEnd, TheNextStartRepairsWhatAKilledHostLeft)
+TEST_F(EndToEnd, TheNextStartRepairsTheFilesOfAKilledHost)
 {
     EXPECT_EQ(-1, Open(Sample("leaflet.eps") + " --exec 'kill -9 $PPID'"));
     EXPECT_THAT(ActiveFonts(), Contains("DejaVuSans"));

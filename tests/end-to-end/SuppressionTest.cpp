@@ -12,7 +12,7 @@ TEST_F(EndToEnd, AnEmptyOverrideFileLetsTheDialogShow)
     EXPECT_EQ("shown", Reports().at(0).at("missingFontsDialog"));
 }
 
-TEST_F(EndToEnd, TheSettingOf2LetsTheDialogShow)
+TEST_F(EndToEnd, Setting2LetsTheDialogShow)
 {
     WriteFile(home / ".config/Corvanta/settings.json", R"({"DialogSuppression":"2"})");
     EXPECT_EQ(1, Open(Sample("missing-font.pdf") + " --json"));
@@ -29,7 +29,7 @@ TEST_F(EndToEnd, ADisabledPluginActivatesNothing)
 
 class HostLanguage : public EndToEnd, public testing::WithParamInterface<const char*> {};
 
-TEST_P(HostLanguage, ItsDialogIsDismissed)
+TEST_P(HostLanguage, TheDialogIsDismissed)
 {
     EXPECT_EQ(1, Open(Sample("missing-font.pdf") + " --json --language " + GetParam()));
     EXPECT_EQ("dismissed", Reports().at(0).at("missingFontsDialog"));

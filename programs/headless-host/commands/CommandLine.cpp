@@ -104,7 +104,7 @@ void AddFontsOptions(CLI::App& command, Options& options)
 console::HelpSection GetExitStatusSection()
 {
     console::HelpSection section{"Exit status", "If several apply, the greatest is returned.", {}};
-    for (const ExitStatusRow& row : kExitStatuses) {
+    for (const base::ProgramStatusRow& row : kExitStatuses) {
         section.rows.push_back({std::to_string(row.status), row.meaning});
     }
     return section;

@@ -78,7 +78,7 @@ public:
         base::FileDescriptor own(sockets[0]);
         base::FileDescriptor other(sockets[1]);
         mProcess = base::ProcessGroup::Fork([&] {
-            (void)own.Close();  // else the worker would keep its own socket from being closed
+            (void)own.Close();  // else the worker wouldn't see the parent close it
             Serve(other.Get(), limits, work);
         });
         if (!mProcess.IsRunning()) {

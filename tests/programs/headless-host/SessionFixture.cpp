@@ -11,7 +11,7 @@ SessionFixture::SessionFixture()
     running = std::make_unique<headless::RunningHost>(
         headless::RunningHost{*host, *application, options, folder});
     session = std::make_unique<headless::Session>(*running);
-    (void)TakeMessages();  // the start is over
+    (void)TakeMessages();  // skip the messages of the start
 }
 
 SessionFixture::~SessionFixture()
@@ -25,7 +25,7 @@ headless::LineResult SessionFixture::Try(const std::string& line)
 {
     testing::internal::CaptureStdout();
     headless::LineResult result = RunLine(*session, line);
-    (void)testing::internal::GetCapturedStdout();  // what is printed is looked at elsewhere
+    (void)testing::internal::GetCapturedStdout();  // other tests check the output
     return result;
 }
 

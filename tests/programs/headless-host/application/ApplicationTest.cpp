@@ -6,7 +6,7 @@ using testing::ElementsAre;
 
 class ApplicationTest : public HostFixture {
 protected:
-    // "caller selector" and what tells the message from others, one entry per message sent.
+    // The selector of each message sent, with the format, the notifier type and its data.
     std::vector<std::string> ListMessages() const
     {
         std::vector<std::string> messages;
@@ -23,7 +23,7 @@ protected:
     }
 };
 
-TEST_F(ApplicationTest, SpeaksInTheOrderOfARealHost)
+TEST_F(ApplicationTest, SendsMessagesInTheOrderOfARealHost)
 {
     WriteJournal();
     RunPlugin("well-behaved", {"a.pdf"});
@@ -43,7 +43,7 @@ TEST_F(ApplicationTest, SpeaksInTheOrderOfARealHost)
     EXPECT_THAT(host->violations.Lines(), testing::IsEmpty());
 }
 
-TEST_F(ApplicationTest, DocumentsStayOpenUntilTheEnd)
+TEST_F(ApplicationTest, DocumentsRemainOpenUntilTheShutdown)
 {
     WriteJournal();
     RunPlugin("well-behaved", {"a.pdf", "b.pdf"});
@@ -55,7 +55,7 @@ TEST_F(ApplicationTest, DocumentsStayOpenUntilTheEnd)
     EXPECT_EQ((std::vector<std::string>{"opened", "opened", "closed", "closed"}), kinds);
 }
 
-TEST_F(ApplicationTest, TellsWhatBecameOfEachFont)
+TEST_F(ApplicationTest, ReportsTheStateOfEachFont)
 {
     fonts.active = {"Default-Regular", "Here"};
     AddFrame({"Default-Regular", "Here", "Comes", "Gone"});
@@ -75,7 +75,7 @@ TEST_F(ApplicationTest, TellsWhatBecameOfEachFont)
     EXPECT_EQ(DialogOutcome::kDismissed, reports[0].dialog);
 }
 
-TEST_F(ApplicationTest, NamesAreComparedByteForByte)
+TEST_F(ApplicationTest, ComparesFontNamesByteForByte)
 {
     fonts.active = {"default-regular", "Default-Regular"};
     AddFrame({"DEFAULT-Regular"});
@@ -83,7 +83,7 @@ TEST_F(ApplicationTest, NamesAreComparedByteForByte)
     EXPECT_EQ(FontState::kMissing, reports[0].fonts[0].state);
 }
 
-TEST_F(ApplicationTest, NoDialogWithoutAMissingFont)
+TEST_F(ApplicationTest, RunsNoDialogWithoutAMissingFont)
 {
     AddFrame({"Default-Regular"});
     RunPlugin("well-behaved", {"a.pdf"});
@@ -91,7 +91,7 @@ TEST_F(ApplicationTest, NoDialogWithoutAMissingFont)
     EXPECT_FALSE(reports[0].HasMissingFont());
 }
 
-TEST_F(ApplicationTest, ADialogThatNobodyDismissesIsShown)
+TEST_F(ApplicationTest, ShowsADialogThatIsNotDismissed)
 {
     AddFrame({"Gone"});
     RunPlugin("leaks-suite", {"a.pdf"});
@@ -110,7 +110,7 @@ TEST_F(ApplicationTest, ATemplateOpensAsAnUntitledCopy)
     EXPECT_EQ(second, host->GetCurrentDocument());
 }
 
-TEST_F(ApplicationTest, AFileThatFailsGetsNoDocument)
+TEST_F(ApplicationTest, AddsNoDocumentForAFileThatFails)
 {
     WriteJournal();
     content.ok = false;
@@ -119,13 +119,13 @@ TEST_F(ApplicationTest, AFileThatFailsGetsNoDocument)
     EXPECT_FALSE(reports[0].opened);
     EXPECT_EQ("is encrypted", reports[0].error);
     const auto messages = ListMessages();
-    EXPECT_EQ("AI Check high", messages[1]) << "the check comes before the reading";
+    EXPECT_EQ("AI Check high", messages[1]) << "the check is sent before the file is read";
     for (const std::string& message : messages) {
         EXPECT_EQ(message.find("Opened"), std::string::npos);
     }
 }
 
-TEST_F(ApplicationTest, TheFileFormatsAreNotAskedAboutWhatIsNoFile)
+TEST_F(ApplicationTest, SendsNoCheckForAFolder)
 {
     WriteJournal();
     content.ok = false;
@@ -139,7 +139,7 @@ TEST_F(ApplicationTest, TheFileFormatsAreNotAskedAboutWhatIsNoFile)
     }
 }
 
-TEST_F(ApplicationTest, AReaderThatThrowsIsOneFailedFile)
+TEST_F(ApplicationTest, AReaderThatThrowsFailsForItsFileOnly)
 {
     host->reader = [](const std::string&) -> documents::OpenResult {
         throw std::runtime_error("out of luck");

@@ -18,7 +18,7 @@ protected:
 
 }  // namespace
 
-TEST_F(MissingFontsDialogTest, IsOfTheHostsDialogClass)
+TEST_F(MissingFontsDialogTest, IsKindOfTheHostsDialogClass)
 {
     const MissingFontsDialog dialog(journal, "en", 1);
     EXPECT_TRUE(dialog.IsKindOfClass("DVAMacDialog"));
@@ -38,7 +38,7 @@ TEST_F(MissingFontsDialogTest, HasATitleInEachLanguage)
     EXPECT_EQ("Missing Fonts", MissingFontsDialog(journal, "en", 1).GetTitle());
 }
 
-TEST_F(MissingFontsDialogTest, EscapeBeforeTheSessionKeepsItAway)
+TEST_F(MissingFontsDialogTest, EscapeBeforeTheSessionDismissesIt)
 {
     MissingFontsDialog dialog(journal, "en", 1);
     dialog.SendEvent(MakeKey(10, 53));

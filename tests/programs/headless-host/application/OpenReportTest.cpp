@@ -30,7 +30,7 @@ OpenReport MakeReport()
 
 }  // namespace
 
-TEST(Report, AsJsonInOneLine)
+TEST(OpenReport, IsWrittenAsJsonOnOneLine)
 {
     EXPECT_EQ(R"({"path":"a.ai","status":"opened","error":"","kind":"ai","reader":"native",)"
               R"("note":"cut off",)"
@@ -42,7 +42,7 @@ TEST(Report, AsJsonInOneLine)
               WriteReportAsJson(MakeReport()));
 }
 
-TEST(Report, AFailedFileHasTheSameMembers)
+TEST(OpenReport, HasTheSameMembersForAFailedFile)
 {
     OpenReport report;
     report.path = "b\xff";
@@ -55,7 +55,7 @@ TEST(Report, AFailedFileHasTheSameMembers)
     EXPECT_TRUE(line["documentFonts"].empty());
 }
 
-TEST(Report, AsTable)
+TEST(OpenReport, IsWrittenAsATable)
 {
     EXPECT_EQ(
         "a.ai: ai (native), 1 text frame, 2 runs\n"
@@ -69,7 +69,7 @@ TEST(Report, AsTable)
         WriteReportAsTable(MakeReport()));
 }
 
-TEST(Report, ControlCharactersStayAwayFromTheTerminal)
+TEST(OpenReport, ControlCharactersAreReplaced)
 {
     EXPECT_EQ("a?[2J?b", console::MakePrintable("a\033[2J\nb"));
 }

@@ -4,12 +4,12 @@
 
 using testing::ElementsAre;
 
-// Guests that break one rule each, named by it.
+// Test plug-ins that break one rule each and are named after it.
 class FaultyPlugin : public HostFixture {
 protected:
     FaultyPlugin() { AddFrame({"Missing-Font"}); }
 
-    // The errors of a guest that opened the documents.
+    // Runs the test plug-in with so many documents and returns its violations.
     std::vector<std::string> GetErrors(const std::string& plugin, int documents = 1)
     {
         std::vector<std::string> names;
@@ -114,7 +114,7 @@ TEST_F(FaultyPlugin, RefusesUnload)
                 ElementsAre("Unload: the plug-in refuses to be unloaded after its shutdown"));
 }
 
-TEST_F(FaultyPlugin, RefusesToStart)
+TEST_F(FaultyPlugin, RefusalToStartIsReported)
 {
     headless::Application application(*host, "en");
     std::string error;
@@ -123,10 +123,10 @@ TEST_F(FaultyPlugin, RefusesToStart)
     ASSERT_EQ(1U, host->alerts.size());
     EXPECT_EQ("./somewhere", host->alerts[0].information);
     application.ShutDown();
-    EXPECT_THAT(host->violations.Lines(), testing::IsEmpty()) << "its suites may stay";
+    EXPECT_THAT(host->violations.Lines(), testing::IsEmpty()) << "it need not release its suites";
 }
 
-TEST_F(FaultyPlugin, HasNoEntry)
+TEST_F(FaultyPlugin, ModuleWithoutPluginMainIsReported)
 {
     headless::Application application(*host, "en");
     std::string error;

@@ -24,7 +24,7 @@ protected:
     headless::HandleRegister handles{violations};
 };
 
-TEST_F(HandleRegisterTest, GivesTheObjectBack)
+TEST_F(HandleRegisterTest, FindsTheObjectOfAHandle)
 {
     auto document = std::make_shared<DocumentObject>();
     void* const handle = handles.Issue(document);
@@ -32,7 +32,7 @@ TEST_F(HandleRegisterTest, GivesTheObjectBack)
     EXPECT_THAT(violations.Lines(), IsEmpty());
 }
 
-TEST_F(HandleRegisterTest, TellsFourMistakesApart)
+TEST_F(HandleRegisterTest, ReportsNullUnknownWrongAndExpiredHandlesDifferently)
 {
     void* const string = IssueString();
     EXPECT_EQ(nullptr, handles.Find<DocumentObject>(nullptr, "Op"));
@@ -69,7 +69,7 @@ TEST_F(HandleRegisterTest, NeverUsesAnAddressTwice)
     }
 }
 
-TEST_F(HandleRegisterTest, LivesAsLongAsItHasReferences)
+TEST_F(HandleRegisterTest, ExpiresWithTheLastReference)
 {
     void* const handle = IssueString();
     EXPECT_TRUE(handles.Retain(handle, HandleType::kString, "AddRef"));
@@ -79,7 +79,7 @@ TEST_F(HandleRegisterTest, LivesAsLongAsItHasReferences)
     EXPECT_THAT(violations.Lines(), ElementsAre("Release: string#1 has expired"));
 }
 
-TEST_F(HandleRegisterTest, WhatBelongsToAHandleExpiresWithIt)
+TEST_F(HandleRegisterTest, OwnedHandlesExpireWithTheirOwner)
 {
     auto document = std::make_shared<DocumentObject>();
     void* const owner = handles.Issue(document);
@@ -89,7 +89,7 @@ TEST_F(HandleRegisterTest, WhatBelongsToAHandleExpiresWithIt)
     handles.Expire(owner);
     EXPECT_EQ(nullptr, handles.Find<headless::ArtItem>(art, "Op"));
     EXPECT_THAT(violations.Lines(), ElementsAre("Op: art#2 has expired"));
-    EXPECT_THAT(handles.ListLeaks(), IsEmpty()) << "art isn't the guest's to give back";
+    EXPECT_THAT(handles.ListLeaks(), IsEmpty()) << "art need not be released";
 }
 
 TEST_F(HandleRegisterTest, ListsWhatThePluginHasNotReleased)
@@ -112,7 +112,7 @@ TEST_F(HandleRegisterTest, AHandleThatExpiresBeforeItsReleaseIsALeak)
     EXPECT_THAT(handles.ListLeaks(), ElementsAre("string#2 was not given back"));
 }
 
-TEST_F(HandleRegisterTest, OneArtSetPerScanMayStay)
+TEST_F(HandleRegisterTest, OneArtSetPerScanMayRemainUnreleased)
 {
     const auto issue = [this] { (void)handles.Issue(std::make_shared<headless::ArtSetObject>()); };
     handles.BeginMessage(true);

@@ -29,18 +29,18 @@ TEST_F(SuiteLedgerTest, CountsReferences)
     EXPECT_THAT(ledger.ListLeaks(), IsEmpty());
 }
 
-TEST_F(SuiteLedgerTest, RefusesAReleaseTooMany)
+TEST_F(SuiteLedgerTest, RefusesAReleaseWithoutAReference)
 {
     EXPECT_FALSE(ledger.Release(row));
     EXPECT_EQ(1U, violations.Count());
 }
 
-TEST_F(SuiteLedgerTest, LetsStayWhatIsAcquiredAfterTheShutdown)
+TEST_F(SuiteLedgerTest, AllowsSuitesAcquiredAfterTheShutdownToRemain)
 {
     ledger.Acquire(row);
     ledger.AllowUnreleased(false);
     ledger.Acquire(row);
-    EXPECT_EQ(1U, ledger.ListLeaks().size()) << "the one from before";
+    EXPECT_EQ(1U, ledger.ListLeaks().size()) << "the reference from before";
     (void)ledger.Release(row);
     ledger.Acquire(row);
     EXPECT_EQ(1U, ledger.ListLeaks().size());

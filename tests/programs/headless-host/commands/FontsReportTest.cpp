@@ -26,7 +26,7 @@ FontsReport MakeReport()
 
 }  // namespace
 
-TEST(FontsReport, AsJsonInOneLine)
+TEST(FontsReport, IsWrittenAsJsonOnOneLine)
 {
     EXPECT_EQ(R"({"path":"a.ai","status":"read","error":"","kind":"ai","reader":"native",)"
               R"("note":"cut off","creator":"somebody","template":true,"frames":2,"stories":1,)"
@@ -34,13 +34,13 @@ TEST(FontsReport, AsJsonInOneLine)
               WriteFontsReportAsJson(MakeReport()));
 }
 
-TEST(FontsReport, ComesBackFromJson)
+TEST(FontsReport, IsReadBackFromJson)
 {
     const std::string json = WriteFontsReportAsJson(MakeReport());
     EXPECT_EQ(json, WriteFontsReportAsJson(ReadFontsReport(json)));
 }
 
-TEST(FontsReport, AsTable)
+TEST(FontsReport, IsWrittenAsATable)
 {
     EXPECT_EQ(
         "a.ai: ai (native), 2 fonts, template\n"
@@ -52,7 +52,7 @@ TEST(FontsReport, AsTable)
         WriteFontsReportAsTable(MakeReport()));
 }
 
-TEST(FontsReport, FailureAsTable)
+TEST(FontsReport, WritesAFailureAsOneLine)
 {
     FontsReport report;
     report.path = "b\n.ai";

@@ -13,11 +13,11 @@
 
 using testing::HasSubstr;
 
-// The closed notifier as it is sent, and not as it is subscribed to.
+// The closed notifier when it is sent; its subscription has other arguments.
 constexpr const char* kClosedSent =
     R"("selector":"AI Notify","type":"AI Document Closed Notifier")";
 
-// Runs the program itself, with a home folder of its own.
+// Runs the program itself, with a home folder and a current folder of the test's own.
 class Program : public testing::Test {
 protected:
     Program() { std::filesystem::create_directory(folder + "/core"); }
@@ -70,7 +70,7 @@ TEST_F(Program, ReportsAMissingFont)
     EXPECT_EQ("dismissed", line["missingFontsDialog"]);
 }
 
-TEST_F(Program, BadFilesFailAndTheOthersGoOn)
+TEST_F(Program, ContinuesAfterFilesThatFail)
 {
     WriteEps("good.eps", "Surely-NotInstalled-Font");
     std::ofstream(folder + "/text.ai") << "no document at all";
@@ -87,7 +87,7 @@ TEST_F(Program, BadFilesFailAndTheOthersGoOn)
     EXPECT_THAT(errors, HasSubstr("headless-host: nowhere.ai: "));
 }
 
-TEST_F(Program, AFileOfZerosIsNoDocument)
+TEST_F(Program, RefusesALargeFileOfZeros)
 {
     std::ofstream(folder + "/zeros.ai") << "";
     std::filesystem::resize_file(folder + "/zeros.ai", 300U << 20);
@@ -95,29 +95,30 @@ TEST_F(Program, AFileOfZerosIsNoDocument)
     EXPECT_EQ("failed", nlohmann::json::parse(output)["status"]);
 }
 
-TEST_F(Program, WrongUse)
+TEST_F(Program, RefusesAnUnknownOption)
 {
     EXPECT_EQ(headless::kWrongUse, Run("open --no-such-option a"));
     EXPECT_THAT(errors, HasSubstr("--no-such-option"));
     EXPECT_EQ("", output);
 }
 
-TEST_F(Program, APluginThatDoesNotLoad)
+TEST_F(Program, ReportsAModuleWithoutPluginMain)
 {
     EXPECT_EQ(headless::kPluginNotLoaded, Run("open a.eps", "no-entry"));
     EXPECT_THAT(errors, HasSubstr("has no PluginMain"));
     EXPECT_EQ("", output);
 }
 
-TEST_F(Program, APluginThatRefusesToStartOpensNothing)
+TEST_F(Program, OpensNothingIfThePluginRefusesToStart)
 {
     WriteEps("a.eps", "F");
     EXPECT_EQ(headless::kPluginNotLoaded, Run("open a.eps", "refuses-to-start"));
     EXPECT_THAT(errors, HasSubstr("alert: Missing PluginCore (./somewhere)"));
+    EXPECT_THAT(errors, testing::EndsWith("hint: run 'Vexcor install' once\n"));
     EXPECT_EQ("", output);
 }
 
-TEST_F(Program, APluginThatBreaksARule)
+TEST_F(Program, ReportsABrokenRule)
 {
     WriteEps("a.eps", "F");
     EXPECT_EQ(headless::kPluginBrokeRule, Run("open a.eps", "leaks-suite"));
@@ -146,7 +147,7 @@ TEST_F(Program, AnInterruptShutsDownInOrder)
     EXPECT_THAT(journal, HasSubstr("\"unloaded\""));
 }
 
-TEST_F(Program, AJournalThatCanNotBeWritten)
+TEST_F(Program, ReportsAJournalThatCannotBeWritten)
 {
     EXPECT_EQ(headless::kWrongUse, Run("open a.eps --journal core"));
     EXPECT_THAT(errors, HasSubstr("/core: "));

@@ -22,7 +22,7 @@ TEST_F(HostFontsTest, HasADefaultForEachScript)
     EXPECT_TRUE(host->violations.Lines().empty());
 }
 
-TEST_F(HostFontsTest, AsksForALanguageOnce)
+TEST_F(HostFontsTest, AsksTheSourceOncePerLanguage)
 {
     (void)host->fonts.GetDefaultName(1);
     fonts.defaults["ja"] = "Later";
@@ -38,7 +38,7 @@ TEST_F(HostFontsTest, CutsTheNameToTheBuffer)
     EXPECT_STREQ("ABC", name);
 }
 
-TEST_F(HostFontsTest, ASystemWithoutFontsHasNoDefault)
+TEST_F(HostFontsTest, HasNoDefaultOnASystemWithoutFonts)
 {
     fonts.defaults[""] = "";
     AIFontKey key = nullptr;
@@ -46,7 +46,7 @@ TEST_F(HostFontsTest, ASystemWithoutFontsHasNoDefault)
     EXPECT_EQ(nullptr, key);
 }
 
-TEST_F(HostFontsTest, TheSameNameHasTheSameKey)
+TEST_F(HostFontsTest, GivesTheSameKeyForTheSameName)
 {
     EXPECT_EQ(host->fonts.GetKey("A"), host->fonts.GetKey("A"));
     EXPECT_NE(host->fonts.GetKey("A"), host->fonts.GetKey("a"));

@@ -17,14 +17,14 @@ TEST_F(JournalTest, NumbersItsLinesAndKeepsTheOrderOfMembers)
     EXPECT_GE(lines[1].at("t").get<double>(), lines[0].at("t").get<double>());
 }
 
-TEST_F(JournalTest, TakesTextThatIsNotUtf8)
+TEST_F(JournalTest, ReplacesBytesThatAreNotUtf8)
 {
     WriteJournal();
     host->journal.Write("host", "read", {{"path", "caf\xe9"}}, nullptr);
     EXPECT_EQ("caf\xEF\xBF\xBD", ReadJournal().at(0)["args"]["path"]);
 }
 
-TEST_F(JournalTest, TakesLinesOfPluginCore)
+TEST_F(JournalTest, WritesLinesOfPluginCore)
 {
     WriteJournal();
     HeadlessHostJournal("core", "GetSettings", "{\"size\":8192}", "0");
@@ -39,7 +39,7 @@ TEST_F(JournalTest, TakesLinesOfPluginCore)
     EXPECT_TRUE(lines[1]["result"].is_null());
 }
 
-TEST_F(JournalTest, TellsWhyItCanNotBeWritten)
+TEST_F(JournalTest, ReportsWhyTheFileCannotBeWritten)
 {
     std::string error;
     EXPECT_FALSE(host->journal.Open(folder, error));

@@ -14,7 +14,7 @@ TEST(PanelPort, IsReadFromThePayload)
     EXPECT_EQ(65535, PanelPlayer::ReadPort("<payload><number>65535</number></payload>"));
 }
 
-TEST(PanelPort, IsReadFromNoOtherText)
+TEST(PanelPort, IsNotReadFromOtherText)
 {
     for (const char* text :
          {"", "12345", "<payload><number></number></payload>",
@@ -44,13 +44,13 @@ TEST(PanelPort, IsWaitedForInTicks)
 {
     PanelScene scene;
     scene.answersRequests = false;
-    scene.tellsAtTick = 5;
+    scene.sendsAtTick = 5;
     const PanelAnswer answer = scene.Ask();
     EXPECT_TRUE(answer.ok) << answer.error;
     EXPECT_EQ(1, scene.portRequests);
 }
 
-TEST(PanelPort, IsNotWaitedForEver)
+TEST(PanelPort, WaitingForItEndsAfter200Ticks)
 {
     PanelScene scene;
     scene.answersRequests = false;
@@ -81,7 +81,7 @@ TEST(PanelPort, ALongPayloadIsCut)
               scene.Ask().error);
 }
 
-TEST(PanelPort, WithoutABusThereIsNone)
+TEST(PanelPort, IsNotFoundWithoutABus)
 {
     PanelScene scene;
     scene.frameworks = ScriptedPlugPlugFolder("none");
@@ -108,7 +108,7 @@ TEST(PanelPort, ABusWithoutAFunctionIsNamed)
               scene.Ask().error);
 }
 
-TEST(PanelPort, ABusThatRefusesTheListenerIsTold)
+TEST(PanelPort, ABusThatRefusesTheListenerIsReported)
 {
     const ScriptedPlugPlugLibrary bus("listener-fails-once");
     PanelScene scene;
@@ -116,7 +116,7 @@ TEST(PanelPort, ABusThatRefusesTheListenerIsTold)
     EXPECT_EQ("the event bus refuses the panel's listener: 7", scene.Ask().error);
 }
 
-TEST(PanelPort, ABusThatRefusesTheRequestIsTold)
+TEST(PanelPort, ABusThatRefusesTheRequestIsReported)
 {
     const ScriptedPlugPlugLibrary bus("owl-only");
     bus->answers["PlugPlugDispatchEvent"] = 3;
@@ -138,7 +138,7 @@ TEST(PanelPort, TheOwlIsPreferred)
     EXPECT_THAT(plain->calls, testing::IsEmpty());
 }
 
-TEST(PanelPort, ThePlainNameIsTheOther)
+TEST(PanelPort, ThePlainNameIsUsedWithoutTheOwl)
 {
     const ScriptedPlugPlugLibrary plain("plain-only", "PlugPlug");
     PanelScene scene;

@@ -48,7 +48,7 @@ TEST(PanelRefusals, AFileWithoutATokenIsNamed)
     }
 }
 
-TEST(PanelRefusals, WithoutAServerThereIsOneLine)
+TEST(PanelRefusals, AMissingServerIsReported)
 {
     PanelScene scene;
     scene.server.StopListening();
@@ -57,7 +57,7 @@ TEST(PanelRefusals, WithoutAServerThereIsOneLine)
     EXPECT_THAT(answer.error, testing::HasSubstr(Name(scene) + ": "));
 }
 
-TEST(PanelRefusals, AServerThatSaysNothingIsNotWaitedForEver)
+TEST(PanelRefusals, WaitingForASilentServerEnds)
 {
     PanelScene scene;
     scene.welcome.clear();
@@ -65,7 +65,7 @@ TEST(PanelRefusals, AServerThatSaysNothingIsNotWaitedForEver)
     EXPECT_EQ(PanelPlayer::kMaximumTicks, scene.ticks);
 }
 
-TEST(PanelRefusals, ARequestWithoutAnAnswerIsNotWaitedForEver)
+TEST(PanelRefusals, WaitingForAnAnswerEnds)
 {
     PanelScene scene;
     scene.serve = [](const json& request) {
@@ -77,7 +77,7 @@ TEST(PanelRefusals, ARequestWithoutAnAnswerIsNotWaitedForEver)
     EXPECT_THAT(answer.answers, ElementsAre(json{{"ok", true}}));
 }
 
-TEST(PanelRefusals, EventsAloneAreNotTakenForEver)
+TEST(PanelRefusals, EventsDoNotExtendTheWaiting)
 {
     PanelScene scene;
     std::string endless;
@@ -88,7 +88,7 @@ TEST(PanelRefusals, EventsAloneAreNotTakenForEver)
     EXPECT_EQ("no answer to request 1 within 200 ticks", answer.error);
 }
 
-TEST(PanelRefusals, AClosedConnectionIsTold)
+TEST(PanelRefusals, AClosedConnectionIsReported)
 {
     PanelScene scene;
     scene.serve = [&](const json&) {
@@ -99,7 +99,7 @@ TEST(PanelRefusals, AClosedConnectionIsTold)
               scene.Ask({{{"op", "libraries"}}}).error);
 }
 
-TEST(PanelRefusals, AHalfLineBeforeTheEndIsNoAnswer)
+TEST(PanelRefusals, AnUnfinishedLineIsNoAnswer)
 {
     PanelScene scene;
     scene.serve = [&](const json&) {
@@ -111,7 +111,7 @@ TEST(PanelRefusals, AHalfLineBeforeTheEndIsNoAnswer)
               scene.Ask({{{"op", "libraries"}}}).error);
 }
 
-TEST(PanelRefusals, AWholeLineBeforeTheEndIsAnAnswer)
+TEST(PanelRefusals, AWholeLineBeforeTheCloseIsAnAnswer)
 {
     PanelScene scene;
     scene.serve = [&](const json&) {
@@ -136,7 +136,7 @@ TEST(PanelRefusals, AnAnswerThatIsNoObjectIsQuoted)
     EXPECT_EQ("the answer to the token is not a JSON object: \"[true]\"", scene.Ask().error);
 }
 
-TEST(PanelRefusals, AnEndlessLineIsCut)
+TEST(PanelRefusals, AnEndlessLineIsAnError)
 {
     PanelScene scene;
     scene.serve = [](const json&) { return std::string(8000000, 'x'); };
@@ -144,7 +144,7 @@ TEST(PanelRefusals, AnEndlessLineIsCut)
               scene.Ask({{{"op", "libraries"}}}).error);
 }
 
-TEST(PanelRefusals, ARequestThatIsNoTextIsNamed)
+TEST(PanelRefusals, ARequestThatIsNotUtf8IsNamed)
 {
     PanelScene scene;
     const PanelAnswer answer = scene.Ask({{{"op", "\xff"}}});

@@ -8,8 +8,7 @@
 #include "HostMessages.h"
 #include "SPBasicSuite.h"
 
-// What the little plug-ins of the tests share. Each module has a copy of its own of everything
-// here.
+// What the test plug-ins share. Each module has its own copy of these variables.
 namespace plugin {
 
 inline SPBasicSuite* basic = nullptr;
@@ -39,7 +38,7 @@ private:
     const Suite* mSuite = nullptr;
 };
 
-// The first text frame of the current document. The art set that led to it is given back.
+// Returns the first text frame of the current document.
 inline AIArtHandle GetFirstFrame()
 {
     Held<AIArtSetSuite> sets("AI Art Set Suite", 1009);
@@ -53,7 +52,8 @@ inline AIArtHandle GetFirstFrame()
     return art;
 }
 
-// Adds the two notifiers and makes the globals word non-null, so that the guest counts as running.
+// Handles Startup: subscribes to two notifiers and sets the globals pointer, without which the host
+// takes the plug-in for one that refuses to run.
 inline void Start(SPMessageData& data)
 {
     basic = data.basic;
@@ -64,7 +64,8 @@ inline void Start(SPMessageData& data)
     (void)notifiers->AddNotifier(self, "Closed", "AI Document Closed Notifier", &closed);
 }
 
-// A guest that does nothing but `onOpened` and `onClosed`, either of which may be null.
+// Handles all messages of a plug-in that only calls `onOpened` and `onClosed` for the notifiers of
+// these names; either may be null.
 inline AIErr Serve(const char* caller, const char* selector, void* message,
                    void (*onOpened)(_t_AIDocument*), void (*onClosed)(_t_AIDocument*))
 {

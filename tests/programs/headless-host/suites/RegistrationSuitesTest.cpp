@@ -47,7 +47,7 @@ TEST_F(RegistrationSuites, TimersAreActiveUntilStopped)
     EXPECT_FALSE(active);
 }
 
-TEST_F(RegistrationSuites, AStrangerMayNotAddATimer)
+TEST_F(RegistrationSuites, AddTimerNeedsThePluginsOwnHandle)
 {
     AITimerHandle timer = nullptr;
     EXPECT_NE(kHostSuccess, timers.AddTimer(nullptr, "tick", 1, &timer));
@@ -55,7 +55,7 @@ TEST_F(RegistrationSuites, AStrangerMayNotAddATimer)
                 testing::ElementsAre("AI Timer Suite, AddTimer: the plug-in is null"));
 }
 
-TEST_F(RegistrationSuites, MenuItemsKeepWhatTheyAreGiven)
+TEST_F(RegistrationSuites, MenuItemsStoreTheirAttributes)
 {
     const AIMenuItemHandle item = AddItem("key", "Text");
     const auto* const object = host->handles.Peek<headless::MenuItemObject>(item);
@@ -73,7 +73,7 @@ TEST_F(RegistrationSuites, MenuItemsKeepWhatTheyAreGiven)
     EXPECT_TRUE(host->violations.Lines().empty());
 }
 
-TEST_F(RegistrationSuites, ARemovedItemIsGone)
+TEST_F(RegistrationSuites, ARemovedItemIsNotListedAndExpires)
 {
     const AIMenuItemHandle first = AddItem("a", "A");
     const AIMenuItemHandle second = AddItem("b", "B");
@@ -88,14 +88,14 @@ TEST_F(RegistrationSuites, ARemovedItemIsGone)
     EXPECT_EQ(1U, host->violations.Count());
 }
 
-TEST_F(RegistrationSuites, ASubmenuIsAGroupOfTheItem)
+TEST_F(RegistrationSuites, AddMenuGroupAsSubMenuGivesTheItemAGroup)
 {
     const AIMenuItemHandle item = AddItem("a", "A");
     int untouched = 0;
     auto* const before = reinterpret_cast<AIMenuGroup>(&untouched);
     AIMenuGroup group = before;
     ASSERT_EQ(kHostSuccess, menus.GetItemSubMenuGroup(item, &group));
-    EXPECT_EQ(before, group) << "an item without a submenu leaves it as it was";
+    EXPECT_EQ(before, group) << "unchanged for an item without a submenu";
     AIMenuGroup made = nullptr;
     ASSERT_EQ(kHostSuccess, menus.AddMenuGroupAsSubMenu("sub", 0, item, &made));
     ASSERT_EQ(kHostSuccess, menus.GetItemSubMenuGroup(item, &group));

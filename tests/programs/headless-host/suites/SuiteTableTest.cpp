@@ -15,7 +15,7 @@ const std::set<std::string> kCalledTextSuites = {
     "ATE CharFeatures Suite", "ATE CharInspector Suite", "ATE ArrayFontRef Suite",
     "ATE Font Suite"};
 
-// The versions that differ from the usual 1, and all of the host's own suites.
+// The versions other than 1, and those of all suites of the host itself.
 const std::map<std::string, int> kVersions = {
     {"ATE TextFrame Suite", 101},     {"ATE TextLine Suite", 2},
     {"ATE CharFeatures Suite", 102},  {"ATE DocumentTextResources Suite", 101},
@@ -32,7 +32,7 @@ const std::map<std::string, int> kVersions = {
 
 }  // namespace
 
-TEST(SuiteTable, HasEachNameOnceWithItsVersion)
+TEST(SuiteTable, ContainsEachNameOnceWithItsVersion)
 {
     std::set<std::string> names;
     size_t textSuites = 0;
@@ -71,7 +71,7 @@ TEST(SuiteTable, HasOperationsOnlyWhereTheyAreCalled)
 
 class BasicSuite : public HostFixture {};
 
-TEST_F(BasicSuite, AnswersEveryRowAndNoOtherVersion)
+TEST_F(BasicSuite, OffersEachSuiteInOneVersionOnly)
 {
     for (const headless::SuiteRow& row : kSuiteRows) {
         const void* suite = nullptr;
@@ -80,21 +80,21 @@ TEST_F(BasicSuite, AnswersEveryRowAndNoOtherVersion)
         suite = &suite;
         EXPECT_NE(kHostSuccess,
                   headless::gBasicSuite.AcquireSuite(row.name, row.version + 1, &suite));
-        EXPECT_EQ(suite, &suite) << "the place is left as it was";
+        EXPECT_EQ(suite, &suite) << "unchanged after a failure";
         EXPECT_EQ(kHostSuccess, headless::gBasicSuite.ReleaseSuite(row.name, row.version));
     }
     EXPECT_TRUE(host->violations.Lines().empty());
     EXPECT_TRUE(host->suites.ListLeaks().empty());
 }
 
-TEST_F(BasicSuite, ComparesWholeTexts)
+TEST_F(BasicSuite, ComparesWholeStrings)
 {
     EXPECT_NE(0, headless::gBasicSuite.IsEqual("AI Go", "AI Go"));
     EXPECT_EQ(0, headless::gBasicSuite.IsEqual("AI Go", "AI G"));
     EXPECT_EQ(0, headless::gBasicSuite.IsEqual("AI Go", nullptr));
 }
 
-TEST_F(BasicSuite, TellsOfAReleaseOfAnUnknownSuite)
+TEST_F(BasicSuite, ReportsTheReleaseOfAnUnknownSuite)
 {
     EXPECT_NE(kHostSuccess, headless::gBasicSuite.ReleaseSuite("AI Font Suite", 1));
     EXPECT_THAT(host->violations.Lines(),

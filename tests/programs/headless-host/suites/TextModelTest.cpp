@@ -4,7 +4,8 @@
 
 using namespace ATE;
 
-// Walks the text of a document with frames [A A B], [] and [C], and the placed files p and q.
+// A document with the text frames [A A B], [] and [C] (fonts of runs), and the placed files p and
+// q.
 class TextModel : public HostFixture {
 protected:
     TextModel()
@@ -76,7 +77,7 @@ TEST_F(TextModel, GivesTheRunsOfEachFrameInOrder)
     EXPECT_THAT(host->handles.ListLeaks(), testing::IsEmpty());
 }
 
-TEST_F(TextModel, AMixedRangeHasNoFontInCommon)
+TEST_F(TextModel, AMixedRangeHasTheNullFont)
 {
     _TextRange* range = nullptr;
     _CharFeatures* features = nullptr;
@@ -93,7 +94,7 @@ TEST_F(TextModel, AMixedRangeHasNoFontInCommon)
     EXPECT_EQ(kHostSuccess, headless::kCharFeaturesTable.GetFont(features, nullptr, &again));
 }
 
-TEST_F(TextModel, TheInspectorHasTheFontsOfAllStories)
+TEST_F(TextModel, TheInspectorListsTheFontsOfAllStories)
 {
     _TextFrame* frame = nullptr;
     _Story* story = nullptr;
@@ -137,7 +138,7 @@ TEST_F(TextModel, MatchesArtByTypeInPaintOrder)
     EXPECT_THAT(host->handles.ListLeaks(), testing::IsEmpty());
 }
 
-TEST_F(TextModel, ArtWithAnAttributeThatIsAskedForIsNotThere)
+TEST_F(TextModel, NoArtMatchesARequiredAttribute)
 {
     AIMatchingArtSpec locked(kTextFrameArt, 2, 2);
     AIMatchingArtSpec unlocked(kTextFrameArt, 2, 0);
@@ -151,7 +152,7 @@ TEST_F(TextModel, ArtWithAnAttributeThatIsAskedForIsNotThere)
     EXPECT_EQ(3, count);
 }
 
-TEST_F(TextModel, StringsKeepTheirZeroBytesAndComeInABlock)
+TEST_F(TextModel, StringsKeepZeroBytesAndAreReadIntoABlock)
 {
     void* string = nullptr;
     auto& wrapper = reinterpret_cast<ai::UnicodeString&>(string);
@@ -174,7 +175,7 @@ TEST_F(TextModel, StringsKeepTheirZeroBytesAndComeInABlock)
     EXPECT_THAT(host->handles.ListLeaks(), testing::IsEmpty());
 }
 
-TEST_F(TextModel, ThePathOfTheCurrentDocument)
+TEST_F(TextModel, GivesThePathsOfTheDocumentAndOfPlacedFiles)
 {
     void* path = nullptr;
     void* text = nullptr;

@@ -3,8 +3,8 @@
 #include "../PluginSupport.h"
 #include "HostPlatform_Linux.h"
 
-// Like the plug-in without a PluginCore: suites come with the first message, then an alert, and no
-// globals.
+// Behaves like the plug-in without a PluginCore: acquires a suite, shows an alert and leaves the
+// globals pointer null.
 PLUGIN_MAIN(char*, char* selector, void* message)
 {
     using GetPlatform = SHostPlatform* (*)();

@@ -1,7 +1,7 @@
 #include "../PluginSupport.h"
 
-// Subscribes to everything a document can go through, adds a small menu and a timer, and leaves all
-// else alone: what it is sent stands in the host's journal.
+// Subscribes to all notifiers about documents, adds a small menu and two timers, and does nothing
+// else: tests read the messages in the host's journal.
 namespace {
 
 const char* const kTypes[] = {

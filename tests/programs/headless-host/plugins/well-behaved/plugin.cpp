@@ -3,9 +3,9 @@
 #include "../PluginSupport.h"
 #include "HostPlatform_Linux.h"
 
-// Does by the rules most of what a guest does: file formats, notifiers, the exchanged modal
-// session, suites that stay acquired from the first message to the shutdown and come again after
-// it.
+// Does most of what a plug-in can do, and breaks no rule: adds file formats and notifiers, replaces
+// the modal session, keeps a suite from the first message to the shutdown and acquires it again
+// afterwards.
 namespace {
 
 BeginModalSessionFunction sRealSession = nullptr;
@@ -47,7 +47,7 @@ void AddFormat(const char* name, int priority)
 
 void OnOpened(_t_AIDocument*)
 {
-    // The one art set of a scan stays with the host.
+    // One art set per scan need not be released.
     plugin::Held<AIArtSetSuite> sets("AI Art Set Suite", 1009);
     AIArtSet set = nullptr;
     (void)sets->NewArtSet(&set);
