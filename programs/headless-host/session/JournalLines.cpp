@@ -13,7 +13,7 @@ using nlohmann::json;
 // The text as JSON, without the quotation marks.
 std::string Escape(const std::string& text)
 {
-    const std::string quoted = base::PrintJson(text);
+    const std::string quoted = base::PrintJson(json(text));
     return quoted.substr(1, quoted.size() - 2);
 }
 
