@@ -4,7 +4,7 @@
 
 #include "application/ExitStatus.h"
 #include "application/MissingFontsDialog.h"
-#include "session/Actions.h"
+#include "session/ActionTable.h"
 
 namespace headless {
 

@@ -10,7 +10,7 @@
 #include "commands/CommandLine.h"
 #include "console/BashCompletion.h"
 #include "console/CommandPages.h"
-#include "session/Actions.h"
+#include "session/ActionTable.h"
 
 using namespace headless;
 using console::ParseOutcome;
