@@ -6,9 +6,9 @@
 #include <string_view>
 #include <utility>
 
+#include "base/Utf8.h"
 #include "documents/bytes/FileBytes.h"
 #include "documents/bytes/ReadBudget.h"
-#include "documents/bytes/Utf8.h"
 #include "documents/model/DocumentReader.h"
 #include "documents/native/NativeReader.h"
 #include "documents/pdf/PdfDescription.h"
@@ -40,7 +40,7 @@ ReadResult Ask(const DocumentReader& reader, const DocumentSource& source, const
     } catch (const std::bad_alloc&) {
         throw;
     } catch (const std::exception& exception) {
-        return {ReadStatus::kFailed, "damaged: " + ToMessageText(exception.what())};
+        return {ReadStatus::kFailed, "damaged: " + base::ToMessageText(exception.what())};
     }
 }
 
@@ -136,7 +136,7 @@ OpenResult Guard(Reading reading)
     } catch (const std::bad_alloc&) {
         result.error = "too large: not enough memory";
     } catch (const std::exception& exception) {
-        result.error = ToMessageText(exception.what());
+        result.error = base::ToMessageText(exception.what());
     } catch (...) {
         result.error = "damaged in an unknown way";
     }

@@ -6,9 +6,9 @@
 #include <string>
 #include <string_view>
 
+#include "base/Utf8.h"
 #include "documents/OpenDocument.h"
 #include "documents/bytes/ReadBudget.h"
-#include "documents/bytes/Utf8.h"
 #include "documents/native/NativeScan.h"
 #include "documents/native/NativeTextTree.h"
 
@@ -36,7 +36,7 @@ void CheckResult(const documents::OpenResult& result)
         for (const documents::TextRun& run : frame.runs) Require(run.length > 0);
     }
     for (const std::string& font : result.document.fonts) {
-        Require(font == documents::ToValidUtf8(font));
+        Require(font == base::ToValidUtf8(font));
     }
 }
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/Utf8.h"
 #include "documents/bytes/ReadBudget.h"
-#include "documents/bytes/Utf8.h"
 
 namespace documents {
 
@@ -40,7 +40,7 @@ void DocumentBuilder::Clean(std::vector<TextRun>& runs)
     mRuns += runs.size() + 1;
     if (mRuns > kMaximumRuns * 2) throw LimitExceeded("too large: more text than can be read");
     for (TextRun& run : runs) {
-        run.postScriptName = ToValidUtf8(run.postScriptName);
+        run.postScriptName = base::ToValidUtf8(run.postScriptName);
         run.length = std::max<size_t>(run.length, 1);
     }
 }

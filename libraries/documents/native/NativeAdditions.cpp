@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
-#include "documents/bytes/Utf8.h"
+#include "base/Utf8.h"
 #include "documents/native/NativeKeys.h"
 #include "documents/pdf/PdfDictionary.h"
 #include "documents/postscript/DscText.h"
@@ -65,9 +65,9 @@ void ReadLine(std::string_view line, NativeAdditions& additions)
     DscWord word;
     if (!TakeDscWord(line, word) || word.text.empty()) return;
     if (isText) {
-        additions.texts.push_back({ToValidUtf8(word.text), ToLength(length)});
+        additions.texts.push_back({base::ToValidUtf8(word.text), ToLength(length)});
     } else {
-        additions.files.push_back(ToValidUtf8(word.text));
+        additions.files.push_back(base::ToValidUtf8(word.text));
     }
 }
 
@@ -91,13 +91,13 @@ NativeAdditions ReadAdditions(QPDFObjectHandle page)
         QPDFObjectHandle font = GetKeyOrNull(texts.getArrayItem(i), record::kHostFont);
         QPDFObjectHandle length = GetKeyOrNull(texts.getArrayItem(i), record::kHostLength);
         if (!font.isString()) continue;
-        additions.texts.push_back({ToValidUtf8(font.getUTF8Value()),
+        additions.texts.push_back({base::ToValidUtf8(font.getUTF8Value()),
                                    ToLength(length.isInteger() ? length.getIntValue() : 1)});
     }
     QPDFObjectHandle files = GetKeyOrNull(data, record::kHostFiles);
     for (int i = 0; files.isArray() && i < files.getArrayNItems(); ++i) {
         QPDFObjectHandle file = files.getArrayItem(i);
-        if (file.isString()) additions.files.push_back(ToValidUtf8(file.getUTF8Value()));
+        if (file.isString()) additions.files.push_back(base::ToValidUtf8(file.getUTF8Value()));
     }
     return additions;
 }

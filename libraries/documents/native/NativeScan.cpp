@@ -5,9 +5,9 @@
 #include <set>
 #include <utility>
 
+#include "base/Utf8.h"
 #include "documents/bytes/Decompress.h"
 #include "documents/bytes/ReadBudget.h"
-#include "documents/bytes/Utf8.h"
 #include "documents/model/DocumentBuilder.h"
 #include "documents/native/NativeKeys.h"
 #include "documents/native/NativeLines.h"
@@ -213,7 +213,7 @@ private:
         if (comment.keyword != "+") mIsFileList = comment.keyword == "DocumentFiles";
         const bool isIncluded = comment.keyword == "IncludeFile";
         if ((!mIsFileList && !isIncluded) || IsAtEnd(comment.value)) return;
-        std::string path = ToValidUtf8(GetDscText(comment.value));
+        std::string path = base::ToValidUtf8(GetDscText(comment.value));
         if (!path.empty()) (isIncluded ? mIncludedFiles : mListedFiles).push_back(std::move(path));
     }
 
@@ -240,7 +240,7 @@ private:
                 const bool isPlaced = isMarked ||
                                       operation == std::string_view(&record::kPlaced, 1) ||
                                       operation == record::kLinkedRaster;
-                if (isPlaced) mContents.linkedFiles.push_back(ToValidUtf8(word.text));
+                if (isPlaced) mContents.linkedFiles.push_back(base::ToValidUtf8(word.text));
             }
         }
     }

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
-#include "documents/bytes/Utf8.h"
+#include "base/Utf8.h"
 #include "documents/pdf/ContentLexer.h"
 
 namespace documents {
@@ -130,8 +130,8 @@ std::string TextTreeCursor::TakeText()
         if (mTree[i] == '\\' && i + 2 < mPosition) ++i;
         bytes += mTree[i];
     }
-    if (bytes.substr(0, 2) != "\xFE\xFF") return ToValidUtf8(bytes);
-    return FromUtf16(std::string_view(bytes).substr(2));
+    if (bytes.substr(0, 2) != "\xFE\xFF") return base::ToValidUtf8(bytes);
+    return base::FromUtf16(std::string_view(bytes).substr(2));
 }
 
 }  // namespace documents

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "documents/bytes/Utf8.h"
+#include "base/Utf8.h"
 #include "documents/pdf/PdfDictionary.h"
 #include "documents/pdf/XmpPacket.h"
 
@@ -12,7 +12,7 @@ namespace {
 
 std::string GetText(QPDFObjectHandle value)
 {
-    return value.isString() ? ToValidUtf8(value.getUTF8Value()) : std::string();
+    return value.isString() ? base::ToValidUtf8(value.getUTF8Value()) : std::string();
 }
 
 // A file specification is a string or a dictionary with a string per platform.

@@ -3,8 +3,8 @@
 #include <exception>
 #include <qpdf/QPDFExc.hh>
 
+#include "base/Utf8.h"
 #include "documents/bytes/ReadBudget.h"
-#include "documents/bytes/Utf8.h"
 #include "documents/pdf/StreamFilters.h"
 
 namespace documents {
@@ -48,7 +48,8 @@ std::string PdfFile::Open()
     } catch (const QPDFExc& exception) {
         if (exception.getErrorCode() == qpdf_e_password) return "encrypted: needs a password";
         if (exception.getErrorCode() == qpdf_e_unsupported && mPdf.isEncrypted()) {
-            return "encrypted in an unknown way: " + ToMessageText(exception.getMessageDetail());
+            return "encrypted in an unknown way: " +
+                   base::ToMessageText(exception.getMessageDetail());
         }
         return GetDamage(exception.getMessageDetail());
     } catch (const LimitExceeded& exception) {
@@ -63,7 +64,7 @@ std::string PdfFile::Open()
 std::string PdfFile::GetDamage(const std::string& reason) const
 {
     const char* fault = HasEndMark(mBytes) ? "damaged: " : "cut off, and the rest cannot be read: ";
-    return fault + ToMessageText(reason);
+    return fault + base::ToMessageText(reason);
 }
 
 std::vector<std::string> PdfFile::TakeNotes()
@@ -72,7 +73,7 @@ std::vector<std::string> PdfFile::TakeNotes()
     const std::vector<QPDFExc> warnings = mPdf.getWarnings();
     if (!warnings.empty()) {
         const char* fault = HasEndMark(mBytes) ? "damaged: " : "cut off: ";
-        notes.push_back(fault + ToMessageText(warnings.front().getMessageDetail()));
+        notes.push_back(fault + base::ToMessageText(warnings.front().getMessageDetail()));
         if (warnings.size() > 1) {
             notes.back() += " (and " + std::to_string(warnings.size() - 1) + " more)";
         }

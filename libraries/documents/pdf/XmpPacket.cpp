@@ -3,197 +3,177 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
+#include <optional>
+#include <pugixml.hpp>
 
-#include "documents/bytes/Utf8.h"
+#include "base/Utf8.h"
 
 namespace documents {
 
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r\n";
+// Metadata can consist of millions of empty elements, whose tree takes many times their bytes.
+constexpr size_t kMostTreeBytes = size_t{256} << 20;
+
+// The start of the packet that pugixml can read in kMostTreeBytes.
+std::string_view LimitTree(std::string_view packet)
+{
+    constexpr size_t kNodeBytes = 64;
+    constexpr size_t kAttributeBytes = 40;
+    size_t treeBytes = 0;
+    for (size_t position = 0; position < packet.size(); ++position) {
+        ++treeBytes;
+        // An element and the text behind it.
+        if (packet[position] == '<') treeBytes += 2 * kNodeBytes;
+        if (packet[position] == '=') treeBytes += kAttributeBytes;
+        if (treeBytes > kMostTreeBytes) return packet.substr(0, position);
+    }
+    return packet;
+}
+
+// Removes the attribute or the text that the packet ends within.
+void RemoveCutOff(std::string_view packet, pugi::xml_parse_status status, pugi::xml_node document)
+{
+    if (status == pugi::status_ok) return;
+    pugi::xml_node last = document.last_child();
+    while (last.last_child()) last = last.last_child();
+    if (status == pugi::status_bad_attribute) last.remove_attribute(last.last_attribute());
+    const std::string_view text = last.value();
+    const bool endsPacket = !text.empty() && text.size() <= packet.size() &&
+                            packet.substr(packet.size() - text.size()) == text;
+    if (endsPacket) last.parent().remove_child(last);
+}
 
 std::string_view Trim(std::string_view text)
 {
-    const size_t start = text.find_first_not_of(kBlanks);
+    constexpr std::string_view kSpaces = " \t\r\n";
+    const size_t start = text.find_first_not_of(kSpaces);
     if (start == std::string_view::npos) return {};
-    return text.substr(start, text.find_last_not_of(kBlanks) - start + 1);
+    return text.substr(start, text.find_last_not_of(kSpaces) - start + 1);
 }
 
-// The name without its prefix.
 std::string_view GetLocalName(std::string_view name)
 {
     const size_t colon = name.find(':');
     return colon == std::string_view::npos ? name : name.substr(colon + 1);
 }
 
-void AppendCharacter(uint32_t code, std::string& text)
-{
-    if (code < 0x80) {
-        text += static_cast<char>(code);
-        return;
-    }
-    const int rest = code < 0x800 ? 1 : code < 0x10000 ? 2 : 3;
-    constexpr unsigned kLead[] = {0, 0xC0, 0xE0, 0xF0};
-    text += static_cast<char>(kLead[rest] | code >> (6 * rest));
-    for (int index = rest; index-- > 0;) {
-        text += static_cast<char>(0x80 | (code >> (6 * index) & 0x3F));
-    }
-}
-
-// Puts what the entity `name` stands for behind `text`; false if it isn't known.
-bool AppendEntity(std::string_view name, std::string& text)
+// The character that "&name;" stands for; none if XML doesn't define it.
+std::optional<char32_t> GetEntity(std::string_view name)
 {
     struct Entity {
         std::string_view name;
-        char character;
+        char32_t character;
     };
     constexpr Entity kEntities[] = {
         {"amp", '&'}, {"lt", '<'}, {"gt", '>'}, {"quot", '"'}, {"apos", '\''}};
     for (const Entity& entity : kEntities) {
-        if (entity.name == name) {
-            text += entity.character;
-            return true;
-        }
+        if (entity.name == name) return entity.character;
     }
-    if (name.size() < 2 || name[0] != '#') return false;
+    if (name.size() < 2 || name[0] != '#') return std::nullopt;
     const bool isHex = name[1] == 'x' || name[1] == 'X';
-    const std::string_view digits = name.substr(isHex ? 2 : 1);
+    const char* const start = name.data() + (isHex ? 2 : 1);
+    const char* const end = name.data() + name.size();
     uint32_t code = 0;
-    const auto result =
-        std::from_chars(digits.data(), digits.data() + digits.size(), code, isHex ? 16 : 10);
-    if (result.ec != std::errc() || result.ptr != digits.data() + digits.size()) return false;
-    if (code == 0 || code > 0x10FFFF) return false;
-    AppendCharacter(code, text);
-    return true;
+    const auto [digitsEnd, error] = std::from_chars(start, end, code, isHex ? 16 : 10);
+    constexpr uint32_t kLastCharacter = 0x10FFFF;
+    const bool isNumber = error == std::errc() && digitsEnd == end;
+    if (!isNumber || code == 0 || code > kLastCharacter) return std::nullopt;
+    return code;
 }
 
-std::string Resolve(std::string_view raw)
+std::string ResolveEntities(std::string_view raw)
 {
-    constexpr size_t kMaximumEntity = 12;
+    constexpr size_t kLongestEntity = 12;  // with '&' and ';'
     std::string text;
-    for (size_t position = 0; position < raw.size(); ++position) {
-        if (raw[position] == '&') {
-            const size_t end = raw.substr(0, position + kMaximumEntity).find(';', position);
-            if (end != std::string_view::npos &&
-                AppendEntity(raw.substr(position + 1, end - position - 1), text)) {
-                position = end;
-                continue;
-            }
+    while (!raw.empty()) {
+        std::optional<char32_t> character;
+        size_t end = std::string_view::npos;
+        if (raw.front() == '&') end = raw.substr(0, kLongestEntity).find(';');
+        if (end != std::string_view::npos) character = GetEntity(raw.substr(1, end - 1));
+        if (character) {
+            base::AppendCharacter(*character, text);
+            raw.remove_prefix(end + 1);
+        } else {
+            text += raw.front();
+            raw.remove_prefix(1);
         }
-        text += raw[position];
     }
-    return ToValidUtf8(text);
+    return base::ToValidUtf8(text);
 }
 
-// Walks through tags and attributes and keeps the properties that are asked for.
-class Scanner {
-public:
-    explicit Scanner(std::string_view packet) : mRest(packet) {}
+// The text of an element; empty if it has elements in it.
+std::string GetText(pugi::xml_node element)
+{
+    std::string text;
+    for (const pugi::xml_node child : element.children()) {
+        if (child.type() == pugi::node_element) return {};
+        text += child.value();
+    }
+    return text;
+}
 
-    XmpFacts Scan()
+// Collects the properties. pugixml's traversal isn't recursive: elements may be nested deeply.
+class PropertyReader : public pugi::xml_tree_walker {
+public:
+    const XmpFacts& GetFacts() const { return mFacts; }
+
+    bool for_each(pugi::xml_node& node) override
     {
-        for (;;) {
-            const size_t open = mRest.find('<');
-            if (open == std::string_view::npos) break;
-            mText = mRest.substr(0, open);
-            mRest.remove_prefix(open + 1);
-            if (!TakeTag()) break;
+        if (depth() <= mManifestDepth) mManifestDepth = kOutside;
+        if (node.type() != pugi::node_element) return true;
+        const std::string_view name = GetLocalName(node.name());
+        if (name == "Manifest" && mManifestDepth == kOutside) mManifestDepth = depth();
+        for (const pugi::xml_attribute attribute : node.attributes()) {
+            SetProperty(GetLocalName(attribute.name()), attribute.value());
         }
-        return mFacts;
+        if (IsProperty(name)) SetProperty(name, GetText(node));
+        return true;
     }
 
 private:
-    bool TakeTag()
+    static bool IsProperty(std::string_view name)
     {
-        if (mRest.substr(0, 3) == "!--") return SkipBehind("-->");
-        if (mRest.substr(0, 8) == "![CDATA[") return SkipBehind("]]>");
-        if (mRest.substr(0, 1) == "?") return SkipBehind("?>");
-        const bool isEnd = mRest.substr(0, 1) == "/";
-        if (isEnd) mRest.remove_prefix(1);
-        const size_t length = std::min(mRest.find_first_of(" \t\r\n/>"), mRest.size());
-        const std::string_view name = GetLocalName(mRest.substr(0, length));
-        mRest.remove_prefix(length);
-        if (isEnd) {
-            if (name == mElement) SetProperty(name, mText);
-            if (name == "Manifest" && mManifests > 0) --mManifests;
-            mElement = {};
-            return SkipBehind(">");
-        }
-        mElement = name;
-        if (name == "Manifest") ++mManifests;
-        const bool isEmpty = TakeAttributes();
-        if (isEmpty && name == "Manifest") --mManifests;
-        if (isEmpty) mElement = {};
-        return !mRest.empty();
-    }
-
-    // Takes everything up to and with '>'. True if the element ends there too.
-    bool TakeAttributes()
-    {
-        bool isEmpty = false;
-        while (!mRest.empty()) {
-            const char c = mRest.front();
-            mRest.remove_prefix(1);
-            if (c == '>') return isEmpty;
-            isEmpty = c == '/';
-            if (isEmpty || kBlanks.find(c) != std::string_view::npos) continue;
-            TakeAttribute(c);
-        }
-        return isEmpty;
-    }
-
-    // `first` has been taken off already.
-    void TakeAttribute(char first)
-    {
-        const std::string_view start(mRest.data() - 1, mRest.size() + 1);
-        if (first == '=') return;
-        const size_t length = start.find_first_of(" \t\r\n=/>");
-        if (length == std::string_view::npos) {
-            mRest = {};
-            return;
-        }
-        const std::string_view name = GetLocalName(start.substr(0, length));
-        mRest = start.substr(length);
-        const size_t equals = mRest.find_first_not_of(kBlanks);
-        if (equals == std::string_view::npos || mRest[equals] != '=') return;
-        const size_t quote = mRest.find_first_not_of(kBlanks, equals + 1);
-        if (quote == std::string_view::npos || (mRest[quote] != '"' && mRest[quote] != '\'')) {
-            return;
-        }
-        const size_t end = mRest.find(mRest[quote], quote + 1);
-        if (end == std::string_view::npos) return;
-        SetProperty(name, mRest.substr(quote + 1, end - quote - 1));
-        mRest.remove_prefix(end + 1);
+        return name == "CreatorTool" || name == "filePath";
     }
 
     void SetProperty(std::string_view name, std::string_view value)
     {
+        if (!IsProperty(name)) return;
         value = Trim(value);
         if (value.empty()) return;
-        if (name == "CreatorTool" && mFacts.creatorTool.empty()) {
-            mFacts.creatorTool = Resolve(value);
-        } else if (name == "filePath" && mManifests > 0) {
-            mFacts.manifestFiles.push_back(Resolve(value));
+        if (name == "filePath") {
+            if (mManifestDepth != kOutside) mFacts.manifestFiles.push_back(ResolveEntities(value));
+        } else if (mFacts.creatorTool.empty()) {
+            mFacts.creatorTool = ResolveEntities(value);
         }
     }
 
-    bool SkipBehind(std::string_view mark)
-    {
-        const size_t position = mRest.find(mark);
-        if (position == std::string_view::npos) return false;
-        mRest.remove_prefix(position + mark.size());
-        return true;
-    }
-
-    std::string_view mRest;
-    std::string_view mText;     // between the last two tags
-    std::string_view mElement;  // the element that the last tag opened
-    size_t mManifests = 0;
+    static constexpr int kOutside = -1;
+    int mManifestDepth = kOutside;  // depth of the outermost Manifest around the current node
     XmpFacts mFacts;
 };
 
 }  // namespace
 
-XmpFacts ReadXmpPacket(std::string_view packet) { return Scanner(packet).Scan(); }
+void LoadXmpTree(std::string_view packet, unsigned options, pugi::xml_document& document)
+{
+    packet = LimitTree(packet);
+    std::string bytes(packet);
+    std::replace(bytes.begin(), bytes.end(), '\0', ' ');  // pugixml stops at a zero byte
+    const pugi::xml_parse_result result =
+        document.load_buffer(bytes.data(), bytes.size(), options, pugi::encoding_utf8);
+    RemoveCutOff(bytes, result.status, document);
+}
+
+XmpFacts ReadXmpPacket(std::string_view packet)
+{
+    // Without parse_escapes, which ends a text at "&#0;" and makes invalid bytes of "&#x110000;".
+    pugi::xml_document document;
+    LoadXmpTree(packet, pugi::parse_cdata, document);
+    PropertyReader reader;
+    document.traverse(reader);
+    return reader.GetFacts();
+}
 
 }  // namespace documents

@@ -4,16 +4,30 @@
 #include <string_view>
 #include <vector>
 
+namespace pugi {
+class xml_document;
+}
+
 namespace documents {
 
-// The properties of an XMP packet that the readers use.
+// The properties that are read from an XMP packet.
 struct XmpFacts {
     std::string creatorTool;                 // xmp:CreatorTool
     std::vector<std::string> manifestFiles;  // each stRef:filePath of xmpMM:Manifest, in order
 };
 
-// Scans an XMP packet in UTF-8. Accepts properties as elements and as attributes, with any prefix,
-// and resolves entities. Skips what isn't well-formed: never fails.
+// Reads an XMP packet in UTF-8. A property may be an element or an attribute, with any prefix.
+// Never fails: a packet that is damaged, cut off or extremely large is read up to that point, and
+// an entity that XML doesn't define remains in the text as it is.
 XmpFacts ReadXmpPacket(std::string_view packet);
+
+// Parses an XMP packet in UTF-8 into `document` as far as it is well-formed: after an error the
+// tree has everything in front of it. Takes zero bytes for spaces. Of an extremely large packet,
+// parses as much as takes about 256 MiB.
+//
+// options  pugi::parse_* flags
+//
+// Elements may be nested as deeply as a hostile packet likes: traverse the tree, but don't recurse.
+void LoadXmpTree(std::string_view packet, unsigned options, pugi::xml_document& document);
 
 }  // namespace documents

@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "documents/bytes/Utf8.h"
+#include "base/Utf8.h"
 #include "documents/model/DocumentBuilder.h"
 #include "documents/model/FontName.h"
 #include "documents/postscript/DscLines.h"
@@ -104,13 +104,13 @@ private:
                 TakeResources(value, embeddedFonts);
                 break;
             case Meaning::kListedFile:
-                AddOnce(listedFiles, ToValidUtf8(GetDscText(value)));
+                AddOnce(listedFiles, base::ToValidUtf8(GetDscText(value)));
                 break;
             case Meaning::kIncludedFile:
                 TakeIncludedFile(value);
                 break;
             case Meaning::kCreator:
-                if (creator.empty()) creator = ToValidUtf8(GetDscText(value));
+                if (creator.empty()) creator = base::ToValidUtf8(GetDscText(value));
                 break;
             case Meaning::kNone:
                 break;
@@ -120,7 +120,7 @@ private:
     static void AddFont(const std::string& name, Texts& list)
     {
         const size_t slash = name.substr(0, 1) == "/" ? 1 : 0;
-        AddOnce(list, ToValidUtf8(StripSubsetPrefix(name.substr(slash))));
+        AddOnce(list, base::ToValidUtf8(StripSubsetPrefix(name.substr(slash))));
     }
 
     static void TakeFonts(std::string_view value, Texts& list)
@@ -150,14 +150,14 @@ private:
             } else if (mResourceType == "font") {
                 AddFont(word.text, list);
             } else if (mResourceType == "file") {
-                AddOnce(listedFiles, ToValidUtf8(word.text));
+                AddOnce(listedFiles, base::ToValidUtf8(word.text));
             }
         }
     }
 
     void TakeIncludedFile(std::string_view value)
     {
-        std::string file = ToValidUtf8(GetDscText(value));
+        std::string file = base::ToValidUtf8(GetDscText(value));
         if (!file.empty()) includedFiles.push_back(std::move(file));
     }
 

@@ -7,7 +7,7 @@
 #include <qpdf/QPDFWriter.hh>
 #include <stdexcept>
 
-#include "documents/bytes/Utf8.h"
+#include "base/Utf8.h"
 #include "documents/native/NativeAdditions.h"
 #include "documents/pdf/StreamFilters.h"
 #include "documents/write/WriteDocument.h"
@@ -177,7 +177,7 @@ NativeAdditions MakeAdditions(const WriteOrder& order)
 {
     NativeAdditions additions;
     for (const AddedText& text : order.texts) {
-        additions.texts.push_back({text.postScriptName, CountCharacters(text.words)});
+        additions.texts.push_back({text.postScriptName, base::CountCharacters(text.words)});
     }
     additions.files = order.addedLinks;
     return additions;

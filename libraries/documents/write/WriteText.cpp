@@ -10,7 +10,7 @@
 #include <memory>
 #include <stdexcept>
 
-#include "documents/bytes/Utf8.h"
+#include "base/Utf8.h"
 
 namespace documents {
 
@@ -86,7 +86,7 @@ void Draw(cairo_surface_t* surface, const std::vector<TextBlock>& blocks)
         for (const TextLine& line : block.lines) {
             cairo_set_font_size(context.get(), line.size);
             cairo_move_to(context.get(), line.x, line.y);
-            cairo_show_text(context.get(), ToValidUtf8(line.words).c_str());
+            cairo_show_text(context.get(), base::ToValidUtf8(line.words).c_str());
         }
     }
     cairo_show_page(context.get());

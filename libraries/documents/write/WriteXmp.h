@@ -5,11 +5,12 @@
 
 namespace documents {
 
-// Returns a new XMP packet with the writing program and the placed files.
+// Returns a new XMP packet that names the writing program and the placed files.
 std::string MakeXmpPacket(const std::string& creator, const std::vector<std::string>& placedFiles);
 
-// Returns the packet with its manifest of placed files replaced and everything else unchanged, or
-// "" if the packet has no end of an RDF element.
+// Returns the packet with its manifest of placed files replaced; everything else in it remains. Of
+// a damaged packet, what is in front of the damage remains. Returns an empty string if the packet
+// has no rdf:RDF element to put a manifest into, or a document type, whose entities would be lost.
 std::string ReplaceManifest(const std::string& packet, const std::vector<std::string>& placedFiles);
 
 }  // namespace documents

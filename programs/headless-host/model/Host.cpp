@@ -4,7 +4,7 @@
 #include <stdexcept>
 
 #include "ArtTypes.h"
-#include "documents/bytes/Utf8.h"
+#include "base/Utf8.h"
 
 namespace headless {
 
@@ -54,7 +54,7 @@ void Host::AddText(DocumentObject& document, const documents::AddedText& text)
 {
     documents::Document& content = document.content;
     const std::vector<documents::TextRun> runs = {
-        {text.postScriptName, documents::CountCharacters(text.words)}};
+        {text.postScriptName, base::CountCharacters(text.words)}};
     content.frames.push_back({content.stories.size(), runs});
     content.stories.push_back({runs});
     std::vector<std::string>& names = content.fonts;

@@ -29,24 +29,24 @@ std::string Repeat(const std::string& text, size_t count)
 
 }  // namespace
 
-TEST(HostileFiles, ContentThatInflatesBeyondTheLimit)
+TEST(HostileFiles, ContentThatInflatesBeyondTheLimitIsRefused)
 {
     const std::string bomb = Deflate(std::string(kLimit + 1, ' '));
     EXPECT_EQ("too large: inflates to more than 8 MiB",
               PdfMaker().SetStream(4, "/Filter /FlateDecode", bomb).Open(GetLimits()).error);
 }
 
-TEST(HostileFiles, ReadingThatTakesTooLong)
+TEST(HostileFiles, ReadingEndsWhenTheTimeIsOver)
 {
     Limits limits;
     limits.seconds = 0;
     EXPECT_EQ("takes longer than 0 s to read", PdfMaker().Open(limits).error);
 }
 
-TEST(HostileFiles, BombWithinABomb)
+TEST(HostileFiles, ContentThatInflatesTwiceIsLimited)
 {
-    const std::string bomb = Deflate(Deflate(std::string(200u << 20, ' ')));
-    EXPECT_LT(bomb.size(), 20000u);
+    const std::string bomb = Deflate(Deflate(std::string(200U << 20, ' ')));
+    EXPECT_LT(bomb.size(), 20000U);
     EXPECT_EQ("too large: inflates to more than 8 MiB",
               PdfMaker()
                   .SetStream(4, "/Filter [/FlateDecode /FlateDecode]", bomb)
@@ -54,9 +54,9 @@ TEST(HostileFiles, BombWithinABomb)
                   .error);
 }
 
-TEST(HostileFiles, ObjectStreamThatInflatesBeyondTheLimit)
+TEST(HostileFiles, ObjectStreamThatInflatesBeyondTheLimitIsRefused)
 {
-    // A cross-reference stream puts the page into an object stream full of blanks.
+    // A cross-reference stream puts the page into an object stream full of spaces.
     const std::string objects = "3 0 << /Type /Page >>" + std::string(kLimit, ' ');
     std::string pdf = "%PDF-1.5\n";
     const auto add = [&pdf](const std::string& text) {
@@ -86,7 +86,7 @@ TEST(HostileFiles, ObjectStreamThatInflatesBeyondTheLimit)
     EXPECT_TRUE(OpenBytes(pdf).ok);
 }
 
-TEST(HostileFiles, ManyPagesWithOneContent)
+TEST(HostileFiles, ContentOfAllPagesTogetherIsLimited)
 {
     constexpr int kPages = 200;
     PdfMaker maker;
@@ -100,7 +100,7 @@ TEST(HostileFiles, ManyPagesWithOneContent)
     EXPECT_EQ("too large: has more than 8 MiB of content", maker.Open(GetLimits()).error);
 }
 
-TEST(HostileFiles, FormsThatDoubleAtEachLevel)
+TEST(HostileFiles, FormsThatDoubleAtEachLevelAreReadOnce)
 {
     PdfMaker maker;
     maker.AddResources("/XObject << /X 100 0 R >>").SetContent("/X Do");
@@ -115,7 +115,7 @@ TEST(HostileFiles, FormsThatDoubleAtEachLevel)
     EXPECT_EQ("Beta-Bold:1", DescribeFrames(maker.Open()));
 }
 
-TEST(HostileFiles, FormsTooDeepAreNoted)
+TEST(HostileFiles, FormsNestedTooDeeplyAreNoted)
 {
     PdfMaker maker;
     maker.AddResources("/XObject << /X 100 0 R >>").SetContent("/X Do BT /F1 9 Tf (a) Tj ET");
@@ -132,7 +132,7 @@ TEST(HostileFiles, FormsTooDeepAreNoted)
                 Contains("objects drawn within objects are nested too deeply"));
 }
 
-TEST(HostileFiles, DeepNestingInContent)
+TEST(HostileFiles, DeepNestingInContentIsSkipped)
 {
     constexpr size_t kDepth = 1000000;
     EXPECT_EQ("Alpha-Regular:1",
@@ -140,13 +140,13 @@ TEST(HostileFiles, DeepNestingInContent)
                               " m BT /F1 9 Tf (a) Tj ET " + std::string(kDepth, '(')));
 }
 
-TEST(HostileFiles, ManySavesAndRestores)
+TEST(HostileFiles, ManySavedStatesAreRestored)
 {
     EXPECT_EQ("Alpha-Regular:1", DescribeContent("/F1 9 Tf " + Repeat("q ", 300000) + "/F2 9 Tf " +
                                                  Repeat("Q ", 300000) + "BT (a) Tj ET"));
 }
 
-TEST(HostileFiles, DeepNestingInObjects)
+TEST(HostileFiles, DeepNestingInObjectsIsSkipped)
 {
     const OpenResult result = PdfMaker()
                                   .AddPageEntries("/X 20 0 R")
@@ -156,12 +156,12 @@ TEST(HostileFiles, DeepNestingInObjects)
     EXPECT_EQ("Alpha-Regular:1", DescribeFrames(result));
 }
 
-TEST(HostileFiles, PageTreeThatHoldsItself)
+TEST(HostileFiles, PageTreeThatContainsItselfIsRefused)
 {
     EXPECT_FALSE(PdfMaker().Set(2, "<< /Type /Pages /Kids [2 0 R 2 0 R] /Count 2 >>").Open().ok);
 }
 
-TEST(HostileFiles, HugeCountsAndLengths)
+TEST(HostileFiles, HugeCountsAndLengthsAreIgnored)
 {
     PdfMaker maker;
     maker.Set(2, "<< /Type /Pages /Kids [3 0 R] /Count 2147483647 >>");
@@ -169,7 +169,7 @@ TEST(HostileFiles, HugeCountsAndLengths)
     EXPECT_EQ("Alpha-Regular:1", DescribeFrames(maker.Open()));
 }
 
-TEST(HostileFiles, HugePredictorRow)
+TEST(HostileFiles, HugePredictorRowIsNoted)
 {
     const OpenResult result =
         PdfMaker()
@@ -182,7 +182,7 @@ TEST(HostileFiles, HugePredictorRow)
     EXPECT_THAT(result.document.notes, Contains("streams that cannot be decoded completely: 1"));
 }
 
-TEST(HostileFiles, WrongTypesEverywhere)
+TEST(HostileFiles, EntriesOfWrongTypesAreIgnored)
 {
     const OpenResult result = PdfMaker()
                                   .Set(1, "<< /Type /Catalog /Pages 2 0 R /Metadata 7 >>")
@@ -194,7 +194,7 @@ TEST(HostileFiles, WrongTypesEverywhere)
     EXPECT_TRUE(result.ok) << result.error;
 }
 
-TEST(HostileFiles, FontsOfWrongTypes)
+TEST(HostileFiles, FontsOfWrongTypesAreIgnored)
 {
     for (const char* font :
          {"null", "[]", "<< >>", "<< /Subtype 5 /BaseFont (x) >>",

@@ -42,7 +42,7 @@ std::string Encrypt(const std::string& pdf, const char* userPassword)
 
 std::string MakePdf() { return PdfMaker().SetContent("BT /F1 9 Tf (a) Tj ET").Make(); }
 
-// Ends the process: 0 if the file can't be opened for want of permission.
+// Ends the process with status 0 if the file cannot be opened because of its permissions.
 [[noreturn]] void OpenAsNobody(const std::string& path)
 {
     constexpr uid_t kNobody = 65534;
@@ -52,19 +52,19 @@ std::string MakePdf() { return PdfMaker().SetContent("BT /F1 9 Tf (a) Tj ET").Ma
 
 }  // namespace
 
-TEST(OpenErrors, Missing)
+TEST(OpenErrors, MissingFile)
 {
     EXPECT_EQ("no such file", OpenDocument("/no/such/file").error);
     EXPECT_EQ("no such file", OpenDocument("").error);
 }
 
-TEST(OpenErrors, Folder)
+TEST(OpenErrors, FolderIsNotAFile)
 {
     const ScratchFolder folder;
     EXPECT_EQ("is a folder", OpenDocument(folder.Path()).error);
 }
 
-TEST(OpenErrors, Pipe)
+TEST(OpenErrors, PipeIsNotARegularFile)
 {
     const ScratchFolder folder;
     const std::string path = folder.Path() + "/pipe";
@@ -72,7 +72,7 @@ TEST(OpenErrors, Pipe)
     EXPECT_EQ("is not a regular file", OpenDocument(path).error);
 }
 
-TEST(OpenErrors, NoPermission)
+TEST(OpenErrors, FileWithoutReadPermission)
 {
     const ScratchFolder folder;
     const std::string path = folder.Write("a.pdf", MakePdf());
@@ -80,18 +80,18 @@ TEST(OpenErrors, NoPermission)
     EXPECT_EXIT(OpenAsNobody(path), testing::ExitedWithCode(0), "");
 }
 
-TEST(OpenErrors, Empty) { EXPECT_EQ("is empty", GetError("")); }
+TEST(OpenErrors, EmptyFile) { EXPECT_EQ("is empty", GetError("")); }
 
-TEST(OpenErrors, NotADocument)
+TEST(OpenErrors, FileThatIsNotADocument)
 {
     EXPECT_EQ("is not a PDF, EPS or Illustrator document", GetError("Hello"));
 }
 
-TEST(OpenErrors, HugeFileOfZerosIsNotADocument)
+TEST(OpenErrors, HugeFileOfZeros)
 {
     const ScratchFolder folder;
     const std::string path = folder.Write("zeros", "");
-    std::filesystem::resize_file(path, 300u << 20);
+    std::filesystem::resize_file(path, 300U << 20);
     EXPECT_EQ("is not a PDF, EPS or Illustrator document", OpenDocument(path).error);
 }
 
@@ -99,28 +99,28 @@ TEST(OpenErrors, FileBeyondTheLimit)
 {
     const ScratchFolder folder;
     const std::string path = folder.Write("big.pdf", "%PDF-1.4\n");
-    std::filesystem::resize_file(path, 3u << 20);
+    std::filesystem::resize_file(path, 3U << 20);
     Limits limits;
-    limits.inflatedBytes = 2u << 20;
+    limits.inflatedBytes = 2U << 20;
     EXPECT_EQ("too large: 3 MiB, at most 2 MiB can be read", OpenDocument(path, limits).error);
 }
 
-TEST(OpenErrors, Encrypted)
+TEST(OpenErrors, DocumentWithAUserPassword)
 {
     EXPECT_EQ("encrypted: needs a password", GetError(Encrypt(MakePdf(), "secret")));
 }
 
-TEST(OpenErrors, OwnerPasswordAloneIsNoHindrance)
+TEST(OpenErrors, DocumentWithAnOwnerPasswordIsRead)
 {
     EXPECT_EQ("Alpha-Regular:1", DescribeFrames(OpenBytes(Encrypt(MakePdf(), ""))));
 }
 
-TEST(OpenErrors, CutOffAtItsStart)
+TEST(OpenErrors, DocumentCutOffNearItsStart)
 {
     EXPECT_THAT(GetError(MakePdf().substr(0, 30)), StartsWith("cut off, and the rest"));
 }
 
-TEST(OpenErrors, CutOffBeforeItsTableIsReadWithANote)
+TEST(OpenErrors, DocumentCutOffBeforeItsTableIsReadWithANote)
 {
     const std::string pdf = MakePdf();
     const OpenResult result = OpenBytes(pdf.substr(0, pdf.find("startxref")));
@@ -129,18 +129,18 @@ TEST(OpenErrors, CutOffBeforeItsTableIsReadWithANote)
     EXPECT_THAT(result.document.notes[0], StartsWith("cut off: "));
 }
 
-TEST(OpenErrors, Damaged)
+TEST(OpenErrors, DamagedDocument)
 {
     EXPECT_THAT(GetError("%PDF-1.4\nnothing\n%%EOF\n"), StartsWith("damaged: "));
 }
 
-TEST(OpenErrors, WithoutPages)
+TEST(OpenErrors, DocumentWithoutPages)
 {
     EXPECT_THAT(GetError(PdfMaker().Set(2, "<< /Type /Pages /Kids [] /Count 0 >>").Make()),
                 HasSubstr("no page in it"));
 }
 
-TEST(OpenErrors, BrokenStreamIsNotedAndReadAsFarAsItGoes)
+TEST(OpenErrors, BrokenStreamIsReadUpToTheDamage)
 {
     std::string packed = Deflate("BT /F1 9 Tf (a) Tj ET" + std::string(3000, ' ') + "BT (b) Tj ET");
     packed.resize(packed.size() - 6);

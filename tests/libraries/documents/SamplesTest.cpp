@@ -21,7 +21,7 @@ class CutOffSample : public testing::TestWithParam<const char*> {};
 
 }  // namespace
 
-TEST(Samples, BusinessCard)
+TEST(Samples, BusinessCardIsRead)
 {
     const OpenResult result = OpenDocument(GetSample("business-card.ai"));
     ASSERT_TRUE(result.ok) << result.error;
@@ -32,7 +32,7 @@ TEST(Samples, BusinessCard)
     EXPECT_TRUE(result.document.notes.empty());
 }
 
-TEST(Samples, Leaflet)
+TEST(Samples, LeafletIsRead)
 {
     const OpenResult result = OpenDocument(GetSample("leaflet.eps"));
     ASSERT_TRUE(result.ok) << result.error;
@@ -41,7 +41,7 @@ TEST(Samples, Leaflet)
     EXPECT_THAT(result.document.linkedFiles, ElementsAre("missing-font.pdf"));
 }
 
-TEST(Samples, Letterhead)
+TEST(Samples, LetterheadIsRead)
 {
     const OpenResult result = OpenDocument(GetSample("letterhead.ait"));
     ASSERT_TRUE(result.ok) << result.error;
@@ -49,7 +49,7 @@ TEST(Samples, Letterhead)
     EXPECT_THAT(result.document.linkedFiles, ElementsAre("business-card.ai", "business-card.ai"));
 }
 
-TEST(Samples, MissingFont)
+TEST(Samples, DocumentWithAMissingFontIsRead)
 {
     const OpenResult result = OpenDocument(GetSample("missing-font.pdf"));
     ASSERT_TRUE(result.ok) << result.error;
@@ -64,28 +64,28 @@ TEST(Samples, AreReadFromSeveralThreadsAtOnce)
             return OpenDocument(GetSample("business-card.ai")).document.fonts.size();
         }));
     }
-    for (std::future<size_t>& count : counts) EXPECT_EQ(3u, count.get());
+    for (std::future<size_t>& count : counts) EXPECT_EQ(3U, count.get());
 }
 
-TEST_P(CutOffSample, AnswersAtEveryLength)
+TEST_P(CutOffSample, IsReadOrRefusedAtEveryLength)
 {
     const std::string bytes = ReadWholeFile(GetSample(GetParam()));
     ASSERT_GT(bytes.size(), kStep);
     for (size_t length = 0; length < bytes.size(); length += kStep) {
         const OpenResult result = OpenBytes(bytes.substr(0, length));
-        EXPECT_NE(result.ok, !result.error.empty()) << length;
+        EXPECT_EQ(result.error.empty(), result.ok) << length;
         EXPECT_EQ(std::string::npos, result.error.find('\n')) << length;
     }
 }
 
-TEST_P(CutOffSample, AnswersWithBytesTurnedOver)
+TEST_P(CutOffSample, IsReadOrRefusedWithAByteInverted)
 {
     const std::string bytes = ReadWholeFile(GetSample(GetParam()));
     for (size_t position = 0; position < bytes.size(); position += kStep / 4) {
         std::string damaged = bytes;
         damaged[position] = static_cast<char>(~damaged[position]);
         const OpenResult result = OpenBytes(damaged);
-        EXPECT_NE(result.ok, !result.error.empty()) << position;
+        EXPECT_EQ(result.error.empty(), result.ok) << position;
     }
 }
 

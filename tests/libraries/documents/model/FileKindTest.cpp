@@ -28,7 +28,7 @@ constexpr unsigned kEpsLength = sizeof kEps - 1;
 
 }  // namespace
 
-TEST(FileKind, FirstBytesDecide)
+TEST(FileKind, FirstBytesDetermineTheContainer)
 {
     EXPECT_EQ(Container::kPDF, GetContainer("%PDF-1.4"));
     EXPECT_EQ(Container::kPDF, GetContainer(std::string(1019, 'x') + "%PDF-"));
@@ -39,7 +39,7 @@ TEST(FileKind, FirstBytesDecide)
     EXPECT_EQ(Container::kNone, GetContainer(""));
 }
 
-TEST(FileKind, NameDecidesNothingButTheTemplate)
+TEST(FileKind, FileNameDeterminesOnlyTemplates)
 {
     EXPECT_EQ(Kind::kPDF, OpenBytes(PdfMaker().Make(), "a.eps").document.kind);
     EXPECT_EQ(Kind::kEPS, OpenBytes(kEps, "a.ai").document.kind);
@@ -47,7 +47,7 @@ TEST(FileKind, NameDecidesNothingButTheTemplate)
     EXPECT_FALSE(OpenBytes(kEps, "a.ai").document.isTemplate);
 }
 
-TEST(FileKind, TemplatePaths)
+TEST(FileKind, TemplatesAreNamedByTheirExtension)
 {
     EXPECT_TRUE(IsTemplatePath("/a/b.ait"));
     EXPECT_TRUE(IsTemplatePath("B.AIT"));
@@ -55,7 +55,7 @@ TEST(FileKind, TemplatePaths)
     EXPECT_FALSE(IsTemplatePath("a.ait/b"));
 }
 
-TEST(FileKind, DosEpsPointsAtItsPostScript)
+TEST(FileKind, DosEpsPointsToItsPostScript)
 {
     const OpenResult result = OpenBytes(
         MakeDosEps(40, kEpsLength, std::string(10, 'x') + kEps + "%%DocumentFonts: TooFar\n"));
@@ -70,7 +70,7 @@ TEST(FileKind, DosEpsWithShortSectionIsReadWithANote)
     EXPECT_THAT(result.document.notes, ElementsAre("the PostScript section is cut off"));
 }
 
-TEST(FileKind, DosEpsWithoutSection)
+TEST(FileKind, DosEpsWithoutItsSectionIsRefused)
 {
     EXPECT_EQ("cut off before its PostScript section",
               OpenBytes(MakeDosEps(0xFFFFFFFF, 10, kEps)).error);
@@ -79,7 +79,7 @@ TEST(FileKind, DosEpsWithoutSection)
               OpenBytes(MakeDosEps(31, kEpsLength, kEps)).error);
 }
 
-TEST(FileKind, KindNames)
+TEST(FileKind, EachKindHasAName)
 {
     EXPECT_STREQ("ai", GetKindName(Kind::kIllustrator));
     EXPECT_STREQ("pdf", GetKindName(Kind::kPDF));

@@ -39,22 +39,22 @@ TEST_P(NativeLineEnds, AreAllRead)
 
 INSTANTIATE_TEST_SUITE_P(All, NativeLineEnds, testing::Values("\r", "\n", "\r\n", "\r\r\n"));
 
-TEST(NativeContainer, PlainBlocks)
+TEST(NativeContainer, UncompressedBlocksAreRead)
 {
     EXPECT_EQ("native Native-Bold:4", DescribeWithReader(WrapInPdf(PackPlain(MakeText()))));
 }
 
-TEST(NativeContainer, ZlibBehindAHeader)
+TEST(NativeContainer, ZlibBehindAHeaderIsRead)
 {
     EXPECT_EQ("native Native-Bold:4", DescribeWithReader(WrapInPdf(PackZlib(MakeText()))));
 }
 
-TEST(NativeContainer, Zstandard)
+TEST(NativeContainer, ZstandardIsRead)
 {
     EXPECT_EQ("native Native-Bold:4", DescribeWithReader(WrapInPdf(PackZstandard(MakeText()))));
 }
 
-TEST(NativeContainer, MarkAcrossTwoBlocks)
+TEST(NativeContainer, MarkMaySpanTwoBlocks)
 {
     for (size_t blocks = 1; blocks < 40; ++blocks) {
         EXPECT_EQ("native Native-Bold:4",
@@ -63,24 +63,24 @@ TEST(NativeContainer, MarkAcrossTwoBlocks)
     }
 }
 
-TEST(NativeContainer, DataStreamOfAnEps)
+TEST(NativeContainer, DataStreamOfAnEpsIsRead)
 {
     EXPECT_EQ("native Native-Bold:4", DescribeWithReader(WrapInEps(MakeText())));
 }
 
-TEST(NativeContainer, CompressedDataInTheStreamOfAnEps)
+TEST(NativeContainer, CompressedDataInTheStreamOfAnEpsIsRead)
 {
     EXPECT_EQ("native Native-Bold:4", DescribeWithReader(WrapInEps(PackZlib(MakeText()))));
 }
 
-TEST(NativeContainer, DosEps)
+TEST(NativeContainer, DosEpsIsRead)
 {
     const OpenResult result = OpenBytes(WrapInDosEps(WrapInEps(MakeText())));
     EXPECT_EQ("Native-Bold:4", DescribeFrames(result));
     EXPECT_EQ(Kind::kEPS, result.document.kind);
 }
 
-TEST(NativeContainer, PageThatNobodyMadeAPartForIsReadAsPdf)
+TEST(NativeContainer, PageWithoutANativePartIsReadAsPdf)
 {
     const OpenResult result = PdfMaker().SetContent("BT /F1 9 Tf (a) Tj ET").Open();
     EXPECT_EQ("pdf", result.document.reader);
@@ -132,7 +132,7 @@ TEST(NativeContainer, MissingBlockFallsBackToThePage)
                 ElementsAre("the native document cannot be read: a block of it is missing"));
 }
 
-TEST(NativeContainer, SomethingElseUnderItsNameFallsBackToThePage)
+TEST(NativeContainer, PartWithoutAFormatMarkFallsBackToThePage)
 {
     EXPECT_THAT(OpenBytes(WrapInPdf("no document")).document.notes,
                 ElementsAre("the native document cannot be read: it has no format mark"));
@@ -148,7 +148,7 @@ TEST(NativeContainer, DamagedDataStreamFallsBackToTheComments)
                 ElementsAre("the native document cannot be read: its ASCII85 data is damaged"));
 }
 
-TEST(NativeContainer, InflatesToMoreThanTheLimit)
+TEST(NativeContainer, DataThatInflatesBeyondTheLimitIsRefused)
 {
     Limits limits;
     limits.inflatedBytes = size_t{4} << 20;

@@ -24,7 +24,7 @@ std::vector<std::string> GetLinks(const std::string& lines)
 
 }  // namespace
 
-TEST(NativeObjects, StringsOfAnObject)
+TEST(NativeObjects, StringsOfAnObjectAreItsRuns)
 {
     EXPECT_EQ(
         "Courier:3 Times-Bold:5",
@@ -32,14 +32,14 @@ TEST(NativeObjects, StringsOfAnObject)
                         "/_Times-Bold 9 8 -2 Tf\n(de) Tx 0 -55 Tk \n(fgh) Tx \n(\\r) TX \nTO"));
 }
 
-TEST(NativeObjects, FontStaysSetFromOneToTheNext)
+TEST(NativeObjects, FontRemainsSetInTheNextObject)
 {
     EXPECT_EQ("Courier:1 | Courier:2",
               DescribeObjects("0 To\n/_Courier 11 8.8 -2.7 Tf\n(A) Tx \n(\\r) Tx \nTO\n"
                               "1 To\n(bc) Tx\nTO"));
 }
 
-TEST(NativeObjects, AliasOfAFont)
+TEST(NativeObjects, AliasOfAFontIsResolved)
 {
     EXPECT_EQ("Symbol:1 | Ryumin-Light:1",
               DescribeObjects("[161/degree 240/apple\n/_Symbol_/Symbol 0 0 0 TZ\n"
@@ -53,35 +53,35 @@ TEST(NativeObjects, ObjectWithAReturnAloneIsEmpty)
     EXPECT_EQ("", DescribeObjects("0 To\n/_Courier 11 8.8 -2.7 Tf\n(\\r) TX\nTO"));
 }
 
-TEST(NativeObjects, StringsOutsideOfObjectsDontCount)
+TEST(NativeObjects, StringsOutsideObjectsAreIgnored)
 {
     EXPECT_EQ("", DescribeObjects("/_Courier 11 8.8 -2.7 Tf\n(abc) Tx\n"));
 }
 
-TEST(NativeObjects, EscapesAndParentheses)
+TEST(NativeObjects, EscapesAndParenthesesAreDecoded)
 {
     EXPECT_EQ("Courier:6",
               DescribeObjects("0 To\n/_Courier 11 8 -2 Tf\n(a\\(\\)(b)) Tx\n(\\r) Tx\nTO"));
 }
 
-TEST(NativeObjects, StringOverTwoLines)
+TEST(NativeObjects, StringMaySpanTwoLines)
 {
     EXPECT_EQ("Courier:5", DescribeObjects("0 To\n/_Courier 11 8 -2 Tf\n(abc\\\nde) Tx\nTO"));
 }
 
-TEST(NativeObjects, StyledCopyCountsOnce)
+TEST(NativeObjects, StyledObjectIsReadOnce)
 {
     EXPECT_EQ("Courier:3", DescribeObjects("0 To\n/_Courier 11 8 -2 Tf\n(abc) Tx\nTO\n"
                                            "%_0 To\n%_/_Courier 11 8 -2 Tf\n%_(abc) Tx\n%_TO"));
 }
 
-TEST(NativeObjects, UsersOwnObjectCountsIfNothingElseShowsIt)
+TEST(NativeObjects, ObjectInCommentsIsReadIfItHasNoCopy)
 {
     EXPECT_EQ("Times-Bold:3",
               DescribeObjects("%_0 To\n%_/_Times-Bold 11 8 -2 Tf\n%_(abc) Tx\n%_TO"));
 }
 
-TEST(NativeObjects, FileOfVersionEight)
+TEST(NativeObjects, FileOfVersionEightIsRead)
 {
     const std::string file = NativeMaker()
                                  .AddHeader("%%DocumentFonts: Listed-Only")
@@ -101,7 +101,7 @@ TEST(NativeObjects, FileOfVersionEightWithoutTextIsReadByItsComments)
     EXPECT_THAT(result.document.fonts, ElementsAre("Listed-Only"));
 }
 
-TEST(NativeObjects, RasterDataIsPassedOver)
+TEST(NativeObjects, RasterDataIsSkipped)
 {
     const std::string data = "XI\n0 To\n/_Courier 1 1 1 Tf\n(no) Tx\nTO\n";
     EXPECT_EQ("Times-Bold:3",
@@ -109,13 +109,13 @@ TEST(NativeObjects, RasterDataIsPassedOver)
                               "%%EndData\n0 To\n/_Times-Bold 11 8 -2 Tf\n(abc) Tx\nTO"));
 }
 
-TEST(NativeObjects, RasterDataWithAWrongCountIsPassedOver)
+TEST(NativeObjects, RasterDataWithAWrongCountIsSkipped)
 {
     EXPECT_EQ("Times-Bold:3", DescribeObjects("%%BeginData: 99999\nXI\n0 To\n%%EndData\n"
                                               "0 To\n/_Times-Bold 11 8 -2 Tf\n(abc) Tx\nTO"));
 }
 
-TEST(NativePlaced, FilesWithRepeats)
+TEST(NativePlaced, FilesAreReadWithRepeats)
 {
     EXPECT_THAT(GetLinks("%%IncludeFile:/Art/a.eps\n`(/Art/a.eps)\n"
                          "%%IncludeFile:/Art/b (1).eps\n(/Art/b \\(1\\).eps) `\n"
@@ -123,26 +123,26 @@ TEST(NativePlaced, FilesWithRepeats)
                 ElementsAre("/Art/a.eps", "/Art/b (1).eps", "/Art/a.eps"));
 }
 
-TEST(NativePlaced, LinkedAndEmbeddedRasters)
+TEST(NativePlaced, OnlyLinkedRastersArePlacedFiles)
 {
     EXPECT_THAT(GetLinks("(/Art/photo.tif) 0 XG\n() 1 XG\n(/Art/kept.tif) 1 XG\n"),
                 ElementsAre("/Art/photo.tif"));
 }
 
-TEST(NativePlaced, StyledCopiesDontCount)
+TEST(NativePlaced, StyledCopiesAreIgnored)
 {
     EXPECT_THAT(GetLinks("(/Art/photo.tif) 0 XG\n%_(/Art/photo.tif) 0 XG\n%_`(/Art/c.eps)\n"),
                 ElementsAre("/Art/photo.tif"));
 }
 
-TEST(NativePlaced, DocumentsOwnListServesIfNothingElseTells)
+TEST(NativePlaced, ListInTheHeaderIsTheFallback)
 {
     const OpenResult result =
         OpenNative(NativeMaker().AddHeader("%%DocumentFiles:/Art/a.eps\n%%+/Art/b.eps"));
     EXPECT_THAT(result.document.linkedFiles, ElementsAre("/Art/a.eps", "/Art/b.eps"));
 }
 
-TEST(NativePlaced, NativeListStandsBeforeTheManifest)
+TEST(NativePlaced, DocumentWithoutPlacedFilesHasNone)
 {
     EXPECT_THAT(OpenNative(NativeMaker()).document.linkedFiles, IsEmpty());
 }

@@ -26,7 +26,7 @@ class NativeTextKeys : public testing::TestWithParam<Keys> {};
 
 INSTANTIATE_TEST_SUITE_P(All, NativeTextKeys, testing::Values(Keys::kNumbers, Keys::kWords));
 
-TEST_P(NativeTextKeys, RunsOfAStory)
+TEST_P(NativeTextKeys, RunsOfAStoryAreRead)
 {
     const OpenResult result =
         OpenNative(MakeThreeFonts(GetParam()).AddStory({{2, 3}, {1, 4}, {2, 2}}).AddFrame(0));
@@ -45,14 +45,14 @@ TEST_P(NativeTextKeys, RunWithoutFontTakesItsStyles)
     EXPECT_EQ("Serif-Bold:2 Default-Regular:3 Default-Regular:3", DescribeFrames(result));
 }
 
-TEST_P(NativeTextKeys, FontsWithoutRunsDontCount)
+TEST_P(NativeTextKeys, FontsWithoutRunsAreIgnored)
 {
     EXPECT_THAT(
         OpenNative(MakeThreeFonts(GetParam()).AddStory({{1, 2}}).AddFrame(0)).document.fonts,
         ElementsAre("Serif-Bold"));
 }
 
-TEST(NativeText, StylesThatLeadInACircleGiveTheDefault)
+TEST(NativeText, CircularStylesHaveTheDefaultFont)
 {
     EXPECT_EQ(
         "Default-Regular:1",
@@ -60,17 +60,17 @@ TEST(NativeText, StylesThatLeadInACircleGiveTheDefault)
             MakeThreeFonts().AddStyle(-1, 2).AddStyle(-1, 1).AddStory({{-1, 2, 1}}).AddFrame(0))));
 }
 
-TEST(NativeText, FramesStandInPaintOrder)
+TEST(NativeText, FramesAreInPaintOrder)
 {
     const OpenResult result =
         OpenNative(MakeThreeFonts().AddStory({{1, 2}}).AddStory({{2, 3}}).AddFrame(1).AddFrame(0));
     EXPECT_EQ("Sans-Italic:2 | Serif-Bold:1", DescribeFrames(result));
-    EXPECT_EQ(1u, result.document.frames[0].story);
-    EXPECT_EQ(0u, result.document.frames[1].story);
+    EXPECT_EQ(1U, result.document.frames[0].story);
+    EXPECT_EQ(0U, result.document.frames[1].story);
     EXPECT_THAT(result.document.fonts, ElementsAre("Serif-Bold", "Sans-Italic"));
 }
 
-TEST(NativeText, FramesOfOneStoryShowTheirPartsOfIt)
+TEST(NativeText, FramesOfAStoryShowTheirPartsOfIt)
 {
     const OpenResult result = OpenNative(MakeThreeFonts()
                                              .AddStory({{1, 10}, {2, 5}, {1, 6}}, {4, 8, 9})
@@ -79,10 +79,10 @@ TEST(NativeText, FramesOfOneStoryShowTheirPartsOfIt)
                                              .AddFrame(0, 1));
     EXPECT_EQ("Serif-Bold:4 | Sans-Italic:3 Serif-Bold:5 | Serif-Bold:6 Sans-Italic:2",
               DescribeFrames(result));
-    EXPECT_EQ(1u, result.document.stories.size());
+    EXPECT_EQ(1U, result.document.stories.size());
 }
 
-TEST(NativeText, FramesOfOneStoryShowAllOfItIfTheLayoutIsUnknown)
+TEST(NativeText, FramesOfAStoryWithoutLayoutShowAllOfIt)
 {
     const OpenResult result = OpenNative(MakeThreeFonts(Keys::kWords)
                                              .AddStory({{1, 3}, {2, 3}}, {3, 3})
@@ -91,7 +91,7 @@ TEST(NativeText, FramesOfOneStoryShowAllOfItIfTheLayoutIsUnknown)
     EXPECT_EQ("Serif-Bold:3 Sans-Italic:2 | Serif-Bold:3 Sans-Italic:2", DescribeFrames(result));
 }
 
-TEST(NativeText, TextThatNoFrameHasRoomForCountsInTheStoryAlone)
+TEST(NativeText, TextBehindTheLastFrameIsInTheStoryOnly)
 {
     const OpenResult result = OpenNative(
         MakeThreeFonts().AddStory({{1, 10}, {2, 5}}, {4, 3}).AddFrame(0, 0).AddFrame(0, 1));
@@ -99,7 +99,7 @@ TEST(NativeText, TextThatNoFrameHasRoomForCountsInTheStoryAlone)
     EXPECT_THAT(result.document.fonts, ElementsAre("Serif-Bold", "Sans-Italic"));
 }
 
-TEST(NativeText, TextThatItsOnlyFrameHasNoRoomForCountsInTheStoryAlone)
+TEST(NativeText, TextBehindTheOnlyFrameIsInTheStoryOnly)
 {
     const OpenResult result =
         OpenNative(MakeThreeFonts().AddStory({{1, 10}, {2, 5}}, {4}).AddFrame(0));
@@ -110,20 +110,20 @@ TEST(NativeText, TextThatItsOnlyFrameHasNoRoomForCountsInTheStoryAlone)
 TEST(NativeText, EmptyFrameHasNoRuns)
 {
     const OpenResult result = OpenNative(MakeThreeFonts().AddStory({{1, 1}}).AddFrame(0));
-    ASSERT_EQ(1u, result.document.frames.size());
+    ASSERT_EQ(1U, result.document.frames.size());
     EXPECT_THAT(result.document.frames[0].runs, IsEmpty());
     EXPECT_THAT(result.document.fonts, IsEmpty());
 }
 
-TEST(NativeText, StoryWithoutAFrameDoesntCount)
+TEST(NativeText, StoryWithoutAFrameIsIgnored)
 {
     const OpenResult result =
         OpenNative(MakeThreeFonts().AddStory({{1, 3}}).AddStory({{2, 3}}).AddFrame(1));
     EXPECT_THAT(result.document.fonts, ElementsAre("Sans-Italic"));
-    EXPECT_EQ(1u, result.document.stories.size());
+    EXPECT_EQ(1U, result.document.stories.size());
 }
 
-TEST(NativeText, ResultOfAnEffectDoesntCount)
+TEST(NativeText, ResultOfAnEffectIsIgnored)
 {
     const OpenResult result = OpenNative(
         MakeThreeFonts()
@@ -134,7 +134,7 @@ TEST(NativeText, ResultOfAnEffectDoesntCount)
     EXPECT_EQ("Serif-Bold:2", DescribeFrames(result));
 }
 
-TEST(NativeText, FrameThatStandsThereTwiceCountsOnce)
+TEST(NativeText, FrameInTheFileTwiceIsReadOnce)
 {
     EXPECT_EQ(
         "Serif-Bold:2",
@@ -149,14 +149,14 @@ TEST(NativeText, FramesWithoutStoryAreNoted)
     EXPECT_THAT(result.document.notes, ElementsAre("text frames without a story: 1"));
 }
 
-TEST(NativeText, RunsWhoseFontIsntThereAreNoted)
+TEST(NativeText, RunsWithoutAKnownFontAreNoted)
 {
     const OpenResult result = OpenNative(MakeThreeFonts().AddStory({{1, 3}, {9, 4}}).AddFrame(0));
     EXPECT_EQ("Serif-Bold:3", DescribeFrames(result));
     EXPECT_THAT(result.document.notes, ElementsAre("runs without a known font: 1"));
 }
 
-TEST(NativeText, NameInJapanese)
+TEST(NativeText, JapaneseFontNameIsRead)
 {
     NativeMaker maker = MakeThreeFonts().AddStory({{1, 3}}).AddFrame(0);
     std::string tree = maker.MakeTree();
@@ -188,14 +188,14 @@ TEST(NativeText, MissingTreeFallsBackToThePage)
                 ElementsAre("the native document cannot be read: its text is missing"));
 }
 
-TEST(NativeText, ConvertedFromNothing)
+TEST(NativeText, DocumentWithoutTextHasNoFrames)
 {
     const OpenResult result = OpenNative(NativeMaker());
     EXPECT_EQ("native", result.document.reader);
     EXPECT_THAT(result.document.frames, IsEmpty());
 }
 
-TEST(NativeText, DeepTreeIsPassedOver)
+TEST(NativeText, DeepTreeIsSkipped)
 {
     std::string text = MakeThreeFonts().AddStory({{1, 3}}).AddFrame(0).MakeText();
     std::string tree = MakeThreeFonts().AddStory({{1, 3}}).MakeTree();
@@ -205,7 +205,7 @@ TEST(NativeText, DeepTreeIsPassedOver)
     EXPECT_EQ("Serif-Bold:2", DescribeFrames(OpenBytes(WrapInPdf(PackZlib(native)))));
 }
 
-TEST(NativeText, ExampleOfTheFormatPage)
+TEST(NativeText, ExampleOfTheFormatPageIsRead)
 {
     const std::string page = ReadWholeFile(FORMAT_PAGE);
     const std::string fence = "\n```postscript\n";
@@ -217,7 +217,7 @@ TEST(NativeText, ExampleOfTheFormatPage)
     const OpenResult result = OpenBytes(page.substr(first, end + 1 - first), "example.ai");
     EXPECT_EQ("native", result.document.reader);
     EXPECT_EQ("Sans-Bold:6 Serif:5", DescribeFrames(result));
-    EXPECT_EQ(1u, result.document.stories.size());
+    EXPECT_EQ(1U, result.document.stories.size());
 }
 
 TEST(NativeText, LegacyTextIsReadFromItsPage)

@@ -8,7 +8,7 @@ using namespace documents;
 
 namespace {
 
-// One letter a token, with its text and, for strings, the length.
+// Returns a letter for the type of each token, its text and, for strings, the length.
 std::string Lex(std::string_view content)
 {
     constexpr char kLetters[] = "?nNS[]<>o";
@@ -33,73 +33,73 @@ size_t GetStringLength(std::string_view content)
 
 }  // namespace
 
-TEST(ContentLexer, NumbersNamesAndOperators)
+TEST(ContentLexer, NumbersNamesAndOperatorsAreTokens)
 {
     EXPECT_EQ("NF1 n12 oTf n-3.5 n+4 n.5 oTd oT*", Lex("/F1 12 Tf -3.5 +4 .5 Td T*"));
 }
 
-TEST(ContentLexer, QuoteOperatorsNeedNoBlanks) { EXPECT_EQ("Sa=1 o' Sb=1 o\"", Lex("(a)'(b)\"")); }
+TEST(ContentLexer, QuoteOperatorsNeedNoSpaces) { EXPECT_EQ("Sa=1 o' Sb=1 o\"", Lex("(a)'(b)\"")); }
 
 TEST(ContentLexer, NumberEndsWhereAnOperatorBegins) { EXPECT_EQ("n0 oTc", Lex("0Tc")); }
 
-TEST(ContentLexer, EmptyContentAndBlanksAlone)
+TEST(ContentLexer, WhiteSpaceHasNoTokens)
 {
     EXPECT_EQ("", Lex(""));
     EXPECT_EQ("", Lex(std::string_view("\0\t\n\f\r ", 6)));
 }
 
-TEST(ContentLexer, EmptyName) { EXPECT_EQ("N n1", Lex("/ 1")); }
+TEST(ContentLexer, NameMayBeEmpty) { EXPECT_EQ("N n1", Lex("/ 1")); }
 
 TEST(ContentLexer, NameEndsAtADelimiter) { EXPECT_EQ("NA [[ NB Sx=1", Lex("/A[/B(x)")); }
 
-TEST(ContentLexer, CommentsGoToTheLineEnd)
+TEST(ContentLexer, CommentsEndWithTheLine)
 {
     EXPECT_EQ("n1 n2 n3", Lex("1%(not a string\r2 % ) more\n3"));
     EXPECT_EQ("n1", Lex("1 % to the end"));
 }
 
-TEST(ContentLexer, ArraysAndDictionaries)
+TEST(ContentLexer, ArraysAndDictionariesAreTokens)
 {
     EXPECT_EQ("[[ n1 ]] <<< NA n2 >>>", Lex("[1] <</A 2>>"));
 }
 
 TEST(ContentLexer, ParenthesesNest) { EXPECT_EQ("Sa(b(c))d=8 n1", Lex("(a(b(c))d) 1")); }
 
-TEST(ContentLexer, EscapesCountAsOneByte)
+TEST(ContentLexer, EscapeIsOneByte)
 {
-    EXPECT_EQ(5u, GetStringLength(R"((\n\(\)\\\x))"));
-    EXPECT_EQ(4u, GetStringLength(R"((\101\7\08))"));
+    EXPECT_EQ(5U, GetStringLength(R"((\n\(\)\\\x))"));
+    EXPECT_EQ(4U, GetStringLength(R"((\101\7\08))"));
 }
 
 TEST(ContentLexer, EscapedParenthesisDoesNotEndAString) { EXPECT_EQ("S\\)=1 oTj", Lex("(\\))Tj")); }
 
-TEST(ContentLexer, EscapedLineEndsCountNothing)
+TEST(ContentLexer, EscapedLineEndHasNoLength)
 {
-    EXPECT_EQ(2u, GetStringLength("(a\\\nb)"));
-    EXPECT_EQ(2u, GetStringLength("(a\\\r\nb)"));
-    EXPECT_EQ(2u, GetStringLength("(a\\\rb)"));
+    EXPECT_EQ(2U, GetStringLength("(a\\\nb)"));
+    EXPECT_EQ(2U, GetStringLength("(a\\\r\nb)"));
+    EXPECT_EQ(2U, GetStringLength("(a\\\rb)"));
 }
 
-TEST(ContentLexer, LineEndOfTwoBytesCountsOnce)
+TEST(ContentLexer, LineEndOfTwoBytesIsOneByte)
 {
-    EXPECT_EQ(3u, GetStringLength("(a\r\nb)"));
-    EXPECT_EQ(3u, GetStringLength("(a\nb)"));
+    EXPECT_EQ(3U, GetStringLength("(a\r\nb)"));
+    EXPECT_EQ(3U, GetStringLength("(a\nb)"));
 }
 
-TEST(ContentLexer, EmptyStrings)
+TEST(ContentLexer, EmptyStringsHaveNoLength)
 {
-    EXPECT_EQ(0u, GetStringLength("()"));
-    EXPECT_EQ(0u, GetStringLength("<>"));
+    EXPECT_EQ(0U, GetStringLength("()"));
+    EXPECT_EQ(0U, GetStringLength("<>"));
 }
 
-TEST(ContentLexer, HexStringsIgnoreWhatIsNoDigit)
+TEST(ContentLexer, HexStringsIgnoreOtherCharacters)
 {
-    EXPECT_EQ(2u, GetStringLength("<48 65>"));
-    EXPECT_EQ(2u, GetStringLength("<486>"));
-    EXPECT_EQ(1u, GetStringLength("<zz4\n8>"));
+    EXPECT_EQ(2U, GetStringLength("<48 65>"));
+    EXPECT_EQ(2U, GetStringLength("<486>"));
+    EXPECT_EQ(1U, GetStringLength("<zz4\n8>"));
 }
 
-TEST(ContentLexer, StringsWithoutEndGoToTheEnd)
+TEST(ContentLexer, UnfinishedStringsEndWithTheContent)
 {
     EXPECT_EQ("Sabc=3", Lex("(abc"));
     EXPECT_EQ("Sab\\=2", Lex("(ab\\"));
@@ -108,7 +108,7 @@ TEST(ContentLexer, StringsWithoutEndGoToTheEnd)
     EXPECT_EQ("S=0", Lex("<"));
 }
 
-TEST(ContentLexer, GarbageIsPassedOver) { EXPECT_EQ("n1 n2 n3", Lex(") 1 } { 2 > 3")); }
+TEST(ContentLexer, UnmatchedDelimitersAreSkipped) { EXPECT_EQ("n1 n2 n3", Lex(") 1 } { 2 > 3")); }
 
 TEST(ContentLexer, BytesAboveAsciiAreRegular) { EXPECT_EQ("o\x80\xFF n1", Lex("\x80\xFF 1")); }
 
@@ -133,7 +133,7 @@ TEST(DecodeName, ResolvesHexadecimalPairs)
     EXPECT_EQ("#", DecodeName("#23"));
 }
 
-TEST(DecodeName, KeepsWhatIsNoPair)
+TEST(DecodeName, KeepsIncompletePairs)
 {
     EXPECT_EQ("A#2", DecodeName("A#2"));
     EXPECT_EQ("A#", DecodeName("A#"));

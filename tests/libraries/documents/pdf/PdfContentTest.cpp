@@ -5,18 +5,18 @@
 using namespace documents;
 using testing::ElementsAre;
 
-TEST(PdfContent, EveryShowingOperator)
+TEST(PdfContent, EveryShowingOperatorIsRead)
 {
     EXPECT_EQ("Alpha-Regular:8", DescribeContent("BT /F1 9 Tf (a) Tj (bc) ' 1 2 (def) \" "
                                                  "[(g) -20 (h)] TJ ET"));
 }
 
-TEST(PdfContent, EachTextObjectIsAFrameWithAStoryOfItsOwn)
+TEST(PdfContent, EachTextObjectIsAFrameWithItsOwnStory)
 {
     const OpenResult result = PdfMaker().SetContent("BT /F1 9 Tf (a) Tj ET BT (b) Tj ET").Open();
     EXPECT_EQ("Alpha-Regular:1 | Alpha-Regular:1", DescribeFrames(result));
-    EXPECT_EQ(1u, result.document.frames[1].story);
-    EXPECT_EQ(2u, result.document.stories.size());
+    EXPECT_EQ(1U, result.document.frames[1].story);
+    EXPECT_EQ(2U, result.document.stories.size());
     EXPECT_THAT(result.document.fonts, ElementsAre("Alpha-Regular"));
     EXPECT_EQ("pdf", result.document.reader);
 }
@@ -28,13 +28,13 @@ TEST(PdfContent, RunsAreSplitWhereTheFontChanges)
                               " ET"));
 }
 
-TEST(PdfContent, FontThatShowsNothingDoesNotCount)
+TEST(PdfContent, FontWithoutTextIsIgnored)
 {
     EXPECT_EQ("Beta-Bold:1",
               DescribeContent("BT /F1 9 Tf () Tj <> Tj [-20] TJ /F2 9 Tf (x) Tj ET"));
 }
 
-TEST(PdfContent, InvisibleTextCounts)
+TEST(PdfContent, InvisibleTextIsRead)
 {
     EXPECT_EQ("Alpha-Regular:1", DescribeContent("BT 3 Tr /F1 9 Tf (a) Tj ET"));
 }
@@ -45,7 +45,7 @@ TEST(PdfContent, FontIsSavedAndRestored)
               DescribeContent("/F1 9 Tf q /F2 9 Tf BT (a) Tj ET Q BT (b) Tj ET Q Q"));
 }
 
-TEST(PdfContent, FontOfAGraphicsState)
+TEST(PdfContent, FontOfAGraphicsStateIsUsed)
 {
     EXPECT_EQ("Beta-Bold:1", DescribeFrames(PdfMaker()
                                                 .AddResources("/ExtGState << /G << /Font "
@@ -59,9 +59,9 @@ TEST(PdfContent, CodesOfTwoBytesAreCountedForCompositeFonts)
     EXPECT_EQ("Gamma-Medium:3", DescribeContent("BT /F3 9 Tf <00010002> Tj <00> Tj ET"));
 }
 
-TEST(PdfContent, Type3FontsDoNotCount) { EXPECT_EQ("", DescribeContent("BT /F4 9 Tf (a) Tj ET")); }
+TEST(PdfContent, Type3FontsAreIgnored) { EXPECT_EQ("", DescribeContent("BT /F4 9 Tf (a) Tj ET")); }
 
-TEST(PdfContent, TextBeforeAFontAndInAnUnknownOneIsPassedOver)
+TEST(PdfContent, TextWithoutAKnownFontIsIgnored)
 {
     const OpenResult result =
         PdfMaker().SetContent("BT (a) Tj /F9 9 Tf (b) Tj /F1 9 Tf (c) Tj ET").Open();
@@ -75,19 +75,19 @@ TEST(PdfContent, NamesInContentAreDecoded)
     EXPECT_EQ("Alpha-Regular:1", DescribeContent("BT /#461 9 Tf (a) Tj ET"));
 }
 
-TEST(PdfContent, StringsOfPropertiesAreNotShown)
+TEST(PdfContent, StringsOfPropertiesAreIgnored)
 {
     EXPECT_EQ("Alpha-Regular:1",
               DescribeContent("BT /F1 9 Tf /Span << /ActualText (long text) >> BDC (a) Tj EMC ET"));
 }
 
-TEST(PdfContent, TextOutsideATextObjectAndWithoutEndIsKept)
+TEST(PdfContent, TextOutsideATextObjectIsRead)
 {
     EXPECT_EQ("Alpha-Regular:1", DescribeContent("/F1 9 Tf (a) Tj"));
     EXPECT_EQ("Alpha-Regular:2", DescribeContent("BT /F1 9 Tf (a) Tj BT (b) Tj"));
 }
 
-TEST(PdfContent, ContentInSeveralStreamsIsOne)
+TEST(PdfContent, SeveralContentStreamsAreOne)
 {
     EXPECT_EQ("Alpha-Regular:1", DescribeFrames(PdfMaker()
                                                     .Set(4, "[20 0 R 21 0 R]")
@@ -96,7 +96,7 @@ TEST(PdfContent, ContentInSeveralStreamsIsOne)
                                                     .Open()));
 }
 
-TEST(PdfContent, AllPagesAndInheritedResources)
+TEST(PdfContent, PagesInheritResources)
 {
     EXPECT_EQ("Alpha-Regular:1 | Beta-Bold:1",
               DescribeFrames(PdfMaker()
@@ -111,12 +111,12 @@ TEST(PdfContent, AllPagesAndInheritedResources)
                                  .Open()));
 }
 
-TEST(PdfContent, PageWithoutContentOrResources)
+TEST(PdfContent, PageWithoutContentHasNoFrames)
 {
     EXPECT_EQ("", DescribeFrames(PdfMaker().Set(3, "<< /Type /Page /Parent 2 0 R >>").Open()));
 }
 
-TEST(PdfContent, FontNamesAreHandedOutAsUtf8)
+TEST(PdfContent, FontNamesAreValidUtf8)
 {
     const OpenResult result =
         PdfMaker()
@@ -136,7 +136,7 @@ TEST(PdfContent, FontWithoutBaseNameIsNamedByItsDescriptor)
                                             .Open()));
 }
 
-TEST(PdfContent, FontsThatAreNoObjectsOfTheirOwn)
+TEST(PdfContent, FontsMayBeDirectObjects)
 {
     EXPECT_EQ("Epsilon:1 Zeta:1",
               DescribeFrames(PdfMaker()

@@ -17,27 +17,27 @@ PdfMaker MakeWithXmp(const std::string& packet)
 
 }  // namespace
 
-TEST(PdfFacts, CreatorOfTheInformationDictionary)
+TEST(PdfFacts, CreatorIsInTheInformationDictionary)
 {
     const OpenResult result = PdfMaker().AddTrailerEntries("/Info << /Creator (Drawer) >>").Open();
     EXPECT_EQ("Drawer", result.document.creator);
     EXPECT_EQ(Kind::kPDF, result.document.kind);
 }
 
-TEST(PdfFacts, CreatorInUtf16)
+TEST(PdfFacts, CreatorMayBeInUtf16)
 {
     EXPECT_EQ(
         "\u00C9",
         PdfMaker().AddTrailerEntries("/Info << /Creator <FEFF00C9> >>").Open().document.creator);
 }
 
-TEST(PdfFacts, CreatorOfTheXmpPacketStandsIn)
+TEST(PdfFacts, CreatorOfTheXmpPacketIsTheFallback)
 {
     EXPECT_EQ("Drawer",
               MakeWithXmp("<xmp:CreatorTool>Drawer</xmp:CreatorTool>").Open().document.creator);
 }
 
-TEST(PdfFacts, PlacedFilesOfTheManifestStandAboveDrawnOnes)
+TEST(PdfFacts, ManifestReplacesTheFilesThatAreDrawn)
 {
     PdfMaker maker = MakeWithXmp(
         "<m:Manifest><r:filePath>/b &amp; c.eps</r:filePath><r:filePath>/a.eps</r:filePath>"
@@ -48,7 +48,7 @@ TEST(PdfFacts, PlacedFilesOfTheManifestStandAboveDrawnOnes)
     EXPECT_THAT(maker.Open().document.linkedFiles, ElementsAre("/b & c.eps", "/a.eps", "/a.eps"));
 }
 
-TEST(PdfFacts, IllustratorByNativePart)
+TEST(PdfFacts, NativePartDeterminesTheKind)
 {
     EXPECT_EQ(Kind::kIllustrator, PdfMaker()
                                       .AddPageEntries("/PieceInfo << /Illustrator << /Private "
@@ -58,7 +58,7 @@ TEST(PdfFacts, IllustratorByNativePart)
     EXPECT_EQ(Kind::kPDF, PdfMaker().AddPageEntries("/PieceInfo /None").Open().document.kind);
 }
 
-TEST(PdfFacts, IllustratorByCreator)
+TEST(PdfFacts, CreatorDeterminesTheKind)
 {
     EXPECT_EQ(Kind::kIllustrator,
               PdfMaker()

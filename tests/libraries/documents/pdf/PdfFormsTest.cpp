@@ -9,7 +9,7 @@ namespace {
 
 constexpr char kBetaResources[] = "/Resources << /Font << /F1 11 0 R >> >>";
 
-// A page with `content`, and the form /X (object 20) which shows text in Beta-Bold.
+// Returns a page with `content` and the form /X (object 20), which shows text in Beta-Bold.
 PdfMaker MakeWithForm(const std::string& content)
 {
     PdfMaker maker;
@@ -21,18 +21,15 @@ PdfMaker MakeWithForm(const std::string& content)
 
 }  // namespace
 
-TEST(PdfForms, AreWalkedWithTheirOwnResources)
+TEST(PdfForms, AreReadWithTheirOwnResources)
 {
     EXPECT_EQ("Beta-Bold:2 | Alpha-Regular:1",
               DescribeFrames(MakeWithForm("/X Do BT /F1 9 Tf (a) Tj ET").Open()));
 }
 
-TEST(PdfForms, ThatAreNotDrawnDoNotCount)
-{
-    EXPECT_EQ("", DescribeFrames(MakeWithForm("").Open()));
-}
+TEST(PdfForms, AreIgnoredUnlessDrawn) { EXPECT_EQ("", DescribeFrames(MakeWithForm("").Open())); }
 
-TEST(PdfForms, ThatAreDrawnTwiceAreReadOnce)
+TEST(PdfForms, AreReadOnceIfDrawnTwice)
 {
     EXPECT_EQ("Beta-Bold:2", DescribeFrames(MakeWithForm("/X Do /X Do").Open()));
 }
@@ -62,7 +59,7 @@ TEST(PdfForms, InheritTheResourcesOfEachPageThatDrawsThem)
     EXPECT_EQ("Alpha-Regular:1 | Beta-Bold:1", DescribeFrames(maker.Open()));
 }
 
-TEST(PdfForms, ThatDrawThemselvesEnd)
+TEST(PdfForms, MayDrawThemselves)
 {
     PdfMaker maker = MakeWithForm("/X Do");
     maker.SetStream(20,
@@ -73,7 +70,7 @@ TEST(PdfForms, ThatDrawThemselvesEnd)
     EXPECT_EQ("Beta-Bold:1", DescribeFrames(maker.Open()));
 }
 
-TEST(PdfForms, TilingPatternsCountWhenSet)
+TEST(PdfForms, TilingPatternsAreReadWhenSet)
 {
     PdfMaker maker;
     maker.AddResources("/Pattern << /P 20 0 R /Q 21 0 R >>")
@@ -84,7 +81,7 @@ TEST(PdfForms, TilingPatternsCountWhenSet)
     EXPECT_EQ("Beta-Bold:1", DescribeFrames(maker.Open()));
 }
 
-TEST(PdfForms, SoftMasksCount)
+TEST(PdfForms, SoftMasksAreRead)
 {
     PdfMaker maker;
     maker.AddResources("/ExtGState << /G << /SMask << /G 20 0 R >> >> /N << /SMask /None >> >>")
@@ -95,7 +92,7 @@ TEST(PdfForms, SoftMasksCount)
     EXPECT_TRUE(result.document.notes.empty());
 }
 
-TEST(PdfForms, AppearancesOfAnnotationsCountInTheirState)
+TEST(PdfForms, AppearancesOfAnnotationsAreReadInTheirState)
 {
     PdfMaker maker;
     maker
@@ -108,7 +105,7 @@ TEST(PdfForms, AppearancesOfAnnotationsCountInTheirState)
     EXPECT_EQ("Beta-Bold:1 | Alpha-Regular:1", DescribeFrames(maker.Open()));
 }
 
-TEST(PdfForms, DefaultResourcesOfFormsToFillInAreNoUse)
+TEST(PdfForms, DefaultResourcesOfFieldsAreIgnored)
 {
     PdfMaker maker;
     maker.Set(1,
@@ -117,7 +114,7 @@ TEST(PdfForms, DefaultResourcesOfFormsToFillInAreNoUse)
     EXPECT_EQ("", DescribeFrames(maker.Open()));
 }
 
-TEST(PdfForms, ExternalFilesByEachDrawing)
+TEST(PdfForms, ExternalFilesAreListedForEachDrawing)
 {
     PdfMaker maker;
     maker.AddResources("/XObject << /A 20 0 R /B 21 0 R >>")

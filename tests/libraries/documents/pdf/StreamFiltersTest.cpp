@@ -38,7 +38,7 @@ std::string Unpredict(const std::string& input, size_t rowBytes, size_t pixelByt
 
 }  // namespace
 
-TEST(LzwDecoder, TheExampleOfThePdfReference)
+TEST(LzwDecoder, DecodesTheExampleOfThePdfReference)
 {
     EXPECT_EQ(std::string("\x2D\x2D\x2D\x2D\x2D\x41\x2D\x2D\x2D\x42"),
               DecodeLzw("\x80\x0B\x60\x50\x22\x0C\x0C\x85\x01"));
@@ -46,28 +46,28 @@ TEST(LzwDecoder, TheExampleOfThePdfReference)
 
 TEST(LzwDecoder, CodeOutOfRangeThrows)
 {
-    // Clear, then code 300.
+    // The code that clears the table, then code 300.
     EXPECT_THROW(DecodeLzw(std::string("\x80\x4B\x00", 3)), std::runtime_error);
 }
 
-TEST(LzwDecoder, AnyBytesEnd)
+TEST(LzwDecoder, DecodesOrRefusesAnyBytes)
 {
     unsigned state = 1;
     for (int round = 0; round < 200; ++round) {
         std::string bytes(300, '\0');
         for (char& c : bytes) {
-            state = state * 1103515245u + 12345u;
+            state = state * 1103515245U + 12345U;
             c = static_cast<char>(state >> 16);
         }
         try {
-            EXPECT_LT(DecodeLzw(bytes).size(), 300u * 4096u);
+            EXPECT_LT(DecodeLzw(bytes).size(), 300U * 4096U);
         } catch (const std::runtime_error& error) {
             EXPECT_STREQ("LZW code out of range", error.what());
         }
     }
 }
 
-TEST(PngPredictor, EveryFilter)
+TEST(PngPredictor, ReversesEveryFilter)
 {
     const std::string rows = std::string("\0\1\2\3", 4) + std::string("\1\1\1\1", 4) +
                              std::string("\2\1\1\1", 4) + std::string("\3\1\1\1", 4) +
@@ -82,7 +82,7 @@ TEST(PngPredictor, CutOffRowIsFilledWithZeros)
     EXPECT_EQ("", Unpredict("", 3, 1));
 }
 
-TEST(StreamFilters, ContentInEveryFilter)
+TEST(StreamFilters, ContentIsReadThroughEveryFilter)
 {
     const std::string content = "BT /F1 9 Tf (ab) Tj ET";
     EXPECT_EQ(
@@ -99,7 +99,7 @@ TEST(StreamFilters, ContentInEveryFilter)
                                                     .Open()));
 }
 
-TEST(StreamFilters, PredictedContent)
+TEST(StreamFilters, PredictedContentIsRead)
 {
     const std::string content =
         std::string(1, '\0') + "BT /F1 9 Tf " + std::string(1, '\0') + "(ab) Tj ET  ";
@@ -111,7 +111,7 @@ TEST(StreamFilters, PredictedContent)
                                                     .Open()));
 }
 
-TEST(ReadBudget, ThrowsOnceUsedUpAndStaysSo)
+TEST(ReadBudget, ThrowsFromWhenItIsExceeded)
 {
     const ReadBudget budget(10, 1e9);
     ReadBudget::Take(10);
@@ -128,4 +128,4 @@ TEST(ReadBudget, ThrowsWhenTheTimeIsOver)
     EXPECT_TRUE(budget.IsExceeded());
 }
 
-TEST(ReadBudget, WithoutOneAllIsAllowed) { EXPECT_NO_THROW(ReadBudget::Take(1u << 30)); }
+TEST(ReadBudget, NothingIsLimitedWithoutOne) { EXPECT_NO_THROW(ReadBudget::Take(1U << 30)); }

@@ -29,24 +29,24 @@ std::vector<std::string> GetFiles(const std::string& comments)
 
 std::string WithLineEnds(std::string text, const std::string& end)
 {
-    for (size_t at = text.find('\n'); at != std::string::npos; at = text.find('\n', at)) {
-        text.replace(at, 1, end);
-        at += end.size();
+    for (size_t start = text.find('\n'); start != std::string::npos;) {
+        text.replace(start, 1, end);
+        start = text.find('\n', start + end.size());
     }
     return text;
 }
 
 }  // namespace
 
-TEST(DscReader, OneFrameWithOneRunForEachFont)
+TEST(DscReader, FontsAreRunsOfOneFrame)
 {
     const OpenResult result = OpenBytes(std::string(kHeader) + "%%DocumentFonts: A B\n");
     EXPECT_EQ("A:1 B:1", DescribeFrames(result));
     EXPECT_EQ("dsc", result.document.reader);
-    EXPECT_EQ(1u, result.document.stories.size());
+    EXPECT_EQ(1U, result.document.stories.size());
 }
 
-TEST(DscReader, EveryLineEnd)
+TEST(DscReader, EveryLineEndIsRead)
 {
     const std::string text = "%%DocumentFonts: A\n%%+ B\n%%EndComments\n%%Trailer\n";
     for (const char* end : {"\n", "\r", "\r\n"}) {
@@ -55,7 +55,7 @@ TEST(DscReader, EveryLineEnd)
     }
 }
 
-TEST(DscReader, ContinuationWithAndWithoutTypeWord)
+TEST(DscReader, ContinuationMayRepeatTheType)
 {
     EXPECT_THAT(
         GetFonts("%%DocumentNeededResources: font A B\n%%+ font C\n%%+ D\n%%+procset p 1 0\n"
@@ -63,12 +63,12 @@ TEST(DscReader, ContinuationWithAndWithoutTypeWord)
         ElementsAre("A", "B", "C", "D"));
 }
 
-TEST(DscReader, ContinuationOfAnotherCommentIsNotMine)
+TEST(DscReader, ContinuationOfAnotherCommentIsIgnored)
 {
     EXPECT_THAT(GetFonts("%%DocumentFonts: A\n%%Title: x\n%%+ B\n"), ElementsAre("A"));
 }
 
-TEST(DscReader, ListsAtTheEnd)
+TEST(DscReader, ListsMayBeAtTheEnd)
 {
     for (const char* atEnd : {"(atend)", "atend"}) {
         EXPECT_THAT(GetFonts(std::string("%%DocumentFonts: ") + atEnd +
@@ -77,13 +77,13 @@ TEST(DscReader, ListsAtTheEnd)
     }
 }
 
-TEST(DscReader, NamesAsPostScriptStrings)
+TEST(DscReader, NamesMayBePostScriptStrings)
 {
     EXPECT_THAT(GetFonts("%%DocumentFonts: (My Font) A (B\\)c)\n%%+ (font)\n"),
                 ElementsAre("My Font", "A", "B)c", "font"));
 }
 
-TEST(DscReader, EveryListEachFontOnce)
+TEST(DscReader, EveryListIsReadAndEachFontOnce)
 {
     EXPECT_THAT(GetFonts("%%DocumentFonts: A\n%%DocumentNeededFonts: B A\n"
                          "%%DocumentSuppliedFonts: C\n%%DocumentSuppliedResources: font D\n"
@@ -92,19 +92,19 @@ TEST(DscReader, EveryListEachFontOnce)
                 ElementsAre("A", "B", "C", "D", "E", "F", "G", "H"));
 }
 
-TEST(DscReader, CarriedFontsCountOnlyWithoutAList)
+TEST(DscReader, EmbeddedFontsAreReadOnlyWithoutAList)
 {
     const std::string carried = "%%BeginFont: X Printer 1.0\n%%BeginResource: font Y\n";
     EXPECT_THAT(GetFonts(carried), ElementsAre("X", "Y"));
     EXPECT_THAT(GetFonts("%%DocumentFonts: A\n" + carried), ElementsAre("A"));
 }
 
-TEST(DscReader, SubsetPrefixAndSlashAreTakenOff)
+TEST(DscReader, SubsetPrefixAndSlashAreRemoved)
 {
     EXPECT_THAT(GetFonts("%%DocumentFonts: ABCDEF+A /B\n"), ElementsAre("A", "B"));
 }
 
-TEST(DscReader, NamesAreHandedOutAsUtf8)
+TEST(DscReader, NamesAreValidUtf8)
 {
     EXPECT_THAT(GetFonts("%%DocumentFonts: A\xFF\n"), ElementsAre("A\uFFFD"));
 }
@@ -130,7 +130,7 @@ TEST(DscReader, WrongCountFallsBackToTheEndMark)
                 ElementsAre("A"));
 }
 
-TEST(DscReader, DataWithoutEndIsNoted)
+TEST(DscReader, DataWithoutAnEndIsNoted)
 {
     const Document document =
         OpenEps("%%DocumentFonts: A\n%%BeginData: 99999999999999\n%%DocumentFonts: No\n");
@@ -138,7 +138,7 @@ TEST(DscReader, DataWithoutEndIsNoted)
     EXPECT_THAT(document.notes, ElementsAre("cut off within its data"));
 }
 
-TEST(DscReader, NestedDocumentsArePassedOver)
+TEST(DscReader, NestedDocumentsAreSkipped)
 {
     EXPECT_THAT(GetFonts("%%BeginDocument: a.eps\n%%DocumentFonts: No\n%%BeginDocument: b.eps\n"
                          "%%EndDocument\n%%DocumentFonts: No\n%%EndDocument\n%%EndDocument\n"
@@ -146,32 +146,32 @@ TEST(DscReader, NestedDocumentsArePassedOver)
                 ElementsAre("A"));
 }
 
-TEST(DscReader, ListedFiles)
+TEST(DscReader, ListedFilesAreRead)
 {
     EXPECT_THAT(GetFiles("%%DocumentFiles:/a b.eps\n%%+/c.eps\n%%+ (d e.eps)\n"),
                 ElementsAre("/a b.eps", "/c.eps", "d e.eps"));
 }
 
-TEST(DscReader, IncludedFilesWithRepeatsThenTheRestOfTheList)
+TEST(DscReader, IncludedFilesComeBeforeTheRestOfTheList)
 {
     EXPECT_THAT(GetFiles("%%DocumentFiles:a\n%%+b\n%%IncludeFile:b\n%%IncludeFile: c\n"
                          "%%IncludeFile:b\n"),
                 ElementsAre("b", "c", "b", "a"));
 }
 
-TEST(DscReader, EmptyListsGiveNoFrame)
+TEST(DscReader, EmptyListsHaveNoFrame)
 {
     const Document document = OpenEps("%%DocumentFonts:\n%%DocumentFiles:\n");
     EXPECT_THAT(document.frames, IsEmpty());
     EXPECT_THAT(document.linkedFiles, IsEmpty());
 }
 
-TEST(DscReader, Creator)
+TEST(DscReader, FirstCreatorIsRead)
 {
     EXPECT_EQ("Drawer 8", OpenEps("%%Creator: (Drawer 8)\n%%Creator: Other\n").creator);
 }
 
-TEST(DscReader, KindIsToldByCreatorAndFirstLine)
+TEST(DscReader, CreatorAndFirstLineDetermineTheKind)
 {
     const std::string creator = "%%Creator: Adobe Illustrator(R) 8.0\n";
     EXPECT_EQ(Kind::kEPS, OpenEps(creator).kind);

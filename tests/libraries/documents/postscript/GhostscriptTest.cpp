@@ -17,7 +17,7 @@ namespace {
 constexpr char kForeign[] = "%!PS-Adobe-3.0 EPSF-3.0\n%%Creator: somebody\n%%EndComments\n";
 constexpr char kReason[] = "no comment lists fonts, and ";
 
-// A program named gs in front of all others of the PATH, or none at all.
+// Replaces the PATH by a folder that has no programs but the gs that a test installs.
 class GhostscriptTest : public testing::Test {
 protected:
     void SetUp() override { setenv("PATH", mFolder.Path().c_str(), 1); }
@@ -40,7 +40,7 @@ protected:
 
 }  // namespace
 
-TEST_F(GhostscriptTest, DrawsWhatSaysNothingOfFonts)
+TEST_F(GhostscriptTest, DrawsDocumentsWithoutFontComments)
 {
     const std::string page = PdfMaker().SetContent("BT /F1 9 Tf (abc) Tj ET").Make();
     Install("cat '" + mFolder.Write("page.pdf", page) + "' >/proc/self/fd/11\n");
@@ -60,14 +60,14 @@ TEST_F(GhostscriptTest, ReadsTheDocumentSafely)
     EXPECT_EQ("ghostscript", Open(kForeign).document.reader);
 }
 
-TEST_F(GhostscriptTest, IsNotAskedIfCommentsTellOfFonts)
+TEST_F(GhostscriptTest, IsNotStartedIfCommentsListFonts)
 {
     Install("exit 1\n");
     EXPECT_EQ("dsc", Open("%!PS-Adobe-3.0 EPSF-3.0\n%%DocumentFonts:\n").document.reader);
     EXPECT_THAT(Open("%!PS-Adobe-3.0 EPSF-3.0\n%%DocumentFonts:\n").document.notes, IsEmpty());
 }
 
-TEST_F(GhostscriptTest, IsNotAskedWithoutTime)
+TEST_F(GhostscriptTest, IsNotStartedWithoutTime)
 {
     const std::string trace = mFolder.Path() + "/asked";
     Install("touch '" + trace + "'\n");
@@ -77,7 +77,7 @@ TEST_F(GhostscriptTest, IsNotAskedWithoutTime)
     EXPECT_FALSE(std::filesystem::exists(trace));
 }
 
-TEST_F(GhostscriptTest, IsNotInstalled)
+TEST_F(GhostscriptTest, ThatIsNotInstalledIsNoted)
 {
     const OpenResult result = Open(kForeign);
     ASSERT_TRUE(result.ok) << result.error;
@@ -87,23 +87,23 @@ TEST_F(GhostscriptTest, IsNotInstalled)
                 ElementsAre(std::string(kReason) + "Ghostscript isn't installed"));
 }
 
-TEST_F(GhostscriptTest, Fails)
+TEST_F(GhostscriptTest, ThatFailsIsNoted)
 {
     Install("exit 1\n");
     EXPECT_THAT(Open(kForeign).document.notes,
                 ElementsAre(std::string(kReason) + "Ghostscript cannot draw it"));
 }
 
-TEST_F(GhostscriptTest, DrawsNothing)
+TEST_F(GhostscriptTest, ThatDrawsNothingIsNoted)
 {
     Install("exit 0\n");
     EXPECT_THAT(Open(kForeign).document.notes,
                 ElementsAre(std::string(kReason) + "Ghostscript drew nothing"));
 }
 
-TEST_F(GhostscriptTest, IsEndedWithItsChildren)
+TEST_F(GhostscriptTest, IsEndedWithItsChildProcesses)
 {
-    // Each of the two would keep the pipe open that its end is told by.
+    // Either of the two, if it went on, would keep the pipe open whose end the reader waits for.
     Install("sleep 1000 &\nsleep 1000\n");
     EXPECT_THAT(Open(kForeign, 0.2).document.notes,
                 ElementsAre(std::string(kReason) + "Ghostscript took longer than 0 s"));

@@ -23,14 +23,14 @@ std::string ToUtf16(const std::string& ascii)
 
 std::string ReplaceAll(std::string text, const std::string& from, const std::string& to)
 {
-    for (size_t at = text.find(from); at != std::string::npos; at = text.find(from, at)) {
-        text.replace(at, from.size(), to);
-        at += to.size();
+    for (size_t start = text.find(from); start != std::string::npos;) {
+        text.replace(start, from.size(), to);
+        start = text.find(from, start + to.size());
     }
     return text;
 }
 
-std::string PutLittleEndian(size_t value)
+std::string ToLittleEndian(size_t value)
 {
     std::string bytes;
     for (int i = 0; i < 4; ++i) bytes += static_cast<char>(value >> (8 * i));
@@ -78,18 +78,18 @@ NativeMaker& NativeMaker::AddStory(const std::vector<Run>& runs, const std::vect
     mStories += "] >> >> ";
     const size_t count = portions.empty() ? 1 : portions.size();
     std::string frames;
-    std::string laid;
+    std::string layout;
     for (size_t i = 0; i < count; ++i) {
         const std::string index = std::to_string(mFrameCount++);
         frames += "<< /0 " + index + " >> ";
         if (portions.empty()) continue;
-        laid += "<< /99 /F /10 " + index +
-                " /6 [ << /99 /R /6 [ << /99 /R /6 [ << /99 /L /6 [ << /99 /S /15 << /0 " +
-                std::to_string(portions[i]) +
-                " /2 0 >> /6 [ << /99 /G /5 [ 3 ] >> ] >> ] >> ] >> ] >> ] >> ";
+        layout += "<< /99 /F /10 " + index +
+                  " /6 [ << /99 /R /6 [ << /99 /R /6 [ << /99 /L /6 [ << /99 /S /15 << /0 " +
+                  std::to_string(portions[i]) +
+                  " /2 0 >> /6 [ << /99 /G /5 [ 3 ] >> ] >> ] >> ] >> ] >> ] >> ";
     }
     if (mKeys == Keys::kNumbers) {
-        mStories += "/1 << /0 [ " + frames + "] /2 [ << /99 /PC /5 0 /6 [ " + laid + "] >> ] >> ";
+        mStories += "/1 << /0 [ " + frames + "] /2 [ << /99 /PC /5 0 /6 [ " + layout + "] >> ] >> ";
     }
     mStories += ">> ";
     return *this;
@@ -176,7 +176,7 @@ std::string PackZstandard(const std::string& text)
 {
     std::string packed(ZSTD_compressBound(text.size()), '\0');
     const size_t size = ZSTD_compress(packed.data(), packed.size(), text.data(), text.size(), 3);
-    if (ZSTD_isError(size) != 0) throw std::runtime_error("can't compress");
+    if (ZSTD_isError(size) != 0) throw std::runtime_error("cannot compress");
     packed.resize(size);
     return "%AI24_ZStandard_Data" + packed;
 }
@@ -209,7 +209,7 @@ std::string WrapInEps(const std::string& native)
 
 std::string WrapInDosEps(const std::string& eps)
 {
-    std::string header = "\xC5\xD0\xD3\xC6" + PutLittleEndian(30) + PutLittleEndian(eps.size());
+    std::string header = "\xC5\xD0\xD3\xC6" + ToLittleEndian(30) + ToLittleEndian(eps.size());
     header.resize(28, '\0');
     return header + "\xFF\xFF" + eps + "preview";
 }

@@ -5,34 +5,36 @@
 
 #include "documents/OpenDocument.h"
 
-// Writes small documents in the illustration program's own format. A story is a list of runs; a
-// frame shows one of them. The text tree has its keys as numbers, or as words.
+// Writes small documents in the illustration program's native format. A story is a list of runs; a
+// frame shows a story or a part of it. The keys of the text tree are numbers or words.
 class NativeMaker {
 public:
     enum class Keys { kNumbers, kWords };
 
     struct Run {
-        int font = 0;    // index of a font; -1: none of its own
-        int length = 0;  // with the last return
-        int parent = 0;  // the style that it has its font from otherwise
+        int font = 0;    // index of the font; -1 for the font of the style
+        int length = 0;  // in characters, with the return at the end
+        int parent = 0;  // index of the style
     };
 
     explicit NativeMaker(Keys keys = Keys::kNumbers) : mKeys(keys) {}
 
-    // The document's fonts; the first one is the default.
+    // Sets the document's fonts; the first one is the default.
     NativeMaker& SetFonts(std::vector<std::string> names);
-    // A style whose font is this one; its index is the number of styles before it.
+    // Adds a style with this font, or with that of its parent if `font` is -1. Styles have the
+    // indexes 0, 1 and so on.
     NativeMaker& AddStyle(int font, int parent = -1);
-    // `portions`: how many characters each of its frames shows; one frame if there are none.
+    // Adds a story. `portions` is the number of characters that each of its frames shows; without
+    // it, the story has one frame.
     NativeMaker& AddStory(const std::vector<Run>& runs, const std::vector<int>& portions = {});
     NativeMaker& AddFrame(int story, int frame = 0);
-    // What stands in the art as it is, line by line.
+    // Adds lines to the art, unchanged.
     NativeMaker& AddLines(const std::string& lines);
-    // Lines of the header.
+    // Adds lines to the header.
     NativeMaker& AddHeader(const std::string& lines);
 
     std::string MakeTree() const;
-    // The whole document, with these line ends.
+    // Returns the whole document, with these line ends.
     std::string MakeText(const std::string& lineEnd = "\r") const;
 
 private:
@@ -47,7 +49,8 @@ private:
     int mFrameCount = 0;
 };
 
-// What a document stands in. The PDF page around it shows Alpha-Regular.
+// Pack a native document, and wrap the packed document in a file. The page of the PDF shows
+// Alpha-Regular.
 std::string PackPlain(const std::string& text);
 std::string PackZlib(const std::string& text);
 std::string PackZstandard(const std::string& text);
@@ -55,8 +58,8 @@ std::string WrapInPdf(const std::string& native, size_t blocks = 3);
 std::string WrapInEps(const std::string& native);
 std::string WrapInDosEps(const std::string& eps);
 
-// Lines that begin with a percent sign, with the end mark.
+// Encodes `bytes` as lines that begin with a percent sign, with the end mark of ASCII85.
 std::string EncodeAscii85(const std::string& bytes, const std::string& lineEnd = "\r");
 
-// The document as zlib-packed .ai with line ends of CR.
+// Opens the document, with CR as line end, packed with zlib, in a PDF.
 documents::OpenResult OpenNative(const NativeMaker& maker);

@@ -87,7 +87,7 @@ std::string Deflate(const std::string& data)
     std::string packed(size, '\0');
     if (compress2(reinterpret_cast<Bytef*>(packed.data()), &size,
                   reinterpret_cast<const Bytef*>(data.data()), data.size(), 9) != Z_OK) {
-        throw std::runtime_error("can't deflate");
+        throw std::runtime_error("cannot deflate");
     }
     packed.resize(size);
     return packed;

@@ -1,7 +1,8 @@
-// document-fonts [--all|--listed] FILE...: prints the fonts of each file, one a line, in byte
-// order; with --all everything else that was read too, with --listed those that the native part
-// lists in its own header. Exit status 1 if a file can't be read, or has no native part to list
-// them.
+// Usage: document-fonts [--all|--listed] FILE...
+//
+// Prints the fonts of each file, one per line, in byte order. --all also prints everything else
+// that was read; --listed prints the fonts that the header of the native part lists, instead. Exit
+// status: 1 if a file cannot be read or, with --listed, has no native part.
 #include <algorithm>
 #include <cstdio>
 #include <string>
@@ -41,7 +42,7 @@ bool PrintDocument(const std::string& path, bool all)
     return true;
 }
 
-// The fonts that the native part lists in its own header.
+// Prints the fonts that the header of the native part lists.
 bool PrintListed(const std::string& path)
 {
     const documents::FileBytes file = documents::ReadFileBytes(
@@ -64,7 +65,7 @@ bool PrintListed(const std::string& path)
     header.container = documents::Container::kPostScript;
     header.postScript = part.text.substr(0, part.text.find("%AI5_BeginLayer"));
     documents::Document document;
-    (void)documents::ReadDscComments(header, {}, document);  // without comments there is no list
+    (void)documents::ReadDscComments(header, {}, document);  // without comments, the list is empty
     std::sort(document.fonts.begin(), document.fonts.end());
     for (const std::string& font : document.fonts) std::printf("%s\n", font.c_str());
     return true;
