@@ -2,21 +2,22 @@
 
 #include <string>
 
-// What a program tells whoever started it. One thread.
+// What a program writes to the terminal. One thread.
 namespace console {
 
-// The program's name, a literal. Called once, before anything else.
+// Sets the program's name, a literal, which is also the name in the log. Call it once, before any
+// other function.
 void SetProgramName(const char* name);
-const char* GetProgramName();
 
-// One line on standard error, with the program's name before it and without control characters. It
-// goes to the log, too.
-void Tell(const std::string& text);
+// Writes one line to standard error, after the program's name, with control characters replaced,
+// and logs it as an error.
+void PrintError(const std::string& text);
 
-// Writes to standard output at once. False if that isn't possible; it has been told then.
+// Writes the text to standard output and flushes it. Returns false after an error, which is
+// reported by PrintError.
 bool Print(const std::string& text);
 
-// The text without control characters.
+// Returns the text with each control character replaced by '?'.
 std::string MakePrintable(const std::string& text);
 
 }  // namespace console

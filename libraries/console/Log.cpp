@@ -6,17 +6,20 @@
 
 #include "GFileLogAppender.h"
 #include "GLogger.h"
-#include "console/Console.h"
 
 namespace console {
 
 namespace {
+
+const char* sName = "";
 
 constexpr auto kError = static_cast<GLogger::LoggingLevel>(1);
 constexpr auto kInfo = static_cast<GLogger::LoggingLevel>(3);
 constexpr auto kAll = static_cast<GLogger::LoggingLevel>(4);
 
 }  // namespace
+
+void SetLogName(const char* name) { sName = name; }
 
 bool OpenLog(const std::string& file, std::string& error)
 {
@@ -32,14 +35,14 @@ bool OpenLog(const std::string& file, std::string& error)
     return true;
 }
 
-void LogProblem(const std::string& line)
+void LogError(const std::string& line)
 {
-    GLogger::GetSharedInstance()->Log(GetProgramName(), kError, "%s", line.c_str());
+    GLogger::GetSharedInstance()->Log(sName, kError, "%s", line.c_str());
 }
 
 void LogAction(const std::string& line)
 {
-    GLogger::GetSharedInstance()->Log(GetProgramName(), kInfo, "%s", line.c_str());
+    GLogger::GetSharedInstance()->Log(sName, kInfo, "%s", line.c_str());
 }
 
 }  // namespace console

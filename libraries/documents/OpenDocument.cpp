@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "documents/bytes/FileBytes.h"
-#include "documents/bytes/InflateBudget.h"
+#include "documents/bytes/ReadBudget.h"
 #include "documents/bytes/Utf8.h"
 #include "documents/model/DocumentReader.h"
 #include "documents/native/NativeReader.h"
@@ -24,17 +24,18 @@ namespace {
 std::string GetHeadError(std::string_view head)
 {
     if (head.empty()) return "is empty";
-    if (GetContainer(head) == Container::kNone) return "is no PDF, EPS or Illustrator document";
+    if (GetContainer(head) == Container::kNone) return "is not a PDF, EPS or Illustrator document";
     return {};
 }
 
-// Asks one reader; whatever it throws but TooLarge is a failure of this reader alone.
+// Calls one reader. An exception becomes kFailed, so that the next reader is tried; exceeded limits
+// and lack of memory end the whole reading instead.
 ReadResult Ask(const DocumentReader& reader, const DocumentSource& source, const Limits& limits,
                Document& document)
 {
     try {
         return reader.read(source, limits, document);
-    } catch (const TooLarge&) {
+    } catch (const LimitExceeded&) {
         throw;
     } catch (const std::bad_alloc&) {
         throw;
@@ -68,7 +69,7 @@ OpenResult AskReaders(const DocumentSource& source, const Limits& limits, const 
 OpenResult ReadPdf(std::string_view bytes, const Limits& limits, Document described)
 {
     OpenResult result;
-    const InflateBudget budget(limits.inflatedBytes, limits.seconds);
+    const ReadBudget budget(limits.inflatedBytes, limits.seconds);
     PdfFile file(bytes);
     result.error = file.Open();
     budget.Check();
@@ -85,7 +86,7 @@ OpenResult ReadPdf(std::string_view bytes, const Limits& limits, Document descri
 
 OpenResult ReadPostScript(std::string_view bytes, const Limits& limits, Document described)
 {
-    const InflateBudget budget(limits.inflatedBytes, limits.seconds);
+    const ReadBudget budget(limits.inflatedBytes, limits.seconds);
     DocumentSource source;
     source.container = GetContainer(bytes);
     source.postScript = bytes;
@@ -125,7 +126,7 @@ OpenResult Read(const std::string& path, const Limits& limits)
     return ReadBytes(file.bytes, limits, std::move(described));
 }
 
-// Whatever is thrown becomes an error.
+// Turns any exception into an error.
 template <class Reading>
 OpenResult Guard(Reading reading)
 {

@@ -4,30 +4,24 @@
 #include <string_view>
 
 #include "documents/model/Document.h"
+#include "documents/model/Limits.h"
 
 namespace documents {
 
-struct Limits {
-    size_t inflatedBytes = 512u << 20;  // what one file may inflate to
-    double seconds = 30;                // for the reading of one file
-    size_t nesting = 64;                // form XObjects, dictionaries, arrays
-    double helperSeconds = 20;          // for Ghostscript, which is killed then; 0: not asked
-    size_t helperBytes = 512u << 20;    // of memory for Ghostscript
-};
-
 struct OpenResult {
     bool ok = false;
-    Document document;  // meaningful if ok
-    std::string error;  // one line that names the reason, without the path; empty if ok
+    Document document;  // valid if ok
+    std::string error;  // the reason in one line, without the path; empty if ok
 };
 
-// Reads the file at `path` (UTF-8 bytes, as the system takes them). Tells the kind by the first
-// bytes and never by the name. Never throws and never writes; whatever the file holds, the result
-// comes within the limits: missing, a folder, no permission, not a document, encrypted, cut off and
-// too large are each an error text of their own. Safe to call from several threads.
+// Reads the file at `path` (UTF-8).
+//
+// Detects the kind of the file by its first bytes, never by its name. Whatever the file holds, the
+// call ends within the limits. These have an error text each: missing, a folder, no permission, not
+// a document, encrypted, cut off, too large. Never throws and never writes. [thread-safe]
 OpenResult OpenDocument(const std::string& path, const Limits& limits = {});
 
-// The same for a file whose bytes are in memory already.
+// The same for a file whose bytes are in memory. The result doesn't refer to `bytes`.
 OpenResult OpenDocumentBytes(std::string_view bytes, const Limits& limits = {});
 
 }  // namespace documents

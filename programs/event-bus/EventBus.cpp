@@ -59,7 +59,7 @@ int EventBus::Dispatch(const PlugPlugEvent& event, const char* type)
     if (mDispatchesUnderWay >= kPlugPlugDeepestNesting) return kPlugPlugNestedTooDeep;
     const Nesting nesting(mDispatchesUnderWay);
 
-    // Listeners come and go while they are called, so the list itself can't be walked.
+    // Listeners may add and remove listeners, which invalidates iterators of the list.
     std::vector<Listener> called;
     std::copy_if(mListeners.begin(), mListeners.end(), std::back_inserter(called),
                  [type](const Listener& listener) { return listener.type == type; });

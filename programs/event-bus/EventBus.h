@@ -8,11 +8,12 @@
 
 namespace plugplug {
 
-// The bus behind the functions of PlugPlug, which tell what the operations do and answer. They
-// throw std::bad_alloc, with the bus as it was. Main thread only.
+// The event bus of the process. PlugPlugFunctions.h specifies the operations and their results.
+// They throw std::bad_alloc and then leave the bus unchanged. [main-thread]
 //
-// The frameworks hold no state: each is linked to the one library that this class is in, which the
-// loader takes into a process once, by its name, from whichever folder it is asked for first.
+// The frameworks have no state. Each is linked to the library that contains this class, and the
+// loader loads that library once per process, by its soname, from the folder of the first
+// framework.
 class EventBus {
 public:
     int Add(const char* type, PlugPlugEventHandler handler, void* context);
@@ -21,7 +22,7 @@ public:
 
 private:
     struct Listener {
-        unsigned long serial;  // never used again, so that a listener under way can be told
+        unsigned long serial;  // identifies a listener; never reused
         std::string type;
         PlugPlugEventHandler handler;
         void* context;
@@ -31,6 +32,8 @@ private:
     std::vector<Listener>::iterator Find(const char* type, PlugPlugEventHandler handler,
                                          void* context);
     bool Has(unsigned long serial) const;
+
+    // Removes the listeners whose modules were unloaded.
     void DropUnloaded();
 
     std::vector<Listener> mListeners;
@@ -40,7 +43,8 @@ private:
 
 }  // namespace plugplug
 
-// What the library exports for the frameworks: the functions of PlugPlug on the bus of the process.
+// The functions that the library exports for the frameworks: those of PlugPlug, on the bus of the
+// process.
 extern "C" {
 __attribute__((visibility("default"))) int PlugPlugEventBus_Add(const char* type,
                                                                 PlugPlugEventHandler handler,

@@ -6,17 +6,17 @@
 
 namespace plugplug {
 
-// The module that a handler's code is in. A plug-in may be unloaded without removing its listeners;
-// calling one of them then would run whatever lies at that address.
+// The module that contains a handler's code. A plug-in may be unloaded without removing its
+// listeners; calling one of them afterwards would run arbitrary code at that address.
 struct HandlerModule {
-    const void* base = nullptr;  // null for code that is in no module
+    const void* base = nullptr;  // null if the code is in no module
     std::string path;
 };
 
-// The module as it is now. May throw std::bad_alloc.
+// Returns the module that contains the handler now. May throw std::bad_alloc.
 HandlerModule OSFindHandlerModule(PlugPlugEventHandler handler);
 
-// Whether the handler's module is still the one that was found. True for code that was in none.
+// Returns whether `module` still contains the handler. True if the code was in no module.
 bool OSIsHandlerModuleLoaded(const HandlerModule& module, PlugPlugEventHandler handler);
 
 }  // namespace plugplug

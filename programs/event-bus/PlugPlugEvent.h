@@ -2,9 +2,9 @@
 #define PLUG_PLUG_EVENT_H
 
 /*
- * An event as it crosses the bus, for code that has no definition of its own. The layout is a
- * binary contract: whoever dispatches or listens uses it, from whatever header. A 32-bit scope
- * stands second, followed by four bytes of padding.
+ * An event on the bus, for code that has no definition of its own: the plug-in has one, on its side
+ * of the boundary. The layout is a binary contract. The scope has 32 bits and is followed by four
+ * bytes of padding.
  */
 
 #include <stddef.h>
@@ -20,11 +20,11 @@ namespace event {
 enum EventScope : int32_t { kEventScopeGlobal = 0, kEventScopeApplication = 1 };
 
 struct Event {
-    const char* type;         // who listens; never null
-    EventScope scope;         // handed on as it is
+    const char* type;         // selects the listeners; never null
+    EventScope scope;         // passed on unchanged
     const char* appId;        // may be null
     const char* extensionId;  // may be null
-    const char* data;         // the content, text by agreement of the two ends; may be null
+    const char* data;         // the content; sender and listeners agree on its format; may be null
 };
 
 }  // namespace event

@@ -2,19 +2,19 @@
 #define PLUG_PLUG_FUNCTIONS_H
 
 /*
- * The functions of PlugPlug, the host's event bus, over which the panel and the plug-ins reach each
- * other. They are found by name at run time in PlugPlugOwl.framework or PlugPlug.framework of the
- * host's private frameworks folder; a framework exports all five with C linkage, and nothing else.
+ * The functions of PlugPlug, the host's event bus, over which the panel and the plug-ins exchange
+ * events. Callers look them up by name in PlugPlugOwl.framework or PlugPlug.framework in the host's
+ * private frameworks folder. A framework exports these five functions with C linkage and no others.
  *
  * Common to all:
- *  - There is one bus in a process, whichever of the frameworks is open and however often.
- *  - The result is one of the codes below, 0 for success. Nothing is thrown out of a function.
- *  - Texts are zero-terminated UTF-8. Texts and events belong to the caller and need last only as
- *    long as the call.
- *  - Calls come on the host's main thread, and listeners are called there.
+ *  - A process has one bus, no matter which of the frameworks are open and how often.
+ *  - Returns one of the codes below, 0 for success. Never throws.
+ *  - Strings are zero-terminated UTF-8. Strings and events belong to the caller and must be valid
+ *    until the function returns.
+ *  - [main-thread] of the host; listeners are called there as well.
  *
- * The event itself is defined in PlugPlugEvent.h, and by whoever has a definition of their own with
- * that layout; this header goes along with both.
+ * This header only declares the event. PlugPlugEvent.h defines it; code may define it itself with
+ * the same layout.
  */
 
 #ifdef __cplusplus
@@ -32,54 +32,56 @@ typedef struct PlugPlugEvent PlugPlugEvent;
 enum {
     kPlugPlugSuccess = 0,
 
-    /* The type, the handler, the event, the type of the event or the name of the extension is
-       null. */
+    /* A required argument is null: type, handler, event, the event's type or the extension's
+       name. */
     kPlugPlugNullArgument = 1,
 
-    /* There is no such listener, or no such extension. */
+    /* No such listener or extension. */
     kPlugPlugNotFound = 2,
 
-    /* The event was dispatched from inside so many dispatches that it must be an endless chain. */
+    /* The event wasn't dispatched: kPlugPlugDeepestNesting dispatches are under way, so listeners
+       probably cause each other's events without end. */
     kPlugPlugNestedTooDeep = 3,
 
-    /* A listener threw an exception, which was dropped. The other listeners were called. */
+    /* A listener threw an exception, which was discarded. The other listeners were called. */
     kPlugPlugListenerFailed = 4,
 
-    /* There is no memory. */
+    /* Out of memory. */
     kPlugPlugFailure = 5
 };
 
-/* How many dispatches may be under way, each but the first from a listener of the one before. */
+/* The greatest number of dispatches under way at a time, each started by a listener of the one
+   before. */
 enum { kPlugPlugDeepestNesting = 32 };
 
-/* `context` is what came with the listener. The event is gone when the listener returns. */
+/* `context` is the one passed with the handler. The event is valid until the handler returns. */
 typedef void (*PlugPlugEventHandler)(const PlugPlugEvent* event, void* context);
 
-/* An extension is a panel by its name. This bus has none: whoever plays the panel is the host.
-   kPlugPlugNotFound for every name. */
+/* Loads or unloads an extension (a panel) by name. This bus has no extensions, because the host
+   itself plays the panel: returns kPlugPlugNotFound for every name. */
 typedef int (*PlugPlugLoadExtensionFunction)(const char* extensionId);
 typedef int (*PlugPlugUnloadExtensionFunction)(const char* extensionId);
 
 /*
- * From now on `handler` is called with each event whose type equals `type` byte for byte, in the
- * order in which listeners were added. A listener is its type, handler and context: adding one
- * again changes nothing and succeeds. One that is added inside a dispatch misses the events under
- * way.
+ * Registers `handler` for the events whose type equals `type` byte for byte. Listeners are called
+ * in the order in which they were added. Type, handler and context identify a listener: adding one
+ * again changes nothing and succeeds. A listener that is added during a dispatch doesn't receive
+ * the events under way.
  *
- * A listener stays until it is removed, or until the module that its handler is in was unloaded.
+ * A listener remains until it is removed or the module that contains its handler is unloaded.
  */
 typedef int (*PlugPlugAddEventListenerFunction)(const char* type, PlugPlugEventHandler handler,
                                                 void* context);
 
-/* The listener isn't called any more, by no event under way either. kPlugPlugNotFound if it was
-   never added. */
+/* Removes a listener; it doesn't receive the events under way either. Returns kPlugPlugNotFound if
+   there is no such listener. */
 typedef int (*PlugPlugRemoveEventListenerFunction)(const char* type, PlugPlugEventHandler handler,
                                                    void* context);
 
 /*
- * Calls the event's listeners and returns when all have returned; success if there is none. A
- * listener may dispatch events, add and remove listeners, itself included. The event's scope, names
- * and data aren't looked at.
+ * Calls the listeners of the event's type and returns when all have returned; succeeds if there are
+ * none. A listener may dispatch events and add and remove listeners, including itself. The other
+ * members of the event are passed on unchecked.
  */
 typedef int (*PlugPlugDispatchEventFunction)(const PlugPlugEvent* event);
 

@@ -40,7 +40,7 @@ std::size_t AllocationCounter::Frees() { return gFrees; }
 void AllocationCounter::FailNth(std::size_t nth) { gFailing = gAllocations + nth; }
 void AllocationCounter::YieldAtEach() { gIsYielding = true; }
 
-// The forms that aren't here call one of these.
+// The standard library's forms that are not defined here call one of these.
 void* operator new(std::size_t size) { return AllocateOrThrow(size, 1); }
 void* operator new[](std::size_t size) { return AllocateOrThrow(size, 1); }
 void* operator new(std::size_t size, std::align_val_t alignment)

@@ -2,17 +2,17 @@
 
 #include <cstddef>
 
-// Counts what the whole program allocates and frees with operator new and delete, in all their
-// forms, in any thread. A program that links this has them replaced.
+// Counts the calls of operator new and delete in the whole program: all forms, all threads. Linking
+// this replaces the operators. Thread-safe.
 namespace AllocationCounter {
 
 std::size_t Allocations();
 std::size_t Frees();
 
-// The n-th allocation from now, 1 being the next, finds no memory.
+// Makes the n-th allocation from now fail; 1 is the next one.
 void FailNth(std::size_t nth);
 
-// From now on each allocation lets other threads run, so that threads overlap in what they build.
+// Makes each allocation from now on yield to other threads, so that constructions overlap.
 void YieldAtEach();
 
 }  // namespace AllocationCounter

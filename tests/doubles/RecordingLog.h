@@ -3,14 +3,14 @@
 #include <string>
 #include <vector>
 
-// A line of the shared logger, taken apart.
+// A line of the shared logger, parsed.
 struct LoggedReport {
     std::string time;
     std::string category;
     std::string level;  // "Error", "Debug", ...
     std::string message;
 
-    // The five fields of a failure report; empty and 0 in any other line.
+    // The five fields of a failure report; empty or 0 for any other line.
     std::string name;
     std::string file;
     int line = 0;
@@ -18,7 +18,8 @@ struct LoggedReport {
     unsigned int code = 0;
 };
 
-// Records what the shared logger hands out while it lives, at all levels. One at a time.
+// Records every line of the shared logger, at all levels, while the object exists. Only one can
+// exist at a time. Its destructor removes all appenders and resets all levels.
 class RecordingLog {
 public:
     RecordingLog();

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-// Stands in for the trace: a program that links this keeps every line in memory. All from one
-// thread. The text is formatted in full, without the limit of the real trace.
+// Replaces the trace: a program that links this keeps every line in memory. Unlike the real trace
+// it doesn't limit the length of a line. Not thread-safe.
 
 struct TraceLine {
     int indentChange;  // 1 on entry, -1 on exit, 0 between
@@ -15,12 +15,12 @@ struct TraceLine {
 const std::vector<TraceLine>& Traces();
 void ClearTraces();
 
-// Whether a line of exactly this text came, or how many.
+// Returns whether there is a line with exactly this text, or how many there are.
 bool HasTrace(const std::string& text);
 std::size_t CountTraces(const std::string& text);
 
-// Whether a line begins so, for lines that end in addresses.
+// Returns whether a line begins with this text. For lines that end in addresses.
 bool HasTraceBeginningWith(const std::string& beginning);
 
-// The texts alone, in order.
+// Returns the texts of all lines, in order.
 std::vector<std::string> TraceTexts();

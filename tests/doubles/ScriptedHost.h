@@ -15,7 +15,7 @@
 
 typedef AIErr (*PluginEntry)(char* caller, char* selector, void* message);
 
-// A file-format message whose path is the host's: it is taken back when the holder goes.
+// A file-format message with a path of the host, which the destructor removes.
 class ScriptedFileFormatMessage {
 public:
     ScriptedFileFormatMessage(SPMessageData head, const std::string& path);
@@ -26,13 +26,12 @@ public:
     AIFileFormatMessage record;
 };
 
-// A host in memory. It answers all suites of the host interface from a model that the test fills
-// in, and keeps a log of every call. There is one at a time: the suites' functions go to the one
-// made last. Main thread only.
+// A host in memory. Implements all suites of the host interface over a model that the test sets,
+// and logs every call. Suite functions use the host that was constructed last. [main-thread]
 //
-// The log has one text per call: "Suite.Operation(arguments)", with texts in quotes, handles by
-// their kind and number ("frame 0", "font Name"), without arguments that only go out. Operations
-// of the text engine are named after their wrapper's suite: "ATE TextRange.AddRef".
+// The log has one string per call: "Suite.Operation(arguments)", with strings in quotes and handles
+// by kind and number ("frame 0", "font Name"), without output arguments. Operations of the text
+// engine are named after the suite: "ATE TextRange.AddRef".
 class ScriptedHost {
 public:
     ScriptedHost();
@@ -42,58 +41,60 @@ public:
 
     static ScriptedHost& Current();
 
-    // The model, to be filled in by the test.
+    // The model, which the test sets.
     std::vector<ScriptedDocument> documents;
-    int currentDocument = -1;                          // index, -1 for none
-    std::map<AIFaceScript, std::string> defaultFonts;  // PostScript name by script; none: an error
+    int currentDocument = -1;                          // index; -1: none is open
+    std::map<AIFaceScript, std::string> defaultFonts;  // PostScript name by script; the operation
+                                                       // fails for a script without an entry
     std::string privateFrameworksPath;
 
     // Adds a document and makes it the current one.
     ScriptedDocument& AddDocument(const std::string& path);
     _t_AIDocument* DocumentHandle(int index) const;
     AIArtHandle FrameHandle(int frame) const;
-    // A key or reference for a font of that name, as the font suite takes them. The reference is
-    // counted; it is the caller's.
+
+    // Return a key or a reference for a font of that name, as the font suite takes them. The caller
+    // releases the reference.
     AIFontKey FontKey(const std::string& name);
     const std::string* FontName(AIFontKey key) const;  // null for an unknown key
     ATE::_Font* NewFontReference(const std::string& name);
     ATE::_TextRange* NewRunReference(const std::string& fontName);
-    // A reference of any kind ("TextRunsIterator"), with one font name per run or item.
+    // Returns a reference of any kind ("TextRunsIterator"), with one font name per run or item.
     void* NewReferenceOfKind(const std::string& kind, std::vector<std::string> fonts);
 
-    // What the plug-in has registered and shown.
+    // What the plug-in has registered and which alerts and windows came up.
     std::vector<ScriptedNotifier> notifiers;
     std::vector<ScriptedTimer> timers;
     std::vector<ScriptedFileFormat> fileFormats;
     std::vector<ScriptedMenuItem> menuItems;
     std::vector<ScriptedMenuGroup> menuGroups;
-    // Handles that the next items get, in this order; later ones get handles of the host's own.
+    // Handles for the next menu items, in this order; later items get generated ones.
     std::list<AIMenuItemHandle> menuItemHandles;
     std::vector<ScriptedAlert> alerts;
-    std::vector<ModalWindow*> modalSessions;  // by the host's own modal-session function
+    std::vector<ModalWindow*> modalSessions;  // passed to the host's own modal-session function
 
-    // The handle given for the notifier of that host type; null if nobody subscribed to it.
+    // Returns the handle of the notifier of that type; null if it has no subscription.
     AINotifierHandle NotifierHandle(const std::string& type) const;
 
-    // Faults. The n-th call from now of "Suite.Operation" (1 is the next) gives the code and does
-    // nothing else; with n 0, every call.
+    // Makes the n-th call of "Suite.Operation" from now (1 is the next) return the code and do
+    // nothing else; 0 means every call.
     void FailCall(const std::string& operation, int nth, AIErr code);
-    // Every call of the operation succeeds and gives a null handle.
+    // Makes every call of the operation succeed with a null handle.
     void GiveNull(const std::string& operation);
-    // Runs in every call of the operation, before it is answered; may throw.
+    // Runs `action` in every call of the operation, before it does anything; may throw.
     void OnCall(const std::string& operation, std::function<void()> action);
     void RefuseSuite(const std::string& name, int version, AIErr code);
     void AllowSuite(const std::string& name, int version);
-    // Answers the basic suite's equality in the place of a byte comparison.
+    // If set, replaces the byte comparison of SPBasicSuite::IsEqual.
     std::function<bool(const char*, const char*)> isEqual;
 
-    // The log, whole or only the calls that begin so.
+    // The log: all calls, or those that begin with `beginning`.
     const std::vector<std::string>& Calls() const { return mCalls; }
     std::vector<std::string> Calls(const std::string& beginning) const;
     std::size_t CountCalls(const std::string& beginning) const;
     void ClearCalls() { mCalls.clear(); }
 
-    // What is out: each must be 0, or as the test says, once the plug-in has returned.
+    // The number of objects that the plug-in hasn't released.
     std::size_t LiveStrings() const { return strings.size(); }
     std::size_t LivePaths() const { return paths.size(); }
     std::size_t LiveBlocks() const { return blocks.size(); }
@@ -102,21 +103,21 @@ public:
     std::size_t LiveArtArrays() const { return artArrays.size(); }
     int SuiteReferences(const std::string& name, int version) const;
     int SuiteReferences() const;  // of all suites together
-    // Uses of unknown or dead handles and releases too many, in words. Must be empty.
+    // One line per use of an unknown or expired handle and per excess release. Must be empty.
     const std::vector<std::string>& Faults() const { return mFaults; }
 
-    // Messages, with the head as the host keeps it: its reference to the plug-in, the globals word
-    // that the plug-in stored, the basic suite.
+    // Messages. The head has the plug-in's reference, the globals that the plug-in stored last and
+    // the basic suite.
     void* globals = nullptr;
     SPMessageData Head();
     SPInterfaceMessage InterfaceMessage();
-    // `type` is kept by the host; an unknown type gives a null notifier.
+    // The host keeps a copy of `type`. A type without a subscription gives a null notifier.
     AINotifierMessage NotifierMessage(const std::string& type, void* notifyData = nullptr);
     AIMenuMessage MenuMessage(AIMenuItemHandle item);
     AITimerMessage TimerMessage();
     ScriptedFileFormatMessage FileFormatMessage(const std::string& path);
 
-    // Hands a message to the plug-in and keeps the globals word that comes back.
+    // Sends a message to the plug-in and stores the globals that it returns.
     template <class Message>
     AIErr Send(PluginEntry entry, std::string caller, std::string selector, Message& message)
     {
@@ -127,7 +128,7 @@ public:
 
     SPBasicSuite* Basic();
 
-    // For the suites' functions.
+    // Used by the suites' functions.
     AIErr Record(const std::string& operation, const std::string& arguments);
     bool GivesNull(const std::string& operation) const;
     AIErr Fault(const std::string& text);
@@ -141,12 +142,12 @@ public:
     std::map<void*, ScriptedBlock> blocks;
     std::map<void*, ScriptedReference> references;
     std::map<void*, std::vector<AIArtHandle>> artSets;
-    std::map<void*, std::unique_ptr<ScriptedArtArray>> artArrays;  // of GetMatchingArt
+    std::map<void*, std::unique_ptr<ScriptedArtArray>> artArrays;  // from GetMatchingArt
 
 private:
     struct Failure {
         std::string operation;
-        int nth;  // calls to go; 0 for every one
+        int nth;  // calls left; 0: every call; -1: done
         AIErr code;
     };
 
@@ -158,9 +159,9 @@ private:
     std::map<std::pair<std::string, int>, AIErr> mRefused;
     std::map<std::pair<std::string, int>, int> mSuiteReferences;
     std::map<void*, std::string> mFontKeys;
-    std::list<std::string> mNotifierTypes;  // the messages point into these
+    std::list<std::string> mNotifierTypes;  // messages point to these strings
     std::size_t mNextHandle = 0x100000;
 };
 
-// A text in quotes for the log; a null one is "(null)" without them.
+// Returns the string in quotes for the log; "(null)" without quotes for null.
 std::string Quoted(const char* text);

@@ -7,14 +7,13 @@ namespace {
 
 constexpr std::size_t kFrameBase = 0xF0000;
 constexpr std::size_t kPlacedBase = 0xE0000;
-constexpr AIErr kNoDocument = 0x4E4F4443;  // 'NODC'
 
 AIArtHandle ArtHandle(std::size_t base, std::size_t index)
 {
     return reinterpret_cast<AIArtHandle>(base + index * 16);
 }
 
-// The index of the art, or -1 for a handle of another kind.
+// Returns the index of the art, or -1 for a handle of another kind.
 int IndexOf(AIArtHandle art, std::size_t base, std::size_t count)
 {
     for (std::size_t index = 0; index < count; ++index) {
@@ -68,7 +67,7 @@ AIErr GetMatchingArt(AIMatchingArtSpec* specs, int16_t numSpecs, AIArtHandle*** 
 {
     const std::string operation = "AIMatchingArtSuite.GetMatchingArt";
     if (const AIErr code = Host().Record(operation, SpecText(specs, numSpecs))) return code;
-    if (Host().Document() == nullptr) return kNoDocument;
+    if (Host().Document() == nullptr) return kScriptedNoDocument;
     if (Host().GivesNull(operation)) return kHostSuccess;
     auto array = std::make_unique<ScriptedArtArray>();
     array->art = Matches(specs, numSpecs);
@@ -92,7 +91,7 @@ AIErr GetPlacedFilePathFromArt(AIArtHandle art, ai::UnicodeString& path)
         return code;
     }
     const ScriptedDocument* const document = Host().Document();
-    if (document == nullptr) return kNoDocument;
+    if (document == nullptr) return kScriptedNoDocument;
     const int placed = IndexOf(art, kPlacedBase, document->placedPaths.size());
     if (placed < 0) return Host().Fault("not placed art");
     SetHostString(path, document->placedPaths[static_cast<std::size_t>(placed)]);
@@ -104,7 +103,7 @@ AIErr FrameReference(const char* operation, const char* kind, AIArtHandle art, R
 {
     if (const AIErr code = Host().Record(operation, ArtName(art))) return code;
     const ScriptedDocument* const document = Host().Document();
-    if (document == nullptr) return kNoDocument;
+    if (document == nullptr) return kScriptedNoDocument;
     const int frame = IndexOf(art, kFrameBase, document->frames.size());
     if (frame < 0) return Host().Fault("not a text frame");
     if (Host().GivesNull(operation)) return kHostSuccess;
@@ -171,7 +170,7 @@ AIErr MatchingArtSet(AIArtSpec* specs, short numSpecs, AIArtSet set)
             Host().Record("AIArtSetSuite.MatchingArtSet", SpecText(specs, numSpecs))) {
         return code;
     }
-    if (Host().Document() == nullptr) return kNoDocument;
+    if (Host().Document() == nullptr) return kScriptedNoDocument;
     const auto found = Host().artSets.find(set);
     if (found == Host().artSets.end()) return Host().Fault("unknown art set");
     found->second = Matches(specs, numSpecs);

@@ -10,7 +10,8 @@ HandleType NewHandleOf()
     return static_cast<HandleType>(Host().NewHandle());
 }
 
-// The null item is known to nobody but no fault: the plug-in keeps an entry under it.
+// Returns null for an unknown item, which is a fault, and for the null item, which isn't: the
+// plug-in keeps an entry for it.
 ScriptedMenuItem* Item(AIMenuItemHandle item)
 {
     if (item == nullptr) return nullptr;
@@ -21,7 +22,7 @@ ScriptedMenuItem* Item(AIMenuItemHandle item)
     return nullptr;
 }
 
-// An item is named by its key, else by its text. A removed one is no fault yet.
+// Returns the item's key, or its text if it has none. A removed item is no fault yet.
 std::string NameOf(AIMenuItemHandle item)
 {
     if (item == nullptr) return "null";

@@ -5,9 +5,13 @@
 
 #include "HostInterface.h"
 
-// What a scripted host consists of: plain records, filled in by the test or by the plug-in's calls.
+// The model of a scripted host: plain records, set by the test or by the plug-in's calls.
 
-// Stands in a list of story fonts for a font that is null.
+// Codes of the scripted host: no document is open, or defaultFonts lacks the script.
+constexpr AIErr kScriptedNoDocument = 0x4E4F4443;     // 'NODC'
+constexpr AIErr kScriptedNoDefaultFont = 0x4E4F464E;  // 'NOFN'
+
+// An entry of storyFonts that is the null font.
 inline const char* const kNullFont = "(a null font)";
 
 struct ScriptedFrame {
@@ -15,10 +19,10 @@ struct ScriptedFrame {
 };
 
 struct ScriptedDocument {
-    std::string path;  // empty: the path operation gives an empty path
+    std::string path;  // empty: the document suite returns a null path
     bool modified = false;
     std::vector<ScriptedFrame> frames;
-    std::vector<std::string> storyFonts;  // what the inspector of all stories gives, in order
+    std::vector<std::string> storyFonts;  // what the inspector of all stories returns, in order
     std::vector<std::string> placedPaths;
 };
 
@@ -74,20 +78,20 @@ struct ScriptedAlert {
 };
 
 struct ScriptedBlock {
-    std::vector<unsigned char> bytes;  // 0xA5 throughout when handed out
+    std::vector<unsigned char> bytes;  // all 0xA5 at first
     std::string name;
 };
 
-// An array behind a memory handle: the handle is the address of `first`.
+// An array with a memory handle, which is the address of `first`.
 struct ScriptedArtArray {
     std::vector<AIArtHandle> art;
     AIArtHandle* first;
 };
 
-// A counted reference of the text engine.
+// A reference of the text engine.
 struct ScriptedReference {
     std::string kind;  // the suite's own name, such as "TextRange"
     int count;
-    std::vector<std::string> fonts;  // font names of the runs, of the array or of the one font
+    std::vector<std::string> fonts;  // font names of the runs or of the array, or the one font
     std::size_t position;            // of an iterator
 };

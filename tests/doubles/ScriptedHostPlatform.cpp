@@ -1,4 +1,4 @@
-// The table that a host executable exports, answered by the current scripted host.
+// The table that a host executable exports. Its functions use the current scripted host.
 
 #include "HostPlatform_Linux.h"
 #include "ScriptedHost.h"
@@ -24,7 +24,7 @@ void ShowAlert(const char* messageText, const char* informativeText)
 
 extern "C" __attribute__((visibility("default"))) SHostPlatform* GetHostPlatform()
 {
-    // Made once: the plug-in exchanges a slot of it.
+    // One table for all tests, because the plug-in replaces a slot of it and never restores it.
     static SHostPlatform platform = {BeginModalSession, ShowAlert, ""};
     platform.privateFrameworksPath = ScriptedHost::Current().privateFrameworksPath.c_str();
     return &platform;

@@ -40,7 +40,7 @@ AIErr GetDocumentFileSpecification(ai::FilePath& file)
         return code;
     }
     const ScriptedDocument* const document = Host().Document();
-    if (document == nullptr) return 0x4E4F4443;  // 'NODC'
+    if (document == nullptr) return kScriptedNoDocument;
     if (document->path.empty()) return kHostSuccess;
     PathSlot(file) = Host().NewHandle();
     Host().paths[PathSlot(file)] = document->path;
@@ -50,7 +50,7 @@ AIErr GetDocumentFileSpecification(ai::FilePath& file)
 AIErr GetDocumentModified(bool* modified)
 {
     if (const AIErr code = Host().Record("AIDocumentSuite.GetDocumentModified", "")) return code;
-    if (Host().Document() == nullptr) return 0x4E4F4443;
+    if (Host().Document() == nullptr) return kScriptedNoDocument;
     *modified = Host().Document()->modified;
     return kHostSuccess;
 }
@@ -58,7 +58,7 @@ AIErr GetDocumentModified(bool* modified)
 AIErr GetDocument(_t_AIDocument** document)
 {
     if (const AIErr code = Host().Record("AIDocumentSuite.GetDocument", "")) return code;
-    if (Host().Document() == nullptr) return 0x4E4F4443;
+    if (Host().Document() == nullptr) return kScriptedNoDocument;
     *document = Host().DocumentHandle(Host().currentDocument);
     return kHostSuccess;
 }

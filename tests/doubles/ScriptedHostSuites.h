@@ -4,12 +4,12 @@
 
 #include "ScriptedHost.h"
 
-// Inside of the scripted host: the suites' tables, one function per source file that fills them.
+// Internal to the scripted host: access to the tables of the suites.
 
 inline ScriptedHost& Host() { return ScriptedHost::Current(); }
 
-// The table of the suite, null if the host hasn't got that name in that version. Suites that nobody
-// calls have an empty table.
+// Returns the table of the suite, or null for an unknown name or version. Suites that the plug-in
+// never calls have an empty table.
 void* SuiteNamed(const char* name, int version);
 
 AIDocumentSuite* DocumentSuite();
@@ -27,10 +27,11 @@ AIFileFormatSuite* FileFormatSuite();
 AITimerSuite* TimerSuite();
 AIMenuSuite* MenuSuite();
 
-// The text engine's table for an own name such as "TextRange"; null if it is never called.
+// Returns the table of the text engine suite, by its own name, such as "TextRange"; null for a
+// suite that the plug-in never calls.
 void* TextEngineSuite(const std::string& ownName);
 
-// The one pointer that a host string or path consists of.
+// Returns the pointer that a host string or path consists of.
 inline void*& StringSlot(const ai::UnicodeString& string)
 {
     static_assert(sizeof(ai::UnicodeString) == sizeof(void*));
@@ -42,7 +43,7 @@ inline void*& PathSlot(const ai::FilePath& path)
     return *reinterpret_cast<void**>(const_cast<ai::FilePath*>(&path));
 }
 
-// Makes the string of these bytes, in the place of what it held.
+// Sets a host string to these bytes and frees what it held.
 void SetHostString(ai::UnicodeString& string, const std::string& bytes);
 std::string HostStringText(const ai::UnicodeString& string);
 

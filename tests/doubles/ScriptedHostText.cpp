@@ -1,5 +1,5 @@
-// The scripted host's text engine and fonts. A reference is a number that leads to its record; an
-// operation on an unknown, dead or wrong one is a fault.
+// The scripted host's text engine and fonts. A reference is a key of ScriptedHost::references; an
+// operation on an unknown or expired reference, or one of another kind, is a fault.
 
 #include "ScriptedHostSuites.h"
 
@@ -41,7 +41,7 @@ AIErr ReleaseOf(const char* kind, void* reference)
     return kHostSuccess;
 }
 
-// One suite each: the kind names it in the log.
+// One kind per suite; the log shows its name.
 struct TextFrameKind {
     static constexpr const char* name = "TextFrame";
 };
@@ -85,7 +85,7 @@ AIErr Release(Reference* reference)
     return ReleaseOf(Kind::name, reference);
 }
 
-// Gives a new reference made from the record of the one asked.
+// Returns a new reference, created from the record of `from`.
 template <class From, class To, class Source, class Result>
 AIErr Derive(const char* member, Source* source, Result** result,
              std::vector<std::string> (*fonts)(ScriptedReference&),
@@ -216,7 +216,7 @@ AIErr GetDefaultFontForScript(AIFaceScript script, AIFontKey* key)
     const std::string operation = "AIFontSuite.GetDefaultFontForScript";
     if (const AIErr code = Host().Record(operation, std::to_string(script))) return code;
     const auto found = Host().defaultFonts.find(script);
-    if (found == Host().defaultFonts.end()) return 0x4E4F464E;  // 'NOFN'
+    if (found == Host().defaultFonts.end()) return kScriptedNoDefaultFont;
     if (!Host().GivesNull(operation)) *key = Host().FontKey(found->second);
     return kHostSuccess;
 }

@@ -3,6 +3,6 @@
 #include <string>
 #include <vector>
 
-// Stands in for the system's list of processes: a program that links this, with the options of its
-// library, sees no live process. Each test begins with what it sets here.
+// Replaces the system's list of running executables in a program that links this with the link
+// options of its library. Starts empty; each test has to reset it.
 std::vector<std::string>& ScriptedExecutables();

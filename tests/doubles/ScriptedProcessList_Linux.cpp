@@ -6,7 +6,7 @@ std::vector<std::string>& ScriptedExecutables()
     return executables;
 }
 
-// Named by the linker: takes the place of OSGetRunningExecutables().
+// The linker's --wrap option redirects calls of OSGetRunningExecutables() to this name.
 std::vector<std::string> ListScriptedExecutables() asm(
     "__wrap__Z23OSGetRunningExecutablesB5cxx11v");
 std::vector<std::string> ListScriptedExecutables() { return ScriptedExecutables(); }

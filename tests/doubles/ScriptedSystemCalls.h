@@ -3,13 +3,13 @@
 #include <ctime>
 #include <vector>
 
-// Stands in for the system's clock and sleep: a program that links this, with the options of its
-// library, sees them through the script. Nothing sleeps.
+// Replaces the system's clock and sleep functions in a program that links this with the link
+// options of its library. Sleeping returns at once.
 struct ScriptedSystemCalls {
     std::vector<unsigned int> sleeps;  // microseconds
 
-    bool isClockSet = false;  // false: the real time
-    bool isClockBroken = false;
+    bool isClockSet = false;     // true: the time is `now`; false: the real time
+    bool isClockBroken = false;  // true: clock_gettime fails
     timespec now = {};
 
     static ScriptedSystemCalls& Current();

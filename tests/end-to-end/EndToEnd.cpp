@@ -17,9 +17,6 @@ std::string Quote(const fs::path& path) { return "'" + path.string() + "'"; }
 
 EndToEnd::EndToEnd()
 {
-    std::string pattern = testing::TempDir() + "end-to-end-XXXXXX";
-    if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no scratch folder");
-    scratch = fs::canonical(pattern);
     home = scratch / "home";
     runFolder = scratch;
     pluginCore = fs::path(PLUGIN_CORE_FRAMEWORK).parent_path();
@@ -38,8 +35,6 @@ EndToEnd::EndToEnd()
                   "binding=\"strong\"><string>DejaVu Sans Mono</string></edit></match>"
                   "</fontconfig>");
 }
-
-EndToEnd::~EndToEnd() { fs::remove_all(scratch); }
 
 std::string EndToEnd::EnvironmentOfHome() const
 {

@@ -1,5 +1,4 @@
 #pragma once
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -9,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "ScratchFolder.h"
+
 // Runs the host program with the real plug-in in a home folder of the test's own. The machine's
 // fonts are hidden: fontconfig knows DejaVuSansMono, which so becomes the host's default font, and
 // whatever is activated. Whatever begins with the default font's name counts as the host's own, so
@@ -16,13 +17,12 @@
 class EndToEnd : public testing::Test {
 protected:
     EndToEnd();
-    ~EndToEnd() override;
 
     // The exit status of `headless-host open ARGUMENTS`, run in `runFolder`; -1 if a signal
     // ended it. What it wrote is in `output` and `errors`.
     int Open(const std::string& arguments);
 
-    // The same for any command of `headless-host`, as "run FILE".
+    // The same for any command of `headless-host`, as "script FILE".
     int Run(const std::string& commandLine);
 
     // The line of JSON for each file, in order, of the last run.
@@ -46,7 +46,8 @@ protected:
     // Fonts that were left below the user's font folder, in whatever state.
     std::vector<std::string> FontFilesInHome() const;
 
-    std::filesystem::path scratch;
+    const ScratchFolder folder;
+    std::filesystem::path scratch = folder.Path();
     std::filesystem::path home;
     std::filesystem::path runFolder;  // that programs are run in: the scratch folder
 

@@ -28,8 +28,8 @@ protected:
 
 TEST_F(Found, ThroughTheRunningVexcorWithoutAFile)
 {
-    ChildProcess vexcor = StartVexcor("run");
-    ASSERT_TRUE(vexcor.WaitForOutput("keeps ")) << vexcor.GetOutput();
+    ChildProcess vexcor = StartVexcor("watch");
+    ASSERT_TRUE(vexcor.WaitForOutput("watching ")) << vexcor.GetOutput();
     EXPECT_EQ(Open(document + " --json"), 0) << errors;
     vexcor.Send(SIGTERM);
     EXPECT_EQ(vexcor.Wait(), 0) << vexcor.GetOutput();
@@ -39,8 +39,8 @@ TEST_F(Found, TheRunningVexcorGoesBeforeTheFile)
 {
     WriteFile(home / ".local/share/Corvanta/com.corvanta.Vexcor-LaunchInfo.conf",
               "vexcor.path=/no/such/Vexcor\n");
-    ChildProcess vexcor = StartVexcor("run");
-    ASSERT_TRUE(vexcor.WaitForOutput("keeps ")) << vexcor.GetOutput();
+    ChildProcess vexcor = StartVexcor("watch");
+    ASSERT_TRUE(vexcor.WaitForOutput("watching ")) << vexcor.GetOutput();
     EXPECT_EQ(Open(document + " --json"), 0) << errors;
 }
 
@@ -69,8 +69,8 @@ TEST_F(Found, AFileThatLeadsNowhereTellsTheSame)
 // The one program keeps the index while the other opens, and both are at the same fonts.
 TEST_F(Found, VexcorTellsWhichDocumentHoldsAFont)
 {
-    ChildProcess vexcor = StartVexcor("run");
-    ASSERT_TRUE(vexcor.WaitForOutput("keeps ")) << vexcor.GetOutput();
+    ChildProcess vexcor = StartVexcor("watch");
+    ASSERT_TRUE(vexcor.WaitForOutput("watching ")) << vexcor.GetOutput();
     EXPECT_EQ(Open(document + " --json --exec \"'" VEXCOR_PROGRAM "' why DejaVuSans >'" +
                    (scratch / "why").string() + "'\""),
               0)

@@ -6,9 +6,9 @@
 #include <string>
 #include <string_view>
 
-#include "documents/OpenDocument.h"
-#include "documents/bytes/InflateBudget.h"
 #include "documents/bytes/Utf8.h"
+#include "documents/OpenDocument.h"
+#include "documents/bytes/ReadBudget.h"
 #include "documents/native/NativeScan.h"
 #include "documents/native/NativeTextTree.h"
 
@@ -47,7 +47,7 @@ void CheckResult(const documents::OpenResult& result)
 
 [[maybe_unused]] void ReadNativeText(std::string_view bytes)
 {
-    const documents::InflateBudget budget(GetLimits().inflatedBytes, GetLimits().seconds);
+    const documents::ReadBudget budget(GetLimits().inflatedBytes, GetLimits().seconds);
     try {
         (void)documents::ScanNative(bytes);  // what it finds is checked below, in a whole file
         const documents::NativeTextTree tree(bytes);
@@ -60,7 +60,7 @@ void CheckResult(const documents::OpenResult& result)
                 Require(shown <= all);
             }
         }
-    } catch (const documents::TooLarge&) {
+    } catch (const documents::LimitExceeded&) {
         // A limit that held.
         return;
     }

@@ -60,7 +60,7 @@ TEST_P(Session, GoesAsItIsKept)
         WriteFile(home / ".config/Corvanta/settings.json", R"({"PluginEnabled":"0"})");
     }
     fs::copy(fs::path(SESSIONS_FOLDER) / (name + ".session"), scratch / "session");
-    EXPECT_EQ(Run("run session --journal journal"), 0) << output << errors;
+    EXPECT_EQ(Run("script session --journal journal"), 0) << output << errors;
     const std::string road = Condense(ReadFile(scratch / "journal"), scratch.string());
     const fs::path golden = fs::path(SESSIONS_FOLDER) / "golden" / (name + ".txt");
     if (std::getenv("UPDATE_GOLDEN") != nullptr) WriteFile(golden, road);

@@ -1,13 +1,15 @@
 #pragma once
 
-// The numbering of all failures below the host boundary: an unsigned 32-bit code, 0 for success.
-// Bits 24 to 31 hold the ordinal within a class, counted from 1; bits 0 to 23 the class number,
-// which is 0 for the codes common to all.
+// Makes the code of a failure below the host boundary: 32 bits, 0 for success.
+//
+// ordinal       the error's number within its class, from 1; bits 24 to 31 of the code
+// classNumber   identifies the class that declares it; bits 0 to 23. 0 is CoreErrorCodes.
 constexpr unsigned int MakeErrorCode(unsigned int ordinal, unsigned int classNumber)
 {
     return (ordinal << 24) + classNumber;
 }
 
+// The codes that every class may return. GetNameForErrorCode (CppCoreMacros.h) gives their names.
 struct CoreErrorCodes {
     static constexpr unsigned int kSuccess = 0;
     static constexpr unsigned int kError = MakeErrorCode(1, 0);
@@ -20,7 +22,7 @@ struct CoreErrorCodes {
     static constexpr unsigned int kNotImplemented = MakeErrorCode(8, 0);
     static constexpr unsigned int kItemAlreadyExists = MakeErrorCode(9, 0);
     static constexpr unsigned int kItemNotHandled = MakeErrorCode(10, 0);
-    // The ordinal 11 is not in use.
+    // Ordinal 11 is unused.
     static constexpr unsigned int kIndexOutOfRange = MakeErrorCode(12, 0);
     static constexpr unsigned int kDatabaseError = MakeErrorCode(13, 0);
     static constexpr unsigned int kVersionMismatch = MakeErrorCode(14, 0);

@@ -2,8 +2,9 @@
 
 #include "GLockStrategy.h"
 
-// Waits until the lockable is free.
+// Locks by waiting, without limit, until the lockable is free. Stateless. [any thread]
 class GBlockingLockStrategy : public GLockStrategy {
 public:
+    // Returns the result of lockable.Lock().
     unsigned int Lock(GLockable& lockable) override;
 };

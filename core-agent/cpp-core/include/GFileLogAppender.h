@@ -5,16 +5,20 @@
 #include "GLogAppender.h"
 #include "GNoncopyable.h"
 
-// Lines at the end of a file, which is made when it isn't there. Each line is written whole, so
-// that several processes may share the file. Errors cost the line and nothing else.
+// Appends log lines to a file.
+//
+// Several processes may append to the same file: their lines don't mix. The file remains open for
+// the appender's life. Errors lose the line and are not reported.
 class GFileLogAppender : public GLogAppender, private GNoncopyable {
 public:
+    // Opens the file at `path` (UTF-8) and creates it, but not its folder, if it doesn't exist.
     explicit GFileLogAppender(const std::string& path);
     ~GFileLogAppender() override;
 
-    // False when the file couldn't be opened; lines are then dropped.
+    // Returns false if the file couldn't be opened; Append then drops every line.
     bool IsOpen() const;
 
+    // Writes the line as it is, before it returns.
     void Append(std::string line) override;
 
 private:

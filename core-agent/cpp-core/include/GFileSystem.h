@@ -5,7 +5,10 @@
 #include "CoreErrorCodes.h"
 #include "GFileSystemSpec.h"
 
-// What the operating system says about paths: UTF-8 byte strings with "/" between the components.
+// Operations on paths that depend on the operating system.
+//
+// A path is a UTF-8 byte string with "/" between its components. No operation looks whether a file
+// exists. Stateless; failures are written to the log. [any thread]
 class GFileSystem {
 public:
     static constexpr unsigned int kFileNotFound = MakeErrorCode(1, 0x1005);
@@ -22,19 +25,25 @@ public:
     static constexpr unsigned int kInvalidCharacterForFileSystemRepresentation =
         MakeErrorCode(12, 0x1005);
 
+    // Returns "/".
     static std::string OSGetPathSeparator();
 
-    // True for a path that is empty or doesn't begin with the separator.
+    // Returns true if the path doesn't begin with the separator. An empty path is partial.
     static bool OSIsPartialPath(const std::string& path);
 
-    // True for a full path, which then loses its trailing separators; the root keeps its own.
+    // Returns true if the path begins with the separator, and then removes trailing separators from
+    // it. "/" remains "/", but "//" becomes the empty path.
     static bool OSIsValidFullPath(std::string& path);
 
-    // Empty when the working directory can't be told, which is reported.
+    // Returns the working directory; empty if it can't be determined or its path exceeds 1,023
+    // bytes.
     static GFileSystemSpec OSGetCWD();
 
-    // A leading tilde becomes the home folder, and the text what file system calls take. Text that
-    // isn't UTF-8 is taken as MacRoman, with a warning in the log. A failure is reported, leaves
-    // the path, and gives kInvalidCharacterForFileSystemRepresentation.
+    // Replaces a leading "~" ($HOME or the user database) or "~user" by the home folder and
+    // converts the path to what file system calls take. Text that isn't UTF-8 is decoded as
+    // MacRoman, with a warning in the log.
+    //
+    // Returns 0 or kInvalidCharacterForFileSystemRepresentation, with `path` unchanged. An unknown
+    // user is not an error: the path remains as it is.
     static unsigned int OSExpandPath(std::string& path);
 };

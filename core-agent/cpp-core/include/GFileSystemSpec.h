@@ -2,28 +2,34 @@
 
 #include <string>
 
-// One absolute path without a trailing separator, or none. What can't be stored leaves it as it
-// was; failures are reported.
+// An absolute path without a trailing separator, or the empty path.
+//
+// No operation looks whether a file exists. Operations that fail leave the path unchanged and write
+// to the log. Copies are independent. [any thread, one object on one thread at a time]
 class GFileSystemSpec {
 public:
     GFileSystemSpec();
-    // Takes quotes away from both ends, expands a leading tilde and completes a partial path with
-    // the working directory; null counts as empty, which is the working directory.
+    // Removes double quotes from both ends, expands a leading tilde and completes a partial path
+    // with the working directory. Null and "" give the working directory. Empty on failure.
     GFileSystemSpec(const char* path);
 
     std::string GetFullPath() const;
     operator std::string() const;
 
-    // CoreErrorCodes::kInvalidParam for a relative path; an empty one is accepted.
+    // Expands a leading tilde and stores the path without trailing separators. "" is accepted.
+    // Returns 0, CoreErrorCodes::kInvalidParam for a relative path, or the error of
+    // GFileSystem::OSExpandPath.
     unsigned int SetFullPath(const std::string& path);
 
-    // The component may hold separators; an empty one changes nothing.
+    // Appends the component after one separator. The component may contain separators; those at its
+    // ends are ignored, and an empty one changes nothing. Returns *this.
     GFileSystemSpec& AppendPathComponent(const std::string& component);
 
-    // The parent of "/a" is "/"; that of "/" is the empty path.
+    // Replaces the path by its parent's. The parent of "/a" is "/", that of "/" is the empty path.
+    // Returns *this.
     GFileSystemSpec& RemoveLastPathComponent();
 
-    // Without separators: "b" of "/a/b/", empty of "/".
+    // Returns the last component without separators: "b" for "/a/b" and "/a/b/", "" for "/".
     std::string GetLastPathComponent() const;
     static std::string GetLastPathComponent(const std::string& path);
 

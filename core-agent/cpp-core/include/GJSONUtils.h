@@ -7,15 +7,22 @@
 
 using nlohmann::json;
 
-// The JSON library with codes in the place of exceptions. No state; any thread.
+// Wraps the JSON library so that it returns error codes instead of throwing.
+// Stateless; errors are written to the log. [any thread]
 class GJSONUtils {
 public:
-    // kInvalidParam for a text that isn't JSON, comments included; `value` then keeps what it held.
+    // Parses `text` (UTF-8) into `value`.
+    // Returns 0, or kInvalidParam with `value` unchanged if the text isn't JSON. Comments are
+    // errors.
     static unsigned int Parse(const std::string& text, json& value);
 
-    // kNotFound for an empty value, an absent key and a value of another type than T, kInvalidParam
-    // for what isn't an object; `value` then keeps what it held. An absent key is a normal outcome
-    // and its report silent. T is json or string.
+    // Copies the member `key` of the object `source` into `value`. T is json or std::string.
+    //
+    // On failure `value` is unchanged and the result is
+    //   kNotFound      `source` is null, {} or [], has no such key (not logged, since callers
+    //   expect
+    //                  it), or the member can't be converted to T
+    //   kInvalidParam  `source` is anything else but an object
     template <class T>
     static unsigned int GetValueForKey(const json& source, const std::string& key, T& value)
     {
@@ -35,7 +42,7 @@ public:
     }
 
 private:
-    // Reports and returns the code.
+    // Logs the failure and returns the code.
     static unsigned int Fail(int level, unsigned int code, const char* expression, int line)
     {
         ReportCoreError("Miscellaneous", level, code, expression, __FILE__, line);

@@ -2,12 +2,15 @@
 
 #include <string>
 
-// Where finished log lines go. The logger that it was added to owns it.
+// Receives the finished lines of a logger, for example to write them to a file.
+//
+// GLogger::AddAppender takes ownership; the appender is deleted by the logger, on any thread.
 class GLogAppender {
 public:
     virtual ~GLogAppender();
 
-    // One whole line with its newline, never from two threads of one logger at once. Whatever it
-    // logs itself is dropped.
+    // Receives one line in UTF-8, with its newline. A logger never calls it from two threads at the
+    // same time. Log calls that it makes are dropped. An exception loses the line for the appenders
+    // that follow, and nothing else. [any thread]
     virtual void Append(std::string line) = 0;
 };

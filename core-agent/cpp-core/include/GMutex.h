@@ -7,7 +7,10 @@
 #include "GLockable.h"
 
 // A mutex that knows its owner: a second lock by the thread that holds it fails at once instead of
-// blocking for ever. No fairness is promised.
+// deadlocking. It is not fair: waiting threads get it in no particular order.
+//
+// Every operation may also return kMutexInvalidErr, or CoreErrorCodes::kError, if the operating
+// system refuses. [any thread] Destroy it only when it is free and no thread waits for it.
 class GMutex : public GLockable {
 public:
     static constexpr unsigned int kMutexDeadlockErr = MakeErrorCode(1, 0x100B);
@@ -16,14 +19,19 @@ public:
     GMutex();
     ~GMutex() override;
 
-    // kMutexDeadlockErr when the calling thread holds it already.
+    // Waits without limit. Returns kMutexDeadlockErr if the calling thread already holds it.
     unsigned int Lock() override;
+    // Does not wait. Returns kLockBusyErr if another thread holds it, kMutexDeadlockErr if the
+    // calling thread does.
     unsigned int TryLock() override;
 
-    // 0 never waits, 0xFFFFFFFF waits without limit; a timeout gives kLockBusyErr.
+    // Waits at most `milliseconds`; 0 does not wait, 0xFFFFFFFF waits without limit. Returns
+    // kLockBusyErr on timeout, kMutexDeadlockErr if the calling thread already holds it. A change
+    // of the system's clock changes the wait.
     unsigned int TryLockWithTimeout(unsigned int milliseconds) override;
 
-    // kMutexDeadlockErr, and no change, unless the calling thread holds it.
+    // Releases it. Returns kMutexDeadlockErr and changes nothing if the calling thread does not
+    // hold it.
     unsigned int Unlock() override;
 
 private:
@@ -31,8 +39,8 @@ private:
     bool IsHeldByCaller() const;
 
     pthread_mutex_t mMutex;     // guards the members below; never held across calls
-    pthread_cond_t mCondition;  // waiters sleep on it
+    pthread_cond_t mCondition;  // signalled when the mutex becomes free
     int32_t mLockCount = 0;     // 0 when free
-    bool mIsRecursive = false;  // nothing sets it
-    pthread_t mOwner = {};      // meaningful while the count isn't 0
+    bool mIsRecursive = false;  // always false: no caller needs recursion
+    pthread_t mOwner = {};      // valid while mLockCount isn't 0
 };

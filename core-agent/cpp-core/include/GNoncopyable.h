@@ -1,6 +1,7 @@
 #pragma once
 
-// A class that derives from it, non-publicly, can't be copied.
+// Base of classes that can't be copied. Derive privately: it is not an interface, and its
+// destructor is not virtual.
 class GNoncopyable {
 protected:
     GNoncopyable() = default;

@@ -8,19 +8,24 @@
 
 class GLockable;
 
-// Holds a lock for a scope. Whoever makes one tests IsLocked() and gives up what needed the lock
-// when it is false. Failures are reported; nothing is thrown.
+// Holds a lock for the length of a scope.
+//
+// Locking can fail, so test IsLocked() before the work that needs the lock. Failures are written to
+// the log and never thrown. Use the object on one thread only; the lockable must outlive it.
 class GScopedLock : private GNoncopyable {
 public:
     static constexpr unsigned int kFailedToAcquireLock = MakeErrorCode(1, 0x101D);
 
-    // Owns the strategy; null means one that blocks. Locks at once if `lockNow`.
+    // lockable   what is locked; not owned
+    // lockNow    whether to lock in the constructor
+    // strategy   how to lock; owned by this object. Null means GBlockingLockStrategy.
     GScopedLock(GLockable& lockable, bool lockNow, GLockStrategy* strategy);
+    // Unlocks if locked.
     ~GScopedLock();
 
-    // True when locked afterwards; does nothing when it was.
+    // Locks unless already locked. Returns IsLocked().
     bool Lock();
-    // Stays locked when the strategy fails.
+    // Unlocks. If the strategy fails, IsLocked() remains true and the destructor tries again.
     void Unlock();
     bool IsLocked() const;
 

@@ -2,8 +2,11 @@
 
 #include "GNoncopyable.h"
 
-// A scope whose end frees the platform's temporary objects. Where the platform has none, it is
-// empty.
+// Frees the platform's temporary objects at the end of a scope: an autorelease pool on macOS,
+// nothing elsewhere.
+//
+// Put one around code that calls the platform, since the host's own pool may be drained much later.
+// Objects on one thread must be nested like scopes. [any thread]
 class GScopedManagedMemory : private GNoncopyable {
 public:
     GScopedManagedMemory();
@@ -13,5 +16,5 @@ private:
     void OSSetupManagedMemory();
     void OSTearDownManagedMemory();
 
-    void* mOSManagedMemory;
+    void* mOSManagedMemory;  // the pool; null where there is none
 };

@@ -6,12 +6,19 @@
 #include "GMutex.h"
 #include "GScopedLock.h"
 
-// The one object of a class, made at first use and never deleted. Any thread.
+// Makes the only instance of a class T at first use.
+//
+// T needs a default constructor that this template may call. The instance is never deleted, so that
+// code that runs while the process ends can still use it.
 template <class T>
 class GSingleton {
 public:
-    // Null only while the first call fails to get its lock, or for a call that the making of the
-    // object itself leads to on the same thread: a report from there must not come back here.
+    // Returns the instance. The caller does not own it. Threads that call at the same time get the
+    // same one. [any thread]
+    //
+    // Returns null in two cases, so callers must test: if the lock of the first call fails, and if
+    // T's constructor calls this function, for example through a failure report that it makes.
+    // Exceptions of T's constructor pass through; the next call tries again.
     static T* GetSharedInstance()
     {
         static std::atomic<T*> sInstance{nullptr};

@@ -1,7 +1,8 @@
 #include "CoreErrorNames.h"
 
-// In ascending order of the code. Most rows name classes that other programs of the family hold.
-// kFontAlreadyInDatabase stands in the number range of the font adder: the number is what counts.
+// Ascending by code, because the lookup table is filled with a hint at its end. Most classes are
+// part of other programs of the family. kFontAlreadyInDatabase has the class number of the font
+// adder and not that of its own class.
 const CoreErrorName kCoreErrorNames[kCoreErrorNameCount] = {
     {0, 0, "CoreErrorCodes::kSuccess"},
     {1, 0, "CoreErrorCodes::kError"},

@@ -1,10 +1,11 @@
 #pragma once
 
-// The names of all error codes of the family of programs, as data: no constructor runs for it.
+// The names of all error codes of the family of programs, in ascending order of ordinal, then class
+// number. Constant data: nothing runs at program start.
 struct CoreErrorName {
     unsigned int ordinal;
     unsigned int classNumber;
-    const char* name;  // the constant's full qualified name
+    const char* name;  // qualified name of the constant
 };
 
 constexpr int kCoreErrorNameCount = 278;

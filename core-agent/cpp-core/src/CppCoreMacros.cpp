@@ -29,10 +29,10 @@ CodeTable* MakeCodeTable()
 
 std::string GetNameForErrorCode(unsigned int code)
 {
-    // Lives until the process ends.
+    // Never freed: code that runs while the process ends may still report failures.
     static std::atomic<CodeTable*> gMap{nullptr};
     static GMutex mutex;
-    // The report of a lock that fails here asks for a name as well: it must not lock again.
+    // If the lock below fails, its report asks for a name too and must not lock again.
     static thread_local bool sIsFilling = false;
     if (gMap.load(std::memory_order_acquire) == nullptr && !sIsFilling) {
         struct FillingScope {
@@ -55,7 +55,7 @@ std::string GetNameForErrorCode(unsigned int code)
 void ReportCoreError(const char* category, int level, unsigned int code, const char* expression,
                      const char* file, int line) noexcept
 {
-    // A lock that fails while the report is made is reported in turn, and would be without end.
+    // A lock that fails during the report is reported too: without this flag, endlessly.
     static thread_local bool sIsReporting = false;
     if (sIsReporting) return;
     struct ReportingScope {
@@ -69,6 +69,6 @@ void ReportCoreError(const char* category, int level, unsigned int code, const c
         logger->Log(category, GLogger::LoggingLevel(level), kReportFormat, name.c_str(), file, line,
                     expression, code);
     } catch (...) {
-        // A report that can't be made is lost: its caller has the code.
+        // The report is lost; the caller still returns the code.
     }
 }

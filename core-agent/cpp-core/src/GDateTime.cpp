@@ -23,7 +23,7 @@ unsigned int AssignField(short min, short max, int value, short& field)
 
 }  // namespace
 
-// The first is what the other constructors' failures look like.
+// The constructor without arguments would read the clock.
 const GDateTime GDateTime::kEmptyDateTime{std::string()};
 const GDateTime GDateTime::kMaxDateTime{std::string("2099-12-31T23:59:59.999Z")};
 
@@ -47,8 +47,9 @@ GDateTime::~GDateTime() = default;
 
 GDateTime& GDateTime::operator=(const GDateTime& other) = default;
 
-// One variable takes all numbers but the fraction, and is set once: a number missing at the very
-// end of the text repeats the one before it, while text that is no number gives 0.
+// One variable receives all numbers except the fraction and is never reset, so a number that is
+// missing at the end of the text gets the value of the number before it. Text that isn't a number
+// gives 0.
 unsigned int GDateTime::SetFromISO8601String(const std::string& dateString)
 {
     SDateTime dateTime;

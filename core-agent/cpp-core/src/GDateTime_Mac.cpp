@@ -7,7 +7,7 @@
 
 namespace {
 
-// Reports a condition that means failure, and hands it on.
+// Logs a failure and returns `isFailure`.
 bool Report(bool isFailure, const char* expression, int line)
 {
     if (isFailure) {
@@ -52,7 +52,7 @@ bool FillRecord(CFTimeZoneRef timeZone, double cfAbsTime, SDateTime& dateTime)
 GDateTime ConvertToTimeZone(CFTimeZoneRef timeZone, double cfAbsTime)
 {
     SDateTime dateTime;
-    // Each failure has been reported, and left the record empty.
+    // A failure is already in the log and leaves the record empty.
     (void)FillRecord(timeZone, cfAbsTime, dateTime);
     return GDateTime(dateTime);
 }

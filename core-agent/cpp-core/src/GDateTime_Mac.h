@@ -4,6 +4,9 @@
 
 #include "GDateTime.h"
 
-// The fields of a time, in seconds since 1 January 2001 UTC, in the zone; the fraction is cut to
-// milliseconds. Each failure is reported and leaves the value empty; a time of exactly 0 is one.
+// Returns the date and time in the time zone, truncated to milliseconds.
+//
+// timeZone    not owned; null is a failure
+// cfAbsTime   seconds since 1 January 2001 UTC; exactly 0 is a failure
+// A failure is written to the log and the result is empty. [any thread]
 GDateTime ConvertToTimeZone(CFTimeZoneRef timeZone, double cfAbsTime);

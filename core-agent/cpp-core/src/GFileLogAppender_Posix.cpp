@@ -12,7 +12,7 @@ GFileLogAppender::GFileLogAppender(const std::string& path)
 
 GFileLogAppender::~GFileLogAppender()
 {
-    // What was written is written.
+    // Errors of earlier writes can't be repaired here.
     if (mFile >= 0) (void)close(mFile);
 }
 

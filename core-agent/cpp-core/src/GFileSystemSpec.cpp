@@ -12,7 +12,8 @@ std::string StripBoth(const std::string& text, const std::string& edge)
     return GStringUtils::StripPrecedingString(GStringUtils::StripTrailingString(text, edge), edge);
 }
 
-// The separator in front of the last component, past one that ends the path.
+// Returns the index of the separator before the last component, ignoring a trailing separator;
+// npos if there is none.
 size_t FindLastSeparator(const std::string& path)
 {
     const std::string separator = GFileSystem::OSGetPathSeparator();
@@ -29,12 +30,12 @@ GFileSystemSpec::GFileSystemSpec() = default;
 GFileSystemSpec::GFileSystemSpec(const char* path)
 {
     std::string text = StripBoth(path == nullptr ? "" : path, "\"");
-    // A path that can't be expanded goes on as it is.
+    // A failure is in the log and leaves the text, which SetFullPath then checks.
     (void)GFileSystem::OSExpandPath(text);
     if (GFileSystem::OSIsPartialPath(text)) {
         text = GFileSystem::OSGetCWD().AppendPathComponent(text).GetFullPath();
     }
-    // A constructor has no result; the report is all there is.
+    // A failure is in the log and leaves the path empty.
     (void)SetFullPath(text);
 }
 
@@ -58,7 +59,7 @@ GFileSystemSpec& GFileSystemSpec::AppendPathComponent(const std::string& compone
     const std::string separator = GFileSystem::OSGetPathSeparator();
     const std::string stripped = StripBoth(component, separator);
     if (stripped.empty()) return *this;
-    // A failure leaves the path, and is reported.
+    // A failure is in the log and leaves the path unchanged.
     (void)SetFullPath(GStringUtils::StripTrailingString(mFullPath, separator) + separator +
                       stripped);
     return *this;
@@ -69,7 +70,7 @@ GFileSystemSpec& GFileSystemSpec::RemoveLastPathComponent()
     const std::string separator = GFileSystem::OSGetPathSeparator();
     const std::string path = mFullPath;
     size_t position = FindLastSeparator(path);
-    // What is set below is part of a path that was valid.
+    // Parts of a valid path are valid, so SetFullPath doesn't fail below.
     if (GSystem::IsMacOSX() && position == 0 && path.size() > separator.size()) {
         (void)SetFullPath(separator);
         return *this;

@@ -11,7 +11,7 @@ const char* GetText(NSString* text)
     return bytes != nullptr ? bytes : "";
 }
 
-// Runs the action; an NSException goes on as a GPlatformException with its description.
+// Runs the action and converts an NSException to a GPlatformException with its description.
 template <class Action>
 void Guarded(Action action)
 {
@@ -22,7 +22,7 @@ void Guarded(Action action)
 
 class MacString : public GPlatformString {
 public:
-    // Takes the reference over.
+    // Takes ownership of the caller's reference.
     explicit MacString(NSString* text) : mText(text) {}
     ~MacString() override { [mText release]; }
     MacString(const MacString&) = delete;
@@ -34,7 +34,7 @@ public:
         Guarded([&] {
             representation = [[mText stringByExpandingTildeInPath] fileSystemRepresentation];
         });
-        // The description of a text without one, where that isn't told by an exception.
+        // The platform may return null instead of throwing; the text is then the description.
         if (representation == nullptr) throw GPlatformException(GetText(mText));
         return representation;
     }

@@ -7,7 +7,7 @@
 
 namespace {
 
-// The same everywhere: a longer working directory is the reported failure.
+// Not PATH_MAX, which differs between platforms: a longer working directory fails on all of them.
 constexpr size_t kMaximumPath = 1024;
 
 }  // namespace
@@ -36,7 +36,7 @@ GFileSystemSpec GFileSystem::OSGetCWD()
                      "NULL == getcwd(&curPath[0], PATH_MAX)");
         return folder;
     }
-    // A failure leaves the empty path, and is reported.
+    // A failure is in the log and leaves the path empty.
     (void)folder.SetFullPath(curPath);
     return folder;
 }

@@ -62,6 +62,7 @@ bool GLogger::ShouldLog(const std::string& identifier, const LoggingLevel& level
     if (IsSilent(level)) return false;
     const LoggingLevel effective = GetLoggingLevelForIdentifier(identifier);
     if (IsSilent(effective)) return false;
+    // Higher levels are less important lines.
     return effective >= level;
 }
 
@@ -104,6 +105,8 @@ void GLogger::RemoveAllAppenders()
 void GLogger::AddAppender(const std::string& key, GLogAppender* appender)
 {
     std::unique_ptr<GLogAppender> owned(appender);
+    // The lock fails if an appender calls this while it writes: changing the map that LogvString
+    // iterates over would be an error.
     const GScopedLock lock(mAppenderMutex, true, new GBlockingLockStrategy);
     if (!lock.IsLocked()) return;
     mAppenders[key] = std::move(owned);

@@ -13,8 +13,8 @@ namespace {
 
 constexpr int kBufferStep = 256;
 
-// Formats into the buffer, which grows in steps and never shrinks. A format that fails leaves an
-// empty text.
+// Formats into the buffer, which grows in steps and never shrinks. If the format fails, the buffer
+// holds the empty text.
 void FormatInto(std::vector<char>& buffer, const char* format, va_list args)
 {
     va_list again;
@@ -38,8 +38,9 @@ void FormatInto(std::vector<char>& buffer, const char* format, va_list args)
 void GLogger::LogvString(const std::string& format, va_list args)
 {
     static GMutex sCurrentLogThreadMutex;
-    // Whoever is in the output stage may lead to a report of the lock and date classes: that call
-    // must end here, or it would wait for itself. Another thread's call passes and waits below.
+    // The lock and date classes used below may log failures themselves. Such a call, on the same
+    // thread, must return here, because it would wait for itself. Calls of other threads pass and
+    // wait for appenderLock.
     static void* sCurrentLogThread = nullptr;
     {
         const GScopedLock lock(sCurrentLogThreadMutex, true, new GBlockingLockStrategy);
@@ -66,7 +67,7 @@ void GLogger::LogvString(const std::string& format, va_list args)
                 if (entry.second) entry.second->Append(line.str());
             }
         } catch (...) {
-            // The line is lost; the stage must be left all the same.
+            // The line is lost, but sCurrentLogThread must still be reset.
         }
     }
 

@@ -30,14 +30,14 @@ unsigned int ConvertPthreadError(int error)
 
 GMutex::GMutex()
 {
-    // With default attributes neither fails.
+    // With default attributes, neither call fails.
     (void)pthread_mutex_init(&mMutex, nullptr);
     (void)pthread_cond_init(&mCondition, nullptr);
 }
 
 GMutex::~GMutex()
 {
-    // Nobody is left who could act on a failure.
+    // A destructor can't report a failure.
     (void)pthread_mutex_destroy(&mMutex);
     (void)pthread_cond_destroy(&mCondition);
 }
@@ -54,7 +54,7 @@ unsigned int GMutex::TryLockWithTimeout(unsigned int milliseconds)
 unsigned int GMutex::LockInternal(unsigned int timeout)
 {
     unsigned int result = CoreErrorCodes::kSuccess;
-    // A default mutex that is held only within these members can't fail to be taken.
+    // Can't fail: the mutex has default attributes and is never held across calls.
     (void)pthread_mutex_lock(&mMutex);
     if (IsHeldByCaller()) {
         if (mIsRecursive) {

@@ -6,7 +6,7 @@
 
 namespace {
 
-// The bytes of the text; both decoders hand out UTF-8.
+// Holds UTF-8, which both factory functions produce.
 class LinuxString : public GPlatformString {
 public:
     explicit LinuxString(const std::string& text) : mText(text) {}
@@ -18,7 +18,7 @@ public:
         std::string home = GetHomeFolder(mText.substr(1, end == std::string::npos ? end : end - 1));
         if (home.empty()) return mText;
         const std::string rest = end == std::string::npos ? std::string() : mText.substr(end);
-        // The rest begins with a separator of its own.
+        // The rest begins with a separator, so that of a home like "/home/user/" is one too many.
         while (!rest.empty() && !home.empty() && home.back() == '/') home.pop_back();
         return home + rest;
     }

@@ -7,7 +7,7 @@ GScopedLock::GScopedLock(GLockable& lockable, bool lockNow, GLockStrategy* strat
     : mLockable(lockable), mLockStrategy(strategy)
 {
     if (!mLockStrategy) mLockStrategy = std::make_unique<GBlockingLockStrategy>();
-    // The caller asks IsLocked().
+    // The caller tests IsLocked().
     if (lockNow) (void)Lock();
 }
 

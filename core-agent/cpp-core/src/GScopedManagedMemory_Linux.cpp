@@ -1,6 +1,6 @@
 #include "GScopedManagedMemory.h"
 
-// The platform makes no temporary objects.
+// This platform has no autorelease pools.
 void GScopedManagedMemory::OSSetupManagedMemory() { mOSManagedMemory = nullptr; }
 
 void GScopedManagedMemory::OSTearDownManagedMemory() { mOSManagedMemory = nullptr; }

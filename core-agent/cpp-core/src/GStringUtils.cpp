@@ -1,6 +1,5 @@
 #include "GStringUtils.h"
 
-#include <algorithm>
 #include <cctype>
 
 std::vector<std::string> GStringUtils::Split(const std::string& text, const std::string& delimiter)
@@ -16,7 +15,7 @@ std::vector<std::string> GStringUtils::Split(const std::string& text, const std:
         parts.push_back(text.substr(start, found - start));
         start = found + delimiter.size();
     }
-    // Added to the left side, since the delimiter may be longer than the text.
+    // Not text.size() - delimiter.size(), which wraps if the delimiter is longer than the text.
     if (found + delimiter.size() == text.size()) parts.emplace_back();
     return parts;
 }

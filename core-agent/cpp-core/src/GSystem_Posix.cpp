@@ -6,6 +6,6 @@ int GSystem::OSGetSystem() { return 0; }
 
 void GSystem::OSSleep(unsigned int milliseconds)
 {
-    // A sleep that a signal cuts short is short.
-    (void)usleep(milliseconds * 1000u);
+    // Fails only if a signal interrupts it; callers accept a shorter sleep.
+    (void)usleep(milliseconds * 1000U);
 }

@@ -4,7 +4,7 @@
 
 static_assert(sizeof(pthread_t) == sizeof(void*), "a thread's identity is of a pointer's size");
 
-// The type is an integer on one system and a pointer on another: its bytes serve both.
+// pthread_t is an integer on Linux and a pointer on macOS; copying its bytes works for both.
 
 void* GThread::OSGetCurrentThread()
 {

@@ -11,7 +11,7 @@ constexpr long kNanosecondsPerSecond = 1000000000;
 void GUtils::FutureMillisecondsToAbsTime(unsigned int milliseconds, timespec& result)
 {
     timeval now = {};
-    // It fails for no argument of ours.
+    // Can't fail with valid arguments.
     (void)gettimeofday(&now, nullptr);
     result.tv_sec = now.tv_sec + milliseconds / 1000;
     result.tv_nsec = static_cast<long>(now.tv_usec) * 1000 + milliseconds % 1000 * 1000000L;

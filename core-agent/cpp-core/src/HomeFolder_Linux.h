@@ -2,6 +2,6 @@
 
 #include <string>
 
-// The home folder of the user of this name, from the user database; an empty name is the user's
-// own, for which $HOME comes first. Empty when there is none.
+// Returns the home folder of a user, from the user database. For an empty name: $HOME, then the
+// current user's entry in the database. Empty result if the user is unknown. [any thread]
 std::string GetHomeFolder(const std::string& userName);

@@ -2,5 +2,6 @@
 
 #include <string>
 
-// UTF-8 of a MacRoman text. Every byte has a character.
+// Converts a zero-terminated MacRoman text to UTF-8. Doesn't fail: every byte is a character.
+// [any thread]
 std::string DecodeMacRoman(const char* text);

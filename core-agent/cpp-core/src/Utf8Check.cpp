@@ -5,7 +5,7 @@ namespace {
 struct Form {
     unsigned char firstLead;
     unsigned char lastLead;
-    unsigned char firstSecond;  // bounds of the second byte, which rule out the ill-formed ones
+    unsigned char firstSecond;  // excludes overlong forms, surrogates and values that are too large
     unsigned char lastSecond;
     int length;
 };
@@ -16,7 +16,8 @@ constexpr Form kForms[] = {
     {0xF0, 0xF0, 0x90, 0xBF, 4}, {0xF1, 0xF3, 0x80, 0xBF, 4}, {0xF4, 0xF4, 0x80, 0x8F, 4},
 };
 
-// 0 for an ill-formed character. The zero at the text's end is no second byte of any form.
+// Returns the number of bytes of the first character, or 0 if it is ill-formed. Never reads beyond
+// the zero byte at the end, which no form allows after the first byte.
 int MeasureCharacter(const unsigned char* text)
 {
     for (const Form& form : kForms) {

@@ -1,4 +1,5 @@
 #pragma once
 
-// True for well-formed UTF-8: no overlong form, no surrogate, nothing above U+10FFFF.
+// Returns true if the zero-terminated text is well-formed UTF-8: no overlong forms, no surrogates,
+// nothing above U+10FFFF. [any thread]
 bool IsValidUtf8(const char* text);

@@ -4,7 +4,7 @@
 #include <cstring>
 #include <new>
 
-#include "documents/bytes/InflateBudget.h"
+#include "documents/bytes/ReadBudget.h"
 
 namespace documents {
 
@@ -17,11 +17,11 @@ constexpr size_t kFirstCapacity = 65536;
 void ByteBuffer::Append(std::string_view bytes)
 {
     if (bytes.empty()) return;
-    InflateBudget::Take(bytes.size());
+    ReadBudget::Take(bytes.size());
     if (bytes.size() > mCapacity - mSize) {
         const size_t wanted =
             std::max({kFirstCapacity, mCapacity + mCapacity / 4, mSize + bytes.size()});
-        // A block that realloc moves or grows must not be freed by its old owner.
+        // realloc has freed or reused the old block: release it without freeing it again.
         auto* const grown = static_cast<char*>(std::realloc(mBytes.get(), wanted));
         if (grown == nullptr) throw std::bad_alloc();
         (void)mBytes.release();

@@ -7,11 +7,11 @@
 
 namespace documents {
 
-// Bytes that are put together in pieces. It grows in place where the system can do that, so that
-// what one file inflates to isn't held twice. Takes what it grows by from the InflateBudget.
+// A growing sequence of bytes. Grows in place (realloc) where the system can, so that the inflated
+// data of a file isn't in memory twice. Takes the bytes from the ReadBudget.
 class ByteBuffer {
 public:
-    // Throws TooLarge or std::bad_alloc; the buffer then stays as it was.
+    // Throws LimitExceeded or std::bad_alloc and then leaves the buffer unchanged.
     void Append(std::string_view bytes);
 
     std::string_view GetView() const { return {mBytes.get(), mSize}; }

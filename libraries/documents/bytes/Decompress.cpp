@@ -14,13 +14,13 @@ namespace documents {
 namespace {
 
 constexpr size_t kBlock = 65536;
-// 2^27 bytes, as the format's own tools take without being asked.
+// Base-2 logarithm of the largest window: 128 MiB, the default of zstd's own tools.
 constexpr int kMaximumWindow = 27;
 
 struct InflateEnd {
     void operator()(z_stream* stream) const
     {
-        // The stream was set up, so there is nothing that can go wrong.
+        // Can't fail: the stream was initialized.
         (void)inflateEnd(stream);
     }
 };
@@ -34,16 +34,16 @@ struct FreeZstandard {
 std::string InflateZlib(std::string_view packed, ByteBuffer& output)
 {
     z_stream stream = {};
-    if (inflateInit(&stream) != Z_OK) return "zlib can't be set up";
+    if (inflateInit(&stream) != Z_OK) return "zlib cannot be initialized";
     const std::unique_ptr<z_stream, InflateEnd> end(&stream);
     std::vector<char> block(kBlock);
     int status = Z_OK;
     size_t used = 0;
     while (status == Z_OK) {
-        // zlib counts in 32 bits.
+        // zlib's sizes have 32 bits.
         const size_t step = std::min<size_t>(packed.size() - used, size_t{1} << 30);
         stream.next_in =
-            reinterpret_cast<Bytef*>(const_cast<char*>(packed.data() + used));  // only read
+            reinterpret_cast<Bytef*>(const_cast<char*>(packed.data() + used));  // zlib only reads
         stream.avail_in = static_cast<uInt>(step);
         stream.next_out = reinterpret_cast<Bytef*>(block.data());
         stream.avail_out = static_cast<uInt>(block.size());

@@ -7,15 +7,15 @@
 
 namespace documents {
 
-// Both append what `packed` begins with, decompressed, to `output`, and pass over what stands
-// behind it. The result is empty, or why it can't be decompressed to its end, in a few words; what
-// came out before that stays in `output`. They throw TooLarge beyond the InflateBudget.
+// Decompress the zlib stream or zstd frame at the start of `packed` and append the result to
+// `output`. Ignore any bytes after it. Return "", or the reason in a few words if the data can't be
+// decompressed to its end; what could be decompressed has been appended then. Throw LimitExceeded.
 std::string InflateZlib(std::string_view packed, ByteBuffer& output);
 std::string DecompressZstandard(std::string_view packed, ByteBuffer& output);
 
-// The bytes that a text in ASCII85 stands for, up to its end mark "~>" or the end of the text.
-// Blanks are passed over, and so is a percent sign at the start of each line. Appends to `output`;
-// false if a character is out of place, which ends the decoding there.
+// Decodes ASCII85 up to the end mark "~>" or the end of the text and appends the bytes to `output`.
+// Ignores white space and a percent sign at the start of each line. Returns false at an invalid
+// character; what comes before it has been appended then.
 bool DecodeAscii85(std::string_view text, ByteBuffer& output);
 
 }  // namespace documents

@@ -18,7 +18,7 @@ public:
     explicit FileDescriptor(int value) : mValue(value) {}
     ~FileDescriptor()
     {
-        // The file was only read: nothing is lost by a close that fails.
+        // The file was only read, so a failing close loses nothing.
         if (mValue >= 0) (void)close(mValue);
     }
     FileDescriptor(const FileDescriptor&) = delete;
@@ -39,7 +39,7 @@ std::string GetOpenError(int code)
         case EPERM:
             return "no permission to read it";
         default:
-            return "can't be opened: " + std::generic_category().message(code);
+            return "cannot be opened: " + std::generic_category().message(code);
     }
 }
 
@@ -51,7 +51,7 @@ std::string ReadUpTo(int descriptor, size_t size, std::string& bytes)
     while (have < size) {
         const ssize_t count = read(descriptor, &bytes[have], size - have);
         if (count < 0 && errno == EINTR) continue;
-        if (count < 0) return "can't be read: " + std::generic_category().message(errno);
+        if (count < 0) return "cannot be read: " + std::generic_category().message(errno);
         if (count == 0) break;
         have += static_cast<size_t>(count);
     }
@@ -65,7 +65,7 @@ FileBytes ReadFileBytes(const std::string& path, size_t limit,
                         std::string (*accepts)(const std::string& head))
 {
     FileBytes result;
-    // Not blocking, so that a pipe without a writer doesn't hold the open.
+    // O_NONBLOCK: open() would block on a pipe without a writer.
     const FileDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     struct stat status = {};
     if (file.Get() < 0 || fstat(file.Get(), &status) != 0) {

@@ -5,19 +5,18 @@
 
 namespace documents {
 
-// The same text with each byte that is no part of valid UTF-8 replaced by U+FFFD. Overlong forms,
-// surrogates and what lies beyond U+10FFFF aren't valid.
+// Returns the text with each byte that isn't part of valid UTF-8 replaced by U+FFFD. Overlong
+// forms, surrogates and values above U+10FFFF are invalid.
 std::string ToValidUtf8(std::string_view bytes);
 
-// How many characters a text in UTF-8 has: its bytes but for those that go on with one.
+// Returns the number of characters of a text in UTF-8: its bytes without continuation bytes.
 size_t CountCharacters(std::string_view text);
 
-// Big-endian UTF-16 as UTF-8; halves of pairs that stand alone become U+FFFD, and so does a last
-// single byte.
+// Converts big-endian UTF-16 to UTF-8. Unpaired surrogates and a single last byte become U+FFFD.
 std::string FromUtf16(std::string_view bytes);
 
-// The text as part of a one-line message: valid UTF-8, control characters replaced by blanks, cut
-// off behind 200 bytes.
+// Prepares a text for a one-line message: valid UTF-8, control characters replaced by spaces, cut
+// off after 200 bytes.
 std::string ToMessageText(std::string_view bytes);
 
 }  // namespace documents

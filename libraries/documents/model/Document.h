@@ -4,23 +4,24 @@
 #include <string>
 #include <vector>
 
-// What a document on disk holds, as far as fonts and placed files go.
+// The fonts, text frames and placed files of a document on disk.
 //
-// All texts are UTF-8; bytes of a file that aren't are replaced. A Document is a plain value.
+// All strings are valid UTF-8; invalid bytes of a file are replaced by U+FFFD. A Document is a
+// plain value.
 namespace documents {
 
 enum class Kind { kUnknown, kIllustrator, kPDF, kEPS };
 
-// "unknown", "ai", "pdf", "eps".
+// Returns "unknown", "ai", "pdf" or "eps".
 const char* GetKindName(Kind kind);
 
-// A stretch of text in one font.
+// Consecutive characters in one font.
 struct TextRun {
     std::string postScriptName;
-    size_t length = 0;  // in characters, as far as the reader can count them; never 0
+    size_t length = 0;  // in characters, an estimate for some readers; never 0
 };
 
-// One frame of text in paint order. Several frames may show one story.
+// A text frame. Several frames may show parts of one story.
 struct TextFrame {
     size_t story = 0;  // index into Document::stories
     std::vector<TextRun> runs;
@@ -33,17 +34,17 @@ struct Story {
 
 struct Document {
     Kind kind = Kind::kUnknown;
-    std::string creator;             // the program that wrote it, empty if it doesn't say
-    bool isTemplate = false;         // told by the extension .ait, in any case of letters
-    std::string reader;              // which reader answered: "native", "pdf", "dsc", "ghostscript"
-    std::vector<std::string> notes;  // what a reader couldn't make use of, a line each
-    std::vector<TextFrame> frames;
+    std::string creator;             // the program that wrote it; empty if unknown
+    bool isTemplate = false;         // the extension is .ait, in upper or lower case
+    std::string reader;              // the reader used: "native", "pdf", "dsc" or "ghostscript"
+    std::vector<std::string> notes;  // what could not be read, one line each
+    std::vector<TextFrame> frames;   // in paint order
     std::vector<Story> stories;
-    std::vector<std::string> fonts;        // over all stories, each once, by first appearance
+    std::vector<std::string> fonts;        // of all stories, without repeats, by first appearance
     std::vector<std::string> linkedFiles;  // placed files in order, repeats included
 };
 
-// The notes in one line.
+// Returns the notes in one line, separated by "; ".
 std::string JoinNotes(const Document& document);
 
 }  // namespace documents

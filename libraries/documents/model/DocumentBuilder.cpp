@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "documents/bytes/InflateBudget.h"
+#include "documents/bytes/ReadBudget.h"
 #include "documents/bytes/Utf8.h"
 
 namespace documents {
@@ -30,13 +30,15 @@ size_t DocumentBuilder::AddFrame(size_t story, std::vector<TextRun> runs)
 void DocumentBuilder::AddFrameWithStory(std::vector<TextRun> runs)
 {
     const size_t story = AddStory(std::move(runs));
-    (void)AddFrame(story, mDocument.stories[story].runs);  // nobody asks for the index
+    (void)AddFrame(story, mDocument.stories[story].runs);  // the index isn't needed
 }
 
 void DocumentBuilder::Clean(std::vector<TextRun>& runs)
 {
+    // Stories and frames are counted too, because an empty one needs memory. A run is counted
+    // twice: in its story and in a frame.
     mRuns += runs.size() + 1;
-    if (mRuns > kMaximumRuns * 2) throw TooLarge("too large: more text than can be read");
+    if (mRuns > kMaximumRuns * 2) throw LimitExceeded("too large: more text than can be read");
     for (TextRun& run : runs) {
         run.postScriptName = ToValidUtf8(run.postScriptName);
         run.length = std::max<size_t>(run.length, 1);

@@ -9,24 +9,24 @@
 
 namespace documents {
 
-// Fills a document's frames, stories and list of fonts, so that they always fit together. Font
-// names that aren't valid UTF-8 are cleaned here. The document must outlive the builder and starts
-// without text.
+// Adds frames and stories to a document and keeps its list of fonts consistent with them. Replaces
+// invalid UTF-8 in font names. The document must outlive the builder and have no text at first.
 class DocumentBuilder {
 public:
-    // More runs than this throw TooLarge.
+    // A document with more runs than about this makes the functions below throw LimitExceeded.
     static constexpr size_t kMaximumRuns = size_t{1} << 21;
 
     explicit DocumentBuilder(Document& document) : mDocument(document) {}
 
-    // Both give the index of what was added. Runs of length 0 count as 1.
+    // Return the index of the new story or frame. A run of length 0 gets length 1.
     size_t AddStory(std::vector<TextRun> runs);
     size_t AddFrame(size_t story, std::vector<TextRun> runs);
 
-    // A frame that shows a story of its own.
+    // Adds a story with these runs and a frame that shows all of it.
     void AddFrameWithStory(std::vector<TextRun> runs);
 
 private:
+    // Corrects names and lengths, and enforces the limit.
     void Clean(std::vector<TextRun>& runs);
 
     Document& mDocument;

@@ -4,16 +4,16 @@
 #include <string_view>
 #include <vector>
 
-#include "documents/OpenDocument.h"
 #include "documents/model/Document.h"
 #include "documents/model/FileKind.h"
+#include "documents/model/Limits.h"
 
 namespace documents {
 
 class PdfFile;
 
-// An opened file as the readers see it. Kind, creator, template mark and the placed files that the
-// container itself names are in the Document before the first reader is asked.
+// An opened file, the input of the readers. Before the first reader is called, the Document already
+// has the kind, the creator, isTemplate and the placed files that the container itself names.
 struct DocumentSource {
     Container container = Container::kNone;
     std::string_view postScript;  // the PostScript section; empty for a PDF
@@ -21,24 +21,25 @@ struct DocumentSource {
 };
 
 enum class ReadStatus {
-    kNotMine,  // nothing of this reader's in the file: the next one is asked
-    kRead,     // the document is filled in
-    kFailed,   // it is this reader's, but can't be read: the next one is asked
+    kNotMine,  // the file has nothing for this reader; the next one is tried
+    kRead,     // the document is complete
+    kFailed,   // the file is for this reader but can't be read; the next one is tried
 };
 
 struct ReadResult {
     ReadStatus status = ReadStatus::kNotMine;
-    std::string text;  // the reason if failed: a note if another reader answers, else the error
+    // With kFailed, the reason: a note of the document if another reader succeeds, else the error.
+    std::string text;
 };
 
-// One way to get at a document's text. `read` fills frames, stories, fonts, linkedFiles and notes;
-// what it left in them is dropped unless it answers kRead. It may throw: that counts as failed.
+// One way to read a document's text. `read` fills frames, stories, fonts, linkedFiles and notes;
+// the caller discards them unless it returns kRead. An exception is treated like kFailed.
 struct DocumentReader {
     const char* name;
     ReadResult (*read)(const DocumentSource& source, const Limits& limits, Document& document);
 };
 
-// The readers in the order in which they are asked.
+// Returns the readers in the order in which they are tried.
 const std::vector<DocumentReader>& GetDocumentReaders();
 
 }  // namespace documents

@@ -51,7 +51,7 @@ PostScriptSection FindPostScriptSection(std::string_view file)
     }
     section.bytes = file.substr(offset, length);
     if (!StartsWith(section.bytes, "%!")) {
-        section.error = "its EPS header points at something that is no PostScript";
+        section.error = "its EPS header points to something that isn't PostScript";
     } else if (section.bytes.size() < length) {
         section.note = "the PostScript section is cut off";
     }

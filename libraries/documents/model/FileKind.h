@@ -5,14 +5,15 @@
 
 namespace documents {
 
-// What a file's first bytes say that it is.
+// The kind of a file by its first bytes.
 enum class Container {
     kNone,        // not a document, or empty
     kPDF,         // "%PDF-" within the first 1,024 bytes
     kPostScript,  // "%!PS" at the start
-    kDosEPS,      // the bytes C5 D0 D3 C6: a header that points at a PostScript section
+    kDosEPS,      // C5 D0 D3 C6 at the start: a header that points to a PostScript section
 };
 
+// `head` is the file or at least its first 1,024 bytes.
 Container GetContainer(std::string_view head);
 
 struct PostScriptSection {
@@ -21,10 +22,10 @@ struct PostScriptSection {
     std::string error;  // set if there is no such section
 };
 
-// The section that the header of a DOS EPS points at, as a view into `file`.
+// Returns the section that the header of a DOS EPS points to, as a view into `file`.
 PostScriptSection FindPostScriptSection(std::string_view file);
 
-// The extension is .ait in any case of letters.
+// Whether the extension is .ait, in upper or lower case.
 bool IsTemplatePath(std::string_view path);
 
 }  // namespace documents

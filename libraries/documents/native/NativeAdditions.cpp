@@ -4,23 +4,23 @@
 #include <charconv>
 
 #include "documents/bytes/Utf8.h"
-#include "documents/pdf/PdfKey.h"
+#include "documents/native/NativeKeys.h"
+#include "documents/pdf/PdfDictionary.h"
 #include "documents/postscript/DscText.h"
 
 namespace documents {
 
 namespace {
 
-constexpr char kPiece[] = "/HeadlessHost";
-constexpr std::string_view kTextMark = "%HeadlessHost_Text: ";
-constexpr std::string_view kFileMark = "%HeadlessHost_File: ";
 constexpr long long kMostCharacters = 1LL << 40;
 
+// Clamps a number from the file: a length is never 0, and sums of lengths can't overflow.
 size_t ToLength(long long number)
 {
     return static_cast<size_t>(std::clamp(number, 1LL, kMostCharacters));
 }
 
+// Both create the value if it is missing or has another type.
 QPDFObjectHandle GetDictionary(QPDFObjectHandle owner, const std::string& key)
 {
     if (!owner.getKey(key).isDictionary()) {
@@ -35,10 +35,28 @@ QPDFObjectHandle GetArray(QPDFObjectHandle owner, const std::string& key)
     return owner.getKey(key);
 }
 
+bool IsTextLine(std::string_view line)
+{
+    return line.substr(0, record::kHostTextLine.size()) == record::kHostTextLine;
+}
+
+bool IsFileLine(std::string_view line)
+{
+    return line.substr(0, record::kHostFileLine.size()) == record::kHostFileLine;
+}
+
+// The private data of a program on a page, or null.
+QPDFObjectHandle GetPrivateData(QPDFObjectHandle page, const char* program)
+{
+    return GetKeyOrNull(GetKeyOrNull(GetKeyOrNull(page, record::kPieceInfo), program),
+                        record::kPrivate);
+}
+
+// Reads "%HeadlessHost_Text: LENGTH (FONT)" or "%HeadlessHost_File: (PATH)".
 void ReadLine(std::string_view line, NativeAdditions& additions)
 {
-    const bool isText = line.substr(0, kTextMark.size()) == kTextMark;
-    line.remove_prefix(isText ? kTextMark.size() : kFileMark.size());
+    const bool isText = IsTextLine(line);
+    line.remove_prefix(isText ? record::kHostTextLine.size() : record::kHostFileLine.size());
     long long length = 1;
     if (isText) {
         const auto number = std::from_chars(line.data(), line.data() + line.size(), length);
@@ -58,8 +76,8 @@ void ReadLine(std::string_view line, NativeAdditions& additions)
 QPDFObjectHandle FindNativePage(const std::vector<QPDFObjectHandle>& pages)
 {
     for (const QPDFObjectHandle& page : pages) {
-        QPDFObjectHandle piece = GetKey(GetKey(page, "/PieceInfo"), "/Illustrator");
-        if (GetKey(GetKey(piece, "/Private"), "/AIPrivateData1").isStream()) return page;
+        QPDFObjectHandle data = GetPrivateData(page, record::kProgramPiece);
+        if (GetKeyOrNull(data, std::string(record::kPrivateData) + "1").isStream()) return page;
     }
     return QPDFObjectHandle::newNull();
 }
@@ -67,16 +85,16 @@ QPDFObjectHandle FindNativePage(const std::vector<QPDFObjectHandle>& pages)
 NativeAdditions ReadAdditions(QPDFObjectHandle page)
 {
     NativeAdditions additions;
-    QPDFObjectHandle data = GetKey(GetKey(GetKey(page, "/PieceInfo"), kPiece), "/Private");
-    QPDFObjectHandle texts = GetKey(data, "/Texts");
+    QPDFObjectHandle data = GetPrivateData(page, record::kHostPiece);
+    QPDFObjectHandle texts = GetKeyOrNull(data, record::kHostTexts);
     for (int i = 0; texts.isArray() && i < texts.getArrayNItems(); ++i) {
-        QPDFObjectHandle font = GetKey(texts.getArrayItem(i), "/Font");
-        QPDFObjectHandle length = GetKey(texts.getArrayItem(i), "/Length");
+        QPDFObjectHandle font = GetKeyOrNull(texts.getArrayItem(i), record::kHostFont);
+        QPDFObjectHandle length = GetKeyOrNull(texts.getArrayItem(i), record::kHostLength);
         if (!font.isString()) continue;
         additions.texts.push_back({ToValidUtf8(font.getUTF8Value()),
                                    ToLength(length.isInteger() ? length.getIntValue() : 1)});
     }
-    QPDFObjectHandle files = GetKey(data, "/Files");
+    QPDFObjectHandle files = GetKeyOrNull(data, record::kHostFiles);
     for (int i = 0; files.isArray() && i < files.getArrayNItems(); ++i) {
         QPDFObjectHandle file = files.getArrayItem(i);
         if (file.isString()) additions.files.push_back(ToValidUtf8(file.getUTF8Value()));
@@ -86,17 +104,19 @@ NativeAdditions ReadAdditions(QPDFObjectHandle page)
 
 void AppendAdditions(const NativeAdditions& additions, QPDF& pdf, QPDFObjectHandle page)
 {
-    QPDFObjectHandle pieces = GetDictionary(page, "/PieceInfo");
-    QPDFObjectHandle data = GetDictionary(GetDictionary(pieces, kPiece), "/Private");
-    QPDFObjectHandle texts = GetArray(data, "/Texts");
+    QPDFObjectHandle pieces = GetDictionary(page, record::kPieceInfo);
+    QPDFObjectHandle data =
+        GetDictionary(GetDictionary(pieces, record::kHostPiece), record::kPrivate);
+    QPDFObjectHandle texts = GetArray(data, record::kHostTexts);
     for (const TextRun& text : additions.texts) {
         QPDFObjectHandle entry = QPDFObjectHandle::newDictionary();
-        entry.replaceKey("/Font", QPDFObjectHandle::newUnicodeString(text.postScriptName));
-        entry.replaceKey("/Length",
+        entry.replaceKey(record::kHostFont,
+                         QPDFObjectHandle::newUnicodeString(text.postScriptName));
+        entry.replaceKey(record::kHostLength,
                          QPDFObjectHandle::newInteger(static_cast<long long>(text.length)));
         texts.appendItem(pdf.makeIndirectObject(entry));
     }
-    QPDFObjectHandle files = GetArray(data, "/Files");
+    QPDFObjectHandle files = GetArray(data, record::kHostFiles);
     for (const std::string& file : additions.files) {
         files.appendItem(QPDFObjectHandle::newUnicodeString(file));
     }
@@ -105,15 +125,12 @@ void AppendAdditions(const NativeAdditions& additions, QPDF& pdf, QPDFObjectHand
 NativeAdditions ReadAdditions(std::string_view postScript)
 {
     NativeAdditions additions;
-    constexpr std::string_view kMark = "%HeadlessHost_";
-    for (size_t at = postScript.find(kMark); at != std::string_view::npos;
-         at = postScript.find(kMark, at + 1)) {
+    for (size_t at = postScript.find(record::kHostLine); at != std::string_view::npos;
+         at = postScript.find(record::kHostLine, at + 1)) {
         if (at > 0 && postScript[at - 1] != '\n' && postScript[at - 1] != '\r') continue;
         const std::string_view rest = postScript.substr(at);
         const std::string_view line = rest.substr(0, rest.find_first_of("\r\n"));
-        const bool isKnown = line.substr(0, kTextMark.size()) == kTextMark ||
-                             line.substr(0, kFileMark.size()) == kFileMark;
-        if (isKnown) ReadLine(line, additions);
+        if (IsTextLine(line) || IsFileLine(line)) ReadLine(line, additions);
     }
     return additions;
 }
@@ -122,11 +139,11 @@ std::string WriteAdditions(const NativeAdditions& additions)
 {
     std::string lines;
     for (const TextRun& text : additions.texts) {
-        lines += std::string(kTextMark) + std::to_string(text.length) + " " +
+        lines += std::string(record::kHostTextLine) + std::to_string(text.length) + " " +
                  QuoteAsString(text.postScriptName) + "\n";
     }
     for (const std::string& file : additions.files) {
-        lines += std::string(kFileMark) + QuoteAsString(file) + "\n";
+        lines += std::string(record::kHostFileLine) + QuoteAsString(file) + "\n";
     }
     return lines;
 }

@@ -9,24 +9,26 @@
 
 namespace documents {
 
-// What this host adds to a document that has a native part. That part stays byte for byte as the
-// illustration program wrote it; what was added stands beside it, for the native reader to put
-// behind all the rest: in a PDF as the host's own private data of the page (/PieceInfo
-// /HeadlessHost), in PostScript as comments of its own. A document that the illustration program
-// saves again no longer has it.
+// What this host adds to a document that has a native part. The host can't write that part, so it
+// keeps it byte for byte and stores the additions beside it: in a PDF as its own private data of
+// the page (/PieceInfo /HeadlessHost), in PostScript as comments of its own. The native reader
+// appends them to what the native part holds. They are lost when the illustration program saves the
+// document.
 struct NativeAdditions {
-    std::vector<TextRun> texts;  // each a frame with a story of its own
-    std::vector<std::string> files;
+    std::vector<TextRun> texts;      // each becomes a frame with its own story
+    std::vector<std::string> files;  // placed files
 
     bool IsEmpty() const { return texts.empty() && files.empty(); }
 };
 
-// The first of the pages that has a native part; null if none has.
+// Returns the first page that has a native part, or null.
 QPDFObjectHandle FindNativePage(const std::vector<QPDFObjectHandle>& pages);
 
+// In a PDF. `page` may be null when reading. Appending keeps additions that are there already.
 NativeAdditions ReadAdditions(QPDFObjectHandle page);
 void AppendAdditions(const NativeAdditions& additions, QPDF& pdf, QPDFObjectHandle page);
 
+// In PostScript: all additions of the text, and additions as comment lines to insert.
 NativeAdditions ReadAdditions(std::string_view postScript);
 std::string WriteAdditions(const NativeAdditions& additions);
 

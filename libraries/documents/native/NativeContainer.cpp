@@ -4,20 +4,17 @@
 
 #include "documents/bytes/Decompress.h"
 #include "documents/native/NativeAdditions.h"
+#include "documents/native/NativeKeys.h"
+#include "documents/pdf/PdfDictionary.h"
 #include "documents/pdf/PdfFile.h"
-#include "documents/pdf/PdfKey.h"
 
 namespace documents {
 
 namespace {
 
-constexpr std::string_view kZlibMark = "%AI12_CompressedData";
-constexpr std::string_view kZstandardMark = "%AI24_ZStandard_Data";
-constexpr std::string_view kDataStreamMark = "%AI9_DataStream";
-constexpr std::string_view kFormatMark = "%AI5_FileFormat";
 constexpr size_t kMostBlocks = 65536;
 
-// Where the line that begins with `mark` stands; npos if there is none.
+// Position of the first line that begins with `mark`, or npos.
 size_t FindLine(std::string_view text, std::string_view mark)
 {
     size_t position = text.find(mark);
@@ -34,21 +31,22 @@ void SetBytes(NativePart& part, std::unique_ptr<ByteBuffer> bytes)
     part.text = part.bytes->GetView();
 }
 
-// Decompresses what stands behind the mark. The header in front of it repeats what the document
-// itself says, so it is dropped.
+// Replaces the text by what is compressed after a mark in it, if there is one. The header before
+// the mark repeats comments of the document and is dropped.
 void Unpack(NativePart& part)
 {
-    const size_t zlib = FindLine(part.text, kZlibMark);
-    const size_t zstandard = FindLine(part.text, kZstandardMark);
+    const size_t zlib = FindLine(part.text, record::kCompressedData);
+    const size_t zstandard = FindLine(part.text, record::kZStandardData);
     if (zlib == std::string_view::npos && zstandard == std::string_view::npos) return;
     auto unpacked = std::make_unique<ByteBuffer>();
     if (zlib < zstandard) {
-        std::string_view packed = part.text.substr(zlib + kZlibMark.size());
-        // A line end may stand in front of the data, which begins with 0x78 or the like.
+        std::string_view packed = part.text.substr(zlib + record::kCompressedData.size());
+        // Safe: zlib data begins with 0x78 or a similar byte, zstd data with 0x28, never with CR
+        // or LF.
         packed.remove_prefix(std::min(packed.find_first_not_of("\r\n"), packed.size()));
         part.error = InflateZlib(packed, *unpacked);
     } else {
-        std::string_view packed = part.text.substr(zstandard + kZstandardMark.size());
+        std::string_view packed = part.text.substr(zstandard + record::kZStandardData.size());
         packed.remove_prefix(std::min(packed.find_first_not_of("\r\n"), packed.size()));
         part.error = DecompressZstandard(packed, *unpacked);
     }
@@ -60,20 +58,21 @@ NativePart JoinPrivateData(PdfFile& file)
     NativePart part;
     QPDFObjectHandle page = FindNativePage(file.GetPages());
     if (page.isNull()) return part;
-    QPDFObjectHandle data = page.getKey("/PieceInfo").getKey("/Illustrator").getKey("/Private");
+    QPDFObjectHandle data =
+        page.getKey(record::kPieceInfo).getKey(record::kProgramPiece).getKey(record::kPrivate);
     part.isThere = true;
     auto joined = std::make_unique<ByteBuffer>();
     for (size_t i = 1; i <= kMostBlocks; ++i) {
-        QPDFObjectHandle block = GetKey(data, "/AIPrivateData" + std::to_string(i));
+        QPDFObjectHandle block = GetKeyOrNull(data, record::kPrivateData + std::to_string(i));
         if (!block.isStream()) break;
         std::string bytes;
         file.AppendStream(block, bytes);
         joined->Append(bytes);
     }
-    QPDFObjectHandle count = GetKey(data, "/NumBlock");
+    QPDFObjectHandle count = GetKeyOrNull(data, record::kBlockCount);
     if (count.isInteger() && count.getIntValue() > 0) {
-        const std::string last = "/AIPrivateData" + std::to_string(count.getIntValue());
-        if (!GetKey(data, last).isStream()) part.error = "a block of it is missing";
+        const std::string last = record::kPrivateData + std::to_string(count.getIntValue());
+        if (!GetKeyOrNull(data, last).isStream()) part.error = "a block of it is missing";
     }
     SetBytes(part, std::move(joined));
     return part;
@@ -82,11 +81,11 @@ NativePart JoinPrivateData(PdfFile& file)
 NativePart FindInPostScript(std::string_view file)
 {
     NativePart part;
-    const size_t mark = FindLine(file, kDataStreamMark);
+    const size_t mark = FindLine(file, record::kDataStream);
     if (mark != std::string_view::npos) {
         part.isThere = true;
         ByteBuffer packed;
-        if (!DecodeAscii85(file.substr(mark + kDataStreamMark.size()), packed)) {
+        if (!DecodeAscii85(file.substr(mark + record::kDataStream.size()), packed)) {
             part.error = "its ASCII85 data is damaged";
             return part;
         }
@@ -95,9 +94,9 @@ NativePart FindInPostScript(std::string_view file)
         SetBytes(part, std::move(unpacked));
         return part;
     }
-    // The header tells; a page of another program that holds such a file is none.
+    // The mark must be in the header: a page of another program may embed such a file further on.
     const std::string_view header = file.substr(0, FindLine(file, "%%EndComments"));
-    part.isThere = part.isBare = FindLine(header, kFormatMark) != std::string_view::npos;
+    part.isThere = part.isBare = FindLine(header, record::kFileFormat) != std::string_view::npos;
     part.text = file;
     return part;
 }

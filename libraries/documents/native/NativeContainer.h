@@ -9,27 +9,27 @@
 
 namespace documents {
 
-// The illustration program's own document, taken out of what it is packed in.
+// The illustration program's own document, unpacked from its container.
 //
-//  - a PDF holds it under /PieceInfo /Illustrator /Private of a page, cut into the streams
-//    AIPrivateData1 to N;
-//  - an EPS of version 9 and later behind %AI9_DataStream, as ASCII85 of zlib;
-//  - a PostScript file of versions up to 8 is the document.
+//  - A PDF holds it under /PieceInfo /Illustrator /Private of a page, cut into the streams
+//    AIPrivateData1 to N.
+//  - An EPS of version 9 and later holds it after %AI9_DataStream, as ASCII85 of zlib.
+//  - A PostScript file of a version up to 8 is the document.
 //
-// What comes out may in turn begin with a header, behind which the document stands compressed with
-// zlib (%AI12_CompressedData) or zstd (%AI24_ZStandard_Data).
+// The first two may hold a header and then the document compressed with zlib
+// (%AI12_CompressedData) or zstd (%AI24_ZStandard_Data). See docs/NATIVE.md.
 struct NativePart {
     bool isThere = false;
-    std::string_view text;  // the whole document; valid while this lives and the source does
-    std::string error;      // it is there, but can't be unpacked; a few words
+    std::string_view text;  // the whole document; valid while this object and the source live
+    std::string error;      // why a part that is there can't be unpacked, in a few words
 
-    // The whole file is the document: nobody can tell it from other PostScript until text is found.
+    // The whole file is the document. It looks like other PostScript until text is found in it.
     bool isBare = false;
 
-    std::unique_ptr<ByteBuffer> bytes;  // what `text` is a view into, if not the source
+    std::unique_ptr<ByteBuffer> bytes;  // owns `text` unless that is a view into the source
 };
 
-// Throws TooLarge.
+// Finds and unpacks the native part; isThere is false if the source has none. Throws LimitExceeded.
 NativePart FindNativePart(const DocumentSource& source);
 
 }  // namespace documents

@@ -3,13 +3,14 @@
 #include <algorithm>
 #include <charconv>
 
+#include "documents/native/NativeKeys.h"
+
 namespace documents {
 
 namespace {
 
-constexpr std::string_view kBegin = "%%BeginData:";
-constexpr std::string_view kEnd = "%%EndData";
 constexpr size_t kLineEndBytes = 4;
+constexpr size_t kMaximumLine = 64;  // a %%BeginData line that is longer has no usable count
 
 }  // namespace
 
@@ -20,11 +21,10 @@ bool NativeLines::Next(std::string_view& line)
         const char* const end = mText.data() + mText.size();
         const char* stop = start;
         while (stop != end && *stop != '\r' && *stop != '\n') ++stop;
-        mLineStart = mPosition;
         line = {start, static_cast<size_t>(stop - start)};
         mPosition += line.size() + (stop == end ? 0 : 1);
         if (line.empty()) continue;
-        if (line.substr(0, kBegin.size()) == kBegin) SkipData(line);
+        if (line.substr(0, record::kBeginData.size()) == record::kBeginData) SkipData(line);
         return true;
     }
     return false;
@@ -32,21 +32,22 @@ bool NativeLines::Next(std::string_view& line)
 
 void NativeLines::SkipData(std::string_view beginLine)
 {
-    beginLine.remove_prefix(kBegin.size());
+    beginLine.remove_prefix(record::kBeginData.size());
     beginLine.remove_prefix(std::min(beginLine.find_first_not_of(' '), beginLine.size()));
     size_t count = 0;
     const char* const last = beginLine.data() + beginLine.size();
-    const bool hasCount =
-        std::from_chars(beginLine.data(), last, count).ec == std::errc() && beginLine.size() < 64;
+    const bool hasCount = std::from_chars(beginLine.data(), last, count).ec == std::errc() &&
+                          beginLine.size() < kMaximumLine;
     const std::string_view rest = GetRest();
     size_t end = std::string_view::npos;
     if (hasCount && count <= rest.size()) {
-        // Line ends around the data aren't always counted.
-        end = rest.substr(count, kEnd.size() + 2 * kLineEndBytes).find(kEnd);
+        // Some files don't include the line ends around the data in the count.
+        end =
+            rest.substr(count, record::kEndData.size() + 2 * kLineEndBytes).find(record::kEndData);
         if (end != std::string_view::npos) end += count;
     }
-    if (end == std::string_view::npos) end = rest.find(kEnd);
-    // Data without an end is no data: what stands behind it would be lost.
+    if (end == std::string_view::npos) end = rest.find(record::kEndData);
+    // Without an end mark, skip nothing: the rest of the document would be lost.
     if (end != std::string_view::npos) mPosition += end;
 }
 

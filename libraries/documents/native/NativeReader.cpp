@@ -17,10 +17,10 @@ namespace {
 
 ReadResult Fail(const std::string& reason)
 {
-    return {ReadStatus::kFailed, "the native document can't be read: " + reason};
+    return {ReadStatus::kFailed, "the native document cannot be read: " + reason};
 }
 
-// Puts the text of a native document together.
+// Builds a Document from what was found in the lines and in the text tree.
 class Assembler {
 public:
     Assembler(const NativeContents& contents, const NativeAdditions& additions,
@@ -51,25 +51,26 @@ public:
             }
         }
         for (const TextRun& text : mAdditions.texts) mBuilder.AddFrameWithStory({text});
-        Note(mLostFrames, "text frames lead to no story");
-        Note(mTree.GetUnknownFonts(), "stretches of text name no font");
-        Note(mLostPdfs, "texts of an older version can't be read");
+        Note("text frames without a story", mLostFrames);
+        Note("runs without a known font", mTree.GetUnknownFonts());
+        Note("texts of an older version that cannot be read", mLostPdfs);
     }
 
 private:
-    void Note(size_t count, const char* what)
+    void Note(const char* what, size_t count)
     {
-        if (count > 0) mDocument.notes.push_back(std::to_string(count) + " " + what);
+        if (count > 0) mDocument.notes.push_back(what + (": " + std::to_string(count)));
     }
 
-    // The stories that a frame shows, in the order of the tree.
+    // Adds the stories that at least one frame shows, in the order of the tree.
     void AddStories()
     {
         const std::vector<NativeTextTree::Story>& stories = mTree.GetStories();
         std::vector<bool> isShown(stories.size());
         for (const NativeText& text : mContents.texts) {
-            const bool leads = text.type == NativeText::Type::kFrame && text.story < stories.size();
-            if (leads) isShown[text.story] = true;
+            const bool isFrame =
+                text.type == NativeText::Type::kFrame && text.story < stories.size();
+            if (isFrame) isShown[text.story] = true;
         }
         for (size_t i = 0; i < stories.size(); ++i) {
             if (isShown[i]) mStories.emplace(i, mBuilder.AddStory(stories[i].runs));
@@ -83,7 +84,7 @@ private:
             ++mLostFrames;
             return;
         }
-        // Nobody asks for the index.
+        // The index of the new frame isn't needed.
         (void)mBuilder.AddFrame(story->second, mTree.GetFrameRuns(text.story, text.frame));
     }
 
@@ -104,7 +105,7 @@ private:
     Document& mDocument;
     DocumentBuilder mBuilder;
     NativeTextTree mTree;
-    std::unordered_map<size_t, size_t> mStories;  // from the tree's index to the document's
+    std::unordered_map<size_t, size_t> mStories;  // index in the tree -> in the document
     size_t mLostFrames = 0;
     size_t mLostPdfs = 0;
 };
@@ -127,13 +128,13 @@ ReadResult ReadNative(const DocumentSource& source, const Limits& limits, Docume
     const NativeContents contents = ScanNative(part.text);
     if (part.isBare && contents.texts.empty()) return {};
     if (!contents.error.empty()) return Fail(contents.error);
-    if (!contents.isNative) return Fail("it is none");
+    if (!contents.isNative) return Fail("it has no format mark");
     if (!contents.hasTree && HasFrames(contents)) return Fail("its text is missing");
     const NativeAdditions additions = source.pdf != nullptr
                                           ? ReadAdditions(FindNativePage(source.pdf->GetPages()))
                                           : ReadAdditions(source.postScript);
     document.linkedFiles = contents.linkedFiles;
-    // The comments of a bare document tell of the added files as well.
+    // In a bare document, the comments that list placed files include the added ones.
     if (!part.isBare || !contents.linksAreListed) {
         document.linkedFiles.insert(document.linkedFiles.end(), additions.files.begin(),
                                     additions.files.end());

@@ -6,9 +6,10 @@
 #include <utility>
 
 #include "documents/bytes/Decompress.h"
-#include "documents/bytes/InflateBudget.h"
+#include "documents/bytes/ReadBudget.h"
 #include "documents/bytes/Utf8.h"
 #include "documents/model/DocumentBuilder.h"
+#include "documents/native/NativeKeys.h"
 #include "documents/native/NativeLines.h"
 #include "documents/native/NativeTextObjects.h"
 #include "documents/postscript/DscText.h"
@@ -29,12 +30,19 @@ bool EndsWith(std::string_view text, std::string_view end)
     return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
 }
 
+// Whether the line ends in this operator, with a space before it.
+bool EndsInOperator(std::string_view line, std::string_view operation)
+{
+    return line.size() > operation.size() && EndsWith(line, operation) &&
+           line[line.size() - operation.size() - 1] == ' ';
+}
+
 void TrimEnd(std::string_view& line)
 {
     while (!line.empty() && (line.back() == ' ' || line.back() == '\t')) line.remove_suffix(1);
 }
 
-// The whole number in front of `key` in a line as "2 /StoryIndex ,"; -1 if there is none.
+// Returns the number before `key` in a line such as "2 /StoryIndex ,", or -1 if there is none.
 long long GetNumberBefore(std::string_view line, std::string_view key)
 {
     const size_t end = line.find(key);
@@ -44,7 +52,8 @@ long long GetNumberBefore(std::string_view line, std::string_view key)
     const size_t before = line.find_last_of(" ,:;", last);
     const size_t start = before == std::string_view::npos ? 0 : before + 1;
     long long number = -1;
-    (void)std::from_chars(line.data() + start, line.data() + last + 1, number);  // -1 if it isn't
+    // On failure the number remains -1.
+    (void)std::from_chars(line.data() + start, line.data() + last + 1, number);
     return number;
 }
 
@@ -56,8 +65,8 @@ public:
     {
         std::string_view line;
         while (mContents.error.empty() && mLines.Next(line)) {
-            mIsStyled = StartsWith(line, "%_");
-            if (mIsStyled) line.remove_prefix(2);
+            mIsStyled = StartsWith(line, record::kStyled);
+            if (mIsStyled) line.remove_prefix(record::kStyled.size());
             if (!line.empty()) TakeLine(line);
         }
         mContents.linksAreListed = mContents.linkedFiles.empty();
@@ -75,10 +84,10 @@ private:
                 TakeNameLine(line);
                 break;
             case '[':
-                if (EndsWith(line, "TZ")) mObjects.DefineAlias(line);
+                if (EndsWith(line, record::kFontAlias)) mObjects.DefineAlias(line);
                 break;
             case '(':
-            case '`':
+            case record::kPlaced:
                 TakeTextLine(line);
                 break;
             case '%':
@@ -86,11 +95,14 @@ private:
                 break;
             case 'T':
                 TrimEnd(line);
-                if (line == "TO") EndObject();
+                if (line == record::kEndText) EndObject();
                 break;
             default:
                 TrimEnd(line);
-                if (line.size() == 4 && EndsWith(line, " To")) mObjects.Begin(mIsStyled);
+                // The operand is one digit: the kind of the text object.
+                if (line.size() == 4 && EndsInOperator(line, record::kBeginText)) {
+                    mObjects.Begin(mIsStyled);
+                }
                 break;
         }
     }
@@ -98,32 +110,35 @@ private:
     void TakeNameLine(std::string_view line)
     {
         TrimEnd(line);
-        if (StartsWith(line, "/AI11TextDocument :")) {
+        if (StartsWith(line, record::kTextDocument)) {
             TakeTree(line);
-        } else if (StartsWith(line, "/AI11Text :")) {
+        } else if (StartsWith(line, record::kTextFrame)) {
             TakeFrame(line);
-        } else if (StartsWith(line, "/ArtLegacyText")) {
+        } else if (StartsWith(line, record::kLegacyText)) {
             TakeLegacyText();
-        } else if (EndsWith(line, " Tf")) {
+        } else if (EndsInOperator(line, record::kSetFont)) {
             mObjects.SetFont(line, mIsStyled);
-        } else if (EndsWith(line, " TZ")) {
+        } else if (EndsInOperator(line, record::kFontAlias)) {
             mObjects.DefineAlias(line);
         }
     }
 
-    // What is encoded from here to its end mark; false if it isn't there or is damaged.
+    // Appends to `data` what `rest`, a part of GetRest(), holds as ASCII85 up to its end mark, and
+    // continues after that mark. Returns false if the mark is missing or the data is damaged.
     bool Decode(std::string_view rest, ByteBuffer& data)
     {
-        const size_t end = rest.find("~>");
+        const size_t end = rest.find(record::kAscii85End);
         if (end == std::string_view::npos) return false;
-        mLines.Skip(static_cast<size_t>(rest.data() - mLines.GetRest().data()) + end + 2);
+        mLines.Skip(static_cast<size_t>(rest.data() - mLines.GetRest().data()) + end +
+                    record::kAscii85End.size());
         return DecodeAscii85(rest.substr(0, end + 1), data);
     }
 
+    // Only the first text tree is used.
     void TakeTree(std::string_view line)
     {
         if (mContents.hasTree) return;
-        if (line.find("/ASCII85Decode ,") == std::string_view::npos) {
+        if (line.find(record::kAscii85) == std::string_view::npos) {
             mContents.error = "its text is packed in an unknown way";
         } else if (!Decode(mLines.GetRest(), mContents.tree)) {
             mContents.error = "its text is damaged";
@@ -134,7 +149,7 @@ private:
     void AddText(NativeText text)
     {
         if (mContents.texts.size() >= DocumentBuilder::kMaximumRuns) {
-            throw TooLarge("too large: more text than can be read");
+            throw LimitExceeded("too large: more text than can be read");
         }
         mContents.texts.push_back(std::move(text));
     }
@@ -145,16 +160,16 @@ private:
         long long story = -1;
         long long frame = -1;
         for (size_t count = 0; count < kMostFrameLines; ++count) {
-            undone = std::max(undone, GetNumberBefore(line, "/FreeUndo"));
-            story = std::max(story, GetNumberBefore(line, "/StoryIndex"));
-            frame = std::max(frame, GetNumberBefore(line, "/FrameIndex"));
+            undone = std::max(undone, GetNumberBefore(line, record::kFreeUndo));
+            story = std::max(story, GetNumberBefore(line, record::kStoryIndex));
+            frame = std::max(frame, GetNumberBefore(line, record::kFrameIndex));
             const bool isWhole = undone >= 0 && story >= 0 && frame >= 0;
-            if (isWhole || line.find("/Art :") != std::string_view::npos || !mLines.Next(line)) {
-                break;
-            }
-            if (StartsWith(line, "%_")) line.remove_prefix(2);
+            // The outline of the frame follows the numbers.
+            const bool isOutline = line.find(record::kArt) != std::string_view::npos;
+            if (isWhole || isOutline || !mLines.Next(line)) break;
+            if (StartsWith(line, record::kStyled)) line.remove_prefix(record::kStyled.size());
         }
-        // 1 is what an effect makes out of a frame that stands there as well.
+        // /FreeUndo 1 marks a copy that an effect generated; its source frame is in the file too.
         if (undone == 1 || story < 0 || frame < 0 || !mFrames.emplace(story, frame).second) return;
         NativeText text;
         text.type = NativeText::Type::kFrame;
@@ -163,11 +178,12 @@ private:
         AddText(std::move(text));
     }
 
-    // The data is a block of lines that begin with a percent sign, up to the next end mark.
+    // The data is the block of lines before the next end mark that begin with a percent sign. The
+    // lines between the record's name and that block vary, so search backwards from the end mark.
     void TakeLegacyText()
     {
         const std::string_view rest = mLines.GetRest();
-        const size_t end = rest.find("~>");
+        const size_t end = rest.find(record::kAscii85End);
         if (end == std::string_view::npos) return;
         size_t start = end;
         while (start > 0) {
@@ -175,7 +191,9 @@ private:
             if (lineEnd == std::string_view::npos) break;
             const size_t before = rest.find_last_of("\r\n", lineEnd);
             const size_t lineStart = before == std::string_view::npos ? 0 : before + 1;
-            if (rest[lineStart] != '%' || rest.substr(lineStart, 2) == "%_") break;
+            if (rest[lineStart] != '%' || StartsWith(rest.substr(lineStart), record::kStyled)) {
+                break;
+            }
             start = lineStart;
         }
         NativeText text;
@@ -189,7 +207,7 @@ private:
 
     void TakeComment(std::string_view line)
     {
-        if (StartsWith(line, "%AI5_FileFormat")) mContents.isNative = true;
+        if (StartsWith(line, record::kFileFormat)) mContents.isNative = true;
         if (mIsStyled || !StartsWith(line, "%%")) return;
         const DscComment comment = SplitDscComment(line);
         if (comment.keyword != "+") mIsFileList = comment.keyword == "DocumentFiles";
@@ -199,32 +217,35 @@ private:
         if (!path.empty()) (isIncluded ? mIncludedFiles : mListedFiles).push_back(std::move(path));
     }
 
-    // "(text) Tx 1 0 Tk", "(path) 0 XG", "`(path)" and "(path) `".
+    // Strings with their operators: "(text) Tx 1 0 Tk", "(path) 0 XG", "`(path)" and "(path) `".
     void TakeTextLine(std::string_view line)
     {
-        const bool isMarked = line.front() == '`';
+        const bool isMarked = line.front() == record::kPlaced;
         if (isMarked) line.remove_prefix(1);
         if (line.empty() || line.front() != '(') return;
         DscWord word;
         while (!line.empty() && line.front() == '(') {
             JoinLines(line);
-            (void)TakeDscWord(line, word);  // there is one: it begins here
+            (void)TakeDscWord(line, word);  // never false: the line begins with a parenthesis
             const size_t next = std::min(line.find('('), line.size());
             std::string_view operation = line.substr(0, next);
             line.remove_prefix(next);
             operation.remove_prefix(std::min(operation.find_first_not_of(' '), operation.size()));
             TrimEnd(operation);
             const std::string_view first = operation.substr(0, 2);
-            if (first == "Tx" || first == "TX" || first == "Tj") {
+            if (first == record::kShow || first == record::kShowAtEnd ||
+                first == record::kShowJustified) {
                 if (mObjects.IsOpen()) mObjects.Show(word.text);
             } else if (!mIsStyled && !word.text.empty()) {
-                const bool isPlaced = isMarked || operation == "`" || operation == "0 XG";
+                const bool isPlaced = isMarked ||
+                                      operation == std::string_view(&record::kPlaced, 1) ||
+                                      operation == record::kLinkedRaster;
                 if (isPlaced) mContents.linkedFiles.push_back(ToValidUtf8(word.text));
             }
         }
     }
 
-    // A long string goes on behind a backslash at the end of a line.
+    // A backslash at the end of a line continues a long string on the next line.
     void JoinLines(std::string_view& line)
     {
         constexpr size_t kMostLines = 4096;
@@ -233,7 +254,9 @@ private:
         for (size_t count = 0; count < kMostLines && mJoined.back() == '\\'; ++count) {
             mJoined.pop_back();
             if (!mLines.Next(line)) break;
-            if (mIsStyled && StartsWith(line, "%_")) line.remove_prefix(2);
+            if (mIsStyled && StartsWith(line, record::kStyled)) {
+                line.remove_prefix(record::kStyled.size());
+            }
             mJoined += line;
             if (mJoined.empty()) break;
         }
@@ -249,11 +272,11 @@ private:
     NativeLines mLines;
     NativeContents mContents;
     NativeTextObjects mObjects;
-    bool mIsStyled = false;
-    bool mIsFileList = false;
-    std::set<std::pair<long long, long long>> mFrames;
-    std::vector<std::string> mListedFiles;
-    std::vector<std::string> mIncludedFiles;
+    bool mIsStyled = false;    // the present line has the prefix "%_"
+    bool mIsFileList = false;  // the last comment was %%DocumentFiles, which %%+ continues
+    std::set<std::pair<long long, long long>> mFrames;  // (story, frame) of those added
+    std::vector<std::string> mListedFiles;              // %%DocumentFiles
+    std::vector<std::string> mIncludedFiles;            // %%IncludeFile
     std::string mJoined;
 };
 

@@ -11,33 +11,33 @@
 
 namespace documents {
 
-// A text object of a native document, where it stands in paint order.
+// A text object of a native document.
 struct NativeText {
     enum class Type {
-        kFrame,   // shows a frame of a story of the text tree
-        kObject,  // holds its text itself, as versions up to 10 write it
+        kFrame,   // a frame of a story of the text tree
+        kObject,  // a text object with its own text, as versions up to 10 write it
         kPdf,     // text of an older version that was never converted: a PDF with one page
     };
     Type type = Type::kObject;
-    size_t story = 0;           // of a frame
-    size_t frame = 0;           // of a frame: its index in the story
-    std::vector<TextRun> runs;  // of an object
-    std::unique_ptr<ByteBuffer> pdf;
+    size_t story = 0;                 // kFrame: index into the text tree's stories
+    size_t frame = 0;                 // kFrame: index of the frame in its story
+    std::vector<TextRun> runs;        // kObject
+    std::unique_ptr<ByteBuffer> pdf;  // kPdf
 };
 
-// What one pass over the lines of a native document finds.
+// The result of one pass over the lines of a native document.
 struct NativeContents {
-    bool isNative = false;  // it says so itself
+    bool isNative = false;  // the document has the mark %AI5_FileFormat
     bool hasTree = false;
-    ByteBuffer tree;  // the text tree, decoded
-    std::vector<NativeText> texts;
+    ByteBuffer tree;                       // the text tree, decoded
+    std::vector<NativeText> texts;         // in paint order
     std::vector<std::string> linkedFiles;  // placed files in order, repeats included
-    bool linksAreListed = false;           // no object tells of them: they are from comments
-    std::string error;                     // why the text can't be read; a few words
+    bool linksAreListed = false;           // linkedFiles is from comments: no object names a file
+    std::string error;                     // why the text can't be read, in a few words
 };
 
-// Objects in the appearance of styled art stand there twice: as the user's own, with "%_" in front
-// of each line, and as what they look like. Each counts once. Throws TooLarge.
+// Scans the lines of a native document. Styled art stores each object twice: the user's own (lines
+// prefixed "%_") and its rendered appearance. Each object is reported once. Throws LimitExceeded.
 NativeContents ScanNative(std::string_view text);
 
 }  // namespace documents

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "documents/pdf/PdfFont.h"
+#include "documents/model/FontName.h"
 
 namespace documents {
 
@@ -10,7 +10,7 @@ namespace {
 
 constexpr size_t kMostKeptBytes = 256;
 
-// The name behind the slash at the start of `text`.
+// `text` begins with a slash; returns the name after it.
 std::string_view GetName(std::string_view text)
 {
     text.remove_prefix(1);
@@ -34,6 +34,7 @@ std::string NativeTextObjects::ResolveAlias(std::string_view alias) const
 {
     const auto found = mAliases.find(alias);
     if (found != mAliases.end() && !found->second.empty()) return found->second;
+    // Without a definition, an alias is the PostScript name with an underscore before it.
     if (alias.substr(0, 1) == "_") alias.remove_prefix(1);
     return std::string(alias);
 }
@@ -69,7 +70,7 @@ bool NativeTextObjects::End(std::vector<TextRun>& runs)
 {
     if (!mIsOpen) return false;
     mIsOpen = false;
-    // The return that ends every object is no text of the user's.
+    // The return that ends every object isn't part of the user's text.
     if (mEndsInReturn && !mRuns.empty() && --mRuns.back().length == 0) mRuns.pop_back();
     const bool isNew = mSeen.insert(mContent).second;
     if (mIsStyled && !isNew) return false;

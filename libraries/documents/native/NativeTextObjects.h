@@ -11,36 +11,36 @@
 
 namespace documents {
 
-// The text objects of versions up to 10: from "0 To" to "TO" the fonts that are set and the strings
-// that are shown in them. Strings that follow each other in one font are one run; the font stays
-// set from one object to the next.
+// Collects the text objects of versions up to 10: between "0 To" and "TO", fonts are set and
+// strings are shown in them. Consecutive strings in one font are one run. The font remains set from
+// one object to the next.
 class NativeTextObjects {
 public:
-    // "[/_Alias/PostScriptName 0 0 0 TZ": what a name stands for that fonts are set by.
+    // "[/_Alias/PostScriptName 0 0 0 TZ": defines the alias that SetFont lines use for a font.
     void DefineAlias(std::string_view line);
 
-    // "/_Alias 11 8.8 -2.7 Tf".
+    // "/_Alias 11 8.8 -2.7 Tf". Styled lines (prefix "%_") have a font of their own.
     void SetFont(std::string_view line, bool isStyled);
 
     void Begin(bool isStyled);
     bool IsOpen() const { return mIsOpen; }
     void Show(const std::string& text);
 
-    // True if the object counts; `runs` is then its text. An object in the user's own form counts
-    // if no other one shows the same.
+    // Ends the object. Returns true and sets `runs` unless the object is a repeat: the user's own
+    // form of styled art ("%_") is used only if no earlier object has the same fonts and text.
     bool End(std::vector<TextRun>& runs);
 
 private:
     std::string ResolveAlias(std::string_view alias) const;
 
     std::map<std::string, std::string, std::less<>> mAliases;
-    std::string mFonts[2];  // as it is set by plain lines, by lines of the user's own form
+    std::string mFonts[2];  // the present font of plain lines, of styled lines
     bool mIsOpen = false;
     bool mIsStyled = false;
     bool mEndsInReturn = false;
     std::vector<TextRun> mRuns;
-    std::string mContent;
-    std::unordered_set<std::string> mSeen;
+    std::string mContent;                   // fonts and first bytes of the object's text
+    std::unordered_set<std::string> mSeen;  // mContent of every object so far
 };
 
 }  // namespace documents

@@ -18,7 +18,8 @@ const std::string* FindFontName(const ParsedTextTree& tree, long long index)
     return name.empty() ? nullptr : &name;
 }
 
-// Null if neither the style nor one above it nor the document says which font.
+// Returns the font of the style, of its nearest parent that has one, or of the document; null if
+// there is none. The limit ends a chain of parents that leads in a circle.
 const std::string* FindFont(const ParsedTextTree& tree, ParsedTextTree::Style style)
 {
     for (size_t depth = 0; depth < kMostParents; ++depth) {
@@ -34,28 +35,31 @@ void AppendRun(const std::string& font, size_t length, std::vector<TextRun>& run
     if (length > 0) runs.push_back({font, length});
 }
 
-// Every story ends in a return that is no text of the user's.
+// Removes the return that ends every story, which isn't part of the user's text.
 void DropLastReturn(std::vector<ParsedTextTree::Run>& runs)
 {
     while (!runs.empty() && runs.back().length == 0) runs.pop_back();
     if (!runs.empty() && --runs.back().length == 0) runs.pop_back();
 }
 
+// Returns what each frame of the story shows; empty if the layout is missing or contradicts the
+// rest of the story. A frame can occur several times in the layout: its portion is from the first
+// occurrence to the end of the last one. `length` is the length of the story's runs.
 std::vector<NativeTextTree::Portion> MakePortions(const ParsedTextTree::Story& story, size_t length)
 {
-    if (story.laid.empty()) return {};
+    if (story.layout.empty()) return {};
     std::vector<NativeTextTree::Portion> portions(story.frames.size());
     size_t start = 0;
-    for (const ParsedTextTree::Laid& laid : story.laid) {
-        const auto place = std::find(story.frames.begin(), story.frames.end(), laid.frame);
+    for (const ParsedTextTree::FrameText& text : story.layout) {
+        const auto place = std::find(story.frames.begin(), story.frames.end(), text.frame);
         if (place == story.frames.end()) return {};
         NativeTextTree::Portion& portion =
             portions[static_cast<size_t>(place - story.frames.begin())];
         if (portion.length == 0) portion.start = start;
-        start += laid.length;
+        start += text.length;
         portion.length = start - portion.start;
     }
-    // With the last return, which isn't counted in `length`.
+    // +1: a story ends with a return that `length` doesn't include.
     return start <= length + 1 ? portions : std::vector<NativeTextTree::Portion>();
 }
 
@@ -78,7 +82,7 @@ NativeTextTree::NativeTextTree(std::string_view bytes)
                 AppendRun(*font, run.length, story.runs);
             }
         }
-        // With text left out the layout's counts would fall on other runs.
+        // If a run was left out, the layout's lengths would select the wrong runs.
         if (mUnknownFonts == 0) story.portions = MakePortions(parsed, length);
         mStories.push_back(std::move(story));
     }

@@ -9,14 +9,13 @@
 
 namespace documents {
 
-// The text of a native document of version 11 and later: all its stories, whatever shows them.
-//
-// A tree of dictionaries, whose keys are numbers, or words in version 11. Fonts stand in a list of
-// their own, which holds more than are used; each run names its font, or its parent style's holds,
-// or the document's default font.
+// The stories of a native document of version 11 and later, with the font of each run resolved:
+// the font that the run names, else that of its nearest parent style that names one, else the
+// document's default font. The tree's own list of fonts isn't used: it holds fonts without any
+// text.
 class NativeTextTree {
 public:
-    // How many characters of a story one of its frames shows.
+    // The part of a story that one of its frames shows, in characters.
     struct Portion {
         size_t start = 0;
         size_t length = 0;
@@ -24,20 +23,20 @@ public:
 
     struct Story {
         std::vector<TextRun> runs;  // without the return that ends every story
-        // By the frame's index in the story. Empty if the tree doesn't tell how the text is laid
-        // out, or tells something that doesn't fit the runs.
+        // By the frame's index in the story. Empty if the tree has no layout, or one that doesn't
+        // fit the runs.
         std::vector<Portion> portions;
     };
 
-    // `tree` is only read here. Runs whose font isn't told at all count as `unknownFonts`, and are
-    // left out.
+    // Parses the decoded text tree, which isn't needed afterwards. Leaves out runs whose font can't
+    // be resolved and counts them. Throws LimitExceeded.
     explicit NativeTextTree(std::string_view tree);
 
     const std::vector<Story>& GetStories() const { return mStories; }
     size_t GetUnknownFonts() const { return mUnknownFonts; }
 
-    // The runs that the frame with this index in the story shows, without what no frame has room
-    // for: all of them if the layout isn't known.
+    // Returns the runs that a frame of a story shows: a part of the story's, or all of them if the
+    // layout isn't known. `story` must be an index into GetStories(); `frame` may be anything.
     std::vector<TextRun> GetFrameRuns(size_t story, size_t frame) const;
 
 private:

@@ -16,9 +16,9 @@ bool IsDelimiter(char c) { return kDelimiters.find(c) != std::string_view::npos;
 
 }  // namespace
 
-void TextTreeCursor::SkipBlanks()
+void TextTreeCursor::SkipSpaces()
 {
-    while (mPosition < mTree.size() && IsPdfBlank(mTree[mPosition])) ++mPosition;
+    while (mPosition < mTree.size() && IsPdfSpace(mTree[mPosition])) ++mPosition;
 }
 
 void TextTreeCursor::SkipText()
@@ -32,13 +32,13 @@ void TextTreeCursor::SkipText()
 size_t TextTreeCursor::MeasureWord() const
 {
     size_t end = mPosition;
-    while (end < mTree.size() && !IsPdfBlank(mTree[end]) && !IsDelimiter(mTree[end])) ++end;
+    while (end < mTree.size() && !IsPdfSpace(mTree[end]) && !IsDelimiter(mTree[end])) ++end;
     return end - mPosition;
 }
 
 bool TextTreeCursor::Enter(char bracket)
 {
-    SkipBlanks();
+    SkipSpaces();
     const std::string_view rest = mTree.substr(mPosition);
     const size_t length = bracket == '<' ? 2 : 1;
     if (rest.substr(0, length) != (bracket == '<' ? "<<" : "[")) {
@@ -51,7 +51,7 @@ bool TextTreeCursor::Enter(char bracket)
 
 bool TextTreeCursor::TakeEnd()
 {
-    SkipBlanks();
+    SkipSpaces();
     if (mPosition >= mTree.size()) return true;
     if (mTree[mPosition] == ']') {
         ++mPosition;
@@ -66,7 +66,7 @@ bool TextTreeCursor::TakeEnd()
 
 std::string_view TextTreeCursor::TakeKey()
 {
-    SkipBlanks();
+    SkipSpaces();
     if (mPosition >= mTree.size() || mTree[mPosition] != '/') return {};
     ++mPosition;
     const std::string_view key = mTree.substr(mPosition, MeasureWord());
@@ -78,7 +78,7 @@ void TextTreeCursor::Skip()
 {
     size_t depth = 0;
     do {
-        SkipBlanks();
+        SkipSpaces();
         if (mPosition >= mTree.size()) return;
         const char c = mTree[mPosition];
         const std::string_view pair = mTree.substr(mPosition, 2);
@@ -88,7 +88,7 @@ void TextTreeCursor::Skip()
             ++depth;
             mPosition += c == '[' ? 1 : 2;
         } else if (pair == ">>" || c == ']') {
-            // The end of what is around: that is no value.
+            // The end of the enclosing value: there is nothing to skip.
             if (depth == 0) return;
             --depth;
             mPosition += c == ']' ? 1 : 2;
@@ -99,13 +99,13 @@ void TextTreeCursor::Skip()
     } while (depth > 0);
 }
 
-long long TextTreeCursor::TakeNumber(long long standard)
+long long TextTreeCursor::TakeNumber(long long fallback)
 {
-    SkipBlanks();
+    SkipSpaces();
     const std::string_view word = mTree.substr(mPosition, MeasureWord());
-    long long number = standard;
+    long long number = fallback;
     if (std::from_chars(word.data(), word.data() + word.size(), number).ec != std::errc()) {
-        number = standard;
+        number = fallback;
     }
     Skip();
     return number;
@@ -113,7 +113,7 @@ long long TextTreeCursor::TakeNumber(long long standard)
 
 std::string_view TextTreeCursor::TakeName()
 {
-    SkipBlanks();
+    SkipSpaces();
     if (mPosition < mTree.size() && mTree[mPosition] == '/') return TakeKey();
     Skip();
     return {};
@@ -121,7 +121,7 @@ std::string_view TextTreeCursor::TakeName()
 
 std::string TextTreeCursor::TakeText()
 {
-    SkipBlanks();
+    SkipSpaces();
     const size_t start = mPosition;
     Skip();
     if (start >= mTree.size() || mTree[start] != '(') return {};

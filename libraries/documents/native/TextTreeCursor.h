@@ -6,30 +6,33 @@
 
 namespace documents {
 
-// Walks through a text tree: nested dictionaries "<< /Key value >>" and arrays, names, texts and
-// numbers, as in a PDF. Nothing is kept of what is passed, and what isn't asked for is passed over
-// without recursion: any nesting depth and any size is fine. A tree that ends early, or whose ends
-// don't match, is walked as far as it goes.
+// Reads a text tree from start to end: nested dictionaries "<< /Key value >>", arrays, names, texts
+// and numbers, in the syntax of PDF. Stores nothing and skips unwanted values without recursion, so
+// nesting depth and size are unlimited. Never fails: a tree that is cut off or has unbalanced
+// brackets is read as far as possible.
 class TextTreeCursor {
 public:
     explicit TextTreeCursor(std::string_view tree) : mTree(tree) {}
 
-    // Goes through the entries of the dictionary that comes next, or of the rest of the tree if
-    // that isn't enclosed in one. `entry(key)` may walk the value; what it leaves is passed over.
-    // Any other value is passed over whole.
+    // Calls `entry(key)` for each entry of the dictionary that comes next. `entry` may read the
+    // value; a value that it doesn't read is skipped. Skips the next value if it isn't a
+    // dictionary.
     template <class Entry>
     void ForEachEntry(Entry entry)
     {
         if (!Enter('<')) return;
         WalkEntries(entry);
     }
+
+    // The same for the rest of the tree, as the tree itself isn't enclosed in << >>.
     template <class Entry>
     void ForEachTopEntry(Entry entry)
     {
         WalkEntries(entry);
     }
 
-    // Goes through the items of the array that comes next.
+    // Calls `item()` for each item of the array that comes next; an item that it doesn't read is
+    // skipped. Skips the next value if it isn't an array.
     template <class Item>
     void ForEachItem(Item item)
     {
@@ -41,17 +44,18 @@ public:
         }
     }
 
-    // Passes over the next value.
+    // Skips the next value.
     void Skip();
 
-    // The next value as a whole number; `standard` if it is something else.
-    long long TakeNumber(long long standard);
+    // Takes the next value; returns it as a whole number, or `fallback` if it isn't one.
+    long long TakeNumber(long long fallback);
 
-    // The next value as a name without its slash, a view into the tree; empty if it is no name.
+    // Takes the next value; returns it as a name without its slash, a view into the tree, or "" if
+    // it isn't a name.
     std::string_view TakeName();
 
-    // The next value as a text in UTF-8, which is stored in UTF-16 if it begins with FE FF. Empty
-    // if it is no text.
+    // Takes the next value; returns it as UTF-8, or "" if it isn't a text. A text that begins with
+    // FE FF is stored as big-endian UTF-16.
     std::string TakeText();
 
 private:
@@ -70,13 +74,14 @@ private:
         }
     }
 
-    // Takes the opening bracket of this kind, or passes over the next value.
+    // Takes an opening bracket, '<' for "<<" or '['. If the next value begins with anything else,
+    // skips it and returns false.
     bool Enter(char bracket);
-    // Takes a closing bracket of either kind; true at the end of the tree too.
+    // Takes ">>" or "]" if it comes next. Also returns true at the end of the tree.
     bool TakeEnd();
-    // A name without its slash; empty, and nothing taken, if there is none.
+    // Takes a name and returns it without its slash. Takes nothing and returns "" if none follows.
     std::string_view TakeKey();
-    void SkipBlanks();
+    void SkipSpaces();
     void SkipText();
     size_t MeasureWord() const;
 

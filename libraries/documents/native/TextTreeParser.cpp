@@ -2,8 +2,10 @@
 
 #include <algorithm>
 
-#include "documents/bytes/InflateBudget.h"
+#include "documents/bytes/ReadBudget.h"
 #include "documents/model/DocumentBuilder.h"
+#include "documents/native/NativeKeys.h"
+#include "documents/native/TextTreeCursor.h"
 
 namespace documents {
 
@@ -11,37 +13,7 @@ namespace {
 
 constexpr long long kMostCharacters = 1LL << 40;
 
-// A key in its two forms.
-struct Key {
-    std::string_view number;
-    std::string_view word;
-    friend bool operator==(std::string_view key, const Key& wanted)
-    {
-        return key == wanted.number || key == wanted.word;
-    }
-};
-
-constexpr Key kDocumentResources = {"0", "DocumentResources"};
-constexpr Key kDocumentObjects = {"1", "DocumentObjects"};
-constexpr Key kFontSet = {"1", "FontSet"};
-constexpr Key kStyleSheetSet = {"5", "StyleSheetSet"};
-constexpr Key kResources = {"0", "Resources"};
-constexpr Key kResource = {"0", "Resource"};
-constexpr Key kIdentifier = {"0", "Identifier"};
-constexpr Key kName = {"0", "Name"};
-constexpr Key kTextObjects = {"1", "TextObjects"};
-constexpr Key kDefaultFeatures = {"2", "OriginalNormalStyleFeatures"};
-constexpr Key kModel = {"0", "Model"};
-constexpr Key kView = {"1", "View"};
-constexpr Key kStyleRun = {"6", "StyleRun"};
-constexpr Key kRunArray = {"0", "RunArray"};
-constexpr Key kRunData = {"0", "RunData"};
-constexpr Key kStyleSheet = {"0", "StyleSheet"};
-constexpr Key kParent = {"5", "Parent"};
-constexpr Key kFeatures = {"6", "Features"};
-constexpr Key kFont = {"0", "Font"};
-constexpr Key kLength = {"1", "Length"};
-
+// Clamps a number from the file, so that sums of lengths can't overflow.
 size_t ToLength(long long number)
 {
     return static_cast<size_t>(std::clamp(number, 0LL, kMostCharacters));
@@ -54,8 +26,8 @@ public:
     ParsedTextTree Parse()
     {
         mCursor.ForEachTopEntry([this](std::string_view key) {
-            if (key == kDocumentResources) ParseResources();
-            if (key == kDocumentObjects) ParseObjects();
+            if (key == treekey::kDocumentResources) ParseResources();
+            if (key == treekey::kDocumentObjects) ParseObjects();
         });
         return std::move(mTree);
     }
@@ -66,31 +38,31 @@ private:
     void CountItem()
     {
         if (++mItems > DocumentBuilder::kMaximumRuns) {
-            throw TooLarge("too large: more text than can be read");
+            throw LimitExceeded("too large: more text than can be read");
         }
     }
 
     void ParseResources()
     {
         mCursor.ForEachEntry([this](std::string_view key) {
-            if (key == kFontSet) {
+            if (key == treekey::kFontSet) {
                 ParseList([this] { ParseFont(); });
-            } else if (key == kStyleSheetSet) {
+            } else if (key == treekey::kStyleSheetSet) {
                 ParseList([this] { mTree.styles.push_back(ParseStyle()); });
             }
         });
     }
 
-    // Each resource of a set.
+    // Calls `resource` for each item of a set, with the cursor at the item's dictionary.
     template <class Resource>
     void ParseList(Resource resource)
     {
         mCursor.ForEachEntry([&](std::string_view key) {
-            if (!(key == kResources)) return;
+            if (key != treekey::kResources) return;
             mCursor.ForEachItem([&] {
                 bool found = false;
                 mCursor.ForEachEntry([&](std::string_view part) {
-                    if (!(part == kResource) || found) return;
+                    if (part != treekey::kResource || found) return;
                     CountItem();
                     found = true;
                     resource();
@@ -103,9 +75,9 @@ private:
     {
         std::string name;
         mCursor.ForEachEntry([&](std::string_view key) {
-            if (!(key == kIdentifier)) return;
+            if (key != treekey::kIdentifier) return;
             mCursor.ForEachEntry([&](std::string_view part) {
-                if (part == kName) name = mCursor.TakeText();
+                if (part == treekey::kName) name = mCursor.TakeText();
             });
         });
         mTree.fonts.push_back(std::move(name));
@@ -115,9 +87,9 @@ private:
     {
         Style style;
         mCursor.ForEachEntry([&](std::string_view key) {
-            if (key == kParent) {
+            if (key == treekey::kParent) {
                 style.parent = mCursor.TakeNumber(ParsedTextTree::kNone);
-            } else if (key == kFeatures) {
+            } else if (key == treekey::kFeatures) {
                 style.font = ParseFeatures();
             }
         });
@@ -128,7 +100,7 @@ private:
     {
         long long font = ParsedTextTree::kNone;
         mCursor.ForEachEntry([&](std::string_view key) {
-            if (key == kFont) font = mCursor.TakeNumber(ParsedTextTree::kNone);
+            if (key == treekey::kFont) font = mCursor.TakeNumber(ParsedTextTree::kNone);
         });
         return font;
     }
@@ -136,9 +108,9 @@ private:
     void ParseObjects()
     {
         mCursor.ForEachEntry([this](std::string_view key) {
-            if (key == kTextObjects) {
+            if (key == treekey::kTextObjects) {
                 mCursor.ForEachItem([this] { ParseStory(); });
-            } else if (key == kDefaultFeatures) {
+            } else if (key == treekey::kDefaultFeatures) {
                 mTree.defaultFont = ParseFeatures();
             }
         });
@@ -149,9 +121,9 @@ private:
         CountItem();
         ParsedTextTree::Story story;
         mCursor.ForEachEntry([&](std::string_view key) {
-            if (key == kModel) {
+            if (key == treekey::kModel) {
                 ParseModel(story);
-            } else if (key == kView) {
+            } else if (key == treekey::kView) {
                 ParseView(story);
             }
         });
@@ -161,9 +133,9 @@ private:
     void ParseModel(ParsedTextTree::Story& story)
     {
         mCursor.ForEachEntry([&](std::string_view key) {
-            if (!(key == kStyleRun)) return;
+            if (key != treekey::kStyleRun) return;
             mCursor.ForEachEntry([&](std::string_view part) {
-                if (part == kRunArray) mCursor.ForEachItem([&] { ParseRun(story); });
+                if (part == treekey::kRunArray) mCursor.ForEachItem([&] { ParseRun(story); });
             });
         });
     }
@@ -173,11 +145,11 @@ private:
         CountItem();
         ParsedTextTree::Run run;
         mCursor.ForEachEntry([&](std::string_view key) {
-            if (key == kLength) {
+            if (key == treekey::kLength) {
                 run.length = ToLength(mCursor.TakeNumber(0));
-            } else if (key == kRunData) {
+            } else if (key == treekey::kRunData) {
                 mCursor.ForEachEntry([&](std::string_view part) {
-                    if (part == kStyleSheet) run.style = ParseStyle();
+                    if (part == treekey::kStyleSheet) run.style = ParseStyle();
                 });
             }
         });
@@ -185,52 +157,52 @@ private:
     }
 
     // The frames of a story, and how its text is laid out in them: a list of columns, each with the
-    // frames, regions, lines and segments in it. The words for these keys aren't known, and a story
-    // that is laid out in one frame doesn't need them.
+    // frames, regions, lines and segments in it. The words for these keys are unknown, so the
+    // layout of version 11 isn't read: there each frame shows its whole story.
     void ParseView(ParsedTextTree::Story& story)
     {
         mCursor.ForEachEntry([&](std::string_view key) {
-            if (key == "0") {
+            if (key == treekey::kFrames) {
                 mCursor.ForEachItem([&] {
                     CountItem();
                     story.frames.push_back(ParsedTextTree::kNone);
                     mCursor.ForEachEntry([&](std::string_view part) {
-                        if (part == "0") {
+                        if (part == treekey::kFrameNumber) {
                             story.frames.back() = mCursor.TakeNumber(ParsedTextTree::kNone);
                         }
                     });
                 });
-            } else if (key == "2") {
+            } else if (key == treekey::kLayout) {
                 mCursor.ForEachItem([&] { ParsePiece(story, 0); });
             }
         });
     }
 
-    // A piece of the layout: its kind in "99", the pieces in it in "6". Kind and frame stand before
-    // the pieces.
+    // A piece of the layout and the pieces in it. Relies on the order of the keys: the kind and the
+    // frame come before the pieces.
     void ParsePiece(ParsedTextTree::Story& story, size_t depth)
     {
         constexpr size_t kMostDepth = 16;
         bool isFrame = false;
         bool isSegment = false;
         mCursor.ForEachEntry([&](std::string_view key) {
-            if (key == "99") {
+            if (key == treekey::kPieceKind) {
                 const std::string_view kind = mCursor.TakeName();
-                isFrame = kind == "F";
-                isSegment = kind == "S";
+                isFrame = kind == treekey::kKindFrame;
+                isSegment = kind == treekey::kKindSegment;
                 if (isFrame) {
                     CountItem();
-                    story.laid.emplace_back();
+                    story.layout.emplace_back();
                 }
-            } else if (key == "10" && isFrame) {
-                story.laid.back().frame = mCursor.TakeNumber(ParsedTextTree::kNone);
-            } else if (key == "15" && isSegment) {
+            } else if (key == treekey::kPieceFrame && isFrame) {
+                story.layout.back().frame = mCursor.TakeNumber(ParsedTextTree::kNone);
+            } else if (key == treekey::kSegmentText && isSegment) {
                 mCursor.ForEachEntry([&](std::string_view part) {
-                    if (!(part == "0")) return;
+                    if (part != treekey::kSegmentLength) return;
                     const size_t length = ToLength(mCursor.TakeNumber(0));
-                    if (!story.laid.empty()) story.laid.back().length += length;
+                    if (!story.layout.empty()) story.layout.back().length += length;
                 });
-            } else if (key == "6" && !isSegment && depth < kMostDepth) {
+            } else if (key == treekey::kPieceParts && !isSegment && depth < kMostDepth) {
                 mCursor.ForEachItem([&] { ParsePiece(story, depth + 1); });
             }
         });
@@ -238,7 +210,7 @@ private:
 
     TextTreeCursor mCursor;
     ParsedTextTree mTree;
-    size_t mItems = 0;
+    size_t mItems = 0;  // list items so far, limited by CountItem
 };
 
 }  // namespace

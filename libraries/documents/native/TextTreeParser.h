@@ -2,42 +2,43 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
-
-#include "documents/native/TextTreeCursor.h"
 
 namespace documents {
 
-// What a text tree says of fonts and runs, as it stands there: indices into its own lists, which
-// may lead nowhere.
+// The parts of a text tree that determine the fonts of runs, as in the file: every index may be
+// out of range.
 struct ParsedTextTree {
     static constexpr long long kNone = -1;
 
     struct Style {
-        long long font = kNone;
-        long long parent = kNone;
+        long long font = kNone;    // index into `fonts`
+        long long parent = kNone;  // index into `styles`
     };
     struct Run {
         Style style;
-        size_t length = 0;
+        size_t length = 0;  // in characters
     };
-    struct Laid {
-        long long frame = kNone;  // index into the tree's list of frames
+    struct FrameText {            // text that the layout puts into a frame
+        long long frame = kNone;  // the frame's number in the document
         size_t length = 0;        // in characters
     };
     struct Story {
         std::vector<Run> runs;
-        std::vector<long long> frames;  // indices into the tree's list of frames
-        std::vector<Laid> laid;         // in the order of the text
+        std::vector<long long>
+            frames;  // numbers in the document, by the frame's index in the story
+        std::vector<FrameText> layout;  // in the order of the text
     };
 
-    std::vector<std::string> fonts;
+    std::vector<std::string> fonts;  // PostScript names, used or not
     std::vector<Style> styles;
-    long long defaultFont = kNone;
+    long long defaultFont = kNone;  // index into `fonts`
     std::vector<Story> stories;
 };
 
-// Throws TooLarge if the tree has more runs than can be kept.
+// Parses a decoded text tree. A damaged tree gives what could be read of it. Throws LimitExceeded
+// if the tree has too many runs.
 ParsedTextTree ParseTextTree(std::string_view tree);
 
 }  // namespace documents

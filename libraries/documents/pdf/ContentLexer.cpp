@@ -7,12 +7,12 @@ namespace documents {
 
 namespace {
 
-enum CharacterClass : unsigned char { kRegular, kBlank, kDelimiter };
+enum CharacterClass : unsigned char { kRegular, kSpace, kDelimiter };
 
 constexpr std::array<unsigned char, 256> MakeClasses()
 {
     std::array<unsigned char, 256> classes{};
-    for (unsigned char c : {0, 9, 10, 12, 13, 32}) classes[c] = kBlank;
+    for (unsigned char c : {0, 9, 10, 12, 13, 32}) classes[c] = kSpace;
     for (char c : {'(', ')', '<', '>', '[', ']', '{', '}', '/', '%'}) {
         classes[static_cast<unsigned char>(c)] = kDelimiter;
     }
@@ -42,14 +42,14 @@ size_t CountRegular(std::string_view text)
     return length;
 }
 
-// Behind a backslash at the start of `text`: how many bytes the escape takes without it. `stands`
-// becomes the number of bytes that it stands for.
-size_t MeasureEscape(std::string_view text, size_t& stands)
+// `text` follows a backslash. Returns how many of its bytes belong to the escape, and sets
+// `decodedBytes` to the number of bytes after decoding.
+size_t MeasureEscape(std::string_view text, size_t& decodedBytes)
 {
-    stands = text.empty() ? 0 : 1;
+    decodedBytes = text.empty() ? 0 : 1;
     if (text.empty()) return 0;
     if (text[0] == '\r' || text[0] == '\n') {
-        stands = 0;
+        decodedBytes = 0;  // a line that goes on
         return text.substr(0, 2) == "\r\n" ? 2 : 1;
     }
     size_t length = 0;
@@ -59,7 +59,7 @@ size_t MeasureEscape(std::string_view text, size_t& stands)
 
 }  // namespace
 
-bool IsPdfBlank(char c) { return GetClass(c) == kBlank; }
+bool IsPdfSpace(char c) { return GetClass(c) == kSpace; }
 
 std::string DecodeName(std::string_view text)
 {
@@ -82,11 +82,11 @@ std::string DecodeName(std::string_view text)
 
 void ContentLexer::Skip(size_t bytes) { mRest.remove_prefix(std::min(bytes, mRest.size())); }
 
-void ContentLexer::SkipBlanksAndComments()
+void ContentLexer::SkipSpacesAndComments()
 {
     size_t position = 0;
     while (position < mRest.size()) {
-        if (GetClass(mRest[position]) == kBlank) {
+        if (GetClass(mRest[position]) == kSpace) {
             ++position;
         } else if (mRest[position] == '%') {
             position = std::min(mRest.find_first_of("\r\n", position), mRest.size());
@@ -100,7 +100,7 @@ void ContentLexer::SkipBlanksAndComments()
 Token ContentLexer::Next()
 {
     for (;;) {
-        SkipBlanksAndComments();
+        SkipSpacesAndComments();
         if (mRest.empty()) return {};
         const char first = mRest.front();
         const bool isDouble = mRest.size() > 1 && mRest[1] == first;
@@ -152,14 +152,14 @@ Token ContentLexer::TakeLiteralString()
     for (; position < mRest.size(); ++position) {
         const char c = mRest[position];
         if (c == '\\') {
-            size_t stands = 0;
-            position += MeasureEscape(mRest.substr(position + 1), stands);
-            token.length += stands;
+            size_t decodedBytes = 0;
+            position += MeasureEscape(mRest.substr(position + 1), decodedBytes);
+            token.length += decodedBytes;
             continue;
         }
         if (c == '(') ++depth;
         if (c == ')' && --depth == 0) break;
-        // A line end of two bytes counts as one.
+        // CR LF is decoded to one byte.
         if (c == '\n' && mRest[position - 1] == '\r') continue;
         ++token.length;
     }

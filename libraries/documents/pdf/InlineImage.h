@@ -4,10 +4,10 @@
 
 namespace documents {
 
-// Takes the lexer, which has just given BI, behind the image's EI. The length of the data is taken
-// from the image's dictionary where that tells it (/L, or an image without a filter); else the end
-// is the first EI between blanks with what looks like content behind it. Content in which no ID
-// follows is left where it is: then BI was none.
+// Moves the lexer, which has just returned BI, after the EI of the inline image. Computes the
+// length of the data from the image's dictionary if possible (/L, or an image without a filter);
+// otherwise the end is the first EI between white space that is followed by what looks like
+// content. Without an ID, BI wasn't an image and the lexer isn't moved.
 void SkipInlineImage(ContentLexer& lexer);
 
 }  // namespace documents

@@ -65,6 +65,7 @@ void LzwDecoder::Take(unsigned code)
             Flush();
             throw std::runtime_error("LZW code out of range");
         }
+        // A code that is only now being defined: its string ends as it begins.
         const unsigned char last = code < mEntries.size() ? mEntries[code].first : previous.first;
         mEntries.push_back({static_cast<uint16_t>(mPrevious),
                             static_cast<uint16_t>(previous.length + 1), last, previous.first});
@@ -83,6 +84,7 @@ void LzwDecoder::Put(unsigned code)
 {
     const size_t length = mEntries[code].length;
     mOutput.resize(mOutput.size() + length);
+    // The table links each string to its prefix, so fill in from the end.
     size_t position = mOutput.size();
     for (size_t index = 0; index < length; ++index) {
         mOutput[--position] = static_cast<char>(mEntries[code].last);

@@ -8,16 +8,20 @@
 
 namespace documents {
 
-// Decodes LZW as PDF has it: codes of 9 to 12 bits, high bit first, 256 clears, 257 ends. A code
-// that can't be throws std::runtime_error; what came before has been put out by then.
+// Decodes the LZW of PDF: codes of 9 to 12 bits, high bit first; 256 clears the table, 257 ends the
+// data. Throws std::runtime_error at an invalid code, after writing what comes before it.
+//
+// The PDF library's own LZW decoder and PNG predictor are private classes. Its public way to
+// decode, getStreamData(), returns the whole stream without this project's ReadBudget.
 class LzwDecoder : public Pipeline {
 public:
-    // earlyChange: codes grow by a bit one code earlier than they must.
+    // earlyChange: codes become one bit longer one code earlier than necessary (PDF's default).
     LzwDecoder(Pipeline* output, bool earlyChange);
     void write(unsigned char const* data, size_t length) override;
     void finish() override;
 
 private:
+    // A string of the table: that of the entry `prefix` and one more byte.
     struct Entry {
         uint16_t prefix;
         uint16_t length;
@@ -27,15 +31,16 @@ private:
 
     void Clear();
     void Take(unsigned code);
+    // Appends the string of an entry to the output.
     void Put(unsigned code);
     void Flush();
 
     bool mEarlyChange;
     bool mEnded = false;
     std::vector<Entry> mEntries;
-    int mPrevious = -1;
-    unsigned mBits = 0;
-    unsigned mBitCount = 0;
+    int mPrevious = -1;      // the code before; -1 after a clear
+    unsigned mBits = 0;      // input bits that aren't a whole code yet
+    unsigned mBitCount = 0;  // how many
     unsigned mCodeBits = 9;
     std::string mOutput;
 };

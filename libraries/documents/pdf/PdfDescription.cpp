@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "documents/bytes/Utf8.h"
-#include "documents/pdf/PdfKey.h"
+#include "documents/pdf/PdfDictionary.h"
 #include "documents/pdf/XmpPacket.h"
 
 namespace documents {
@@ -15,12 +15,12 @@ std::string GetText(QPDFObjectHandle value)
     return value.isString() ? ToValidUtf8(value.getUTF8Value()) : std::string();
 }
 
-// A file specification is a text or a dictionary.
+// A file specification is a string or a dictionary with a string per platform.
 std::string GetSpecifiedFile(QPDFObjectHandle specification)
 {
     if (specification.isString()) return GetText(specification);
     for (const char* key : {"/UF", "/F", "/Unix", "/Mac", "/DOS"}) {
-        std::string file = GetText(GetKey(specification, key));
+        std::string file = GetText(GetKeyOrNull(specification, key));
         if (!file.empty()) return file;
     }
     return {};
@@ -30,7 +30,7 @@ bool HasNativePart(PdfFile& file)
 {
     const auto& pages = file.GetPages();
     return std::any_of(pages.begin(), pages.end(), [](QPDFObjectHandle page) {
-        return GetKey(page.getKey("/PieceInfo"), "/Illustrator").isDictionary();
+        return GetKeyOrNull(page.getKey("/PieceInfo"), "/Illustrator").isDictionary();
     });
 }
 
@@ -38,24 +38,24 @@ bool HasNativePart(PdfFile& file)
 
 std::string GetExternalFile(QPDFObjectHandle dictionary)
 {
-    QPDFObjectHandle opi = GetKey(dictionary, "/OPI");
+    QPDFObjectHandle opi = GetKeyOrNull(dictionary, "/OPI");
     for (const char* version : {"/2.0", "/1.3"}) {
-        std::string file = GetSpecifiedFile(GetKey(GetKey(opi, version), "/F"));
+        std::string file = GetSpecifiedFile(GetKeyOrNull(GetKeyOrNull(opi, version), "/F"));
         if (!file.empty()) return file;
     }
-    std::string file = GetSpecifiedFile(GetKey(GetKey(dictionary, "/Ref"), "/F"));
-    return file.empty() ? GetSpecifiedFile(GetKey(dictionary, "/F")) : file;
+    std::string file = GetSpecifiedFile(GetKeyOrNull(GetKeyOrNull(dictionary, "/Ref"), "/F"));
+    return file.empty() ? GetSpecifiedFile(GetKeyOrNull(dictionary, "/F")) : file;
 }
 
 void DescribePdf(PdfFile& file, Document& document)
 {
     QPDF& pdf = file.GetPdf();
     std::string packet;
-    QPDFObjectHandle metadata = GetKey(pdf.getRoot(), "/Metadata");
+    QPDFObjectHandle metadata = GetKeyOrNull(pdf.getRoot(), "/Metadata");
     if (metadata.isStream()) file.AppendStream(metadata, packet);
     const XmpFacts facts = ReadXmpPacket(packet);
     document.linkedFiles = facts.manifestFiles;
-    document.creator = GetText(GetKey(GetKey(pdf.getTrailer(), "/Info"), "/Creator"));
+    document.creator = GetText(GetKeyOrNull(GetKeyOrNull(pdf.getTrailer(), "/Info"), "/Creator"));
     if (document.creator.empty()) document.creator = facts.creatorTool;
     const bool isIllustrator =
         document.creator.find("Adobe Illustrator") != std::string::npos || HasNativePart(file);

@@ -8,12 +8,12 @@
 
 namespace documents {
 
-// Fills in what a PDF says of itself besides its text: kind, creator, and the placed files that its
-// XMP packet lists (xmpMM:Manifest), in order with repeats.
+// Sets the document's kind, creator and placed files from a PDF's metadata. The placed files are
+// those of the XMP packet (xmpMM:Manifest), in order with repeats.
 void DescribePdf(PdfFile& file, Document& document);
 
-// The file that an XObject's dictionary refers to (OPI, a reference XObject, or data kept outside),
-// empty if it doesn't.
+// Returns the file that an XObject's dictionary refers to (OPI, a reference XObject or external
+// data), or "".
 std::string GetExternalFile(QPDFObjectHandle dictionary);
 
 }  // namespace documents

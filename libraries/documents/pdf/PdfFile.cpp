@@ -3,7 +3,7 @@
 #include <exception>
 #include <qpdf/QPDFExc.hh>
 
-#include "documents/bytes/InflateBudget.h"
+#include "documents/bytes/ReadBudget.h"
 #include "documents/bytes/Utf8.h"
 #include "documents/pdf/StreamFilters.h"
 
@@ -51,7 +51,7 @@ std::string PdfFile::Open()
             return "encrypted in an unknown way: " + ToMessageText(exception.getMessageDetail());
         }
         return GetDamage(exception.getMessageDetail());
-    } catch (const TooLarge& exception) {
+    } catch (const LimitExceeded& exception) {
         return exception.what();
     } catch (const std::exception& exception) {
         return GetDamage(exception.what());
@@ -62,7 +62,7 @@ std::string PdfFile::Open()
 
 std::string PdfFile::GetDamage(const std::string& reason) const
 {
-    const char* fault = HasEndMark(mBytes) ? "damaged: " : "cut off, and the rest can't be read: ";
+    const char* fault = HasEndMark(mBytes) ? "damaged: " : "cut off, and the rest cannot be read: ";
     return fault + ToMessageText(reason);
 }
 
@@ -78,7 +78,8 @@ std::vector<std::string> PdfFile::TakeNotes()
         }
     }
     if (mBrokenStreams > 0) {
-        notes.push_back(std::to_string(mBrokenStreams) + " streams can't be decoded whole");
+        notes.push_back("streams that cannot be decoded completely: " +
+                        std::to_string(mBrokenStreams));
         mBrokenStreams = 0;
     }
     return notes;
@@ -92,13 +93,13 @@ void PdfFile::AppendStream(QPDFObjectHandle stream, std::string& data)
     bool whole = false;
     try {
         whole = stream.pipeStreamData(&sink, &filtered, 0, qpdf_dl_specialized, true, false);
-    } catch (const TooLarge&) {
+    } catch (const LimitExceeded&) {
         throw;
     } catch (const std::exception&) {
-        // What came out before counts; the stream is noted below.
+        // What came out before the damage is used; the stream is counted below.
         whole = false;
     }
-    // Data that couldn't be decoded at all is handed out as it is stored: that is no content.
+    // For an unknown filter the library writes the stored data, which isn't content.
     if (!filtered) data.resize(start);
     if (!whole || !filtered) ++mBrokenStreams;
 }

@@ -7,23 +7,24 @@
 
 namespace documents {
 
-// A PDF opened through the PDF library, which is kept silent: what it complains about becomes
-// notes. The bytes must outlive it. Used by one thread at a time.
+// A PDF opened with the PDF library, whose warnings become notes instead of output. `bytes` must
+// outlive the object. [one thread at a time]
 class PdfFile {
 public:
     explicit PdfFile(std::string_view bytes);
 
-    // Empty if the file is open, else one line that says why not: encrypted, cut off or damaged.
+    // Opens the file. Returns "", or the reason in one line: encrypted, cut off or damaged.
     std::string Open();
 
-    // What the library and its streams complained about since the last call, one line in all.
+    // Returns the problems found since the last call: at most one line for the library's warnings
+    // and one for streams.
     std::vector<std::string> TakeNotes();
 
     QPDF& GetPdf() { return mPdf; }
     const std::vector<QPDFObjectHandle>& GetPages() const { return mPages; }
 
-    // Appends the decoded data of a stream to `data`, as far as it can be decoded; a stream that
-    // can't be is noted. Throws TooLarge if the file inflates to more than its InflateBudget.
+    // Appends the decoded data of a stream to `data`. What a damaged stream gives before the damage
+    // is kept; TakeNotes reports the number of such streams. Throws LimitExceeded.
     void AppendStream(QPDFObjectHandle stream, std::string& data);
 
 private:

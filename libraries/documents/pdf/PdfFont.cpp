@@ -1,9 +1,9 @@
 #include "documents/pdf/PdfFont.h"
 
-#include <algorithm>
 #include <string_view>
 
-#include "documents/pdf/PdfKey.h"
+#include "documents/model/FontName.h"
+#include "documents/pdf/PdfDictionary.h"
 
 namespace documents {
 
@@ -11,7 +11,7 @@ namespace {
 
 std::string GetName(QPDFObjectHandle dictionary, const char* key)
 {
-    QPDFObjectHandle value = GetKey(dictionary, key);
+    QPDFObjectHandle value = GetKeyOrNull(dictionary, key);
     return value.isName() ? value.getName().substr(1) : std::string();
 }
 
@@ -22,20 +22,11 @@ size_t GetCodeBytes(QPDFObjectHandle encoding)
     for (std::string_view part : {"Identity", "UCS2", "UTF16"}) {
         if (name.find(part) != std::string::npos) return 2;
     }
-    // The other maps mix codes of one and two bytes.
+    // Other CMaps mix codes of one and two bytes; 1 makes the length an upper bound.
     return 1;
 }
 
 }  // namespace
-
-std::string StripSubsetPrefix(const std::string& name)
-{
-    constexpr size_t kLetters = 6;
-    const bool isSubset = name.size() > kLetters + 1 && name[kLetters] == '+' &&
-                          std::all_of(name.begin(), name.begin() + kLetters,
-                                      [](char c) { return c >= 'A' && c <= 'Z'; });
-    return isSubset ? name.substr(kLetters + 1) : name;
-}
 
 PdfFont ReadPdfFont(QPDFObjectHandle font)
 {
@@ -44,17 +35,17 @@ PdfFont ReadPdfFont(QPDFObjectHandle font)
     if (type == "Type3") return result;
     QPDFObjectHandle described = font;
     if (type == "Type0") {
-        QPDFObjectHandle descendants = GetKey(font, "/DescendantFonts");
+        QPDFObjectHandle descendants = GetKeyOrNull(font, "/DescendantFonts");
         if (descendants.isArray() && descendants.getArrayNItems() > 0) {
             described = descendants.getArrayItem(0);
         }
-        result.codeBytes = GetCodeBytes(GetKey(font, "/Encoding"));
+        result.codeBytes = GetCodeBytes(GetKeyOrNull(font, "/Encoding"));
     }
     std::string name = GetName(described, "/BaseFont");
     if (name.empty()) name = GetName(font, "/BaseFont");
-    if (name.empty()) name = GetName(GetKey(described, "/FontDescriptor"), "/FontName");
+    if (name.empty()) name = GetName(GetKeyOrNull(described, "/FontDescriptor"), "/FontName");
     result.name = StripSubsetPrefix(name);
-    result.counts = !result.name.empty();
+    result.isNamed = !result.name.empty();
     return result;
 }
 
@@ -64,7 +55,7 @@ const PdfFont* PdfFontTable::Get(QPDFObjectHandle font)
     if (!font.isIndirect()) {
         PdfFont read = ReadPdfFont(font);
         const std::string key =
-            read.name + '/' + std::to_string(read.codeBytes) + (read.counts ? "" : "-");
+            read.name + '/' + std::to_string(read.codeBytes) + (read.isNamed ? "" : "-");
         return &mDirectFonts.emplace(key, std::move(read)).first->second;
     }
     const auto found = mFonts.find(font.getObjGen());

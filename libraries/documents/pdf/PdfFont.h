@@ -6,28 +6,25 @@
 
 namespace documents {
 
-// What a font dictionary says of a font.
+// What the readers need of a font dictionary.
 struct PdfFont {
-    std::string name;      // PostScript name without the prefix of a subset; bytes as in the file
-    size_t codeBytes = 1;  // how many bytes of a string make a character
-    bool counts = false;   // false for Type 3 and for fonts without a name
+    std::string name;      // PostScript name without subset prefix; may be invalid UTF-8
+    size_t codeBytes = 1;  // bytes per character of a shown string
+    bool isNamed = false;  // false for Type 3 and for fonts without a name: never reported
 };
 
-// Reads a font dictionary of any type. Type 0 fonts have the name of their descendant.
+// Reads a font dictionary of any type. A Type 0 font gets the name of its descendant font.
 PdfFont ReadPdfFont(QPDFObjectHandle font);
 
-// "ABCDEF+Name" without the six capitals and the plus.
-std::string StripSubsetPrefix(const std::string& name);
-
-// The fonts of one file, each read once. What it gives stays valid while it lives.
+// The fonts of one file. Reads each once. Its pointers are valid as long as the table.
 class PdfFontTable {
 public:
-    // Null if `font` is no dictionary.
+    // Returns null if `font` isn't a dictionary.
     const PdfFont* Get(QPDFObjectHandle font);
 
 private:
-    std::map<QPDFObjGen, PdfFont> mFonts;  // fonts that are objects of their own
-    std::map<std::string, PdfFont> mDirectFonts;
+    std::map<QPDFObjGen, PdfFont> mFonts;         // fonts that are indirect objects
+    std::map<std::string, PdfFont> mDirectFonts;  // others, by their content
 };
 
 }  // namespace documents

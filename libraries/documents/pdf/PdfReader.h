@@ -4,8 +4,8 @@
 
 namespace documents {
 
-// Reads the text that the pages of a PDF show; see ContentWalker.h for what counts and what a frame
-// is here. Not this reader's if the source is no PDF.
+// Reads the text that the pages of a PDF show; ContentWalker.h says which text, and what a frame
+// is. Returns kNotMine if the source isn't a PDF.
 ReadResult ReadPdfContent(const DocumentSource& source, const Limits& limits, Document& document);
 
 }  // namespace documents

@@ -1,7 +1,7 @@
 #include "documents/pdf/PdfResources.h"
 
 #include "documents/pdf/ContentLexer.h"
-#include "documents/pdf/PdfKey.h"
+#include "documents/pdf/PdfDictionary.h"
 
 namespace documents {
 
@@ -17,7 +17,7 @@ const PdfFont* PdfResources::FindFont(std::string_view name)
 QPDFObjectHandle PdfResources::Find(const char* category, std::string_view name) const
 {
     QPDFObjectHandle dictionary = mDictionary;
-    return GetKey(GetKey(dictionary, category), "/" + DecodeName(name));
+    return GetKeyOrNull(GetKeyOrNull(dictionary, category), "/" + DecodeName(name));
 }
 
 }  // namespace documents

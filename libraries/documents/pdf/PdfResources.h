@@ -10,11 +10,11 @@
 
 namespace documents {
 
-// A resource dictionary, asked by the names that stand in content (as they stand there, #xx and
-// all). What isn't there, or is of the wrong kind, is null.
+// A resource dictionary, searched by the names of name tokens (not decoded: #xx is decoded here).
+// The functions return null if there is no such resource or it has the wrong type.
 class PdfResources {
 public:
-    // `id` tells this one from all others of the file, those that are gone included.
+    // `id` must be unique in the file, also among dictionaries that were destroyed before.
     PdfResources(QPDFObjectHandle dictionary, PdfFontTable& fonts, size_t id)
         : mDictionary(dictionary), mFonts(fonts), mId(id)
     {
@@ -24,7 +24,7 @@ public:
 
     const PdfFont* FindFont(std::string_view name);
 
-    // A resource of another category, as "/XObject".
+    // Returns a resource of another category, for example "/XObject".
     QPDFObjectHandle Find(const char* category, std::string_view name) const;
 
 private:

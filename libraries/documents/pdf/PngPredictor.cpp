@@ -8,6 +8,10 @@ namespace documents {
 
 namespace {
 
+// The filters of a row; any other value means no prediction.
+enum RowFilter : unsigned char { kSub = 1, kUp = 2, kAverage = 3, kPaeth = 4 };
+
+// The Paeth predictor: the neighbour nearest to left + above - aboveLeft; ties in this order.
 int GetPaeth(int left, int above, int aboveLeft)
 {
     const int estimate = left + above - aboveLeft;
@@ -61,16 +65,16 @@ void PngPredictor::PutRow()
         const int aboveLeft = first ? 0 : previous[index - mPixelBytes];
         int prediction = 0;
         switch (filter) {
-            case 1:
+            case kSub:
                 prediction = left;
                 break;
-            case 2:
+            case kUp:
                 prediction = above;
                 break;
-            case 3:
+            case kAverage:
                 prediction = (left + above) / 2;
                 break;
-            case 4:
+            case kPaeth:
                 prediction = GetPaeth(left, above, aboveLeft);
                 break;
             default:

@@ -6,8 +6,9 @@
 
 namespace documents {
 
-// Undoes the PNG prediction of a Flate or LZW stream (predictors 10 to 15). Each row is a byte that
-// tells its filter and `rowBytes` bytes of data; a last row that is cut off is filled with zeros.
+// Reverses the PNG prediction of a Flate or LZW stream (predictors 10 to 15). Each row consists of
+// a byte for the filter and `rowBytes` bytes of data. Fills a last row that is cut off with zeros.
+// LzwDecoder.h says why this isn't the PDF library's.
 class PngPredictor : public Pipeline {
 public:
     PngPredictor(Pipeline* output, size_t rowBytes, size_t pixelBytes);
@@ -18,9 +19,9 @@ private:
     void PutRow();
 
     size_t mPixelBytes;
-    std::string mRow;  // the filter byte and the row
-    std::string mPrevious;
-    size_t mFilled = 0;
+    std::string mRow;       // the filter byte and the row
+    std::string mPrevious;  // the row above, decoded
+    size_t mFilled = 0;     // bytes of mRow received so far
 };
 
 }  // namespace documents

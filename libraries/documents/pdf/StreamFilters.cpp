@@ -8,7 +8,7 @@
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFStreamFilter.hh>
 
-#include "documents/bytes/InflateBudget.h"
+#include "documents/bytes/ReadBudget.h"
 #include "documents/pdf/LzwDecoder.h"
 #include "documents/pdf/PngPredictor.h"
 
@@ -18,12 +18,13 @@ namespace {
 
 constexpr long long kMaximumRowBytes = 1 << 24;
 
+// Takes what passes through from the ReadBudget.
 class BudgetPipeline : public Pipeline {
 public:
     explicit BudgetPipeline(Pipeline* output) : Pipeline("budget", output) {}
     void write(unsigned char const* data, size_t length) override
     {
-        InflateBudget::Take(length);
+        ReadBudget::Take(length);
         getNext()->write(data, length);
     }
     void finish() override { getNext()->finish(); }
@@ -36,12 +37,13 @@ struct DecodeParameters {
     bool earlyChange = true;
 };
 
-long long GetNumber(QPDFObjectHandle parameters, const char* key, long long standard)
+long long GetNumber(QPDFObjectHandle parameters, const char* key, long long fallback)
 {
     QPDFObjectHandle value = parameters.getKey(key);
-    return value.isInteger() ? value.getIntValue() : standard;
+    return value.isInteger() ? value.getIntValue() : fallback;
 }
 
+// Returns nothing if the parameters are invalid or unsupported (the TIFF predictor).
 std::optional<DecodeParameters> GetParameters(QPDFObjectHandle parameters)
 {
     DecodeParameters result;
@@ -62,6 +64,7 @@ std::optional<DecodeParameters> GetParameters(QPDFObjectHandle parameters)
     return result;
 }
 
+// A filter with a predictor: decoder -> budget -> predictor -> next.
 class PredictedFilter : public QPDFStreamFilter {
 public:
     bool setDecodeParms(QPDFObjectHandle parameters) override
@@ -97,7 +100,7 @@ class FlateFilter : public PredictedFilter {
     std::unique_ptr<Pipeline> MakeDecoder(Pipeline* next, const DecodeParameters&) override
     {
         auto decoder = std::make_unique<Pl_Flate>("Flate", next, Pl_Flate::a_inflate);
-        // A stream that ends early is used as far as it goes; the lexer takes what there is.
+        // Ignore the warning about a stream that ends early: what could be decoded is used.
         decoder->setWarnCallback([](char const*, int) {});
         return decoder;
     }

@@ -2,9 +2,9 @@
 
 namespace documents {
 
-// Puts filters that take from the calling thread's InflateBudget in the place of the PDF library's
-// own for Flate, LZW and run lengths, so that what it inflates by itself (cross-reference and
-// object streams) is limited too. For the whole process, once; may be called from any thread.
+// Replaces the PDF library's filters for Flate, LZW and run lengths by filters that take from the
+// calling thread's ReadBudget, so that streams that the library decodes on its own (cross-reference
+// and object streams) are limited too. Affects the whole process. Idempotent. [thread-safe]
 void InstallStreamFilters();
 
 }  // namespace documents

@@ -8,10 +8,10 @@ namespace documents {
 
 namespace {
 
-// The length of the line at the start of `text`, and with its line end.
+// The length of the line at the start of a text.
 struct LineLength {
-    size_t text;
-    size_t all;
+    size_t text;  // without its line end
+    size_t all;   // with it
 };
 
 LineLength MeasureLine(std::string_view text)
@@ -69,7 +69,7 @@ void DscLines::SkipData(const DscComment& begin)
     DscWord type;
     DscWord unit;
     if (!TakeDscWord(rest, number)) return;
-    (void)(TakeDscWord(rest, type) && TakeDscWord(rest, unit));  // bytes, if they aren't there
+    (void)(TakeDscWord(rest, type) && TakeDscWord(rest, unit));  // optional; the default is bytes
     size_t count = 0;
     const char* last = number.text.data() + number.text.size();
     if (std::from_chars(number.text.data(), last, count).ec != std::errc()) return;
@@ -84,7 +84,8 @@ void DscLines::SkipData(const DscComment& begin)
             return;
         }
     }
-    // The count doesn't lead to the end of the data: line ends were changed, or it is cut off.
+    // The count is wrong: line ends were converted, or the file is cut off. Search for the end
+    // mark.
     const size_t found = mRest.find(endMark);
     if (found != std::string_view::npos) {
         mRest.remove_prefix(found);

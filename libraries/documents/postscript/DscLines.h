@@ -7,26 +7,27 @@
 
 namespace documents {
 
-// Gives the structuring comments of a PostScript document one after the other. Lines end in CR, LF
-// or both. Data between %%BeginData or %%BeginBinary and its end is skipped by the count that
-// stands there, and documents within the document are passed over.
+// Iterates over the structuring comments ("%%...") of a PostScript document. Lines end in CR, LF or
+// both. Skips the data of %%BeginData and %%BeginBinary by its count, and embedded documents
+// (%%BeginDocument to %%EndDocument).
 class DscLines {
 public:
     explicit DscLines(std::string_view bytes) : mRest(bytes) {}
 
-    // False at the end. The comment is a view into the bytes.
+    // Sets `comment` to the next comment, a view into the bytes. Returns false at the end.
     bool Next(DscComment& comment);
 
-    // The data of a %%BeginData goes beyond the end of the bytes.
+    // Whether the data of a %%BeginData extends past the end of the bytes.
     bool IsCutOff() const { return mCutOff; }
 
 private:
     std::string_view TakeLine();
     void SkipData(const DscComment& begin);
+    // Converts the count of a %%BeginData to bytes.
     size_t MeasureData(size_t count, bool countsLines) const;
 
     std::string_view mRest;
-    size_t mNesting = 0;
+    size_t mNesting = 0;  // open %%BeginDocument
     bool mCutOff = false;
 };
 

@@ -7,7 +7,7 @@
 
 #include "documents/bytes/Utf8.h"
 #include "documents/model/DocumentBuilder.h"
-#include "documents/pdf/PdfFont.h"
+#include "documents/model/FontName.h"
 #include "documents/postscript/DscLines.h"
 
 namespace documents {
@@ -18,12 +18,12 @@ using Texts = std::vector<std::string>;
 
 enum class Meaning {
     kNone,
-    kFonts,            // a list of font names
-    kResources,        // a list of type words, each with names behind it
-    kCarriedFont,      // one font that the document brings along
-    kCarriedResource,  // the same, with a type word
-    kListedFile,       // a path
-    kIncludedFile,     // a path, at the place where the file is drawn
+    kFonts,             // a list of font names
+    kResources,         // a list of type words, each followed by names
+    kEmbeddedFont,      // the name of a font that the file contains
+    kEmbeddedResource,  // the same with a type word
+    kListedFile,        // a path
+    kIncludedFile,      // a path, where the file is drawn
     kCreator,
 };
 
@@ -40,8 +40,8 @@ Meaning GetMeaning(std::string_view keyword)
         {"DocumentSuppliedResources", Meaning::kResources},
         {"PageResources", Meaning::kResources},
         {"IncludeResource", Meaning::kResources},
-        {"BeginFont", Meaning::kCarriedFont},
-        {"BeginResource", Meaning::kCarriedResource},
+        {"BeginFont", Meaning::kEmbeddedFont},
+        {"BeginResource", Meaning::kEmbeddedResource},
         {"DocumentFiles", Meaning::kListedFile},
         {"DocumentNeededFiles", Meaning::kListedFile},
         {"IncludeFile", Meaning::kIncludedFile},
@@ -59,7 +59,7 @@ void AddOnce(Texts& texts, std::string text)
     texts.push_back(std::move(text));
 }
 
-// What all comments of a document say together.
+// The facts from all comments of a file.
 class Comments {
 public:
     explicit Comments(std::string_view bytes)
@@ -78,30 +78,30 @@ public:
     }
 
     Texts fonts;
-    Texts carriedFonts;
+    Texts embeddedFonts;
     Texts listedFiles;
     Texts includedFiles;
     std::string creator;
     bool isCutOff = false;
-    bool tellsFonts = false;
+    bool listsFonts = false;
 
 private:
     void Take(Meaning meaning, std::string_view value)
     {
         switch (meaning) {
             case Meaning::kFonts:
-                tellsFonts = true;
+                listsFonts = true;
                 TakeFonts(value, fonts);
                 break;
             case Meaning::kResources:
-                tellsFonts = true;
+                listsFonts = true;
                 TakeResources(value, fonts);
                 break;
-            case Meaning::kCarriedFont:
+            case Meaning::kEmbeddedFont:
                 TakeFirstFont(value);
                 break;
-            case Meaning::kCarriedResource:
-                TakeResources(value, carriedFonts);
+            case Meaning::kEmbeddedResource:
+                TakeResources(value, embeddedFonts);
                 break;
             case Meaning::kListedFile:
                 AddOnce(listedFiles, ToValidUtf8(GetDscText(value)));
@@ -129,14 +129,14 @@ private:
         while (TakeDscWord(value, word)) AddFont(word.text, list);
     }
 
-    // Behind the name stand a printer's name and a version.
+    // A printer's name and a version may follow the name of the font.
     void TakeFirstFont(std::string_view value)
     {
         DscWord word;
-        if (TakeDscWord(value, word)) AddFont(word.text, carriedFonts);
+        if (TakeDscWord(value, word)) AddFont(word.text, embeddedFonts);
     }
 
-    // A continued line may leave the type word out: the last one still holds.
+    // A continuation line may omit the type word; the last one remains valid.
     void TakeResources(std::string_view value, Texts& list)
     {
         constexpr std::string_view kTypes[] = {"font", "file",     "procset",
@@ -186,12 +186,12 @@ void DescribePostScript(std::string_view bytes, Document& document)
 
 ReadResult ReadDscComments(const DocumentSource& source, const Limits& limits, Document& document)
 {
-    (void)limits;  // comments neither inflate nor nest
+    (void)limits;  // comments are neither compressed nor nested
     if (source.pdf != nullptr) return {};
     Comments comments(source.postScript);
     const bool isForeign = comments.creator.find("Adobe Illustrator") == std::string::npos;
-    if (isForeign && !comments.tellsFonts && comments.carriedFonts.empty()) return {};
-    const Texts& fonts = comments.fonts.empty() ? comments.carriedFonts : comments.fonts;
+    if (isForeign && !comments.listsFonts && comments.embeddedFonts.empty()) return {};
+    const Texts& fonts = comments.fonts.empty() ? comments.embeddedFonts : comments.fonts;
     std::vector<TextRun> runs;
     runs.reserve(fonts.size());
     for (const std::string& font : fonts) runs.push_back({font, 1});

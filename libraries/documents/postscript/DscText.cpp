@@ -6,16 +6,16 @@ namespace documents {
 
 namespace {
 
-constexpr std::string_view kBlanks = " \t";
+constexpr std::string_view kSpaces = " \t";
 
 std::string_view Trim(std::string_view text)
 {
-    const size_t start = text.find_first_not_of(kBlanks);
+    const size_t start = text.find_first_not_of(kSpaces);
     if (start == std::string_view::npos) return {};
-    return text.substr(start, text.find_last_not_of(kBlanks) - start + 1);
+    return text.substr(start, text.find_last_not_of(kSpaces) - start + 1);
 }
 
-// Behind a backslash: appends what the escape stands for and gives how many bytes it takes.
+// `text` follows a backslash. Appends the decoded character and returns the length of the escape.
 size_t TakeEscape(std::string_view text, std::string& out)
 {
     size_t digits = 0;
@@ -36,7 +36,7 @@ size_t TakeEscape(std::string_view text, std::string& out)
     return 1;
 }
 
-// `rest` begins with an opening parenthesis. A string without its end goes to the line's.
+// Removes a string from `rest`, which begins with "(". A string without ")" ends with the line.
 std::string TakeString(std::string_view& rest)
 {
     std::string text;
@@ -69,14 +69,14 @@ DscComment SplitDscComment(std::string_view line)
 
 bool TakeDscWord(std::string_view& rest, DscWord& word)
 {
-    rest.remove_prefix(std::min(rest.find_first_not_of(kBlanks), rest.size()));
+    rest.remove_prefix(std::min(rest.find_first_not_of(kSpaces), rest.size()));
     if (rest.empty()) return false;
     word.quoted = rest.front() == '(';
     if (word.quoted) {
         word.text = TakeString(rest);
         return true;
     }
-    const size_t length = std::min(rest.find_first_of(kBlanks), rest.size());
+    const size_t length = std::min(rest.find_first_of(kSpaces), rest.size());
     word.text = rest.substr(0, length);
     rest.remove_prefix(length);
     return true;
@@ -88,7 +88,7 @@ std::string GetDscText(std::string_view value)
     if (!value.empty() && value.front() == '(') {
         std::string_view rest = value;
         std::string text = TakeString(rest);
-        // "(C) 1999 A. Writer" isn't a string.
+        // The value is a string only if nothing follows: "(C) 1999 A. Writer" isn't one.
         if (Trim(rest).empty()) return text;
     }
     return std::string(value);

@@ -8,28 +8,28 @@ namespace documents {
 // A comment of the document structuring conventions, "%%Keyword: value".
 struct DscComment {
     std::string_view keyword;  // without the percent signs and the colon; "+" for a continuation
-    std::string_view value;    // without blanks around it
+    std::string_view value;    // without spaces around it
 };
 
-// `line` begins with "%%". The colon and the blank behind it may be missing.
+// Splits a comment line. `line` begins with "%%"; the colon and the space after it are optional.
 DscComment SplitDscComment(std::string_view line);
 
 struct DscWord {
     std::string text;
-    bool quoted = false;  // it was a PostScript string
+    bool quoted = false;  // was a PostScript string in parentheses
 };
 
-// Takes the next word off `rest`: a PostScript string, "(My \(bold\) Font)", or what stands up to
-// the next blank. False if there is none.
+// Removes the next word from `rest`: a PostScript string such as "(My \(bold\) Font)", which is
+// decoded, or the text up to the next space. Returns false if no word is left.
 bool TakeDscWord(std::string_view& rest, DscWord& word);
 
-// The whole value as one text: a PostScript string if it is one, else as it stands.
+// Returns the whole value as one text, decoded if it is a PostScript string.
 std::string GetDscText(std::string_view value);
 
-// The text as a PostScript string on one line, "(My \(bold\) Font)".
+// Returns the text as a PostScript string on one line, for example "(My \(bold\) Font)".
 std::string QuoteAsString(const std::string& text);
 
-// "(atend)", or "atend" as some programs write it: the value stands in the trailer.
+// Whether the value is in the trailer: "(atend)", or "atend" as some programs write it.
 bool IsAtEnd(std::string_view value);
 
 }  // namespace documents

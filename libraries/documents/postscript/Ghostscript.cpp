@@ -20,10 +20,10 @@ namespace documents {
 
 namespace {
 
-// The program finds its files under these numbers.
+// File descriptors of the new process; kArguments names the first two by their numbers.
 constexpr int kInput = 10;
 constexpr int kOutput = 11;
-constexpr int kNoticed = 12;
+constexpr int kAlive = 12;  // a pipe that it holds open: closed when it and its children have ended
 
 class Descriptor {
 public:
@@ -34,7 +34,7 @@ public:
     int Get() const { return mValue; }
     void Close()
     {
-        if (mValue >= 0) (void)close(mValue);  // memory or a pipe: nothing is lost
+        if (mValue >= 0) (void)close(mValue);  // memory or a pipe: no error matters
         mValue = -1;
     }
 
@@ -50,7 +50,7 @@ std::string FindProgram()
         const size_t end = std::min(rest.find(':'), rest.size());
         std::string program = rest.substr(0, end) + "/gs";
         rest.erase(0, end + 1);
-        // A relative folder would make it matter where the user stands.
+        // Ignore relative folders: the result would depend on the current directory.
         if (program.front() == '/' && access(program.c_str(), X_OK) == 0) return program;
     }
     return {};
@@ -86,15 +86,17 @@ bool ReadBack(int descriptor, size_t most, std::string& bytes)
 void Limit(int resource, size_t most)
 {
     const rlimit limit = {most, most};
-    (void)setrlimit(static_cast<__rlimit_resource>(resource), &limit);  // else the machine's holds
+    (void)setrlimit(static_cast<__rlimit_resource>(resource),
+                    &limit);  // on failure the system's limit applies
 }
 
-// In the new process: what is called here must be safe after a fork.
-[[noreturn]] void Become(const char* program, int input, int output, int noticed, size_t memory,
+// Runs in the new process: only functions that are safe after a fork may be called.
+[[noreturn]] void Become(const char* program, int input, int output, int alive, size_t memory,
                          size_t mostPdf, pid_t parent)
 {
-    (void)setpgid(0, 0);  // a new process is no leader
+    (void)setpgid(0, 0);  // can't fail: a new process doesn't lead a session
     (void)prctl(PR_SET_PDEATHSIG, SIGKILL);
+    // The parent may have ended before prctl.
     if (getppid() != parent) _exit(127);
     Limit(RLIMIT_DATA, memory);
     Limit(RLIMIT_FSIZE, mostPdf);
@@ -103,7 +105,7 @@ void Limit(int resource, size_t most)
     for (const int standard : {0, 1, 2}) {
         if (dup2(nothing, standard) < 0) _exit(127);
     }
-    if (dup2(input, kInput) < 0 || dup2(output, kOutput) < 0 || dup2(noticed, kNoticed) < 0) {
+    if (dup2(input, kInput) < 0 || dup2(output, kOutput) < 0 || dup2(alive, kAlive) < 0) {
         _exit(127);
     }
     constexpr std::array<const char*, 10> kArguments = {"gs",
@@ -120,7 +122,7 @@ void Limit(int resource, size_t most)
     _exit(127);
 }
 
-// Waits until nobody holds the other end of the pipe any more; false if that takes too long.
+// Waits until no process holds the other end of the pipe. Returns false after `seconds`.
 bool WaitForEnd(int pipe, double seconds)
 {
     using Clock = std::chrono::steady_clock;
@@ -144,11 +146,11 @@ GhostscriptResult DrawWithGhostscript(std::string_view postScript, double second
         result.error = "Ghostscript isn't installed";
         return result;
     }
-    result.error = "Ghostscript can't be started";
-    // Above the numbers that are given to it, so that none is overwritten.
+    result.error = "Ghostscript cannot be started";
+    // Moves a descriptor above the numbers that Become uses, so that dup2 overwrites none.
     const auto raise = [](int descriptor) {
         const int raised = fcntl(descriptor, F_DUPFD_CLOEXEC, 20);
-        if (descriptor >= 0) (void)close(descriptor);  // memory or a pipe: nothing is lost
+        if (descriptor >= 0) (void)close(descriptor);  // memory or a pipe: no error matters
         return raised;
     };
     const Descriptor input(raise(memfd_create("input", MFD_CLOEXEC)));
@@ -156,22 +158,22 @@ GhostscriptResult DrawWithGhostscript(std::string_view postScript, double second
     int ends[2] = {-1, -1};
     if (pipe2(ends, O_CLOEXEC) != 0) return result;
     const Descriptor end(raise(ends[0]));
-    Descriptor noticed(raise(ends[1]));
-    if (input.Get() < 0 || output.Get() < 0 || end.Get() < 0 || noticed.Get() < 0 ||
+    Descriptor alive(raise(ends[1]));
+    if (input.Get() < 0 || output.Get() < 0 || end.Get() < 0 || alive.Get() < 0 ||
         !WriteAll(input.Get(), postScript)) {
         return result;
     }
     const pid_t parent = getpid();
     const pid_t process = fork();
     if (process == 0) {
-        Become(program.c_str(), input.Get(), output.Get(), noticed.Get(), memoryBytes, mostPdfBytes,
+        Become(program.c_str(), input.Get(), output.Get(), alive.Get(), memoryBytes, mostPdfBytes,
                parent);
     }
     if (process < 0) return result;
-    (void)setpgid(process, process);  // the process does so as well, whoever is first
-    noticed.Close();
+    (void)setpgid(process, process);  // both processes do it: either may be first
+    alive.Close();
     const bool hasEnded = WaitForEnd(end.Get(), seconds);
-    // Nobody of its group may be left.
+    // Kill the whole group: before waitpid if it is late, and afterwards to end children left over.
     if (!hasEnded) (void)kill(-process, SIGKILL);
     int status = 0;
     while (waitpid(process, &status, 0) < 0 && errno == EINTR) continue;
@@ -180,7 +182,7 @@ GhostscriptResult DrawWithGhostscript(std::string_view postScript, double second
         result.error =
             "Ghostscript took longer than " + std::to_string(static_cast<long>(seconds)) + " s";
     } else if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) {
-        result.error = "Ghostscript can't draw it";
+        result.error = "Ghostscript cannot draw it";
     } else if (!ReadBack(output.Get(), mostPdfBytes, result.pdf) || result.pdf.empty()) {
         result.pdf.clear();
         result.error = "Ghostscript drew nothing";

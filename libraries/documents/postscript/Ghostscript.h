@@ -8,12 +8,17 @@ namespace documents {
 
 struct GhostscriptResult {
     std::string pdf;
-    std::string error;  // why there is none, in a few words; empty if there is
+    std::string error;  // why there is no PDF, in a few words; empty on success
 };
 
-// Has Ghostscript ("gs" of the PATH) draw PostScript as a PDF, in a process of its own that may
-// neither read nor write other files. After `seconds`, and beyond `memoryBytes` of memory, it is
-// ended with all that it started; it ends with this process too. No file is left behind.
+// Converts PostScript to a PDF with Ghostscript ("gs" in the PATH), in a separate process that
+// can't read or write other files. Waits for it.
+//
+// seconds       time limit; then the process and all its children are killed
+// memoryBytes   limit of its memory (RLIMIT_DATA)
+// mostPdfBytes  limit of the result
+//
+// The process is killed when the thread that called this function ends. Creates no files.
 GhostscriptResult DrawWithGhostscript(std::string_view postScript, double seconds,
                                       size_t memoryBytes, size_t mostPdfBytes);
 

@@ -4,8 +4,9 @@
 
 namespace documents {
 
-// Reads the text of a PostScript document whose comments don't tell of fonts: Ghostscript draws it
-// as a PDF, if it is installed. Fails with the reason if it can't.
+// Reads the text of a PostScript file whose comments list no fonts: converts it to a PDF with
+// Ghostscript and reads that. Returns kFailed with the reason if Ghostscript isn't installed or
+// can't convert it, and kNotMine if the source isn't PostScript or helperSeconds is 0.
 ReadResult ReadThroughGhostscript(const DocumentSource& source, const Limits& limits,
                                   Document& document);
 

@@ -15,7 +15,7 @@ namespace {
 constexpr double kWidth = 595;
 constexpr double kHeight = 842;
 
-// A name or path as a comment can hold it: as it stands, or as a PostScript string.
+// Returns a name or path as a comment's value: unchanged if possible, else as a PostScript string.
 std::string Quote(const std::string& text, bool isWord)
 {
     const bool isPlain = !text.empty() && text.front() != '(' && text.front() != ' ' &&
@@ -40,7 +40,7 @@ bool IsLineStart(std::string_view text, size_t position)
     return position == 0 || text[position - 1] == '\n' || text[position - 1] == '\r';
 }
 
-// The first or the last line that begins with `start`; npos if there is none.
+// Position of the first or last line that begins with `start`, or npos.
 size_t FindLine(std::string_view text, std::string_view start, bool last)
 {
     size_t position = last ? text.rfind(start) : text.find(start);
@@ -51,7 +51,7 @@ size_t FindLine(std::string_view text, std::string_view start, bool last)
     return position;
 }
 
-// Where the header's comments end.
+// Position after the header's last comment.
 size_t FindHeaderEnd(std::string_view eps)
 {
     const size_t marked = FindLine(eps, "%%EndComments", false);
@@ -72,7 +72,7 @@ size_t FindBodyEnd(std::string_view eps)
     return eps.size();
 }
 
-// Where the line behind the one at `position` begins.
+// Position of the line after the one at `position`.
 size_t FindNextLine(std::string_view text, size_t position)
 {
     const size_t end = text.find_first_of("\r\n", position);
@@ -80,7 +80,7 @@ size_t FindNextLine(std::string_view text, size_t position)
     return end + (text.substr(end, 2) == "\r\n" ? 2 : 1);
 }
 
-// Takes the comment of this keyword out of the header, with the lines that go on with it.
+// Removes the comment with this keyword and its continuation lines from the header.
 void RemoveComment(std::string& eps, const std::string& keyword)
 {
     const size_t start = FindLine(eps, "%%" + keyword + ":", false);
@@ -97,7 +97,7 @@ struct Box {
     double upper = kHeight;
 };
 
-// What the base's drawing fills, as far as it says so in a way that makes sense.
+// The base's %%BoundingBox; the default box if it is missing or malformed.
 Box FindBox(const std::string& eps)
 {
     constexpr std::string_view kKeyword = "%%BoundingBox:";
@@ -124,7 +124,7 @@ std::string DrawTexts(const WriteOrder& order, const Box& box)
     return DrawTextAsEps(width, height, blocks);
 }
 
-// A drawing inside another one: what it does to the page's state ends with it.
+// Embeds a drawing: save and restore keep its changes of the graphics state inside it.
 std::string Embed(const std::string& eps, const Box& box)
 {
     return "\nsave /showpage {} def " + std::to_string(box.left) + " " + std::to_string(box.lower) +

@@ -20,7 +20,7 @@ public:
     explicit Descriptor(int number) : mNumber(number) {}
     ~Descriptor()
     {
-        if (mNumber >= 0) (void)close(mNumber);  // what counts was closed by Close
+        if (mNumber >= 0) (void)close(mNumber);  // errors matter only in Close(), used on success
     }
     Descriptor(const Descriptor&) = delete;
     Descriptor& operator=(const Descriptor&) = delete;
@@ -54,11 +54,11 @@ bool WriteAll(int file, const std::string& bytes)
 mode_t GetNewFileMode()
 {
     const mode_t mask = umask(0);
-    (void)umask(mask);  // umask can't be read without being set
+    (void)umask(mask);  // umask can be read only by setting it
     return kNewFileMode & ~mask;
 }
 
-// Writes `bytes` to `temporary`, all the way to the disk.
+// Writes `bytes` and flushes them to the disk.
 std::string Fill(Descriptor& file, const std::string& bytes, mode_t mode)
 {
     if (!WriteAll(file.Get(), bytes) || fchmod(file.Get(), mode) != 0 || fsync(file.Get()) != 0) {
@@ -75,7 +75,7 @@ std::string ReplaceFile(const std::string& path, const std::string& bytes)
     const bool isThere = stat(path.c_str(), &status) == 0;
     if (!isThere && errno != ENOENT) return GetLastError();
     if (isThere && S_ISDIR(status.st_mode)) return "is a folder";
-    if (isThere && !S_ISREG(status.st_mode)) return "is no file";
+    if (isThere && !S_ISREG(status.st_mode)) return "is not a regular file";
     if (isThere && access(path.c_str(), W_OK) != 0) return GetLastError();
     std::string target = path;
     if (isThere) {
@@ -91,11 +91,11 @@ std::string ReplaceFile(const std::string& path, const std::string& bytes)
     std::string error = Fill(file, bytes, isThere ? status.st_mode & 07777 : GetNewFileMode());
     if (error.empty() && rename(temporary.c_str(), target.c_str()) != 0) error = GetLastError();
     if (!error.empty()) {
-        (void)unlink(temporary.c_str());  // there is no more to be done about it
+        (void)unlink(temporary.c_str());  // nothing more can be done
         return error;
     }
     const Descriptor folderFile(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    // The file is in its place; that its entry isn't on the disk yet is no failure of the save.
+    // The save has succeeded. Flushing the folder's entry is an attempt; a failure is ignored.
     if (folderFile.Get() >= 0) (void)fsync(folderFile.Get());
     return {};
 }

@@ -4,10 +4,10 @@
 
 namespace documents {
 
-// Puts `bytes` in the place of the file at `path`, which may not be there yet. Until all of it is
-// on the disk the old file stays as it was, and on failure nothing is left behind; a link is
-// followed, and the file's permissions stay. Returns why it failed in a few words without the path,
-// or an empty text. Never throws but for lack of memory.
+// Replaces the content of the file at `path`, or creates it. Atomic: on failure the old file is
+// unchanged and no temporary file remains. Follows a symbolic link; keeps the file's permissions.
+//
+// Returns "", or the reason in a few words without the path. Throws std::bad_alloc only.
 std::string ReplaceFile(const std::string& path, const std::string& bytes);
 
 }  // namespace documents

@@ -19,7 +19,7 @@ namespace {
 
 constexpr char kCreator[] = "Headless Host";
 
-// A PDF in memory; it reads its streams from these bytes until it has been written.
+// A PDF in memory. `pdf` reads its streams from `bytes` until it is written, so both live together.
 struct MemoryPdf {
     explicit MemoryPdf(std::string content) : bytes(std::move(content)), pdf(QPDF::create())
     {
@@ -30,7 +30,7 @@ struct MemoryPdf {
     const std::shared_ptr<QPDF> pdf;
 };
 
-// The lines of one font.
+// All added lines in one font.
 struct Block {
     std::string postScriptName;
     TextBlock text;
@@ -63,7 +63,8 @@ void Rename(QPDFObjectHandle dictionary, const char* key, const std::string& nam
     dictionary.replaceKey(key, QPDFObjectHandle::newName("/" + subset + name));
 }
 
-// Every font of a drawn page is the one of its block, however it was embedded.
+// Renames all fonts of a drawn page, keeping subset prefixes. Returns false if one is a Type 3
+// font, which has no name in a PDF.
 bool NameFonts(QPDF& drawn, const std::string& name)
 {
     bool allCount = true;
@@ -81,7 +82,8 @@ std::unique_ptr<MemoryPdf> DrawBlock(const WriteOrder& order, const Block& block
 {
     auto drawn = std::make_unique<MemoryPdf>(DrawTextAsPdf(width, height, {block.text}));
     if (NameFonts(*drawn->pdf, block.postScriptName)) return drawn;
-    // A font of pictures has no name in a PDF: its text is drawn like that of a missing font.
+    // A bitmap font becomes a Type 3 font, which has no name in a PDF. Draw the text with the
+    // substitute, like text in a missing font.
     TextBlock substituted = block.text;
     substituted.font = order.findFont(order.substituteFont);
     drawn = std::make_unique<MemoryPdf>(DrawTextAsPdf(width, height, {substituted}));
@@ -99,7 +101,7 @@ QPDFObjectHandle GetDictionary(QPDFObjectHandle owner, const std::string& key)
     return owner.getKey(key);
 }
 
-// Puts a drawn page on top of `page`.
+// Draws a page on top of `page`, as a form XObject.
 void AddForm(QPDF& pdf, QPDFPageObjectHelper& page, QPDF& drawn, const std::string& origin)
 {
     QPDFObjectHandle form = pdf.copyForeignObject(
@@ -108,7 +110,7 @@ void AddForm(QPDF& pdf, QPDFPageObjectHelper& page, QPDF& drawn, const std::stri
         page.getObjectHandle().replaceKey("/Resources", QPDFObjectHandle::newDictionary());
     }
     QPDFObjectHandle resources = page.getAttribute("/Resources", true);
-    // The dictionary may be shared with other pages: this page gets one of its own.
+    // The dictionary may be shared with other pages, so give this page a copy.
     resources.replaceKey("/XObject", GetDictionary(resources, "/XObject").shallowCopy());
     int suffix = 0;
     const std::string name = resources.getUniqueResourceName("/AddedText", suffix);
@@ -151,7 +153,7 @@ void SetPacket(QPDF& pdf, const std::string& packet)
     pdf.getRoot().replaceKey("/Metadata", metadata);
 }
 
-// A native part stays as it is and would no longer tell all: what is new stands beside it.
+// The host can't write a native part. It remains unchanged; the additions are stored beside it.
 void KeepNativePart(const WriteOrder& order, QPDF& pdf)
 {
     QPDFObjectHandle page = FindNativePage(pdf.getAllPages());

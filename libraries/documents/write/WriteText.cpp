@@ -21,7 +21,7 @@ struct Releaser {
     template <class T>
     void operator()(T* object) const
     {
-        (void)Release(object);  // nothing is left to do about a failure
+        (void)Release(object);  // nothing can be done about a failure
     }
 };
 
@@ -30,7 +30,7 @@ using Context = std::unique_ptr<cairo_t, Releaser<cairo_destroy>>;
 using CairoFace = std::unique_ptr<cairo_font_face_t, Releaser<cairo_font_face_destroy>>;
 using FreeTypeFace = std::unique_ptr<FT_FaceRec_, Releaser<FT_Done_Face>>;
 
-// Never closed: cairo keeps faces for later use until the process ends.
+// Never closed: cairo caches faces until the process ends.
 FT_Library GetFreeType()
 {
     static FT_Library const library = [] {
@@ -50,7 +50,7 @@ FreeTypeFace OpenFace(const FontFile& font)
 
 void CloseFace(void* face)
 {
-    (void)FT_Done_Face(static_cast<FT_Face>(face));  // fails for no face that was opened
+    (void)FT_Done_Face(static_cast<FT_Face>(face));  // can't fail for an open face
 }
 
 void Check(cairo_status_t status)
@@ -62,12 +62,12 @@ CairoFace MakeFace(const FontFile& font)
 {
     static const cairo_user_data_key_t key = {};
     FreeTypeFace face = OpenFace(font);
-    if (!face) throw std::runtime_error(font.path + ": is no font that can be read");
+    if (!face) throw std::runtime_error(font.path + ": is not a readable font file");
     CairoFace made(cairo_ft_font_face_create_for_ft_face(face.get(), 0));
     Check(cairo_font_face_status(made.get()));
-    // cairo closes the face when it no longer keeps it.
+    // cairo closes the face when it removes it from its cache.
     Check(cairo_font_face_set_user_data(made.get(), &key, face.get(), CloseFace));
-    (void)face.release();  // cairo's from here on
+    (void)face.release();  // owned by cairo now
     return made;
 }
 
@@ -100,7 +100,7 @@ void Draw(cairo_surface_t* surface, const std::vector<TextBlock>& blocks)
 TextLine PlaceLine(size_t number, const std::string& words, double width, double height)
 {
     constexpr double kSize = 14;
-    constexpr double kFirst = 1.2;  // in sizes: where the first baseline is
+    constexpr double kFirst = 1.2;  // first baseline, in multiples of the size
     constexpr double kStep = 1.5;
     const double size = std::min(kSize, height / 2);
     const double room = std::max(0.0, height - kFirst * size);

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-// Lines of text drawn with the glyphs of a font file.
+// Draws lines of text with the glyphs of a font file.
 namespace documents {
 
 struct FontFile {
@@ -12,10 +12,10 @@ struct FontFile {
 };
 
 struct TextLine {
-    std::string words;  // UTF-8; bytes that aren't are replaced
-    double x = 0;       // of the baseline's start, from the left edge, in points
-    double y = 0;       // from the upper edge
-    double size = 0;
+    std::string words;  // UTF-8; invalid bytes are replaced
+    double x = 0;       // start of the baseline, from the left edge, in points
+    double y = 0;       // baseline, from the upper edge, in points
+    double size = 0;    // in points
 };
 
 struct TextBlock {
@@ -23,14 +23,15 @@ struct TextBlock {
     std::vector<TextLine> lines;
 };
 
-// Where the line of this number goes on a page, so that it begins inside whatever size the page
-// has. Lines beyond the lower edge start over at the top.
+// Places line `number` on a page so that it begins inside the page, whatever its size in points.
+// Lines beyond the lower edge continue at the top.
 TextLine PlaceLine(size_t number, const std::string& words, double width, double height);
 
-// Whether the file holds a face that text can be drawn with.
+// Whether the file contains a scalable face.
 bool CanDrawWith(const FontFile& font);
 
-// One page with the blocks, as a PDF or an EPS. Throws std::runtime_error if a font can't be read.
+// Return one page with the blocks, of this size in points. Throw std::runtime_error if a font can't
+// be read.
 std::string DrawTextAsPdf(double width, double height, const std::vector<TextBlock>& blocks);
 std::string DrawTextAsEps(double width, double height, const std::vector<TextBlock>& blocks);
 

@@ -5,11 +5,11 @@
 
 namespace documents {
 
-// A new XMP packet that names the writing program and the placed files.
+// Returns a new XMP packet with the writing program and the placed files.
 std::string MakeXmpPacket(const std::string& creator, const std::vector<std::string>& placedFiles);
 
-// The packet with its manifest of placed files replaced; everything else stays. An empty text if
-// the packet isn't one that this can be done with.
+// Returns the packet with its manifest of placed files replaced and everything else unchanged, or
+// "" if the packet has no end of an RDF element.
 std::string ReplaceManifest(const std::string& packet, const std::vector<std::string>& placedFiles);
 
 }  // namespace documents

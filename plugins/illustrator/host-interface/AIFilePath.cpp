@@ -9,7 +9,7 @@ namespace ai {
 
 FilePath::~FilePath()
 {
-    // A destructor has nobody to tell a failure to.
+    // A destructor can't report a failure.
     if (mImpl != nullptr && sAIFilePath != nullptr) (void)sAIFilePath->DisposeFilePath(this);
 }
 

@@ -4,13 +4,14 @@
 
 namespace ai {
 
-// A host path, held by its one reference; null until a host operation fills it in. The object
-// crosses the boundary by address, so it has one pointer and no virtual operations. Movable, not
-// copyable.
+// Owns a reference to a path of the host; null until a host operation sets it. The object crosses
+// the boundary by address, so it consists of one pointer and has no virtual operations. Can be
+// moved but not copied. Must not outlive the host message in which it was set. [main-thread]
 class FilePath {
 public:
     FilePath() = default;
     FilePath(FilePath&& other) noexcept { swap(other); }
+    // Exchanges the paths, so `other` frees the old one.
     FilePath& operator=(FilePath&& other) noexcept
     {
         swap(other);
@@ -18,12 +19,14 @@ public:
     }
     FilePath(const FilePath&) = delete;
     FilePath& operator=(const FilePath&) = delete;
+    // Frees the path, unless it is null or the suite has been released. Never throws.
     ~FilePath();
 
-    // The last component; throws ai::Error with the host's code.
+    // Returns the last component. `displayForm` selects the text to show to the user instead of the
+    // one that the file system uses. Throws ai::Error with the host's code, for a null path too.
     UnicodeString GetFileName(bool displayForm) const;
 
-    // The whole path; throws ai::Error with the host's code.
+    // Returns the whole path, in the same way.
     UnicodeString GetFullPath(bool displayForm) const;
 
 private:

@@ -17,7 +17,7 @@ UnicodeString::UnicodeString(const char* text, AICharacterEncoding encoding)
 
 UnicodeString::~UnicodeString()
 {
-    // A destructor has nobody to tell a failure to.
+    // A destructor can't report a failure.
     if (mImpl != nullptr && sAIUnicodeString != nullptr) (void)sAIUnicodeString->Destroy(this);
 }
 

@@ -7,17 +7,19 @@
 
 namespace ai {
 
-// A host string, held by its one reference; null is the empty string. The object crosses the
-// boundary by address, so it has one pointer and no virtual operations. Movable, not copyable.
+// Owns a reference to a string of the host; null is the empty string. The object crosses the
+// boundary by address, so it consists of one pointer and has no virtual operations. Can be moved
+// but not copied. [main-thread]
 //
-// Everything that calls the host throws ai::Error with the host's code when that isn't 0.
+// Members that call the host throw ai::Error with the host's code if the call fails.
 class UnicodeString {
 public:
     using Buffer = AutoBuffer<char, unsigned long, SPAlloc>;
 
     UnicodeString() = default;
 
-    // A null `text` makes a null string and calls nothing.
+    // Creates a host string from zero-terminated text. A null `text` gives the null string without
+    // calling the host.
     UnicodeString(const char* text, AICharacterEncoding encoding);
     UnicodeString(UnicodeString&& other) noexcept { swap(other); }
     UnicodeString& operator=(UnicodeString&& other) noexcept
@@ -28,16 +30,21 @@ public:
     UnicodeString(const UnicodeString&) = delete;
     UnicodeString& operator=(const UnicodeString&) = delete;
 
-    // A string that outlives the suite leaks: there is nothing left to free it with.
+    // Frees the string, unless it is null. Never throws. A string that outlives the suite leaks,
+    // because it can't be freed any more.
     ~UnicodeString();
 
+    // Creates a host string from zero-terminated UTF-8; null gives the null string.
     static UnicodeString FromUTF8(const char* text);
 
-    // Fills `buffer` and returns the number of bytes.
+    // Converts the string into `buffer`, whose old block is freed, and returns the number of bytes.
+    // There is no zero byte at the end.
     unsigned long getAs(AICharacterEncoding encoding, Buffer& buffer) const;
 
-    // Exactly the bytes that the host gave, embedded zero bytes included.
+    // Returns exactly the bytes that the host gave, embedded zero bytes included.
     std::string getInStdString(AICharacterEncoding encoding) const;
+
+    // The same in UTF-8.
     std::string as_UTF8() const;
 
     void swap(UnicodeString& other) noexcept;

@@ -2,8 +2,12 @@
 
 #include <cstdint>
 
-// References of the host's text engine. Each is counted: whoever is given one owns one count and
-// gives it back with the Release of the suite that speaks of it.
+// References to objects of the host's text engine. They are opaque and reference-counted: the
+// caller of an operation that returns one owns one count and gives it back with Release of the
+// reference's suite, see ATESuites.h.
+//
+// This is the plug-in's side of the boundary. The headless host declares the same types in its
+// TextObjects.h on purpose: the two sides of a boundary are built apart and only share its layout.
 namespace ATE {
 
 typedef int32_t ATEErr;

@@ -69,7 +69,7 @@ IFont ICharFeatures::GetFont(bool* isAssigned) const
 
 ITextRange::ITextRange(const ITextRange& other) : Wrapper(other.mReference)
 {
-    // A count that couldn't be added shows at the latest in the next operation on the copy.
+    // The constructor ignores the code: if AddRef fails, the next operation on the copy fails too.
     if (mReference != nullptr) (void)sTextRange->AddRef(mReference);
 }
 

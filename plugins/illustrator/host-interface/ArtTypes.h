@@ -2,6 +2,6 @@
 
 #include <cstdint>
 
-// The host's types of art that the plug-in looks for.
-constexpr int16_t kPlacedArt = 7;
-constexpr int16_t kTextFrameArt = 12;
+// The host's types of art that the plug-in looks for, for AIMatchingArtSpec and AIArtSpec.
+constexpr int16_t kPlacedArt = 7;      // a linked file
+constexpr int16_t kTextFrameArt = 12;  // a text frame

@@ -1,6 +1,6 @@
 #pragma once
 
-// Everything that the plug-in takes from its host.
+// The whole host interface: everything that the plug-in calls in its host or receives from it.
 
 #include "AIAutoBuffer.h"
 #include "AIError.h"

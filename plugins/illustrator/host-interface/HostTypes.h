@@ -2,14 +2,14 @@
 
 #include <cstdint>
 
-// Scalar types, opaque handles and error numbers of the host.
+// Scalar types, opaque handles and error codes of the host.
 //
-// The plug-in never looks behind a handle: it keeps it, compares it and hands it back. All handles
-// belong to the host; how long one lives is told by the suite operation that gives it.
+// Handles belong to the host. The plug-in stores them, compares them and passes them back, but
+// never dereferences them. The operation that returns a handle says how long it is valid.
 
-typedef int32_t AIErr;         // 0 for success, else a four-character code
-typedef int32_t AIFaceScript;  // the host's numbers for writing systems
-typedef void* AIFontKey;
+typedef int32_t AIErr;         // 0 for success, otherwise an error, mostly a four-character code
+typedef int32_t AIFaceScript;  // a writing system, in the host's numbering
+typedef void* AIFontKey;       // a font of the host; null is no font
 
 struct _t_AIDocument;
 struct _t_AIArt;
@@ -21,17 +21,18 @@ struct _t_AITimer;
 struct _t_AIFileFormat;
 struct ArtObject;
 
-typedef struct SPPlugin* SPPluginRef;
-typedef struct _t_AINotifier* AINotifierHandle;
-typedef struct _t_AITimer* AITimerHandle;
-typedef struct _t_AIFileFormat* AIFileFormatHandle;
-typedef struct ArtObject* AIArtHandle;
-typedef _t_AIMenuItemOpaque* AIMenuItemHandle;
-typedef _t_AIMenuGroup* AIMenuGroup;
-typedef _t_AIArt* AIArtSet;
+typedef struct SPPlugin* SPPluginRef;                // the plug-in, as the host knows it
+typedef struct _t_AINotifier* AINotifierHandle;      // a subscription to a notifier
+typedef struct _t_AITimer* AITimerHandle;            // a timer
+typedef struct _t_AIFileFormat* AIFileFormatHandle;  // a registered file format
+typedef struct ArtObject* AIArtHandle;               // an art object of a document
+typedef _t_AIMenuItemOpaque* AIMenuItemHandle;       // a menu item
+typedef _t_AIMenuGroup* AIMenuGroup;                 // a group of menu items
+typedef _t_AIArt* AIArtSet;                          // a set of art, see AIArtSetSuite
 
+// Encodings of ai::UnicodeString.
 enum AICharacterEncoding : int32_t {
-    kAIPlatformCharacterEncoding = 0,
+    kAIPlatformCharacterEncoding = 0,  // the platform's own; UTF-8 on Linux
     kAIUTF8CharacterEncoding = 1,
 };
 

@@ -4,12 +4,14 @@
 
 namespace ai {
 
-// Memory from the host's "SP Blocks Suite".
+// Allocator for AutoBuffer over the host's "SP Blocks Suite". [main-thread]
 struct SPAlloc {
-    // Throws ai::Error with kHostOutOfMemory on any failure of the host's call.
+    // Returns a block of `size` bytes, which the caller frees with DeleteBlock. Throws ai::Error
+    // with kHostOutOfMemory if the host's call fails, for whatever reason, or the suite is missing.
     static void* AllocateBlock(size_t size);
 
-    // A null block is ignored. The host's result is dropped: nothing can be done about it.
+    // Frees a block; ignores null. Never throws: the host's code is ignored, and a block that
+    // outlives the suite leaks.
     static void DeleteBlock(void* block);
 };
 

@@ -2,15 +2,22 @@
 
 #include "HostTypes.h"
 
-// The one suite that comes with every message; all others are acquired through it.
+// The suite that comes with every message. It gives access to all other suites. [main-thread]
 struct SPBasicSuite {
-    // Writes the suite's address to the pointer at `suite` and counts one reference to it.
-    // `version` must match exactly. On an error the pointer is left as it was.
+    // Acquires a suite: adds a reference and stores the address of the suite's table.
+    //
+    // name     zero-terminated
+    // version  must match exactly
+    // suite    address of a pointer that receives the table. The table belongs to the host and is
+    //          valid until the last reference is released.
+    //
+    // Returns 0, or an error code with the pointer unchanged.
     AIErr (*AcquireSuite)(const char* name, int version, void* suite);
 
-    // Gives one reference back. A suite without references may not be called any more.
+    // Releases one reference. The plug-in must not call a suite to which it has no reference.
     AIErr (*ReleaseSuite)(const char* name, int version);
 
-    // Non-zero if both are the same text. Callers and selectors are compared only with this.
+    // Returns non-zero if both strings are equal. The plug-in compares the caller and the selector
+    // of a message with this operation only, so the host defines what is equal.
     int (*IsEqual)(const char* a, const char* b);
 };

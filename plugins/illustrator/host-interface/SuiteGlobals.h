@@ -3,8 +3,14 @@
 #include "AISuites.h"
 #include "ATESuites.h"
 
-// One global per suite of the suite table: null until the suite is acquired, null again after its
-// release. Main thread only. The suites held as void* are acquired and released, never called.
+// One global per row of the plug-in's suite table (SuiteTable.h), in the order of the rows. The
+// wrappers call through them.
+//
+// Value     AcquireSuites sets it, at the first message; the shutdown makes it null again. It is
+//           also null if the host refused the suite or one of an earlier row.
+// Owner     The tables belong to the host. The globals exist as long as the process.
+// Thread    [main-thread]; not guarded.
+// void*     Such a suite is acquired and released but never called.
 
 extern void* sApplicationPaint;
 extern void* sCompFont;

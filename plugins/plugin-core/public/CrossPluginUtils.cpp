@@ -19,7 +19,8 @@ const std::string& GetName(const SFontRecord& record)
 
 const char* TextOrNull(const char* text) { return text != nullptr ? text : "NULL"; }
 
-// Indexing an array by a key makes the library throw, so an array never gives a setting.
+// Indexing an array by a string throws, so no array form of the settings works: this always ends
+// in the caller's "Could not parse" trace.
 int GetSettingFromArray(const json& settings, const char* key, int* value)
 {
     if (!settings[key].is_null()) return -1;
@@ -63,7 +64,7 @@ void CreateFontDataForOneFont(std::string name, SFontRecord& record)
 bool AddFontToArray(SFontRecord record, bool checkForDuplicates, FontList& fonts)
 {
     if (checkForDuplicates && !fonts.empty()) {
-        // A record without a name is given an empty one by the comparison.
+        // Indexing adds an empty name to a record without one, so such records equal each other.
         const std::string& name = record[kPostScriptName];
         for (const SFontRecord& font : fonts) {
             if (GetName(font) == name) return false;

@@ -11,11 +11,12 @@ namespace {
 
 constexpr char kFrameworkName[] = "PluginCore.framework";
 
-// The size that the table once had; a framework that lacks exactly so many is reported as empty.
+// Earlier tables had 24 functions. The check of the members still covers only those, and a
+// framework that lacks exactly 24 is reported as empty.
 constexpr int kFormerFunctionCount = 24;
 
-// The path of the framework, which lies with the font manager's core process; the bare name when
-// nothing tells where that is.
+// Returns the framework's path, beside the executable of the font manager: that of the running
+// process, or else that in the launch information. Returns the bare name if both are unknown.
 std::string LocateFramework()
 {
     std::string directory;
@@ -25,7 +26,8 @@ std::string LocateFramework()
         const size_t separator = directory.find_last_of("/\\");
         if (separator != std::string::npos) directory.erase(separator + 1);
     }
-    // A framework is a folder: only a plain file of its name beside the executable stays there.
+    // A framework is a folder, so this test fails and the path leads to PluginFiles, unless a
+    // regular file has the framework's name.
     if (!directory.empty() && !CorvantaFileUtils::FileExists(directory + kFrameworkName)) {
         const char separator = directory.back();
         directory += "PluginFiles";
@@ -41,7 +43,7 @@ PCILoader* PCILoader::sSharedInstance = nullptr;
 PCILoader::PCILoader() : missingFunctionCount(kFormerFunctionCount)
 {
     ResetFunctionPointers(this, nullptr);
-    // What isn't as it should be has been traced.
+    // Traces what is wrong itself.
     (void)VerifyThatAllMembersAre(false);
 }
 
@@ -52,7 +54,7 @@ PCILoader* PCILoader::GetSharedInstance()
     if (sSharedInstance != nullptr) return sSharedInstance;
 
     OutputIndentedAndFormattedString(1, "Entering first call to %s()", "GetSharedInstance");
-    // Whether it was found shows in the shared instance.
+    // The result is in sSharedInstance.
     (void)GetThisSharedInstance(LocateFramework());
     OutputIndentedAndFormattedString(-1, "Exiting first call to %s(); sSharedInstance=0x%08x",
                                      "GetSharedInstance", TracePointer(sSharedInstance));
@@ -70,7 +72,7 @@ PCILoader* PCILoader::GetThisSharedInstance(const std::string& path)
         return nullptr;
     }
     OutputIndentedAndFormattedString(0, "Loaded %s", path.c_str());
-    // Owned by the process: no code deletes the instance.
+    // Never deleted: PluginCore remains loaded until the process ends.
     sSharedInstance = new PCILoader;
     sSharedInstance->frameworkPath = path;
     sSharedInstance->frameworkVersion = version;
@@ -139,7 +141,7 @@ bool PCILoader::IsLoaded(std::string* outPath, std::string* outVersion, int* out
             missingFunctionCount, frameworkPath.c_str(), frameworkVersion.c_str());
     }
     const std::string informative = frameworkPath + " (version " + frameworkVersion + ")";
-    // The alert's result is always 0.
+    // SimpleAlert always returns 0.
     (void)SimpleAlert("Incompatible PluginCore", informative.c_str());
     return false;
 }

@@ -2,7 +2,8 @@
 
 #include <cstring>
 
-#include "plugin-core/storage/StatusCodes.h"
+#include "base/Plural.h"
+#include "plugin-core/storage/Failure.h"
 
 std::string plugincore::ReadBuffer(const char* buffer, size_t size)
 {
@@ -16,7 +17,7 @@ void plugincore::WriteBuffer(const std::string& text, char* buffer, size_t size)
         return;
     }
     if (size != 0) buffer[0] = '\0';
-    throw Failure(StatusCodes::kIndexOutOfRange, "a buffer of " + std::to_string(size) +
-                                                     " bytes is too small for " +
-                                                     std::to_string(text.size() + 1));
+    throw Failure(StatusCodes::kIndexOutOfRange, "the buffer is too small: expected " +
+                                                     base::Count(text.size() + 1, "byte") +
+                                                     ", but it has " + std::to_string(size));
 }

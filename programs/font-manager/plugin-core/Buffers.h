@@ -3,14 +3,15 @@
 #include <cstddef>
 #include <string>
 
-// Texts in buffers of the caller.
+// Strings in buffers of the caller.
 namespace plugincore {
 
-// The text in a buffer of `size` bytes, which need not be terminated.
+// Returns the string in a buffer of `size` bytes. It ends at the first zero byte or at the end of
+// the buffer.
 std::string ReadBuffer(const char* buffer, size_t size);
 
-// Puts the text and its terminating zero into the buffer. If it doesn't fit, the buffer becomes the
-// empty text and Failure with kIndexOutOfRange is thrown. Nothing is written beyond `size` bytes.
+// Copies the text and a zero byte into a buffer of `size` bytes. If they don't fit, writes "" and
+// throws Failure with kIndexOutOfRange.
 void WriteBuffer(const std::string& text, char* buffer, size_t size);
 
 }  // namespace plugincore

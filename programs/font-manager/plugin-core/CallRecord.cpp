@@ -2,6 +2,8 @@
 
 #include <dlfcn.h>
 
+#include "base/JsonText.h"
+
 namespace plugincore {
 
 namespace {
@@ -9,17 +11,12 @@ namespace {
 typedef void (*JournalFunction)(const char* side, const char* operation, const char* arguments,
                                 const char* result);
 
-// The host executable exports it; any other host has none.
+// Looked up by name: PluginCore must load into hosts that don't export it.
 JournalFunction FindJournal()
 {
     static const auto sJournal =
         reinterpret_cast<JournalFunction>(dlsym(RTLD_DEFAULT, "HeadlessHostJournal"));
     return sJournal;
-}
-
-std::string Print(const nlohmann::json& value)
-{
-    return value.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
 }
 
 }  // namespace
@@ -28,10 +25,13 @@ bool OSHasHostJournal() { return FindJournal() != nullptr; }
 
 void OSWriteHostJournal(const char* operation, const nlohmann::json& arguments,
                         const nlohmann::json& result) noexcept
-try {
-    FindJournal()("core", operation, Print(arguments).c_str(), Print(result).c_str());
-} catch (...) {
-    // The journal is an aid: the call itself has been done.
+{
+    try {
+        FindJournal()("core", operation, base::PrintJson(arguments).c_str(),
+                      base::PrintJson(result).c_str());
+    } catch (...) {
+        // The call has been done; only its record is lost.
+    }
 }
 
 }  // namespace plugincore

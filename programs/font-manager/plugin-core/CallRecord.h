@@ -1,40 +1,43 @@
 #pragma once
 
 #include <nlohmann/json.hpp>
-#include <string>
 #include <utility>
 
 namespace plugincore {
 
-// Whether the host in this process keeps a journal, and a line for it. Writing never throws; a line
-// that can't be written is left out.
+// Whether the program of this process exports a journal, as headless-host does for its tests.
 bool OSHasHostJournal();
+
+// Appends a call to the journal, which must exist. A record that can't be written is dropped.
 void OSWriteHostJournal(const char* operation, const nlohmann::json& arguments,
                         const nlohmann::json& result) noexcept;
 
-// One call of an export, told to the host's journal when it returns. Without a journal nothing is
-// described. `describe` gives the arguments as a JSON object.
+// Records one call of an export in the host's journal when the call returns. Does nothing without a
+// journal. No member throws.
 class CallRecord {
 public:
+    // name      the export; has to outlive this object
+    // describe  returns the arguments as a JSON object; only called if there is a journal
     template <class Describe>
     CallRecord(const char* name, Describe describe) : mName(name)
     {
         try {
             if (OSHasHostJournal()) mArguments = describe();
         } catch (const std::exception&) {
-            // A call that can't be described is told without its arguments.
+            // The call itself matters more than its record.
             mArguments = nlohmann::json::object();
         }
     }
     CallRecord(const CallRecord&) = delete;
     CallRecord& operator=(const CallRecord&) = delete;
 
+    // Records the status and returns it.
     unsigned int Return(unsigned int status) const
     {
         return Return(status, [] { return nlohmann::json::object(); });
     }
 
-    // `describe` gives what went out as a JSON object.
+    // The same with results: `describe` returns them as a JSON object.
     template <class Describe>
     unsigned int Return(unsigned int status, Describe describe) const
     {
@@ -54,8 +57,8 @@ private:
     nlohmann::json mArguments;  // null without a journal
 };
 
-// A text that may be null.
-inline nlohmann::json Told(const char* text)
+// The text as JSON; null for a null pointer.
+inline nlohmann::json ToRecord(const char* text)
 {
     return text != nullptr ? nlohmann::json(text) : nlohmann::json();
 }

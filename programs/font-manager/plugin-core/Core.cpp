@@ -1,7 +1,11 @@
 #include "plugin-core/Core.h"
 
+#include <string>
+#include <vector>
+
 #include "plugin-core/panel/PanelToken.h"
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/storage/Failure.h"
+#include "plugin-core/storage/Locations.h"
 
 namespace plugincore {
 
@@ -12,20 +16,29 @@ Core& GetCore()
 }
 
 Core::Running::Running(const Locations& places, Settings& settings)
-    : workspace(places),
-      life(workspace),
-      panelProtocol(workspace),
-      commands(workspace, life, settings, [this] {
-          watch.SetFolders(workspace.folders.GetFolders());
-          panelProtocol.NoteLibraries();
+    : services(places),
+      documents(services),
+      panelProtocol(services),
+      commands(services, documents, settings, [this] {
+          watch.SetFolders(services.folders.GetFolders());
+          panelProtocol.AnnounceLibraryChange();
       })
 {
-    (void)workspace.Start();  // what was repaired is told by nobody
-    watch.Begin(workspace.folders.GetFolders(), [this] {
+    (void)services.Start();  // the host has no use for the list of repairs; Vexcor logs it
+    watch.Begin(services.folders.GetFolders(), [this] {
         std::vector<std::string> paths;
-        for (const Library& library : workspace.folders.List()) paths.push_back(library.path);
+        for (const Library& library : services.folders.List()) paths.push_back(library.path);
         return paths;
     });
+}
+
+int Core::Running::GetPanelPort()
+{
+    if (!panel) {
+        panel = std::make_unique<PanelServer>(panelProtocol,
+                                              LoadOrMakePanelToken(services.locations.panelToken));
+    }
+    return panel->GetPort();
 }
 
 Core::Running& Core::GetRunning()
@@ -42,112 +55,24 @@ void Core::Start()
 void Core::Stop()
 {
     if (!mRunning) return;
+    // Moved out first, so that this process counts as stopped even if the database fails now.
     const std::unique_ptr<Running> running = std::move(mRunning);
-    running->workspace.Stop();
-}
-
-bool Core::IsEnabled() { return mSettings.Get(GetLocations().settings, "PluginEnabled") != "0"; }
-
-std::string Core::GetSettings() { return mSettings.GetAsJson(GetLocations().settings); }
-
-ActivationMode Core::GetMode()
-{
-    return ReadActivationMode(mSettings.Get(GetLocations().settings, kActivationSetting));
-}
-
-std::string Core::GetMenus(const std::string& documentPath)
-{
-    const Locations locations = GetLocations();
-    MenuState state;
-    state.hasDocument = !documentPath.empty();
-    state.mode = GetMode();
-    state.suppressesDialog =
-        IsSuppressionOn(mSettings.Get(locations.settings, kSuppressionSetting));
-    if (mRunning) {
-        state.libraries = mRunning->workspace.folders.List();
-        state.selectedLibrary = mRunning->workspace.folders.GetSelected();
-    } else {
-        state.libraries = ListLibraries(locations.libraries, {});
-    }
-    return MakeMenus(state);
-}
-
-void Core::SelectMenu(const std::string& id, const std::string& documentId,
-                      const std::string& fontsJson)
-{
-    GetRunning().commands.Select(id, documentId, fontsJson);
-}
-
-std::string Core::GetAboutText() { return MakeAboutText(GetRunning().workspace); }
-
-std::string Core::OpenDocument(const std::string& path, const std::string& fontsJson)
-{
-    return GetRunning().life.Open(path, fontsJson, GetMode());
-}
-
-std::string Core::Resolve(const std::string& fontsJson)
-{
-    return GetRunning().life.Resolve(fontsJson, GetMode());
-}
-
-int Core::ActivateFonts(const std::string& path, const std::string& fontsJson)
-{
-    return GetRunning().life.Activate(path, fontsJson, GetMode());
-}
-
-void Core::CloseDocument(const std::string& path, const std::string& usage)
-{
-    GetRunning().life.Close(path, usage);
-}
-
-void Core::SaveDocument(const std::string& path, const std::string& usage)
-{
-    GetRunning().life.Save(path, usage, GetMode());
-}
-
-std::string Core::GetDocumentId(const std::string& path)
-{
-    return GetRunning().workspace.documents.GetId(path);
-}
-
-std::string Core::AddBlankDocument() { return GetRunning().life.AddBlank(); }
-
-void Core::UpdateUsage(const std::string& id, const std::string& usage)
-{
-    GetRunning().life.Update(id, usage);
-}
-
-void Core::LookForGonePrograms()
-{
-    constexpr std::chrono::milliseconds kBetweenLooks(500);
-    const auto now = std::chrono::steady_clock::now();
-    if (now - mRunning->lastLook < kBetweenLooks) return;
-    mRunning->lastLook = now;
-    (void)mRunning->workspace.activation.RepairIfNeeded();  // what was repaired is told by nobody
+    running->services.Stop();
 }
 
 void Core::Idle()
 {
     if (!mRunning) return;
-    LookForGonePrograms();
-    if (!mRunning->watch.HasChanged()) return;
-    mRunning->panelProtocol.NoteLibraries();
-    if (mRebuild) mRebuild();
-}
-
-int Core::GetPanelPort()
-{
-    Running& running = GetRunning();
-    if (!running.panel) {
-        running.panel = std::make_unique<PanelServer>(
-            running.panelProtocol, LoadOrMakePanelToken(running.workspace.locations.panelToken));
+    // The host is idle many times per second, and each look costs a query and a few system calls.
+    constexpr std::chrono::milliseconds kBetweenRepairs(500);
+    const auto now = std::chrono::steady_clock::now();
+    if (now - mRunning->lastRepair >= kBetweenRepairs) {
+        mRunning->lastRepair = now;
+        (void)mRunning->services.activation.RepairIfNeeded();  // as in Start
     }
-    return running.panel->GetPort();
-}
-
-void Core::ServePanel()
-{
-    if (mRunning && mRunning->panel) mRunning->panel->Serve();
+    if (!mRunning->watch.HasChanged()) return;
+    mRunning->panelProtocol.AnnounceLibraryChange();
+    if (mRebuild) mRebuild();
 }
 
 }  // namespace plugincore

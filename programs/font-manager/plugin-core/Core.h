@@ -2,86 +2,68 @@
 
 #include <chrono>
 #include <memory>
-#include <string>
 
-#include "plugin-core/documents/ActivationMode.h"
-#include "plugin-core/documents/DocumentLife.h"
+#include "plugin-core/documents/DocumentFonts.h"
 #include "plugin-core/library/LibraryWatch.h"
 #include "plugin-core/menus/MenuCommands.h"
 #include "plugin-core/panel/PanelProtocol.h"
 #include "plugin-core/panel/PanelServer.h"
+#include "plugin-core/services/Services.h"
 #include "plugin-core/storage/Settings.h"
-#include "plugin-core/workspace/Workspace.h"
 
 namespace plugincore {
 
-// All of PluginCore behind its functions, in C++ terms: texts instead of buffers, Failure instead
-// of statuses. Main thread only, one call at a time. What documents, menus and the panel may expect
-// stands with DocumentLife, MenuCommands and PanelServer.
-//
-// Between Start and Stop there is a workspace; what needs it throws Failure with kNotInitialized at
-// other times. Settings and menus work at any time.
+// The state of PluginCore in this process: what exists from Start to Stop, and the settings, which
+// can be read at any time. [main-thread]
 class Core {
 public:
-    // Opens the database, repairs what a killed process left and indexes the library. A second
-    // start without a stop does nothing.
-    void Start();
-
-    // Drops this process's holds, deactivates what nobody holds and closes the panel's socket.
-    // Without a start, does nothing.
-    void Stop();
-
-    bool IsEnabled();
-    std::string GetSettings();
-
-    // The menu tree; `documentPath` is empty if there is no document.
-    std::string GetMenus(const std::string& documentPath);
-    void SelectMenu(const std::string& id, const std::string& documentId,
-                    const std::string& fontsJson);
-    std::string GetAboutText();
-
-    std::string OpenDocument(const std::string& path, const std::string& fontsJson);
-    std::string Resolve(const std::string& fontsJson);
-    int ActivateFonts(const std::string& path, const std::string& fontsJson);
-    void CloseDocument(const std::string& path, const std::string& usage);
-    void SaveDocument(const std::string& path, const std::string& usage);
-    std::string GetDocumentId(const std::string& path);
-    std::string AddBlankDocument();
-    void UpdateUsage(const std::string& id, const std::string& usage);
-
-    // Called from Idle when libraries came or went.
-    void SetRebuildCallback(void (*callback)()) { mRebuild = callback; }
-
-    // Also looks, at times, whether another process was killed, and puts right what it left.
-    void Idle();
-
-    // The port of the panel's socket, which the first call opens.
-    int GetPanelPort();
-    void ServePanel();
-
-private:
+    // What exists from Start to Stop. The constructor opens the database, repairs what a killed
+    // process left and indexes the library. Throws Failure.
     struct Running {
         Running(const Locations& places, Settings& settings);
 
-        Workspace workspace;
-        DocumentLife life;
+        // Opens the panel's socket at the first call and returns its port. Throws Failure.
+        int GetPanelPort();
+
+        Services services;
+        DocumentFonts documents;
         LibraryWatch watch;
         PanelProtocol panelProtocol;
         MenuCommands commands;
-        std::unique_ptr<PanelServer> panel;
-        std::chrono::steady_clock::time_point lastLook;  // for programs that are gone
+        std::unique_ptr<PanelServer> panel;  // null until the first GetPanelPort
+        std::chrono::steady_clock::time_point lastRepair;
     };
 
-    Running& GetRunning();
-    void LookForGonePrograms();
-    ActivationMode GetMode();
+    // Idempotent: a second call without a Stop does nothing. Throws Failure.
+    void Start();
 
+    // Releases this process's holds, deactivates fonts that no process holds and closes the panel's
+    // socket. Does nothing without a Start. Throws Failure; Core is stopped even then.
+    void Stop();
+
+    // Throws Failure with kNotInitialized before Start and after Stop. The reference is valid until
+    // Stop.
+    Running& GetRunning();
+
+    // The same, or null.
+    Running* FindRunning() { return mRunning.get(); }
+
+    Settings& GetSettings() { return mSettings; }
+
+    // The callback that Idle calls after libraries were added or removed.
+    void SetRebuildCallback(void (*callback)()) { mRebuild = callback; }
+
+    // Repairs what a killed process left, at most twice per second, and announces added or removed
+    // libraries. Does nothing while stopped. Throws Failure.
+    void Idle();
+
+private:
     Settings mSettings;
     std::unique_ptr<Running> mRunning;
     void (*mRebuild)() = nullptr;
 };
 
-// The one of this process.
+// The only instance of this process.
 Core& GetCore();
 
 }  // namespace plugincore

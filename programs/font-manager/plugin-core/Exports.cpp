@@ -2,28 +2,36 @@
 
 #include <string>
 #include <type_traits>
+#include <vector>
 
 #include "plugin-core/Buffers.h"
 #include "plugin-core/CallRecord.h"
 #include "plugin-core/Core.h"
+#include "plugin-core/documents/ActivationMode.h"
 #include "plugin-core/documents/Dialogs.h"
 #include "plugin-core/documents/FontJson.h"
-#include "plugin-core/menus/Menus.h"
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/menus/MenuJson.h"
+#include "plugin-core/menus/MenuModel.h"
+#include "plugin-core/storage/ErrorLog.h"
+#include "plugin-core/storage/Failure.h"
+#include "plugin-core/storage/Locations.h"
 
+using plugincore::ActivationMode;
 using plugincore::CallRecord;
+using plugincore::Core;
+using plugincore::DocumentFonts;
 using plugincore::Failure;
 using plugincore::GetCore;
+using plugincore::LogError;
 using plugincore::ReadBuffer;
-using plugincore::Report;
 using plugincore::StatusCodes;
-using plugincore::Told;
+using plugincore::ToRecord;
 using plugincore::WriteBuffer;
 
 namespace {
 
-// Each export has the type that the plug-in calls it by; for the unsettled ones only the name is
-// given.
+// Each export must have the type by which the plug-in calls it. Those that the plug-in never calls
+// have no declared type.
 template <class Declared, class Defined>
 constexpr bool HasDeclaredType()
 {
@@ -40,20 +48,37 @@ bool IsAnyNull(Pointer... pointers)
     return ((pointers == nullptr) || ...);
 }
 
-// Nothing may leave an export but a status.
+// Turns exceptions into statuses: the callers may be written in C.
 template <class Work>
 unsigned int Guard(const char* name, Work work) noexcept
-try {
-    return work();
-} catch (const Failure& failure) {
-    Report(std::string(name) + ": " + failure.what());
-    return failure.GetStatus();
-} catch (const std::exception& failure) {
-    Report(std::string(name) + ": " + failure.what());
-    return StatusCodes::kUnknownError;
-} catch (...) {
-    Report(std::string(name) + ": unknown failure");
-    return StatusCodes::kUnknownError;
+{
+    try {
+        return work();
+    } catch (const Failure& failure) {
+        LogError(std::string(name) + ": " + failure.what());
+        return failure.GetStatus();
+    } catch (const std::exception& failure) {
+        LogError(std::string(name) + ": " + failure.what());
+        return StatusCodes::kUnknownError;
+    } catch (...) {
+        LogError(std::string(name) + ": unknown failure");
+        return StatusCodes::kUnknownError;
+    }
+}
+
+// Settings, and with them the mode, are read from where the environment says now.
+ActivationMode GetMode()
+{
+    return plugincore::GetActivationMode(GetCore().GetSettings(),
+                                         plugincore::GetLocations().settings);
+}
+
+// Reads the text in an in-out buffer and empties the buffer, which a failure then leaves empty.
+std::string TakeBuffer(char* buffer, size_t size)
+{
+    std::string text = ReadBuffer(buffer, size);
+    if (size != 0) buffer[0] = '\0';
+    return text;
 }
 
 }  // namespace
@@ -62,11 +87,14 @@ unsigned int ActivateChosenFonts(const char* documentPath, const char* fontsJson
 {
     const CallRecord call(__func__, [&] {
         return nlohmann::json::object(
-            {{"documentPath", Told(documentPath)}, {"fontsJson", Told(fontsJson)}});
+            {{"documentPath", ToRecord(documentPath)}, {"fontsJson", ToRecord(fontsJson)}});
     });
     if (IsAnyNull(documentPath, fontsJson, outValue)) return StatusCodes::kNullPointer;
     return call.Return(Guard(__func__, [&] {
-        *outValue = GetCore().ActivateFonts(documentPath, fontsJson);
+        DocumentFonts& documents = GetCore().GetRunning().documents;
+        *outValue = DocumentFonts::CanActivate(documentPath, GetMode())
+                        ? documents.Activate(documentPath, plugincore::ReadFontNames(fontsJson))
+                        : 0;
         return StatusCodes::kSuccess;
     }));
 }
@@ -75,7 +103,7 @@ unsigned int CreateMenusFromJSONBuffer(const char* menusJson, AddIllustratorMenu
                                        MenuItemHelp* help)
 {
     const CallRecord call(__func__, [&] {
-        return nlohmann::json::object({{"menusJson", Told(menusJson)}});
+        return nlohmann::json::object({{"menusJson", ToRecord(menusJson)}});
     });
     if (IsAnyNull(menusJson, help) || !callback) return StatusCodes::kNullPointer;
     return call.Return(Guard(__func__, [&] {
@@ -98,26 +126,33 @@ unsigned int GetAPIVersion(int* outVersion, int requiredVersion)
 unsigned int GetIDForDocument(const char* documentPath, char* idBuffer, size_t* ioSize)
 {
     const CallRecord call(__func__, [&] {
-        return nlohmann::json::object({{"documentPath", Told(documentPath)}});
+        return nlohmann::json::object({{"documentPath", ToRecord(documentPath)}});
     });
     if (IsAnyNull(documentPath, idBuffer) || !ioSize) return StatusCodes::kNullPointer;
     const unsigned int status = Guard(__func__, [&] {
-        WriteBuffer(GetCore().GetDocumentId(documentPath), idBuffer, *ioSize);
+        Core::Running& running = GetCore().GetRunning();
+        WriteBuffer(running.services.documentStore.GetId(documentPath), idBuffer, *ioSize);
         return StatusCodes::kSuccess;
     });
-    return call.Return(status, [&] { return nlohmann::json::object({{"id", Told(idBuffer)}}); });
+    return call.Return(status, [&] {
+        return nlohmann::json::object({{"id", ToRecord(idBuffer)}});
+    });
 }
 
 unsigned int GetMenus(const char* documentPath, char* buffer, size_t* ioSize)
 {
     const CallRecord call(__func__, [&] {
-        return nlohmann::json::object({{"documentPath", Told(documentPath)}});
+        return nlohmann::json::object({{"documentPath", ToRecord(documentPath)}});
     });
     if (IsAnyNull(documentPath) || !ioSize || (!buffer && *ioSize != 0)) {
         return StatusCodes::kNullPointer;
     }
     const unsigned int status = Guard(__func__, [&] {
-        const std::string menus = GetCore().GetMenus(documentPath);
+        Core::Running* const running = GetCore().FindRunning();
+        plugincore::MenuState state = plugincore::GetMenuState(
+            GetCore().GetSettings(), running ? &running->services : nullptr);
+        state.hasDocument = documentPath[0] != '\0';
+        const std::string menus = plugincore::MakeMenus(state);
         if (!buffer || *ioSize <= menus.size()) {
             if (buffer && *ioSize != 0) buffer[0] = '\0';
             *ioSize = menus.size() + 1;
@@ -126,7 +161,9 @@ unsigned int GetMenus(const char* documentPath, char* buffer, size_t* ioSize)
         WriteBuffer(menus, buffer, *ioSize);
         return StatusCodes::kSuccess;
     });
-    return call.Return(status, [&] { return nlohmann::json::object({{"menus", Told(buffer)}}); });
+    return call.Return(status, [&] {
+        return nlohmann::json::object({{"menus", ToRecord(buffer)}});
+    });
 }
 
 unsigned int GetSettings(char* buffer, size_t* ioSize)
@@ -134,11 +171,13 @@ unsigned int GetSettings(char* buffer, size_t* ioSize)
     const CallRecord call(__func__, [] { return nlohmann::json::object(); });
     if (IsAnyNull(buffer) || !ioSize) return StatusCodes::kNullPointer;
     const unsigned int status = Guard(__func__, [&] {
-        WriteBuffer(GetCore().GetSettings(), buffer, *ioSize);
+        const std::string settings =
+            GetCore().GetSettings().GetAsJson(plugincore::GetLocations().settings);
+        WriteBuffer(settings, buffer, *ioSize);
         return StatusCodes::kSuccess;
     });
     return call.Return(status, [&] {
-        return nlohmann::json::object({{"settings", Told(buffer)}});
+        return nlohmann::json::object({{"settings", ToRecord(buffer)}});
     });
 }
 
@@ -147,7 +186,7 @@ unsigned int GetSocketPort(int* outPort)
     const CallRecord call(__func__, [] { return nlohmann::json::object(); });
     if (IsAnyNull(outPort)) return StatusCodes::kNullPointer;
     const unsigned int status = Guard(__func__, [&] {
-        *outPort = GetCore().GetPanelPort();
+        *outPort = GetCore().GetRunning().GetPanelPort();
         return StatusCodes::kSuccess;
     });
     return call.Return(status, [&] { return nlohmann::json::object({{"port", *outPort}}); });
@@ -157,11 +196,11 @@ unsigned int HandleCloseDocument(const char* path, const char* fontUsageJson)
 {
     const CallRecord call(__func__, [&] {
         return nlohmann::json::object(
-            {{"path", Told(path)}, {"fontUsageJson", Told(fontUsageJson)}});
+            {{"path", ToRecord(path)}, {"fontUsageJson", ToRecord(fontUsageJson)}});
     });
     if (IsAnyNull(path, fontUsageJson)) return StatusCodes::kNullPointer;
     return call.Return(Guard(__func__, [&] {
-        GetCore().CloseDocument(path, fontUsageJson);
+        GetCore().GetRunning().documents.Close(path, fontUsageJson);
         return StatusCodes::kSuccess;
     }));
 }
@@ -171,25 +210,27 @@ unsigned int HandleCreateNewDocument(char* idBuffer, size_t* ioSize)
     const CallRecord call(__func__, [] { return nlohmann::json::object(); });
     if (IsAnyNull(idBuffer) || !ioSize) return StatusCodes::kNullPointer;
     const unsigned int status = Guard(__func__, [&] {
-        WriteBuffer(GetCore().AddBlankDocument(), idBuffer, *ioSize);
+        WriteBuffer(GetCore().GetRunning().documents.AddBlank(), idBuffer, *ioSize);
         return StatusCodes::kSuccess;
     });
-    return call.Return(status, [&] { return nlohmann::json::object({{"id", Told(idBuffer)}}); });
+    return call.Return(status, [&] {
+        return nlohmann::json::object({{"id", ToRecord(idBuffer)}});
+    });
 }
 
 unsigned int HandleMenuSelection(const char* documentId, const char* lastKnownMenuState,
                                  const char* menuKey, const char* fontUsageJson)
 {
     const CallRecord call(__func__, [&] {
-        return nlohmann::json::object({{"documentId", Told(documentId)},
-                                       {"menuKey", Told(menuKey)},
-                                       {"fontUsageJson", Told(fontUsageJson)}});
+        return nlohmann::json::object({{"documentId", ToRecord(documentId)},
+                                       {"menuKey", ToRecord(menuKey)},
+                                       {"fontUsageJson", ToRecord(fontUsageJson)}});
     });
     if (IsAnyNull(documentId, lastKnownMenuState, menuKey, fontUsageJson)) {
         return StatusCodes::kNullPointer;
     }
     return call.Return(Guard(__func__, [&] {
-        GetCore().SelectMenu(menuKey, documentId, fontUsageJson);
+        GetCore().GetRunning().commands.Select(menuKey, documentId, fontUsageJson);
         return StatusCodes::kSuccess;
     }));
 }
@@ -198,29 +239,35 @@ unsigned int HandleOpenExistingDocument(const char* path, char* ioJson, size_t* 
                                         int* outValue)
 {
     const CallRecord call(__func__, [&] {
-        return nlohmann::json::object({{"path", Told(path)}, {"ioJson", Told(ioJson)}});
+        return nlohmann::json::object({{"path", ToRecord(path)}, {"ioJson", ToRecord(ioJson)}});
     });
     if (IsAnyNull(path, ioJson) || !ioSize || !outValue) return StatusCodes::kNullPointer;
     const unsigned int status = Guard(__func__, [&] {
-        const std::string fontsJson = ReadBuffer(ioJson, *ioSize);
-        if (*ioSize != 0) ioJson[0] = '\0';  // what comes out of a failure
-        const std::string left = GetCore().OpenDocument(path, fontsJson);
-        WriteBuffer(left, ioJson, *ioSize);
-        *outValue = left.empty() ? 0 : static_cast<int>(plugincore::ReadFontNames(left).size());
+        const std::string text = TakeBuffer(ioJson, *ioSize);
+        DocumentFonts& documents = GetCore().GetRunning().documents;
+        const ActivationMode mode = GetMode();
+        const plugincore::Usage usage =
+            text.empty() ? plugincore::Usage() : plugincore::ReadUsageWithFonts(text);
+        const std::vector<std::string> names = documents.Open(path, usage, mode);
+        WriteBuffer(plugincore::WriteFontNames(names), ioJson, *ioSize);
+        *outValue = static_cast<int>(names.size());
         return StatusCodes::kSuccess;
     });
-    return call.Return(status, [&] { return nlohmann::json::object({{"ioJson", Told(ioJson)}}); });
+    return call.Return(status, [&] {
+        return nlohmann::json::object({{"ioJson", ToRecord(ioJson)}});
+    });
 }
 
 unsigned int HandleSaveDocument(const char* path, const char* fontUsageJson)
 {
     const CallRecord call(__func__, [&] {
         return nlohmann::json::object(
-            {{"path", Told(path)}, {"fontUsageJson", Told(fontUsageJson)}});
+            {{"path", ToRecord(path)}, {"fontUsageJson", ToRecord(fontUsageJson)}});
     });
     if (IsAnyNull(path, fontUsageJson)) return StatusCodes::kNullPointer;
     return call.Return(Guard(__func__, [&] {
-        GetCore().SaveDocument(path, fontUsageJson);
+        DocumentFonts& documents = GetCore().GetRunning().documents;
+        documents.Save(path, fontUsageJson, GetMode());
         return StatusCodes::kSuccess;
     }));
 }
@@ -236,8 +283,8 @@ unsigned int IdleEvent()
 unsigned int InitializePluginCoreInterface(const char* bundleIdentifier, const char* hostVersion)
 {
     const CallRecord call(__func__, [&] {
-        return nlohmann::json::object(
-            {{"bundleIdentifier", Told(bundleIdentifier)}, {"hostVersion", Told(hostVersion)}});
+        return nlohmann::json::object({{"bundleIdentifier", ToRecord(bundleIdentifier)},
+                                       {"hostVersion", ToRecord(hostVersion)}});
     });
     if (IsAnyNull(bundleIdentifier, hostVersion)) return StatusCodes::kNullPointer;
     return call.Return(Guard(__func__, [] {
@@ -249,11 +296,12 @@ unsigned int InitializePluginCoreInterface(const char* bundleIdentifier, const c
 unsigned int InvokeCommandDialog(const char* documentPath, char* buffer, bool* outFlag)
 {
     const CallRecord call(__func__, [&] {
-        return nlohmann::json::object({{"documentPath", Told(documentPath)}});
+        return nlohmann::json::object({{"documentPath", ToRecord(documentPath)}});
     });
     if (IsAnyNull(documentPath, buffer) || !outFlag) return StatusCodes::kNullPointer;
     return call.Return(Guard(__func__, [&] {
-        plugincore::ShowAlert("Corvanta Fonts", GetCore().GetAboutText());
+        plugincore::ShowAlert("Corvanta Fonts",
+                              plugincore::MakeAboutText(GetCore().GetRunning().services));
         *outFlag = true;
         return StatusCodes::kSuccess;
     }));
@@ -262,25 +310,35 @@ unsigned int InvokeCommandDialog(const char* documentPath, char* buffer, bool* o
 unsigned int InvokeResolveDialog(char* ioJson, size_t* ioSize)
 {
     const CallRecord call(__func__, [&] {
-        return nlohmann::json::object({{"ioJson", Told(ioJson)}});
+        return nlohmann::json::object({{"ioJson", ToRecord(ioJson)}});
     });
     if (IsAnyNull(ioJson) || !ioSize) return StatusCodes::kNullPointer;
     const unsigned int status = Guard(__func__, [&] {
-        const std::string fontsJson = ReadBuffer(ioJson, *ioSize);
-        if (*ioSize != 0) ioJson[0] = '\0';  // what comes out of a failure
-        WriteBuffer(GetCore().Resolve(fontsJson), ioJson, *ioSize);
+        const std::string text = TakeBuffer(ioJson, *ioSize);
+        DocumentFonts& documents = GetCore().GetRunning().documents;
+        const ActivationMode mode = GetMode();
+        const std::vector<std::string> names = plugincore::ReadFontNames(text);
+        // If all are wanted, the text goes back unchanged, with members that we don't know.
+        const std::string chosen = mode == ActivationMode::kAutomatic
+                                       ? text
+                                       : plugincore::WriteFontNames(documents.Choose(names, mode));
+        WriteBuffer(chosen, ioJson, *ioSize);
         return StatusCodes::kSuccess;
     });
-    return call.Return(status, [&] { return nlohmann::json::object({{"ioJson", Told(ioJson)}}); });
+    return call.Return(status, [&] {
+        return nlohmann::json::object({{"ioJson", ToRecord(ioJson)}});
+    });
 }
 
 unsigned int PluginIsEnabled(bool request, bool* outEnabled)
 {
     const CallRecord call(__func__, [] { return nlohmann::json::object(); });
-    (void)request;  // always true, and nothing else depends on it
+    (void)request;  // every caller passes true
     if (!outEnabled) return StatusCodes::kNullPointer;
     const unsigned int status = Guard(__func__, [&] {
-        *outEnabled = GetCore().IsEnabled();
+        const std::string setting = GetCore().GetSettings().Get(plugincore::GetLocations().settings,
+                                                                plugincore::kEnabledSetting);
+        *outEnabled = setting != "0";
         return StatusCodes::kSuccess;
     });
     return call.Return(status, [&] { return nlohmann::json::object({{"enabled", *outEnabled}}); });
@@ -288,9 +346,10 @@ unsigned int PluginIsEnabled(bool request, bool* outEnabled)
 
 unsigned int ProcessPanelMessages(int value)
 {
-    (void)value;  // always 1, and nothing else depends on it
+    (void)value;  // every caller passes 1
     return Guard(__func__, [] {
-        GetCore().ServePanel();
+        Core::Running* const running = GetCore().FindRunning();
+        if (running && running->panel) running->panel->Serve();
         return StatusCodes::kSuccess;
     });
 }
@@ -314,11 +373,11 @@ unsigned int UpdateDocumentFontUsage(const char* documentId, const char* fontUsa
 {
     const CallRecord call(__func__, [&] {
         return nlohmann::json::object(
-            {{"documentId", Told(documentId)}, {"fontUsageJson", Told(fontUsageJson)}});
+            {{"documentId", ToRecord(documentId)}, {"fontUsageJson", ToRecord(fontUsageJson)}});
     });
     if (IsAnyNull(documentId, fontUsageJson)) return StatusCodes::kNullPointer;
     return call.Return(Guard(__func__, [&] {
-        GetCore().UpdateUsage(documentId, fontUsageJson);
+        GetCore().GetRunning().documents.Update(documentId, fontUsageJson);
         return StatusCodes::kSuccess;
     }));
 }

@@ -2,7 +2,9 @@
 
 #include "console/Console.h"
 #include "console/Log.h"
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/storage/ErrorLog.h"
+#include "plugin-core/storage/Failure.h"
+#include "vexcor/CommandLine.h"
 #include "vexcor/commands/Commands.h"
 #include "vexcor/commands/ExitStatus.h"
 
@@ -11,17 +13,17 @@ namespace {
 using plugincore::Failure;
 using plugincore::StatusCodes;
 
-int RunInWorkspace(const vexcor::Options& options,
-                   int (*body)(plugincore::Workspace&, const vexcor::Options&))
+int RunWithServices(const vexcor::Options& options,
+                    int (*body)(plugincore::Services&, const vexcor::Options&))
 {
-    plugincore::Workspace workspace(plugincore::GetLocations());
-    vexcor::LogRepairs(workspace.Start());
+    plugincore::Services services(plugincore::GetLocations());
+    vexcor::LogRepairs(services.Start());
     try {
-        const int status = body(workspace, options);
-        workspace.Stop();
+        const int status = body(services, options);
+        services.Stop();
         return status;
     } catch (const Failure&) {
-        workspace.Stop();
+        services.Stop();
         throw;
     }
 }
@@ -29,16 +31,16 @@ int RunInWorkspace(const vexcor::Options& options,
 int RunCommand(const vexcor::Options& options)
 {
     switch (options.command) {
-        case vexcor::Command::kRun:
-            return vexcor::RunRunCommand();
+        case vexcor::Command::kWatch:
+            return vexcor::RunWatchCommand();
         case vexcor::Command::kInstall:
             return vexcor::RunInstallCommand();
         case vexcor::Command::kAdd:
-            return RunInWorkspace(options, vexcor::RunAddCommand);
+            return RunWithServices(options, vexcor::RunAddCommand);
         case vexcor::Command::kList:
-            return RunInWorkspace(options, vexcor::RunListCommand);
+            return RunWithServices(options, vexcor::RunListCommand);
         case vexcor::Command::kWhy:
-            return RunInWorkspace(options, vexcor::RunWhyCommand);
+            return RunWithServices(options, vexcor::RunWhyCommand);
         case vexcor::Command::kRepair:
             return vexcor::RunRepairCommand();
     }
@@ -53,25 +55,25 @@ try {
     vexcor::Options options;
     std::string text;
     switch (vexcor::ParseCommandLine(argc, argv, options, text)) {
-        case vexcor::ParseOutcome::kRun:
-            plugincore::SetReportSink(console::Tell);
+        case console::ParseOutcome::kRun:
+            plugincore::SetErrorSink(console::PrintError);
             if (!options.log.empty() && !console::OpenLog(options.log, text)) {
-                console::Tell(text);
+                console::PrintError(text);
                 return vexcor::kFileFailed;
             }
             return RunCommand(options);
-        case vexcor::ParseOutcome::kDone:
-            return console::Print(text) ? vexcor::kDone : vexcor::kFileFailed;
-        case vexcor::ParseOutcome::kWrongUse:
+        case console::ParseOutcome::kDone:
+            return console::Print(text) ? vexcor::kSuccess : vexcor::kFileFailed;
+        case console::ParseOutcome::kWrongUse:
             break;
     }
-    console::Tell(text + " (see Vexcor --help)");
+    console::PrintError(text + " (see Vexcor --help)");
     return vexcor::kWrongUse;
 } catch (const Failure& failure) {
-    console::Tell(failure.what());
+    console::PrintError(failure.what());
     return failure.GetStatus() == StatusCodes::kDatabaseError ? vexcor::kDatabaseFailed
                                                               : vexcor::kFileFailed;
 } catch (const std::exception& failure) {
-    console::Tell(failure.what());
+    console::PrintError(failure.what());
     return vexcor::kFileFailed;
 }

@@ -23,13 +23,13 @@ struct ExitStatusRow {
 
 constexpr ExitStatusRow kExitStatuses[] = {
     {kAllOpened,
-     "all files were opened and no font is missing; a session ran and all was as expected"},
-    {kFontMissing, "open: a font is missing; run: something isn't as expected"},
-    {kWrongUse, "wrong use of the program; run: a wrong line"},
+     "all files were opened and no font is missing; a script ran and all was as expected"},
+    {kFontMissing, "open: a font is missing; script: an expectation was not met"},
+    {kWrongUse, "wrong use of the program; script: a wrong line"},
     {kFileNotOpened, "a file could not be opened or saved"},
     {kPluginNotLoaded, "the plug-in or PluginCore could not be loaded"},
     {kPluginBrokeRule, "the plug-in broke a rule of the host"},
-    {kInterrupted, "interrupted; open documents were closed and the plug-in was shut down"},
+    {kInterrupted, "interrupted; the open documents were closed and the plug-in was shut down"},
 };
 
 }  // namespace headless

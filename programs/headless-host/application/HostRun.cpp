@@ -38,11 +38,12 @@ void TellErrorsAndAlerts(Host& host)
 {
     host.errors.SetSink([&host](const std::string& line) {
         host.journal.Write("host", "plug-in error", nlohmann::json::object(), line);
-        console::Tell("plug-in error: " + line);
+        console::PrintError("plug-in error: " + line);
     });
     host.alertSink = [](const Alert& alert) {
-        console::Tell("alert: " + alert.message +
-                      (alert.information.empty() ? std::string() : " (" + alert.information + ")"));
+        console::PrintError(
+            "alert: " + alert.message +
+            (alert.information.empty() ? std::string() : " (" + alert.information + ")"));
     };
 }
 
@@ -55,13 +56,13 @@ int RunHost(const Options& given, const std::function<int(HostRun&)>& body)
     std::string error;
     if ((!options.log.empty() && !console::OpenLog(MakeAbsolute(options.log), error)) ||
         !SetUp(options, error)) {
-        console::Tell(error);
+        console::PrintError(error);
         return kWrongUse;
     }
     SystemFonts fonts;
     Host host(fonts, [](const std::string& path) { return documents::OpenDocument(path); });
     if (!options.journal.empty() && !host.journal.Open(options.journal, error)) {
-        console::Tell(error);
+        console::PrintError(error);
         return kWrongUse;
     }
     TellErrorsAndAlerts(host);
@@ -74,9 +75,9 @@ int RunHost(const Options& given, const std::function<int(HostRun&)>& body)
         console::LogAction("started with " + options.plugin);
         HostRun run{host, application, options, startFolder};
         status = body(run);
-        if (options.hold > 0) application.Idle(options.hold);
+        if (options.keepOpen > 0) application.Idle(options.keepOpen);
     } else {
-        console::Tell(error);
+        console::PrintError(error);
         status = kPluginNotLoaded;
     }
     application.ShutDown();
@@ -84,7 +85,7 @@ int RunHost(const Options& given, const std::function<int(HostRun&)>& body)
     if (host.errors.Count() > 0) {
         status = std::max<int>(status, kPluginBrokeRule);
         if (host.errors.Count() > host.errors.Lines().size()) {
-            console::Tell("plug-in errors in all: " + std::to_string(host.errors.Count()));
+            console::PrintError("plug-in errors in all: " + std::to_string(host.errors.Count()));
         }
     }
     return IsInterrupted() ? kInterrupted : status;
@@ -99,16 +100,17 @@ int OpenFile(HostRun& run, const std::string& givenPath, OpenReport& last)
         return kFileNotOpened;
     }
     if (last.dialog == DialogOutcome::kShown) {
-        console::Tell(givenPath + ": the dialog \"" + last.dialogTitle + "\" was shown");
+        console::PrintError(givenPath + ": the dialog \"" + last.dialogTitle + "\" was shown");
     }
     if (!last.opened) {
-        console::Tell(givenPath + ": " + last.error);
+        console::PrintError(givenPath + ": " + last.error);
         return kFileNotOpened;
     }
     if (!run.options.command.empty()) {
         SetEnvironment("DOCUMENT", path);
         const int result = RunCommand(run.options.command, run.startFolder, run.options.json);
-        if (result != 0) console::Tell("the command ended with status " + std::to_string(result));
+        if (result != 0)
+            console::PrintError("the command ended with status " + std::to_string(result));
     }
     return last.HasMissingFont() ? kFontMissing : kAllOpened;
 }

@@ -152,7 +152,7 @@ private:
             text = WriteFontsReportAsTable(report);
         }
         if (!report.isRead && (mOptions.json || mOptions.names)) {
-            console::Tell(report.path + ": " + report.error);
+            console::PrintError(report.path + ": " + report.error);
         }
         const bool isPrinted = text.empty() || console::Print(text);
         if (!report.isRead || !isPrinted) mStatus = kFileNotOpened;

@@ -78,9 +78,9 @@ int RunLines(HostRun& run, Place place, const std::string& name, std::string tex
         const LineResult result = RunGuarded(session, *line);
         if (result.outcome == LineOutcome::kQuit) break;
         if (!result.text.empty()) {
-            console::Tell(place == Place::kPrompt
-                              ? result.text
-                              : name + ":" + std::to_string(number) + ": " + result.text);
+            console::PrintError(place == Place::kPrompt
+                                    ? result.text
+                                    : name + ":" + std::to_string(number) + ": " + result.text);
         }
         // A typing error at the prompt is told and forgotten.
         if (result.outcome == LineOutcome::kWrong && place == Place::kPrompt) continue;
@@ -103,7 +103,7 @@ int RunSessionCommand(const Options& options)
     const documents::FileBytes file = documents::ReadFileBytes(
         options.session, kLargestFile, [](const std::string&) { return std::string(); });
     if (!file.error.empty()) {
-        console::Tell(options.session + ": " + file.error);
+        console::PrintError(options.session + ": " + file.error);
         return kWrongUse;
     }
     return RunHost(options, [&](HostRun& run) {

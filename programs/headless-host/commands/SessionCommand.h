@@ -4,7 +4,7 @@
 
 namespace headless {
 
-// `headless-host run`: all of it. Returns the exit status.
+// `headless-host script`: all of it. Returns the exit status.
 int RunSessionCommand(const Options& options);
 
 }  // namespace headless

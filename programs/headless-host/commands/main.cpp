@@ -1,6 +1,7 @@
 #include <exception>
 
 #include "application/ExitStatus.h"
+#include "commands/CommandLine.h"
 #include "commands/FontsCommand.h"
 #include "commands/OpenCommand.h"
 #include "commands/SessionCommand.h"
@@ -13,22 +14,22 @@ int main(int argc, char** argv)
         headless::Options options;
         std::string text;
         switch (headless::ParseCommandLine(argc, argv, options, text)) {
-            case headless::ParseOutcome::kRun:
+            case console::ParseOutcome::kRun:
                 if (options.action == headless::Command::kFonts) {
                     return headless::RunFontsCommand(options);
                 }
-                return options.action == headless::Command::kRun
+                return options.action == headless::Command::kScript
                            ? headless::RunSessionCommand(options)
                            : headless::RunOpenCommand(options);
-            case headless::ParseOutcome::kDone:
+            case console::ParseOutcome::kDone:
                 return console::Print(text) ? headless::kAllOpened : headless::kWrongUse;
-            case headless::ParseOutcome::kWrongUse:
+            case console::ParseOutcome::kWrongUse:
                 break;
         }
-        console::Tell(text + " (see headless-host --help)");
+        console::PrintError(text + " (see headless-host --help)");
         return headless::kWrongUse;
     } catch (const std::exception& exception) {
-        console::Tell(exception.what());
+        console::PrintError(exception.what());
         return headless::kWrongUse;
     }
 }

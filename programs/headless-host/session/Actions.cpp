@@ -17,7 +17,7 @@ constexpr unsigned long kMostTicks = 1000000;
 
 LineResult FailFile(const std::string& path, const std::string& error)
 {
-    console::Tell(path + ": " + error);
+    console::PrintError(path + ": " + error);
     return {LineOutcome::kFileFailed, {}};
 }
 

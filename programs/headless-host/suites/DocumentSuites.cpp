@@ -1,3 +1,4 @@
+#include "AIFilePath.h"
 #include "suites/SuiteCall.h"
 #include "suites/SuiteTables.h"
 

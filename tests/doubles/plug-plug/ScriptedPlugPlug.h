@@ -10,8 +10,8 @@
 
 #include "PlugPlugFunctions.h"
 
-// What a scripted PlugPlug answers and what it was asked: one state per framework, which lives as
-// long as its library. Header alone, so that it can be used on both sides of a library.
+// The state of a scripted PlugPlug: what it returns and how it was called. One per framework, valid
+// as long as its library is loaded. Header only, so that the test and the library can both use it.
 struct ScriptedPlugPlug {
     struct Listener {
         std::string type;
@@ -26,27 +26,27 @@ struct ScriptedPlugPlug {
         std::optional<std::string> appId;
         std::optional<std::string> extensionId;
         std::optional<std::string> data;
-        const char* dataAddress = nullptr;  // where the data stood, for who keeps it
+        const char* dataAddress = nullptr;  // the sender's own string
     };
 
     // The names of the functions called, in order.
     std::vector<std::string> calls;
 
-    // The listeners whose adding was answered with 0, and those of all attempts.
+    // The listeners that were added, and those of all attempts.
     std::vector<Listener> listeners;
     std::vector<Listener> attempts;
     std::vector<DispatchedEvent> events;
 
-    // Answers by function name: the first ones, used up one per call, and then the lasting one. A
-    // name that isn't there is answered with 0.
+    // Results by function name. Each call takes the next of `firstAnswers`; when none is left, the
+    // result is that in `answers`, or 0.
     std::map<std::string, std::vector<int>> firstAnswers;
     std::map<std::string, int> answers;
 
-    // Runs inside every call of that name, after it was recorded and before it is answered.
+    // Runs in every call of that function, after it is recorded and before it returns.
     std::map<std::string, std::function<void()>> onCall;
 
-    // Calls the listeners of the type, in order, and says how many there were. Nothing is recorded.
-    // A dispatch calls none: it is only recorded.
+    // Calls the listeners of the type, in order, and returns how many there are; records nothing.
+    // PlugPlugDispatchEvent, in contrast, only records and calls no listener.
     std::size_t Raise(const std::string& type, const PlugPlugEvent* event = nullptr) const
     {
         std::size_t count = 0;
@@ -67,7 +67,7 @@ struct ScriptedPlugPlug {
     }
 };
 
-// What a library exports as "ScriptedPlugPlug_GetState" and "ScriptedPlugPlug_Reset". A reset gives
-// the state that the library has when it is loaded.
+// Types of "ScriptedPlugPlug_GetState" and "ScriptedPlugPlug_Reset", which each library exports. A
+// reset restores the state that the library has when it is loaded.
 typedef ScriptedPlugPlug* (*ScriptedPlugPlugGetStateFunction)();
 typedef void (*ScriptedPlugPlugResetFunction)();

@@ -6,14 +6,14 @@
 
 #include "ScriptedPlugPlug.h"
 
-// The private frameworks folder of a variant.
+// Returns the private frameworks folder of a variant.
 inline std::string ScriptedPlugPlugFolder(const std::string& variant)
 {
     return std::string(SCRIPTED_PLUG_PLUG_FOLDER) + "/" + variant;
 }
 
-// The library of one framework of a variant, held open with its state as when it was loaded first.
-// Whoever opens the framework by its path while this lives gets the same library and state.
+// Loads the library of one framework of a variant and resets its state. Code that loads the
+// framework by its path while this object exists gets the same library and state.
 class ScriptedPlugPlugLibrary {
 public:
     explicit ScriptedPlugPlugLibrary(const std::string& variant,
@@ -33,9 +33,9 @@ public:
     ~ScriptedPlugPlugLibrary()
     {
         if (mHandle == nullptr) return;
-        // What the test put into the state may not outlast it in a library that stays open.
+        // The plug-in may keep the library open: don't leave the test's state in it.
         mReset();
-        (void)dlclose(mHandle);  // one reference less; nothing to do about a refusal
+        (void)dlclose(mHandle);  // a failure needs no action
     }
     ScriptedPlugPlugLibrary(const ScriptedPlugPlugLibrary&) = delete;
     ScriptedPlugPlugLibrary& operator=(const ScriptedPlugPlugLibrary&) = delete;
@@ -45,7 +45,7 @@ public:
     ScriptedPlugPlug& State() const { return *mState; }
     ScriptedPlugPlug* operator->() const { return mState; }
 
-    // The address of a function of the library, null if it has none of that name.
+    // Returns the address of a function of the library, or null if it has none of that name.
     void* Find(const std::string& name) const { return dlsym(mHandle, name.c_str()); }
 
 private:

@@ -3,8 +3,8 @@
 #include "PCILoader.h"
 #include "ScriptedPluginCore.h"
 
-// Puts the scripted PluginCore of this program into the loader's place, as if it had been found and
-// loaded, and takes it out again. The state begins anew with each. Main thread only.
+// Makes the scripted PluginCore of this program the shared instance of PCILoader, as if it had been
+// found and loaded, until the destructor. The constructor resets the state. [main-thread]
 class InProcessPluginCore {
 public:
     InProcessPluginCore()

@@ -8,13 +8,18 @@
 
 namespace {
 
+// Statuses of PluginCore. A scripted library isn't linked with the core library, which names them.
+constexpr unsigned int kFatalError = 0x02000000;
+constexpr unsigned int kIndexOutOfRange = 0x0C000000;
+constexpr unsigned int kVersionMismatch = 0x0E000000;
+
 ScriptedPluginCore MakeState()
 {
     ScriptedPluginCore state;
     const std::string variant = ScriptedPluginCoreVariant();
-    if (variant == "version-refused") state.statuses["GetAPIVersion"] = 0x0E000000;
+    if (variant == "version-refused") state.statuses["GetAPIVersion"] = kVersionMismatch;
     if (variant == "initialization-fails") {
-        state.statuses["InitializePluginCoreInterface"] = 0x02000000;
+        state.statuses["InitializePluginCoreInterface"] = kFatalError;
     }
     if (variant == "throws") {
         state.onCall["InitializePluginCoreInterface"] = [] { throw std::runtime_error("thrown"); };
@@ -49,7 +54,7 @@ std::string Buffer(const char* buffer, std::size_t size)
     return zeroed ? "zeroed " + std::to_string(size) : Text(buffer);
 }
 
-// Writes the text and its end, as far as the buffer goes.
+// Writes the text, cut to the buffer, and a zero byte.
 void Put(char* buffer, std::size_t size, const std::string& text)
 {
     if (buffer == nullptr || size == 0) return;
@@ -105,7 +110,7 @@ EXPORTED unsigned int GetMenus(const char* path, char* buffer, size_t* ioSize)
     if (status != 0) return status;
     if (*ioSize < State().menus.size() + 1) {
         *ioSize = State().menus.size() + 1;
-        return 0x0C000000;
+        return kIndexOutOfRange;
     }
     Put(buffer, *ioSize, State().menus);
     return 0;
@@ -149,7 +154,7 @@ EXPORTED unsigned int HandleMenuSelection(const char* id, const char* state, con
 EXPORTED unsigned int HandleOpenExistingDocument(const char* path, char* ioJson, size_t* ioSize,
                                                  int* outValue)
 {
-    // Without an end within the size there is none at all, so the text is taken up to the size.
+    // The text may fill the whole size, without a zero byte.
     const std::string text(ioJson, strnlen(ioJson, *ioSize));
     State().openTexts.push_back(text);
     const std::string shown = text.size() > 1000 ? std::to_string(text.size()) + " bytes" : text;

@@ -9,42 +9,43 @@
 
 #include "PluginCoreFunctions.h"
 
-// What a scripted PluginCore answers and what it was asked. One state per library, and one for the
-// variant that is linked into the test. Header alone, so that a state can be used on both sides of
-// a library. The state lives as long as its library.
+// The state of a scripted PluginCore: what it returns and how it was called. One per library, valid
+// as long as the library is loaded, and one for the PluginCore that is linked into the test. Header
+// only, so that the test and the library can both use it.
 struct ScriptedPluginCore {
-    // One text per call, in order: "Name(arguments)". Texts in quotes; values that are preset to
-    // something are printed as they came in; a buffer as its text in quotes, or as "zeroed 256" if
-    // that is its size and all of it is zero; sizes behind their buffer.
+    // One string per call, in order: "Name(arguments)". Shows strings in quotes, output values as
+    // they were passed in, and a buffer as its text in quotes, or as "zeroed 256" if all of its 256
+    // bytes are zero. A size follows its buffer.
     std::vector<std::string> calls;
 
-    // Answers. A status not named here is 0.
+    // Results by function name; 0 for a function that isn't listed.
     std::map<std::string, unsigned int> statuses;
     bool enabled = true;
-    // What HandleOpenExistingDocument leaves in the buffer; without a value, what came in.
+    // What HandleOpenExistingDocument writes to the buffer; without a value it writes nothing.
     std::optional<std::string> openAnswer = "";
-    // What InvokeResolveDialog leaves in the buffer, and as the size; without a value, what came.
+    // What InvokeResolveDialog writes to the buffer and the size; without a value it writes
+    // nothing.
     std::optional<std::string> resolveAnswer;
     std::optional<std::size_t> resolveSize;
     std::string settings = "{}";
     std::string menus = "{}";
     std::string documentID;
-    // What GetIDForDocument leaves as the size; without a value, what came.
+    // What GetIDForDocument writes to the size; without a value it writes nothing.
     std::optional<std::size_t> documentIDSize;
     int socketPort = 0;
 
-    // Runs inside every call of that name, before it is answered: may send messages or throw.
+    // Runs in every call of that function, before it returns; may send messages or throw.
     std::map<std::string, std::function<void()>> onCall;
 
-    // What HandleOpenExistingDocument got, in full: the text and whether all of the buffer behind
-    // it was zero.
+    // The text that each HandleOpenExistingDocument call received, in full; `calls` shows only the
+    // length of a long one.
     std::vector<std::string> openTexts;
     RebuildWorkgroupsMenuFunction rebuildWorkgroupsMenu = nullptr;
-    // What CreateMenusFromJSONBuffer got; the second lives only inside of that call.
+    // The arguments of CreateMenusFromJSONBuffer; menuItemHelp is valid only during that call.
     AddIllustratorMenuFunction addIllustratorMenu = nullptr;
     MenuItemHelp* menuItemHelp = nullptr;
 
-    // The names alone, in order.
+    // Returns the names of the functions called, in order.
     std::vector<std::string> CalledNames() const
     {
         std::vector<std::string> names;
@@ -53,10 +54,10 @@ struct ScriptedPluginCore {
     }
 };
 
-// What a library exports under the name "ScriptedPluginCore_GetState".
+// Type of "ScriptedPluginCore_GetState", which each library exports.
 typedef ScriptedPluginCore* (*ScriptedPluginCoreGetStateFunction)();
 
-// The variant in the test: its state, and the address of one of the 26 functions (null for another
-// name).
+// The PluginCore in the test: its state, and the address of one of its 26 functions, or null for
+// any other name.
 ScriptedPluginCore& InProcessPluginCoreState();
 void* InProcessPluginCoreFunction(const std::string& name);

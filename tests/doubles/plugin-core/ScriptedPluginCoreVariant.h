@@ -1,5 +1,5 @@
 #pragma once
 
-// The name of the fault that this build of the scripted PluginCore has; each library is built with
-// a definition of its own.
+// Returns the name of this build's fault, or of the build if it has none. Each library is built
+// with its own SCRIPTED_PLUGIN_CORE_VARIANT.
 const char* ScriptedPluginCoreVariant();

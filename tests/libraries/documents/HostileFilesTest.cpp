@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "OpenBytes.h"
 #include "PdfMaker.h"
-#include "ScratchFolder.h"
 
 using namespace documents;
 using testing::Contains;
@@ -128,7 +128,8 @@ TEST(HostileFiles, FormsTooDeepAreNoted)
     maker.SetStream(300, "/Subtype /Form", "");
     const OpenResult result = maker.Open();
     EXPECT_EQ("Alpha-Regular:1", DescribeFrames(result));
-    EXPECT_THAT(result.document.notes, Contains("objects drawn within objects go too deep"));
+    EXPECT_THAT(result.document.notes,
+                Contains("objects drawn within objects are nested too deeply"));
 }
 
 TEST(HostileFiles, DeepNestingInContent)
@@ -178,7 +179,7 @@ TEST(HostileFiles, HugePredictorRow)
                        Deflate("BT ET"))
             .Open();
     EXPECT_TRUE(result.ok);
-    EXPECT_THAT(result.document.notes, Contains("1 streams can't be decoded whole"));
+    EXPECT_THAT(result.document.notes, Contains("streams that cannot be decoded completely: 1"));
 }
 
 TEST(HostileFiles, WrongTypesEverywhere)

@@ -9,8 +9,8 @@
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFWriter.hh>
 
+#include "OpenBytes.h"
 #include "PdfMaker.h"
-#include "ScratchFolder.h"
 
 using namespace documents;
 using testing::HasSubstr;
@@ -61,13 +61,13 @@ TEST(OpenErrors, Missing)
 TEST(OpenErrors, Folder)
 {
     const ScratchFolder folder;
-    EXPECT_EQ("is a folder", OpenDocument(folder.GetPath()).error);
+    EXPECT_EQ("is a folder", OpenDocument(folder.Path()).error);
 }
 
 TEST(OpenErrors, Pipe)
 {
     const ScratchFolder folder;
-    const std::string path = folder.GetPath() + "/pipe";
+    const std::string path = folder.Path() + "/pipe";
     ASSERT_EQ(0, mkfifo(path.c_str(), 0600));
     EXPECT_EQ("is not a regular file", OpenDocument(path).error);
 }
@@ -84,7 +84,7 @@ TEST(OpenErrors, Empty) { EXPECT_EQ("is empty", GetError("")); }
 
 TEST(OpenErrors, NotADocument)
 {
-    EXPECT_EQ("is no PDF, EPS or Illustrator document", GetError("Hello"));
+    EXPECT_EQ("is not a PDF, EPS or Illustrator document", GetError("Hello"));
 }
 
 TEST(OpenErrors, HugeFileOfZerosIsNotADocument)
@@ -92,7 +92,7 @@ TEST(OpenErrors, HugeFileOfZerosIsNotADocument)
     const ScratchFolder folder;
     const std::string path = folder.Write("zeros", "");
     std::filesystem::resize_file(path, 300u << 20);
-    EXPECT_EQ("is no PDF, EPS or Illustrator document", OpenDocument(path).error);
+    EXPECT_EQ("is not a PDF, EPS or Illustrator document", OpenDocument(path).error);
 }
 
 TEST(OpenErrors, FileBeyondTheLimit)

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "ScratchFolder.h"
+#include "OpenBytes.h"
 #include "documents/OpenDocument.h"
 
 using namespace documents;

@@ -9,7 +9,7 @@
 
 #include "documents/OpenDocument.h"
 #include "documents/bytes/FileBytes.h"
-#include "documents/bytes/InflateBudget.h"
+#include "documents/bytes/ReadBudget.h"
 #include "documents/model/DocumentReader.h"
 #include "documents/native/NativeContainer.h"
 #include "documents/pdf/PdfFile.h"
@@ -46,8 +46,8 @@ bool PrintListed(const std::string& path)
 {
     const documents::FileBytes file = documents::ReadFileBytes(
         path, documents::Limits{}.inflatedBytes, [](const std::string&) { return std::string(); });
-    const documents::InflateBudget budget(documents::Limits{}.inflatedBytes,
-                                          documents::Limits{}.seconds);
+    const documents::ReadBudget budget(documents::Limits{}.inflatedBytes,
+                                       documents::Limits{}.seconds);
     documents::DocumentSource source;
     source.container = documents::GetContainer(file.bytes);
     source.postScript = source.container == documents::Container::kDosEPS

@@ -12,9 +12,6 @@ namespace fs = std::filesystem;
 
 FontTestHome::FontTestHome()
 {
-    std::string pattern = fs::temp_directory_path() / "fonts-XXXXXX";
-    if (!mkdtemp(pattern.data())) throw std::runtime_error("no scratch folder");
-    mPath = pattern;
     fs::create_directories(GetLibrary());
     WriteFile(mPath / "fonts.conf",
               "<fontconfig><dir>" + GetUserFonts().string() +
@@ -39,7 +36,6 @@ FontTestHome::~FontTestHome()
             setenv(name.c_str(), value.c_str(), 1);
     std::error_code error;
     fs::permissions(mPath, fs::perms::owner_all, error);
-    fs::remove_all(mPath, error);
 }
 
 void FontTestHome::SetVariable(const std::string& name, const std::string& value)

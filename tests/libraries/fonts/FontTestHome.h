@@ -1,9 +1,10 @@
 #pragma once
-
 #include <filesystem>
 #include <set>
 #include <string>
 #include <vector>
+
+#include "ScratchFolder.h"
 
 // A home folder for one test, with a fontconfig of its own that knows the user's fonts alone, so
 // that no font of the machine is active. Removed at the end; the environment is put back.
@@ -30,7 +31,8 @@ public:
 private:
     void SetVariable(const std::string& name, const std::string& value);
 
-    std::filesystem::path mPath;
+    ScratchFolder mFolder;
+    std::filesystem::path mPath = mFolder.Path();
     std::vector<std::pair<std::string, std::string>> mBefore;
 };
 

@@ -5,7 +5,7 @@
 #include "CoreFoundationStandIn.h"
 #include "Platform.h"
 #include "ScratchFolder.h"
-#include "plugin-core/workspace/Workspace.h"
+#include "Workspace.h"
 
 namespace Platform {
 

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "ScratchFolder.h"
-#include "plugin-core/workspace/Workspace.h"
+#include "Workspace.h"
 
 // A font manager whose process runs, with a scripted PluginCore of that variant where an
 // installation has it.

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "GetPathToRunningProcess.h"
-#include "plugin-core/workspace/Workspace.h"
+#include "Workspace.h"
 
 namespace {
 

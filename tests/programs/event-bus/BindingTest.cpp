@@ -5,7 +5,7 @@
 #include "OpenFramework.h"
 #include "SDKPlugPlug.h"
 
-// The plug-in's binding with its own definition of the event, and a listener that has the other.
+// The plug-in's binding defines the event itself; the listener uses the definition of the bus.
 TEST(PlugPlugBinding, AnEventOfThePluginReachesAListenerOfTheHost)
 {
     OpenFramework framework("PlugPlugOwl");

@@ -46,7 +46,7 @@ TEST_F(PlugPlugBus, CallsListenersInTheOrderOfAdding)
     EXPECT_EQ("123", order);
 }
 
-TEST_F(PlugPlugBus, KeepsAListenerThatIsAddedAgainOnce)
+TEST_F(PlugPlugBus, CallsAListenerOnceThatWasAddedTwice)
 {
     TestListener listener(mFramework, "some.type");
     EXPECT_EQ(kPlugPlugSuccess, listener.AddAgain());
@@ -54,7 +54,7 @@ TEST_F(PlugPlugBus, KeepsAListenerThatIsAddedAgainOnce)
     EXPECT_THAT(listener.data, ElementsAre("one"));
 }
 
-TEST_F(PlugPlugBus, CallsARemovedListenerNoMore)
+TEST_F(PlugPlugBus, DoesNotCallARemovedListener)
 {
     TestListener listener(mFramework, "some.type");
     EXPECT_EQ(kPlugPlugSuccess, listener.Remove());
@@ -63,7 +63,7 @@ TEST_F(PlugPlugBus, CallsARemovedListenerNoMore)
     EXPECT_EQ(kPlugPlugNotFound, listener.Remove());
 }
 
-TEST_F(PlugPlugBus, RemovesTheListenerOfThatTypeHandlerAndContextOnly)
+TEST_F(PlugPlugBus, RemovesOnlyTheListenerWithThatTypeHandlerAndContext)
 {
     const TestListener listener(mFramework, "some.type");
     int context = 0;
@@ -93,13 +93,13 @@ TEST_F(PlugPlugBus, RefusesNullArguments)
     EXPECT_EQ(kPlugPlugNullArgument, mFramework.UnloadExtension(nullptr));
 }
 
-TEST_F(PlugPlugBus, KnowsNoExtension)
+TEST_F(PlugPlugBus, ReportsThatThereAreNoExtensions)
 {
     EXPECT_EQ(kPlugPlugNotFound, mFramework.LoadExtension("some.extension"));
     EXPECT_EQ(kPlugPlugNotFound, mFramework.UnloadExtension("some.extension"));
 }
 
-TEST_F(PlugPlugBus, DropsWhatAListenerThrowsAndCallsTheOthers)
+TEST_F(PlugPlugBus, DiscardsAnExceptionOfAListenerAndCallsTheOthers)
 {
     const TestListener first(mFramework, "some.type", [] { throw std::runtime_error("thrown"); });
     const TestListener second(mFramework, "some.type");

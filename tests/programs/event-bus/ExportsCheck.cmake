@@ -1,4 +1,4 @@
-# Fails unless LIBRARY defines the five functions of PlugPlug for others and nothing else.
+# Fails unless LIBRARY exports the five functions of PlugPlug and nothing else.
 execute_process(COMMAND ${NM} -D --defined-only ${LIBRARY}
     OUTPUT_VARIABLE listing RESULT_VARIABLE status)
 if(NOT status EQUAL 0)

@@ -20,7 +20,7 @@ protected:
     void TearDown() override
     {
         Unload();
-        // It is gone with its module where a test has added another since.
+        // Fails if the listener was dropped after its module was unloaded.
         (void)mFramework.Remove("some.type", mHandler, &mRecord);
     }
     void Unload()
@@ -55,7 +55,7 @@ TEST_F(PlugPlugListenerModule, AListenerIsNotCalledOnceItsModuleIsUnloaded)
     EXPECT_EQ(1U, other.data.size());
 }
 
-TEST_F(PlugPlugListenerModule, AListenerIsForgottenAfterItsModuleIsUnloaded)
+TEST_F(PlugPlugListenerModule, AListenerIsDroppedAfterItsModuleIsUnloaded)
 {
     Unload();
     const TestListener other(mFramework, "other.type");

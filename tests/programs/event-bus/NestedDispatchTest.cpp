@@ -26,7 +26,7 @@ TEST_F(PlugPlugNestedDispatch, AListenerMayDispatchAnotherEvent)
     EXPECT_THAT(response.data, ElementsAre("answer"));
 }
 
-TEST_F(PlugPlugNestedDispatch, AnEndlessChainIsCut)
+TEST_F(PlugPlugNestedDispatch, AnEndlessChainEndsAtTheGreatestDepth)
 {
     int cut = 0;
     const TestListener listener(mFramework, "some.type", [&] {
@@ -42,7 +42,7 @@ TEST_F(PlugPlugNestedDispatch, TheBusWorksAfterAnEndlessChain)
 {
     {
         const TestListener listener(mFramework, "some.type", [&] {
-            (void)DispatchText(mFramework, "some.type", "again");  // is cut at the end
+            (void)DispatchText(mFramework, "some.type", "again");  // fails at the greatest depth
         });
         EXPECT_EQ(kPlugPlugSuccess, DispatchText(mFramework, "some.type", "one"));
     }
@@ -51,7 +51,7 @@ TEST_F(PlugPlugNestedDispatch, TheBusWorksAfterAnEndlessChain)
     EXPECT_THAT(listener.data, ElementsAre("two"));
 }
 
-TEST_F(PlugPlugNestedDispatch, AListenerAddedInsideMissesTheEventUnderWay)
+TEST_F(PlugPlugNestedDispatch, AListenerAddedInADispatchMissesTheEventUnderWay)
 {
     std::unique_ptr<TestListener> added;
     const TestListener listener(mFramework, "some.type", [&] {
@@ -63,7 +63,7 @@ TEST_F(PlugPlugNestedDispatch, AListenerAddedInsideMissesTheEventUnderWay)
     EXPECT_THAT(added->data, ElementsAre("two"));
 }
 
-TEST_F(PlugPlugNestedDispatch, AListenerRemovedInsideMissesTheEventUnderWay)
+TEST_F(PlugPlugNestedDispatch, AListenerRemovedInADispatchMissesTheEventUnderWay)
 {
     TestListener* removed = nullptr;
     const TestListener first(mFramework, "some.type", [&] { removed->Remove(); });
@@ -87,7 +87,7 @@ TEST_F(PlugPlugNestedDispatch, AListenerMayRemoveItself)
     EXPECT_THAT(second.data, ElementsAre("one", "two"));
 }
 
-TEST_F(PlugPlugNestedDispatch, AListenerRemovedAndAddedAgainInsideCountsAsNew)
+TEST_F(PlugPlugNestedDispatch, AListenerRemovedAndAddedAgainInADispatchIsANewOne)
 {
     TestListener* other = nullptr;
     bool done = false;

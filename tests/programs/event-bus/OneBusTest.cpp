@@ -3,11 +3,12 @@
 
 #include <filesystem>
 
+#include "ScratchFolder.h"
 #include "TestListener.h"
 
 using testing::ElementsAre;
 
-TEST(PlugPlugOneBus, BothFrameworksShareIt)
+TEST(PlugPlugOneBus, BothFrameworksShareTheBus)
 {
     OpenFramework owl("PlugPlugOwl");
     OpenFramework plain("PlugPlug");
@@ -29,7 +30,7 @@ TEST(PlugPlugOneBus, AListenerIsRemovedThroughTheOtherFramework)
     EXPECT_EQ(kPlugPlugNotFound, owl.Remove("some.type", ignore, nullptr));
 }
 
-TEST(PlugPlugOneBus, EachOpeningOfAFrameworkSharesIt)
+TEST(PlugPlugOneBus, AFrameworkOpenedTwiceSharesTheBus)
 {
     OpenFramework first("PlugPlugOwl");
     const TestListener listener(first, "some.type");
@@ -38,11 +39,11 @@ TEST(PlugPlugOneBus, EachOpeningOfAFrameworkSharesIt)
     EXPECT_THAT(listener.data, ElementsAre("one"));
 }
 
-TEST(PlugPlugOneBus, FrameworksOfAnotherFolderShareIt)
+TEST(PlugPlugOneBus, FrameworksInAnotherFolderShareTheBus)
 {
     namespace fs = std::filesystem;
-    std::string folder = testing::TempDir() + "plug-plug-XXXXXX";
-    ASSERT_NE(nullptr, mkdtemp(folder.data()));
+    const ScratchFolder scratch;
+    const std::string folder = scratch.Path();
     fs::copy(PLUG_PLUG_FRAMEWORKS, folder, fs::copy_options::recursive);
     {
         OpenFramework here("PlugPlugOwl");
@@ -53,5 +54,4 @@ TEST(PlugPlugOneBus, FrameworksOfAnotherFolderShareIt)
         EXPECT_EQ(kPlugPlugSuccess, DispatchText(there, "some.type", "one"));
         EXPECT_THAT(listener.data, ElementsAre("one"));
     }
-    fs::remove_all(folder);
 }

@@ -20,6 +20,6 @@ OpenFramework::OpenFramework(const std::string& name, const std::string& folder)
 
 OpenFramework::~OpenFramework()
 {
-    // One reference less; nothing to do about a refusal.
+    // Another OpenFramework may keep the module loaded; an error has no consequence here.
     if (mHandle != nullptr) (void)dlclose(mHandle);
 }

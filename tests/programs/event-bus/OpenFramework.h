@@ -4,7 +4,8 @@
 
 #include "PlugPlugFunctions.h"
 
-// A framework of PlugPlug held open, with its functions. All are null if it can't be opened.
+// Opens a framework of PlugPlug and looks up its functions, which are null if it can't be opened.
+// They are valid as long as this object.
 class OpenFramework {
 public:
     explicit OpenFramework(const std::string& name,

@@ -7,8 +7,8 @@
 #include "OpenFramework.h"
 #include "PlugPlugEvent.h"
 
-// A listener on the bus for as long as it lives. It keeps the data of its events and then runs
-// `action`, which may be empty.
+// A listener on the bus, from the constructor to the destructor. For each event it appends the data
+// to `data` and then runs `action`, which may be empty.
 class TestListener {
 public:
     TestListener(OpenFramework& framework, std::string type, std::function<void()> action = {})
@@ -16,7 +16,7 @@ public:
     {
         status = mFramework.Add(mType.c_str(), Handle, this);
     }
-    // A test may have removed it.
+    // Fails if the test has removed it already.
     ~TestListener() { (void)Remove(); }
     TestListener(const TestListener&) = delete;
     TestListener& operator=(const TestListener&) = delete;
@@ -24,7 +24,7 @@ public:
     int AddAgain() { return mFramework.Add(mType.c_str(), Handle, this); }
     int Remove() { return mFramework.Remove(mType.c_str(), Handle, this); }
 
-    int status = -1;                // of the adding
+    int status = -1;                // of adding it
     std::vector<std::string> data;  // of each event, "null" for none
 
 private:

@@ -7,18 +7,12 @@
 
 HostFixture::HostFixture()
 {
-    std::string pattern = testing::TempDir() + "headless-host-XXXXXX";
-    folder = mkdtemp(pattern.data());
     content.ok = true;
     content.document.kind = documents::Kind::kPDF;
     host = std::make_unique<headless::Host>(fonts, [this](const std::string&) { return content; });
 }
 
-HostFixture::~HostFixture()
-{
-    host.reset();
-    std::filesystem::remove_all(folder);
-}
+HostFixture::~HostFixture() { host.reset(); }
 
 void HostFixture::AddFrame(const std::vector<std::string>& fontNames)
 {

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "ScratchFolder.h"
 #include "application/Application.h"
 #include "model/Host.h"
 #include "suites/SuiteTables.h"
@@ -63,5 +64,6 @@ protected:
     documents::OpenResult content;
     std::unique_ptr<headless::Host> host;
     std::vector<headless::OpenReport> reports;
-    std::string folder;
+    const ScratchFolder scratch;
+    const std::string folder = scratch.Path();
 };

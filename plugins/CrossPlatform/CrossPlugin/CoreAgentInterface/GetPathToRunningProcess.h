@@ -3,30 +3,40 @@
 #include <string>
 #include <vector>
 
-// Where the font manager's core process lies: told by the running process, or by the launch
-// information file in the user's library folder. Main thread; no state is kept.
+// Finds the font manager's core process: among the running processes, or through the launch
+// information file in the user's library folder. Stateless. [main-thread]
 //
-// The file is plain text in lines; a line that holds the key anywhere, then "=", gives what follows
-// up to its end, nothing trimmed. There is no escaping and no comment.
+// The launch information file is plain text. The value of a key is what follows the first "=" of a
+// line that contains the key anywhere, up to the end of the line. Nothing is trimmed, and there are
+// no escapes or comments.
 
-// CoreErrorCodes::kUnknownError, and no change, when no process of this executable name runs; else
-// the folder of the first that the system lists, with a separator at its end. Case counts.
+// Sets outDirectory to the folder of the first running process with this executable name
+// (case-sensitive), with a trailing separator.
+//
+// Returns CoreErrorCodes::kUnknownError and leaves it unchanged if no such process runs.
 unsigned int GetPathToRunningProcessExe(const std::string& exeName, std::string& outDirectory);
 
-// CoreErrorCodes::kUnknownError, and no change, without the file or a line that gives a value.
+// Sets outValue to the key's value in the file vendorFolder/fileName of the library folder, from
+// the first line that has one.
+//
+// Returns CoreErrorCodes::kUnknownError and leaves it unchanged if there is no such file or line.
 unsigned int GetConfiguredPath(const std::string& vendorFolder, const std::string& fileName,
                                const std::string& key, std::string& outValue);
 
-// The user's library folder.
+// Sets `out` to the user's library folder. On Linux this is $XDG_DATA_HOME, by default
+// ~/.local/share.
 void GetUsersAppDataDirectory(std::string& out);
 
-// False, and no change, without a "=" in front of the line's end, which is the first carriage
-// return, else the first line feed, else the end of the text.
+// Sets *outValue to the text between the first "=" and the end of the line.
+//
+// line   zero-terminated. It ends at the first carriage return; if there is none, at the first line
+//        feed; if there is none, at the zero byte.
+// Returns false and leaves *outValue unchanged if there is no "=" before the end of the line.
 bool GetValueAtEndOfThisLine(char const* line, std::string* outValue);
 
-// The paths of the executables of the running processes, in the system's order. Those that it
-// doesn't tell are left out.
+// Returns the paths of the executables of the running processes, in the system's order: on Linux
+// ascending by process number. Processes whose executable can't be read are left out.
 std::vector<std::string> OSGetRunningExecutables();
 
-// True for whatever stands at the path, a folder as well.
+// Returns true if a file, folder or anything else exists at `path` (UTF-8). Follows links.
 bool OSPathExists(const std::string& path);

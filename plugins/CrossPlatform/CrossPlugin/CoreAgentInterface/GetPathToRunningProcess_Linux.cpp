@@ -37,7 +37,7 @@ void GetUsersAppDataDirectory(std::string& out)
         return;
     }
     out = "~/.local/share";
-    // A failure leaves the tilde, and a folder that isn't there.
+    // A failure leaves the tilde: a folder that doesn't exist, which callers test for.
     (void)GFileSystem::OSExpandPath(out);
 }
 

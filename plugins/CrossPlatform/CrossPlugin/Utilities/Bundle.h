@@ -2,17 +2,20 @@
 
 #include <string>
 
-#include "DllFrameworkUtils.h"
+#include "BundleRef.h"
 
-// What a platform knows of bundles. No trace, no result but the answer.
+// The platform's operations on frameworks, without the trace. [main-thread]
 
-// Opens the framework at `path` (UTF-8); null if there is none. Bundles stay open for the life of
-// the process, since their functions may be called at any time; opening one again gives the same
-// one.
+// Opens the framework folder at `path` (UTF-8). Returns null if none can be loaded from there.
+//
+// Bundles remain open until the process ends, because their functions may be called at any time.
+// Opening the same framework again returns the same bundle.
 BundleRef OSOpenBundle(const std::string& path);
 
-// The bundle's CFBundleShortVersionString in UTF-8; false if it has none.
+// Copies the bundle's CFBundleShortVersionString (UTF-8) into `version`. Returns false, with
+// `version` unchanged, if there is no such text. `bundle` must not be null.
 bool OSGetBundleVersion(BundleRef bundle, std::string& version);
 
-// The function's address, or null; null also for a null bundle or name.
+// Returns the address of the function, which is valid until the process ends. Null if the bundle
+// has no such function, or an argument is null.
 void* OSFindFunction(BundleRef bundle, const char* name);

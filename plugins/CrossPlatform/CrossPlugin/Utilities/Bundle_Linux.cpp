@@ -20,7 +20,7 @@ std::string StripTrailingSeparators(std::string path)
     return path;
 }
 
-// The X of /a/b/X.framework, or the empty string.
+// Returns the X of /a/b/X.framework; "" if the folder is named otherwise.
 std::string GetFrameworkName(const std::string& folder)
 {
     const std::string component = folder.substr(folder.rfind('/') + 1);
@@ -31,13 +31,13 @@ std::string GetFrameworkName(const std::string& folder)
     return component.substr(0, nameLength);
 }
 
-// What has been opened calls back into this code for the rest of the process's life, and the host
-// may hold functions of it as well: it stays, even if the host unloads it.
+// Keeps this plug-in in memory even if the host unloads it: frameworks that it opened call back
+// into it until the process ends, and the host may still hold pointers to its functions.
 void KeepThisModuleLoaded()
 {
     Dl_info module;
     if (dladdr(reinterpret_cast<void*>(&KeepThisModuleLoaded), &module) == 0) return;
-    // A program that holds this code itself can't lose it: there the call fails, and may.
+    // Fails in a program that this code is linked into, which can't be unloaded anyway.
     (void)dlopen(module.dli_fname, RTLD_NOW | RTLD_NOLOAD | RTLD_NODELETE);
 }
 
@@ -58,7 +58,7 @@ BundleRef OSOpenBundle(const std::string& path)
     if (library == nullptr) return nullptr;
     for (const auto& open : sOpenBundles) {
         if (open->library != library) continue;
-        // Gives back the count of the second opening alone.
+        // Undoes only the second dlopen; the first one keeps the library open.
         (void)dlclose(library);
         open->information = information;
         return open.get();

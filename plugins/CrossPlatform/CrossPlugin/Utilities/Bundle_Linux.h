@@ -5,11 +5,11 @@
 
 #include "Bundle.h"
 
-// A framework as a folder X.framework with the shared object X and Resources/Info.plist.
+// An open framework: the folder X.framework with the shared object X and Resources/Info.plist.
 struct OpaqueBundle {
-    void* library;
-    std::map<std::string, std::string> information;  // the texts of the property list
+    void* library;                                   // of dlopen
+    std::map<std::string, std::string> information;  // texts of the property list, by key
 };
 
-// Whether there is anything at `path`.
+// Returns true if a file, folder or anything else exists at `path` (UTF-8). [any thread]
 bool OSIsReachable(const std::string& path);

@@ -25,7 +25,7 @@ long GetFileModificationDate(CFStringRef path)
         return 0;
     }
     const CFHolder<CFDateRef> date(value);
-    // The fraction goes first: in front of 2001 the cut is towards the later second.
+    // Truncated before the sum, so times before 2001, which are negative here, round up.
     return static_cast<long>(CFDateGetAbsoluteTime(date.get())) +
            static_cast<long>(kCFAbsoluteTimeIntervalSince1970);
 }

@@ -6,7 +6,7 @@
 
 namespace CorvantaFileUtils {
 
-// The same for a path that is a string object already; 0 for a null one.
+// The same for a path that is a string object, which is not released. Returns 0 for null.
 long GetFileModificationDate(CFStringRef path);
 
 }  // namespace CorvantaFileUtils

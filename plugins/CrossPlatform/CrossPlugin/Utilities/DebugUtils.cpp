@@ -8,9 +8,9 @@ void OutputIndentedAndFormattedString(int /*indentChange*/, const char* format, 
     char text[65536] = {};
     va_list arguments;
     va_start(arguments, format);
-    // Nobody reads the text, so a cut or failed one makes no difference.
+    // The text is not used, so truncation and errors don't matter.
     (void)std::vsnprintf(text, sizeof text, format, arguments);
     va_end(arguments);
-    // Keeps the text where a debugger finds it.
+    // Prevents the compiler from removing the text, which a debugger can read here.
     asm volatile("" : : "r"(text) : "memory");
 }

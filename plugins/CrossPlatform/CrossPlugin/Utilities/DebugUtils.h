@@ -1,9 +1,10 @@
 #pragma once
 
-// The trace. It formats its text and lets it go: no stream, no file, no log. A debugger or a double
-// of this function sees what the system does.
+// The trace: formats a text and discards it. Nothing is written to a stream, file or log. Debuggers
+// and test doubles of this function see what the system does.
 //
-// `indentChange` is 1 on entry to a function, -1 on its way out and 0 within it. A text longer than
-// 65,535 bytes is cut. Any thread may call; it uses the stack alone.
+// indentChange   1 when a function is entered, -1 when it is left, otherwise 0
+// format         as for printf; the text is truncated after 65,535 bytes
+// [any thread] Needs 64 KiB of stack.
 void OutputIndentedAndFormattedString(int indentChange, const char* format, ...)
     __attribute__((format(printf, 2, 3)));

@@ -1,16 +1,22 @@
 #pragma once
 
-// A framework opened by path, whose functions are looked up by name. On macOS it is a CFBundleRef.
-typedef struct OpaqueBundle* BundleRef;
+#include "BundleRef.h"
 
-// Opens the framework folder at `path` (UTF-8) and returns its bundle, which is the caller's and
-// stays open for the life of the process; null if there is none. If the framework has a version
-// text, it is copied to `versionBuffer`, cut to `bufferSize` bytes, the zero byte included;
-// otherwise the buffer stays as it is.
+// Opens a framework and writes a line to the trace.
 //
-// Off macOS a framework X is a folder X.framework that holds the shared object X and
-// Resources/Info.plist, XML or binary. Anything else is none.
+// path            the framework's folder, in UTF-8; null is treated as missing
+// versionBuffer   out: the framework's version, truncated, with a zero byte; unchanged if there is
+//                 no framework or no version. Owned by the caller; may be null.
+// bufferSize      capacity in bytes, including the zero byte
+// Returns null if there is no such framework or it can't be loaded. The bundle remains open until
+// the process ends. [main-thread]
+//
+// On Linux a framework X is a folder X.framework with the shared object X and Resources/Info.plist,
+// in XML or binary form.
 BundleRef LoadDllOrFramework(const char* path, char* versionBuffer, unsigned int bufferSize);
 
-// The address of the function, or null for a null bundle, a null name or one that isn't there.
+// Looks up a function of the bundle by name and writes a line to the trace.
+//
+// Returns its address, which is valid until the process ends. Null if the bundle has no such
+// function, or `bundle` (not traced) or `name` is null. [main-thread]
 void* GetFunctionPtr(BundleRef bundle, const char* name);

@@ -37,7 +37,7 @@ bool OSGetBundleVersion(BundleRef bundle, std::string& version)
 {
     const CFTypeRef value = CFBundleGetValueForInfoDictionaryKey(
         ToCFBundle(bundle), CFSTR("CFBundleShortVersionString"));
-    // A property list may hold a number there.
+    // A property list may have a number in place of the text.
     if (value == nullptr || CFGetTypeID(value) != CFStringGetTypeID()) return false;
     version = GetStdString(static_cast<CFStringRef>(value));
     return true;

@@ -4,11 +4,8 @@
 
 #include <string>
 
-#include "DllFrameworkUtils.h"
+#include "BundleRef_Mac.h"
 
-// The text in UTF-8; empty for a null or empty one.
+// Returns the text in UTF-8; "" for null, an empty text or one that can't be converted. Does not
+// release `text`. [any thread]
 std::string GetStdString(CFStringRef text);
-
-// A bundle is a CFBundle here; the common headers know it by a name of their own.
-inline CFBundleRef ToCFBundle(BundleRef bundle) { return reinterpret_cast<CFBundleRef>(bundle); }
-inline BundleRef ToBundle(CFBundleRef bundle) { return reinterpret_cast<BundleRef>(bundle); }

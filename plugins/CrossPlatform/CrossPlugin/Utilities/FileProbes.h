@@ -4,7 +4,8 @@
 
 namespace CorvantaFileUtils {
 
-// True only for a regular file, links followed; a folder or a dangling link is none.
+// Returns true if a regular file exists at `path` (UTF-8). Follows links: one to a folder, and a
+// dangling one, is no file. [any thread]
 bool FileExists(const std::string& path);
 
 }  // namespace CorvantaFileUtils

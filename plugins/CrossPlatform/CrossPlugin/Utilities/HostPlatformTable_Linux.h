@@ -2,5 +2,6 @@
 
 #include "HostPlatform_Linux.h"
 
-// The table that the host executable exports, or null if it exports none.
+// Returns the table that the host executable exports (HostPlatform_Linux.h), or null if it exports
+// none. The host owns the table, for the life of the process. [any thread]
 SHostPlatform* FindHostPlatform();

@@ -3,6 +3,9 @@
 #include <map>
 #include <string>
 
-// Reads the top level's texts of an XML or binary property list, by key. False if the file can't be
-// read or its root is no dictionary.
+// Adds the strings at the top level of a property list to `texts`, by key. Skips other values.
+//
+// path   an XML or binary property list, in UTF-8
+// Returns false, with `texts` unchanged, if the file can't be read or its root is not a dictionary.
+// [any thread]
 bool ReadPropertyList(const std::string& path, std::map<std::string, std::string>& texts);

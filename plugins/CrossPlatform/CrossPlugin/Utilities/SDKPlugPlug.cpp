@@ -33,7 +33,7 @@ int SDKPlugPlug::AddEventListener(const char* type, PlugPlugEventHandler handler
                                                : 1;
 }
 
-// Another member is tested than the one that is called: Load binds both or fails.
+// Tests another member than the one it calls: a successful Load binds both.
 int SDKPlugPlug::DispatchEvent(const csxs::event::Event* event)
 {
     return PlugPlugRemoveEventListener != nullptr ? PlugPlugDispatchEvent(event) : 1;

@@ -2,9 +2,9 @@
 
 #include <cstdint>
 
-#include "DllFrameworkUtils.h"
+#include "BundleRef.h"
 
-// The host's event bus, PlugPlug, bound by name at run time.
+// The host's event bus, PlugPlug: a framework whose functions are looked up by name at run time.
 
 namespace csxs {
 namespace event {
@@ -14,7 +14,8 @@ enum EventScope : int32_t {
     kEventScopeApplication = 1,
 };
 
-// All texts belong to the sender and are read during the dispatch.
+// An event. The texts are zero-terminated UTF-8, belong to the sender and are only read during the
+// dispatch.
 struct Event {
     const char* type;
     EventScope scope;
@@ -26,10 +27,12 @@ struct Event {
 }  // namespace event
 }  // namespace csxs
 
+// Called for each event of a type. `context` is what was passed to AddEventListener; the event is
+// valid during the call only. [main-thread]
 typedef void (*PlugPlugEventHandler)(const csxs::event::Event* event, void* context);
 
-// The binding. PluginCore is given its address, so the members and their order are fixed: all null
-// until Load, then valid for the life of the process. The bundle is never released. Main thread.
+// The functions of the event bus. PluginCore receives the address of this object, so the data
+// members and their order are fixed. All are null until Load. [main-thread]
 struct SDKPlugPlug {
     BundleRef bundle = nullptr;
     void* PlugPlugLoadExtension = nullptr;
@@ -39,16 +42,22 @@ struct SDKPlugPlug {
     void* PlugPlugRemoveEventListener = nullptr;
     int (*PlugPlugDispatchEvent)(const csxs::event::Event* event) = nullptr;
 
-    // Opens "PlugPlugOwl.framework" in the host's private frameworks folder or, if it isn't there,
-    // "PlugPlug.framework", and binds the functions in the members' order. 0, or 31 at the first
-    // failure, which leaves the members in front of it bound.
+    // Opens "PlugPlugOwl.framework" in the host's private frameworks folder or, if that doesn't
+    // exist, "PlugPlug.framework", and looks up the functions in the order of the members.
+    // Returns 0. Stops at the first failure and returns 31; the members before it remain set. What
+    // is set is valid until the process ends: the bundle is never released.
     int Load();
 
-    // 1 if nothing is bound, else what the bus answers.
+    // Calls `handler` with `context` for each later event of the type, until the process ends.
+    // Returns the bus's status, or 1 if Load has not found the function.
     int AddEventListener(const char* type, PlugPlugEventHandler handler, void* context);
+
+    // Sends the event to its listeners. Returns the bus's status, or 1 if Load has not found
+    // PlugPlugRemoveEventListener. Must not be called if only PlugPlugDispatchEvent was missing.
     int DispatchEvent(const csxs::event::Event* event);
 };
 
-// Opens the bundle that Load binds: by whether the preferred folder is there, not by whether it can
-// be opened. Null if the host has no such folder, or it is no framework. No trace.
+// The platform's part of Load: opens the bundle. Chooses PlugPlugOwl.framework if that exists, even
+// if it can't be opened. Returns null if the host has no private frameworks folder or the chosen
+// bundle can't be opened. [main-thread]
 BundleRef OSOpenEventBus();

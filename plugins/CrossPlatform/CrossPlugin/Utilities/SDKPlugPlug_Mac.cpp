@@ -1,7 +1,7 @@
 #include "SDKPlugPlug.h"
 
+#include "BundleRef_Mac.h"
 #include "CFHolder_Mac.h"
-#include "DllFrameworkUtils_Mac.h"
 
 namespace {
 

@@ -12,7 +12,7 @@ int SimpleAlert(char const* messageText, char const* informativeText)
     if (platform != nullptr && platform->showAlert != nullptr) {
         platform->showAlert(message, informative);
     } else {
-        // With standard error gone there is nowhere left to say so.
+        // If standard error is closed, there is no other place for the text.
         (void)std::fprintf(stderr, "%s\n%s\n", message, informative);
     }
     return 0;

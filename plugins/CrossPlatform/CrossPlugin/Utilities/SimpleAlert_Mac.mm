@@ -4,7 +4,7 @@
 
 namespace {
 
-// An alert takes no nil; a text that isn't UTF-8 isn't shown.
+// NSAlert doesn't accept nil. Text that isn't UTF-8 is not shown.
 NSString* MakeText(char const* text)
 {
     NSString* const string = text != nullptr ? [NSString stringWithUTF8String:text] : nil;
@@ -19,7 +19,7 @@ int SimpleAlert(char const* messageText, char const* informativeText)
     NSAlert* const alert = [[NSAlert alloc] init];
     [alert setMessageText:MakeText(messageText)];
     [alert setInformativeText:MakeText(informativeText)];
-    // The default button is the only one, so there is nothing to be learnt from the answer.
+    // There is only one button, so the result says nothing.
     (void)[alert runModal];
     [alert release];
     [pool release];

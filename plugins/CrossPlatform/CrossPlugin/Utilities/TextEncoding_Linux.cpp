@@ -5,7 +5,7 @@
 bool IsUTF8(const std::string& text)
 {
     try {
-        // The strict dump refuses exactly what isn't UTF-8; its text isn't wanted.
+        // With the strict error handler, dump() throws exactly for text that isn't UTF-8.
         (void)nlohmann::json(text).dump();
         return true;
     } catch (const nlohmann::json::type_error&) {

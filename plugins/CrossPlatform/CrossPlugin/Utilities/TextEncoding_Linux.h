@@ -2,5 +2,6 @@
 
 #include <string>
 
-// Whether the text can be made into a string object elsewhere: it is UTF-8 to its end.
+// Returns true if all of the text is well-formed UTF-8. macOS can't make string objects of other
+// text, so paths that aren't UTF-8 fail here too. [any thread]
 bool IsUTF8(const std::string& text);

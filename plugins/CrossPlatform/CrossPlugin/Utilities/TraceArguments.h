@@ -2,14 +2,14 @@
 
 #include <cstdint>
 
-// How values are passed to the trace's formats.
+// Convert values for the formats of the trace (DebugUtils.h). [any thread]
 
-// A pointer for "%08x": its low 32 bits.
+// Returns the low 32 bits of a pointer, for "%08x".
 template <class T>
 unsigned int TracePointer(T* pointer)
 {
     return static_cast<unsigned int>(reinterpret_cast<uintptr_t>(pointer));
 }
 
-// A text for "%s" that may be null.
+// Returns the text, or "(null)" for null, for "%s". The caller's text must outlive the result.
 inline const char* TraceText(const char* text) { return text != nullptr ? text : "(null)"; }

@@ -42,7 +42,7 @@ auto Activation::Change(Work work)
 {
     return RunInTransaction([&] {
         Repairs repairs;
-        if (mMayDiffer || !mPrograms.ListGone().empty()) PutRight(repairs);
+        if (mMayDiffer || !mPrograms.ListGone().empty()) RepairInTransaction(repairs);
         return work();
     });
 }
@@ -255,7 +255,7 @@ Activation::Repairs Activation::Repair()
 {
     return RunInTransaction([&] {
         Repairs repairs;
-        PutRight(repairs);
+        RepairInTransaction(repairs);
         return repairs;
     });
 }
@@ -266,7 +266,7 @@ Activation::Repairs Activation::RepairIfNeeded()
     return Repair();
 }
 
-void Activation::PutRight(Repairs& repairs)
+void Activation::RepairInTransaction(Repairs& repairs)
 {
     DropHoldsOfGonePrograms(repairs);
     repairs.deactivatedFiles = DeactivateWhatNobodyHolds();
@@ -304,7 +304,7 @@ std::vector<std::string> Activation::DeactivateWhatNobodyHolds()
     for (const int64_t group : touched) {
         const ActivationFolder::Links kept = GetLinks(group);
         if (!kept.empty()) {
-            mFolder.Reduce(group, kept);
+            mFolder.KeepOnly(group, kept);
             continue;
         }
         Statement(mDatabase, "DELETE FROM active_group WHERE id = ?").Bind(group).Run();

@@ -104,7 +104,7 @@ private:
     bool AddFile(const std::string& file, int64_t group, ActivationFolder::Links& links);
     ActivationFolder::Links GetLinks(int64_t group);
     std::vector<int64_t> GetGroups();
-    void PutRight(Repairs& repairs);
+    void RepairInTransaction(Repairs& repairs);
     void DropHoldsOfGonePrograms(Repairs& repairs);
     std::vector<std::string> DeactivateWhatNobodyHolds();
     void MakeFolderEqual(Repairs& repairs);

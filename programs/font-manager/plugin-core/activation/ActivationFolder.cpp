@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cctype>
 
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/storage/Failure.h"
 
 namespace fs = std::filesystem;
 
@@ -108,7 +108,7 @@ void ActivationFolder::Show(int64_t group, const Links& links) const
     }
 }
 
-void ActivationFolder::Reduce(int64_t group, const Links& links) const
+void ActivationFolder::KeepOnly(int64_t group, const Links& links) const
 {
     const fs::path visible = GetParent(group) / GetGroupName(group);
     const fs::path prepared = GetParent(group) / ("." + GetGroupName(group) + ".new");

@@ -32,7 +32,7 @@ public:
 
     // Leaves only these links, all of them there already, in a visible group. They are visible at
     // any moment, and the others go in one step.
-    void Reduce(int64_t group, const Links& links) const;
+    void KeepOnly(int64_t group, const Links& links) const;
 
     // Makes the group invisible in one step, then removes it. One that isn't there is no failure.
     void Hide(int64_t group) const;

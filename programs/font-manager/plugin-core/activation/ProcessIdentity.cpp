@@ -10,7 +10,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/storage/Failure.h"
 
 namespace plugincore {
 namespace {

@@ -1,6 +1,7 @@
 #include "plugin-core/documents/ActivationMode.h"
 
 #include "plugin-core/documents/Dialogs.h"
+#include "plugin-core/storage/Settings.h"
 
 namespace plugincore {
 
@@ -10,6 +11,11 @@ ActivationMode ReadActivationMode(const std::string& setting)
     if (setting == "1") return ActivationMode::kAutomatic;
     if (setting == "2") return ActivationMode::kAsk;
     return IsInteractive() ? ActivationMode::kAsk : ActivationMode::kAutomatic;
+}
+
+ActivationMode GetActivationMode(Settings& settings, const std::filesystem::path& file)
+{
+    return ReadActivationMode(settings.Get(file, kActivationSetting));
 }
 
 std::string WriteActivationMode(ActivationMode mode)

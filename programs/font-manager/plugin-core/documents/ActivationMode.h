@@ -1,23 +1,29 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 
 namespace plugincore {
 
-// What is to happen to a document's fonts that aren't active: the setting "FontActivation".
+class Settings;
+
+// What PluginCore does with fonts of a document that aren't active: the setting "FontActivation".
 enum class ActivationMode {
-    kOff,        // "0": nothing by itself; the menu command still activates
-    kAutomatic,  // "1": activate all
-    kAsk,        // "2": let the user choose, on the terminal; without one, activate none
+    kOff,        // "0": activates none, except by the menu command
+    kAutomatic,  // "1": activates all
+    kAsk,        // "2": asks the user on the terminal; without a terminal, activates none
 };
 
 constexpr const char* kActivationSetting = "FontActivation";
 
-// Any other text, the empty one included, means: ask if there is a terminal to ask on, else
-// activate all.
+// The mode for the text of the setting. Any other text, "" included, means kAsk if the user can be
+// asked (see IsInteractive) and kAutomatic if not.
 ActivationMode ReadActivationMode(const std::string& setting);
 
-// The text of the setting.
+// The mode that the settings in `file` select.
+ActivationMode GetActivationMode(Settings& settings, const std::filesystem::path& file);
+
+// The text of the setting for a mode.
 std::string WriteActivationMode(ActivationMode mode);
 
 }  // namespace plugincore

@@ -9,7 +9,7 @@
 #include <sstream>
 
 #include "HostPlatform_Linux.h"
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/storage/ErrorLog.h"
 
 namespace plugincore {
 namespace {
@@ -50,7 +50,7 @@ void ShowAlert(const std::string& message, const std::string& information)
     if (platform && platform->showAlert) {
         platform->showAlert(message.c_str(), information.c_str());
     } else {
-        Report(message + ": " + information);
+        LogError(message + ": " + information);
     }
 }
 

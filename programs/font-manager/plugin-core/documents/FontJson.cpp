@@ -3,7 +3,8 @@
 #include <nlohmann/json.hpp>
 #include <set>
 
-#include "plugin-core/storage/StatusCodes.h"
+#include "base/JsonText.h"
+#include "plugin-core/storage/Failure.h"
 
 using nlohmann::json;
 
@@ -16,13 +17,11 @@ constexpr const char* kName = "PostScriptName";
 
 Failure MakeFailure(const std::string& reason)
 {
-    return {StatusCodes::kInvalidParam, "the font list that came in is left aside: " + reason};
+    return {StatusCodes::kInvalidParam, "the font list that came in is ignored: " + reason};
 }
 
-}  // namespace
-
-namespace {
-
+// The caller's list is taken as far as it makes sense: one entry of another form doesn't cost the
+// document its other fonts.
 std::vector<std::string> ReadNames(const json& array)
 {
     std::vector<std::string> names;
@@ -66,11 +65,16 @@ Usage ReadUsage(const std::string& text)
     return usage;
 }
 
-std::vector<std::string> ReadFontNames(const std::string& text)
+Usage ReadUsageWithFonts(const std::string& text)
 {
     Usage usage = ReadUsage(text);
     if (!usage.fonts) throw MakeFailure("it has no array of fonts");
-    return std::move(*usage.fonts);
+    return usage;
+}
+
+std::vector<std::string> ReadFontNames(const std::string& text)
+{
+    return *ReadUsageWithFonts(text).fonts;
 }
 
 std::string WriteFontNames(const std::vector<std::string>& names)
@@ -78,7 +82,7 @@ std::string WriteFontNames(const std::vector<std::string>& names)
     if (names.empty()) return {};
     json array = json::array();
     for (const std::string& name : names) array.push_back({{kName, name}});
-    return json{{kFonts, array}}.dump(-1, ' ', false, json::error_handler_t::replace);
+    return base::PrintJson(json{{kFonts, array}});
 }
 
 }  // namespace plugincore

@@ -4,23 +4,27 @@
 #include <string>
 #include <vector>
 
+// The JSON texts in which fonts cross the boundary of PluginCore. The functions that read throw
+// Failure with kInvalidParam for a text of another form.
 namespace plugincore {
 
-// The PostScript names in a text with fonts: an object that has "DocumentFonts", or that array
-// alone. Each name once, in the order of the text; entries without a name are left out. Throws
-// Failure with kInvalidParam for any other text.
+// The PostScript names in an object with the member "DocumentFonts", or in that array alone. Each
+// name once, in the order of the text. Entries without a name are skipped.
 std::vector<std::string> ReadFontNames(const std::string& text);
 
-// What a usage text tells. A member that isn't in the text isn't known.
+// A usage report. A member is null if the text doesn't have it.
 struct Usage {
-    std::optional<std::vector<std::string>> fonts;            // as ReadFontNames gives them
-    std::optional<std::vector<std::string>> linkedDocuments;  // paths, in order, repeats included
+    std::optional<std::vector<std::string>> fonts;            // as from ReadFontNames
+    std::optional<std::vector<std::string>> linkedDocuments;  // paths in order, with duplicates
 };
 
-// Reads a usage, or an array of fonts alone. Throws Failure with kInvalidParam for any other text.
+// Reads a usage report, or an array of fonts alone.
 Usage ReadUsage(const std::string& text);
 
-// {"DocumentFonts":[{"PostScriptName":...},...]}, or the empty text for no names.
+// The same, but a text without fonts is an error too.
+Usage ReadUsageWithFonts(const std::string& text);
+
+// Writes {"DocumentFonts":[{"PostScriptName":...},...]}, or "" for no names.
 std::string WriteFontNames(const std::vector<std::string>& names);
 
 }  // namespace plugincore

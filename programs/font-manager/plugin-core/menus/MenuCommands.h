@@ -3,30 +3,32 @@
 #include <functional>
 #include <string>
 
-#include "plugin-core/documents/DocumentLife.h"
-#include "plugin-core/menus/MenuContent.h"
+#include "plugin-core/documents/DocumentFonts.h"
+#include "plugin-core/services/Services.h"
 #include "plugin-core/storage/Settings.h"
-#include "plugin-core/workspace/Workspace.h"
 
 namespace plugincore {
 
-// Does what the menu's items stand for. What comes of a command is told on the host's alert.
+// Runs the commands of the menu items. Each shows its result in the host's alert. [main-thread]
 class MenuCommands {
 public:
-    // `librariesChanged` is called when a command changed which libraries there are or which one is
-    // selected. All references have to outlive this object.
-    MenuCommands(Workspace& workspace, DocumentLife& life, Settings& settings,
+    // `librariesChanged` is called after a command changed the set of libraries or the selected
+    // library. The references have to outlive this object.
+    MenuCommands(Services& services, DocumentFonts& documents, Settings& settings,
                  std::function<void()> librariesChanged);
 
-    // `documentId` and `fontsJson`, the document's fonts, may be empty. Throws Failure, with
-    // kNotFound for an id that no item has.
-    void Select(const std::string& id, const std::string& documentId, const std::string& fontsJson);
+    // Runs the command of the item `id`.
+    //
+    // documentId  the document that the user sees, or ""
+    // usage       its usage report, or ""; only parsed by commands that need its fonts
+    // Throws Failure, with kNotFound for an unknown id.
+    void Select(const std::string& id, const std::string& documentId, const std::string& usage);
 
 private:
     std::string GetPath(const std::string& documentId);
-    void ActivateFonts(const std::string& documentId, const std::string& fontsJson);
+    void ActivateFonts(const std::string& documentId, const std::string& usage);
     void DeactivateUnused();
-    void ShowMissing(const std::string& documentId, const std::string& fontsJson);
+    void ShowMissing(const std::string& documentId, const std::string& usage);
     std::string GetReason(const std::string& path, const std::string& name);
     void AddFolder();
     void RevealLibrary();
@@ -34,17 +36,13 @@ private:
     bool SelectMode(const std::string& id);
     bool ToggleLibrary(const std::string& id);
 
-    Workspace& mWorkspace;
-    DocumentLife& mLife;
+    Services& mServices;
+    DocumentFonts& mDocuments;
     Settings& mSettings;
     std::function<void()> mLibrariesChanged;
 };
 
-// What the about box says beside its title.
-std::string MakeAboutText(Workspace& workspace);
-
-// Whether the host's missing-fonts dialog is held back, by the setting's text: 2 and more mean no.
-constexpr const char* kSuppressionSetting = "DialogSuppression";
-bool IsSuppressionOn(const std::string& setting);
+// The text of the about box, without its title.
+std::string MakeAboutText(Services& services);
 
 }  // namespace plugincore

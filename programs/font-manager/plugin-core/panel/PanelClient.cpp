@@ -28,7 +28,7 @@ PanelClient::PanelClient(PanelConnection connection, int64_t now)
 {
 }
 
-void PanelClient::Tell(const std::string& line)
+void PanelClient::Queue(const std::string& line)
 {
     if (mPhase == Phase::kGone) return;
     mOutput += line + "\n";
@@ -37,13 +37,13 @@ void PanelClient::Tell(const std::string& line)
 
 void PanelClient::Refuse(const std::string& error, int64_t now)
 {
-    Tell(json::object({{"ok", false}, {"error", error}}).dump());
+    Queue(json::object({{"ok", false}, {"error", error}}).dump());
     mPhase = Phase::kLeaving;
     mSince = now;
     mInput.clear();
 }
 
-void PanelClient::TurnAway()
+void PanelClient::Reject()
 {
     Refuse(kRefusal, mSince);
     Flush();
@@ -58,7 +58,7 @@ bool PanelClient::TakeLine(std::string& line)
     return true;
 }
 
-void PanelClient::Meet(const std::string& token, int64_t now)
+void PanelClient::Authenticate(const std::string& token, int64_t now)
 {
     const size_t end = mInput.find('\n');
     const bool isTooLong = std::min(end, mInput.size()) > PanelLimits::kFirstLine;
@@ -68,7 +68,7 @@ void PanelClient::Meet(const std::string& token, int64_t now)
     std::string line;
     if (!isTooLong && TakeLine(line) && PresentsToken(line, token)) {
         mPhase = Phase::kServed;
-        Tell(kWelcome);
+        Queue(kWelcome);
         return;
     }
     Refuse(kRefusal, now);
@@ -87,7 +87,7 @@ void PanelClient::ServeRequests(const Serve& serve, int64_t now)
         if (!TakeLine(line)) break;
         const PanelProtocol::Answer answer = serve(line);
         mSubscribed = mSubscribed || answer.subscribes;
-        Tell(answer.line);
+        Queue(answer.line);
         if (mPhase != Phase::kServed) return;
     }
     // Whoever sent the end of the input still gets the answers to what came before it.
@@ -115,7 +115,7 @@ bool PanelClient::Step(const std::string& token, const Serve& serve, int64_t now
         mInputEnded = mConnection.Receive(mInput, PanelLimits::kReadInATick) ==
                       PanelConnection::State::kEnded;
     }
-    if (mPhase == Phase::kStranger) Meet(token, now);
+    if (mPhase == Phase::kStranger) Authenticate(token, now);
     if (mPhase == Phase::kServed) ServeRequests(serve, now);
     if (mPhase == Phase::kLeaving) {
         mDiscarded += mInput.size();

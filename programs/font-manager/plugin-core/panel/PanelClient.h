@@ -24,10 +24,10 @@ public:
     bool Step(const std::string& token, const Serve& serve, int64_t now);
 
     // Queues a line that nobody asked for.
-    void Tell(const std::string& line);
+    void Queue(const std::string& line);
 
     // Sends a last line, as far as it goes out at once. The client is to be dropped then.
-    void TurnAway();
+    void Reject();
 
     bool HasToken() const { return mPhase == Phase::kServed; }
     bool IsSubscriber() const { return HasToken() && mSubscribed; }
@@ -41,7 +41,7 @@ private:
     };
 
     bool TakeLine(std::string& line);
-    void Meet(const std::string& token, int64_t now);
+    void Authenticate(const std::string& token, int64_t now);
     void ServeRequests(const Serve& serve, int64_t now);
     void Refuse(const std::string& error, int64_t now);
     void Leave();

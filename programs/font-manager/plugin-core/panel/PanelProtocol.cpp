@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/storage/Failure.h"
 
 using nlohmann::json;
 
@@ -70,13 +70,13 @@ Names ReadFonts(const json& request)
 
 json PanelProtocol::ListLibraries()
 {
-    const std::string selected = mWorkspace.folders.GetSelected();
+    const std::string selected = mServices.folders.GetSelected();
     json libraries = json::array();
-    for (const Library& library : mWorkspace.folders.List()) {
+    for (const Library& library : mServices.folders.List()) {
         libraries.push_back({{"name", library.name},
                              {"path", library.path},
                              {"selected", library.path == selected},
-                             {"fonts", mWorkspace.library.CountNames(library.path)}});
+                             {"fonts", mServices.library.CountNames(library.path)}});
     }
     return json::object({{"libraries", std::move(libraries)}});
 }
@@ -87,12 +87,12 @@ json PanelProtocol::ListFonts(const json& request)
     const int64_t offset = ReadNumber(request, "offset", 0, kMostOffset);
     const int64_t limit = ReadNumber(request, "limit", kUsualFonts, kMostFonts);
     std::string folder = ReadText(request, "library");
-    mWorkspace.ApplyLibraryChoice();
-    if (folder.empty()) folder = mWorkspace.library.GetSelection();
-    const Workspace::ActiveNames active = mWorkspace.ListActive();
+    mServices.ApplyLibraryChoice();
+    if (folder.empty()) folder = mServices.library.GetSelection();
+    const Services::ActiveNames active = mServices.ListActive();
     json list = json::array();
     size_t bytes = 0;
-    for (const std::string& name : mWorkspace.library.ListNames(folder, offset, limit)) {
+    for (const std::string& name : mServices.library.ListNames(folder, offset, limit)) {
         bytes += name.size();
         if (bytes > kMostBytes) break;
         const char* state = active.others.count(name) != 0 ? "active"
@@ -101,28 +101,28 @@ json PanelProtocol::ListFonts(const json& request)
         list.push_back({{"PostScriptName", name}, {"state", state}});
     }
     return json::object(
-        {{"total", mWorkspace.library.CountNames(folder)}, {"fonts", std::move(list)}});
+        {{"total", mServices.library.CountNames(folder)}, {"fonts", std::move(list)}});
 }
 
 json PanelProtocol::Activate(const json& request)
 {
     const Names names = ReadFonts(request);
-    const std::set<std::string> held = mWorkspace.activation.Hold(kPanel, names);
-    const Workspace::ActiveNames active = mWorkspace.ListActive();
+    const std::set<std::string> held = mServices.activation.Hold(kPanel, names);
+    const Services::ActiveNames active = mServices.ListActive();
     Names alreadyActive;
     Names inactive;
     for (const std::string& name : names) {
         (held.count(name) + active.others.count(name) != 0 ? alreadyActive : inactive)
             .push_back(name);
     }
-    const Names wanted = mWorkspace.KeepThoseInLibrary(inactive);
+    const Names wanted = mServices.SelectFromLibrary(inactive);
     Names missing;
     std::copy_if(inactive.begin(), inactive.end(), std::back_inserter(missing),
                  [&](const std::string& name) {
                      return std::find(wanted.begin(), wanted.end(), name) == wanted.end();
                  });
     Activation::Outcome outcome;
-    if (!wanted.empty()) outcome = mWorkspace.activation.Activate(kPanel, wanted);
+    if (!wanted.empty()) outcome = mServices.activation.Activate(kPanel, wanted);
     missing.insert(missing.end(), outcome.failed.begin(), outcome.failed.end());
     return json::object(
         {{"activated", outcome.activated}, {"alreadyActive", alreadyActive}, {"missing", missing}});
@@ -130,14 +130,14 @@ json PanelProtocol::Activate(const json& request)
 
 json PanelProtocol::Deactivate(const json& request)
 {
-    const std::set<std::string> ours = mWorkspace.activation.GetHeld(kPanel);
+    const std::set<std::string> ours = mServices.activation.GetHeld(kPanel);
     Names released;
     Names notActivated;
     for (const std::string& name : ReadFonts(request)) {
         (ours.count(name) != 0 ? released : notActivated).push_back(name);
     }
-    mWorkspace.activation.Release(kPanel, released);
-    const std::set<std::string> active = mWorkspace.activation.GetActive();
+    mServices.activation.Release(kPanel, released);
+    const std::set<std::string> active = mServices.activation.GetActive();
     Names held;
     Names deactivated;
     for (const std::string& name : released) {
@@ -181,8 +181,8 @@ PanelProtocol::Answer PanelProtocol::Serve(const std::string& line)
 
 void PanelProtocol::BeginEvents()
 {
-    mMark = mWorkspace.database.GetChangeMark();
-    mActive = mWorkspace.activation.GetActive();
+    mMark = mServices.database.GetChangeMark();
+    mActive = mServices.activation.GetActive();
     mLibrariesChanged = false;
 }
 
@@ -191,10 +191,10 @@ std::vector<std::string> PanelProtocol::TakeEvents()
     std::vector<std::string> events;
     if (mLibrariesChanged) events.push_back(Print(json::object({{"event", "libraries"}})));
     mLibrariesChanged = false;
-    std::string mark = mWorkspace.database.GetChangeMark();
+    std::string mark = mServices.database.GetChangeMark();
     if (mark == mMark) return events;
     mMark = std::move(mark);
-    std::set<std::string> active = mWorkspace.activation.GetActive();
+    std::set<std::string> active = mServices.activation.GetActive();
     if (active == mActive) return events;
     Names activated;
     Names deactivated;

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "plugin-core/workspace/Workspace.h"
+#include "plugin-core/services/Services.h"
 
 namespace plugincore {
 
@@ -13,8 +13,8 @@ namespace plugincore {
 // the whole protocol. Main thread.
 class PanelProtocol {
 public:
-    // The workspace has to outlive this object.
-    explicit PanelProtocol(Workspace& workspace) : mWorkspace(workspace) {}
+    // The services have to outlive this object.
+    explicit PanelProtocol(Services& services) : mServices(services) {}
 
     struct Answer {
         std::string line;  // without the line feed
@@ -31,7 +31,7 @@ public:
     std::vector<std::string> TakeEvents();
 
     // Libraries came, went or were selected.
-    void NoteLibraries() { mLibrariesChanged = true; }
+    void AnnounceLibraryChange() { mLibrariesChanged = true; }
 
 private:
     nlohmann::json ListLibraries();
@@ -39,7 +39,7 @@ private:
     nlohmann::json Activate(const nlohmann::json& request);
     nlohmann::json Deactivate(const nlohmann::json& request);
 
-    Workspace& mWorkspace;
+    Services& mServices;
     std::string mMark;
     std::set<std::string> mActive;
     bool mLibrariesChanged = false;

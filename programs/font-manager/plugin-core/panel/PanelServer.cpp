@@ -25,7 +25,7 @@ bool PanelServer::MakeRoom()
     const auto oldest = std::find_if(mClients.begin(), mClients.end(),
                                      [](const PanelClient& client) { return !client.HasToken(); });
     if (oldest == mClients.end()) return false;
-    oldest->TurnAway();
+    oldest->Reject();
     mClients.erase(oldest);
     return true;
 }
@@ -39,17 +39,17 @@ void PanelServer::AcceptClients(int64_t now)
         if (MakeRoom()) {
             mClients.push_back(std::move(client));
         } else {
-            client.TurnAway();
+            client.Reject();
         }
     }
 }
 
-void PanelServer::TellSubscribers()
+void PanelServer::SendEvents()
 {
     if (!mHasSubscribers) return;
     for (const std::string& event : mProtocol.TakeEvents()) {
         for (PanelClient& client : mClients) {
-            if (client.IsSubscriber()) client.Tell(event);
+            if (client.IsSubscriber()) client.Queue(event);
         }
     }
 }
@@ -68,7 +68,7 @@ void PanelServer::Serve()
     AcceptClients(now);
     if (mClients.empty()) return;
     const auto serve = [this](const std::string& line) { return mProtocol.Serve(line); };
-    TellSubscribers();
+    SendEvents();
     for (auto client = mClients.begin(); client != mClients.end();) {
         client = client->Step(mToken, serve, now) ? std::next(client) : mClients.erase(client);
     }

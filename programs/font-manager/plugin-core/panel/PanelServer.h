@@ -32,7 +32,7 @@ private:
 
     void AcceptClients(int64_t now);
     bool MakeRoom();
-    void TellSubscribers();
+    void SendEvents();
     void CountSubscribers();
 
     PanelProtocol& mProtocol;

@@ -10,7 +10,7 @@
 #include <cerrno>
 #include <system_error>
 
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/storage/Failure.h"
 
 namespace plugincore {
 namespace {

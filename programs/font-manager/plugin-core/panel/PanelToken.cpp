@@ -12,7 +12,7 @@
 #include <system_error>
 
 #include "plugin-core/panel/PanelSocket.h"
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/storage/Failure.h"
 
 namespace fs = std::filesystem;
 

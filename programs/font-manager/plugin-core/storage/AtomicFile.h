@@ -5,10 +5,10 @@
 
 namespace plugincore {
 
-// Writes the file, and the folders above it that aren't there, so that a reader sees the old bytes
-// or the new ones and nothing between. A link is followed to the file that it leads to. Only the
-// user may read what is new; a file that was there keeps its permissions. Throws Failure, with
-// nothing left behind, if it can't be done.
+// Replaces the content of a file atomically: a reader sees the old bytes or the new ones. Creates
+// the file and missing folders above it. A symbolic link is followed. An existing file keeps its
+// permissions; only the user can read a new one. Throws Failure and leaves the file unchanged if
+// it can't be written.
 void WriteFileAtomically(const std::filesystem::path& file, const std::string& bytes);
 
 }  // namespace plugincore

@@ -8,10 +8,10 @@ namespace {
 constexpr int kSchemaVersion = 3;
 constexpr int kBusyMilliseconds = 10000;
 
-// font_file, font_face: the index of the libraries; a file without faces has its problem.
-// document: what is known of documents; a blank one has no path and lives as long as its holder.
-// active_group: one folder of links; active_file, active_face: what it makes visible.
-// hold: a document, open in a process, needs a name and thereby a file.
+// font_file, font_face: the index of the libraries. A file without faces has a problem instead.
+// document: ids and usage reports. A blank document has no path and is deleted with its holder.
+// active_group: one folder of links each. active_file, active_face: what these links activate.
+// hold: a document that is open in the process `holder` needs the font `name`, which `file` has.
 constexpr const char* kSchema = R"(
 CREATE TABLE font_file(id INTEGER PRIMARY KEY, library TEXT NOT NULL, path TEXT NOT NULL,
     modified INTEGER NOT NULL, size INTEGER NOT NULL, problem TEXT NOT NULL DEFAULT '',
@@ -32,17 +32,17 @@ CREATE TABLE hold(document TEXT NOT NULL, name TEXT NOT NULL, file TEXT NOT NULL
 CREATE INDEX hold_file ON hold(file);
 )";
 
-// What version 2 added.
-// added_folder: font folders that the user added to the library's root folders.
-// choice: what the user chose that isn't a setting, as the library that fonts are taken from.
+// Added by version 2.
+// added_folder: font folders that the user added to the root folders of the library.
+// choice: choices that aren't settings, such as the selected library.
 constexpr const char* kSchemaOfVersion2 = R"(
 CREATE TABLE added_folder(path TEXT PRIMARY KEY);
 CREATE TABLE choice(name TEXT PRIMARY KEY, value TEXT NOT NULL);
 PRAGMA user_version = 2;
 )";
 
-// What version 3 added.
-// program: who works with the database and the folder at the moment.
+// Added by version 3.
+// program: the processes that use the database and the activation folder now.
 constexpr const char* kSchemaOfVersion3 = R"(
 CREATE TABLE program(identity TEXT PRIMARY KEY, name TEXT NOT NULL);
 PRAGMA user_version = 3;
@@ -61,7 +61,7 @@ void UpdateSchema(Database& database, const std::string& file)
     const int64_t version = GetSchemaVersion(database);
     if (version > kSchemaVersion) {
         throw Failure(StatusCodes::kDatabaseError,
-                      file + ": written by a newer version of this program");
+                      file + ": was written by a newer version of this program");
     }
     if (version < 1) database.Execute(kSchema);
     if (version < 2) database.Execute(kSchemaOfVersion2);
@@ -73,7 +73,7 @@ void UpdateSchema(Database& database, const std::string& file)
 
 void Database::Closer::operator()(sqlite3* connection) const
 {
-    (void)sqlite3_close(connection);  // all statements are gone by now, so it can't be refused
+    (void)sqlite3_close(connection);  // fails only if statements are left
 }
 
 Database::Database(const std::filesystem::path& file) : mFile(file)
@@ -82,15 +82,15 @@ Database::Database(const std::filesystem::path& file) : mFile(file)
     std::filesystem::create_directories(file.parent_path(), error);
     if (error) {
         throw Failure(StatusCodes::kDatabaseError,
-                      file.parent_path().string() + ": cannot be made: " + error.message());
+                      file.parent_path().string() + ": cannot be created: " + error.message());
     }
     sqlite3* connection = nullptr;
     const int result = sqlite3_open(mFile.c_str(), &connection);
     mConnection.reset(connection);
     if (result != SQLITE_OK) ThrowFailure();
     sqlite3_busy_timeout(connection, kBusyMilliseconds);
-    // Another process that opens the file at this moment may hold this off without waiting; the
-    // old mode serves as well and the next start tries again.
+    // Fails at once, in spite of the timeout, if another process is opening the file. That is no
+    // error: the old journal mode works too, and the next start tries again.
     (void)sqlite3_exec(connection, "PRAGMA journal_mode = WAL", nullptr, nullptr, nullptr);
     Execute("PRAGMA synchronous = NORMAL; PRAGMA foreign_keys = ON;");
     UpdateSchema(*this, mFile);
@@ -127,7 +127,7 @@ void Database::ThrowFailure() const
 
 void Statement::Finalizer::operator()(sqlite3_stmt* statement) const
 {
-    (void)sqlite3_finalize(statement);  // repeats the failure of the last step, already thrown
+    (void)sqlite3_finalize(statement);  // repeats the error of the last step, already thrown
 }
 
 Statement::Statement(Database& database, const std::string& sql) : mDatabase(database)
@@ -173,7 +173,7 @@ void Statement::Run()
 
 void Statement::Reset()
 {
-    (void)sqlite3_reset(mStatement.get());  // repeats the failure of the last step, already thrown
+    (void)sqlite3_reset(mStatement.get());  // repeats the error of the last step, already thrown
     mBound = 0;
 }
 
@@ -199,7 +199,7 @@ Transaction::~Transaction()
 {
     if (mOpen) {
         (void)sqlite3_exec(mDatabase.GetConnection(), "ROLLBACK", nullptr, nullptr,
-                           nullptr);  // SQLite may have rolled back by itself
+                           nullptr);  // fails if SQLite has rolled back by itself
     }
 }
 

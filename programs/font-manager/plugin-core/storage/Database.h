@@ -5,37 +5,43 @@
 #include <memory>
 #include <string>
 
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/storage/Failure.h"
 
 struct sqlite3;
 struct sqlite3_stmt;
 
-// SQLite behind scoped objects. Failures are thrown as Failure with kDatabaseError; the line names
-// the database file and SQLite's reason.
+// Scoped objects for SQLite. Errors are thrown as Failure with kDatabaseError and the message
+// "DATABASE FILE: SQLite's reason". Not thread-safe.
 namespace plugincore {
 
-// The file is no database, or parts of it are unreadable.
+// The file isn't a database, or parts of it are unreadable.
 class DamagedDatabase : public Failure {
 public:
-    explicit DamagedDatabase(const std::string& line) : Failure(StatusCodes::kDatabaseError, line)
+    explicit DamagedDatabase(const std::string& message)
+        : Failure(StatusCodes::kDatabaseError, message)
     {
     }
 };
 
-// The one connection of this process. Several processes may share the file.
+// A connection to the font database, which several processes may use at the same time. A statement
+// waits up to 10 seconds for the locks of other processes.
 class Database {
 public:
-    // Opens the file, made with its folders if it isn't there, and brings its tables up to date.
+    // Opens the file, or creates it with the folders above it, and updates tables of an older
+    // version. A file of a newer version is an error.
     explicit Database(const std::filesystem::path& file);
 
     void Execute(const std::string& sql);
 
-    // Reads all of the file. What is wrong with it, or the empty text.
+    // Reads the whole file and returns the first damage, or "" if there is none.
     std::string FindDamage();
 
-    // Differs whenever this or another process has changed something. Cheap.
+    // A text that differs from the last one if any process has changed the database since then.
+    // Doesn't read the tables.
     std::string GetChangeMark();
     sqlite3* GetConnection() const { return mConnection.get(); }
+
+    // Throws the last error of the connection.
     [[noreturn]] void ThrowFailure() const;
 
 private:
@@ -46,16 +52,22 @@ private:
     std::unique_ptr<sqlite3, Closer> mConnection;
 };
 
-// One prepared statement. Parameters are bound in order; it can run again after Reset.
+// A prepared statement. The database has to outlive it.
 class Statement {
 public:
     Statement(Database& database, const std::string& sql);
 
+    // Binds the next parameter, beginning with the first one.
     Statement& Bind(const std::string& text);
     Statement& Bind(int64_t number);
 
-    bool Step();  // true if there is a row
-    void Run();   // to its end, then reset
+    // Fetches the next row. Returns false after the last one.
+    bool Step();
+
+    // Executes the statement to its end and resets it.
+    void Run();
+
+    // Ends the execution. The statement can then be bound and executed again.
     void Reset();
 
     std::string GetText(int column) const;
@@ -70,8 +82,8 @@ private:
     int mBound = 0;
 };
 
-// A transaction that takes the write lock at once, so that what is done to folders inside it is
-// done by one process at a time. Rolled back unless committed.
+// A transaction that takes the write lock when it begins, so that changes of folders inside of it
+// are made by one process at a time. The destructor rolls back what wasn't committed.
 class Transaction {
 public:
     explicit Transaction(Database& database);

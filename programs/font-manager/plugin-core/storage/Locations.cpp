@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <sstream>
 
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/storage/Failure.h"
 
 namespace fs = std::filesystem;
 
@@ -19,12 +19,12 @@ std::string GetVariable(const char* name)
 
 fs::path GetFolder(const char* variable, const char* belowHome)
 {
-    fs::path told = GetVariable(variable);
-    if (told.is_absolute()) return told;
+    fs::path folder = GetVariable(variable);
+    if (folder.is_absolute()) return folder;
     const fs::path home = GetVariable("HOME");
     if (!home.is_absolute()) {
         throw Failure(StatusCodes::kError,
-                      std::string("no home folder: neither ") + variable + " nor HOME is set");
+                      std::string("neither ") + variable + " nor HOME is set to an absolute path");
     }
     return home / belowHome;
 }
@@ -35,6 +35,7 @@ std::vector<std::string> GetLibrariesOfEnvironment()
     std::istringstream parts(GetVariable("CORVANTA_FONT_LIBRARY"));
     for (std::string part; std::getline(parts, part, ':');) {
         if (part.empty()) continue;
+        // One spelling for each folder: "/a/b/" and "/a//b" are "/a/b".
         fs::path folder = fs::absolute(part).lexically_normal();
         if (!folder.has_filename() && folder.has_relative_path()) folder = folder.parent_path();
         if (std::find(folders.begin(), folders.end(), folder) == folders.end()) {

@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-// Where PluginCore keeps and finds things, by the user's environment as it is at the call.
 namespace plugincore {
 
+// The files and folders that PluginCore uses.
 struct Locations {
     std::filesystem::path database;  // Corvanta/fonts.db in the data folder
     // Corvanta/com.corvanta.Vexcor-LaunchInfo.conf in the data folder
@@ -15,15 +15,16 @@ struct Locations {
     std::filesystem::path settings;          // Corvanta/settings.json in the configuration folder
     std::filesystem::path panelToken;        // Corvanta/panel-token in the state folder
 
-    // The root folders of the font library: those of CORVANTA_FONT_LIBRARY, separated by colons and
-    // made absolute, each once; empty parts are left out. Without any, Corvanta/Library in the data
-    // folder.
+    // The root folders of the font library: those in CORVANTA_FONT_LIBRARY, separated by colons,
+    // as absolute paths without duplicates; empty parts are ignored. The default is
+    // Corvanta/Library in the data folder.
     std::vector<std::string> libraries;
     bool librariesAreDefault = false;
 };
 
-// XDG_DATA_HOME, XDG_CONFIG_HOME and XDG_STATE_HOME are followed if they are absolute, else HOME.
-// Throws Failure if no home folder is known.
+// Reads the locations from the environment as it is now. XDG_DATA_HOME, XDG_CONFIG_HOME and
+// XDG_STATE_HOME are used if they are absolute paths, otherwise their default folders below HOME.
+// Throws Failure if HOME is needed and isn't an absolute path.
 Locations GetLocations();
 
 }  // namespace plugincore

@@ -4,8 +4,10 @@
 #include <iterator>
 #include <nlohmann/json.hpp>
 
+#include "base/JsonText.h"
 #include "plugin-core/storage/AtomicFile.h"
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/storage/ErrorLog.h"
+#include "plugin-core/storage/Failure.h"
 
 namespace fs = std::filesystem;
 using nlohmann::json;
@@ -15,7 +17,7 @@ namespace {
 
 const std::map<std::string, std::string> kDefaults = {{"DialogSuppression", "1"}};
 
-// A text that differs whenever the file may have changed.
+// Text that differs if the file may have changed.
 std::string GetState(const fs::path& file)
 {
     std::error_code error;
@@ -49,14 +51,13 @@ void Settings::Set(const fs::path& file, const std::string& key, const std::stri
         const std::string text{std::istreambuf_iterator<char>(stream), {}};
         settings = json::parse(text, nullptr, false);
         if (!settings.is_object()) {
-            throw Failure(StatusCodes::kError, file.string() +
-                                                   ": isn't a JSON object, and is left "
-                                                   "as it is");
+            throw Failure(StatusCodes::kError,
+                          file.string() + ": not a JSON object; the file is left unchanged");
         }
     }
     settings[key] = value;
-    WriteFileAtomically(file, settings.dump(2, ' ', false, json::error_handler_t::replace) + "\n");
-    mState.clear();
+    WriteFileAtomically(file, base::PrintJson(settings, 2) + "\n");
+    mState.clear();  // read the file again even if its size and time are the same
 }
 
 void Settings::Refresh(const fs::path& file)
@@ -71,25 +72,25 @@ void Settings::Refresh(const fs::path& file)
 
 void Settings::Read(const fs::path& file)
 {
-    const std::string fallback = "; the default settings serve";
+    const std::string fallback = "; using default settings";
     std::error_code error;
     std::ifstream stream(file, std::ios::binary);
     if (!stream || fs::is_directory(file, error)) {
-        Report(file.string() + ": cannot be read" + fallback);
+        LogError(file.string() + ": cannot be read" + fallback);
         return;
     }
     const std::string text{std::istreambuf_iterator<char>(stream), {}};
     const json value = json::parse(text, nullptr, false);
     if (!value.is_object()) {
-        const char* reason = value.is_discarded() ? "isn't JSON" : "isn't a JSON object";
-        Report(file.string() + ": " + reason + fallback);
+        const char* reason = value.is_discarded() ? "not JSON" : "not a JSON object";
+        LogError(file.string() + ": " + reason + fallback);
         return;
     }
     for (const auto& [key, member] : value.items()) {
         if (member.is_string()) {
             mValues[key] = member.get<std::string>();
         } else {
-            Report(file.string() + ": the setting \"" + key + "\" isn't a string and is left out");
+            LogError(file.string() + ": the setting \"" + key + "\" is ignored: not a string");
         }
     }
 }

@@ -6,21 +6,25 @@
 
 namespace plugincore {
 
-// The user's settings: a JSON file, an object whose members are strings. What the file doesn't say
-// has its default. The file is read again when it has changed.
+// "0" disables the plug-in; any other text, or none, enables it.
+constexpr const char* kEnabledSetting = "PluginEnabled";
+
+// The user's settings: a file with a JSON object whose members are strings. Settings that it
+// doesn't have get their defaults. Each call reads the file again if it has changed.
+//
+// A file that can't be used is logged once and treated as one without members. A member that isn't
+// a string is logged and ignored. [main-thread]
 class Settings {
 public:
-    // All settings as one JSON object, defaults included. A broken file is told once on standard
-    // error, by name and reason, and counts as one without members; a member that isn't a string is
-    // told and left out.
+    // All settings, defaults included, as one JSON object.
     std::string GetAsJson(const std::filesystem::path& file);
 
-    // One setting, empty if neither the file nor the defaults have it.
+    // One setting; "" if neither the file nor the defaults have it.
     std::string Get(const std::filesystem::path& file, const std::string& key);
 
-    // Writes one setting into the file, which is made if it isn't there; it holds the old text or
-    // the new at any moment, and what else stands in it stays. Throws Failure, and leaves the file
-    // alone, if it can't be written or isn't a JSON object.
+    // Writes one setting and keeps the other members. Replaces the file atomically and creates it
+    // if it doesn't exist. Throws Failure and leaves the file unchanged if it can't be written or
+    // isn't a JSON object.
     void Set(const std::filesystem::path& file, const std::string& key, const std::string& value);
 
 private:

@@ -1,8 +1,9 @@
 #include <filesystem>
 
+#include "base/Plural.h"
 #include "console/Console.h"
 #include "console/Log.h"
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/storage/Failure.h"
 #include "vexcor/commands/Commands.h"
 #include "vexcor/commands/ExitStatus.h"
 
@@ -12,23 +13,22 @@ using plugincore::StatusCodes;
 
 namespace vexcor {
 
-int RunAddCommand(plugincore::Workspace& workspace, const Options& options)
+int RunAddCommand(plugincore::Services& services, const Options& options)
 {
     std::error_code error;
     const fs::path folder = fs::canonical(options.operand, error);
     if (error) throw Failure(StatusCodes::kError, options.operand + ": " + error.message());
-    fs::directory_iterator readable(folder, error);
+    const fs::directory_iterator readable(folder, error);
     if (error) throw Failure(StatusCodes::kError, folder.string() + ": " + error.message());
     std::string line = folder.string() + ": is in the font library already";
-    if (workspace.folders.Add(folder)) {
-        workspace.ApplyLibraryChoice();
-        workspace.library.Refresh();
-        const int64_t count = workspace.library.CountNames(folder);
-        line = folder.string() + ": added, with " + std::to_string(count) + " font" +
-               (count == 1 ? "" : "s");
+    if (services.folders.Add(folder)) {
+        services.ApplyLibraryChoice();
+        services.library.Refresh();
+        const int64_t count = services.library.CountNames(folder);
+        line = folder.string() + ": added, with " + base::Count(static_cast<size_t>(count), "font");
     }
     console::LogAction(line);
-    return console::Print(console::MakePrintable(line) + "\n") ? kDone : kFileFailed;
+    return console::Print(console::MakePrintable(line) + "\n") ? kSuccess : kFileFailed;
 }
 
 }  // namespace vexcor

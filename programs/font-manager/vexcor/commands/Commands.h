@@ -1,21 +1,25 @@
 #pragma once
 
-#include "plugin-core/workspace/Workspace.h"
+#include "plugin-core/services/Services.h"
 #include "vexcor/Options.h"
 
-// Each gives an exit status. What can't be done is thrown as Failure.
+// The commands of the program. Each prints its result, logs its actions and returns an ExitStatus;
+// errors are thrown as plugincore::Failure.
 namespace vexcor {
 
 int RunInstallCommand();
-int RunAddCommand(plugincore::Workspace& workspace, const Options& options);
-int RunListCommand(plugincore::Workspace& workspace, const Options& options);
-int RunWhyCommand(plugincore::Workspace& workspace, const Options& options);
+int RunAddCommand(plugincore::Services& services, const Options& options);
+int RunListCommand(plugincore::Services& services, const Options& options);
+int RunWhyCommand(plugincore::Services& services, const Options& options);
 
-// Both open a workspace of their own.
+// Opens the services itself, because the database may be damaged.
 int RunRepairCommand();
-int RunRunCommand();
 
-// Tells and logs what a repair found.
+// Opens the services itself, under the name of the daemon. Returns when a signal of StopSignals
+// comes, or at once if another daemon runs.
+int RunWatchCommand();
+
+// Writes what was repaired to the log.
 void LogRepairs(const plugincore::Activation::Repairs& repairs);
 
 }  // namespace vexcor

@@ -1,7 +1,7 @@
 #include "vexcor/commands/DatabaseRescue.h"
 
 #include "plugin-core/storage/Database.h"
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/storage/Failure.h"
 #include "vexcor/system/System.h"
 
 namespace fs = std::filesystem;
@@ -21,35 +21,35 @@ std::string FindDamage(const fs::path& database)
     }
 }
 
-fs::path PutAside(const fs::path& database)
+fs::path Quarantine(const fs::path& database)
 {
-    // Who has it open would go on with the old one.
+    // A program that has it open would continue to use the renamed file.
     std::string users;
     for (const int process : ListProcessesWithOpenFile(database)) {
         users += (users.empty() ? "" : ", ") + std::to_string(process);
     }
     if (!users.empty()) {
-        throw Failure(
-            StatusCodes::kDatabaseError,
-            database.string() + ": is damaged, and open in process " + users + "; end that first");
+        throw Failure(StatusCodes::kDatabaseError, database.string() +
+                                                       ": is damaged and in use by process " +
+                                                       users + ", which must end first");
     }
     std::error_code error;
-    fs::path aside;
-    for (int number = 1; aside.empty() || fs::exists(aside, error); ++number) {
-        aside = database.string() + ".damaged-" + std::to_string(number);
+    fs::path renamed;
+    for (int number = 1; renamed.empty() || fs::exists(renamed, error); ++number) {
+        renamed = database.string() + ".damaged-" + std::to_string(number);
     }
-    // The rows that aren't in the database itself yet go with it, and before it: a new database
-    // must never meet them.
+    // The write-ahead log and the journal hold changes that aren't in the database yet. They are
+    // renamed before it, because SQLite would apply them to a new database of the old name.
     for (const char* const suffix : {"-wal", "-journal", "-shm", ""}) {
         const fs::path file = database.string() + suffix;
         if (!fs::exists(file, error)) continue;
-        fs::rename(file, aside.string() + suffix, error);
+        fs::rename(file, renamed.string() + suffix, error);
         if (error) {
             throw Failure(StatusCodes::kDatabaseError,
-                          file.string() + ": cannot be moved: " + error.message());
+                          file.string() + ": cannot be renamed: " + error.message());
         }
     }
-    return aside;
+    return renamed;
 }
 
 }  // namespace vexcor

@@ -5,12 +5,13 @@
 
 namespace vexcor {
 
-// What is wrong with the database, or the empty text. One that isn't there is none to complain of.
-// Throws Failure for what is no damage, as a file that can't be read.
+// Returns what is wrong with the database, or "" if it is intact or doesn't exist. Throws Failure
+// for an error that isn't damage, such as a file that can't be read.
 std::string FindDamage(const std::filesystem::path& database);
 
-// Puts a damaged database aside, with the files that belong to it, for a new one to be made.
-// Returns its new place. Throws Failure if a program has it open, or if it can't be moved.
-std::filesystem::path PutAside(const std::filesystem::path& database);
+// Renames a damaged database, together with SQLite's files beside it, so that a new one can be
+// created. Returns its new path, which ends in ".damaged-" and a number. Throws Failure if a
+// program has the database open, or if a file can't be renamed.
+std::filesystem::path Quarantine(const std::filesystem::path& database);
 
 }  // namespace vexcor

@@ -1,29 +1,26 @@
 #pragma once
 
+#include "base/ProgramStatus.h"
+
 namespace vexcor {
 
-// How the program ends.
+// The exit statuses of the program.
 enum ExitStatus : int {
-    kDone = 0,
-    kNotSo = 1,
-    kWrongUse = 2,
-    kFileFailed = 3,
+    kSuccess = base::kSuccess,
+    kNegative = base::kNegative,
+    kWrongUse = base::kWrongUse,
+    kFileFailed = base::kFileFailed,
     kDatabaseFailed = 4,
 };
 
-struct ExitStatusRow {
-    int status;
-    const char* meaning;
-};
-
-constexpr ExitStatusRow kExitStatuses[] = {
-    {kDone, "done; why: the font is active; run: it was asked to end"},
-    {kNotSo,
-     "why: the font isn't active; repair: something is left that can't be repaired; run: it runs "
-     "already"},
+constexpr base::ProgramStatusRow kExitStatuses[] = {
+    {kSuccess, "success; why: the font is active; watch: ended by a signal"},
+    {kNegative,
+     "why: the font is not active; repair: something cannot be repaired; watch: another Vexcor is "
+     "watching already"},
     {kWrongUse, "wrong use of the program"},
-    {kFileFailed, "a file or folder can't be read or written"},
-    {kDatabaseFailed, "the database can't be used"},
+    {kFileFailed, "a file or folder cannot be read or written"},
+    {kDatabaseFailed, "the database cannot be used"},
 };
 
 }  // namespace vexcor

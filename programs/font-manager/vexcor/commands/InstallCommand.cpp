@@ -3,7 +3,7 @@
 #include "console/Console.h"
 #include "console/Log.h"
 #include "plugin-core/storage/AtomicFile.h"
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/storage/Failure.h"
 #include "vexcor/commands/Commands.h"
 #include "vexcor/commands/ExitStatus.h"
 #include "vexcor/commands/LaunchInformation.h"
@@ -16,15 +16,15 @@ int RunInstallCommand()
     const std::string program = GetProgramPath();
     if (program.find_first_of("\r\n") != std::string::npos) {
         throw plugincore::Failure(plugincore::StatusCodes::kError,
-                                  program + ": a line break in the path can't be written");
+                                  program + ": the path contains a line break");
     }
     const std::filesystem::path file = GetLaunchInformationFile();
     const std::string before = ReadSmallFile(file);
     const std::string after = SetVexcorPath(before, program);
     if (after != before) plugincore::WriteFileAtomically(file, after);
-    const std::string line = file.string() + ": tells " + program;
+    const std::string line = file.string() + ": points to " + program;
     console::LogAction(line);
-    return console::Print(console::MakePrintable(line) + "\n") ? kDone : kFileFailed;
+    return console::Print(console::MakePrintable(line) + "\n") ? kSuccess : kFileFailed;
 }
 
 }  // namespace vexcor

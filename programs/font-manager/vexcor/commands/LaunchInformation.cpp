@@ -9,8 +9,8 @@ namespace {
 
 constexpr const char* kKey = "vexcor.path";
 
-// The text cut behind each `end`; the last part may lack it.
-std::vector<std::string> Cut(const std::string& text, char end)
+// Splits the text after each `end`. The last part may be without one.
+std::vector<std::string> Split(const std::string& text, char end)
 {
     std::vector<std::string> parts;
     for (size_t start = 0; start < text.size();) {
@@ -22,14 +22,15 @@ std::vector<std::string> Cut(const std::string& text, char end)
     return parts;
 }
 
-bool IsOurs(const std::string& line) { return line.rfind(std::string(kKey) + "=", 0) == 0; }
+bool SetsPath(const std::string& line) { return line.rfind(std::string(kKey) + "=", 0) == 0; }
 
-// The line without the parts, between carriage returns, that tell a path.
+// Removes the parts of the line, separated by carriage returns, that set a path: some readers take
+// a carriage return for the end of a line.
 std::string DropPaths(const std::string& line)
 {
     std::string kept;
-    for (const std::string& part : Cut(line, '\r')) {
-        if (!IsOurs(part)) kept += part;
+    for (const std::string& part : Split(line, '\r')) {
+        if (!SetsPath(part)) kept += part;
     }
     if (kept == line) return line;
     if (kept == "\n") return {};
@@ -49,7 +50,7 @@ std::string SetVexcorPath(const std::string& text, const std::string& program)
     std::string before;
     std::string after;
     bool isKeySeen = false;
-    for (const std::string& line : Cut(text, '\n')) {
+    for (const std::string& line : Split(text, '\n')) {
         isKeySeen = isKeySeen || line.find(kKey) != std::string::npos;
         (isKeySeen ? after : before) += DropPaths(line);
     }

@@ -3,15 +3,16 @@
 #include <filesystem>
 #include <string>
 
-// The file by which the plug-in finds PluginCore while Vexcor doesn't run.
+// The launch information file. The plug-in reads from it where PluginCore is when Vexcor is not
+// running.
 namespace vexcor {
 
-// Where it is for this user. Throws Failure if no home folder is known.
+// Returns its path for this user. Throws Failure if no home folder is known.
 std::filesystem::path GetLaunchInformationFile();
 
-// The file's text with the program's path in it. A line that told another path is replaced and all
-// others stay. The line stands before any other that a reader, who looks for the key anywhere in a
-// line, may take for it.
+// Returns the contents `text` of the file with "vexcor.path=PROGRAM" in place of any other path.
+// All other lines are kept. Readers search for the key anywhere in a line, so this line comes
+// before any other that contains the key.
 std::string SetVexcorPath(const std::string& text, const std::string& program);
 
 }  // namespace vexcor

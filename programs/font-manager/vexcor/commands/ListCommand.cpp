@@ -4,17 +4,19 @@
 #include "console/Console.h"
 #include "vexcor/commands/Commands.h"
 #include "vexcor/commands/ExitStatus.h"
-#include "vexcor/commands/FontStory.h"
+#include "vexcor/commands/FontStatus.h"
 
 namespace vexcor {
 namespace {
 
-// Those of the library, and those that are active through Vexcor and not in it any more.
-std::set<std::string> GetNames(plugincore::Workspace& workspace)
+constexpr size_t kStateWidth = sizeof "activated  " - 1;  // of the longest state
+
+// The names in the library, and those that Vexcor activated and that were removed from it since.
+std::set<std::string> GetNames(plugincore::Services& services)
 {
     constexpr int64_t kNoLimit = -1;
-    std::set<std::string> names = workspace.activation.GetActive();
-    for (std::string& name : workspace.library.ListNames("", 0, kNoLimit)) {
+    std::set<std::string> names = services.activation.GetActive();
+    for (std::string& name : services.library.ListNames("", 0, kNoLimit)) {
         names.insert(std::move(name));
     }
     return names;
@@ -22,29 +24,29 @@ std::set<std::string> GetNames(plugincore::Workspace& workspace)
 
 }  // namespace
 
-int RunListCommand(plugincore::Workspace& workspace, const Options& options)
+int RunListCommand(plugincore::Services& services, const Options& options)
 {
-    const std::set<std::string> names = GetNames(workspace);
-    const ActiveFiles active = workspace.ListActiveFiles();
+    const std::set<std::string> names = GetNames(services);
+    const ActiveFiles active = services.ListActiveFiles();
     size_t width = 0;
     for (const std::string& name : names) width = std::max(width, name.size());
     std::string text;
     for (const std::string& name : names) {
-        const FontStory story = TellStory(workspace, active, name);
+        const FontStatus status = ExplainFont(services, active, name);
         if (options.json) {
-            text += WriteStoryAsJson(story);
+            text += WriteStatusAsJson(status);
             continue;
         }
         std::string line = console::MakePrintable(name);
         line.resize(width + 2, ' ');
-        line += story.state;
-        line.resize(width + 2 + std::string("activated  ").size(), ' ');
-        text += line + console::MakePrintable(story.file) + "\n";
+        line += status.state;
+        line.resize(width + 2 + kStateWidth, ' ');
+        text += line + console::MakePrintable(status.file) + "\n";
     }
-    for (const auto& bad : workspace.library.ListBadFiles()) {
-        console::Tell(bad.path + ": skipped: " + bad.problem);
+    for (const auto& bad : services.library.ListBadFiles()) {
+        console::PrintError(bad.path + ": skipped: " + bad.problem);
     }
-    return console::Print(text) ? kDone : kFileFailed;
+    return console::Print(text) ? kSuccess : kFileFailed;
 }
 
 }  // namespace vexcor

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <set>
 
+#include "base/Plural.h"
 #include "console/Console.h"
 #include "console/Log.h"
 #include "fonts/ActiveFonts.h"
@@ -9,7 +10,7 @@
 #include "vexcor/commands/ExitStatus.h"
 
 using plugincore::Activation;
-using plugincore::Workspace;
+using plugincore::Services;
 
 namespace vexcor {
 namespace {
@@ -39,30 +40,31 @@ std::string GetDifference(const std::set<std::string>& from, const std::set<std:
     return plugincore::JoinNames(names);
 }
 
-// Whether fontconfig shows what the database has.
-bool RepairFontconfig(Workspace& workspace, Lines& lines)
+// Makes fontconfig read the activation folder again if it doesn't show the fonts of the database.
+// Returns whether both agree afterwards; reports the difference if not.
+bool RepairFontconfig(Services& services, Lines& lines)
 {
-    const std::string folder = workspace.locations.activationFolder;
-    const std::set<std::string> wanted = workspace.activation.GetActive();
-    if (workspace.ListActive().ours == wanted) return true;
+    const std::string folder = services.locations.activationFolder;
+    const std::set<std::string> wanted = services.activation.GetActive();
+    if (services.ListActive().ours == wanted) return true;
     fonts::RescanFolder(folder);
-    lines.push_back("fontconfig: had the folder read anew: " + folder);
-    const std::set<std::string> shown = workspace.ListActive().ours;
+    lines.push_back("fontconfig: read the folder again: " + folder);
+    const std::set<std::string> shown = services.ListActive().ours;
     const std::string missing = GetDifference(wanted, shown);
     const std::string foreign = GetDifference(shown, wanted);
-    if (!missing.empty()) console::Tell(folder + ": fontconfig doesn't see " + missing);
+    if (!missing.empty()) console::PrintError(folder + ": fontconfig does not see " + missing);
     if (!foreign.empty()) {
-        console::Tell(folder + ": fontconfig sees what isn't activated: " + foreign);
+        console::PrintError(folder + ": fontconfig sees fonts that are not activated: " + foreign);
     }
     return missing.empty() && foreign.empty();
 }
 
-void TellIndex(Workspace& workspace, Lines& lines)
+void DescribeIndex(Services& services, Lines& lines)
 {
-    const plugincore::FontLibrary::Counts counts = workspace.library.GetCounts();
+    const plugincore::FontLibrary::Counts counts = services.library.GetCounts();
     if (counts.filesRead + counts.filesGone != 0) {
-        lines.push_back("index: " + std::to_string(counts.filesRead) + " files read, " +
-                        std::to_string(counts.filesGone) + " taken out");
+        lines.push_back("index: " + base::Count(static_cast<size_t>(counts.filesRead), "file") +
+                        " read, " + std::to_string(counts.filesGone) + " removed");
     }
 }
 
@@ -78,24 +80,24 @@ int RunRepairCommand()
     Lines lines;
     const std::filesystem::path file = plugincore::GetLocations().database;
     if (const std::string damage = FindDamage(file); !damage.empty()) {
-        const std::filesystem::path aside = PutAside(file);
-        lines.push_back("database: damaged (" + damage + "), put aside as " + aside.string());
-        lines.emplace_back("database: made anew; folders that were added have to be added again");
+        const std::filesystem::path renamed = Quarantine(file);
+        lines.push_back("database: damaged (" + damage + "), renamed to " + renamed.string());
+        lines.emplace_back("database: created again; folders that were added must be added again");
     }
-    Workspace workspace(plugincore::GetLocations());
-    const Lines repaired = Describe(workspace.Start());
+    Services services(plugincore::GetLocations());
+    const Lines repaired = Describe(services.Start());
     lines.insert(lines.end(), repaired.begin(), repaired.end());
-    TellIndex(workspace, lines);
-    const bool agrees = RepairFontconfig(workspace, lines);
-    workspace.Stop();
-    if (lines.empty() && agrees) lines.emplace_back("nothing had to be repaired");
+    DescribeIndex(services, lines);
+    const bool agrees = RepairFontconfig(services, lines);
+    services.Stop();
+    if (lines.empty() && agrees) lines.emplace_back("nothing to repair");
     std::string text;
     for (const std::string& line : lines) {
         console::LogAction(line);
         text += console::MakePrintable(line) + "\n";
     }
     if (!console::Print(text)) return kFileFailed;
-    return agrees ? kDone : kNotSo;
+    return agrees ? kSuccess : kNegative;
 }
 
 }  // namespace vexcor

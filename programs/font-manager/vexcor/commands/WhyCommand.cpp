@@ -1,17 +1,17 @@
 #include "console/Console.h"
 #include "vexcor/commands/Commands.h"
 #include "vexcor/commands/ExitStatus.h"
-#include "vexcor/commands/FontStory.h"
+#include "vexcor/commands/FontStatus.h"
 
 namespace vexcor {
 
-int RunWhyCommand(plugincore::Workspace& workspace, const Options& options)
+int RunWhyCommand(plugincore::Services& services, const Options& options)
 {
-    const FontStory story = TellStory(workspace, workspace.ListActiveFiles(), options.operand);
-    if (!console::Print(options.json ? WriteStoryAsJson(story) : WriteStoryAsText(story))) {
+    const FontStatus status = ExplainFont(services, services.ListActiveFiles(), options.operand);
+    if (!console::Print(options.json ? WriteStatusAsJson(status) : WriteStatusAsText(status))) {
         return kFileFailed;
     }
-    return story.state == "inactive" ? kNotSo : kDone;
+    return status.state == "inactive" ? kNegative : kSuccess;
 }
 
 }  // namespace vexcor

@@ -1,22 +1,23 @@
 #pragma once
 
+#include "base/FileDescriptor.h"
+
 namespace vexcor {
 
-// The signals that ask the program to end: from the constructor on they don't end it by themselves.
-// Nor does the end of whoever reads what it writes.
+// Turns SIGINT, SIGTERM and SIGHUP into a condition to wait for: from the constructor on they are
+// blocked for the thread and its children, and SIGPIPE is ignored, so that a reader that ends
+// doesn't end this program. The destructor doesn't undo that. Create one, before any other thread.
 class StopSignals {
 public:
+    // Throws Failure if the system refuses.
     StopSignals();
-    ~StopSignals();
-    StopSignals(const StopSignals&) = delete;
-    StopSignals& operator=(const StopSignals&) = delete;
 
-    // Waits until `descriptor` is readable, a stop is asked for, or so much time has passed. True
-    // if a stop is asked for.
+    // Waits until one of the signals comes, `descriptor` is readable or the time has passed.
+    // Returns whether one of the signals came. May return false early.
     bool Wait(int descriptor, int milliseconds) const;
 
 private:
-    int mDescriptor;
+    base::FileDescriptor mDescriptor;
 };
 
 }  // namespace vexcor

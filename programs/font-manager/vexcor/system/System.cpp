@@ -9,7 +9,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/storage/Failure.h"
 
 namespace fs = std::filesystem;
 using plugincore::Failure;
@@ -18,14 +18,14 @@ using plugincore::StatusCodes;
 namespace vexcor {
 namespace {
 
-constexpr uintmax_t kLargestFile = 16u << 20;
+constexpr uintmax_t kLargestFile = 16U << 20;
 
 [[noreturn]] void Throw(const fs::path& path, const std::string& reason)
 {
     throw Failure(StatusCodes::kError, path.string() + ": cannot be read: " + reason);
 }
 
-// 0 if it isn't one.
+// Returns 0 if `name` isn't a number.
 int GetNumber(const std::string& name)
 {
     int number = 0;
@@ -60,7 +60,7 @@ std::string GetProgramPath()
     if (stat("/proc/self/exe", &own) != 0 || stat(program.c_str(), &named) != 0 ||
         own.st_ino != named.st_ino || own.st_dev != named.st_dev) {
         throw Failure(StatusCodes::kError,
-                      program.string() + ": this program isn't there any more");
+                      program.string() + ": the program file was removed or replaced");
     }
     return program;
 }

@@ -6,16 +6,15 @@
 
 namespace vexcor {
 
-// What the program takes from the system.
-
-// The full path of this program's executable. Throws Failure if there is none any more.
+// Returns the absolute path of this program's executable. Throws Failure if the file was removed or
+// replaced since the program started.
 std::string GetProgramPath();
 
-// The bytes of a file; empty if it isn't there. Throws Failure if it can't be read, or is larger
-// than such a file ever is.
+// Returns the contents of a file, "" if it doesn't exist. Throws Failure if it can't be read, isn't
+// a regular file or is larger than 16 MiB.
 std::string ReadSmallFile(const std::filesystem::path& file);
 
-// The numbers of the processes of this user that have the file open, this one left out.
+// Returns the ids of the other processes of this user that have the file open.
 std::vector<int> ListProcessesWithOpenFile(const std::filesystem::path& file);
 
 }  // namespace vexcor

@@ -9,7 +9,7 @@
 #include <filesystem>
 
 #include "plugin-core/library/FontFiles.h"
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/storage/Failure.h"
 
 namespace fs = std::filesystem;
 
@@ -17,15 +17,10 @@ namespace vexcor {
 
 TreeWatch::TreeWatch() : mDescriptor(inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
 {
-    if (mDescriptor < 0) {
+    if (!mDescriptor.IsValid()) {
         throw plugincore::Failure(plugincore::StatusCodes::kError,
-                                  std::string("folders can't be watched: ") + std::strerror(errno));
+                                  std::string("cannot watch folders: ") + std::strerror(errno));
     }
-}
-
-TreeWatch::~TreeWatch()
-{
-    (void)close(mDescriptor);  // nothing is written to it
 }
 
 void TreeWatch::Add(const std::string& folder, std::set<int>& present)
@@ -33,14 +28,14 @@ void TreeWatch::Add(const std::string& folder, std::set<int>& present)
     constexpr uint32_t kChanges = IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO |
                                   IN_CLOSE_WRITE | IN_ATTRIB | IN_DELETE_SELF | IN_MOVE_SELF |
                                   IN_ONLYDIR;
-    const int watch = inotify_add_watch(mDescriptor, folder.c_str(), kChanges);
+    const int watch = inotify_add_watch(mDescriptor.Get(), folder.c_str(), kChanges);
     if (watch >= 0) {
         present.insert(watch);
         return;
     }
-    // It went a moment ago: the folder above it tells.
+    // The folder was removed since it was listed; its parent has an event for that.
     if (errno == ENOENT || errno == ENOTDIR || !mProblem.empty()) return;
-    mProblem = folder + ": can't be watched: " +
+    mProblem = folder + ": cannot be watched: " +
                (errno == ENOSPC ? "the user's limit of watches is reached (fs.inotify."
                                   "max_user_watches)"
                                 : std::strerror(errno));
@@ -61,7 +56,7 @@ void TreeWatch::Watch(const std::vector<std::string>& folders)
     }
     for (const int watch : mWatches) {
         if (present.count(watch) == 0) {
-            (void)inotify_rm_watch(mDescriptor, watch);  // fails for a folder that is gone
+            (void)inotify_rm_watch(mDescriptor.Get(), watch);  // fails if the folder is gone
         }
     }
     mWatches = std::move(present);
@@ -69,11 +64,11 @@ void TreeWatch::Watch(const std::vector<std::string>& folders)
 
 bool TreeWatch::TakeChanges()
 {
-    // What is in the events doesn't count: the folders themselves are looked at.
+    // The events are discarded: the caller compares the folders themselves with the index.
     std::array<char, 16384> events;
     bool hasChanged = false;
     for (;;) {
-        const ssize_t count = read(mDescriptor, events.data(), events.size());
+        const ssize_t count = read(mDescriptor.Get(), events.data(), events.size());
         if (count < 0 && errno == EINTR) continue;
         if (count <= 0) return hasChanged;
         hasChanged = true;

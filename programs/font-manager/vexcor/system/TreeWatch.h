@@ -4,39 +4,41 @@
 #include <string>
 #include <vector>
 
+#include "base/FileDescriptor.h"
+
 namespace vexcor {
 
-// Tells that something has changed in folders or anywhere below them. Links to folders below them
-// aren't followed, and what changes behind a link to a file isn't seen.
+// Detects changes in folders and all their subfolders, with inotify. Symbolic links to subfolders
+// are not followed, and changes of the target of a symbolic link are not seen.
+//
+// After each change the caller looks at the folders itself: events say only that there is something
+// to look at. One thread.
 class TreeWatch {
 public:
-    // Throws Failure if the system gives no watch.
+    // Throws Failure if the system has no inotify instance left for the user.
     TreeWatch();
-    ~TreeWatch();
-    TreeWatch(const TreeWatch&) = delete;
-    TreeWatch& operator=(const TreeWatch&) = delete;
 
-    // Becomes readable when there may be changes to take.
-    int GetDescriptor() const { return mDescriptor; }
+    // For poll: becomes readable when TakeChanges may return true.
+    int GetDescriptor() const { return mDescriptor.Get(); }
 
-    // Watches these folders, as they are now, from now on. To be called again after each change:
-    // folders that have come are watched from then on, so what is in them has to be looked at after
-    // it.
+    // Watches these folders and the subfolders that exist now, in place of the former ones. Call it
+    // again after each change, before looking at the folders: new subfolders are watched only from
+    // then on. Folders that can't be watched are skipped; see GetProblem.
     void Watch(const std::vector<std::string>& folders);
 
-    // Whether something has changed since the last call. Doesn't wait.
+    // Returns whether something has changed since the last call. Non-blocking.
     bool TakeChanges();
 
-    // Whether one of the folders that weren't there is there now.
+    // Returns whether a folder that didn't exist at the last call of Watch exists now.
     bool HasMissingFolderCome() const;
 
-    // The first folder that can't be watched and the reason, in one line; empty if there is none.
+    // The first folder that the last call of Watch couldn't watch, with the reason; "" if none.
     const std::string& GetProblem() const { return mProblem; }
 
 private:
     void Add(const std::string& folder, std::set<int>& present);
 
-    int mDescriptor;
+    base::FileDescriptor mDescriptor;
     std::set<int> mWatches;
     std::vector<std::string> mMissing;
     std::string mProblem;

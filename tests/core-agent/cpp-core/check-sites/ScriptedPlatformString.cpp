@@ -22,7 +22,7 @@ std::unique_ptr<GPlatformString> Make(const std::string& call, Step step)
     ScriptedPlatformString& script = ScriptedPlatformString::Current();
     script.calls.push_back(call);
     if (step == Step::kThrows) throw GPlatformException(script.description);
-    if (step == Step::kGivesNothing) return nullptr;
+    if (step == Step::kReturnsNull) return nullptr;
     return std::make_unique<ScriptedString>();
 }
 

@@ -3,15 +3,15 @@
 #include <string>
 #include <vector>
 
-// Stands in for the platform's string objects: a program that links this decides what each of their
-// operations does.
+// Replaces the platform's string objects in a program that links it. The fields decide what each
+// operation does; `calls` records the operations.
 struct ScriptedPlatformString {
-    enum class Step { kWorks, kGivesNothing, kThrows };
+    enum class Step { kWorks, kReturnsNull, kThrows };
 
     Step utf8 = Step::kWorks;
     Step macRoman = Step::kWorks;
     Step expansion = Step::kWorks;
-    std::string description = "no such form";  // of what is thrown
+    std::string description = "no such form";  // of the exception
     std::string expanded = "/expanded";
     std::vector<std::string> calls;
 

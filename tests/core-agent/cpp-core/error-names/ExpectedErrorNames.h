@@ -14,12 +14,12 @@ struct ExpectedErrorClass {
     std::vector<ExpectedError> errors;
 };
 
-// All named errors, class by class: the tests' own list, written apart from the program's.
+// All named errors by class. Written independently of the table in CoreErrorNames.cpp.
 const std::vector<ExpectedErrorClass>& ExpectedErrorClasses();
 
 inline unsigned int ExpectedCode(const ExpectedErrorClass& owner, const ExpectedError& error)
 {
-    return error.ordinal * 0x1000000u + owner.number;
+    return error.ordinal * 0x1000000U + owner.number;
 }
 
 inline std::string ExpectedName(const ExpectedErrorClass& owner, const ExpectedError& error)

@@ -8,20 +8,20 @@
 #include "GJSONUtils.h"
 #include "RecordingLog.h"
 
-// Receives the failure reports for the length of a test.
+// Records the failure reports during a test.
 class JSONReports : public testing::Test {
 protected:
     std::vector<LoggedReport>& Reports() { return mLog.Reports(); }
 
-    // That one report came at the level of errors, and what it says.
+    // Expects exactly one report, at error level, with this code and expression.
     void ExpectOneError(unsigned int code, const std::string& expression)
     {
-        ASSERT_EQ(Reports().size(), 1U);
-        EXPECT_EQ(Reports()[0].category, "Miscellaneous");
-        EXPECT_EQ(Reports()[0].level, "Error");
-        EXPECT_EQ(Reports()[0].code, code);
-        EXPECT_EQ(Reports()[0].name, GetNameForErrorCode(code));
-        EXPECT_EQ(Reports()[0].expression, expression);
+        ASSERT_EQ(1U, Reports().size());
+        EXPECT_EQ("Miscellaneous", Reports()[0].category);
+        EXPECT_EQ("Error", Reports()[0].level);
+        EXPECT_EQ(code, Reports()[0].code);
+        EXPECT_EQ(GetNameForErrorCode(code), Reports()[0].name);
+        EXPECT_EQ(expression, Reports()[0].expression);
         EXPECT_GT(Reports()[0].line, 0);
     }
 

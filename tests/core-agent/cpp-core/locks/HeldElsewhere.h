@@ -7,7 +7,7 @@
 
 #include "GLockable.h"
 
-// Another thread that holds the lockable while this object lives, or until Release.
+// Holds the lockable on another thread, from the constructor to Release or the destructor.
 class HeldElsewhere {
 public:
     explicit HeldElsewhere(GLockable& lockable)
@@ -17,9 +17,9 @@ public:
         mHolder = std::thread([&lockable, done = mRelease.get_future(), &locked] {
             locked.set_value(lockable.Lock());
             done.wait();
-            EXPECT_EQ(lockable.Unlock(), 0U);
+            EXPECT_EQ(CoreErrorCodes::kSuccess, lockable.Unlock());
         });
-        EXPECT_EQ(result.get(), 0U);
+        EXPECT_EQ(CoreErrorCodes::kSuccess, result.get());
     }
     ~HeldElsewhere() { Release(); }
     HeldElsewhere(const HeldElsewhere&) = delete;

@@ -2,8 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include "OpenBytes.h"
 #include "PdfMaker.h"
-#include "ScratchFolder.h"
 
 using namespace documents;
 using testing::ElementsAre;
@@ -75,7 +75,7 @@ TEST(FileKind, DosEpsWithoutSection)
     EXPECT_EQ("cut off before its PostScript section",
               OpenBytes(MakeDosEps(0xFFFFFFFF, 10, kEps)).error);
     EXPECT_EQ("cut off within its EPS header", OpenBytes("\xC5\xD0\xD3\xC6 short").error);
-    EXPECT_EQ("its EPS header points at something that is no PostScript",
+    EXPECT_EQ("its EPS header points to something that isn't PostScript",
               OpenBytes(MakeDosEps(31, kEpsLength, kEps)).error);
 }
 

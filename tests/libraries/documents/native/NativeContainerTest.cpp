@@ -3,8 +3,8 @@
 #include <string>
 
 #include "NativeMaker.h"
+#include "OpenBytes.h"
 #include "PdfMaker.h"
-#include "ScratchFolder.h"
 
 using namespace documents;
 using testing::ElementsAre;
@@ -94,7 +94,7 @@ TEST(NativeContainer, CutOffZlibFallsBackToThePage)
     EXPECT_EQ("pdf", result.document.reader);
     EXPECT_EQ("Alpha-Regular:3", DescribeFrames(result));
     EXPECT_THAT(result.document.notes,
-                ElementsAre("the native document can't be read: its zlib data is cut off"));
+                ElementsAre("the native document cannot be read: its zlib data is cut off"));
 }
 
 TEST(NativeContainer, DamagedZlibFallsBackToThePage)
@@ -104,14 +104,14 @@ TEST(NativeContainer, DamagedZlibFallsBackToThePage)
     const OpenResult result = OpenBytes(WrapInPdf(native));
     EXPECT_EQ("pdf", result.document.reader);
     EXPECT_THAT(result.document.notes,
-                ElementsAre("the native document can't be read: its zlib data is damaged"));
+                ElementsAre("the native document cannot be read: its zlib data is damaged"));
 }
 
 TEST(NativeContainer, CutOffZstandardFallsBackToThePage)
 {
     const std::string native = PackZstandard(MakeText());
     EXPECT_THAT(OpenBytes(WrapInPdf(native.substr(0, native.size() - 20))).document.notes,
-                ElementsAre("the native document can't be read: its zstd data is cut off"));
+                ElementsAre("the native document cannot be read: its zstd data is cut off"));
 }
 
 TEST(NativeContainer, DamagedZstandardFallsBackToThePage)
@@ -119,7 +119,7 @@ TEST(NativeContainer, DamagedZstandardFallsBackToThePage)
     std::string native = PackZstandard(MakeText());
     native[20] = '\x00';
     EXPECT_THAT(OpenBytes(WrapInPdf(native)).document.notes,
-                ElementsAre("the native document can't be read: its zstd data is damaged"));
+                ElementsAre("the native document cannot be read: its zstd data is damaged"));
 }
 
 TEST(NativeContainer, MissingBlockFallsBackToThePage)
@@ -129,13 +129,13 @@ TEST(NativeContainer, MissingBlockFallsBackToThePage)
     const OpenResult result = OpenBytes(pdf);
     EXPECT_EQ("pdf", result.document.reader);
     EXPECT_THAT(result.document.notes,
-                ElementsAre("the native document can't be read: a block of it is missing"));
+                ElementsAre("the native document cannot be read: a block of it is missing"));
 }
 
 TEST(NativeContainer, SomethingElseUnderItsNameFallsBackToThePage)
 {
     EXPECT_THAT(OpenBytes(WrapInPdf("no document")).document.notes,
-                ElementsAre("the native document can't be read: it is none"));
+                ElementsAre("the native document cannot be read: it has no format mark"));
 }
 
 TEST(NativeContainer, DamagedDataStreamFallsBackToTheComments)
@@ -145,7 +145,7 @@ TEST(NativeContainer, DamagedDataStreamFallsBackToTheComments)
     const OpenResult result = OpenBytes(eps);
     EXPECT_EQ("dsc", result.document.reader);
     EXPECT_THAT(result.document.notes,
-                ElementsAre("the native document can't be read: its ASCII85 data is damaged"));
+                ElementsAre("the native document cannot be read: its ASCII85 data is damaged"));
 }
 
 TEST(NativeContainer, InflatesToMoreThanTheLimit)

@@ -3,8 +3,8 @@
 #include <string>
 
 #include "NativeMaker.h"
+#include "OpenBytes.h"
 #include "PdfMaker.h"
-#include "ScratchFolder.h"
 
 using namespace documents;
 using testing::ElementsAre;

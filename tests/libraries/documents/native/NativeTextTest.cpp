@@ -3,8 +3,8 @@
 #include <string>
 
 #include "NativeMaker.h"
+#include "OpenBytes.h"
 #include "PdfMaker.h"
-#include "ScratchFolder.h"
 
 using namespace documents;
 using testing::ElementsAre;
@@ -146,14 +146,14 @@ TEST(NativeText, FramesWithoutStoryAreNoted)
     const OpenResult result =
         OpenNative(MakeThreeFonts().AddStory({{1, 3}}).AddFrame(0).AddFrame(7));
     EXPECT_EQ("Serif-Bold:2", DescribeFrames(result));
-    EXPECT_THAT(result.document.notes, ElementsAre("1 text frames lead to no story"));
+    EXPECT_THAT(result.document.notes, ElementsAre("text frames without a story: 1"));
 }
 
 TEST(NativeText, RunsWhoseFontIsntThereAreNoted)
 {
     const OpenResult result = OpenNative(MakeThreeFonts().AddStory({{1, 3}, {9, 4}}).AddFrame(0));
     EXPECT_EQ("Serif-Bold:3", DescribeFrames(result));
-    EXPECT_THAT(result.document.notes, ElementsAre("1 stretches of text name no font"));
+    EXPECT_THAT(result.document.notes, ElementsAre("runs without a known font: 1"));
 }
 
 TEST(NativeText, NameInJapanese)
@@ -177,7 +177,7 @@ TEST(NativeText, UnknownEncodingFallsBackToThePage)
     EXPECT_EQ("pdf", result.document.reader);
     EXPECT_THAT(
         result.document.notes,
-        ElementsAre("the native document can't be read: its text is packed in an unknown way"));
+        ElementsAre("the native document cannot be read: its text is packed in an unknown way"));
 }
 
 TEST(NativeText, MissingTreeFallsBackToThePage)
@@ -185,7 +185,7 @@ TEST(NativeText, MissingTreeFallsBackToThePage)
     const OpenResult result = OpenNative(NativeMaker().AddFrame(0));
     EXPECT_EQ("pdf", result.document.reader);
     EXPECT_THAT(result.document.notes,
-                ElementsAre("the native document can't be read: its text is missing"));
+                ElementsAre("the native document cannot be read: its text is missing"));
 }
 
 TEST(NativeText, ConvertedFromNothing)
@@ -203,6 +203,21 @@ TEST(NativeText, DeepTreeIsPassedOver)
     const std::string native = "%AI5_FileFormat 7.0\r/AI11TextDocument : /ASCII85Decode ,\r" +
                                EncodeAscii85(tree) + "\r" + text.substr(text.find("/AI11Text :"));
     EXPECT_EQ("Serif-Bold:2", DescribeFrames(OpenBytes(WrapInPdf(PackZlib(native)))));
+}
+
+TEST(NativeText, ExampleOfTheFormatPage)
+{
+    const std::string page = ReadWholeFile(FORMAT_PAGE);
+    const std::string fence = "\n```postscript\n";
+    const size_t start = page.find(fence);
+    ASSERT_NE(std::string::npos, start);
+    const size_t end = page.find("\n```\n", start + fence.size());
+    ASSERT_NE(std::string::npos, end);
+    const size_t first = start + fence.size();
+    const OpenResult result = OpenBytes(page.substr(first, end + 1 - first), "example.ai");
+    EXPECT_EQ("native", result.document.reader);
+    EXPECT_EQ("Sans-Bold:6 Serif:5", DescribeFrames(result));
+    EXPECT_EQ(1u, result.document.stories.size());
 }
 
 TEST(NativeText, LegacyTextIsReadFromItsPage)

@@ -5,7 +5,7 @@
 #include <qpdf/Pl_String.hh>
 
 #include "PdfMaker.h"
-#include "documents/bytes/InflateBudget.h"
+#include "documents/bytes/ReadBudget.h"
 #include "documents/pdf/LzwDecoder.h"
 #include "documents/pdf/PngPredictor.h"
 
@@ -111,21 +111,21 @@ TEST(StreamFilters, PredictedContent)
                                                     .Open()));
 }
 
-TEST(InflateBudget, ThrowsOnceUsedUpAndStaysSo)
+TEST(ReadBudget, ThrowsOnceUsedUpAndStaysSo)
 {
-    const InflateBudget budget(10, 1e9);
-    InflateBudget::Take(10);
+    const ReadBudget budget(10, 1e9);
+    ReadBudget::Take(10);
     EXPECT_FALSE(budget.IsExceeded());
-    EXPECT_THROW(InflateBudget::Take(1), TooLarge);
-    EXPECT_THROW(InflateBudget::Take(0), TooLarge);
+    EXPECT_THROW(ReadBudget::Take(1), LimitExceeded);
+    EXPECT_THROW(ReadBudget::Take(0), LimitExceeded);
     EXPECT_TRUE(budget.IsExceeded());
 }
 
-TEST(InflateBudget, ThrowsWhenTheTimeIsOver)
+TEST(ReadBudget, ThrowsWhenTheTimeIsOver)
 {
-    const InflateBudget budget(10, 0);
-    EXPECT_THROW(InflateBudget::Take(1), TooLarge);
+    const ReadBudget budget(10, 0);
+    EXPECT_THROW(ReadBudget::Take(1), LimitExceeded);
     EXPECT_TRUE(budget.IsExceeded());
 }
 
-TEST(InflateBudget, WithoutOneAllIsAllowed) { EXPECT_NO_THROW(InflateBudget::Take(1u << 30)); }
+TEST(ReadBudget, WithoutOneAllIsAllowed) { EXPECT_NO_THROW(ReadBudget::Take(1u << 30)); }

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "OpenBytes.h"
 #include "PdfMaker.h"
-#include "ScratchFolder.h"
 
 using namespace documents;
 using testing::ElementsAre;

@@ -5,8 +5,8 @@
 #include <filesystem>
 #include <string>
 
+#include "OpenBytes.h"
 #include "PdfMaker.h"
-#include "ScratchFolder.h"
 
 using namespace documents;
 using testing::ElementsAre;
@@ -15,12 +15,12 @@ using testing::IsEmpty;
 namespace {
 
 constexpr char kForeign[] = "%!PS-Adobe-3.0 EPSF-3.0\n%%Creator: somebody\n%%EndComments\n";
-constexpr char kReason[] = "no comment tells of fonts, and ";
+constexpr char kReason[] = "no comment lists fonts, and ";
 
 // A program named gs in front of all others of the PATH, or none at all.
 class GhostscriptTest : public testing::Test {
 protected:
-    void SetUp() override { setenv("PATH", mFolder.GetPath().c_str(), 1); }
+    void SetUp() override { setenv("PATH", mFolder.Path().c_str(), 1); }
 
     void Install(const std::string& script)
     {
@@ -69,7 +69,7 @@ TEST_F(GhostscriptTest, IsNotAskedIfCommentsTellOfFonts)
 
 TEST_F(GhostscriptTest, IsNotAskedWithoutTime)
 {
-    const std::string trace = mFolder.GetPath() + "/asked";
+    const std::string trace = mFolder.Path() + "/asked";
     Install("touch '" + trace + "'\n");
     const OpenResult result = Open(kForeign, 0);
     EXPECT_EQ("dsc", result.document.reader);
@@ -91,7 +91,7 @@ TEST_F(GhostscriptTest, Fails)
 {
     Install("exit 1\n");
     EXPECT_THAT(Open(kForeign).document.notes,
-                ElementsAre(std::string(kReason) + "Ghostscript can't draw it"));
+                ElementsAre(std::string(kReason) + "Ghostscript cannot draw it"));
 }
 
 TEST_F(GhostscriptTest, DrawsNothing)

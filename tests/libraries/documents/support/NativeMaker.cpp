@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <stdexcept>
 
+#include "OpenBytes.h"
 #include "PdfMaker.h"
-#include "ScratchFolder.h"
 
 namespace {
 

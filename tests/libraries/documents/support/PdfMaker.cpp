@@ -4,7 +4,7 @@
 
 #include <stdexcept>
 
-#include "ScratchFolder.h"
+#include "OpenBytes.h"
 
 PdfMaker::PdfMaker()
 {

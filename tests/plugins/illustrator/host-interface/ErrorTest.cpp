@@ -7,11 +7,11 @@
 
 namespace {
 
-TEST(HostError, GivesItsCodeAndAText)
+TEST(HostError, ReturnsItsCodeAndText)
 {
-    const ai::Error error(0x214D454D);
-    EXPECT_EQ(static_cast<int>(error), 0x214D454D);
-    EXPECT_STREQ(error.what(), "AI Exception");
+    const ai::Error error(kHostOutOfMemory);
+    EXPECT_EQ(kHostOutOfMemory, static_cast<int>(error));
+    EXPECT_STREQ("AI Exception", error.what());
     EXPECT_TRUE((std::is_base_of_v<std::exception, ai::Error>));
 }
 
@@ -22,7 +22,7 @@ TEST(HostError, CodeZeroIsNeverThrown)
     EXPECT_NO_THROW(ATE::Throw_ATE_Exception(0));
 }
 
-TEST(HostError, ChecksThrowTheirOwnKinds)
+TEST(HostError, EachCheckThrowsItsOwnType)
 {
     EXPECT_THROW(check_result(1), ai::Error);
     EXPECT_THROW(ai::check_ai_error(-1), ai::Error);
@@ -35,12 +35,12 @@ TEST(HostError, TextEngineExceptionHoldsItsCode)
         ATE::Throw_ATE_Exception(-17);
         FAIL() << "nothing was thrown";
     } catch (const ATE::Exception& exception) {
-        EXPECT_EQ(exception.error, -17);
+        EXPECT_EQ(-17, exception.error);
     }
 }
 
-// A handler for one doesn't see the other.
-TEST(HostError, TheTwoKindsAreNotRelated)
+// So a handler for one doesn't catch the other.
+TEST(HostError, HasNoCommonBaseWithTheTextEngineException)
 {
     EXPECT_FALSE((std::is_base_of_v<ai::Error, ATE::Exception>));
     EXPECT_FALSE((std::is_base_of_v<ATE::Exception, ai::Error>));

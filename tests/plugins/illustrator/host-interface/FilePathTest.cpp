@@ -10,7 +10,7 @@ class FilePath : public HostInterfaceTest {
 protected:
     void TearDown() override
     {
-        EXPECT_EQ(host.LiveStrings(), 0U);
+        EXPECT_EQ(0U, host.LiveStrings());
         HostInterfaceTest::TearDown();
     }
 
@@ -39,17 +39,17 @@ TEST_F(FilePath, FilledPathIsDisposedOnce)
     EXPECT_THAT(host.Calls(), ElementsAre("AIFilePathSuite.DisposeFilePath()"));
 }
 
-TEST_F(FilePath, GivesItsNameAndItsWhole)
+TEST_F(FilePath, ReturnsFileNameAndFullPath)
 {
     ai::FilePath path;
     Fill(path, "/folder/file.ai");
-    EXPECT_EQ(path.GetFileName(false).as_UTF8(), "file.ai");
-    EXPECT_EQ(path.GetFullPath(true).as_UTF8(), "/folder/file.ai");
-    EXPECT_EQ(host.CountCalls("AIFilePathSuite.GetFileName(\"/folder/file.ai\", false)"), 1U);
-    EXPECT_EQ(host.CountCalls("AIFilePathSuite.GetFullPath(\"/folder/file.ai\", true)"), 1U);
+    EXPECT_EQ("file.ai", path.GetFileName(false).as_UTF8());
+    EXPECT_EQ("/folder/file.ai", path.GetFullPath(true).as_UTF8());
+    EXPECT_EQ(1U, host.CountCalls("AIFilePathSuite.GetFileName(\"/folder/file.ai\", false)"));
+    EXPECT_EQ(1U, host.CountCalls("AIFilePathSuite.GetFullPath(\"/folder/file.ai\", true)"));
 }
 
-TEST_F(FilePath, FailuresAreErrorsWithTheHostsCode)
+TEST_F(FilePath, FailuresThrowTheHostsCode)
 {
     ai::FilePath path;
     Fill(path, "/folder/file.ai");
@@ -59,13 +59,13 @@ TEST_F(FilePath, FailuresAreErrorsWithTheHostsCode)
         (void)path.GetFullPath(false);
         FAIL() << "nothing was thrown";
     } catch (const ai::Error& error) {
-        EXPECT_EQ(static_cast<int>(error), 11);
+        EXPECT_EQ(11, static_cast<int>(error));
     }
     try {
         (void)path.GetFileName(false);
         FAIL() << "nothing was thrown";
     } catch (const ai::Error& error) {
-        EXPECT_EQ(static_cast<int>(error), 12);
+        EXPECT_EQ(12, static_cast<int>(error));
     }
 }
 

@@ -6,7 +6,7 @@ template <class Suite>
 void Fill(ScriptedHost& host, const char* name, int version, Suite*& global)
 {
     void* suite = nullptr;
-    ASSERT_EQ(host.Basic()->AcquireSuite(name, version, &suite), kHostSuccess);
+    ASSERT_EQ(kHostSuccess, host.Basic()->AcquireSuite(name, version, &suite));
     global = static_cast<Suite*>(suite);
 }
 
@@ -35,7 +35,7 @@ HostInterfaceTest::~HostInterfaceTest() = default;
 void HostInterfaceTest::TearDown()
 {
     EXPECT_THAT(host.Faults(), ::testing::IsEmpty());
-    EXPECT_EQ(host.LiveReferences(), 0U);
-    EXPECT_EQ(host.LivePaths(), 0U);
-    EXPECT_EQ(host.LiveBlocks(), 0U);
+    EXPECT_EQ(0U, host.LiveReferences());
+    EXPECT_EQ(0U, host.LivePaths());
+    EXPECT_EQ(0U, host.LiveBlocks());
 }

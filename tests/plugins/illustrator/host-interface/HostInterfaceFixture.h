@@ -5,8 +5,8 @@
 
 #include "ScriptedHost.h"
 
-// The wrappers over a scripted host, with the suite globals filled in by hand. Every test ends with
-// all references, strings, paths and blocks given back.
+// Sets the suite globals that the wrappers use from a scripted host. Checks after each test that
+// all references, paths and blocks have been released.
 class HostInterfaceTest : public ::testing::Test {
 protected:
     HostInterfaceTest();

@@ -5,102 +5,108 @@
 
 #include "HostInterface.h"
 
-// Where the fields of what crosses the boundary stand on a machine with 8-byte pointers.
+// The layout of everything that crosses the boundary, for 8-byte pointers.
 namespace {
 
-TEST(Layout, MessageHead)
+TEST(Layout, MessageHeadHasFourWords)
 {
-    EXPECT_EQ(offsetof(SPMessageData, checkWord), 0U);
-    EXPECT_EQ(offsetof(SPMessageData, self), 8U);
-    EXPECT_EQ(offsetof(SPMessageData, globals), 16U);
-    EXPECT_EQ(offsetof(SPMessageData, basic), 24U);
-    EXPECT_EQ(sizeof(SPMessageData), 32U);
+    EXPECT_EQ(0U, offsetof(SPMessageData, checkWord));
+    EXPECT_EQ(8U, offsetof(SPMessageData, self));
+    EXPECT_EQ(16U, offsetof(SPMessageData, globals));
+    EXPECT_EQ(24U, offsetof(SPMessageData, basic));
+    EXPECT_EQ(32U, sizeof(SPMessageData));
 }
 
-TEST(Layout, MessagesOpenWithTheHead)
+TEST(Layout, HostErrorCodesAreTheirFourCharacters)
 {
-    EXPECT_EQ(sizeof(SPInterfaceMessage), 32U);
-    EXPECT_EQ(sizeof(AITimerMessage), 32U);
-    EXPECT_EQ(offsetof(AINotifierMessage, d), 0U);
-    EXPECT_EQ(offsetof(AINotifierMessage, notifier), 32U);
-    EXPECT_EQ(offsetof(AINotifierMessage, type), 40U);
-    EXPECT_EQ(offsetof(AINotifierMessage, notifyData), 48U);
-    EXPECT_EQ(offsetof(AIMenuMessage, menuItem), 32U);
-    EXPECT_EQ(offsetof(AIFileFormatMessage, filePath), 32U);
+    EXPECT_EQ(0x5041524D, kHostBadParameter);
+    EXPECT_EQ(0x214D454D, kHostOutOfMemory);
 }
 
-TEST(Layout, BasicSuite)
+TEST(Layout, MessagesBeginWithTheHead)
 {
-    EXPECT_EQ(offsetof(SPBasicSuite, AcquireSuite), 0U);
-    EXPECT_EQ(offsetof(SPBasicSuite, ReleaseSuite), 8U);
-    EXPECT_EQ(offsetof(SPBasicSuite, IsEqual), 16U);
+    EXPECT_EQ(32U, sizeof(SPInterfaceMessage));
+    EXPECT_EQ(32U, sizeof(AITimerMessage));
+    EXPECT_EQ(0U, offsetof(AINotifierMessage, d));
+    EXPECT_EQ(32U, offsetof(AINotifierMessage, notifier));
+    EXPECT_EQ(40U, offsetof(AINotifierMessage, type));
+    EXPECT_EQ(48U, offsetof(AINotifierMessage, notifyData));
+    EXPECT_EQ(32U, offsetof(AIMenuMessage, menuItem));
+    EXPECT_EQ(32U, offsetof(AIFileFormatMessage, filePath));
 }
 
-TEST(Layout, StringsPathsAndBuffersAreTheirPointers)
+TEST(Layout, BasicSuiteIsInTheHostsOrder)
 {
-    EXPECT_EQ(sizeof(ai::UnicodeString), sizeof(void*));
-    EXPECT_EQ(sizeof(ai::FilePath), sizeof(void*));
-    EXPECT_EQ(sizeof(ai::UnicodeString::Buffer), 16U);
+    EXPECT_EQ(0U, offsetof(SPBasicSuite, AcquireSuite));
+    EXPECT_EQ(8U, offsetof(SPBasicSuite, ReleaseSuite));
+    EXPECT_EQ(16U, offsetof(SPBasicSuite, IsEqual));
 }
 
-TEST(Layout, ArtSpecs)
+TEST(Layout, StringsAndPathsAreOnePointer)
 {
-    EXPECT_EQ(offsetof(AIMatchingArtSpec, type), 0U);
-    EXPECT_EQ(offsetof(AIMatchingArtSpec, whichAttr), 4U);
-    EXPECT_EQ(offsetof(AIMatchingArtSpec, attr), 8U);
-    EXPECT_EQ(sizeof(AIArtSpec), 12U);
+    EXPECT_EQ(sizeof(void*), sizeof(ai::UnicodeString));
+    EXPECT_EQ(sizeof(void*), sizeof(ai::FilePath));
+    EXPECT_EQ(16U, sizeof(ai::UnicodeString::Buffer));
+}
+
+TEST(Layout, ArtSpecsArePackedAndKeepTheirValues)
+{
+    EXPECT_EQ(0U, offsetof(AIMatchingArtSpec, type));
+    EXPECT_EQ(4U, offsetof(AIMatchingArtSpec, whichAttr));
+    EXPECT_EQ(8U, offsetof(AIMatchingArtSpec, attr));
+    EXPECT_EQ(12U, sizeof(AIArtSpec));
     const AIMatchingArtSpec spec(12, 3, 5);
-    EXPECT_EQ(spec.type, 12);
-    EXPECT_EQ(spec.whichAttr, 3);
-    EXPECT_EQ(spec.attr, 5);
+    EXPECT_EQ(12, spec.type);
+    EXPECT_EQ(3, spec.whichAttr);
+    EXPECT_EQ(5, spec.attr);
 }
 
-TEST(Layout, FileFormatRecord)
+TEST(Layout, FileFormatRecordIsInTheHostsOrder)
 {
-    EXPECT_EQ(offsetof(PlatformAddFileFormatExData, numTypes), 0U);
-    EXPECT_EQ(offsetof(PlatformAddFileFormatExData, typeList), 8U);
-    EXPECT_EQ(offsetof(PlatformAddFileFormatExData, title), 16U);
-    EXPECT_EQ(offsetof(PlatformAddFileFormatExData, titleOrder), 24U);
-    EXPECT_EQ(offsetof(PlatformAddFileFormatExData, extensions), 32U);
+    EXPECT_EQ(0U, offsetof(PlatformAddFileFormatExData, numTypes));
+    EXPECT_EQ(8U, offsetof(PlatformAddFileFormatExData, typeList));
+    EXPECT_EQ(16U, offsetof(PlatformAddFileFormatExData, title));
+    EXPECT_EQ(24U, offsetof(PlatformAddFileFormatExData, titleOrder));
+    EXPECT_EQ(32U, offsetof(PlatformAddFileFormatExData, extensions));
 }
 
-TEST(Layout, SuitesInTheHostsOrder)
+TEST(Layout, SuitesAreInTheHostsOrder)
 {
-    EXPECT_EQ(offsetof(AIDocumentSuite, GetDocumentModified), 8U);
-    EXPECT_EQ(offsetof(AIDocumentSuite, GetDocument), 16U);
-    EXPECT_EQ(offsetof(AIFilePathSuite, GetFileName), 8U);
-    EXPECT_EQ(offsetof(AIFilePathSuite, GetFullPath), 16U);
-    EXPECT_EQ(offsetof(AIUnicodeStringSuite, Destroy), 8U);
-    EXPECT_EQ(offsetof(AIUnicodeStringSuite, GetAs), 16U);
-    EXPECT_EQ(offsetof(SPBlocksSuite, FreeBlock), 8U);
-    EXPECT_EQ(offsetof(AITextFrameSuite, GetATETextFrame), 8U);
-    EXPECT_EQ(offsetof(AIArtSetSuite, MatchingArtSet), 32U);
-    EXPECT_EQ(offsetof(AIFontSuite, FontKeyFromFontRef), 16U);
-    EXPECT_EQ(offsetof(AIFileFormatSuite, SetFileFormatPriority), 8U);
-    EXPECT_EQ(offsetof(AIMenuSuite, RemoveMenuItem), 80U);
+    EXPECT_EQ(8U, offsetof(AIDocumentSuite, GetDocumentModified));
+    EXPECT_EQ(16U, offsetof(AIDocumentSuite, GetDocument));
+    EXPECT_EQ(8U, offsetof(AIFilePathSuite, GetFileName));
+    EXPECT_EQ(16U, offsetof(AIFilePathSuite, GetFullPath));
+    EXPECT_EQ(8U, offsetof(AIUnicodeStringSuite, Destroy));
+    EXPECT_EQ(16U, offsetof(AIUnicodeStringSuite, GetAs));
+    EXPECT_EQ(8U, offsetof(SPBlocksSuite, FreeBlock));
+    EXPECT_EQ(8U, offsetof(AITextFrameSuite, GetATETextFrame));
+    EXPECT_EQ(32U, offsetof(AIArtSetSuite, MatchingArtSet));
+    EXPECT_EQ(16U, offsetof(AIFontSuite, FontKeyFromFontRef));
+    EXPECT_EQ(8U, offsetof(AIFileFormatSuite, SetFileFormatPriority));
+    EXPECT_EQ(80U, offsetof(AIMenuSuite, RemoveMenuItem));
 }
 
 TEST(Layout, ReleaseIsTheSecondOperationOfTextEngineSuites)
 {
-    EXPECT_EQ(offsetof(ATE::TextFrameSuite, Release), 8U);
-    EXPECT_EQ(offsetof(ATE::StorySuite, Release), 8U);
-    EXPECT_EQ(offsetof(ATE::StoriesSuite, Release), 8U);
-    EXPECT_EQ(offsetof(ATE::TextRangesSuite, Release), 8U);
-    EXPECT_EQ(offsetof(ATE::CharInspectorSuite, Release), 8U);
-    EXPECT_EQ(offsetof(ATE::ArrayFontRefSuite, Release), 8U);
-    EXPECT_EQ(offsetof(ATE::FontSuite, Release), 8U);
-    EXPECT_EQ(offsetof(ATE::TextRangeSuite, AddRef), 0U);
-    EXPECT_EQ(offsetof(ATE::TextRangeSuite, Release), 8U);
-    EXPECT_EQ(offsetof(ATE::CharFeaturesSuite, Release), 8U);
-    EXPECT_EQ(offsetof(ATE::TextRunsIteratorSuite, Release), 8U);
+    EXPECT_EQ(8U, offsetof(ATE::TextFrameSuite, Release));
+    EXPECT_EQ(8U, offsetof(ATE::StorySuite, Release));
+    EXPECT_EQ(8U, offsetof(ATE::StoriesSuite, Release));
+    EXPECT_EQ(8U, offsetof(ATE::TextRangesSuite, Release));
+    EXPECT_EQ(8U, offsetof(ATE::CharInspectorSuite, Release));
+    EXPECT_EQ(8U, offsetof(ATE::ArrayFontRefSuite, Release));
+    EXPECT_EQ(8U, offsetof(ATE::FontSuite, Release));
+    EXPECT_EQ(0U, offsetof(ATE::TextRangeSuite, AddRef));
+    EXPECT_EQ(8U, offsetof(ATE::TextRangeSuite, Release));
+    EXPECT_EQ(8U, offsetof(ATE::CharFeaturesSuite, Release));
+    EXPECT_EQ(8U, offsetof(ATE::TextRunsIteratorSuite, Release));
 }
 
-// The one header gives the window system's side, too.
-TEST(Layout, HostPlatformTable)
+// HostInterface.h includes the window system's side too.
+TEST(Layout, HostPlatformTableComesWithTheOneHeader)
 {
-    EXPECT_EQ(offsetof(SHostPlatform, beginModalSession), 0U);
-    EXPECT_EQ(offsetof(SHostPlatform, showAlert), 8U);
-    EXPECT_EQ(offsetof(SHostPlatform, privateFrameworksPath), 16U);
+    EXPECT_EQ(0U, offsetof(SHostPlatform, beginModalSession));
+    EXPECT_EQ(8U, offsetof(SHostPlatform, showAlert));
+    EXPECT_EQ(16U, offsetof(SHostPlatform, privateFrameworksPath));
     EXPECT_TRUE(std::is_abstract_v<ModalWindow>);
 }
 

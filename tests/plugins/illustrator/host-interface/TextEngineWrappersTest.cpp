@@ -15,7 +15,7 @@ protected:
         return static_cast<Reference*>(host.NewReferenceOfKind(kind, std::move(fonts)));
     }
 
-    // The wrapper's operation meets a failure with an exception that holds the code.
+    // Makes the operation fail and expects `action` to throw an exception with the code.
     template <class Action>
     void ExpectException(const std::string& operation, Action action)
     {
@@ -25,7 +25,7 @@ protected:
             action();
             ADD_FAILURE() << "nothing was thrown";
         } catch (const ATE::Exception& exception) {
-            EXPECT_EQ(exception.error, 4711);
+            EXPECT_EQ(4711, exception.error);
         }
     }
 };
@@ -34,7 +34,7 @@ TEST_F(TextEngineWrappers, ReleaseTheReferenceTheyWereMadeWith)
 {
     {
         const ATE::ITextRange range(host.NewRunReference("A"));
-        EXPECT_EQ(host.LiveReferences(), 1U);
+        EXPECT_EQ(1U, host.LiveReferences());
     }
     EXPECT_THAT(host.Calls(), ElementsAre("ATE TextRange.Release()"));
 }
@@ -49,15 +49,15 @@ TEST_F(TextEngineWrappers, NeverReleaseANullReference)
     EXPECT_THAT(host.Calls(), IsEmpty());
 }
 
-TEST_F(TextEngineWrappers, RangeCopiedTwiceIsTwoAddRefsAndThreeReleases)
+TEST_F(TextEngineWrappers, TwoCopiesOfARangeAreTwoAddRefsAndThreeReleases)
 {
     {
         const ATE::ITextRange range(host.NewRunReference("A"));
         const ATE::ITextRange second(range);
         const ATE::ITextRange third(second);
     }
-    EXPECT_EQ(host.CountCalls("ATE TextRange.AddRef"), 2U);
-    EXPECT_EQ(host.CountCalls("ATE TextRange.Release"), 3U);
+    EXPECT_EQ(2U, host.CountCalls("ATE TextRange.AddRef"));
+    EXPECT_EQ(3U, host.CountCalls("ATE TextRange.Release"));
 }
 
 TEST_F(TextEngineWrappers, DestructorsIgnoreTheResult)
@@ -67,26 +67,26 @@ TEST_F(TextEngineWrappers, DestructorsIgnoreTheResult)
         const ATE::ITextRange range(raw);
         host.FailCall("ATE TextRange.Release", 1, 5);
     }
-    EXPECT_EQ(host.LiveReferences(), 1U);
+    EXPECT_EQ(1U, host.LiveReferences());
     const ATE::ITextRange again(raw);
 }
 
-TEST_F(TextEngineWrappers, FromFrameToTheFontsOfAllStories)
+TEST_F(TextEngineWrappers, LeadFromAFrameToTheFontsOfAllStories)
 {
     host.AddDocument("/a.ai").storyFonts = {"X", kNullFont, "Y"};
     {
         const ATE::ITextFrame frame(New<ATE::_TextFrame>("TextFrame", {"X"}));
         const ATE::IArrayFontRef fonts =
             frame.GetStory().GetStories().GetTextRanges().GetCharInspector().GetFont();
-        EXPECT_EQ(fonts.GetSize(), 3);
+        EXPECT_EQ(3, fonts.GetSize());
         EXPECT_FALSE(fonts.Item(0).IsNull());
         EXPECT_TRUE(fonts.Item(1).IsNull());
-        EXPECT_NE(fonts.Item(2).GetRef(), nullptr);
+        EXPECT_NE(nullptr, fonts.Item(2).GetRef());
     }
-    EXPECT_EQ(host.CountCalls("ATE ArrayFontRef.Item(2)"), 1U);
+    EXPECT_EQ(1U, host.CountCalls("ATE ArrayFontRef.Item(2)"));
 }
 
-TEST_F(TextEngineWrappers, IteratorWalksTheRuns)
+TEST_F(TextEngineWrappers, IteratorVisitsEveryRun)
 {
     const ATE::ITextRange range(New<ATE::_TextRange>("TextRange", {"A", "B"}));
     ATE::ITextRunsIterator iterator = range.GetTextRunsIterator();
@@ -95,10 +95,10 @@ TEST_F(TextEngineWrappers, IteratorWalksTheRuns)
         const ATE::ITextRange run = iterator.Item();
         ++runs;
     }
-    EXPECT_EQ(runs, 2);
+    EXPECT_EQ(2, runs);
 }
 
-TEST_F(TextEngineWrappers, FeaturesGiveTheirFontWithOrWithoutTheFlag)
+TEST_F(TextEngineWrappers, FeaturesReturnTheirFontWithOrWithoutTheFlag)
 {
     const ATE::ITextRange range(host.NewRunReference("A"));
     const ATE::ICharFeatures features = range.GetUniqueCharFeatures();
@@ -106,13 +106,13 @@ TEST_F(TextEngineWrappers, FeaturesGiveTheirFontWithOrWithoutTheFlag)
     EXPECT_FALSE(features.GetFont(&isAssigned).IsNull());
     EXPECT_TRUE(isAssigned);
     EXPECT_FALSE(features.GetFont(nullptr).IsNull());
-    EXPECT_EQ(host.CountCalls("ATE CharFeatures.GetFont(null)"), 1U);
+    EXPECT_EQ(1U, host.CountCalls("ATE CharFeatures.GetFont(null)"));
 }
 
 TEST_F(TextEngineWrappers, GetRefCallsNothing)
 {
     const ATE::IFont font(host.NewFontReference("A"));
-    EXPECT_NE(font.GetRef(), nullptr);
+    EXPECT_NE(nullptr, font.GetRef());
     EXPECT_THAT(host.Calls(), IsEmpty());
 }
 
@@ -148,7 +148,7 @@ TEST_F(TextEngineWrappers, ArePolymorphicAndHoldOneMember)
 {
     EXPECT_TRUE(std::has_virtual_destructor_v<ATE::ITextRange>);
     EXPECT_TRUE(std::has_virtual_destructor_v<ATE::IFont>);
-    EXPECT_EQ(sizeof(ATE::ITextRange), 16U);
+    EXPECT_EQ(16U, sizeof(ATE::ITextRange));
     EXPECT_TRUE(std::is_copy_constructible_v<ATE::ITextRange>);
 }
 

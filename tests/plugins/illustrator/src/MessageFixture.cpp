@@ -38,11 +38,7 @@ MessageTest::MessageTest()
     Forget();
 }
 
-MessageTest::~MessageTest()
-{
-    std::error_code ignored;  // nothing can be done about a folder that stays
-    if (!scratch.empty()) (void)std::filesystem::remove_all(scratch, ignored);
-}
+MessageTest::~MessageTest() {}
 
 void MessageTest::TearDown()
 {
@@ -96,11 +92,5 @@ std::string MessageTest::Low32(const void* address)
 
 std::string MessageTest::ScratchFile(const std::string& name, const std::string& content)
 {
-    if (scratch.empty()) {
-        std::string pattern = ::testing::TempDir() + "typeloft-XXXXXX";
-        scratch = mkdtemp(pattern.data());
-    }
-    const std::string path = scratch + "/" + name;
-    std::ofstream(path, std::ios::binary) << content;
-    return path;
+    return folder.Write(name, content);
 }

@@ -10,6 +10,7 @@
 #include "InProcessPluginCore.h"
 #include "PluginStartup.h"
 #include "RecordingTrace.h"
+#include "ScratchFolder.h"
 #include "ScriptedHost.h"
 #include "TypeloftSPEA.h"
 
@@ -44,5 +45,6 @@ protected:
 
     ScriptedHost host;
     InProcessPluginCore core;
-    std::string scratch;  // made at the first use
+    const ScratchFolder folder;
+    const std::string scratch = folder.Path();
 };

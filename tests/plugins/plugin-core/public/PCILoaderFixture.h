@@ -12,31 +12,29 @@
 
 #include "PCILoader.h"
 #include "RecordingTrace.h"
+#include "ScratchFolder.h"
 #include "ScriptedHost.h"
 #include "ScriptedPluginCore.h"
 #include "ScriptedProcessList.h"
 
-// The loader over the scripted libraries. The working folder is the test's own, so that no
-// framework lies about in it, no process runs, and nothing is configured for the user.
+// Runs the loader with the scripted libraries. The working folder and the user's folders are an
+// empty scratch folder and the process list is empty, so the search finds nothing by itself.
 class PCILoaderTest : public ::testing::Test {
 protected:
     PCILoaderTest()
     {
-        std::string pattern = ::testing::TempDir() + "typeloft-XXXXXX";
-        scratch = mkdtemp(pattern.data());
-        EXPECT_EQ(setenv("HOME", scratch.c_str(), 1), 0);
-        EXPECT_EQ(setenv("XDG_DATA_HOME", scratch.c_str(), 1), 0);
-        EXPECT_EQ(chdir(scratch.c_str()), 0);
+        EXPECT_EQ(0, setenv("HOME", scratch.c_str(), 1));
+        EXPECT_EQ(0, setenv("XDG_DATA_HOME", scratch.c_str(), 1));
+        EXPECT_EQ(0, chdir(scratch.c_str()));
         PCILoader::sSharedInstance = nullptr;
         ScriptedExecutables().clear();
         ClearTraces();
     }
     ~PCILoaderTest() override
     {
-        // The system keeps the instance for good; a test doesn't.
+        // The plug-in never deletes the instance; a test has to.
         const std::unique_ptr<PCILoader> instance(PCILoader::sSharedInstance);
-        EXPECT_EQ(chdir("/"), 0);
-        EXPECT_GT(std::filesystem::remove_all(scratch), 0U);
+        EXPECT_EQ(0, chdir("/"));
     }
 
     static std::string Folder(const std::string& variant)
@@ -51,7 +49,7 @@ protected:
     {
         return PCILoader::GetThisSharedInstance(Framework(variant));
     }
-    // Writes a file below the scratch folder, with the folders above it.
+    // Writes a file in the scratch folder, creates the folders above it, and returns its path.
     std::string Write(const std::string& name, const std::string& content) const
     {
         const std::filesystem::path file = scratch + "/" + name;
@@ -59,16 +57,17 @@ protected:
         std::ofstream(file, std::ios::binary) << content;
         return file;
     }
-    // Loads the variant and tests it; the alerts are the host's.
+    // Loads the variant and returns what IsLoaded says. Alerts go to `host`.
     bool IsLoaded(const std::string& variant)
     {
         PCILoader* const loader = Load(variant);
-        EXPECT_NE(loader, nullptr) << variant;
+        EXPECT_NE(nullptr, loader) << variant;
         return loader != nullptr && loader->IsLoaded(&path, &version, &missing);
     }
 
     ScriptedHost host;
-    std::string scratch;
+    const ScratchFolder folder;
+    const std::string scratch = folder.Path();
     std::string path;
     std::string version;
     int missing = -1;

@@ -6,7 +6,7 @@
 
 namespace {
 
-// The table as it is meant to be, in the order of look-up.
+// The expected table, in the order of look-up.
 const char* const kNames[] = {"ActivateChosenFonts",
                               "CreateMenusFromJSONBuffer",
                               "GetAPIVersion",
@@ -36,7 +36,7 @@ const char* const kNames[] = {"ActivateChosenFonts",
 constexpr int kCount = 26;
 static_assert(std::extent_v<decltype(kNames)> == kCount);
 
-// The 26 members one by one, by their place in the object: right behind the virtual table.
+// Returns a member by its index. The 26 members follow the pointer to the virtual table.
 void* Slot(PCILoader& loader, int index)
 {
     void* value = nullptr;
@@ -54,11 +54,11 @@ void SetSlot(PCILoader& loader, int index, void* value)
 TEST_F(PCILoaderTest, MembersFollowEachOtherInTableOrder)
 {
     PCILoader* const loader = Load("complete");
-    ASSERT_NE(loader, nullptr);
+    ASSERT_NE(nullptr, loader);
     const BundleRef bundle = LoadDllOrFramework(Framework("complete").c_str(), nullptr, 0);
     for (int index = 0; index < kCount; ++index) {
-        EXPECT_NE(Slot(*loader, index), nullptr) << kNames[index];
-        EXPECT_EQ(Slot(*loader, index), GetFunctionPtr(bundle, kNames[index])) << kNames[index];
+        EXPECT_NE(nullptr, Slot(*loader, index)) << kNames[index];
+        EXPECT_EQ(GetFunctionPtr(bundle, kNames[index]), Slot(*loader, index)) << kNames[index];
     }
 }
 
@@ -69,19 +69,19 @@ TEST_F(PCILoaderTest, MembersAreNamedAfterTheirFunctions)
     const auto place = [first](const auto& member) {
         return (reinterpret_cast<const char*>(&member) - first) / 8;
     };
-    EXPECT_EQ(place(loader.pfCreateMenusFromJSONBuffer), 1);
-    EXPECT_EQ(place(loader.pfHandleOpenExistingDocument), 10);
-    EXPECT_EQ(place(loader.pfInvokeResolveDialog), 15);
-    EXPECT_EQ(place(loader.pfTerminatePluginCoreInterface), 21);
-    EXPECT_EQ(place(loader.pfSetRebuildWorkgroupsMenuCallback), 23);
-    EXPECT_EQ(place(loader.pfShowNotLoggedInMessageBox), 24);
-    EXPECT_EQ(place(loader.pfShouldShowLogin), 25);
-    EXPECT_EQ(place(loader.frameworkPath), 26);
+    EXPECT_EQ(1, place(loader.pfCreateMenusFromJSONBuffer));
+    EXPECT_EQ(10, place(loader.pfHandleOpenExistingDocument));
+    EXPECT_EQ(15, place(loader.pfInvokeResolveDialog));
+    EXPECT_EQ(21, place(loader.pfTerminatePluginCoreInterface));
+    EXPECT_EQ(23, place(loader.pfSetRebuildWorkgroupsMenuCallback));
+    EXPECT_EQ(24, place(loader.pfShowNotLoggedInMessageBox));
+    EXPECT_EQ(25, place(loader.pfShouldShowLogin));
+    EXPECT_EQ(26, place(loader.frameworkPath));
 }
 
 TEST_F(PCILoaderTest, NamesAreLookedUpInTableOrder)
 {
-    ASSERT_NE(Load("complete"), nullptr);
+    ASSERT_NE(nullptr, Load("complete"));
     std::vector<std::string> looked;
     for (const TraceLine& line : Traces()) {
         const std::size_t start = line.text.find(", '");
@@ -95,18 +95,18 @@ TEST_F(PCILoaderTest, NamesAreLookedUpInTableOrder)
 TEST_F(PCILoaderTest, ResettingWithoutABundleEmptiesTheTableAndAddsToTheCount)
 {
     PCILoader* const loader = Load("complete");
-    ASSERT_NE(loader, nullptr);
+    ASSERT_NE(nullptr, loader);
     PCILoader::ResetFunctionPointers(loader, nullptr);
-    EXPECT_EQ(loader->missingFunctionCount, 26);
-    EXPECT_EQ(Slot(*loader, 0), nullptr);
+    EXPECT_EQ(26, loader->missingFunctionCount);
+    EXPECT_EQ(nullptr, Slot(*loader, 0));
     PCILoader::ResetFunctionPointers(loader, nullptr);
-    EXPECT_EQ(loader->missingFunctionCount, 52);
+    EXPECT_EQ(52, loader->missingFunctionCount);
 }
 
-TEST_F(PCILoaderTest, VerifyingAFullTable)
+TEST_F(PCILoaderTest, VerifyingAcceptsAFullTable)
 {
     PCILoader* const loader = Load("complete");
-    ASSERT_NE(loader, nullptr);
+    ASSERT_NE(nullptr, loader);
     ClearTraces();
     EXPECT_TRUE(loader->VerifyThatAllMembersAre(true));
     EXPECT_FALSE(HasTraceBeginningWith("ERROR:  this->pf"));
@@ -114,7 +114,7 @@ TEST_F(PCILoaderTest, VerifyingAFullTable)
     EXPECT_TRUE(HasTrace("ERROR:  this->pfActivateChosenFonts is not NULL."));
 }
 
-// One trace for each of the first 24 members; the last two are never looked at.
+// Each of the first 24 members causes one trace; the last two are not checked.
 TEST_F(PCILoaderTest, VerifyingNamesEachMemberThatIsNull)
 {
     PCILoader loader;
@@ -123,9 +123,9 @@ TEST_F(PCILoaderTest, VerifyingNamesEachMemberThatIsNull)
         for (int each = 0; each < kCount; ++each) {
             SetSlot(loader, each, each == index ? nullptr : reinterpret_cast<void*>(0x1000));
         }
-        EXPECT_EQ(loader.VerifyThatAllMembersAre(true), index >= 24) << kNames[index];
+        EXPECT_EQ(index >= 24, loader.VerifyThatAllMembersAre(true)) << kNames[index];
         const std::string line = "ERROR:  this->pf" + std::string(kNames[index]) + " is NULL.";
-        EXPECT_EQ(CountTraces(line), index >= 24 ? 0U : 1U) << kNames[index];
+        EXPECT_EQ(index >= 24 ? 0U : 1U, CountTraces(line)) << kNames[index];
     }
 }
 
@@ -137,20 +137,21 @@ TEST_F(PCILoaderTest, VerifyingNamesEachMemberThatIsSet)
         for (int each = 0; each < kCount; ++each) {
             SetSlot(loader, each, each == index ? reinterpret_cast<void*>(0x1000) : nullptr);
         }
-        EXPECT_EQ(loader.VerifyThatAllMembersAre(false), index >= 24) << kNames[index];
+        EXPECT_EQ(index >= 24, loader.VerifyThatAllMembersAre(false)) << kNames[index];
         const std::string line = "ERROR:  this->pf" + std::string(kNames[index]) + " is not NULL.";
-        EXPECT_EQ(CountTraces(line), index >= 24 ? 0U : 1U) << kNames[index];
+        EXPECT_EQ(index >= 24 ? 0U : 1U, CountTraces(line)) << kNames[index];
     }
 }
 
-TEST_F(PCILoaderTest, VerifyingGoesOnAfterTheFirstFault)
+TEST_F(PCILoaderTest, VerifyingContinuesAfterTheFirstFault)
 {
     PCILoader loader;
     EXPECT_FALSE(loader.VerifyThatAllMembersAre(true));
     std::size_t faults = 0;
-    for (const TraceLine& line : Traces())
+    for (const TraceLine& line : Traces()) {
         faults += line.text.find(" is NULL.") != std::string::npos;
-    EXPECT_EQ(faults, 24U);
+    }
+    EXPECT_EQ(24U, faults);
 }
 
 }  // namespace

@@ -8,10 +8,10 @@ class PCILoaderIsLoadedTest : public PCILoaderTest {
 protected:
     void ExpectAlert(const std::string& variant, const std::string& frameworkVersion)
     {
-        ASSERT_EQ(host.alerts.size(), 1U);
-        EXPECT_EQ(host.alerts[0].messageText, "Incompatible PluginCore");
-        EXPECT_EQ(host.alerts[0].informativeText,
-                  Framework(variant) + " (version " + frameworkVersion + ")");
+        ASSERT_EQ(1U, host.alerts.size());
+        EXPECT_EQ("Incompatible PluginCore", host.alerts[0].messageText);
+        EXPECT_EQ(Framework(variant) + " (version " + frameworkVersion + ")",
+                  host.alerts[0].informativeText);
     }
     static std::string Reason(const std::string& variant, int count,
                               const std::string& frameworkVersion = "4.5.6")
@@ -22,12 +22,12 @@ protected:
     }
 };
 
-TEST_F(PCILoaderIsLoadedTest, CompleteFrameworkIsTakenWithoutAnAlert)
+TEST_F(PCILoaderIsLoadedTest, CompleteFrameworkIsAcceptedWithoutAnAlert)
 {
     EXPECT_TRUE(IsLoaded("complete"));
-    EXPECT_EQ(path, Framework("complete"));
-    EXPECT_EQ(version, "4.5.6");
-    EXPECT_EQ(missing, 0);
+    EXPECT_EQ(Framework("complete"), path);
+    EXPECT_EQ("4.5.6", version);
+    EXPECT_EQ(0, missing);
     EXPECT_TRUE(host.alerts.empty());
     EXPECT_FALSE(HasTraceBeginningWith("PCILoader::IsLoaded()"));
 }
@@ -38,29 +38,28 @@ TEST_F(PCILoaderIsLoadedTest, AsksForVersionSevenWithAZeroedVersion)
     const BundleRef bundle = LoadDllOrFramework(Framework("complete").c_str(), nullptr, 0);
     const auto state = reinterpret_cast<ScriptedPluginCoreGetStateFunction>(
         GetFunctionPtr(bundle, "ScriptedPluginCore_GetState"));
-    ASSERT_NE(state, nullptr);
+    ASSERT_NE(nullptr, state);
     EXPECT_THAT(state()->calls, ElementsAre("GetAPIVersion(0, 7)"));
 }
 
-TEST_F(PCILoaderIsLoadedTest, NullPointersAreCalledIncorrect)
+TEST_F(PCILoaderIsLoadedTest, NullPointersAreRejected)
 {
     PCILoader* const loader = Load("complete");
-    ASSERT_NE(loader, nullptr);
+    ASSERT_NE(nullptr, loader);
     EXPECT_FALSE(loader->IsLoaded(nullptr, &version, &missing));
     EXPECT_FALSE(loader->IsLoaded(&path, nullptr, &missing));
     EXPECT_FALSE(loader->IsLoaded(&path, &version, nullptr));
-    EXPECT_EQ(
-        CountTraces("PCILoader::IsLoaded() returning false because it was called incorrectly."),
-        3U);
-    EXPECT_EQ(path, "");
-    EXPECT_EQ(missing, -1);
+    EXPECT_EQ(3U, CountTraces(
+                      "PCILoader::IsLoaded() returning false because it was called incorrectly."));
+    EXPECT_EQ("", path);
+    EXPECT_EQ(-1, missing);
     EXPECT_TRUE(host.alerts.empty());
 }
 
 TEST_F(PCILoaderIsLoadedTest, AllMissingIsTracedAsTwentySix)
 {
     EXPECT_FALSE(IsLoaded("empty"));
-    EXPECT_EQ(missing, 26);
+    EXPECT_EQ(26, missing);
     EXPECT_TRUE(HasTrace(Reason("empty", 26)));
     ExpectAlert("empty", "4.5.6");
 }
@@ -68,7 +67,7 @@ TEST_F(PCILoaderIsLoadedTest, AllMissingIsTracedAsTwentySix)
 TEST_F(PCILoaderIsLoadedTest, ExactlyTwentyFourMissingIsTracedAsAll)
 {
     EXPECT_FALSE(IsLoaded("only-two"));
-    EXPECT_EQ(missing, 24);
+    EXPECT_EQ(24, missing);
     EXPECT_TRUE(
         HasTrace("PCILoader::IsLoaded() returning false because all 24 functions are missing."));
     EXPECT_FALSE(HasTrace(Reason("only-two", 24)));
@@ -78,7 +77,7 @@ TEST_F(PCILoaderIsLoadedTest, ExactlyTwentyFourMissingIsTracedAsAll)
 TEST_F(PCILoaderIsLoadedTest, RefusedVersionIsTracedWithACountOfZero)
 {
     EXPECT_FALSE(IsLoaded("version-refused"));
-    EXPECT_EQ(missing, 0);
+    EXPECT_EQ(0, missing);
     EXPECT_TRUE(HasTrace(Reason("version-refused", 0)));
     ExpectAlert("version-refused", "4.5.6");
 }
@@ -86,31 +85,31 @@ TEST_F(PCILoaderIsLoadedTest, RefusedVersionIsTracedWithACountOfZero)
 TEST_F(PCILoaderIsLoadedTest, NoVersionTextLeavesTheParenthesesEmpty)
 {
     PCILoader* const loader = Load("no-version-text");
-    ASSERT_NE(loader, nullptr);
+    ASSERT_NE(nullptr, loader);
     loader->pfGetAPIVersion = nullptr;
     EXPECT_FALSE(loader->IsLoaded(&path, &version, &missing));
     EXPECT_TRUE(HasTrace(Reason("no-version-text", 0, "")));
     ExpectAlert("no-version-text", "");
 }
 
-TEST_F(PCILoaderIsLoadedTest, SecondTestAnswersAgain)
+TEST_F(PCILoaderIsLoadedTest, SecondCallReturnsTheSame)
 {
     EXPECT_TRUE(IsLoaded("complete"));
     path.clear();
     EXPECT_TRUE(PCILoader::GetSharedInstance()->IsLoaded(&path, &version, &missing));
-    EXPECT_EQ(path, Framework("complete"));
+    EXPECT_EQ(Framework("complete"), path);
     EXPECT_TRUE(host.alerts.empty());
 }
 
-// One library for each name that can be missing, those that nobody calls included.
+// One library for each name that can be missing, including the four that are never called.
 class PCILoaderMissingNameTest : public PCILoaderIsLoadedTest,
                                  public ::testing::WithParamInterface<const char*> {};
 
-TEST_P(PCILoaderMissingNameTest, RefusesTheFramework)
+TEST_P(PCILoaderMissingNameTest, RejectsTheFramework)
 {
     const std::string variant = std::string("missing-") + GetParam();
     EXPECT_FALSE(IsLoaded(variant));
-    EXPECT_EQ(missing, 1);
+    EXPECT_EQ(1, missing);
     EXPECT_TRUE(HasTrace(Reason(variant, 1)));
     ExpectAlert(variant, "4.5.6");
 }

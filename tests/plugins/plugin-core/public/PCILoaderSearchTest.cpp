@@ -2,15 +2,15 @@
 
 namespace {
 
-// The search for PluginCore: where it looks shows in the path that it hands to the loader.
+// The search for PluginCore. The path that the loader tries shows where the search looked.
 class PCILoaderSearch : public PCILoaderTest {
 protected:
     void Configure(const std::string& content)
     {
-        // The user's data folder is the scratch folder.
+        // The fixture has made the scratch folder the user's data folder.
         (void)Write("Corvanta/com.corvanta.Vexcor-LaunchInfo.conf", content);
     }
-    // The path that the search led to.
+    // Runs the search and returns the path that it tried, also if no framework is there.
     static std::string SearchedPath()
     {
         ClearTraces();
@@ -25,7 +25,7 @@ protected:
         }
         return "no attempt";
     }
-    // A folder of an installation with the framework in it.
+    // Creates an installation folder with the framework in it and returns its path.
     std::string Install(const std::string& name) const
     {
         const std::string folder = scratch + "/" + name + "/";
@@ -36,14 +36,14 @@ protected:
     }
 };
 
-TEST_F(PCILoaderSearch, LoadsFromTheFolderThatTheFileTells)
+TEST_F(PCILoaderSearch, LoadsFromTheFolderInTheLaunchInformation)
 {
     const std::string folder = Install("by file");
     Configure("vexcor.path=" + folder + "Vexcor\n");
     const PCILoader* const loader = PCILoader::GetSharedInstance();
-    ASSERT_NE(loader, nullptr);
-    EXPECT_EQ(loader->frameworkPath, folder + "PluginFiles/PluginCore.framework");
-    EXPECT_EQ(loader->missingFunctionCount, 0);
+    ASSERT_NE(nullptr, loader);
+    EXPECT_EQ(folder + "PluginFiles/PluginCore.framework", loader->frameworkPath);
+    EXPECT_EQ(0, loader->missingFunctionCount);
 }
 
 TEST_F(PCILoaderSearch, LoadsFromTheFolderOfTheProcess)
@@ -51,127 +51,127 @@ TEST_F(PCILoaderSearch, LoadsFromTheFolderOfTheProcess)
     const std::string folder = Install("by process");
     ScriptedExecutables() = {"/usr/bin/other", folder + "Vexcor"};
     const PCILoader* const loader = PCILoader::GetSharedInstance();
-    ASSERT_NE(loader, nullptr);
-    EXPECT_EQ(loader->frameworkPath, folder + "PluginFiles/PluginCore.framework");
+    ASSERT_NE(nullptr, loader);
+    EXPECT_EQ(folder + "PluginFiles/PluginCore.framework", loader->frameworkPath);
 }
 
-TEST_F(PCILoaderSearch, ProcessIsAskedBeforeTheFile)
+TEST_F(PCILoaderSearch, ProcessTakesPrecedenceOverTheLaunchInformation)
 {
     Configure("vexcor.path=/by/file/Vexcor\n");
     ScriptedExecutables() = {"/by/process/Vexcor"};
-    EXPECT_EQ(SearchedPath(), "/by/process/PluginFiles/PluginCore.framework");
+    EXPECT_EQ("/by/process/PluginFiles/PluginCore.framework", SearchedPath());
 }
 
 TEST_F(PCILoaderSearch, FirstOfTwoProcessesWins)
 {
     ScriptedExecutables() = {"/first/Vexcor", "/second/Vexcor"};
-    EXPECT_EQ(SearchedPath(), "/first/PluginFiles/PluginCore.framework");
+    EXPECT_EQ("/first/PluginFiles/PluginCore.framework", SearchedPath());
 }
 
-TEST_F(PCILoaderSearch, OtherProcessesDoNotCount)
+TEST_F(PCILoaderSearch, ProcessesOfOtherNamesAreIgnored)
 {
     Configure("vexcor.path=/by/file/Vexcor\n");
     ScriptedExecutables() = {"/a/vexcor", "/a/VEXCOR", "/a/Vexcor2", "/Vexcor/run",
                              "/a/Vexcor (deleted)"};
-    EXPECT_EQ(SearchedPath(), "/by/file/PluginFiles/PluginCore.framework");
+    EXPECT_EQ("/by/file/PluginFiles/PluginCore.framework", SearchedPath());
 }
 
-TEST_F(PCILoaderSearch, ProcessAtTheRoot)
+TEST_F(PCILoaderSearch, ProcessAtTheRootGivesADoubleSlash)
 {
     ScriptedExecutables() = {"/Vexcor"};
-    EXPECT_EQ(SearchedPath(), "//PluginFiles/PluginCore.framework");
+    EXPECT_EQ("//PluginFiles/PluginCore.framework", SearchedPath());
 }
 
-TEST_F(PCILoaderSearch, PathOfTheFileIsCutBehindItsLastSeparator)
+TEST_F(PCILoaderSearch, ConfiguredPathIsCutAfterItsLastSeparator)
 {
     Configure("vexcor.path=/a/b/Vexcor\n");
-    EXPECT_EQ(SearchedPath(), "/a/b/PluginFiles/PluginCore.framework");
+    EXPECT_EQ("/a/b/PluginFiles/PluginCore.framework", SearchedPath());
     Configure("vexcor.path=/a/b/\n");
-    EXPECT_EQ(SearchedPath(), "/a/b/PluginFiles/PluginCore.framework");
+    EXPECT_EQ("/a/b/PluginFiles/PluginCore.framework", SearchedPath());
     Configure("vexcor.path=/Vexcor\n");
-    EXPECT_EQ(SearchedPath(), "/PluginFiles/PluginCore.framework");
+    EXPECT_EQ("/PluginFiles/PluginCore.framework", SearchedPath());
 }
 
-TEST_F(PCILoaderSearch, BackslashesStay)
+TEST_F(PCILoaderSearch, BackslashesAreKept)
 {
     Configure("vexcor.path=C:\\a\\Vexcor.exe\r\n");
-    EXPECT_EQ(SearchedPath(), "C:\\a\\PluginFiles\\PluginCore.framework");
+    EXPECT_EQ("C:\\a\\PluginFiles\\PluginCore.framework", SearchedPath());
 }
 
-TEST_F(PCILoaderSearch, LastSeparatorOfEitherKindCounts)
+TEST_F(PCILoaderSearch, LastSeparatorOfEitherKindIsUsed)
 {
     Configure("vexcor.path=/a\\b/Vexcor\n");
-    EXPECT_EQ(SearchedPath(), "/a\\b/PluginFiles/PluginCore.framework");
+    EXPECT_EQ("/a\\b/PluginFiles/PluginCore.framework", SearchedPath());
     Configure("vexcor.path=/a/b\\Vexcor\n");
-    EXPECT_EQ(SearchedPath(), "/a/b\\PluginFiles\\PluginCore.framework");
+    EXPECT_EQ("/a/b\\PluginFiles\\PluginCore.framework", SearchedPath());
 }
 
-TEST_F(PCILoaderSearch, ValueWithoutASeparatorStaysWhole)
+TEST_F(PCILoaderSearch, ValueWithoutASeparatorIsUsedWhole)
 {
     Configure("vexcor.path=Vexcor\n");
-    EXPECT_EQ(SearchedPath(), "VexcorPluginFilesrPluginCore.framework");
+    EXPECT_EQ("VexcorPluginFilesrPluginCore.framework", SearchedPath());
 }
 
 TEST_F(PCILoaderSearch, PlainFileBesideTheExecutableSkipsTheSubfolder)
 {
     const std::string file = Write("place/PluginCore.framework", "");
     ScriptedExecutables() = {scratch + "/place/Vexcor"};
-    EXPECT_EQ(SearchedPath(), file);
+    EXPECT_EQ(file, SearchedPath());
 }
 
-TEST_F(PCILoaderSearch, PlainFileBesideTheConfiguredPathDoesTheSame)
+TEST_F(PCILoaderSearch, PlainFileBesideTheConfiguredPathSkipsTheSubfolder)
 {
     const std::string file = Write("place/PluginCore.framework", "");
     Configure("vexcor.path=" + scratch + "/place/Vexcor\n");
-    EXPECT_EQ(SearchedPath(), file);
+    EXPECT_EQ(file, SearchedPath());
 }
 
-TEST_F(PCILoaderSearch, FrameworkBesideTheExecutableIsPassedOver)
+TEST_F(PCILoaderSearch, FrameworkBesideTheExecutableIsIgnored)
 {
     std::filesystem::create_directories(scratch + "/place");
     std::filesystem::create_directory_symlink(Framework("complete"),
                                               scratch + "/place/PluginCore.framework");
     ScriptedExecutables() = {scratch + "/place/Vexcor"};
-    EXPECT_EQ(SearchedPath(), scratch + "/place/PluginFiles/PluginCore.framework");
-    EXPECT_EQ(PCILoader::sSharedInstance, nullptr);
+    EXPECT_EQ(scratch + "/place/PluginFiles/PluginCore.framework", SearchedPath());
+    EXPECT_EQ(nullptr, PCILoader::sSharedInstance);
 }
 
-TEST_F(PCILoaderSearch, NothingToldIsTheBareName)
+TEST_F(PCILoaderSearch, NoConfigurationGivesTheBareName)
 {
-    EXPECT_EQ(SearchedPath(), "PluginCore.framework");
+    EXPECT_EQ("PluginCore.framework", SearchedPath());
     Configure("other=/a\n");
-    EXPECT_EQ(SearchedPath(), "PluginCore.framework");
+    EXPECT_EQ("PluginCore.framework", SearchedPath());
     Configure("vexcor.path\n");
-    EXPECT_EQ(SearchedPath(), "PluginCore.framework");
+    EXPECT_EQ("PluginCore.framework", SearchedPath());
 }
 
-TEST_F(PCILoaderSearch, EmptyValueIsTheBareName)
+TEST_F(PCILoaderSearch, EmptyValueGivesTheBareName)
 {
     Configure("vexcor.path=\n");
-    EXPECT_EQ(SearchedPath(), "PluginCore.framework");
+    EXPECT_EQ("PluginCore.framework", SearchedPath());
 }
 
-TEST_F(PCILoaderSearch, FailedSearchIsRunAgain)
+TEST_F(PCILoaderSearch, FailedSearchIsRepeated)
 {
-    EXPECT_EQ(PCILoader::GetSharedInstance(), nullptr);
+    EXPECT_EQ(nullptr, PCILoader::GetSharedInstance());
     const std::string folder = Install("later");
     Configure("vexcor.path=" + folder + "Vexcor\n");
-    EXPECT_NE(PCILoader::GetSharedInstance(), nullptr);
+    EXPECT_NE(nullptr, PCILoader::GetSharedInstance());
 }
 
-TEST_F(PCILoaderSearch, PlaceWithoutAFrameworkGivesNothing)
+TEST_F(PCILoaderSearch, FolderWithoutAFrameworkGivesNull)
 {
     Configure("vexcor.path=" + scratch + "/Vexcor\n");
-    EXPECT_EQ(PCILoader::GetSharedInstance(), nullptr);
+    EXPECT_EQ(nullptr, PCILoader::GetSharedInstance());
     EXPECT_TRUE(HasTrace("ERROR:  cannot find PluginCore.framework"));
 }
 
-TEST_F(PCILoaderSearch, IsNotRunOnceThereIsAnInstance)
+TEST_F(PCILoaderSearch, IsSkippedIfThereIsAnInstance)
 {
     PCILoader* const loader = Load("complete");
     Configure("vexcor.path=/elsewhere/Vexcor\n");
-    EXPECT_EQ(PCILoader::GetSharedInstance(), loader);
-    EXPECT_EQ(loader->frameworkPath, Framework("complete"));
+    EXPECT_EQ(loader, PCILoader::GetSharedInstance());
+    EXPECT_EQ(Framework("complete"), loader->frameworkPath);
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 
-#include "plugin-core/workspace/DocumentStore.h"
+#include "plugin-core/services/DocumentStore.h"
 
 using nlohmann::json;
 

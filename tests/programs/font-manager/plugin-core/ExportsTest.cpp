@@ -4,7 +4,7 @@
 #include <cstring>
 
 #include "CoreTestHome.h"
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/storage/Failure.h"
 
 namespace fs = std::filesystem;
 using plugincore::StatusCodes;

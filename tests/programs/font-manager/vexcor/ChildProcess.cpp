@@ -18,7 +18,7 @@ ChildProcess::ChildProcess(const std::vector<std::string>& command, std::filesys
     std::vector<char*> arguments;
     for (const std::string& word : command) arguments.push_back(const_cast<char*>(word.c_str()));
     arguments.push_back(nullptr);
-    std::filesystem::remove(mOutput);  // what an earlier one wrote isn't this one's
+    std::filesystem::remove(mOutput);  // the output of an earlier process
     const pid_t parent = getpid();
     mNumber = fork();
     if (mNumber < 0) throw std::runtime_error("no process can be started");
@@ -36,7 +36,7 @@ ChildProcess::~ChildProcess()
 {
     if (HasEnded()) return;
     Send(SIGKILL);
-    (void)Wait();  // how it ends is known
+    (void)Wait();  // it was killed
 }
 
 void ChildProcess::Send(int signal) const { (void)kill(mNumber, signal); }

@@ -6,11 +6,15 @@
 #include <string>
 #include <vector>
 
-// A program that a test has started. It ends with the test at the latest.
+// A program that a test started. It is killed with the test if it still runs.
 class ChildProcess {
 public:
-    // `command` is the program and its arguments. What it writes goes to the file, both outputs;
-    // its input is empty. It gets this process's environment and folder.
+    // Starts the program with this process's environment and working folder and an empty standard
+    // input. Throws std::runtime_error if no process can be started; exits with 127 if the program
+    // can't.
+    //
+    // command   the path of the program and its arguments
+    // output    the file that standard output and standard error are written to
     ChildProcess(const std::vector<std::string>& command, std::filesystem::path output);
 
     // Kills it if it still runs.
@@ -20,16 +24,16 @@ public:
 
     void Send(int signal) const;
 
-    // Whether it has ended by itself or by a signal. Doesn't wait.
+    // Returns whether it has ended. Non-blocking.
     bool HasEnded();
 
-    // Waits for its end: its exit status, or minus the number of the signal that ended it.
+    // Waits for its end. Returns its exit status, or minus the number of the signal that ended it.
     int Wait();
 
-    // What it has written by now.
+    // Returns what it has written so far.
     std::string GetOutput() const;
 
-    // Waits until the text is in its output, or until it ends; true if the text is there.
+    // Waits until its output contains the text or it ends. Returns whether the text is there.
     bool WaitForOutput(const std::string& text);
 
     pid_t GetNumber() const { return mNumber; }

@@ -20,7 +20,7 @@ constexpr int kDocuments = 6;
 
 std::string GetDocument(int number) { return "d" + std::to_string(number) + ".eps"; }
 
-// Two of the fonts, others for each document.
+// An EPS file that uses two of the fonts. Which two depends on the number.
 std::string MakeDocument(int number)
 {
     std::string text = "%!PS-Adobe-3.0 EPSF-3.0\n%%BoundingBox: 0 0 10 10\n%%DocumentFonts:";
@@ -47,7 +47,7 @@ int KillScene::Random(int first, int last)
 void KillScene::Begin(unsigned seed)
 {
     mRandom.seed(seed);
-    // The host's default font, whatever else is active: its name begins no other's.
+    // The host's default font must not depend on what is active, so it is none of kFonts.
     FontTestHome::CopyFont("DejaVuSansMono", home.GetUserFonts());
     FontTestHome::WriteFile(
         home.GetPath() / "fonts.conf",
@@ -58,8 +58,8 @@ void KillScene::Begin(unsigned seed)
     for (const char* const font : kFonts) FontTestHome::CopyFont(font, home.GetLibrary());
     for (int number = 0; number < kDocuments; ++number)
         FontTestHome::WriteFile(home.GetPath() / GetDocument(number), MakeDocument(number));
-    ASSERT_EQ(Run({"install"}), 0) << output;
-    (void)OpenWorkspace();  // this process looks at the tables and changes nothing
+    ASSERT_EQ(0, Run({"install"})) << output;
+    (void)OpenServices();  // this process only reads the tables
 }
 
 std::unique_ptr<ChildProcess> KillScene::StartHost(size_t number)
@@ -81,18 +81,18 @@ std::unique_ptr<ChildProcess> KillScene::StartHost(size_t number)
     const std::string name = "host-" + std::to_string(number);
     FontTestHome::WriteFile(home.GetPath() / name, session);
     return std::make_unique<ChildProcess>(
-        std::vector<std::string>{HEADLESS_HOST_PROGRAM, "run", home.GetPath() / name, "--plugin",
+        std::vector<std::string>{HEADLESS_HOST_PROGRAM, "script", home.GetPath() / name, "--plugin",
                                  PLUG_IN_FOLDER, "--frameworks", PRIVATE_FRAMEWORKS_FOLDER},
         home.GetPath() / (name + "-output"));
 }
 
 void KillScene::StartAll()
 {
-    if (!mKeeper) mKeeper = StartKeeper({"--log", home.GetPath() / "log"});
-    EXPECT_FALSE(mKeeper->HasEnded()) << mKeeper->GetOutput();
+    if (!mDaemon) mDaemon = StartDaemon({"--log", home.GetPath() / "log"});
+    EXPECT_FALSE(mDaemon->HasEnded()) << mDaemon->GetOutput();
     for (size_t number = 0; number < kHosts; ++number) {
         if (mHosts[number] && mHosts[number]->HasEnded()) {
-            EXPECT_EQ(mHosts[number]->Wait(), 0) << mHosts[number]->GetOutput();
+            EXPECT_EQ(0, mHosts[number]->Wait()) << mHosts[number]->GetOutput();
             mHosts[number].reset();
         }
         if (!mHosts[number]) mHosts[number] = StartHost(number);
@@ -101,8 +101,8 @@ void KillScene::StartAll()
 
 pid_t KillScene::FindWriter()
 {
-    // The lock by which one connection at a time writes, as the format of the file beside the
-    // database has it. The file stays open: closing it would drop this process's locks.
+    // The byte of the -shm file that a connection locks while it writes: WAL_WRITE_LOCK of SQLite's
+    // file format.
     constexpr off_t kWriteLock = 120;
     if (mLocks < 0) mLocks = open((home.GetData() / "Corvanta/fonts.db-shm").c_str(), O_RDWR);
     struct flock lock = {};
@@ -114,7 +114,6 @@ pid_t KillScene::FindWriter()
     return isHeld ? lock.l_pid : 0;
 }
 
-// One that has been in a change for so long, or nobody for a long time.
 std::unique_ptr<ChildProcess>* KillScene::WaitForWriter(std::chrono::microseconds sinceLock)
 {
     using Clock = std::chrono::steady_clock;
@@ -125,7 +124,7 @@ std::unique_ptr<ChildProcess>* KillScene::WaitForWriter(std::chrono::microsecond
         if (present != writer) start = now;
         writer = present;
         if (writer == 0 || now - start < sinceLock) continue;
-        for (auto* const process : {&mKeeper, &mHosts[0], &mHosts[1]})
+        for (auto* const process : {&mDaemon, &mHosts[0], &mHosts[1]})
             if ((*process)->GetNumber() == writer) return process;
     }
     return nullptr;
@@ -134,7 +133,7 @@ std::unique_ptr<ChildProcess>* KillScene::WaitForWriter(std::chrono::microsecond
 std::string KillScene::KillOne()
 {
     std::this_thread::sleep_for(std::chrono::milliseconds(Random(0, 300)));
-    const std::array<std::unique_ptr<ChildProcess>*, 3> all = {&mKeeper, &mHosts[0], &mHosts[1]};
+    const std::array<std::unique_ptr<ChildProcess>*, 3> all = {&mDaemon, &mHosts[0], &mHosts[1]};
     std::unique_ptr<ChildProcess>* victim = all[static_cast<size_t>(std::max(0, Random(-1, 2)))];
     if (Random(0, 2) != 0) {
         const std::chrono::microseconds sinceLock(Random(0, 1000));
@@ -151,21 +150,21 @@ void KillScene::EndAll()
     for (auto& host : mHosts) {
         if (!host) continue;
         host->Send(SIGTERM);
-        // One that is about to start doesn't know yet how to end in order.
+        // A host that is still starting has no signal handler yet and is ended by the signal.
         EXPECT_THAT(host->Wait(), testing::AnyOf(130, 0, -SIGTERM)) << host->GetOutput();
         host.reset();
     }
-    if (!mKeeper) return;
-    mKeeper->Send(SIGTERM);
-    EXPECT_EQ(mKeeper->Wait(), 0) << mKeeper->GetOutput();
-    mKeeper.reset();
+    if (!mDaemon) return;
+    mDaemon->Send(SIGTERM);
+    EXPECT_EQ(0, mDaemon->Wait()) << mDaemon->GetOutput();
+    mDaemon.reset();
 }
 
 std::string KillScene::FindDisagreement()
 {
-    plugincore::Database& database = OpenWorkspace().database;
+    plugincore::Database& database = OpenServices().database;
     const plugincore::Transaction nobodyChanges(database);
-    EXPECT_EQ(database.FindDamage(), "");
+    EXPECT_EQ("", database.FindDamage());
     EXPECT_TRUE(GetTexts(database, "PRAGMA foreign_key_check").empty());
     for (const auto look :
          {&KillScene::CompareFolder, &KillScene::CompareTables, &KillScene::CompareFontconfig}) {
@@ -188,15 +187,15 @@ std::map<std::string, int> KillScene::CountRepairs() const
 
 int64_t KillScene::CountActivations()
 {
-    Statement count(OpenWorkspace().database,
+    Statement count(OpenServices().database,
                     "SELECT seq FROM sqlite_sequence WHERE name = 'active_group'");
     return count.Step() ? count.GetNumber(0) : 0;
 }
 
 std::string KillScene::CompareTables()
 {
-    plugincore::Workspace& workspace = OpenWorkspace();
-    for (const auto& program : workspace.programs.ListGone())
+    plugincore::Services& services = OpenServices();
+    for (const auto& program : services.programs.ListGone())
         return "a program that is gone is listed: " + program.identity;
     const std::vector<std::pair<const char*, const char*>> wrong = {
         {"active and not held",
@@ -208,24 +207,23 @@ std::string KillScene::CompareTables()
         {"group without files",
          "SELECT id FROM active_group WHERE id NOT IN (SELECT group_id FROM active_file)"}};
     for (const auto& [what, sql] : wrong)
-        for (const std::string& text : GetTexts(workspace.database, sql))
+        for (const std::string& text : GetTexts(services.database, sql))
             return std::string(what) + ": " + text;
     return {};
 }
 
 std::string KillScene::CompareFolder()
 {
-    plugincore::Workspace& workspace = OpenWorkspace();
-    const ActivationFolder& folder = workspace.activation.GetFolder();
+    plugincore::Services& services = OpenServices();
+    const ActivationFolder& folder = services.activation.GetFolder();
     std::vector<int64_t> groups = folder.List();
     std::sort(groups.begin(), groups.end());
-    Statement known(workspace.database, "SELECT id FROM active_group ORDER BY id");
+    Statement known(services.database, "SELECT id FROM active_group ORDER BY id");
     std::vector<int64_t> wanted;
     while (known.Step()) wanted.push_back(known.GetNumber(0));
     if (groups != wanted) return "other groups in the folder than in the tables";
     for (const int64_t group : wanted) {
-        Statement files(workspace.database,
-                        "SELECT link, path FROM active_file WHERE group_id = ?");
+        Statement files(services.database, "SELECT link, path FROM active_file WHERE group_id = ?");
         files.Bind(group);
         ActivationFolder::Links links;
         while (files.Step()) links[files.GetText(0)] = files.GetText(1);
@@ -241,7 +239,7 @@ std::string KillScene::CompareFolder()
 
 std::string KillScene::CompareFontconfig()
 {
-    plugincore::Workspace& workspace = OpenWorkspace();
-    const bool isEqual = workspace.ListActive().ours == workspace.activation.GetActive();
+    plugincore::Services& services = OpenServices();
+    const bool isEqual = services.ListActive().ours == services.activation.GetActive();
     return isEqual ? std::string() : "fontconfig shows other fonts than the tables have";
 }

@@ -21,10 +21,10 @@ void Sleep(int milliseconds)
 
 }  // namespace
 
-// With Vexcor or a host killed at a random moment the others put right what it left: the database
-// is whole at every look, and before long tables, folder and fontconfig agree and no font is active
-// that nobody holds.
-TEST_F(KillScene, WhoeverIsKilledTheOthersPutItRight)
+// Kills Vexcor or a host at random moments. The database must be intact after every kill, and the
+// remaining programs must repair what the killed one left: tables, activation folder and fontconfig
+// agree, and every active font has a holder.
+TEST_F(KillScene, TheOtherProgramsRepairWhatAKilledOneLeft)
 {
     const unsigned kills = GetNumber("KILLS", 15);
     const unsigned seed = GetNumber("SEED", std::random_device()());
@@ -38,7 +38,7 @@ TEST_F(KillScene, WhoeverIsKilledTheOthersPutItRight)
         ++victims[victim];
         std::string found = FindDisagreement();
         if (!found.empty()) ++left[found.substr(0, found.find(':'))];
-        // The time limit of the test ends what never comes right.
+        // Waits without a limit of its own: the time limit of the test ends it.
         for (; !found.empty(); found = FindDisagreement()) {
             ASSERT_FALSE(HasFailure()) << "after kill " << kill << ", of " << victim;
             Sleep(10);
@@ -47,10 +47,10 @@ TEST_F(KillScene, WhoeverIsKilledTheOthersPutItRight)
     }
     StartAll();
     EndAll();
-    EXPECT_EQ(FindDisagreement(), "");
-    EXPECT_TRUE(OpenWorkspace().activation.GetActive().empty());
+    EXPECT_EQ("", FindDisagreement());
+    EXPECT_TRUE(OpenServices().activation.GetActive().empty());
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), testing::ElementsAre("DejaVuSansMono"));
-    // Kills of programs that do nothing would show nothing.
+    // Otherwise the programs were idle and the kills proved nothing.
     EXPECT_GT(CountActivations(), static_cast<int64_t>(kills));
     std::cout << "activations: " << CountActivations() << std::endl;
     for (const auto& [victim, count] : victims)
@@ -58,5 +58,5 @@ TEST_F(KillScene, WhoeverIsKilledTheOthersPutItRight)
     for (const auto& [what, count] : CountRepairs())
         std::cout << "in Vexcor's log " << count << " times: " << what << std::endl;
     for (const auto& [what, count] : left)
-        std::cout << "found right after " << count << " kills: " << what << std::endl;
+        std::cout << "found immediately after " << count << " kills: " << what << std::endl;
 }

@@ -22,33 +22,33 @@ protected:
     }
 };
 
-TEST_F(ProgramTest, InstallWritesItsOwnPlace)
+TEST_F(ProgramTest, InstallWritesThePathOfTheProgram)
 {
-    EXPECT_EQ(Run({"install"}), vexcor::kDone) << output;
-    EXPECT_EQ(ReadFile(GetLaunchFile()), "vexcor.path=" VEXCOR_PROGRAM "\n");
+    EXPECT_EQ(vexcor::kSuccess, Run({"install"})) << output;
+    EXPECT_EQ("vexcor.path=" VEXCOR_PROGRAM "\n", ReadFile(GetLaunchFile()));
     EXPECT_THAT(output, HasSubstr(GetLaunchFile().string()));
 }
 
 TEST_F(ProgramTest, InstallKeepsTheUsersLines)
 {
     FontTestHome::WriteFile(GetLaunchFile(), "mine=1\nvexcor.path=/old/Vexcor\n");
-    EXPECT_EQ(Run({"install"}), vexcor::kDone) << output;
-    EXPECT_EQ(ReadFile(GetLaunchFile()), "mine=1\nvexcor.path=" VEXCOR_PROGRAM "\n");
+    EXPECT_EQ(vexcor::kSuccess, Run({"install"})) << output;
+    EXPECT_EQ("mine=1\nvexcor.path=" VEXCOR_PROGRAM "\n", ReadFile(GetLaunchFile()));
 }
 
-TEST_F(ProgramTest, InstallTellsOfAFolderInThePlaceOfItsFile)
+TEST_F(ProgramTest, InstallReportsAFolderWhereItsFileBelongs)
 {
     fs::create_directories(GetLaunchFile());
-    EXPECT_EQ(Run({"install"}), vexcor::kFileFailed);
-    EXPECT_EQ(output, "Vexcor: " + GetLaunchFile().string() + ": cannot be read: not a file\n");
+    EXPECT_EQ(vexcor::kFileFailed, Run({"install"}));
+    EXPECT_EQ("Vexcor: " + GetLaunchFile().string() + ": cannot be read: not a file\n", output);
     EXPECT_TRUE(fs::is_empty(GetLaunchFile()));
 }
 
-TEST_F(ProgramTest, ListTellsEachFontAndSkipsBadFiles)
+TEST_F(ProgramTest, ListPrintsEachFontAndSkipsBadFiles)
 {
     const fs::path file = AddFont("DejaVuSans");
     FontTestHome::WriteFile(home.GetLibrary() / "bad.ttf", "bad");
-    EXPECT_EQ(Run({"list"}), vexcor::kDone);
+    EXPECT_EQ(vexcor::kSuccess, Run({"list"}));
     EXPECT_THAT(output, HasSubstr("DejaVuSans  inactive   " + file.string() + "\n"));
     EXPECT_THAT(output, HasSubstr("Vexcor: " + (home.GetLibrary() / "bad.ttf").string() + ": "));
 }
@@ -57,8 +57,8 @@ TEST_F(ProgramTest, ListAsJsonHasALineForEachFont)
 {
     AddFont("DejaVuSans");
     AddFont("DejaVuSerif");
-    OpenWorkspace().activation.Activate("/a.ai", {"DejaVuSerif"});
-    EXPECT_EQ(Run({"list", "--json"}), vexcor::kDone);
+    OpenServices().activation.Activate("/a.ai", {"DejaVuSerif"});
+    EXPECT_EQ(vexcor::kSuccess, Run({"list", "--json"}));
     std::istringstream lines(output);
     std::map<std::string, std::string> states;
     for (std::string line; std::getline(lines, line);) {
@@ -74,8 +74,8 @@ TEST_F(ProgramTest, WhyNamesDocumentsFileAndOtherFiles)
     const fs::path file = AddFont("DejaVuSans", "used");
     const fs::path other = AddFont("DejaVuSans", "old");
     fs::last_write_time(other, fs::last_write_time(file) - std::chrono::hours(1));
-    OpenWorkspace().activation.Activate("/doc\n.ai", {"DejaVuSans"});
-    EXPECT_EQ(Run({"why", "DejaVuSans"}), vexcor::kDone);
+    OpenServices().activation.Activate("/doc\n.ai", {"DejaVuSans"});
+    EXPECT_EQ(vexcor::kSuccess, Run({"why", "DejaVuSans"}));
     EXPECT_THAT(output, StartsWith("DejaVuSans: activated: held by open documents\n"));
     EXPECT_THAT(output, HasSubstr("    file: " + file.string() + "\n"));
     EXPECT_THAT(output, HasSubstr("    held by: /doc?.ai, open in test (process " +
@@ -83,111 +83,112 @@ TEST_F(ProgramTest, WhyNamesDocumentsFileAndOtherFiles)
     EXPECT_THAT(output, HasSubstr("    other file with this name: " + other.string() + "\n"));
 }
 
-TEST_F(ProgramTest, WhyTellsWhatIsActiveWithoutVexcor)
+TEST_F(ProgramTest, WhyNamesTheFileOfAFontThatIsInstalled)
 {
     AddFont("DejaVuSans");
     const fs::path installed = FontTestHome::CopyFont("DejaVuSans", home.GetUserFonts());
-    EXPECT_EQ(Run({"why", "DejaVuSans"}), vexcor::kDone);
+    EXPECT_EQ(vexcor::kSuccess, Run({"why", "DejaVuSans"}));
     EXPECT_THAT(output, AllOf(StartsWith("DejaVuSans: active: "), HasSubstr(installed.string())));
 }
 
-TEST_F(ProgramTest, WhyTellsTheReasonsOfWhatIsNotActive)
+TEST_F(ProgramTest, WhyGivesTheReasonForAnInactiveFont)
 {
     const fs::path file = AddFont("DejaVuSans");
     FontTestHome::WriteFile(home.GetLibrary() / "Broken.ttf", "bad");
-    EXPECT_EQ(Run({"why", "DejaVuSans"}), vexcor::kNotSo);
+    EXPECT_EQ(vexcor::kNegative, Run({"why", "DejaVuSans"}));
     EXPECT_THAT(output, StartsWith("DejaVuSans: inactive: no open document holds it\n"));
-    EXPECT_EQ(Run({"why", "Nowhere"}), vexcor::kNotSo);
-    EXPECT_EQ(output, "Nowhere: inactive: in no font library\n");
-    EXPECT_EQ(Run({"why", "dejavu-sans"}), vexcor::kNotSo);
+    EXPECT_EQ(vexcor::kNegative, Run({"why", "Nowhere"}));
+    EXPECT_EQ("Nowhere: inactive: in no font library\n", output);
+    EXPECT_EQ(vexcor::kNegative, Run({"why", "dejavu-sans"}));
     EXPECT_THAT(output, HasSubstr("    similar name: DejaVuSans\n"));
-    EXPECT_EQ(Run({"why", "Broken"}), vexcor::kNotSo);
-    EXPECT_THAT(output, HasSubstr("    file of no use: "));
+    EXPECT_EQ(vexcor::kNegative, Run({"why", "Broken"}));
+    EXPECT_THAT(output, HasSubstr("    unusable file: "));
     FontTestHome::WriteFile(home.GetPath() / "config/Corvanta/settings.json",
                             R"({"FontActivation":"0"})");
-    EXPECT_EQ(Run({"why", "DejaVuSans"}), vexcor::kNotSo);
+    EXPECT_EQ(vexcor::kNegative, Run({"why", "DejaVuSans"}));
     EXPECT_THAT(output, StartsWith("DejaVuSans: inactive: activation is off\n"));
 }
 
-TEST_F(ProgramTest, WhyTellsOfAFileThatIsGone)
+TEST_F(ProgramTest, WhyReportsThatTheFileIsGone)
 {
     const fs::path file = AddFont("DejaVuSans");
-    OpenWorkspace().activation.Activate("/a.ai", {"DejaVuSans"});
+    OpenServices().activation.Activate("/a.ai", {"DejaVuSans"});
     fs::remove(file);
-    EXPECT_EQ(Run({"why", "DejaVuSans"}), vexcor::kNotSo);
+    EXPECT_EQ(vexcor::kNegative, Run({"why", "DejaVuSans"}));
     EXPECT_THAT(output, StartsWith("DejaVuSans: inactive: its file cannot be read any more\n"));
 }
 
-TEST_F(ProgramTest, AddedFoldersStayAddedAndBadOnesAreNamed)
+TEST_F(ProgramTest, AddKeepsAFolderAndReportsOneThatCannotBeRead)
 {
     const fs::path folder = home.GetPath() / "mine";
     FontTestHome::CopyFont("DejaVuSans", folder);
-    EXPECT_EQ(Run({"add", folder}), vexcor::kDone);
-    EXPECT_EQ(output, folder.string() + ": added, with 1 font\n");
-    EXPECT_EQ(Run({"add", folder}), vexcor::kDone);
-    EXPECT_EQ(output, folder.string() + ": is in the font library already\n");
-    EXPECT_EQ(Run({"list"}), vexcor::kDone);
+    EXPECT_EQ(vexcor::kSuccess, Run({"add", folder}));
+    EXPECT_EQ(folder.string() + ": added, with 1 font\n", output);
+    EXPECT_EQ(vexcor::kSuccess, Run({"add", folder}));
+    EXPECT_EQ(folder.string() + ": is in the font library already\n", output);
+    EXPECT_EQ(vexcor::kSuccess, Run({"list"}));
     EXPECT_THAT(output, HasSubstr("DejaVuSans"));
-    EXPECT_EQ(Run({"add", "/no/such"}), vexcor::kFileFailed);
-    EXPECT_EQ(output, "Vexcor: /no/such: No such file or directory\n");
-    EXPECT_EQ(Run({"add", folder / "DejaVuSans.ttf"}), vexcor::kFileFailed);
+    EXPECT_EQ(vexcor::kFileFailed, Run({"add", "/no/such"}));
+    EXPECT_EQ("Vexcor: /no/such: No such file or directory\n", output);
+    EXPECT_EQ(vexcor::kFileFailed, Run({"add", folder / "DejaVuSans.ttf"}));
     EXPECT_THAT(output, HasSubstr("DejaVuSans.ttf: Not a directory"));
 }
 
-TEST_F(ProgramTest, RepairTellsWhatItDid)
+TEST_F(ProgramTest, RepairPrintsWhatItRepaired)
 {
     AddFont("DejaVuSans");
-    EXPECT_EQ(Run({"list"}), vexcor::kDone);
-    EXPECT_EQ(Run({"repair"}), vexcor::kDone);
-    EXPECT_EQ(output, "nothing had to be repaired\n");
-    OpenWorkspace().activation.Activate("/a.ai", {"DejaVuSans"});
+    EXPECT_EQ(vexcor::kSuccess, Run({"list"}));
+    EXPECT_EQ(vexcor::kSuccess, Run({"repair"}));
+    EXPECT_EQ("nothing to repair\n", output);
+    OpenServices().activation.Activate("/a.ai", {"DejaVuSans"});
     fs::remove_all(home.GetUserFonts() / "corvanta");
     fs::create_directories(home.GetUserFonts() / "corvanta/63/g99");
-    EXPECT_EQ(Run({"repair"}), vexcor::kDone);
-    EXPECT_EQ(output,
-              "folder: removed group 99, which isn't in the database\n"
-              "folder: restored group 1, 1 file\n");
+    EXPECT_EQ(vexcor::kSuccess, Run({"repair"}));
+    EXPECT_EQ(
+        "folder: removed group 99, which isn't in the database\n"
+        "folder: restored group 1, 1 file\n",
+        output);
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), testing::ElementsAre("DejaVuSans"));
 }
 
-TEST_F(ProgramTest, ADamagedDatabaseIsToldAndRepairedWithoutLosingIt)
+TEST_F(ProgramTest, RepairKeepsADamagedDatabaseUnderAnotherName)
 {
     AddFont("DejaVuSans");
     const fs::path database = home.GetData() / "Corvanta/fonts.db";
     FontTestHome::WriteFile(database, std::string(8192, 'x'));
-    EXPECT_EQ(Run({"list"}), vexcor::kDatabaseFailed);
-    EXPECT_EQ(output, "Vexcor: " + database.string() + ": file is not a database\n");
-    EXPECT_EQ(Run({"repair"}), vexcor::kDone) << output;
-    EXPECT_THAT(output, HasSubstr("put aside as " + database.string() + ".damaged-1"));
-    EXPECT_EQ(ReadFile(database.string() + ".damaged-1"), std::string(8192, 'x'));
-    EXPECT_EQ(Run({"list"}), vexcor::kDone);
+    EXPECT_EQ(vexcor::kDatabaseFailed, Run({"list"}));
+    EXPECT_EQ("Vexcor: " + database.string() + ": file is not a database\n", output);
+    EXPECT_EQ(vexcor::kSuccess, Run({"repair"})) << output;
+    EXPECT_THAT(output, HasSubstr("renamed to " + database.string() + ".damaged-1"));
+    EXPECT_EQ(std::string(8192, 'x'), ReadFile(database.string() + ".damaged-1"));
+    EXPECT_EQ(vexcor::kSuccess, Run({"list"}));
     EXPECT_THAT(output, HasSubstr("DejaVuSans"));
 }
 
-TEST_F(ProgramTest, TheLogHasALineForWhatIsDoneAndForWhatIsWrong)
+TEST_F(ProgramTest, TheLogHasALineForEachActionAndEachError)
 {
     const std::string log = home.GetPath() / "log";
-    EXPECT_EQ(Run({"install", "--log", log}), vexcor::kDone);
-    EXPECT_EQ(Run({"add", "/no/such/100%s", "--log", log}), vexcor::kFileFailed);
+    EXPECT_EQ(vexcor::kSuccess, Run({"install", "--log", log}));
+    EXPECT_EQ(vexcor::kFileFailed, Run({"add", "/no/such/100%s", "--log", log}));
     std::istringstream lines(ReadFile(log));
     std::string first;
     std::string second;
     std::getline(lines, first);
     std::getline(lines, second);
-    EXPECT_THAT(first,
-                testing::MatchesRegex("\\[[0-9T:.Z-]+\\]\t\\[Vexcor\\]\t\\[Info\\]\t.*tells .*"));
+    EXPECT_THAT(first, testing::MatchesRegex(
+                           "\\[[0-9T:.Z-]+\\]\t\\[Vexcor\\]\t\\[Info\\]\t.*points to .*"));
     EXPECT_THAT(second, HasSubstr("\t[Vexcor]\t[Error]\t/no/such/100%s: No such file"));
-    EXPECT_EQ(Run({"list", "--log", home.GetPath()}), vexcor::kFileFailed);
+    EXPECT_EQ(vexcor::kFileFailed, Run({"list", "--log", home.GetPath()}));
     EXPECT_THAT(output, AllOf(StartsWith("Vexcor: " + home.GetPath().string() + ": cannot be"),
                               Not(HasSubstr("Success"))));
 }
 
-TEST_F(ProgramTest, WithoutAHomeFolderThereIsOneClearLine)
+TEST_F(ProgramTest, AMissingHomeFolderIsReportedInOneLine)
 {
     unsetenv("XDG_DATA_HOME");
     unsetenv("HOME");
-    EXPECT_EQ(Run({"list"}), vexcor::kFileFailed);
-    EXPECT_EQ(output, "Vexcor: no home folder: neither XDG_DATA_HOME nor HOME is set\n");
+    EXPECT_EQ(vexcor::kFileFailed, Run({"list"}));
+    EXPECT_EQ("Vexcor: no home folder: neither XDG_DATA_HOME nor HOME is set\n", output);
 }
 
 }  // namespace

@@ -21,24 +21,24 @@ int VexcorScene::Run(const std::vector<std::string>& arguments)
     return status;
 }
 
-std::unique_ptr<ChildProcess> VexcorScene::StartKeeper(
+std::unique_ptr<ChildProcess> VexcorScene::StartDaemon(
     const std::vector<std::string>& arguments) const
 {
-    std::vector<std::string> words = {"run"};
+    std::vector<std::string> words = {"watch"};
     words.insert(words.end(), arguments.begin(), arguments.end());
-    auto keeper =
-        std::make_unique<ChildProcess>(MakeCommand(words), home.GetPath() / "keeper-output");
-    EXPECT_TRUE(keeper->WaitForOutput("keeps ")) << keeper->GetOutput();
-    return keeper;
+    auto daemon =
+        std::make_unique<ChildProcess>(MakeCommand(words), home.GetPath() / "daemon-output");
+    EXPECT_TRUE(daemon->WaitForOutput("watching ")) << daemon->GetOutput();
+    return daemon;
 }
 
-plugincore::Workspace& VexcorScene::OpenWorkspace()
+plugincore::Services& VexcorScene::OpenServices()
 {
-    if (!mWorkspace) {
-        mWorkspace = std::make_unique<plugincore::Workspace>(plugincore::GetLocations());
-        (void)mWorkspace->Start("test");  // nothing is there to repair
+    if (!mServices) {
+        mServices = std::make_unique<plugincore::Services>(plugincore::GetLocations());
+        (void)mServices->Start("test");  // there is nothing to repair
     }
-    return *mWorkspace;
+    return *mServices;
 }
 
 std::filesystem::path VexcorScene::GetLaunchFile() const

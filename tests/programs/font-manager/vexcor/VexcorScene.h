@@ -9,21 +9,23 @@
 
 #include "ChildProcess.h"
 #include "FontTestHome.h"
-#include "plugin-core/workspace/Workspace.h"
+#include "plugin-core/services/Services.h"
 
-// The program in a home of its own, under a name that no host takes for the running font manager.
+// A test that runs Vexcor in a home folder of its own. The executable has another name, so that no
+// host outside the test takes it for the running font manager.
 class VexcorScene : public testing::Test {
 protected:
-    // Runs it with these arguments; its exit status. What it wrote is in `output`.
+    // Runs the program, sets `output` to what it wrote and returns its exit status, or minus the
+    // number of the signal that ended it.
     int Run(const std::vector<std::string>& arguments);
 
-    // `Vexcor run`, once it keeps the library.
-    std::unique_ptr<ChildProcess> StartKeeper(const std::vector<std::string>& arguments = {}) const;
+    // Starts `Vexcor watch` and waits until it watches the library.
+    std::unique_ptr<ChildProcess> StartDaemon(const std::vector<std::string>& arguments = {}) const;
 
-    // The database as any program has it.
-    plugincore::Workspace& OpenWorkspace();
+    // The services of plugin-core in this process, on the database of the home folder.
+    plugincore::Services& OpenServices();
 
-    // The launch information file.
+    // The path of the launch information file.
     std::filesystem::path GetLaunchFile() const;
 
     static std::string ReadFile(const std::filesystem::path& file);
@@ -32,5 +34,5 @@ protected:
     std::string output;
 
 private:
-    std::unique_ptr<plugincore::Workspace> mWorkspace;
+    std::unique_ptr<plugincore::Services> mServices;
 };

@@ -199,7 +199,7 @@ TEST_F(ReplaceFileTest, PutsANewFileInThePlaceOfTheOldOne)
 TEST_F(ReplaceFileTest, WhatCanNotBeAFileIsRefused)
 {
     EXPECT_EQ(documents::ReplaceFile(folder, "x"), "is a folder");
-    EXPECT_EQ(documents::ReplaceFile("/dev/null", "x"), "is no file");
+    EXPECT_EQ(documents::ReplaceFile("/dev/null", "x"), "is not a regular file");
     EXPECT_NE(documents::ReplaceFile(folder + "/none/f", "x"), "");
 }
 

@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "NativeMaker.h"
+#include "OpenBytes.h"
 #include "PdfMaker.h"
-#include "ScratchFolder.h"
 #include "application/ExitStatus.h"
 
 using testing::ElementsAre;
@@ -28,18 +28,18 @@ class FontsCommand : public testing::Test {
 protected:
     int Run(const std::string& arguments, const std::string& before = "")
     {
-        const std::string command = "cd '" + folder.GetPath() + "' && " + before +
+        const std::string command = "cd '" + folder.Path() + "' && " + before +
                                     " '" HEADLESS_HOST_PROGRAM "' fonts " + arguments +
                                     " >out 2>err </dev/null";
         const int status = std::system(command.c_str());
-        output = ReadWholeFile(folder.GetPath() + "/out");
-        errors = ReadWholeFile(folder.GetPath() + "/err");
+        output = ReadWholeFile(folder.Path() + "/out");
+        errors = ReadWholeFile(folder.Path() + "/err");
         return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     }
 
     void Write(const std::string& name, const std::string& bytes) const
     {
-        const std::filesystem::path path = folder.GetPath() + "/" + name;
+        const std::filesystem::path path = folder.Path() + "/" + name;
         std::filesystem::create_directories(path.parent_path());
         (void)folder.Write(name, bytes);
     }
@@ -118,8 +118,7 @@ TEST_F(FontsCommand, WalksFolders)
     Write("d/b/two.eps", "%!PS-Adobe-3.0 EPSF-3.0\n%%DocumentFonts: Two\n");
     Write("d/one.without-extension", MakePdf("F1"));
     Write("d/b/notes.pdf", "not one at all");
-    std::filesystem::create_directory_symlink(folder.GetPath() + "/d",
-                                              folder.GetPath() + "/d/b/again");
+    std::filesystem::create_directory_symlink(folder.Path() + "/d", folder.Path() + "/d/b/again");
     EXPECT_EQ(0, Run("--json --recursive d"));
     EXPECT_THAT(GetPaths(), ElementsAre("d/b/two.eps", "d/one.without-extension"));
 }
@@ -135,7 +134,7 @@ TEST_F(FontsCommand, FileThatTakesTooLongIsGivenUpWithAllThatWasStarted)
 {
     // A helper that never ends, and would write a file if it were let live.
     Write("gs", "#!/bin/sh\nPATH=/usr/bin:/bin\nwhile :; do sleep 1; done\n");
-    std::filesystem::permissions(folder.GetPath() + "/gs", std::filesystem::perms::owner_all);
+    std::filesystem::permissions(folder.Path() + "/gs", std::filesystem::perms::owner_all);
     Write("slow.eps", "%!PS-Adobe-3.0 EPSF-3.0\n");
     Write("a.pdf", MakePdf("F1"));
     EXPECT_EQ(headless::kFileNotOpened, Run("--timeout 0.3 slow.eps a.pdf", "PATH=\"$PWD\""));

@@ -3,8 +3,8 @@
 #include <string>
 
 #include "NativeMaker.h"
+#include "OpenBytes.h"
 #include "PdfMaker.h"
-#include "ScratchFolder.h"
 #include "documents/write/WriteDocument.h"
 
 using namespace documents;

@@ -1,11 +1,22 @@
-#include "application/Options.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+
 #include "application/ExitStatus.h"
+#include "commands/CommandLine.h"
+#include "console/BashCompletion.h"
+#include "console/CommandPages.h"
+#include "session/Actions.h"
 
 using namespace headless;
+using console::ParseOutcome;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::Not;
 
 namespace {
 
@@ -15,54 +26,101 @@ ParseOutcome Parse(std::vector<const char*> arguments, Options& options, std::st
     return ParseCommandLine(static_cast<int>(arguments.size()), arguments.data(), options, text);
 }
 
+// The visible options of a command, without --help.
+std::vector<const CLI::Option*> ListOptions(const CLI::App& app, const std::string& command)
+{
+    const CLI::App* const described = app.get_subcommand(command);
+    return described->get_options([described](const CLI::Option* option) {
+        return option->nonpositional() && !option->get_group().empty() &&
+               option != described->get_help_ptr();
+    });
+}
+
 }  // namespace
 
-TEST(OptionsTest, TakesAllOptions)
+TEST(OptionsTest, EveryOptionSetsItsMember)
 {
     Options options;
     std::string text;
-    ASSERT_EQ(Parse({"open",      "a", "b",        "--json", "--home", "h",   "--library",    "l",
-                     "--library", "m", "--plugin", "p",      "--log",  "c",   "--language",   "ja",
-                     "--journal", "j", "--exec",   "true",   "--hold", "1.5", "--interactive"},
-                    options, text),
-              ParseOutcome::kRun)
+    ASSERT_EQ(
+        ParseOutcome::kRun,
+        Parse({"open",      "a", "b",        "--json", "--home",      "h",   "--library",    "l",
+               "--library", "m", "--plugin", "p",      "--log",       "c",   "--language",   "ja",
+               "--journal", "j", "--exec",   "true",   "--keep-open", "1.5", "--interactive"},
+              options, text))
         << text;
     EXPECT_THAT(options.files, testing::ElementsAre("a", "b"));
     EXPECT_THAT(options.libraries, testing::ElementsAre("l", "m"));
     EXPECT_TRUE(options.json && options.interactive);
-    EXPECT_EQ(options.home + options.plugin + options.log + options.journal, "hpcj");
-    EXPECT_EQ(options.language, "ja");
-    EXPECT_EQ(options.command, "true");
-    EXPECT_EQ(options.hold, 1.5);
+    EXPECT_EQ("hpcj", options.home + options.plugin + options.log + options.journal);
+    EXPECT_EQ("ja", options.language);
+    EXPECT_EQ("true", options.command);
+    EXPECT_EQ(1.5, options.keepOpen);
 }
 
-TEST(OptionsTest, BothCommandsTakeTheSameOptions)
+TEST(OptionsTest, OpenAndScriptHaveTheSameOptions)
 {
-    for (const OptionRow& row : kOptions) {
-        std::vector<const char*> arguments = {"run", row.name};
-        if (row.argument != nullptr) arguments.push_back(row.number != nullptr ? "1" : "de");
+    Options described;
+    const auto app = MakeCommandLine(described);
+    const auto rows = ListOptions(*app, "open");
+    EXPECT_EQ(rows.size(), ListOptions(*app, "script").size());
+    for (const CLI::Option* const row : rows) {
+        const std::string name = row->get_name();
+        std::vector<const char*> arguments = {"script", name.c_str()};
+        if (row->get_items_expected_max() > 0) {
+            arguments.push_back(row->get_option_text() == "SECONDS" ? "1" : "de");
+        }
         Options options;
         std::string text;
-        EXPECT_EQ(Parse(arguments, options, text), ParseOutcome::kRun) << row.name << text;
-        EXPECT_EQ(options.action, Command::kRun);
+        EXPECT_EQ(ParseOutcome::kRun, Parse(arguments, options, text)) << name << text;
+        EXPECT_EQ(Command::kScript, options.action);
         arguments[0] = "open";
         arguments.push_back("a");
-        EXPECT_EQ(Parse(arguments, options, text), ParseOutcome::kRun) << row.name << text;
-        EXPECT_EQ(options.action, Command::kOpen);
+        EXPECT_EQ(ParseOutcome::kRun, Parse(arguments, options, text)) << name << text;
+        EXPECT_EQ(Command::kOpen, options.action);
     }
 }
 
-TEST(OptionsTest, ASessionIsAFileOrStandardInput)
+TEST(OptionsTest, FontsHasOptionsOfItsOwn)
+{
+    Options options;
+    std::string text;
+    ASSERT_EQ(ParseOutcome::kRun,
+              Parse({"fonts", "a", "--names", "--recursive", "--timeout", "2"}, options, text))
+        << text;
+    EXPECT_EQ(Command::kFonts, options.action);
+    EXPECT_TRUE(options.names && options.recursive);
+    EXPECT_EQ(2, options.timeout);
+    EXPECT_EQ(ParseOutcome::kWrongUse, Parse({"fonts", "a", "--names", "--json"}, options, text));
+}
+
+TEST(OptionsTest, AScriptIsAFileOrStandardInput)
 {
     for (const char* const file : {"s.txt", "-"}) {
         Options options;
         std::string text;
-        ASSERT_EQ(Parse({"run", file}, options, text), ParseOutcome::kRun) << text;
-        EXPECT_EQ(options.session, file);
+        ASSERT_EQ(ParseOutcome::kRun, Parse({"script", file}, options, text)) << text;
+        EXPECT_EQ(file, options.session);
     }
     Options options;
     std::string text;
-    EXPECT_EQ(Parse({"run", "a", "b"}, options, text), ParseOutcome::kWrongUse);
+    EXPECT_EQ(ParseOutcome::kWrongUse, Parse({"script", "a", "b"}, options, text));
+}
+
+TEST(OptionsTest, TheFormerNamesWorkAndAreHidden)
+{
+    Options options;
+    std::string text;
+    ASSERT_EQ(ParseOutcome::kRun, Parse({"run", "s", "--hold", "2"}, options, text)) << text;
+    EXPECT_EQ(Command::kScript, options.action);
+    EXPECT_EQ("s", options.session);
+    EXPECT_EQ(2, options.keepOpen);
+    ASSERT_EQ(ParseOutcome::kDone, Parse({"--help"}, options, text));
+    EXPECT_THAT(text, Not(HasSubstr("run,")));
+    EXPECT_THAT(text, Not(HasSubstr(", run")));
+    ASSERT_EQ(ParseOutcome::kDone, Parse({"run", "--help"}, options, text));
+    EXPECT_THAT(text, HasSubstr("Usage: headless-host script [OPTIONS] [FILE]\n"));
+    EXPECT_THAT(text, Not(HasSubstr("--hold")));
 }
 
 TEST(OptionsTest, ALibraryDoesNotSwallowTheFiles)
@@ -70,14 +128,14 @@ TEST(OptionsTest, ALibraryDoesNotSwallowTheFiles)
     Options options;
     std::string text;
     ASSERT_EQ(
-        Parse({"open", "--library", "l", "a", "b", "--library", "m", "c", "d"}, options, text),
-        ParseOutcome::kRun)
+        ParseOutcome::kRun,
+        Parse({"open", "--library", "l", "a", "b", "--library", "m", "c", "d"}, options, text))
         << text;
     EXPECT_THAT(options.files, testing::ElementsAre("a", "b", "c", "d"));
     EXPECT_THAT(options.libraries, testing::ElementsAre("l", "m"));
 }
 
-TEST(OptionsTest, WrongUseIsToldInOneLine)
+TEST(OptionsTest, WrongUseIsReportedInOneLine)
 {
     const std::vector<std::vector<const char*>> wrong = {{},
                                                          {"open"},
@@ -85,13 +143,17 @@ TEST(OptionsTest, WrongUseIsToldInOneLine)
                                                          {"open", "a", "--nonsense"},
                                                          {"open", "a", "--language", "tlh"},
                                                          {"open", "a", "--home"},
-                                                         {"open", "a", "--hold", "-1"}};
+                                                         {"open", "a", "--keep-open", "-1"},
+                                                         {"open", "a", "--hold", "-1"},
+                                                         {"fonts", "a", "--timeout", "soon"},
+                                                         {"--man"},
+                                                         {"--readme"}};
     for (const auto& arguments : wrong) {
         Options options;
         std::string text;
-        EXPECT_EQ(Parse(arguments, options, text), ParseOutcome::kWrongUse);
+        EXPECT_EQ(ParseOutcome::kWrongUse, Parse(arguments, options, text));
         EXPECT_FALSE(text.empty());
-        EXPECT_EQ(text.find('\n'), std::string::npos) << text;
+        EXPECT_EQ(std::string::npos, text.find('\n')) << text;
     }
 }
 
@@ -99,8 +161,47 @@ TEST(OptionsTest, HelpNamesEveryOptionAndExitStatus)
 {
     Options options;
     std::string text;
-    ASSERT_EQ(Parse({"open", "--help"}, options, text), ParseOutcome::kDone);
-    for (const OptionRow& row : kOptions) EXPECT_THAT(text, testing::HasSubstr(row.name));
-    for (const ExitStatusRow& row : kExitStatuses)
-        EXPECT_THAT(text, testing::HasSubstr(row.meaning));
+    ASSERT_EQ(ParseOutcome::kDone, Parse({"open", "--help"}, options, text));
+    EXPECT_THAT(text, HasSubstr("Usage: headless-host open [OPTIONS] FILE...\n"));
+    Options described;
+    const auto app = MakeCommandLine(described);
+    for (const CLI::Option* const option : ListOptions(*app, "open")) {
+        EXPECT_THAT(text, HasSubstr(option->get_name()));
+    }
+    for (const ExitStatusRow& row : kExitStatuses) EXPECT_THAT(text, HasSubstr(row.meaning));
+}
+
+TEST(OptionsTest, TheVersionIsPrinted)
+{
+    Options options;
+    std::string text;
+    ASSERT_EQ(ParseOutcome::kDone, Parse({"--version"}, options, text));
+    EXPECT_THAT(text, testing::MatchesRegex("headless-host [0-9.]+\n"));
+}
+
+TEST(CommandPagesTest, TheReadmeOfHeadlessHostHasTheGeneratedReference)
+{
+    Options options;
+    std::ifstream stream(README_FILE);
+    const std::string readme{std::istreambuf_iterator<char>(stream), {}};
+    EXPECT_THAT(readme, EndsWith("\n" + console::WriteReadmeSection(*MakeCommandLine(options),
+                                                                    ListHelpSections())))
+        << "run: write-pages --readme headless-host README.md";
+}
+
+TEST(CommandPagesTest, TheManualPageOfHeadlessHostNamesEverything)
+{
+    Options options;
+    const auto app = MakeCommandLine(options);
+    std::string page = console::WriteManPage(*app, ListHelpSections());
+    page.erase(std::remove(page.begin(), page.end(), '\\'), page.end());
+    for (const char* const command : {"open", "script", "fonts"}) {
+        for (const CLI::Option* const option : ListOptions(*app, command)) {
+            EXPECT_THAT(page, HasSubstr(option->get_name()));
+        }
+    }
+    for (const auto& row : kActions) EXPECT_THAT(page, HasSubstr(GetUsage(row)));
+    for (const auto& row : kExpectations) EXPECT_THAT(page, HasSubstr(GetUsage(row)));
+    for (const auto& row : kExitStatuses) EXPECT_THAT(page, HasSubstr(row.meaning));
+    EXPECT_THAT(page, Not(HasSubstr("--hold")));
 }

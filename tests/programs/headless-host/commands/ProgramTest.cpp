@@ -8,6 +8,7 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "ScratchFolder.h"
 #include "application/ExitStatus.h"
 
 using testing::HasSubstr;
@@ -19,13 +20,7 @@ constexpr const char* kClosedSent =
 // Runs the program itself, with a home folder of its own.
 class Program : public testing::Test {
 protected:
-    Program()
-    {
-        std::string pattern = testing::TempDir() + "headless-program-XXXXXX";
-        folder = mkdtemp(pattern.data());
-        std::filesystem::create_directory(folder + "/core");
-    }
-    ~Program() override { std::filesystem::remove_all(folder); }
+    Program() { std::filesystem::create_directory(folder + "/core"); }
 
     int Run(const std::string& arguments, const std::string& guest = "well-behaved",
             const std::string& before = "")
@@ -56,7 +51,8 @@ protected:
             << "\n%%DocumentNeededResources: font " << font << "\n%%EndComments\n%%EOF\n";
     }
 
-    std::string folder;
+    const ScratchFolder scratch;
+    const std::string folder = scratch.Path();
     std::string output;
     std::string errors;
 };
@@ -143,7 +139,7 @@ TEST_F(Program, AnInterruptShutsDownInOrder)
 {
     WriteEps("a.eps", "F");
     // The command's parent is the program.
-    EXPECT_EQ(Run("open a.eps --journal j --hold 600 --exec 'kill -TERM $PPID; sleep 600'"),
+    EXPECT_EQ(Run("open a.eps --journal j --keep-open 600 --exec 'kill -TERM $PPID; sleep 600'"),
               headless::kInterrupted);
     const std::string journal = ReadFile("j");
     EXPECT_THAT(journal, HasSubstr(kClosedSent));

@@ -16,9 +16,8 @@ constexpr char kResponse[] = "com.corvanta.portnumberresponse";
 
 }  // namespace
 
-PanelScene::PanelScene() : mFolder(testing::TempDir() + "panel-player-XXXXXX")
+PanelScene::PanelScene()
 {
-    if (mkdtemp(mFolder.data()) == nullptr) throw std::runtime_error("no scratch folder");
     std::filesystem::create_directory(mFolder + "/Corvanta");
     if (const char* const before = getenv("XDG_STATE_HOME")) mStateBefore = before;
     setenv("XDG_STATE_HOME", mFolder.c_str(), 1);
@@ -43,8 +42,6 @@ PanelScene::~PanelScene()
     } else {
         unsetenv("XDG_STATE_HOME");
     }
-    std::error_code ignored;
-    std::filesystem::remove_all(mFolder, ignored);
 }
 
 headless::PanelAnswer PanelScene::Ask(const std::vector<nlohmann::json>& requests)

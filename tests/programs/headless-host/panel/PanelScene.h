@@ -7,6 +7,7 @@
 
 #include "OpenFramework.h"
 #include "PanelServer.h"
+#include "ScratchFolder.h"
 #include "panel/PanelPlayer.h"
 
 // What a panel finds: a bus whose other end tells the server's port, a server, and a token in a
@@ -48,6 +49,7 @@ private:
     static void Requested(const PlugPlugEvent* event, void* context);
 
     OpenFramework mBus{"PlugPlugOwl"};
-    std::string mFolder;
+    const ScratchFolder mScratch;
+    const std::string mFolder = mScratch.Path();
     std::optional<std::string> mStateBefore;
 };

@@ -7,30 +7,22 @@
 #include <fstream>
 #include <sstream>
 
+#include "ScratchFolder.h"
 #include "application/ExitStatus.h"
-#include "application/Options.h"
-#include "commands/Manual.h"
-#include "session/Actions.h"
 
 using testing::HasSubstr;
 
 // Runs sessions with the program itself.
 class SessionProgram : public testing::Test {
 protected:
-    SessionProgram()
-    {
-        std::string pattern = testing::TempDir() + "headless-session-XXXXXX";
-        folder = mkdtemp(pattern.data());
-        std::filesystem::create_directory(folder + "/core");
-    }
-    ~SessionProgram() override { std::filesystem::remove_all(folder); }
+    SessionProgram() { std::filesystem::create_directory(folder + "/core"); }
 
     // `lines` stand in the file "session".
     int Run(const std::string& lines, const std::string& arguments = "session")
     {
         std::ofstream(folder + "/session") << lines;
         const std::string command =
-            "cd '" + folder + "' && '" HEADLESS_HOST_PROGRAM "' run " + arguments + " --home '" +
+            "cd '" + folder + "' && '" HEADLESS_HOST_PROGRAM "' script " + arguments + " --home '" +
             folder + "/home' --plugin '" GUEST_FOLDER "/subscribes-all.aip' >out 2>err <session";
         const int status = std::system(command.c_str());
         output = ReadFile("out");
@@ -46,7 +38,8 @@ protected:
         return text.str();
     }
 
-    std::string folder;
+    const ScratchFolder scratch;
+    const std::string folder = scratch.Path();
     std::string output;
     std::string errors;
 };
@@ -94,22 +87,4 @@ TEST_F(SessionProgram, ASessionThatIsNotThere)
 {
     EXPECT_EQ(Run("", "none"), headless::kWrongUse);
     EXPECT_THAT(errors, HasSubstr("headless-host: none: "));
-}
-
-TEST(ManualTest, ThePageInTheFolderIsWhatTheProgramWrites)
-{
-    std::ifstream stream(README_FILE);
-    std::stringstream text;
-    text << stream.rdbuf();
-    EXPECT_EQ(text.str(), headless::WriteReadme());
-}
-
-TEST(ManualTest, TheManualPageNamesEverything)
-{
-    std::string page = headless::WriteManualPage();
-    page.erase(std::remove(page.begin(), page.end(), '\\'), page.end());
-    for (const auto& row : headless::kOptions) EXPECT_THAT(page, HasSubstr(row.name));
-    for (const auto& row : headless::kActions) EXPECT_THAT(page, HasSubstr(GetUsage(row)));
-    for (const auto& row : headless::kExpectations) EXPECT_THAT(page, HasSubstr(GetUsage(row)));
-    for (const auto& row : headless::kExitStatuses) EXPECT_THAT(page, HasSubstr(row.meaning));
 }

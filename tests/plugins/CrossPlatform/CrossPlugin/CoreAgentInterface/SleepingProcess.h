@@ -4,11 +4,11 @@
 
 #include <string>
 
-// A process of the system's own sleep program, copied to the path, whose folder must exist. It runs
-// from the constructor's end until it is ended by the destructor.
+// A running process of the system's sleep program, which is copied to `path`; its folder must
+// exist. The process runs when the constructor returns, until the destructor kills it.
 class SleepingProcess {
 public:
-    // The first argument is what the process calls itself; by default the path.
+    // ownName   the first argument (argv[0]) of the process; "" means `path`
     explicit SleepingProcess(const std::string& path, const std::string& ownName = "");
     ~SleepingProcess();
     SleepingProcess(const SleepingProcess&) = delete;

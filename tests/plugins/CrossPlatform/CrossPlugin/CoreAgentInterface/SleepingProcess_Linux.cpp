@@ -20,7 +20,7 @@ SleepingProcess::SleepingProcess(const std::string& path, const std::string& own
         _exit(127);
     }
     (void)close(ends[1]);
-    // The other end is closed by the start of the program, or of its failure.
+    // Waits until exec has closed the other end, or _exit has if exec failed.
     char byte = 0;
     (void)!read(ends[0], &byte, 1);
     (void)close(ends[0]);

@@ -6,11 +6,11 @@
 #include <unistd.h>
 
 #include "CoreTestHome.h"
-#include "plugin-core/workspace/Workspace.h"
+#include "plugin-core/services/Services.h"
 
 namespace {
 
-using plugincore::Workspace;
+using plugincore::Services;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -29,12 +29,12 @@ protected:
     {
         const pid_t child = fork();
         if (child == 0) {
-            Workspace workspace(plugincore::GetLocations());
-            (void)workspace.Start();  // what it repairs isn't asked for
-            work(workspace);
+            Services services(plugincore::GetLocations());
+            (void)services.Start();  // what it repairs isn't asked for
+            work(services);
             sqlite3_commit_hook(
-                workspace.database.GetConnection(), [](void*) { return raise(SIGKILL); }, nullptr);
-            last(workspace);
+                services.database.GetConnection(), [](void*) { return raise(SIGKILL); }, nullptr);
+            last(services);
             _exit(1);
         }
         int status = 0;
@@ -42,10 +42,10 @@ protected:
         ASSERT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL);
     }
 
-    static void DoNothing(Workspace&) {}
-    static void ActivateTwo(Workspace& workspace)
+    static void DoNothing(Services&) {}
+    static void ActivateTwo(Services& services)
     {
-        workspace.activation.Activate("/killed.ai", {"DejaVuSans", "DejaVuSerif"});
+        services.activation.Activate("/killed.ai", {"DejaVuSans", "DejaVuSerif"});
     }
 
     FontTestHome mHome;
@@ -55,8 +55,8 @@ TEST_F(KilledProcessTest, AnActivationThatWasNotCommittedIsTakenBackAtTheStart)
 {
     RunKilled(DoNothing, ActivateTwo);
     ASSERT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSans", "DejaVuSerif"));
-    Workspace workspace(plugincore::GetLocations());
-    const plugincore::Activation::Repairs repairs = workspace.Start();
+    Services services(plugincore::GetLocations());
+    const plugincore::Activation::Repairs repairs = services.Start();
     EXPECT_EQ(repairs.gonePrograms.size(), 1U);
     EXPECT_THAT(repairs.folderChanges, ElementsAre("removed group 1, which isn't in the database"));
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), IsEmpty());
@@ -65,50 +65,51 @@ TEST_F(KilledProcessTest, AnActivationThatWasNotCommittedIsTakenBackAtTheStart)
 
 TEST_F(KilledProcessTest, TheNextActivationOfAnotherProcessTakesItBackToo)
 {
-    Workspace workspace(plugincore::GetLocations());
-    (void)workspace.Start();  // nothing is there to repair
+    Services services(plugincore::GetLocations());
+    (void)services.Start();  // nothing is there to repair
     RunKilled(DoNothing, ActivateTwo);
-    const auto outcome = workspace.activation.Activate("/a.ai", {"DejaVuSansMono"});
+    const auto outcome = services.activation.Activate("/a.ai", {"DejaVuSansMono"});
     EXPECT_THAT(outcome.activated, ElementsAre("DejaVuSansMono"));
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSansMono"));
 }
 
 TEST_F(KilledProcessTest, ADeactivationThatWasNotCommittedIsFinished)
 {
-    RunKilled(ActivateTwo, [](Workspace& workspace) { workspace.activation.ReleaseAll(); });
-    Workspace workspace(plugincore::GetLocations());
-    EXPECT_THAT(workspace.activation.GetActive(), ElementsAre("DejaVuSans", "DejaVuSerif"));
-    const plugincore::Activation::Repairs repairs = workspace.Start();
+    RunKilled(ActivateTwo, [](Services& services) { services.activation.ReleaseAll(); });
+    Services services(plugincore::GetLocations());
+    EXPECT_THAT(services.activation.GetActive(), ElementsAre("DejaVuSans", "DejaVuSerif"));
+    const plugincore::Activation::Repairs repairs = services.Start();
     EXPECT_THAT(repairs.droppedHolds,
                 ElementsAre("DejaVuSans for /killed.ai", "DejaVuSerif for /killed.ai"));
-    EXPECT_THAT(workspace.activation.GetActive(), IsEmpty());
+    EXPECT_THAT(services.activation.GetActive(), IsEmpty());
     EXPECT_THAT(ListActivationFolder(mHome), IsEmpty());
 }
 
 TEST_F(KilledProcessTest, WhatAnotherProcessHoldsComesBack)
 {
-    Workspace workspace(plugincore::GetLocations());
-    (void)workspace.Start();  // nothing is there to repair
-    workspace.activation.Activate("/a.ai", {"DejaVuSansMono"});
+    Services services(plugincore::GetLocations());
+    (void)services.Start();  // nothing is there to repair
+    services.activation.Activate("/a.ai", {"DejaVuSansMono"});
     // The child takes the visible folder away and is killed before it can say so.
-    RunKilled(DoNothing, [this](Workspace& killed) {
+    RunKilled(DoNothing, [this](Services& killed) {
         std::filesystem::remove_all(mHome.GetUserFonts() / "corvanta");
         killed.activation.Hold("/b.ai", {"DejaVuSansMono"});
     });
-    const plugincore::Activation::Repairs repairs = workspace.activation.RepairIfNeeded();
+    const plugincore::Activation::Repairs repairs = services.activation.RepairIfNeeded();
     EXPECT_THAT(repairs.folderChanges, ElementsAre("restored group 1, 1 file"));
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSansMono"));
-    EXPECT_TRUE(workspace.activation.RepairIfNeeded().IsEmpty());
+    EXPECT_TRUE(services.activation.RepairIfNeeded().IsEmpty());
 }
 
 TEST_F(KilledProcessTest, ItsBlankDocumentsAreForgotten)
 {
-    Workspace workspace(plugincore::GetLocations());
-    (void)workspace.Start();  // nothing is there to repair
+    Services services(plugincore::GetLocations());
+    (void)services.Start();  // nothing is there to repair
     std::string id;
-    RunKilled([](Workspace& killed) { EXPECT_NE(killed.documents.AddBlank(), ""); }, ActivateTwo);
-    EXPECT_EQ(workspace.activation.RepairIfNeeded().gonePrograms.size(), 1U);
-    plugincore::Statement blanks(workspace.database, "SELECT COUNT(*) FROM document");
+    RunKilled([](Services& killed) { EXPECT_NE(killed.documentStore.AddBlank(), ""); },
+              ActivateTwo);
+    EXPECT_EQ(services.activation.RepairIfNeeded().gonePrograms.size(), 1U);
+    plugincore::Statement blanks(services.database, "SELECT COUNT(*) FROM document");
     ASSERT_TRUE(blanks.Step());
     EXPECT_EQ(blanks.GetNumber(0), 0);
 }
@@ -117,7 +118,7 @@ TEST_F(KilledProcessTest, IdleTimeFindsThatAProcessIsGone)
 {
     const Framework core;
     ASSERT_TRUE(core.Start());
-    RunKilled(ActivateTwo, [](Workspace&) { raise(SIGKILL); });
+    RunKilled(ActivateTwo, [](Services&) { raise(SIGKILL); });
     ASSERT_FALSE(FontTestHome::ListOfOtherProcess().empty());
     while (!FontTestHome::ListOfOtherProcess().empty()) ASSERT_EQ(core.pIdleEvent(), 0U);
     EXPECT_THAT(ListActivationFolder(mHome), IsEmpty());
@@ -126,51 +127,51 @@ TEST_F(KilledProcessTest, IdleTimeFindsThatAProcessIsGone)
 
 TEST_F(KilledProcessTest, AChangeThatFailsLeavesFolderAndTablesAsTheyWere)
 {
-    Workspace workspace(plugincore::GetLocations());
-    (void)workspace.Start();  // nothing is there to repair
-    workspace.activation.Activate("/a.ai", {"DejaVuSans"});
+    Services services(plugincore::GetLocations());
+    (void)services.Start();  // nothing is there to repair
+    services.activation.Activate("/a.ai", {"DejaVuSans"});
     bool fails = true;
     const auto refuse = [](void* wanted) {
         const bool isWanted = *static_cast<bool*>(wanted);
         *static_cast<bool*>(wanted) = false;
         return isWanted ? 1 : 0;
     };
-    sqlite3_commit_hook(workspace.database.GetConnection(), refuse, &fails);
-    EXPECT_THROW(workspace.activation.Release("/a.ai"), plugincore::Failure);
+    sqlite3_commit_hook(services.database.GetConnection(), refuse, &fails);
+    EXPECT_THROW(services.activation.Release("/a.ai"), plugincore::Failure);
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSans"));
     fails = true;
-    EXPECT_THROW(workspace.activation.Activate("/b.ai", {"DejaVuSerif"}), plugincore::Failure);
+    EXPECT_THROW(services.activation.Activate("/b.ai", {"DejaVuSerif"}), plugincore::Failure);
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSans"));
-    workspace.activation.Release("/a.ai");
+    services.activation.Release("/a.ai");
     EXPECT_THAT(ListActivationFolder(mHome), IsEmpty());
 }
 
 TEST_F(KilledProcessTest, AProgramThatHasEndedIsNoLongerListed)
 {
-    Workspace workspace(plugincore::GetLocations());
-    (void)workspace.Start("first name");  // nothing is there to repair
-    EXPECT_EQ(workspace.programs.List().size(), 1U);
-    EXPECT_THAT(workspace.programs.Describe(workspace.programs.List()[0].identity),
+    Services services(plugincore::GetLocations());
+    (void)services.Start("first name");  // nothing is there to repair
+    EXPECT_EQ(services.programs.List().size(), 1U);
+    EXPECT_THAT(services.programs.Describe(services.programs.List()[0].identity),
                 testing::StartsWith("first name (process "));
-    workspace.Stop();
-    EXPECT_TRUE(workspace.programs.List().empty());
+    services.Stop();
+    EXPECT_TRUE(services.programs.List().empty());
 }
 
 TEST_F(KilledProcessTest, ANameThatIsToBeAloneIsGivenOnceAndAgainAfterAKill)
 {
-    Workspace workspace(plugincore::GetLocations());
-    RunKilled([](Workspace& killed) { EXPECT_FALSE(killed.programs.EnterAlone("alone")); },
+    Services services(plugincore::GetLocations());
+    RunKilled([](Services& killed) { EXPECT_FALSE(killed.programs.EnterAlone("alone")); },
               ActivateTwo);
-    EXPECT_FALSE(workspace.programs.EnterAlone("alone"));
+    EXPECT_FALSE(services.programs.EnterAlone("alone"));
     const pid_t child = fork();
     if (child == 0) {
-        Workspace second(plugincore::GetLocations());
+        Services second(plugincore::GetLocations());
         _exit(second.programs.EnterAlone("alone") ? 0 : 1);
     }
     int status = -1;
     EXPECT_EQ(waitpid(child, &status, 0), child);
     EXPECT_EQ(status, 0);
-    workspace.programs.Leave();
+    services.programs.Leave();
 }
 
 }  // namespace

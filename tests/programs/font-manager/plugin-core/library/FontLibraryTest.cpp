@@ -5,8 +5,8 @@
 
 #include "FontTestHome.h"
 #include "plugin-core/library/LibraryFolders.h"
-#include "plugin-core/storage/StatusCodes.h"
-#include "plugin-core/workspace/DocumentStore.h"
+#include "plugin-core/services/DocumentStore.h"
+#include "plugin-core/storage/Failure.h"
 
 namespace fs = std::filesystem;
 using plugincore::Database;

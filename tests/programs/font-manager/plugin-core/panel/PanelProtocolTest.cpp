@@ -8,7 +8,7 @@
 namespace fs = std::filesystem;
 using nlohmann::json;
 using plugincore::PanelProtocol;
-using plugincore::Workspace;
+using plugincore::Services;
 
 namespace {
 
@@ -24,9 +24,9 @@ protected:
         FontTestHome::CopyFont("DejaVuSerif", mHome.GetLibrary() / "House");
         FontTestHome::CopyFont("DejaVuSans-Bold", mHome.GetLibrary() / "House");
         FontTestHome::CopyFont("DejaVuSans-Bold", mHome.GetUserFonts());
-        mWorkspace.Start();
+        mServices.Start();
     }
-    void TearDown() override { mWorkspace.Stop(); }
+    void TearDown() override { mServices.Stop(); }
 
     json Ask(const json& request) { return json::parse(mProtocol.Serve(request.dump()).line); }
     json Activate(const std::vector<std::string>& names)
@@ -39,8 +39,8 @@ protected:
     }
 
     FontTestHome mHome;
-    Workspace mWorkspace{plugincore::GetLocations()};
-    PanelProtocol mProtocol{mWorkspace};
+    Services mServices{plugincore::GetLocations()};
+    PanelProtocol mProtocol{mServices};
 };
 
 TEST_F(PanelProtocolTest, ListsLibraries)
@@ -49,7 +49,7 @@ TEST_F(PanelProtocolTest, ListsLibraries)
     const json library = {{"name", "House"}, {"path", house}, {"selected", false}, {"fonts", 2}};
     EXPECT_EQ(Ask({{"op", "libraries"}, {"id", "x"}}),
               json({{"ok", true}, {"id", "x"}, {"libraries", json::array({library})}}));
-    mWorkspace.folders.Select(house);
+    mServices.folders.Select(house);
     EXPECT_EQ(Ask({{"op", "libraries"}}).at("libraries")[0].at("selected"), true);
 }
 
@@ -75,7 +75,7 @@ TEST_F(PanelProtocolTest, ListsAPageOfOneLibrary)
 
 TEST_F(PanelProtocolTest, FontsAreThoseOfTheSelectedLibrary)
 {
-    mWorkspace.folders.Select(mHome.GetLibrary() / "House");
+    mServices.folders.Select(mHome.GetLibrary() / "House");
     EXPECT_EQ(Ask(json::object({{"op", "fonts"}})).at("total"), 2);
     EXPECT_EQ(Activate({"DejaVuSans"}).at("missing"), json({"DejaVuSans"}));
 }
@@ -98,21 +98,21 @@ TEST_F(PanelProtocolTest, ActivatesAndDeactivates)
 
 TEST_F(PanelProtocolTest, WhatADocumentHoldsStaysActive)
 {
-    mWorkspace.activation.Activate("/a.ai", {"DejaVuSans"});
+    mServices.activation.Activate("/a.ai", {"DejaVuSans"});
     EXPECT_EQ(Deactivate({"DejaVuSans"}).at("notActivated"), json({"DejaVuSans"}));
     EXPECT_EQ(Activate({"DejaVuSans"}).at("alreadyActive"), json({"DejaVuSans"}));
     EXPECT_EQ(Deactivate({"DejaVuSans"}).at("held"), json({"DejaVuSans"}));
-    EXPECT_THAT(mWorkspace.activation.GetActive(), ElementsAre("DejaVuSans"));
+    EXPECT_THAT(mServices.activation.GetActive(), ElementsAre("DejaVuSans"));
 }
 
 TEST_F(PanelProtocolTest, WhatThePanelHoldsOutlivesADocument)
 {
-    mWorkspace.activation.Activate("/a.ai", {"DejaVuSans"});
+    mServices.activation.Activate("/a.ai", {"DejaVuSans"});
     Activate({"DejaVuSans"});
-    mWorkspace.activation.Release("/a.ai");
-    EXPECT_THAT(mWorkspace.activation.GetActive(), ElementsAre("DejaVuSans"));
-    mWorkspace.Stop();
-    EXPECT_THAT(mWorkspace.activation.GetActive(), IsEmpty());
+    mServices.activation.Release("/a.ai");
+    EXPECT_THAT(mServices.activation.GetActive(), ElementsAre("DejaVuSans"));
+    mServices.Stop();
+    EXPECT_THAT(mServices.activation.GetActive(), IsEmpty());
 }
 
 TEST_F(PanelProtocolTest, WrongRequestsAreAnsweredWithTheReason)

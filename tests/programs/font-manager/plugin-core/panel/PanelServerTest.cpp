@@ -13,7 +13,7 @@
 
 using plugincore::PanelProtocol;
 using plugincore::PanelServer;
-using plugincore::Workspace;
+using plugincore::Services;
 
 namespace {
 
@@ -27,9 +27,9 @@ protected:
     void SetUp() override
     {
         FontTestHome::CopyFont("DejaVuSans", mHome.GetLibrary());
-        mWorkspace.Start();
+        mServices.Start();
     }
-    void TearDown() override { mWorkspace.Stop(); }
+    void TearDown() override { mServices.Stop(); }
 
     void Tick(int times = 1)
     {
@@ -94,8 +94,8 @@ protected:
     }
 
     FontTestHome mHome;
-    Workspace mWorkspace{plugincore::GetLocations()};
-    PanelProtocol mProtocol{mWorkspace};
+    Services mServices{plugincore::GetLocations()};
+    PanelProtocol mProtocol{mServices};
     int64_t mNow = 1000;
     std::string mToken = std::string(64, 'a');
     PanelServer mServer{mProtocol, mToken, [this] { return mNow; }};
@@ -141,7 +141,7 @@ TEST_F(PanelServerTest, WhatFollowsARefusedLineIsNotServed)
     const std::string activate = "{\"op\":\"activate\",\"fonts\":[\"DejaVuSans\"]}\n";
     EXPECT_EQ(Exchange(peer, "rubbish\n" + MakeTokenLine() + activate, kRefusal), kRefusal);
     EXPECT_TRUE(IsClosed(peer));
-    EXPECT_TRUE(mWorkspace.activation.GetActive().empty());
+    EXPECT_TRUE(mServices.activation.GetActive().empty());
 }
 
 TEST_F(PanelServerTest, NothingIsSaidBeforeTheFirstLineHasEnded)
@@ -274,7 +274,7 @@ TEST_F(PanelServerTest, ASubscriberThatDoesNotReadIsDropped)
     PanelPeer peer(mServer.GetPort());
     ASSERT_EQ(Present(peer), kWelcome);
     Subscribe(peer);
-    mWorkspace.database.Execute("INSERT INTO active_group(id) VALUES(99)");
+    mServices.database.Execute("INSERT INTO active_group(id) VALUES(99)");
     // Stands for the many fonts of a large library.
     const std::string add =
         "INSERT INTO active_file VALUES('/many', 'many', 99);"
@@ -282,7 +282,7 @@ TEST_F(PanelServerTest, ASubscriberThatDoesNotReadIsDropped)
         " INSERT INTO active_face SELECT hex(zeroblob(120)) || i, '/many' FROM n";
     int rounds = 0;
     for (; rounds < 200 && mServer.GetClientCount() != 0; ++rounds) {
-        mWorkspace.database.Execute(rounds % 2 == 0 ? add : "DELETE FROM active_file");
+        mServices.database.Execute(rounds % 2 == 0 ? add : "DELETE FROM active_file");
         Tick();
     }
     EXPECT_GT(rounds, 2);
@@ -296,13 +296,13 @@ TEST_F(PanelServerTest, SubscribersAreToldOfFontsAndLibraries)
     ASSERT_EQ(Present(subscriber), kWelcome);
     ASSERT_EQ(Present(other), kWelcome);
     Subscribe(subscriber);
-    mWorkspace.activation.Activate("/a.ai", {"DejaVuSans"});
-    mProtocol.NoteLibraries();
+    mServices.activation.Activate("/a.ai", {"DejaVuSans"});
+    mProtocol.AnnounceLibraryChange();
     std::string events =
         "{\"event\":\"libraries\"}\n"
         "{\"activated\":[\"DejaVuSans\"],\"deactivated\":[],\"event\":\"fonts\"}\n";
     EXPECT_EQ(Hear(subscriber, events), events);
-    mWorkspace.activation.Release("/a.ai");
+    mServices.activation.Release("/a.ai");
     events = "{\"activated\":[],\"deactivated\":[\"DejaVuSans\"],\"event\":\"fonts\"}\n";
     EXPECT_EQ(Hear(subscriber, events), events);
     EXPECT_EQ(other.Receive(), "");
@@ -313,7 +313,7 @@ TEST_F(PanelServerTest, ASubscriberHearsOfAnotherProcess)
     PanelPeer subscriber(mServer.GetPort());
     ASSERT_EQ(Present(subscriber), kWelcome);
     Subscribe(subscriber);
-    Workspace other(plugincore::GetLocations());
+    Services other(plugincore::GetLocations());
     other.Start();
     other.activation.Activate("/a.ai", {"DejaVuSans"});
     const std::string event =
@@ -384,7 +384,7 @@ TEST_F(PanelServerTest, AThousandHostileClientsChangeNothing)
     }
     for (PanelPeer& peer : peers) EXPECT_THAT(peer.Receive(), testing::AnyOf("", kRefusal));
     EXPECT_EQ(Exchange(panel, list, fonts), fonts);
-    EXPECT_TRUE(mWorkspace.activation.GetActive().empty());
+    EXPECT_TRUE(mServices.activation.GetActive().empty());
     peers.clear();
     EXPECT_EQ(CountClients(1), 1U);
 }

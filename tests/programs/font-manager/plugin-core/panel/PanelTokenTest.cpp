@@ -9,7 +9,7 @@
 
 #include "CoreSession.h"
 #include "PanelPeer.h"
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/storage/Failure.h"
 
 namespace fs = std::filesystem;
 using plugincore::LoadOrMakePanelToken;

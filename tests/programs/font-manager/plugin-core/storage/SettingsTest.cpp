@@ -6,7 +6,7 @@
 #include <iterator>
 
 #include "CoreTestHome.h"
-#include "plugin-core/storage/StatusCodes.h"
+#include "plugin-core/storage/Failure.h"
 
 using plugincore::Settings;
 

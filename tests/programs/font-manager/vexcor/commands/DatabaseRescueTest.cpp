@@ -18,7 +18,7 @@ protected:
     fs::path mFile = mHome.GetPath() / "state/fonts.db";
 };
 
-TEST_F(DatabaseRescueTest, AWholeDatabaseAndAMissingOneHaveNoDamage)
+TEST_F(DatabaseRescueTest, AnIntactDatabaseAndAMissingOneHaveNoDamage)
 {
     EXPECT_THAT(vexcor::FindDamage(mFile), IsEmpty());
     EXPECT_FALSE(fs::exists(mFile));
@@ -32,17 +32,17 @@ TEST_F(DatabaseRescueTest, AFileOfAnotherKindIsDamaged)
     EXPECT_THAT(vexcor::FindDamage(mFile), HasSubstr(mFile.string()));
 }
 
-TEST_F(DatabaseRescueTest, WhatIsPutAsideKeepsItsBytesAndTakesItsLogWithIt)
+TEST_F(DatabaseRescueTest, WhatIsQuarantineKeepsItsBytesAndTakesItsLogWithIt)
 {
     FontTestHome::WriteFile(mFile, "first");
     FontTestHome::WriteFile(mFile.string() + "-wal", "log");
-    const fs::path aside = vexcor::PutAside(mFile);
-    EXPECT_EQ(aside, mFile.string() + ".damaged-1");
-    EXPECT_TRUE(fs::exists(aside));
-    EXPECT_TRUE(fs::exists(aside.string() + "-wal"));
+    const fs::path renamed = vexcor::Quarantine(mFile);
+    EXPECT_EQ(mFile.string() + ".damaged-1", renamed);
+    EXPECT_TRUE(fs::exists(renamed));
+    EXPECT_TRUE(fs::exists(renamed.string() + "-wal"));
     EXPECT_FALSE(fs::exists(mFile) || fs::exists(mFile.string() + "-wal"));
     FontTestHome::WriteFile(mFile, "second");
-    EXPECT_EQ(vexcor::PutAside(mFile), mFile.string() + ".damaged-2");
+    EXPECT_EQ(mFile.string() + ".damaged-2", vexcor::Quarantine(mFile));
 }
 
 }  // namespace

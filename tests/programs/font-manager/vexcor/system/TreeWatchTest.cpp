@@ -11,7 +11,7 @@ namespace {
 
 class TreeWatchTest : public testing::Test {
 protected:
-    // The kernel has an event ready when the call that makes it returns.
+    // The kernel queues an event before the call that causes it returns.
     bool HasChanged() { return mWatch.TakeChanges(); }
     void Watch() { mWatch.Watch({mFolder.string()}); }
 
@@ -20,14 +20,14 @@ protected:
     TreeWatch mWatch;
 };
 
-TEST_F(TreeWatchTest, NothingHappensInAFolderThatIsLeftAlone)
+TEST_F(TreeWatchTest, AnUntouchedFolderHasNoChange)
 {
     Watch();
     EXPECT_FALSE(HasChanged());
-    EXPECT_EQ(mWatch.GetProblem(), "");
+    EXPECT_EQ("", mWatch.GetProblem());
 }
 
-TEST_F(TreeWatchTest, SeesFilesThatComeChangeMoveAndGo)
+TEST_F(TreeWatchTest, SeesFilesCreatedWrittenRenamedAndRemoved)
 {
     Watch();
     FontTestHome::WriteFile(mFolder / "a", "1");
@@ -41,7 +41,7 @@ TEST_F(TreeWatchTest, SeesFilesThatComeChangeMoveAndGo)
     EXPECT_TRUE(HasChanged());
 }
 
-TEST_F(TreeWatchTest, SeesWhatIsFarBelowAndWhatComesLater)
+TEST_F(TreeWatchTest, SeesChangesInSubfoldersOldAndNew)
 {
     fs::create_directories(mFolder / "a/b");
     Watch();
@@ -54,16 +54,16 @@ TEST_F(TreeWatchTest, SeesWhatIsFarBelowAndWhatComesLater)
     EXPECT_TRUE(HasChanged());
 }
 
-TEST_F(TreeWatchTest, AFolderThatIsNotWatchedAnyMoreTellsNothing)
+TEST_F(TreeWatchTest, AFolderThatIsNoLongerWatchedHasNoChange)
 {
     Watch();
     mWatch.Watch({(mHome.GetPath() / "other").string()});
-    (void)HasChanged();  // the end of a watch is an event, too
+    (void)HasChanged();  // the end of a watch is an event as well
     FontTestHome::WriteFile(mFolder / "a", "1");
     EXPECT_FALSE(HasChanged());
 }
 
-TEST_F(TreeWatchTest, TellsThatAMissingFolderHasCome)
+TEST_F(TreeWatchTest, SeesThatAMissingFolderWasCreated)
 {
     const fs::path later = mHome.GetPath() / "later";
     mWatch.Watch({later.string()});
@@ -72,7 +72,7 @@ TEST_F(TreeWatchTest, TellsThatAMissingFolderHasCome)
     EXPECT_TRUE(mWatch.HasMissingFolderCome());
 }
 
-TEST_F(TreeWatchTest, AFolderThatGoesAndComesAgainIsWatchedAgain)
+TEST_F(TreeWatchTest, AFolderRemovedAndCreatedAgainIsWatchedAgain)
 {
     Watch();
     fs::remove_all(mFolder);

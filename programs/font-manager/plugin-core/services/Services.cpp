@@ -1,0 +1,111 @@
+#include "plugin-core/services/Services.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "fonts/ActiveFonts.h"
+#include "plugin-core/storage/ErrorLog.h"
+
+namespace fs = std::filesystem;
+
+namespace plugincore {
+namespace {
+
+// fontconfig tells a file by the folder as it is configured, which may lead to ours by a link.
+bool IsBelow(const std::string& file, const fs::path& folder)
+{
+    const std::string prefix = folder.lexically_normal().string() + "/";
+    if (file.compare(0, prefix.size(), prefix) == 0) return true;
+    if (file.find("/" + folder.filename().string() + "/") == std::string::npos) return false;
+    std::error_code error;
+    const std::string real = fs::weakly_canonical(folder, error).string() + "/";
+    const std::string realFile = fs::weakly_canonical(fs::path(file).parent_path(), error).string();
+    return !error && realFile.compare(0, real.size(), real) == 0;
+}
+
+// Only those that the user named can be missing by mistake.
+void ReportMissingLibraries(const Locations& locations)
+{
+    if (locations.librariesAreDefault) return;
+    for (const std::string& folder : locations.libraries) {
+        std::error_code error;
+        if (fs::is_directory(folder, error)) continue;
+        LogError(folder + ": no font library: " + (error ? error.message() : "not a folder"));
+    }
+}
+
+}  // namespace
+
+Services::Services(const Locations& places)
+    : locations(places),
+      database(locations.database),
+      folders(database, locations.libraries),
+      library(database, {}),
+      programs(database, GetIdentityOfThisProcess()),
+      activation(database, library, programs, ActivationFolder(locations.activationFolder),
+                 GetIdentityOfThisProcess()),
+      documentStore(database, GetIdentityOfThisProcess())
+{
+}
+
+Activation::Repairs Services::Start(const std::string& programName)
+{
+    programs.Enter(programName);
+    ApplyLibraryChoice();
+    Activation::Repairs repairs = activation.Repair();
+    documentStore.ForgetBlanks();
+    ReportMissingLibraries(locations);
+    library.Refresh();
+    return repairs;
+}
+
+void Services::Stop()
+{
+    activation.ReleaseAll();
+    documentStore.ForgetBlanks();
+    programs.Leave();
+}
+
+void Services::ApplyLibraryChoice()
+{
+    library.SetFolders(folders.GetFolders());
+    library.SetSelection(folders.GetSelected());
+}
+
+Services::ActiveNames Services::ListActive() const
+{
+    ActiveNames names;
+    for (const auto& [name, active] : ListActiveFiles()) {
+        (active.isOurs ? names.ours : names.others).insert(name);
+    }
+    return names;
+}
+
+std::multimap<std::string, Services::ActiveFile> Services::ListActiveFiles() const
+{
+    std::multimap<std::string, ActiveFile> files;
+    const fs::path& folder = activation.GetFolder().GetPath();
+    for (const fonts::ActiveFont& font : fonts::ListActiveFonts()) {
+        files.insert({font.postScriptName, {font.file, IsBelow(font.file, folder)}});
+    }
+    return files;
+}
+
+std::vector<std::string> Services::SelectFromLibrary(const std::vector<std::string>& names)
+{
+    ApplyLibraryChoice();
+    const auto isKnown = [this](const std::string& name) { return library.Find(name).has_value(); };
+    if (!std::all_of(names.begin(), names.end(), isKnown)) library.Refresh();
+    std::vector<std::string> found;
+    std::copy_if(names.begin(), names.end(), std::back_inserter(found), isKnown);
+    return found;
+}
+
+std::string JoinNames(const std::vector<std::string>& names)
+{
+    std::string text;
+    for (const std::string& name : names) text += (text.empty() ? "" : ", ") + name;
+    return text;
+}
+
+}  // namespace plugincore

@@ -1,0 +1,164 @@
+#include "commands/CommandLine.h"
+
+#include <CLI/CLI.hpp>
+
+#include "application/ExitStatus.h"
+#include "application/MissingFontsDialog.h"
+#include "session/Actions.h"
+
+namespace headless {
+
+namespace {
+
+constexpr double kLongestSeconds = 86400;
+
+constexpr char kJsonHelp[] = "Write JSON, one object per file and line";
+
+constexpr char kScriptText[] =
+    "A script has one action per line. Words are separated by spaces; spaces within double or "
+    "single quotes belong to the word. A word that begins with # starts a comment, which ends "
+    "with the line. A wrong line ends the script; an expectation that is not met does not. Without "
+    "a file, or with -, the lines are read from standard input; on a terminal there is a prompt "
+    "with history and completion.";
+
+CLI::App& AddCommand(CLI::App& app, const char* name, const char* help, Command command,
+                     Options& options)
+{
+    return *app.add_subcommand(name, help)->callback([command, &options] {
+        options.action = command;
+    });
+}
+
+void AddFiles(CLI::App& command, Options& options)
+{
+    command.add_option("FILE", options.files, "The documents")->required()->option_text("...");
+}
+
+void AddHostOptions(CLI::App& command, Options& options)
+{
+    std::vector<std::string> languages;
+    for (const HostLanguage& language : kHostLanguages) languages.emplace_back(language.tag);
+    const CLI::Range seconds(0.0, kLongestSeconds);
+
+    command.add_flag("--json", options.json, kJsonHelp);
+    command
+        .add_option("--home", options.home,
+                    "Use DIR as home folder, with the settings, caches and active fonts in it")
+        ->option_text("DIR");
+    command
+        .add_option("--library", options.libraries,
+                    "Look for fonts in DIR; may be given several times")
+        ->option_text("DIR")
+        ->expected(1)
+        ->take_all()
+        ->allow_extra_args(false);
+    command
+        .add_option("--plugin", options.plugin,
+                    "Load this plug-in: a folder X.aip, or the module itself")
+        ->option_text("PATH");
+    command
+        .add_option("--frameworks", options.frameworks,
+                    "Load the host's private frameworks, PlugPlugOwl.framework and others, from "
+                    "DIR (default: Frameworks beside the program's folder)")
+        ->option_text("DIR");
+    command
+        .add_option("--language", options.language,
+                    "Language of the host's dialogs: en, es, fr, it, de or ja (default: en)")
+        ->option_text("TAG")
+        ->check(CLI::IsMember(languages));
+    command
+        .add_option("--journal", options.journal,
+                    "Write every message and call to FILE, one JSON object per line")
+        ->option_text("FILE");
+    command.add_option("--log", options.log, "Append messages to FILE (time, name, level, text)")
+        ->option_text("FILE");
+    command
+        .add_option("--exec", options.command,
+                    "Run COMMAND in the shell while each document is open; the environment "
+                    "variable DOCUMENT is its path")
+        ->option_text("COMMAND");
+    command
+        .add_option("--keep-open", options.keepOpen,
+                    "Keep documents open for SECONDS before closing them")
+        ->option_text("SECONDS")
+        ->check(seconds);
+    // The former name, for existing scripts.
+    command.add_option("--hold", options.keepOpen)->check(seconds)->group("");
+    command.add_flag("--interactive", options.interactive,
+                     "Ask on the terminal which fonts to activate");
+}
+
+void AddFontsOptions(CLI::App& command, Options& options)
+{
+    CLI::Option* const json = command.add_flag("--json", options.json, kJsonHelp);
+    command.add_flag("--names", options.names, "Write only the names of the fonts, each once")
+        ->excludes(json);
+    command.add_flag("--recursive", options.recursive,
+                     "Read the documents in folders and in their subfolders");
+    command
+        .add_option("--timeout", options.timeout, "Give up on a file after SECONDS (default: 30)")
+        ->option_text("SECONDS")
+        ->check(CLI::Range(0.0, kLongestSeconds));
+}
+
+console::HelpSection GetExitStatusSection()
+{
+    console::HelpSection section{"Exit status", "If several apply, the greatest is returned.", {}};
+    for (const ExitStatusRow& row : kExitStatuses) {
+        section.rows.push_back({std::to_string(row.status), row.meaning});
+    }
+    return section;
+}
+
+}  // namespace
+
+std::unique_ptr<CLI::App> MakeCommandLine(Options& options)
+{
+    auto app = std::make_unique<CLI::App>(
+        "Opens documents as a design program with the font plug-in would.", "headless-host");
+    const std::string statuses = console::FormatSection(GetExitStatusSection());
+    app->require_subcommand(1);
+    app->footer(statuses);
+    app->set_version_flag("--version", "headless-host " HEADLESS_HOST_VERSION,
+                          "Print the version and exit");
+    console::HideAliases(*app);
+
+    CLI::App& open =
+        AddCommand(*app, "open", "Open documents and report their fonts", Command::kOpen, options);
+    AddFiles(open, options);
+    AddHostOptions(open, options);
+
+    CLI::App& script =
+        AddCommand(*app, "script", "Run a script, one action per line", Command::kScript, options);
+    script.alias("run");
+    script.add_option("FILE", options.session, "The script; standard input if absent or -")
+        ->option_text(" ");
+    AddHostOptions(script, options);
+    script.footer("Actions:\n" + DescribeActions() + "\n" + statuses);
+
+    CLI::App& fonts =
+        AddCommand(*app, "fonts", "Report the fonts of documents, without the plug-in",
+                   Command::kFonts, options);
+    AddFiles(fonts, options);
+    AddFontsOptions(fonts, options);
+    return app;
+}
+
+std::vector<console::HelpSection> ListHelpSections()
+{
+    console::HelpSection actions{"Scripts", kScriptText, {}};
+    for (const ActionRow& row : kActions) actions.rows.push_back({GetUsage(row), row.help});
+    console::HelpSection expectations{"Expectations", "What the action `expect` checks.", {}};
+    for (const ExpectRow& row : kExpectations) {
+        expectations.rows.push_back({GetUsage(row), row.help});
+    }
+    return {actions, expectations, GetExitStatusSection()};
+}
+
+console::ParseOutcome ParseCommandLine(int argc, const char* const* argv, Options& options,
+                                       std::string& text)
+{
+    return console::ParseCommandLine(*MakeCommandLine(options), argc, argv, text);
+}
+
+}  // namespace headless

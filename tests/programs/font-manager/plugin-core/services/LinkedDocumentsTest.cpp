@@ -1,0 +1,162 @@
+#include "plugin-core/services/LinkedDocuments.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "CoreSession.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+class LinkedDocumentsTest : public testing::Test {
+protected:
+    std::string Open(const std::string& fontsJson) const
+    {
+        return CaptureErrors(
+            [&] { EXPECT_EQ(mSession.core.OpenAndActivate(mDocument, fontsJson), 0U); });
+    }
+    std::string Save(const std::vector<std::string>& linked) const
+    {
+        return CaptureErrors([&] {
+            const std::string usage = MakeUsage({"DejaVuSans"}, linked);
+            EXPECT_EQ(mSession.core.pHandleSaveDocument(mDocument.c_str(), usage.c_str()), 0U);
+        });
+    }
+    void Close() const { EXPECT_EQ(mSession.core.pHandleCloseDocument(mDocument.c_str(), ""), 0U); }
+
+    CoreSession mSession;
+    fs::path mFolder = mSession.home.GetPath() / "art";
+    fs::path mDocument = mFolder / "page.eps";
+};
+
+TEST_F(LinkedDocumentsTest, TheFontsOfPlacedFilesComeAndGoWithTheDocument)
+{
+    WriteEps(mDocument, {"DejaVuSans"}, {"logos/logo.eps"});
+    WriteEps(mFolder / "logos/logo.eps", {"DejaVuSerif"}, {mFolder / "deep.EPS"});
+    WriteEps(mFolder / "deep.EPS", {"DejaVuSansMono"});
+    EXPECT_EQ(Open(""), "");
+    EXPECT_THAT(FontTestHome::ListOfOtherProcess(),
+                ElementsAre("DejaVuSans", "DejaVuSansMono", "DejaVuSerif"));
+    Close();
+    EXPECT_THAT(FontTestHome::ListOfOtherProcess(), IsEmpty());
+}
+
+TEST_F(LinkedDocumentsTest, TheFontsOfTheTextStandBeforeThoseOfPlacedFiles)
+{
+    WriteEps(mDocument, {"DejaVuSerif"}, {"a.eps"});
+    WriteEps(mFolder / "a.eps", {"DejaVuSans", "DejaVuSerif"});
+    EXPECT_EQ(mSession.core.Open(mDocument, ""),
+              "{\"DocumentFonts\":[{\"PostScriptName\":\"DejaVuSerif\"},"
+              "{\"PostScriptName\":\"DejaVuSans\"}]}");
+}
+
+TEST_F(LinkedDocumentsTest, TheSecondLookAtTheDocumentKeepsThem)
+{
+    WriteEps(mDocument, {"DejaVuSans"}, {"a.eps"});
+    WriteEps(mFolder / "a.eps", {"DejaVuSerif"});
+    Open("");
+    EXPECT_EQ(mSession.core.Open(mDocument, MakeFontList({"DejaVuSans"})), "");
+    EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSans", "DejaVuSerif"));
+}
+
+TEST_F(LinkedDocumentsTest, ASaveTakesThePlacedFilesOfTheUsage)
+{
+    WriteEps(mDocument, {"DejaVuSans"});
+    WriteEps(mFolder / "a.eps", {"DejaVuSerif"});
+    Open("");
+    EXPECT_EQ(Save({mFolder / "a.eps"}), "");
+    EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSans", "DejaVuSerif"));
+    EXPECT_EQ(Save({}), "");
+    EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSans"));
+}
+
+TEST_F(LinkedDocumentsTest, AMissingFileIsToldOnce)
+{
+    WriteEps(mDocument, {"DejaVuSans"}, {"gone.ai"});
+    const std::string line = "PluginCore: " + mDocument.string() + ": the placed " +
+                             (mFolder / "gone.ai").string() +
+                             " can't be looked into: no such file\n";
+    EXPECT_EQ(Open(""), line);
+    EXPECT_EQ(Open(MakeFontList({"DejaVuSans"})), "");
+    EXPECT_EQ(Save({"gone.ai"}), "");
+    Close();
+    EXPECT_EQ(Open(""), "");
+    EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSans"));
+}
+
+TEST_F(LinkedDocumentsTest, FilesThatPlaceEachOtherAreToldOnceAndReadToTheEnd)
+{
+    WriteEps(mDocument, {}, {"a.eps", "b.eps"});
+    WriteEps(mFolder / "a.eps", {"DejaVuSans"}, {"b.eps", "page.eps"});
+    WriteEps(mFolder / "b.eps", {"DejaVuSerif"}, {"a.eps"});
+    EXPECT_EQ(Open(""), "PluginCore: " + mDocument.string() + ": the placed " +
+                            (mFolder / "a.eps").string() + " is placed inside itself\n" +
+                            "PluginCore: " + mDocument.string() + ": the placed " +
+                            mDocument.string() + " is placed inside itself\n");
+    EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSans", "DejaVuSerif"));
+    EXPECT_EQ(Open(""), "");
+}
+
+TEST_F(LinkedDocumentsTest, AFileThatIsPlacedTwiceIsNoCycle)
+{
+    WriteEps(mDocument, {}, {"a.eps", "a.eps", "b.eps"});
+    WriteEps(mFolder / "a.eps", {"DejaVuSans"});
+    WriteEps(mFolder / "b.eps", {}, {"a.eps"});
+    EXPECT_EQ(Open(""), "");
+    EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSans"));
+}
+
+TEST_F(LinkedDocumentsTest, PicturesAreNotLookedInto)
+{
+    WriteEps(mDocument, {"DejaVuSans"}, {"gone.psd", "photo.jpg"});
+    FontTestHome::WriteFile(mFolder / "photo.jpg", "no document");
+    EXPECT_EQ(Open(""), "");
+}
+
+TEST_F(LinkedDocumentsTest, AFileThatIsNoDocumentIsTold)
+{
+    WriteEps(mDocument, {"DejaVuSans"}, {"rubbish.pdf"});
+    FontTestHome::WriteFile(mFolder / "rubbish.pdf", "rubbish");
+    EXPECT_THAT(Open(""), HasSubstr("rubbish.pdf can't be looked into: "));
+}
+
+TEST_F(LinkedDocumentsTest, AChangedFileIsReadAgain)
+{
+    WriteEps(mDocument, {}, {"a.eps"});
+    WriteEps(mFolder / "a.eps", {"DejaVuSans"});
+    Open("");
+    Close();
+    WriteEps(mFolder / "a.eps", {"DejaVuSansMono"});
+    Open("");
+    EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSansMono"));
+}
+
+TEST_F(LinkedDocumentsTest, AChainLongerThanTheLimitEnds)
+{
+    WriteEps(mDocument, {"DejaVuSans"}, {"0.eps"});
+    for (int number = 0; number < 1010; ++number)
+        WriteEps(mFolder / (std::to_string(number) + ".eps"), {"DejaVuSans"},
+                 {std::to_string(number + 1) + ".eps"});
+    EXPECT_EQ(Open(""), "PluginCore: " + mDocument.string() +
+                            ": more placed documents than are looked into\n");
+}
+
+TEST_F(LinkedDocumentsTest, ThoseThatTakeTooLongAreLeftOut)
+{
+    WriteEps(mFolder / "a.eps", {"DejaVuSans"});
+    plugincore::LinkedDocuments linked(0);
+    testing::internal::CaptureStderr();
+    EXPECT_THAT(linked.GetFonts(mDocument, {"a.eps"}), IsEmpty());
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "PluginCore: " + mDocument.string() +
+                  ": its placed documents take too long to look into\n");
+    EXPECT_THAT(plugincore::LinkedDocuments().GetFonts(mDocument, {"a.eps"}),
+                ElementsAre("DejaVuSans"));
+}
+
+}  // namespace
