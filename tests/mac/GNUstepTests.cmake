@@ -24,7 +24,7 @@ mac_test(mac-messages-test
         messages/panel.cpp messages/screenshot.mm messages/startup.cpp
     LIBRARIES ${doubles} typeloft)
 target_include_directories(mac-messages-test PRIVATE
-    contract ${plugin_tests}/src ${plugin_tests}/panel-link)
+    contract ${plugin_tests}/src ${plugin_tests}/src/panel-link)
 target_compile_definitions(mac-messages-test PRIVATE ARTEFACTS="${artefacts}")
 
 use_plug_plug(mac-messages-test)

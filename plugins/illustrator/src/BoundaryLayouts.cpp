@@ -1,11 +1,12 @@
-// Pins every layout that crosses a boundary: the host, PluginCore and the plug-in are built apart.
+// Checks at compile time every layout that crosses a boundary, since the host, PluginCore and the
+// plug-in are compiled separately.
 
 #include <cstddef>
 
 #include "HostInterface.h"
 #include "HostPlatform_Linux.h"
 #include "PCILoader.h"
-#include "PluginStartup.h"
+#include "PluginGlobals.h"
 #include "SDKPlugPlug.h"
 
 namespace {
@@ -111,7 +112,7 @@ PIN_OFFSET(csxs::event::Event, extensionId, 3 * kWord);
 PIN_OFFSET(csxs::event::Event, data, 4 * kWord);
 PIN_SIZE(csxs::event::Event, 5 * kWord);
 
-// The loader has virtual destructors, so its members begin behind one word.
+// The loader has a virtual destructor, so its members follow a pointer to the virtual table.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Winvalid-offsetof"
 enum PluginCoreSlot {

@@ -2,8 +2,7 @@
 
 #include "DebugUtils.h"
 #include "HostInterface.h"
-#include "IllustratorUtilities.h"
-#include "TypeloftSPEA.h"
+#include "PluginGlobals.h"
 
 namespace {
 
@@ -11,12 +10,13 @@ constexpr char kDocumentFonts[] = "DocumentFonts";
 constexpr char kPostScriptName[] = "PostScriptName";
 constexpr short kNameSize = 128;
 
+// The host's numbers of its scripts.
 constexpr AIFaceScript kScripts[] = {-2, -1, 0,  1,  2,  3,  4,  5,  6,  7,  9,  10,
                                      11, 12, 13, 14, 15, 16, 17, 25, 29, 32, 81, 85};
 
 void AddIfNew(const std::string& name, std::vector<std::string>& names)
 {
-    // The test for an empty list comes first: the other one asks for the list in its turn.
+    // IsIllustratorDefaultFont fetches this list: with an empty one it would recurse without end.
     if (!names.empty() && IsIllustratorDefaultFont(name)) return;
     OutputIndentedAndFormattedString(0, "Adding '%s' to list of Illustrator default fonts.",
                                      name.c_str());
@@ -35,7 +35,7 @@ bool RemoveFromArray(json& fonts)
             OutputIndentedAndFormattedString(0, "%s is %s", kPostScriptName,
                                              font[kPostScriptName].get<std::string>().c_str());
         }
-        // Throws for an element that isn't an object: such a list isn't one of fonts.
+        // Throws for an element that isn't an object, since the array then isn't a list of fonts.
         const std::string name = font[kPostScriptName].get<std::string>();
         if (!IsIllustratorDefaultFont(name)) continue;
         OutputIndentedAndFormattedString(0, "%s() removing '%s' from fonts needing resolution.",
@@ -56,16 +56,17 @@ const std::vector<std::string>& GetIllustratorDefaultFonts()
     static std::vector<std::string> kAllIllustratorDefaultFontNames;
     if (!kAllIllustratorDefaultFontNames.empty()) return kAllIllustratorDefaultFontNames;
 
-    // Without the suite nothing can be told of any font.
+    // An empty list would mean that no font is a default font.
     if (gFontSuite == nullptr) ThrowAIErr(kHostBadParameter);
-    // Not reset in the loop: a script that the host doesn't know repeats the one before it.
+    // Not reset in the loop: for a script that the host doesn't know, the previous key is used
+    // again, and its names are already in the list.
     AIFontKey key = nullptr;
     for (const AIFaceScript script : kScripts) {
-        // Such a script's names are in the list already.
+        // On an error the key is unchanged, see above.
         (void)gFontSuite->GetDefaultFontForScript(script, &key);
-        // One byte more than the host is told, so that the text ends whatever it writes.
+        // One byte more than the host may write, so that the text is always terminated.
         char name[kNameSize + 1] = {};
-        // An empty name is taken as it comes.
+        // On an error the name is empty, and is added like any other.
         (void)gFontSuite->GetPostScriptFontName(key, name, kNameSize);
         const std::string fullName = name;
         AddIfNew(fullName, kAllIllustratorDefaultFontNames);

@@ -3,58 +3,53 @@
 #include <string>
 
 #include "ModalWindow.h"
+#include "SuppressionPeriod.h"
 
-// Holds the host's missing-fonts dialog back for a few seconds after a file's fonts have been dealt
-// with: a dialog that is recognised by its class and its title within that period is sent one key
-// event, which makes it dismiss itself. Main thread; modal sessions may begin in the middle of a
-// message.
+// Suppresses the host's missing-fonts dialog for a few seconds after the plug-in has dealt with a
+// file's fonts: during that period, a dialog that is recognised by its class and by a hint in its
+// title is sent one key event, which makes it dismiss itself. Main thread. The host can begin a
+// modal session in the middle of a message.
+//
+// A hint is a substring of the title, in UTF-8. The hints are built in, unless the user has put an
+// override file next to PluginCore; it holds one hint per line.
 
-// Starts a period of so many seconds from now, in place of the one that runs. While the override
-// file exists, none starts.
-void SetSuppressionOfMissingFontsDialog(long seconds);
-
-// Whether a period runs now. Its last second doesn't count.
-bool GetSuppressionOfMissingFontsDialog();
-
-// Where the override file was found at startup.
-void SetPathToSuppressionOverrideFile(const char* path);
-
-// Looks for the override file beside PluginCore and adds a hint for each of its lines. True if the
-// file is there; `dialogsListed` then tells whether it had a line. Without PluginCore, or with a
-// path that has no folder, `dialogsListed` stays as it was.
+// Looks for the override file next to PluginCore and adds its lines as hints. Returns whether the
+// file exists, and sets `dialogsListed` to whether it has a line. Leaves `dialogsListed` unchanged
+// if PluginCore isn't loaded or its path has no folder.
 bool DialogSuppressionOverrideFileExists(bool& dialogsListed);
 
-// Fills the list of hints from the override file or, without one, with the built-in ones unless the
-// setting forbids it, and installs the hook if `enable` is still true after that.
+// Adds the hints of the override file or, without one, the built-in hints unless the user's setting
+// forbids suppression. Installs the hook if `enable` is true, suppression isn't forbidden and the
+// override file isn't empty.
 void SetupIllustratorDialogSuppression(bool enable);
 
-// Appends a title hint (UTF-8, copied) with the key code that dismisses the dialog.
+// Appends a copy of the hint, and the key code of the event that dismisses the dialog.
 void AddDialogSuppressionHint(const char* titleSubstring, int keyCode);
 
-// Appends the built-in hints, one or more for each language of the host.
+// Appends the built-in hints: one or more for each language of the host.
 void CreateListOfSuppressableDialogs();
 
-// Whether the window's title contains a hint, letters compared with their case; the first hint in
-// the list's order decides and gives its key code. Otherwise `outKeyCode` stays as it was. An empty
-// hint is contained in no title.
+// Returns whether the window's title contains a hint (case-sensitive), and writes the key code of
+// the first such hint to `outKeyCode`. If there is none, `outKeyCode` is unchanged.
 bool isSuppressableDialog(ModalWindow* window, unsigned int* outKeyCode);
 
-// Puts a function of ours in the place of the host's modal session. A second call would put the
-// host's own back.
+// Replaces the host's function that begins a modal session. Call it once: a second call restores
+// the host's function.
 void InitSuppressionHooks();
 
-// Does nothing: once installed, the hook stays for the life of the process.
+// Does nothing: the hook remains installed until the process ends.
 void RemoveSuppressionHooks();
 
-// All that happens with a window in front of its modal session. The platform's own exception (off
-// macOS a ModalWindowException) ends no more than the event; any other passes through.
+// Called before a window's modal session: during a period, dismisses the window if it is the
+// missing-fonts dialog. If the window throws the platform's own exception (off macOS a
+// ModalWindowException), only the key event is lost; any other exception passes through.
 void HandleModalWindow(ModalWindow& window);
 
-// Whether the hint stands in the title, letter by letter. An empty hint stands in none.
+// Returns whether the title contains the hint (case-sensitive). No title contains an empty hint.
 bool OSTitleContains(const std::string& title, const std::string& hint);
 
-// Calls the action. The platform's own exception ends it and goes to the system log; any other
-// passes through.
+// Calls `action` with `context`. Catches the platform's own exception and writes it to the system
+// log; any other exception passes through.
 void OSCallGuarded(void (*action)(void* context), void* context);
 
 // The Escape key.

@@ -9,7 +9,7 @@ namespace {
 
 ModalSession BeginModalOverride(ModalWindow* window);
 
-// What the override is exchanged with: after the exchange this is the host's own function.
+// The function to swap with the host's: holds the host's own function once the hook is installed.
 BeginModalSessionFunction sBeginModalOverride = BeginModalOverride;
 
 ModalSession BeginModalOverride(ModalWindow* window)
@@ -37,7 +37,7 @@ void OSCallGuarded(void (*action)(void* context), void* context)
     try {
         action(context);
     } catch (const ModalWindowException& exception) {
-        // Standard error is the system log here; without one the text is lost.
+        // Linux has no system log for this. If standard error is closed, the line is lost.
         (void)std::fprintf(stderr, "Exception when beginModalOverride:  exception=%s\n",
                            exception.what());
     }

@@ -4,8 +4,9 @@
 
 @interface NSApplication (Override)
 
-// After InitSuppressionHooks the selector beginModalSessionForWindow: runs this body, and this
-// selector the application's own. The session goes back to the host as it came.
+// The override of beginModalSessionForWindow:. InitSuppressionHooks exchanges the two methods, so
+// that the host's calls end up here, and this selector runs the host's own method. Returns the
+// session of the host's method.
 - (NSModalSession)beginModalOverride:(NSWindow*)window;
 
 @end

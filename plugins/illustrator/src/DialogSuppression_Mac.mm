@@ -76,7 +76,7 @@ bool OSTitleContains(const std::string& title, const std::string& hint)
 {
     NSString* const text = [NSString stringWithUTF8String:title.c_str()];
     NSString* const wanted = [NSString stringWithUTF8String:hint.c_str()];
-    // A hint that isn't UTF-8 stands in no title.
+    // No title contains a hint that isn't valid UTF-8.
     return text != nil && wanted != nil && [text rangeOfString:wanted].location != NSNotFound;
 }
 

@@ -1,31 +1,17 @@
+#include "DocumentChange.h"
+
 #include <string>
 
+#include "CurrentDocument.h"
 #include "DebugUtils.h"
-#include "DocumentHandlers.h"
 #include "DocumentRegistry.h"
 #include "FileFormatHook.h"
+#include "HandlerTrace.h"
 #include "IllustratorUtilities.h"
 #include "PCILoader.h"
-#include "PluginStartup.h"
-#include "TraceArguments.h"
-#include "TypeloftSPEA.h"
+#include "PluginGlobals.h"
 
 namespace {
-
-constexpr char kSeparators[] = "/\\";
-
-bool HasSeparator(const std::string& path)
-{
-    return path.find_first_of(kSeparators) != std::string::npos;
-}
-
-bool IsPluginEnabled()
-{
-    bool enabled = false;
-    // Only the answer counts.
-    (void)PCILoader::GetSharedInstance()->pfPluginIsEnabled(true, &enabled);
-    return enabled;
-}
 
 void StoreUsageOfCurrentDocument()
 {
@@ -53,55 +39,36 @@ AIErr PassOnSavedDocument(AINotifierHandle notifier)
     const std::string usage = CurrentDocumentFontUsage();
     TraceSaveNotifier(notifier);
     bool isModified = false;
-    // A host that can't tell counts as unmodified.
+    // If the host fails, the document is taken as unmodified.
     if (gDocumentSuite != nullptr) (void)gDocumentSuite->GetDocumentModified(&isModified);
     if (isModified) return kHostSuccess;
     std::string path;
     const AIErr status = GetDocumentFileSpec(&path, false);
     if (status != kHostSuccess) return status;
     if (path.empty() || IsEPSVersion8(path)) return kHostSuccess;
-    // The file is written; nothing follows from the status.
+    // The file is saved, whatever PluginCore's status is.
     (void)PCILoader::GetSharedInstance()->pfHandleSaveDocument(path.c_str(), usage.c_str());
     return kHostSuccess;
 }
 
 }  // namespace
 
-void ReplaceBareName(_t_AIDocument* document, std::string& path)
-{
-    if (path.empty() || HasSeparator(path)) return;
-    if (GetDocumentFileSpec(&path, false) != kHostSuccess || !HasSeparator(path)) return;
-    SetFilePathForDocumentHandle(document, path);
-}
-
 AIErr HandleDocumentChangedNotifier(AINotifierMessage* message)
 {
-    if (message == nullptr) return kHostBadParameter;
-    OutputIndentedAndFormattedString(1, "Entering %s(message->notifyData = 0x%08x)",
-                                     "HandleDocumentChangedNotifier",
-                                     TracePointer(message->notifyData));
-    if (IsPluginEnabled()) StoreUsageOfCurrentDocument();
-    OutputIndentedAndFormattedString(-1, "%s returning %d", "HandleDocumentChangedNotifier",
-                                     kHostSuccess);
-    return kHostSuccess;
+    return HandleDocumentMessage("HandleDocumentChangedNotifier", message, [] {
+        if (IsPluginEnabled()) StoreUsageOfCurrentDocument();
+        return kHostSuccess;
+    });
 }
 
 AIErr HandleDocumentSavedNotifier(AINotifierMessage* message)
 {
-    if (message == nullptr) return kHostBadParameter;
-    OutputIndentedAndFormattedString(1, "Entering %s(message->notifyData = 0x%08x)",
-                                     "HandleDocumentSavedNotifier",
-                                     TracePointer(message->notifyData));
-    const AIErr result = IsPluginEnabled() ? PassOnSavedDocument(message->notifier) : kHostSuccess;
-    OutputIndentedAndFormattedString(-1, "%s returning %d", "HandleDocumentSavedNotifier", result);
-    return result;
+    return HandleDocumentMessage("HandleDocumentSavedNotifier", message, [message] {
+        return IsPluginEnabled() ? PassOnSavedDocument(message->notifier) : kHostSuccess;
+    });
 }
 
 AIErr HandleFontListChangedNotifier(AINotifierMessage* message)
 {
-    if (message == nullptr) return kHostBadParameter;
-    OutputIndentedAndFormattedString(1, "Entering %s", "HandleFontListChangedNotifier");
-    OutputIndentedAndFormattedString(-1, "%s returning %d", "HandleFontListChangedNotifier",
-                                     kHostSuccess);
-    return kHostSuccess;
+    return HandleMessage("HandleFontListChangedNotifier", message, [] { return kHostSuccess; });
 }

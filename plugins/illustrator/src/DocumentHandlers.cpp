@@ -1,20 +1,23 @@
 #include "DocumentHandlers.h"
 
+#include <string>
+
 #include "CorvantaFileUtils.h"
 #include "CrossPluginUtils.h"
-#include "DebugUtils.h"
+#include "CurrentDocument.h"
 #include "DialogSuppression.h"
 #include "DocumentRegistry.h"
 #include "FileFormatHook.h"
+#include "HandlerTrace.h"
 #include "PCILoader.h"
-#include "TraceArguments.h"
 
 namespace {
 
 constexpr size_t kDocumentIdSize = 256;
 
-// Where the opened document really came from. One without a file of its own is an untitled copy of
-// a template, whose path the check of the file has left under the null handle.
+// Records the document and returns the path of the file that it was made from. A document without a
+// file of its own is an untitled copy of a template, whose path the check of the file stored under
+// the null handle.
 std::string RecordOpenedDocument(_t_AIDocument* document, const std::string& path)
 {
     SetFilePathForDocumentHandle(document, path);
@@ -32,47 +35,28 @@ std::string RecordOpenedDocument(_t_AIDocument* document, const std::string& pat
 
 AIErr HandleDocumentOpenedNotifier(AINotifierMessage* message)
 {
-    if (message == nullptr) return kHostBadParameter;
-    OutputIndentedAndFormattedString(1, "Entering %s(message->notifyData = 0x%08x)",
-                                     "HandleDocumentOpenedNotifier",
-                                     TracePointer(message->notifyData));
-    json fonts;
-    try {
-        // A text engine code leaves what was found until then, which is all that counts.
-        (void)IterateUsedFonts(fonts);
-    } catch (...) {
-        OutputIndentedAndFormattedString(0, "No fonts found in document.");
-    }
-
-    std::string path;
-    if (GetDocumentFileSpec(&path, false) == kHostSuccess) {
-        auto* const document = static_cast<_t_AIDocument*>(message->notifyData);
-        HandleCheckFileFormat(RecordOpenedDocument(document, path), fonts);
-    }
-    if (GetSuppressionOfMissingFontsDialog()) CrossPluginUtils::BackgroundForegroundApp();
-    OutputIndentedAndFormattedString(-1, "%s returning %d", "HandleDocumentOpenedNotifier",
-                                     kHostSuccess);
-    return kHostSuccess;
+    return HandleDocumentMessage("HandleDocumentOpenedNotifier", message, [message] {
+        const json fonts = CollectUsedFonts();
+        std::string path;
+        if (GetDocumentFileSpec(&path, false) == kHostSuccess) {
+            auto* const document = static_cast<_t_AIDocument*>(message->notifyData);
+            HandleCheckFileFormat(RecordOpenedDocument(document, path), fonts);
+        }
+        if (GetSuppressionOfMissingFontsDialog()) CrossPluginUtils::BackgroundForegroundApp();
+        return kHostSuccess;
+    });
 }
 
 AIErr HandleDocumentNewNotifier(AINotifierMessage* message)
 {
-    if (message == nullptr) return kHostBadParameter;
-    OutputIndentedAndFormattedString(1, "Entering %s(message->notifyData = 0x%08x)",
-                                     "HandleDocumentNewNotifier",
-                                     TracePointer(message->notifyData));
-    PCILoader* const core = PCILoader::GetSharedInstance();
-    bool enabled = false;
-    // Only the answer counts.
-    (void)core->pfPluginIsEnabled(true, &enabled);
-    if (enabled) {
-        char id[kDocumentIdSize] = {};
-        size_t size = sizeof id;
-        // PluginCore keeps the id for itself.
-        (void)core->pfHandleCreateNewDocument(id, &size);
-    }
-    CrossPluginUtils::BackgroundForegroundApp();
-    OutputIndentedAndFormattedString(-1, "%s returning %d", "HandleDocumentNewNotifier",
-                                     kHostSuccess);
-    return kHostSuccess;
+    return HandleDocumentMessage("HandleDocumentNewNotifier", message, [] {
+        if (IsPluginEnabled()) {
+            char id[kDocumentIdSize] = {};
+            size_t size = sizeof id;
+            // The plug-in doesn't use the id, and a failure changes nothing here.
+            (void)PCILoader::GetSharedInstance()->pfHandleCreateNewDocument(id, &size);
+        }
+        CrossPluginUtils::BackgroundForegroundApp();
+        return kHostSuccess;
+    });
 }

@@ -18,7 +18,7 @@ void SetText(const char* function, _t_AIDocument* document, std::string Document
 {
     OutputIndentedAndFormattedString(1, "Entering %s(%08x, '%s')", function, TracePointer(document),
                                      text.c_str());
-    // The copy comes first: if there is no memory for it, the map stays as it was.
+    // Copy first: if there is no memory for the copy, the map is unchanged.
     std::string copy = text;
     sMapOfHandlesToDocumentData[document].*field = std::move(copy);
     OutputIndentedAndFormattedString(-1, "Exiting %s()", function);

@@ -7,12 +7,11 @@
 #include <new>
 
 #include "DebugUtils.h"
+#include "DefaultFonts.h"
 #include "DialogSuppression.h"
 #include "HostSuites.h"
-#include "IllustratorUtilities.h"
 #include "PCILoader.h"
-#include "PluginStartup.h"
-#include "TypeloftSPEA.h"
+#include "PluginGlobals.h"
 
 namespace {
 
@@ -21,6 +20,7 @@ constexpr int kFileFormatSuiteVersion = 1015;
 constexpr int32_t kFileFormatOptions = 1;
 constexpr int32_t kFileFormatPriority = 10000;
 
+// The size of the buffer in which PluginCore gets and returns the font JSON of a document.
 constexpr size_t kFontsBufferSize = 0x100000;
 constexpr long kSuppressionSeconds = 15;
 
@@ -32,6 +32,7 @@ constexpr int32_t FourCharacterCode(const char (&text)[5])
     return text[0] << 24 | text[1] << 16 | text[2] << 8 | text[3];
 }
 
+// Tries twice.
 void AcquireFileFormatSuite(AIFileFormatSuite*& formats)
 {
     try {
@@ -53,17 +54,17 @@ void RegisterFormat(SPInterfaceMessage* message, AIFileFormatSuite* formats)
         ai::UnicodeString("ai,eps,pdf,ait", kAIPlatformCharacterEncoding),
     };
     AIFileFormatHandle format = nullptr;
-    // Whether it was added shows in the handle alone.
+    // The handle alone decides whether the format was added.
     (void)formats->AddFileFormatEx(message->d.self, "Corvanta", &data, kFileFormatOptions, &format,
                                    0);
     if (format == nullptr) return;
-    // A format that stays at the host's own priority is asked all the same.
+    // With the host's default priority the plug-in is asked all the same.
     (void)formats->SetFileFormatPriority(format, kFileFormatPriority);
     gGlobals->fileFormatHandle = format;
 }
 
-// What is passed to and fro with PluginCore: a text of at most kFontsBufferSize bytes, with a byte
-// behind them that stays zero.
+// The font JSON that PluginCore reads and replaces: at most kFontsBufferSize bytes, followed by a
+// byte that is always zero.
 class FontsBuffer {
 public:
     FontsBuffer() : mBytes(new (std::nothrow) char[kFontsBufferSize + 1]()) {}
@@ -73,7 +74,7 @@ public:
     char* GetBytes() { return mBytes.get(); }
     size_t* GetSize() { return &mSize; }
 
-    // Cuts the text at the present size, which PluginCore may have changed.
+    // Cuts the text at the current size, which PluginCore may have changed.
     void Assign(const std::string& text)
     {
         const size_t limit = std::min(mSize, kFontsBufferSize);
@@ -85,7 +86,7 @@ private:
     size_t mSize = kFontsBufferSize;
 };
 
-// True if both the choice and the activation went well.
+// Returns whether both the dialog and the activation succeeded.
 bool ResolveAndActivate(PCILoader* core, const std::string& path, FontsBuffer& buffer)
 {
     std::string fonts = buffer.GetBytes();
@@ -126,25 +127,24 @@ AIErr AddFileFormat(SPInterfaceMessage* message)
 std::string GetDocumentPathFromFileFormatMessage(AIFileFormatMessage* message)
 {
     std::string path;
-    // An empty path tells of itself.
+    // An error leaves `path` empty, which callers test.
     (void)GetAIPathAsUTF8String(message->GetFilePath(), path, false);
     return path;
 }
 
 void HandleCheckFileFormat(const std::string& path, const json& fontUsage)
 {
-    PCILoader* const core = PCILoader::GetSharedInstance();
-    bool enabled = false;
-    // Only the answer counts.
-    (void)core->pfPluginIsEnabled(true, &enabled);
-    if (!enabled) return;
+    if (!IsPluginEnabled()) return;
 
     FontsBuffer buffer;
+    // Opening the file must not fail for want of memory for its fonts: the check ends silently, and
+    // the host shows its own missing-fonts dialog.
     if (!buffer.IsAllocated()) return;
     if (!fontUsage.is_null()) buffer.Assign(fontUsage.dump());
 
+    PCILoader* const core = PCILoader::GetSharedInstance();
     int value = 0;
-    // Only what it leaves in the buffer counts.
+    // The result is in the buffer, whatever the status.
     (void)core->pfHandleOpenExistingDocument(path.c_str(), buffer.GetBytes(), buffer.GetSize(),
                                              &value);
     if (buffer.IsEmpty() || ResolveAndActivate(core, path, buffer)) {
@@ -157,7 +157,8 @@ bool IsEPSVersion8(const std::string& path)
     try {
         std::filebuf file;
         if (file.open(path, std::ios::in) == nullptr) return false;
-        // The text's first character comes only once in it, so a mismatch can begin but there.
+        // The first character occurs only once in the text, so after a mismatch only the current
+        // character can start a match.
         size_t matched = 0;
         int lines = 0;
         for (int c = file.sbumpc(); c != std::filebuf::traits_type::eof(); c = file.sbumpc()) {
@@ -173,28 +174,4 @@ bool IsEPSVersion8(const std::string& path)
         return false;
     }
     return false;
-}
-
-AIErr GetAIPathAsUTF8String(const ai::FilePath& filePath, std::string& out, bool fileNameOnly)
-{
-    out = (fileNameOnly ? filePath.GetFileName(false) : filePath.GetFullPath(false)).as_UTF8();
-    return out.empty() ? -1 : kHostSuccess;
-}
-
-AIErr GetDocumentFileSpec(std::string* out, bool fileNameOnly)
-{
-    if (gDocumentSuite == nullptr) return kHostBadParameter;
-    ai::FilePath path;
-    const AIErr status = gDocumentSuite->GetDocumentFileSpecification(path);
-    // An empty path is told by the text alone.
-    if (status == kHostSuccess) (void)GetAIPathAsUTF8String(path, *out, fileNameOnly);
-    return status;
-}
-
-_t_AIDocument* GetCurrentDocument()
-{
-    _t_AIDocument* document = nullptr;
-    // Without a current document the handle stays null.
-    if (gDocumentSuite != nullptr) (void)gDocumentSuite->GetDocument(&document);
-    return document;
 }

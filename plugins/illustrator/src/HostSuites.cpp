@@ -1,8 +1,8 @@
 #include "HostSuites.h"
 
 #include "DebugUtils.h"
+#include "PluginGlobals.h"
 #include "SuiteTable.h"
-#include "TypeloftSPEA.h"
 
 uint32_t sAcquireCount = 0;
 
@@ -15,7 +15,7 @@ void ReleaseSuite(char const* name, int version, void* slot)
 {
     auto* const suite = static_cast<void**>(slot);
     if (*suite == nullptr) return;
-    // Whatever the host answers, the suite isn't used any more.
+    // If the host refuses, there is nothing else to do: the suite isn't used any more.
     (void)sSPBasic->ReleaseSuite(name, version);
     *suite = nullptr;
 }
@@ -48,7 +48,7 @@ AIErr ReleaseSuites()
             *target = nullptr;
         }
     }
-    // Below 0 it wraps, and the suites are then never acquired again.
+    // If it was 0 it wraps around, and AcquireSuites then never acquires anything again.
     --sAcquireCount;
     return kHostSuccess;
 }

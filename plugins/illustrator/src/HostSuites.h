@@ -2,20 +2,23 @@
 
 #include "HostInterface.h"
 
-// Acquires one suite into the pointer at `slot`; throws the host's code as an int.
+// Acquires and releases the host's suites. Main thread.
+
+// Acquires one suite into the pointer at `slot`. Throws the host's code as an int.
 void AcquireSuite(char const* name, int version, void* slot);
 
-// Gives the suite in the pointer at `slot` back and nulls the pointer. Nothing is done for a null
-// suite. Never throws.
+// Releases the suite in the pointer at `slot` and sets the pointer to null. Does nothing if it is
+// null already. Never throws.
 void ReleaseSuite(char const* name, int version, void* slot);
 
-// Fills the suite globals, all of them or, at the host's first refusal, those before it, with the
-// host's code as the result. Once it went well, the host isn't asked again.
+// Acquires every suite of the table `imports` into its global. Stops at the first failure and
+// returns the host's code; suites acquired before it remain acquired. Once a call has succeeded,
+// later calls do nothing and return 0.
 AIErr AcquireSuites(SPBasicSuite* basic);
 
-// Gives all suites of the table back if they were acquired exactly once; counts one pass down in
-// any case but a failure, whose code is the result.
+// Releases every suite of the table if sAcquireCount is 1, then decrements sAcquireCount. Stops at
+// the first failure and returns the host's code; the count is then unchanged.
 AIErr ReleaseSuites();
 
-// How many passes over the table went well.
+// How many calls of AcquireSuites are not matched by a ReleaseSuites.
 extern uint32_t sAcquireCount;

@@ -2,11 +2,12 @@
 
 #include <unordered_set>
 #include <utility>
+#include <vector>
 
 #include "ArtTypes.h"
 #include "CoreErrorCodes.h"
 #include "DebugUtils.h"
-#include "DefaultFonts.h"
+#include "MatchingArt.h"
 
 namespace {
 
@@ -18,10 +19,10 @@ void ThrowIfAIErr(int code)
     if (code != kHostSuccess) throw code;
 }
 
-// The names that a walk has met: a repeat needn't be looked for in the list.
+// The names found so far. A repeat is found faster here than in the list of fonts.
 typedef std::unordered_set<std::string> KnownNames;
 
-// 0 for a font that was added or is a repeat; kUnknownError for any other run.
+// Returns 0 for a font that was added or is a repeat; kUnknownError for any other run.
 int AddNewFontNameFromTextArt(ATE::ITextRange run, FontList& fonts, KnownNames& known)
 {
     std::string name;
@@ -91,22 +92,6 @@ int ExamineTextRangesInThisFrameForFontUsage(AIArtHandle** matches, int count, F
 
 }  // namespace
 
-void DisposeIllustratorHandle(AIArtHandle**& handle)
-{
-    // A failure leaves the array with the host, which is where it came from.
-    if (sMdMemorySuite != nullptr) {
-        (void)sMdMemorySuite->MdMemoryDisposeHandle(reinterpret_cast<void**>(handle));
-    }
-    handle = nullptr;
-}
-
-AIErr GetMatchingArt(int16_t type, AIArtHandle**& matches, int32_t& count)
-{
-    if (sMatchingArt == nullptr) return kHostBadParameter;
-    AIMatchingArtSpec spec(type, 0, 0);
-    return sMatchingArt->GetMatchingArt(&spec, 1, &matches, &count);
-}
-
 int ExamineTextFramesInCurrentDocForFontUsage(FontList& fonts)
 {
     int status = kUnknownError;
@@ -133,7 +118,7 @@ int GetTextRunFaceStyle(ATE::ITextRange run, std::string& name)
         const ATE::IFont font = run.GetUniqueCharFeatures().GetFont(&isAssigned);
         AIFontKey key = nullptr;
         ThrowIfAIErr(gFontSuite->FontKeyFromFontRef(font.GetRef(), &key));
-        // One byte more than the host is told, so that the text ends whatever it writes.
+        // One byte more than the host may write, so that the text is always terminated.
         char buffer[kNameSize + 1] = {};
         ThrowIfAIErr(gFontSuite->GetPostScriptFontName(key, buffer, kNameSize));
         name = buffer;
@@ -145,4 +130,14 @@ int GetTextRunFaceStyle(ATE::ITextRange run, std::string& name)
     OutputIndentedAndFormattedString(0, "%s(..., '%s') returning %d", "GetTextRunFaceStyle",
                                      name.c_str(), result);
     return result;
+}
+
+std::string CurrentDocumentFontUsage()
+{
+    FontList fonts;
+    std::vector<std::string> paths;
+    const int textStatus = ExamineTextFramesInCurrentDocForFontUsage(fonts);
+    const int placedStatus = ExamineCurrentDocForPlacedArt(paths);
+    if (textStatus != 0 && placedStatus != 0) return std::string();
+    return CrossPluginUtils::JSONStringRepresentation(fonts, paths);
 }

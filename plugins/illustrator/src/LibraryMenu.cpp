@@ -1,11 +1,13 @@
-#include <optional>
+#include "LibraryMenu.h"
 
-#include "CoreErrorCodes.h"
+#include <optional>
+#include <string>
+
 #include "DebugUtils.h"
 #include "GJSONUtils.h"
-#include "MenuHandler.h"
+#include "MenuConstruction.h"
 #include "MenuState.h"
-#include "TypeloftSPEA.h"
+#include "PluginGlobals.h"
 
 namespace {
 
@@ -28,8 +30,8 @@ void RemoveLibraryItems(const AIMenuSuite* menus)
     gMenuState.sSelectLibraryMenuItems.clear();
 }
 
-// Leaves the nodes of the "Select Library" item in `libraries`; if no item of the top level is
-// labelled so, those of the top level.
+// Writes the child nodes of the "Select Library" item to `libraries`, or all nodes of the top level
+// if none of them has that label.
 unsigned int FindLibraries(const std::string& menus, json& libraries)
 {
     json root;
@@ -45,7 +47,7 @@ unsigned int FindLibraries(const std::string& menus, json& libraries)
         status = GJSONUtils::GetValueForKey(item, "label", label);
         if (status != 0) break;
         if (label != kSelectLibrary) continue;
-        // The item is part of what is replaced.
+        // A copy, since `item` is part of `libraries`, which the next line replaces.
         const json found = item;
         status = GJSONUtils::GetValueForKey(found, "child", libraries);
         break;
@@ -80,10 +82,10 @@ void RebuildWith(MenuItemHelp& help)
         return;
     }
     std::string menus;
-    // A failure shows as a text that can't be parsed.
+    // On an error the text can't be parsed, which FindLibraries reports.
     (void)GetMenus(menus);
     AIMenuGroup group = nullptr;
-    // Whether there is a submenu shows in the group.
+    // On an error the group is null.
     (void)help.menuSuite->GetItemSubMenuGroup(gMenuState.sSelectLibraryMenuHandle, &group);
     if (group == nullptr) {
         OutputIndentedAndFormattedString(
@@ -104,7 +106,7 @@ void RebuildWorkgroupsMenu()
     try {
         help.emplace();
     } catch (int) {
-        // The suite was refused. PluginCore, which called, knows nothing of the host's codes.
+        // The host refused the suite. PluginCore, the caller, must not see the host's exception.
         TraceMissingHandle();
     }
     if (help) RebuildWith(*help);

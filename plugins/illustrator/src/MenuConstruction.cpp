@@ -1,17 +1,15 @@
+#include "MenuConstruction.h"
+
 #include <cstring>
 
 #include "CoreErrorCodes.h"
+#include "CurrentDocument.h"
 #include "DebugUtils.h"
-#include "FileFormatHook.h"
 #include "HostSuites.h"
-#include "MenuHandler.h"
 #include "MenuState.h"
 #include "PCILoader.h"
-#include "PluginStartup.h"
+#include "PluginGlobals.h"
 #include "TraceArguments.h"
-#include "TypeloftSPEA.h"
-
-MenuState gMenuState;
 
 namespace {
 
@@ -26,8 +24,8 @@ bool IsText(const char* text, const char* expected)
     return text != nullptr && std::strcmp(text, expected) == 0;
 }
 
-// Whether a host item, of whatever plug-in, has the label as its key. Items that don't tell theirs
-// are passed over.
+// Returns whether any item of the host, also of another plug-in, has the label as its key. Skips
+// items whose key the host doesn't return.
 bool IsItemPresent(const AIMenuSuite* menus, const char* label)
 {
     int count = 0;
@@ -47,7 +45,8 @@ bool IsItemPresent(const AIMenuSuite* menus, const char* label)
     return isPresent;
 }
 
-// A key may hold no slash. Items are added without one, so the result only shows in the trace.
+// Traces the label as a shortcut key, which must not contain a slash. We add items without a
+// shortcut key, so the result is used for the trace only.
 void TraceLegalKey(std::string label)
 {
     for (size_t position = label.find('/'); position != std::string::npos;
@@ -60,7 +59,7 @@ void TraceLegalKey(std::string label)
 
 void RememberItem(AIMenuItemHandle item, const char* id, const char* label, const char* parentID)
 {
-    // A refused item is remembered too, under the null handle.
+    // An item that the host refused is stored too, under the null handle.
     gMenuState.sMenuHandleMap[item] = id != nullptr ? id : "";
     if (IsText(label, kSelectLibrary)) {
         gMenuState.sSelectLibraryMenuHandle = item;
@@ -87,7 +86,7 @@ AIErr AddItem(const AIMenuSuite* menus, const char* label, const char* title, bo
         static_cast<unsigned int>(options), TracePointer(item));
     if (item != nullptr && hasSubmenu) {
         AIMenuGroup group = nullptr;
-        // The group is found by its name from now on.
+        // The children refer to the group by its name, so neither result is used.
         (void)menus->AddMenuGroupAsSubMenu(label != nullptr ? label : "", 0, item, &group);
     }
     return result;
@@ -103,7 +102,7 @@ unsigned int GetMenus(std::string& menus)
 {
     OutputIndentedAndFormattedString(1, "Entering %s()", "GetMenus");
     std::string path;
-    // Without a document the path stays empty.
+    // Without a document the path is empty.
     (void)GetDocumentFileSpec(&path, false);
     menus.clear();
     size_t size = 0;
@@ -123,7 +122,7 @@ unsigned int AddAllCorvantaMenuItems(SPInterfaceMessage* /*message*/)
     OutputIndentedAndFormattedString(1, "Entering %s()", "AddAllCorvantaMenuItems");
     MenuItemHelp help;
     std::string menus;
-    // PluginCore is told to make its items of whatever text there is.
+    // On an error PluginCore is given whatever text there is.
     (void)GetMenus(menus);
     const unsigned int result = PCILoader::GetSharedInstance()->pfCreateMenusFromJSONBuffer(
         menus.c_str(), AddIllustratorMenu, &help);

@@ -1,9 +1,6 @@
 #include "MenuSearch.h"
 
-#include <string>
-
 #include "CoreErrorCodes.h"
-#include "MenuHandler.h"
 
 namespace {
 
@@ -17,6 +14,14 @@ const json* SearchArray(const json& nodes, const char* key, const char* value)
 }
 
 }  // namespace
+
+unsigned int GetMenuObject(const json& node, const char* key, const char* value, json& found)
+{
+    const json* const match = FindMenuNode(node, key, value);
+    if (match == nullptr) return CoreErrorCodes::kUnknownError;
+    found = json(*match);
+    return CoreErrorCodes::kSuccess;
+}
 
 const json* FindMenuNode(const json& node, const char* key, const char* value)
 {
@@ -37,7 +42,7 @@ const json* MenuIndex::Find(const std::string& value) const
 {
     const auto found = mNodes.find(value);
     if (found != mNodes.end()) return found->second;
-    // The library's own exception for the key.
+    // Throws the JSON library's exception for the missing key.
     if (mNodeWithoutKey != nullptr) (void)mNodeWithoutKey->at(mKey);
     return nullptr;
 }
@@ -61,12 +66,4 @@ void MenuIndex::Add(const json& node)
     mNodes.emplace(text->get_ref<const std::string&>(), &node);
     const auto children = node.find("child");
     if (children != node.end() && children->is_array()) Add(*children);
-}
-
-unsigned int GetMenuObject(const json& node, const char* key, const char* value, json& found)
-{
-    const json* const match = FindMenuNode(node, key, value);
-    if (match == nullptr) return CoreErrorCodes::kUnknownError;
-    found = json(*match);
-    return CoreErrorCodes::kSuccess;
 }

@@ -6,21 +6,30 @@
 
 using nlohmann::json;
 
-// What GetMenuObject finds, in place: a node of the tree itself, or null.
+// Searches of the menu tree (see MenuHandler.h), parents before their children. A node whose `key`
+// isn't a string is skipped with its children. Main thread.
+
+// Finds the first node whose member `key` is the string `value`, copies it to `found` and returns
+// 0. Returns CoreErrorCodes::kUnknownError if there is none. Throws the JSON library's exception
+// for a node without the key.
+unsigned int GetMenuObject(const json& node, const char* key, const char* value, json& found);
+
+// Like GetMenuObject, but returns a pointer to the node in the tree itself, or null.
 const json* FindMenuNode(const json& node, const char* key, const char* value);
 
-// The same for many searches of one tree. The tree must stay as it is for the index's life.
+// FindMenuNode for many searches of one tree by the same key. The tree must not change, and must
+// outlive the index.
 class MenuIndex {
 public:
     MenuIndex(const json& root, const char* key);
 
-    // Throws where a search would: at a node without the key in front of which there is no match.
+    // Throws as FindMenuNode does: if it reaches a node without the key before a match.
     const json* Find(const std::string& value) const;
 
 private:
     void Add(const json& node);
 
     const char* mKey;
-    std::unordered_map<std::string, const json*> mNodes;  // the first of each value
-    const json* mNodeWithoutKey = nullptr;                // where every search ends
+    std::unordered_map<std::string, const json*> mNodes;  // the first node for each value
+    const json* mNodeWithoutKey = nullptr;                // the first; a search never gets past it
 };

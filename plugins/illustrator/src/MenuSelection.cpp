@@ -1,14 +1,18 @@
-#include <cstdint>
+#include "MenuSelection.h"
 
+#include <cstdint>
+#include <nlohmann/json.hpp>
+#include <string>
+
+#include "CurrentDocument.h"
 #include "DebugUtils.h"
-#include "DocumentHandlers.h"
 #include "DocumentRegistry.h"
-#include "FileFormatHook.h"
 #include "IllustratorUtilities.h"
-#include "MenuHandler.h"
+#include "MenuConstruction.h"
 #include "MenuSearch.h"
 #include "MenuState.h"
 #include "PCILoader.h"
+#include "UsedFonts.h"
 
 namespace {
 
@@ -16,12 +20,12 @@ constexpr size_t kDocumentIdSize = 256;
 
 void RefreshItem(const AIMenuSuite* menus, AIMenuItemHandle item, const json& node)
 {
-    // An item that the host refuses to change stays as it is.
+    // If the host refuses, the item keeps its state.
     (void)(node.at("enabled").get<bool>() ? menus->EnableItem(item) : menus->DisableItem(item));
     (void)menus->CheckItem(item, node.at("checked").get<uint8_t>() != 0);
 }
 
-// The message is for one item, whose text is the gate; all items are then refreshed.
+// Refreshes all items, provided that the menu tree has a node with the title of `item`.
 void RefreshAllItems(const AIMenuSuite* menus, AIMenuItemHandle item)
 {
     ai::UnicodeString text;
@@ -31,40 +35,34 @@ void RefreshAllItems(const AIMenuSuite* menus, AIMenuItemHandle item)
     if (FindMenuNode(root, "title", title.c_str()) == nullptr) return;
     const MenuIndex index(root, "id");
     for (const auto& entry : gMenuState.sMenuHandleMap) {
-        // As the search does, up to a zero byte in the id.
+        // Compare as FindMenuNode does: only up to the first zero byte.
         const std::string& id = entry.second;
         const json* const node = index.Find(id.substr(0, id.find('\0')));
         if (node != nullptr) RefreshItem(menus, entry.first, *node);
     }
 }
 
-// A new document from a template is known by its template.
+// PluginCore knows a new document from a template by the template's path.
 void FindIdByTemplate(PCILoader* core, char* id, size_t* size)
 {
     try {
         _t_AIDocument* const document = GetCurrentDocument();
         if (document == nullptr) return;
         const std::string path = GetTemplatePathForDocumentHandle(document);
-        // Whether an id came shows in the buffer.
+        // Without an id the buffer is empty, which the caller tests.
         if (!path.empty()) (void)core->pfGetIDForDocument(path.c_str(), id, size);
     } catch (...) {
         OutputIndentedAndFormattedString(0, "No document is open.");
     }
 }
 
-// Sends the present usage and gives the used fonts as JSON, or an empty text.
+// Sends the usage report to PluginCore. Returns the used fonts as JSON, or an empty string.
 std::string RefreshUsage(PCILoader* core, const char* id)
 {
     const std::string usage = CurrentDocumentFontUsage();
-    // The command is carried out whatever PluginCore makes of the usage.
+    // The command is passed on even if PluginCore refuses the usage.
     (void)core->pfUpdateDocumentFontUsage(id, usage.c_str());
-    json usedFonts;
-    try {
-        // A text engine code leaves what was found until then, which is all that counts.
-        (void)IterateUsedFonts(usedFonts);
-    } catch (...) {
-        OutputIndentedAndFormattedString(0, "No fonts found in document.");
-    }
+    const json usedFonts = CollectUsedFonts();
     return usedFonts.is_null() ? std::string() : usedFonts.dump();
 }
 
@@ -88,18 +86,18 @@ int GoMenuItem(AIMenuMessage* message)
     OutputIndentedAndFormattedString(1, "Entering %s()", "GoMenuItem");
     PCILoader* const core = PCILoader::GetSharedInstance();
     std::string path;
-    // Without a document the path stays empty.
+    // Without a document the path is empty.
     (void)GetDocumentFileSpec(&path, false);
-    // One byte more than PluginCore is told, so that the text ends whatever it writes.
+    // One byte more than PluginCore may write, so that the text is always terminated.
     char documentId[kDocumentIdSize + 1] = {};
     size_t size = kDocumentIdSize;
-    // Whether an id came shows in the buffer.
+    // Without an id the buffer is empty.
     (void)core->pfGetIDForDocument(path.c_str(), documentId, &size);
     if (*documentId == '\0') FindIdByTemplate(core, documentId, &size);
     std::string fontUsageJson;
     if (*documentId != '\0') fontUsageJson = RefreshUsage(core, documentId);
     const std::string menuId = gMenuState.sMenuHandleMap[message->menuItem];
-    // The command is PluginCore's, and so is its failure.
+    // PluginCore carries the command out: the plug-in has no use for its status.
     (void)core->pfHandleMenuSelection(documentId, gMenuState.sLastKnownMenuState.c_str(),
                                       menuId.c_str(), fontUsageJson.c_str());
     OutputIndentedAndFormattedString(-1, "%s() returning %d", "GoMenuItem", 0);

@@ -2,16 +2,17 @@
 
 #include <string>
 
-// What the plug-in knows of its own bundle. Main thread.
+// Where the plug-in's own bundle is. Main thread.
 struct PluginInfo {
-    static std::string bundleIdentifier;  // empty: nothing sets it
+    static std::string bundleIdentifier;  // always empty: nothing sets it
 
-    // The path of the bundle with this identifier, or of the one named by bundleIdentifier if null
-    // is given; a placeholder if there is no such bundle.
+    // Returns the path of the loaded bundle with this identifier (null: bundleIdentifier), or the
+    // placeholder "./CorvantaFontManagement..." if there is none.
     static std::string GetPluginPath(char const* bundleIdentifier);
 
     static std::string GetPluginBundleIdentifier();
 };
 
-// The path of the loaded bundle with this identifier; false if there is none, as for an empty one.
+// Writes the path of the loaded bundle with this identifier to `path`. Returns false if there is
+// none or the identifier is empty.
 bool OSGetBundlePath(const std::string& bundleIdentifier, std::string& path);

@@ -6,7 +6,7 @@
 
 #include "PropertyList_Linux.h"
 
-// The one bundle that can be asked for is the folder that this code was loaded from.
+// The only bundle that it can find is the folder that this code was loaded from.
 bool OSGetBundlePath(const std::string& bundleIdentifier, std::string& path)
 {
     Dl_info module;

@@ -1,13 +1,16 @@
 #include "PluginStartup.h"
 
+#include <string>
+
+#include "CurrentDocument.h"
 #include "DebugUtils.h"
 #include "DialogSuppression.h"
 #include "FileFormatHook.h"
+#include "HandlerTrace.h"
 #include "HostSuites.h"
 #include "MenuHandler.h"
 #include "PCILoader.h"
 #include "TimerHandler.h"
-#include "TypeloftSPEA.h"
 
 namespace {
 
@@ -15,6 +18,9 @@ constexpr int64_t kGlobalsVersion = 2023;
 
 constexpr char kBundleIdentifier[] = "com.corvanta.AutoActivationPlugin.AI24";
 constexpr char kHostVersion[] = "24";
+
+// PluginCore takes no size for this buffer.
+constexpr size_t kDialogBufferSize = 256;
 
 constexpr char kBlocksSuiteName[] = "SP Blocks Suite";
 constexpr int kBlocksSuiteVersion = 2;
@@ -71,7 +77,7 @@ void AllocateGlobals(SPInterfaceMessage* message, SPBlocksSuite* blocks)
     ThrowAIErr(blocks->AllocateBlock(sizeof(SGlobals), "globals", &block));
     gGlobals = static_cast<SGlobals*>(block);
     message->d.globals = gGlobals;
-    // The block comes as the host left it: what has no value of its own yet must read as none.
+    // The host doesn't clear the block.
     gGlobals->fileFormatHandle = nullptr;
     gGlobals->reserved[1] = nullptr;
     gGlobals->reserved[2] = nullptr;
@@ -82,66 +88,69 @@ void AllocateGlobals(SPInterfaceMessage* message, SPBlocksSuite* blocks)
     gGlobals->globalsString = new std::string;
 }
 
-void TakePlaceInHost(SPInterfaceMessage* message, SPBlocksSuite*& blocks)
+void RegisterWithHost(SPInterfaceMessage* message, SPBlocksSuite*& blocks)
 {
     AcquireBlocksSuite(blocks);
     AllocateGlobals(message, blocks);
-    // Without its menus the plug-in follows no documents; of notifiers it takes what it got.
+    // Without its menus the plug-in doesn't follow documents. If a notifier is refused, the plug-in
+    // runs with those it got.
     if (AddAllCorvantaMenuItems(message) == 0) (void)AddNotifiers(message);
+    // AddFileFormat always returns 0.
     (void)AddFileFormat(message);
-    bool enabled = false;
-    // Only the answer counts.
-    (void)PCILoader::GetSharedInstance()->pfPluginIsEnabled(true, &enabled);
-    SetupIllustratorDialogSuppression(enabled);
+    SetupIllustratorDialogSuppression(IsPluginEnabled());
+}
+
+void AddAllNotifiers(SPInterfaceMessage* message, AINotifierSuite*& notifiers)
+{
+    OutputIndentedAndFormattedString(0, "...acquiring notifier suite");
+    AcquireSuite(kNotifierSuiteName, kNotifierSuiteVersion, &notifiers);
+    for (const NotifierRow& row : kNotifiers) {
+        OutputIndentedAndFormattedString(0, "%s", row.trace);
+        ThrowAIErr(
+            notifiers->AddNotifier(message->d.self, row.name, row.type, &(gGlobals->*row.field)));
+    }
 }
 
 }  // namespace
 
 AIErr StartupPlugin(SPInterfaceMessage* message)
 {
-    if (message == nullptr) return kHostBadParameter;
-    OutputIndentedAndFormattedString(1, "Entering %s", "StartupPlugin");
-    AIErr result = kHostSuccess;
-    PCILoader* const core = PCILoader::GetSharedInstance();
-    if (core->pfInitializePluginCoreInterface(kBundleIdentifier, kHostVersion) == 0) {
-        // It is registered in any case: PluginCore has no other way to refuse than to do nothing.
+    return HandleMessage("StartupPlugin", message, [message] {
+        AIErr result = kHostSuccess;
+        PCILoader* const core = PCILoader::GetSharedInstance();
+        if (core->pfInitializePluginCoreInterface(kBundleIdentifier, kHostVersion) != 0) {
+            return result;
+        }
+        // If PluginCore refuses the callback, the library submenu is never rebuilt.
         (void)core->pfSetRebuildWorkgroupsMenuCallback(RebuildWorkgroupsMenu);
         SPBlocksSuite* blocks = nullptr;
         try {
-            TakePlaceInHost(message, blocks);
+            RegisterWithHost(message, blocks);
         } catch (int error) {
             OutputIndentedAndFormattedString(0, "StartupPlugin, after catching an error\n");
             result = error;
         }
         ReleaseSuite(kBlocksSuiteName, kBlocksSuiteVersion, &blocks);
-        // Without the timer the plug-in runs on, only without idle calls and panel.
+        // Without the timer only idle calls and the panel are missing.
         if (result == kHostSuccess) (void)AddTimers(message);
-    }
-    OutputIndentedAndFormattedString(-1, "%s returning %d", "StartupPlugin", result);
-    return result;
+        return result;
+    });
 }
 
 AIErr AddNotifiers(SPInterfaceMessage* message)
 {
-    if (message == nullptr) return kHostBadParameter;
-    OutputIndentedAndFormattedString(1, "Entering %s", "AddNotifiers");
-    AIErr result = kHostSuccess;
-    AINotifierSuite* notifiers = nullptr;
-    try {
-        OutputIndentedAndFormattedString(0, "...acquiring notifier suite");
-        AcquireSuite(kNotifierSuiteName, kNotifierSuiteVersion, &notifiers);
-        for (const NotifierRow& row : kNotifiers) {
-            OutputIndentedAndFormattedString(0, "%s", row.trace);
-            ThrowAIErr(notifiers->AddNotifier(message->d.self, row.name, row.type,
-                                              &(gGlobals->*row.field)));
+    return HandleMessage("AddNotifiers", message, [message] {
+        AIErr result = kHostSuccess;
+        AINotifierSuite* notifiers = nullptr;
+        try {
+            AddAllNotifiers(message, notifiers);
+        } catch (int error) {
+            OutputIndentedAndFormattedString(0, "...exception caught while adding notifiers");
+            result = error;
         }
-    } catch (int error) {
-        OutputIndentedAndFormattedString(0, "...exception caught while adding notifiers");
-        result = error;
-    }
-    ReleaseSuite(kNotifierSuiteName, kNotifierSuiteVersion, &notifiers);
-    OutputIndentedAndFormattedString(-1, "%s returning %d", "AddNotifiers", result);
-    return result;
+        ReleaseSuite(kNotifierSuiteName, kNotifierSuiteVersion, &notifiers);
+        return result;
+    });
 }
 
 AIErr ShutdownPlugin(SPInterfaceMessage* message)
@@ -159,9 +168,9 @@ AIErr ShutdownPlugin(SPInterfaceMessage* message)
         gGlobals->globalsString = nullptr;
         SetupIllustratorDialogSuppression(false);
         OutputIndentedAndFormattedString(0, "Calling RemoveTimers from ShutdownPlugin.");
-        // A timer that can't be stopped now goes with the host.
+        // If the timer can't be stopped, it ends with the host.
         (void)RemoveTimers();
-        // Tried once: what the host doesn't take back now, nothing gives back later.
+        // A suite that the host refuses to take back isn't released later either.
         (void)ReleaseSuites();
         AcquireSuite(kBlocksSuiteName, kBlocksSuiteVersion, &blocks);
         ThrowAIErr(blocks->FreeBlock(gGlobals));
@@ -176,17 +185,14 @@ AIErr ShutdownPlugin(SPInterfaceMessage* message)
 
 AIErr AboutPlugin(SPInterfaceMessage* /*message*/)
 {
-    OutputIndentedAndFormattedString(1, "Entering %s", "AboutPlugin");
-    AIErr result = kHostSuccess;
-    PCILoader* const core = PCILoader::GetSharedInstance();
-    if (core != nullptr && core->pfInvokeCommandDialog != nullptr) {
+    return TraceHandler("AboutPlugin", [] {
+        PCILoader* const core = PCILoader::GetSharedInstance();
+        if (core == nullptr || core->pfInvokeCommandDialog == nullptr) return kHostSuccess;
         std::string path;
-        // Without a document the path stays empty.
+        // Without a document the path is empty.
         (void)GetDocumentFileSpec(&path, false);
-        char buffer[256] = {};
+        char buffer[kDialogBufferSize] = {};
         bool flag = false;
-        result = static_cast<AIErr>(core->pfInvokeCommandDialog(path.c_str(), buffer, &flag));
-    }
-    OutputIndentedAndFormattedString(-1, "%s returning %d", "AboutPlugin", result);
-    return result;
+        return static_cast<AIErr>(core->pfInvokeCommandDialog(path.c_str(), buffer, &flag));
+    });
 }

@@ -1,44 +1,23 @@
 #pragma once
 
-#include <string>
-
 #include "HostInterface.h"
+#include "PluginGlobals.h"
 
-// The globals record: one block of the host's, whose address the host hands back with every
-// message. Not constructed and not destroyed, so it holds plain words alone.
-struct SGlobals {
-    int64_t globalsVersion;      // 2023, read by nobody
-    std::string* globalsString;  // owned by the record, from startup to shutdown
-    void* reserved[3];
-    SPPluginRef pluginRef;
-    AINotifierHandle documentChangedNotifier;
-    AINotifierHandle documentOpenedNotifier;
-    AINotifierHandle documentAboutToCloseNotifier;
-    AINotifierHandle documentClosedNotifier;
-    AINotifierHandle documentNewNotifier;
-    AINotifierHandle startupNotifier;
-    AINotifierHandle shutdownNotifier;
-    AINotifierHandle menuChangedNotifier;
-    AINotifierHandle afterSaveNotifier;
-    AINotifierHandle afterSaveAsNotifier;
-    AINotifierHandle diskWritingCompleteNotifier;
-    AINotifierHandle fontListChangedNotifier;
-    AITimerHandle timerHandle;
-    AIFileFormatHandle fileFormatHandle;
-};
+// Startup, shutdown and the about dialog. Main thread.
 
-// Starts PluginCore and takes the plug-in's place in the host. 0, also if PluginCore refused to
-// start; else the host's code. kHostBadParameter for a null message.
+// Starts PluginCore, allocates the globals record, registers the menus, the notifiers and the file
+// format with the host, and adds the timer. Returns 0, also if PluginCore refused to start, the
+// host's error code, or kHostBadParameter for a null message.
 AIErr StartupPlugin(SPInterfaceMessage* message);
 
-// Undoes it; the second of two calls finds nothing to do and gives 0. The result is PluginCore's
-// status or the host's code; kHostBadParameter for a null message. The message's globals word is
-// cleared.
+// Reverses StartupPlugin, and sets gGlobals and the message's globals pointer to null. Idempotent:
+// a second call returns 0. Returns PluginCore's status, the host's error code, or kHostBadParameter
+// for a null message.
 AIErr ShutdownPlugin(SPInterfaceMessage* message);
 
-// Has PluginCore show its about dialog and gives its status; 0 if there is no PluginCore.
+// Has PluginCore show its about dialog. Returns PluginCore's status, or 0 without a PluginCore.
 AIErr AboutPlugin(SPInterfaceMessage* message);
 
-// Subscribes to the twelve notifiers; at the host's first refusal its code is the result, and those
-// added so far stay. kHostBadParameter for a null message.
+// Subscribes to the twelve notifiers. Stops at the first failure and returns the host's code;
+// notifiers added before it remain subscribed. Returns kHostBadParameter for a null message.
 AIErr AddNotifiers(SPInterfaceMessage* message);

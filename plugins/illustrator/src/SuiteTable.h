@@ -1,11 +1,11 @@
 #pragma once
 
-// The suites that are acquired with the first message and released at shutdown.
+// The suites that the plug-in acquires with the first message and releases at shutdown.
 
 struct SuiteImport {
     const char* name;
     int version;
-    void* target;  // the global that receives the suite pointer; null skips the row
+    void* target;  // address of the global for the suite's pointer; null skips the row
 };
 
 constexpr int kSuiteCount = 99;

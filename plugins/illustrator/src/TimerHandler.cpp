@@ -3,18 +3,17 @@
 #include <cstdint>
 #include <string>
 
-#include "DebugUtils.h"
+#include "HandlerTrace.h"
 #include "HostSuites.h"
 #include "PCILoader.h"
-#include "PluginStartup.h"
-#include "TypeloftSPEA.h"
+#include "PluginGlobals.h"
 
 namespace {
 
 constexpr char kTimerSuiteName[] = "AI Timer Suite";
 constexpr int kTimerSuiteVersion = 1005;
 constexpr char kTimerName[] = "Corvanta AIPlugin Timer";
-constexpr int32_t kSmallestPeriod = 1;
+constexpr int32_t kSmallestPeriod = 1;  // as often as the host can
 
 constexpr char kPortRequestType[] = "com.corvanta.portnumberrequest";
 constexpr char kPortResponseType[] = "com.corvanta.portnumberresponse";
@@ -22,7 +21,7 @@ constexpr char kPortResponseType[] = "com.corvanta.portnumberresponse";
 SDKPlugPlug sPPLib;
 bool registeredListener = false;
 
-// Runs `action` with the suite; a code that it throws becomes the result.
+// Calls `action` with the suite. Returns 0, or the host's code that was thrown as an int.
 template <class Action>
 AIErr WithTimerSuite(Action action)
 {
@@ -42,21 +41,20 @@ AIErr WithTimerSuite(Action action)
 
 AIErr AddTimers(SPInterfaceMessage* message)
 {
-    OutputIndentedAndFormattedString(1, "Entering %s", "AddTimers");
-    const AIErr result = WithTimerSuite([message](const AITimerSuite& timers) {
-        ThrowAIErr(
-            timers.AddTimer(message->d.self, kTimerName, kSmallestPeriod, &gGlobals->timerHandle));
+    return TraceHandler("AddTimers", [message] {
+        return WithTimerSuite([message](const AITimerSuite& timers) {
+            ThrowAIErr(timers.AddTimer(message->d.self, kTimerName, kSmallestPeriod,
+                                       &gGlobals->timerHandle));
+        });
     });
-    OutputIndentedAndFormattedString(-1, "%s returning %d", "AddTimers", result);
-    return result;
 }
 
-// Runs for the whole session at the host's smallest period: no trace and no allocation.
+// Called very often during the whole session, so it must neither trace nor allocate.
 int GoTimer(AITimerMessage* /*message*/)
 {
     PCILoader* const core = PCILoader::GetSharedInstance();
     if (core == nullptr) return 0;
-    // The next tick comes in any case, and tries again what failed.
+    // The next tick repeats all three, so their failures are ignored.
     (void)StartPlugPlug();
     (void)core->pfIdleEvent();
     (void)core->pfProcessPanelMessages(1);
@@ -65,15 +63,14 @@ int GoTimer(AITimerMessage* /*message*/)
 
 AIErr RemoveTimers()
 {
-    OutputIndentedAndFormattedString(1, "Entering %s", "RemoveTimers");
-    const AIErr result = WithTimerSuite([](const AITimerSuite& timers) {
-        if (gGlobals == nullptr || gGlobals->timerHandle == nullptr) return;
-        bool isActive = false;
-        ThrowAIErr(timers.GetTimerActive(gGlobals->timerHandle, &isActive));
-        if (isActive) ThrowAIErr(timers.SetTimerActive(gGlobals->timerHandle, false));
+    return TraceHandler("RemoveTimers", [] {
+        return WithTimerSuite([](const AITimerSuite& timers) {
+            if (gGlobals == nullptr || gGlobals->timerHandle == nullptr) return;
+            bool isActive = false;
+            ThrowAIErr(timers.GetTimerActive(gGlobals->timerHandle, &isActive));
+            if (isActive) ThrowAIErr(timers.SetTimerActive(gGlobals->timerHandle, false));
+        });
     });
-    OutputIndentedAndFormattedString(-1, "%s returning %d", "RemoveTimers", result);
-    return result;
 }
 
 unsigned int StartPlugPlug()
@@ -82,8 +79,8 @@ unsigned int StartPlugPlug()
     const int loaded = sPPLib.Load();
     if (loaded != 0) return static_cast<unsigned int>(loaded);
     const int added = sPPLib.AddEventListener(kPortRequestType, PortRequested, nullptr);
-    // PluginCore shares the binding whether or not the listener stands, and its answer doesn't
-    // count.
+    // PluginCore uses the bus whether or not the listener was added. Its status changes nothing
+    // here.
     (void)PCILoader::GetSharedInstance()->pfRegisterPlugPlug(&sPPLib);
     if (added == 0) {
         registeredListener = true;
@@ -96,7 +93,7 @@ void PortRequested(const csxs::event::Event* /*event*/, void* /*context*/) { sen
 
 void sendPortEvent()
 {
-    // The event points into it, also after the dispatch.
+    // Static because the event points to it, even after the dispatch.
     static std::string xmlString;
 
     int port = 0;
@@ -108,6 +105,6 @@ void sendPortEvent()
     event.scope = csxs::event::kEventScopeApplication;
     event.appId = "test";
     event.data = xmlString.c_str();
-    // A panel that didn't get it asks again.
+    // A panel that doesn't receive the event asks again.
     (void)sPPLib.DispatchEvent(&event);
 }

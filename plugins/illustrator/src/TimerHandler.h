@@ -3,24 +3,25 @@
 #include "HostInterface.h"
 #include "SDKPlugPlug.h"
 
-// Lends PluginCore the host's main thread at every tick of the host, and tells the panel the port
-// that PluginCore listens on.
+// The host's timer, which gives PluginCore time on the main thread, and the link to the panel: over
+// the host's event bus the panel learns the port that PluginCore listens on. Main thread.
 
-// Adds the timer at the end of startup. 0 or the host's code.
+// Adds the timer; the last step of startup. Returns 0 or the host's code.
 AIErr AddTimers(SPInterfaceMessage* message);
 
-// One tick. Always 0.
+// Handles one tick of the timer. Returns 0.
 int GoTimer(AITimerMessage* message);
 
-// Stops the timer. 0, also if there is none, or the host's code.
+// Stops the timer. Returns the host's code, or 0, also if there is no timer.
 AIErr RemoveTimers();
 
-// Brings the link to the panel up; once it stands, only tests that. 0, also if the listener
-// couldn't be added, or what SDKPlugPlug::Load gave.
+// Connects to the host's event bus, adds the listener for PortRequested and sends the port. If the
+// listener is already added, does nothing. Returns what SDKPlugPlug::Load returned, or 0, also if
+// the bus refused the listener.
 unsigned int StartPlugPlug();
 
-// The panel asks for the port. Called by the event bus; neither argument is read.
+// The listener for the panel's request: sends the port. Uses neither argument.
 void PortRequested(const csxs::event::Event* event, void* context);
 
-// Tells the panel the port; nothing is sent if PluginCore has none.
+// Sends the port to the panel, unless PluginCore has none.
 void sendPortEvent();

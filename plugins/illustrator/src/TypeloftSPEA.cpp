@@ -4,6 +4,7 @@
 #include "DocumentHandlers.h"
 #include "DocumentRegistry.h"
 #include "FileFormatHook.h"
+#include "HandlerTrace.h"
 #include "HostSuites.h"
 #include "MenuHandler.h"
 #include "PCILoader.h"
@@ -13,10 +14,6 @@
 #include "TimerHandler.h"
 #include "TraceArguments.h"
 
-SPBasicSuite* sSPBasic = nullptr;
-SGlobals* gGlobals = nullptr;
-void* gMessage = nullptr;
-
 namespace {
 
 int32_t gReentrantFlag = 0;
@@ -25,13 +22,12 @@ bool IsEqual(const char* a, const char* b) { return sSPBasic->IsEqual(a, b) != 0
 
 void TraceUnhandledSelector() { OutputIndentedAndFormattedString(0, "...UNHANDLED SELECTOR"); }
 
-// With no PluginCore, or one that can't be used, the host is told that all went well and the
-// plug-in stays inert.
+// Without a usable PluginCore, returns success to the host and leaves the plug-in inert.
 AIErr TestPluginCoreAndStart(SPInterfaceMessage* message)
 {
     PCILoader* const loader = PCILoader::GetSharedInstance();
     if (loader == nullptr) {
-        // The alert's result is always 0.
+        // SimpleAlert always returns 0.
         (void)SimpleAlert("Missing PluginCore", PluginInfo::GetPluginPath(nullptr).c_str());
         return kHostSuccess;
     }
@@ -65,7 +61,7 @@ AIErr innerMain(char* caller, char* selector, void* message)
     if (sSPBasic == nullptr) {
         OutputIndentedAndFormattedString(0, "- no basic suite available in message");
     } else {
-        // Tried again with the next message; the handlers meet the missing suites.
+        // On a failure the next message tries again. Handlers check for suites that are missing.
         (void)AcquireSuites(sSPBasic);
         result = IsEqual(caller, "SP Interface")
                      ? HandleInterfaceSelector(selector, static_cast<SPInterfaceMessage*>(message))
@@ -92,7 +88,7 @@ AIErr DispatchCaller(char* caller, char* selector, void* message)
             return GoMenuItem(static_cast<AIMenuMessage*>(message));
         }
         if (IsEqual(selector, "AI Update")) {
-            // The host asks for the items' state, not for a result.
+            // The host wants the items updated and doesn't use a result.
             (void)updateMenuItem(static_cast<AIMenuMessage*>(message));
             return kHostSuccess;
         }
@@ -108,7 +104,7 @@ AIErr DispatchCaller(char* caller, char* selector, void* message)
     }
     if (IsEqual(caller, "AI File Format")) {
         if (IsEqual(selector, "AI Check")) {
-            // The plug-in is a file format in order to be asked, and never claims a file.
+            // We registered a file format only to be asked about each file. -1 means "not ours".
             HandleFileFormatCheck(static_cast<AIFileFormatMessage*>(message));
             return -1;
         }
@@ -116,13 +112,14 @@ AIErr DispatchCaller(char* caller, char* selector, void* message)
         return kHostSuccess;
     }
     if (IsEqual(caller, "AI Timer")) {
-        // A tick has no result.
+        // GoTimer always returns 0.
         if (IsEqual(selector, "AI Go")) (void)GoTimer(static_cast<AITimerMessage*>(message));
         return kHostSuccess;
     }
     if (IsEqual(caller, "SP Access")) {
-        const bool mustStay = IsEqual(selector, "Unload") && gGlobals != nullptr;
-        return mustStay ? 1 : 0;
+        // 1 refuses to be unloaded.
+        const bool isNeeded = IsEqual(selector, "Unload") && gGlobals != nullptr;
+        return isNeeded ? 1 : 0;
     }
     OutputIndentedAndFormattedString(
         0, "%s(caller='%s', selector='%s', message=0x%08x) doing nothing.", "HandlePluginCaller",
@@ -131,13 +128,6 @@ AIErr DispatchCaller(char* caller, char* selector, void* message)
 }
 
 }  // namespace
-
-void ThrowAIErr(int code)
-{
-    if (code == kHostSuccess) return;
-    OutputIndentedAndFormattedString(0, "ERROR:  throwing %d.", code);
-    throw code;
-}
 
 AIErr Main(char* caller, char* selector, void* message)
 {
@@ -152,7 +142,7 @@ AIErr Main(char* caller, char* selector, void* message)
 
 AIErr HandlePluginCaller(char* caller, char* selector, void* message)
 {
-    // The timer ticks all the time and would drown the rest.
+    // Timer ticks are so frequent that they would drown all other lines.
     const bool isTraced = !IsEqual(caller, "AI Timer");
     if (isTraced) {
         OutputIndentedAndFormattedString(
@@ -210,19 +200,15 @@ AIErr GoNotifier(AINotifierMessage* message)
 
 AIErr HandleStartupNotifier(AINotifierMessage* message)
 {
-    if (message == nullptr) return kHostBadParameter;
-    OutputIndentedAndFormattedString(1, "Entering %s", "HandleStartupNotifier");
-    OutputIndentedAndFormattedString(-1, "%s returning %d", "HandleStartupNotifier", kHostSuccess);
-    return kHostSuccess;
+    return HandleMessage("HandleStartupNotifier", message, [] { return kHostSuccess; });
 }
 
 AIErr HandleShutdownNotifier(AINotifierMessage* message)
 {
-    if (message == nullptr) return kHostBadParameter;
-    OutputIndentedAndFormattedString(1, "Entering %s", "HandleShutdownNotifier");
-    // Of both records the shutdown knows only the head, which is the same. Its result has no
-    // receiver: the application ends in any case.
-    (void)ShutdownPlugin(reinterpret_cast<SPInterfaceMessage*>(message));
-    OutputIndentedAndFormattedString(-1, "%s returning %d", "HandleShutdownNotifier", kHostSuccess);
-    return kHostSuccess;
+    return HandleMessage("HandleShutdownNotifier", message, [message] {
+        // ShutdownPlugin reads only the header, which all messages share. Its result isn't passed
+        // on because the application quits in any case.
+        (void)ShutdownPlugin(reinterpret_cast<SPInterfaceMessage*>(message));
+        return kHostSuccess;
+    });
 }

@@ -1,33 +1,29 @@
 #pragma once
 
 #include "HostInterface.h"
+#include "PluginGlobals.h"
 
-struct SGlobals;
+// The entry, and the dispatch of each host message to its handler.
 
-// The one entry that the host calls, always on its main thread. The strings and the message are the
-// host's and valid during the call.
+// The module's only exported function. The host calls it on its main thread for every message. The
+// strings and the message belong to the host and are valid during the call.
 extern "C" AIErr PluginMain(char* caller, char* selector, void* message);
 
-// The barrier behind PluginMain: nothing that is thrown passes it, and the host is then told 0.
+// The exception barrier that PluginMain calls: catches everything and then returns 0. Returns 1
+// without doing anything if the plug-in is still handling another message.
 AIErr Main(char* caller, char* selector, void* message);
 
-// Splits by caller and selector whatever isn't for "SP Interface".
+// Dispatches, by caller and selector, every message whose caller isn't "SP Interface".
 AIErr HandlePluginCaller(char* caller, char* selector, void* message);
 
-// Splits by the notifier's handle. kHostBadParameter for a null message or without globals.
+// Dispatches by the notifier's handle and returns the handler's result, or 0 for an unknown
+// notifier. Returns kHostBadParameter if `message` or gGlobals is null.
 AIErr GoNotifier(AINotifierMessage* message);
 
-// The application has finished starting: nothing is to be done. kHostBadParameter for null, else 0.
+// The application has finished starting, and there is nothing to do. Returns 0, or
+// kHostBadParameter for a null message.
 AIErr HandleStartupNotifier(AINotifierMessage* message);
 
-// The application is about to end, which is what stops the plug-in. kHostBadParameter for null,
-// else 0 whatever the shutdown gave.
+// The application is about to quit: shuts the plug-in down. Returns 0 whatever the shutdown
+// returned, or kHostBadParameter for a null message.
 AIErr HandleShutdownNotifier(AINotifierMessage* message);
-
-// From the message in hand; rewritten with every message that is taken.
-extern SPBasicSuite* sSPBasic;
-extern SGlobals* gGlobals;  // null before startup and after shutdown
-extern void* gMessage;
-
-// Throws a host code that isn't 0 as an int, after a trace.
-void ThrowAIErr(int code);

@@ -1,7 +1,8 @@
+#include "UsedFonts.h"
+
 #include "ArtTypes.h"
 #include "DebugUtils.h"
-#include "DocumentHandlers.h"
-#include "TypeloftSPEA.h"
+#include "PluginGlobals.h"
 
 namespace {
 
@@ -13,7 +14,7 @@ AIArtSpec sTextFrameSpec(kTextFrameArt, 0, 0);
 ATE::IArrayFontRef GetFontsOfAllStories()
 {
     AIArtSet set = nullptr;
-    // Every failure is thrown.
+    // It reports every failure by an exception.
     (void)GetTextFrameArtSet(&sTextFrameSpec, 1, set);
     int count = 0;
     ThrowAIErr(gArtSetSuite->CountArtSet(set, &count));
@@ -31,7 +32,7 @@ void AppendName(json& fonts, const ATE::IFont& font)
 {
     AIFontKey key = nullptr;
     ThrowAIErr(gFontSuite->FontKeyFromFontRef(font.GetRef(), &key));
-    // One byte more than the host is told, so that the text ends whatever it writes.
+    // One byte more than the host may write, so that the text is always terminated.
     char name[kNameSize + 1] = {};
     ThrowAIErr(gFontSuite->GetPostScriptFontName(key, name, kNameSize));
     fonts.push_back(json::object({{"PostScriptName", name}}));
@@ -61,7 +62,7 @@ AIErr GetTextFrameArtSet(AIArtSpec* specs, short numSpecs, AIArtSet& set)
         result = gArtSetSuite->MatchingArtSet(specs, numSpecs, set);
         ThrowAIErr(result);
     } catch (const ai::Error& error) {
-        // The code of the failure counts, not that of the disposal.
+        // The result is the code of the failure and not that of the disposal.
         if (set != nullptr) (void)gArtSetSuite->DisposeArtSet(&set);
         result = error;
     }
@@ -81,4 +82,16 @@ AIErr IterateUsedFonts(json& fonts)
     }
     OutputIndentedAndFormattedString(-1, "%s() returning %d", "IterateUsedFonts", result);
     return result;
+}
+
+json CollectUsedFonts()
+{
+    json fonts;
+    try {
+        // After an error of the text engine the fonts found so far are used.
+        (void)IterateUsedFonts(fonts);
+    } catch (...) {
+        OutputIndentedAndFormattedString(0, "No fonts found in document.");
+    }
+    return fonts;
 }

@@ -1,9 +1,9 @@
-#include "LinkTest.h"
+#include "LinkFixture.h"
 #include "Platform.h"
 
 namespace {
 
-struct MacPanel : LinkTest {};
+struct MacPanel : LinkFixture {};
 
 TEST_F(MacPanel, FirstTickFindsTheBusInTheHostsBundleAndSendsThePort)
 {

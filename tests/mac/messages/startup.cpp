@@ -19,7 +19,7 @@ const char* const kTitle = "Missing Fonts";
 
 // The plug-in with nothing started yet, and no PluginCore. Each body has a process of its own: the
 // hook is there for good.
-class MacStartup : public MessageTest {
+class MacStartup : public MessageFixture {
 protected:
     MacStartup() { PCILoader::sSharedInstance = nullptr; }
 

@@ -91,7 +91,7 @@ TEST(TableCost, SilentReportBuildsTheTable)
 }
 
 // The plug-in opens a document, gets a timer tick and shuts down, without a failure.
-class CleanRun : public MessageTest {};
+class CleanRun : public MessageFixture {};
 
 TEST_F(CleanRun, DocumentWithoutFailuresBuildsNoTable)
 {

@@ -4,7 +4,7 @@
 
 #include "HostInterface.h"
 
-// The suites that the plug-in takes, in order, with the global that each fills.
+// The suites that the plug-in acquires, in order, with the global for each.
 struct ExpectedSuite {
     const char* name;
     int version;
@@ -115,5 +115,5 @@ const ExpectedSuite kExpectedSuites[] = {
 constexpr std::size_t kExpectedSuiteCount = sizeof kExpectedSuites / sizeof kExpectedSuites[0];
 static_assert(kExpectedSuiteCount == 99);
 
-// What the global holds: null before the suite is acquired.
+// The value of the suite's global: null while the suite isn't acquired.
 inline void* HeldBy(const ExpectedSuite& suite) { return *static_cast<void**>(suite.global); }

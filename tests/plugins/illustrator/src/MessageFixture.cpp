@@ -13,8 +13,8 @@
 
 namespace {
 
-// Takes back what an earlier test of this process has left in the plug-in's variables.
-void StartAnew()
+// Resets the plug-in's variables, which an earlier test of this process may have changed.
+void ResetPlugin()
 {
     static std::time_t now = 1000000;
     FakeClock::Set(now += 1000);
@@ -31,58 +31,58 @@ void StartAnew()
 
 }  // namespace
 
-MessageTest::MessageTest()
+MessageFixture::MessageFixture()
 {
     host.defaultFonts[-2] = "HostSans-Regular";
-    StartAnew();
+    ResetPlugin();
     Forget();
 }
 
-MessageTest::~MessageTest() {}
+MessageFixture::~MessageFixture() = default;
 
-void MessageTest::TearDown()
+void MessageFixture::TearDown()
 {
     if (host.globals != nullptr) (void)SendInterface("Shutdown");
     EXPECT_THAT(host.Faults(), ::testing::IsEmpty());
-    EXPECT_EQ(host.LiveStrings(), 0U);
-    EXPECT_EQ(host.LivePaths(), 0U);
-    EXPECT_EQ(host.LiveReferences(), 0U);
-    EXPECT_EQ(host.LiveArtArrays(), 0U);
+    EXPECT_EQ(0U, host.LiveStrings());
+    EXPECT_EQ(0U, host.LivePaths());
+    EXPECT_EQ(0U, host.LiveReferences());
+    EXPECT_EQ(0U, host.LiveArtArrays());
 }
 
-void MessageTest::Start()
+void MessageFixture::Start()
 {
-    ASSERT_EQ(SendInterface("Startup"), 0);
-    ASSERT_NE(host.globals, nullptr);
+    ASSERT_EQ(0, SendInterface("Startup"));
+    ASSERT_NE(nullptr, host.globals);
     Forget();
 }
 
-void MessageTest::Forget()
+void MessageFixture::Forget()
 {
     host.ClearCalls();
     core->calls.clear();
     ClearTraces();
 }
 
-AIErr MessageTest::SendInterface(const std::string& selector)
+AIErr MessageFixture::SendInterface(const std::string& selector)
 {
     SPInterfaceMessage message = host.InterfaceMessage();
     return host.Send(Main, "SP Interface", selector, message);
 }
 
-AIErr MessageTest::SendNotifier(const std::string& type, void* notifyData)
+AIErr MessageFixture::SendNotifier(const std::string& type, void* notifyData)
 {
     AINotifierMessage message = host.NotifierMessage(type, notifyData);
     return host.Send(Main, "AI Notifier", "AI Notify", message);
 }
 
-AIErr MessageTest::SendCheck(const std::string& path)
+AIErr MessageFixture::SendCheck(const std::string& path)
 {
     ScriptedFileFormatMessage message = host.FileFormatMessage(path);
     return host.Send(Main, "AI File Format", "AI Check", message.record);
 }
 
-std::string MessageTest::Low32(const void* address)
+std::string MessageFixture::Low32(const void* address)
 {
     char text[16];
     (void)std::snprintf(text, sizeof text, "0x%08x",
@@ -90,7 +90,7 @@ std::string MessageTest::Low32(const void* address)
     return text;
 }
 
-std::string MessageTest::ScratchFile(const std::string& name, const std::string& content)
+std::string MessageFixture::ScratchFile(const std::string& name, const std::string& content)
 {
     return folder.Write(name, content);
 }

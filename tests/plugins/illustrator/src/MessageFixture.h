@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "CoreErrorCodes.h"
 #include "FakeClock.h"
 #include "InProcessPluginCore.h"
 #include "PluginStartup.h"
@@ -14,33 +15,34 @@
 #include "ScriptedHost.h"
 #include "TypeloftSPEA.h"
 
-constexpr AIErr kParameterError = 0x5041524D;  // 'PARM'
-constexpr int kUnknownStatus = 0x15000000;
+constexpr int kUnknownStatus = static_cast<int>(CoreErrorCodes::kUnknownError);
 
-// The host's types of the notifiers that the documents send.
+// The host's types of two document notifiers.
 inline const char* const kOpened = "AI Document Opened Notifier";
 inline const char* const kNew = "AI Document New Notifier";
 
-// The plug-in between a scripted host and a scripted PluginCore that seems to be loaded. Messages
-// go through Main, as the host sends them. At the end the plug-in is shut down if it runs; no
-// handle may have been used wrongly, and no string, path or text engine reference may be out.
-class MessageTest : public ::testing::Test {
+// The plug-in between a scripted host and a scripted PluginCore that is already loaded. Messages
+// are sent to Main, as the host does. TearDown shuts the plug-in down if it is running, and checks
+// that it used all handles correctly and released all strings, paths, art arrays and text engine
+// references.
+class MessageFixture : public ::testing::Test {
 protected:
-    MessageTest();
-    ~MessageTest() override;
+    MessageFixture();
+    ~MessageFixture() override;
     void TearDown() override;
 
-    // Sends "SP Interface" / "Startup" and forgets what was recorded so far.
+    // Starts the plug-in and clears all records.
     void Start();
+    // Clears the records of the host's and PluginCore's calls and of the traces.
     void Forget();
 
     AIErr SendInterface(const std::string& selector);
     AIErr SendNotifier(const std::string& type, void* notifyData = nullptr);
     AIErr SendCheck(const std::string& path);
 
-    // The texts as 0x%08x, the low 32 bits.
+    // The address as the traces print it: the low 32 bits as 0x%08x.
     static std::string Low32(const void* address);
-    // A path below a scratch folder that is removed at the end.
+    // Writes a file in a scratch folder, which is removed at the end. Returns its path.
     std::string ScratchFile(const std::string& name, const std::string& content);
 
     ScriptedHost host;

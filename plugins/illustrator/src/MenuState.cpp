@@ -1,0 +1,3 @@
+#include "MenuState.h"
+
+MenuState gMenuState;
