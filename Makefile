@@ -1,4 +1,4 @@
-# The main targets are `run` and `test`. Each installs missing packages, builds and runs.
+# `make run` and `make test` install what is missing, build and run.
 .PHONY: run test test-asan test-tsan test-mac test-corpus mac lint stage bench bench-documents
 .PHONY: bootstrap clean
 
@@ -10,33 +10,33 @@ test: bootstrap
 	cmake --build --preset dev
 	ctest --preset dev
 
-# The leak checker of clang 14 guesses the address of a loaded module's thread-local data and sometimes
-# reads unmapped memory, so intercept_tls_get_addr is off (see CMakePresets.json).
+# The leak checker of clang 14 guesses where the thread-local data of a loaded module begins, and
+# sometimes reads unmapped memory. The preset sets intercept_tls_get_addr=0 to prevent that.
 test-asan: bootstrap
 	cmake --preset asan >/dev/null
 	cmake --build --preset asan
 	ctest --preset asan
 
-# Only the tests of code that several threads use.
+# Runs only the tests with several threads.
 test-tsan: bootstrap
 	cmake --preset tsan >/dev/null
 	cmake --build --preset tsan
 	ctest --preset tsan
 
-# The macOS files over GNUstep, on Linux.
+# Tests the macOS files on Linux, over GNUstep.
 test-mac:
 	@tools/bootstrap --mac
 	cmake --preset mac-gnustep >/dev/null
 	cmake --build --preset mac-gnustep
 	ctest --preset mac-gnustep
 
-# On a Mac: the bundle and its tests.
+# Builds and tests the bundle on a Mac.
 mac: bootstrap
 	cmake --preset mac >/dev/null
 	cmake --build --preset mac
 	ctest --preset mac
 
-# Reads real documents from Debian packages, downloaded below .deps/corpus.
+# Reads real documents, which tools/corpus fetches from Debian packages into .deps/corpus.
 test-corpus:
 	@tools/bootstrap --corpus
 	cmake --preset dev >/dev/null
@@ -49,7 +49,7 @@ lint: bootstrap
 	cmake --preset dev >/dev/null
 	ctest --preset dev --label-regex lint
 
-# Installs below stage/ what a user would install.
+# Builds what a user would install, in stage/.
 stage: bootstrap
 	cmake --preset release >/dev/null
 	cmake --build --preset release

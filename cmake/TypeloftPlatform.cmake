@@ -1,7 +1,7 @@
-# Selects the platform files to compile (TYPELOFT_PLATFORM is Linux or Mac) and their libraries.
+# Chooses the files with a platform suffix that are compiled, and the libraries that they need.
 #
-# Mac is selected on macOS, and elsewhere by TYPELOFT_MAC_HALF. Then GNUstep replaces Foundation and
-# AppKit, and a stand-in in the tests replaces CoreFoundation.
+# macOS uses the _Mac files. TYPELOFT_MAC_HALF uses them on another system: GNUstep replaces
+# Foundation and AppKit, and a stand-in from tests/mac replaces CoreFoundation.
 option(TYPELOFT_MAC_HALF "Compile the macOS files over GNUstep, for their tests" OFF)
 
 if(APPLE OR TYPELOFT_MAC_HALF)
@@ -19,7 +19,7 @@ else()
     set(TYPELOFT_PLATFORM Linux)
 endif()
 
-# Every library with platform files links to this target.
+# The libraries and flags that every target with platform files needs.
 add_library(typeloftplatform INTERFACE)
 if(APPLE)
     target_link_libraries(typeloftplatform INTERFACE
@@ -32,12 +32,12 @@ elseif(TYPELOFT_MAC_HALF)
         -DGNUSTEP -DGNUSTEP_BASE_LIBRARY=1 -DGNU_GUI_LIBRARY=1 -DGNU_RUNTIME=1
         -D_NATIVE_OBJC_EXCEPTIONS -fobjc-exceptions -fexceptions
         -fconstant-string-class=NSConstantString)
-    # A header that defines a newer name in terms of the older one of GNUstep.
+    # Defines a name that GNUstep has only in its older form.
     set(newer_names ${PROJECT_SOURCE_DIR}/tests/mac/gnustep/NewerNames.h)
     target_compile_options(typeloftplatform INTERFACE
         "$<$<COMPILE_LANGUAGE:OBJC,OBJCXX>:${gnustep_flags}>"
         "$<$<COMPILE_LANGUAGE:OBJC,OBJCXX>:SHELL:-include ${newer_names}>"
-        # Objective-C is compiled in the C90 dialect otherwise.
+        # Without it, Objective-C is compiled as C of 1990.
         $<$<COMPILE_LANGUAGE:OBJC>:-std=gnu11>)
     target_link_libraries(typeloftplatform INTERFACE
         corefoundationstandin gnustep-gui gnustep-base objc)
@@ -47,8 +47,7 @@ else()
     target_link_libraries(typeloftplatform INTERFACE PkgConfig::PLIST ${CMAKE_DL_LIBS})
 endif()
 
-# typeloft_platform_sources(TARGET LINUX files... MAC files...): adds the files of the selected
-# platform to the target.
+# typeloft_platform_sources(TARGET LINUX files... MAC files...): adds the files of the platform.
 function(typeloft_platform_sources target)
     cmake_parse_arguments(arg "" "" "LINUX;MAC" ${ARGN})
     string(TOUPPER ${TYPELOFT_PLATFORM} platform)
@@ -56,7 +55,7 @@ function(typeloft_platform_sources target)
     target_link_libraries(${target} PUBLIC typeloftplatform)
 endfunction()
 
-# typeloft_export_only(TARGET names...): the module exports these symbols and no others.
+# typeloft_export_only(TARGET NAME...): exports only these symbols from a module.
 function(typeloft_export_only target)
     set(script ${CMAKE_CURRENT_BINARY_DIR}/${target}.exports)
     if(APPLE)
