@@ -66,7 +66,8 @@ int main(int argc, char** argv)
         if (argc == 2 && first != "--readme") {
             for (const std::string program : {"headless-host", "Vexcor"}) {
                 const Pages pages = MakePages(program);
-                const std::string start = first + "/" + program;
+                std::string start = first;
+                start.append("/").append(program);
                 Write(start + ".1", pages.manual);
                 Write(start + ".bash", pages.completion);
                 Write(start + ".md", pages.readmeSection);
