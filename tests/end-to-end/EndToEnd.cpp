@@ -20,7 +20,7 @@ EndToEnd::EndToEnd()
     home = scratch / "home";
     runFolder = scratch;
     pluginCore = fs::path(PLUGIN_CORE_FRAMEWORK).parent_path();
-    for (const char* folder : {"home", "system", "library"}) fs::create_directory(scratch / folder);
+    for (const char* name : {"home", "system", "library"}) fs::create_directory(scratch / name);
     const fs::path fonts = SYSTEM_FONTS_FOLDER;
     fs::copy(fonts / "DejaVuSansMono.ttf", scratch / "system");
     fs::copy(fonts / "DejaVuSans.ttf", scratch / "library");
@@ -138,9 +138,9 @@ std::string EndToEnd::ReadFile(const fs::path& file) const
 std::vector<std::string> EndToEnd::FontFilesInHome() const
 {
     std::vector<std::string> files;
-    const fs::path folder = home / ".local/share/fonts";
-    if (!fs::exists(folder)) return files;
-    for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+    const fs::path fonts = home / ".local/share/fonts";
+    if (!fs::exists(fonts)) return files;
+    for (const auto& entry : fs::recursive_directory_iterator(fonts)) {
         const std::string extension = entry.path().extension();
         if (extension == ".ttf" || extension == ".otf") files.push_back(entry.path());
     }
