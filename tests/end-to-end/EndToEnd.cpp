@@ -138,9 +138,9 @@ std::string EndToEnd::ReadFile(const fs::path& file) const
 std::vector<std::string> EndToEnd::FontFilesInHome() const
 {
     std::vector<std::string> files;
-    const fs::path fonts = home / ".local/share/fonts";
-    if (!fs::exists(fonts)) return files;
-    for (const auto& entry : fs::recursive_directory_iterator(fonts)) {
+    const fs::path userFonts = home / ".local/share/fonts";
+    if (!fs::exists(userFonts)) return files;
+    for (const auto& entry : fs::recursive_directory_iterator(userFonts)) {
         const std::string extension = entry.path().extension();
         if (extension == ".ttf" || extension == ".otf") files.push_back(entry.path());
     }

@@ -13,7 +13,7 @@
 #include "commands/CommandLine.h"
 #include "console/BashCompletion.h"
 #include "console/CommandPages.h"
-#include "vexcor/CommandLine.h"
+#include "vexcor/commands/CommandLine.h"
 
 namespace {
 

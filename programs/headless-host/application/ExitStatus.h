@@ -24,7 +24,7 @@ constexpr base::ProgramStatusRow kExitStatuses[] = {
     {kFileNotOpened, "a file cannot be opened or saved"},
     {kPluginNotLoaded, "the plug-in or PluginCore cannot be loaded"},
     {kPluginBrokeRule, "the plug-in broke a rule of the host"},
-    {kInterrupted, "interrupted; the open documents were closed and the plug-in was shut down"},
+    {kInterrupted, "interrupted; open documents were closed and the plug-in was shut down"},
 };
 
 }  // namespace headless

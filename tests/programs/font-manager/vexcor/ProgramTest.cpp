@@ -188,7 +188,7 @@ TEST_F(ProgramTest, AMissingHomeFolderIsReportedInOneLine)
     unsetenv("XDG_DATA_HOME");
     unsetenv("HOME");
     EXPECT_EQ(vexcor::kFileFailed, Run({"list"}));
-    EXPECT_EQ("Vexcor: no home folder: neither XDG_DATA_HOME nor HOME is set\n", output);
+    EXPECT_EQ("Vexcor: neither XDG_DATA_HOME nor HOME is set to an absolute path\n", output);
 }
 
 }  // namespace

@@ -168,9 +168,7 @@ TEST(OptionsTest, HelpNamesEveryOptionAndExitStatus)
     for (const CLI::Option* const option : ListOptions(*app, "open")) {
         EXPECT_THAT(text, HasSubstr(option->get_name()));
     }
-    for (const base::ProgramStatusRow& row : kExitStatuses) {
-        EXPECT_THAT(text, HasSubstr(row.meaning));
-    }
+    for (const auto& row : kExitStatuses) EXPECT_THAT(text, HasSubstr(row.meaning));
 }
 
 TEST(OptionsTest, TheVersionIsPrinted)

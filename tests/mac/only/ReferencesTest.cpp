@@ -23,13 +23,13 @@ CFHolder<CFStringRef> Text(const char* text)
         CFStringCreateWithCString(kCFAllocatorDefault, text, kCFStringEncodingUTF8));
 }
 
-TEST(StdString, IsTheTextInUTF8)
+TEST(StdString, ReturnsTheTextInUTF8)
 {
     EXPECT_EQ("4.5.6", GetStdString(Text("4.5.6").get()));
     EXPECT_EQ("caf\xC3\xA9\xE3\x83\x95", GetStdString(Text("caf\xC3\xA9\xE3\x83\x95").get()));
 }
 
-TEST(StdString, IsEmptyForNoText)
+TEST(StdString, IsEmptyForNullAndForAFailure)
 {
     EXPECT_EQ("", GetStdString(nullptr));
     EXPECT_EQ("", GetStdString(Text("").get()));
@@ -37,7 +37,7 @@ TEST(StdString, IsEmptyForNoText)
     EXPECT_EQ("", GetStdString(Text("text").get()));
 }
 
-TEST(FileDateOfAString, IsThatOfTheBytes)
+TEST(FileDateOfAString, EqualsTheDateForTheSameBytes)
 {
     const ScratchFolder scratch;
     const std::string path = scratch.Write("a", "x");
@@ -47,11 +47,11 @@ TEST(FileDateOfAString, IsThatOfTheBytes)
     EXPECT_EQ(0, GetFileModificationDate(static_cast<CFStringRef>(nullptr)));
 }
 
-TEST(BundlePath, IsThatOfTheLoadedBundleWithTheIdentifier)
+TEST(BundlePath, IsThePathOfTheLoadedBundleWithTheIdentifier)
 {
     const ScratchFolder scratch;
     (void)scratch.Write(
-        "A.framework/Resources/Info.plist",  // The path is known.
+        "A.framework/Resources/Info.plist",
         "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict><key>CFBundleIdentifier</key>"
         "<string>com.example.a</string></dict></plist>");
     const std::string folder = scratch.Path("A.framework");
@@ -66,7 +66,7 @@ TEST(BundlePath, IsThatOfTheLoadedBundleWithTheIdentifier)
     EXPECT_EQ(before, LiveReferences());
 }
 
-// A host with the preferred framework, which holds nothing.
+// A host whose PlugPlugOwl.framework is an empty folder.
 class HostWithOwl {
 public:
     HostWithOwl()
@@ -80,14 +80,14 @@ private:
     ScratchFolder mScratch;
 };
 
-// What each step of a look-up leaves behind if it fails: nothing.
+// The parameter is the CoreFoundation function that fails.
 class FailingStep : public testing::TestWithParam<const char*> {};
 
-TEST_P(FailingStep, OfTheEventBusGivesNoBundleAndKeepsNothing)
+TEST_P(FailingStep, OfTheEventBusLeavesNoBundleAndNoReference)
 {
     const HostWithOwl host;
     const long before = LiveReferences();
-    // Twice: some steps are done for each of the two names.
+    // Some steps are done once for each of the two frameworks, so two calls must fail.
     FailNextCall(GetParam());
     FailNextCall(GetParam());
     SDKPlugPlug binding;
@@ -105,12 +105,13 @@ INSTANTIATE_TEST_SUITE_P(Steps, FailingStep,
 
 class FailingPlainName : public testing::TestWithParam<const char*> {};
 
-TEST_P(FailingPlainName, LeavesThePreferredOne)
+TEST_P(FailingPlainName, DoesNotPreventPlugPlugOwl)
 {
     const HostWithOwl host;
     FailNextCall(GetParam());
     SDKPlugPlug binding;
-    EXPECT_EQ(31, binding.Load());  // it has none of the functions
+    // PlugPlugOwl is found, but has none of the functions.
+    EXPECT_EQ(31, binding.Load());
     EXPECT_NE(nullptr, binding.bundle);
 }
 
@@ -121,7 +122,7 @@ INSTANTIATE_TEST_SUITE_P(Steps, FailingPlainName,
 
 class FailingBundleStep : public testing::TestWithParam<const char*> {};
 
-TEST_P(FailingBundleStep, GivesNoBundleAndKeepsNothing)
+TEST_P(FailingBundleStep, ReturnsNullAndLeaksNoReference)
 {
     const ScratchFolder scratch;
     const long before = LiveReferences();
@@ -135,7 +136,7 @@ INSTANTIATE_TEST_SUITE_P(Steps, FailingBundleStep,
                                          "CFURLCreateWithFileSystemPath", "CFBundleCreate"),
                          [](const auto& row) { return std::string(row.param); });
 
-TEST(FileDateSteps, FailSilentlyAndKeepNothing)
+TEST(FileDateSteps, FailSilentlyAndLeakNoReference)
 {
     const ScratchFolder scratch;
     const std::string path = scratch.Write("a", "x");

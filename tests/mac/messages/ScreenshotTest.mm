@@ -31,7 +31,7 @@ NSBitmapImageRep* Photograph(NSView* view)
     return picture;
 }
 
-// Whether anything is drawn: not all of it is of one colour.
+// Returns true if the picture has more than one colour.
 bool IsDrawn(NSBitmapImageRep* picture)
 {
     NSColor* const corner = [picture colorAtX:0 y:0];
@@ -53,8 +53,8 @@ void WriteOnto(NSWindow* window, NSString* text)
     [window display];
 }
 
-// The picture stays in the build folder.
-TEST(Screenshot, DialogStandsOnTheScreenBeforeItIsDismissed)
+// Leaves the picture in the build folder.
+TEST(Screenshot, ShowsTheDialogBeforeItIsDismissed)
 {
     InFreshProcess([] {
         Dialog::WatchSessions();

@@ -31,20 +31,20 @@ TEST_F(FileDateContract, IsInWholeSecondsSince1970)
     EXPECT_EQ(5000000000, GetFileModificationDate(FileOf(5000000000, 0).c_str()));
 }
 
-TEST_F(FileDateContract, CutsAnEarlyFractionAsThePlatformDoes)
+TEST_F(FileDateContract, DropsTheFractionOfADateBefore2001AsThePlatformDoes)
 {
     EXPECT_EQ(500000000, GetFileModificationDate(FileOf(500000000, 0).c_str()));
     EXPECT_EQ(Platform::kEarlyDateIsCutUpwards ? 500000001 : 500000000,
               GetFileModificationDate(FileOf(500000000, 500000000).c_str()));
 }
 
-TEST_F(FileDateContract, TakesAnyUTF8Path)
+TEST_F(FileDateContract, AcceptsAnyUTF8Path)
 {
     EXPECT_EQ(1500000000, GetFileModificationDate(
                               FileOf(1500000000, 0, "caf\xC3\xA9 %20 \xE3\x83\x95.ai").c_str()));
 }
 
-TEST_F(FileDateContract, IsZeroForWhatCannotBeRead)
+TEST_F(FileDateContract, IsZeroForAFileThatCannotBeRead)
 {
     const long before = Platform::LiveReferences();
     EXPECT_EQ(0, GetFileModificationDate(scratch.Path("missing.ai").c_str()));
@@ -55,7 +55,7 @@ TEST_F(FileDateContract, IsZeroForWhatCannotBeRead)
     EXPECT_EQ(before, Platform::LiveReferences());
 }
 
-TEST_F(FileDateContract, LooksThroughALinkAsThePlatformDoes)
+TEST_F(FileDateContract, FollowsALinkIfThePlatformDoes)
 {
     const std::string link = scratch.Path("link");
     ASSERT_EQ(0, symlink(FileOf(1500000000, 0).c_str(), link.c_str()));
@@ -65,7 +65,7 @@ TEST_F(FileDateContract, LooksThroughALinkAsThePlatformDoes)
               GetFileModificationDate(link.c_str()));
 }
 
-TEST_F(FileDateContract, KeepsNothing)
+TEST_F(FileDateContract, LeaksNoReference)
 {
     const std::string path = FileOf(1234567890, 0);
     const long before = Platform::LiveReferences();

@@ -15,7 +15,7 @@ protected:
     void AddLibrary() { std::filesystem::copy_file(PROBE_LIBRARY, framework + "/Probe"); }
     void AddPropertyList(const std::string& members)
     {
-        (void)scratch.Write("Probe.framework/Resources/Info.plist",  // The path is known.
+        (void)scratch.Write("Probe.framework/Resources/Info.plist",
                             "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\">"
                             "<dict>" +
                                 members + "</dict></plist>\n");
@@ -29,7 +29,7 @@ protected:
 
 const char* const kVersion = "<key>CFBundleShortVersionString</key><string>4.5.6</string>";
 
-TEST_F(BundleContract, OpensAFrameworkByItsPathAndTellsItsVersion)
+TEST_F(BundleContract, OpensAFrameworkByPathAndReturnsItsVersion)
 {
     AddLibrary();
     AddPropertyList(kVersion);
@@ -37,7 +37,7 @@ TEST_F(BundleContract, OpensAFrameworkByItsPathAndTellsItsVersion)
     EXPECT_STREQ("4.5.6", version);
 }
 
-TEST_F(BundleContract, LeavesTheBufferWithoutAVersion)
+TEST_F(BundleContract, LeavesTheBufferUnchangedWithoutAVersion)
 {
     AddLibrary();
     AddPropertyList("");
@@ -45,7 +45,7 @@ TEST_F(BundleContract, LeavesTheBufferWithoutAVersion)
     EXPECT_STREQ("as it was", version);
 }
 
-TEST_F(BundleContract, TakesOnlyATextForAVersion)
+TEST_F(BundleContract, IgnoresAVersionThatIsNotAString)
 {
     AddLibrary();
     AddPropertyList("<key>CFBundleShortVersionString</key><integer>7</integer>");
@@ -53,7 +53,7 @@ TEST_F(BundleContract, TakesOnlyATextForAVersion)
     EXPECT_STREQ("as it was", version);
 }
 
-TEST_F(BundleContract, CutsTheVersionToTheBuffer)
+TEST_F(BundleContract, TruncatesTheVersionToTheBuffer)
 {
     AddLibrary();
     AddPropertyList(kVersion);
@@ -61,7 +61,7 @@ TEST_F(BundleContract, CutsTheVersionToTheBuffer)
     EXPECT_EQ(std::string("4.5\0t was", 9), std::string(version, 9));
 }
 
-TEST_F(BundleContract, FindsAFunctionByNameAndNoOther)
+TEST_F(BundleContract, FindsAFunctionByItsExactName)
 {
     AddLibrary();
     AddPropertyList(kVersion);
@@ -76,7 +76,7 @@ TEST_F(BundleContract, FindsAFunctionByNameAndNoOther)
     EXPECT_EQ(nullptr, GetFunctionPtr(nullptr, "ProbeAnswer"));
 }
 
-TEST_F(BundleContract, GivesTheSameBundleForTheSamePath)
+TEST_F(BundleContract, ReturnsTheSameBundleForTheSamePath)
 {
     AddLibrary();
     AddPropertyList(kVersion);
@@ -85,17 +85,17 @@ TEST_F(BundleContract, GivesTheSameBundleForTheSamePath)
     EXPECT_EQ(first, Load());
 }
 
-TEST_F(BundleContract, KeepsNothingButTheBundle)
+TEST_F(BundleContract, LeaksNoReferenceExceptTheBundle)
 {
     AddLibrary();
     AddPropertyList(kVersion);
     const long before = Platform::LiveReferences();
     const BundleRef bundle = Load();
-    (void)GetFunctionPtr(bundle, "ProbeAnswer");  // Only what it leaves behind counts here.
+    (void)GetFunctionPtr(bundle, "ProbeAnswer");
     EXPECT_LE(Platform::LiveReferences() - before, 1);
 }
 
-TEST_F(BundleContract, OpensNothingWhereThereIsNothing)
+TEST_F(BundleContract, ReturnsNullForAMissingOrInvalidPath)
 {
     const long before = Platform::LiveReferences();
     EXPECT_EQ(nullptr, LoadDllOrFramework(scratch.Path("None.framework").c_str(), version, 32));
@@ -106,22 +106,22 @@ TEST_F(BundleContract, OpensNothingWhereThereIsNothing)
     EXPECT_EQ(before, Platform::LiveReferences());
 }
 
-TEST_F(BundleContract, TakesNoPlainFileForAFramework)
+TEST_F(BundleContract, ReturnsNullForAPlainFile)
 {
     const std::string file = scratch.Write("Plain.framework", "text");
     EXPECT_EQ(nullptr, LoadDllOrFramework(file.c_str(), version, sizeof version));
 }
 
-TEST_F(BundleContract, HasNoFunctionWithoutALibrary)
+TEST_F(BundleContract, FindsNoFunctionIfTheLibraryIsInvalid)
 {
-    (void)scratch.Write("Probe.framework/Probe", "This is a text.\n");  // The path is known.
+    (void)scratch.Write("Probe.framework/Probe", "This is a text.\n");
     AddPropertyList(kVersion);
     const BundleRef bundle = Load();
     EXPECT_EQ(Platform::kEveryFolderIsABundle, bundle != nullptr);
     EXPECT_EQ(nullptr, GetFunctionPtr(bundle, "ProbeAnswer"));
 }
 
-TEST_F(BundleContract, OpensAFolderWithoutAPropertyListOnlyWhereAnyFolderIsABundle)
+TEST_F(BundleContract, OpensAFolderWithoutAPropertyListOnlyIfEveryFolderIsABundle)
 {
     AddLibrary();
     EXPECT_EQ(Platform::kEveryFolderIsABundle, Load() != nullptr);

@@ -5,7 +5,7 @@
 
 namespace {
 
-TEST(BundlePathContract, KnowsNoBundleOfAnEmptyOrUnknownIdentifier)
+TEST(BundlePathContract, FindsNoBundleForAnEmptyOrUnknownIdentifier)
 {
     const long before = Platform::LiveReferences();
     std::string path = "as it was";
@@ -16,7 +16,7 @@ TEST(BundlePathContract, KnowsNoBundleOfAnEmptyOrUnknownIdentifier)
     EXPECT_EQ(before, Platform::LiveReferences());
 }
 
-TEST(BundlePathContract, PlaceholderStandsForABundleThatIsNotThere)
+TEST(BundlePathContract, IsThePlaceholderIfThereIsNoBundle)
 {
     EXPECT_EQ("./CorvantaFontManagement...", PluginInfo::GetPluginPath(nullptr));
     EXPECT_EQ("./CorvantaFontManagement...", PluginInfo::GetPluginPath("com.example.unknown"));

@@ -1,59 +1,13 @@
+#include "GScopedManagedMemory.h"
+
 #import <Foundation/Foundation.h>
 #include <gtest/gtest.h>
 #import <objc/runtime.h>
 
-#include <stdexcept>
-
 #include "CoreErrorCodes.h"
-#include "GScopedManagedMemory.h"
-#import "OSGuard_Mac.h"
 #include "RecordingLog.h"
 
-namespace {
-
-void Nothing(void*) {}
-
-void Raise(void*) { [NSException raise:@"Gone" format:@"reason"]; }
-
-void ThrowCPlusPlus(void*) { throw std::runtime_error("other"); }
-
-void RaiseOverADestructor(void* context)
-{
-    struct Counter {
-        ~Counter() { ++*count; }
-        int* count;
-    };
-    const Counter counter{static_cast<int*>(context)};
-    Raise(nullptr);
-}
-
-TEST(Guard, AnswersNilIfNothingIsRaised) { EXPECT_EQ(nil, OSGuard(Nothing, nullptr)); }
-
-TEST(Guard, HandsTheExceptionOut)
-{
-    NSException* const exception = OSGuard(Raise, nullptr);
-    ASSERT_NE(nil, exception);
-    EXPECT_STREQ("Gone", [[exception name] UTF8String]);
-    EXPECT_STREQ("reason", [[exception reason] UTF8String]);
-}
-
-TEST(Guard, LetsAnyOtherExceptionPass)
-{
-    EXPECT_THROW((void)OSGuard(ThrowCPlusPlus, nullptr), std::runtime_error);
-}
-
-TEST(Guard, RunsTheDestructorsInBetween)
-{
-    NSAutoreleasePool* const pool = [[NSAutoreleasePool alloc] init];
-    int count = 0;
-    EXPECT_NE(nil, OSGuard(RaiseOverADestructor, &count));
-    EXPECT_EQ(1, count);
-    [pool release];
-}
-
-}  // namespace
-
-// Tells when it goes.
+// Counts its deallocations.
 @interface Probe : NSObject {
 @public
     int* deaths;
@@ -70,7 +24,7 @@ TEST(Guard, RunsTheDestructorsInBetween)
 
 @end
 
-TEST(ManagedMemory, FreesTemporaryObjectsAtItsEnd)
+TEST(GScopedManagedMemory, ReleasesTemporaryObjectsAtItsEnd)
 {
     int deaths = 0;
     {
@@ -82,7 +36,7 @@ TEST(ManagedMemory, FreesTemporaryObjectsAtItsEnd)
     EXPECT_EQ(1, deaths);
 }
 
-TEST(ManagedMemory, ScopesNest)
+TEST(GScopedManagedMemory, InnerScopeReleasesItsOwnObjects)
 {
     int deaths = 0;
     const GScopedManagedMemory outer;
@@ -103,7 +57,7 @@ TEST(ManagedMemory, ScopesNest)
 
 @end
 
-TEST(ManagedMemory, ScopeThatCannotBeSetUpIsReported)
+TEST(GScopedManagedMemory, ReportsAPoolThatCannotBeCreated)
 {
     RecordingLog log;
     const auto exchange = [] {
@@ -117,7 +71,7 @@ TEST(ManagedMemory, ScopeThatCannotBeSetUpIsReported)
         const GScopedManagedMemory scope;
     }
     exchange();
-    ASSERT_EQ(1u, log.Reports().size());
+    ASSERT_EQ(1U, log.Reports().size());
     EXPECT_EQ("Miscellaneous", log.Reports()[0].category);
     EXPECT_EQ("(mOSManagedMemory) == nullptr", log.Reports()[0].expression);
     EXPECT_EQ(CoreErrorCodes::kNullPointer, log.Reports()[0].code);

@@ -16,7 +16,8 @@ namespace {
 const char* const kTitle = "Missing Fonts";
 const std::string kFiveSeconds = "SetSuppressionOfMissingFontsDialog(until 5 seconds from now)";
 
-// With the hook, the built-in hints and a period of 15 seconds, in a process of its own.
+// Runs `body` in a child process with the hook installed, the built-in title hints and a
+// suppression period of 15 seconds.
 template <class Body>
 void WithHook(Body body)
 {
@@ -36,19 +37,19 @@ TEST(ModalHookContract, DismissesTheDialogWithOneKeyEventAndBeginsItsSession)
         Dialog dialog(kTitle);
         EXPECT_TRUE(dialog.RunSession());
         EXPECT_TRUE(dialog.IsDismissed());
-        ASSERT_EQ(1u, dialog.Events().size());
+        ASSERT_EQ(1U, dialog.Events().size());
         const Platform::KeyEvent& event = dialog.Events()[0];
         EXPECT_EQ(10, event.type);
         EXPECT_EQ(0.0, event.x);
         EXPECT_EQ(0.0, event.y);
-        EXPECT_EQ(0u, event.modifierFlags);
+        EXPECT_EQ(0U, event.modifierFlags);
         EXPECT_EQ(0.0, event.timestamp);
         EXPECT_EQ(dialog.Number(), event.windowNumber);
         EXPECT_EQ("\n", event.characters);
         EXPECT_EQ("\n", event.charactersIgnoringModifiers);
         EXPECT_FALSE(event.isARepeat);
         EXPECT_EQ(53, event.keyCode);
-        EXPECT_EQ(1u, CountTraces(kFiveSeconds));
+        EXPECT_EQ(1U, CountTraces(kFiveSeconds));
     });
 }
 
@@ -59,21 +60,21 @@ TEST(ModalHookContract, SendsTheEventBeforeTheSessionBegins)
         std::size_t sessionsAtEvent = 99;
         dialog.OnEvent([&] { sessionsAtEvent = Dialog::Sessions().size(); });
         EXPECT_TRUE(dialog.RunSession());
-        EXPECT_EQ(0u, sessionsAtEvent);
+        EXPECT_EQ(0U, sessionsAtEvent);
         EXPECT_EQ(std::vector<const Dialog*>{&dialog}, Dialog::Sessions());
     });
 }
 
-TEST(ModalHookContract, TakesASubclassOfTheDialogForOne)
+TEST(ModalHookContract, DismissesADialogOfASubclass)
 {
     WithHook([] {
         Dialog dialog(kTitle, Dialog::Kind::kSubclassOfIt);
         EXPECT_TRUE(dialog.RunSession());
-        EXPECT_EQ(1u, dialog.Events().size());
+        EXPECT_EQ(1U, dialog.Events().size());
     });
 }
 
-TEST(ModalHookContract, TakesNoNoticeOfAnotherClass)
+TEST(ModalHookContract, IgnoresAWindowOfAnotherClass)
 {
     WithHook([] {
         Dialog window(kTitle, Dialog::Kind::kOrdinary);
@@ -95,7 +96,7 @@ TEST(ModalHookContract, OnlyTracesADialogOutsideAPeriod)
     });
 }
 
-TEST(ModalHookContract, LeavesADialogOfAnotherTitleAloneButCutsThePeriod)
+TEST(ModalHookContract, KeepsADialogWithAnotherTitleButShortensThePeriod)
 {
     WithHook([] {
         Dialog dialog("Save as");
@@ -105,7 +106,7 @@ TEST(ModalHookContract, LeavesADialogOfAnotherTitleAloneButCutsThePeriod)
     });
 }
 
-TEST(ModalHookContract, TitleInCapitalsMatchesNothing)
+TEST(ModalHookContract, ComparesTitlesWithCase)
 {
     WithHook([] {
         Dialog dialog("MISSING FONTS");
@@ -114,7 +115,7 @@ TEST(ModalHookContract, TitleInCapitalsMatchesNothing)
     });
 }
 
-TEST(ModalHookContract, FirstHintOfTheListDecides)
+TEST(ModalHookContract, UsesTheFirstHintThatMatches)
 {
     WithHook([] {
         Dialog dialog("police de Fontaine");
@@ -126,7 +127,7 @@ TEST(ModalHookContract, FirstHintOfTheListDecides)
     });
 }
 
-TEST(ModalHookContract, KnowsAJapaneseTitle)
+TEST(ModalHookContract, RecognizesAJapaneseTitle)
 {
     WithHook([] {
         const std::string title =
@@ -134,12 +135,12 @@ TEST(ModalHookContract, KnowsAJapaneseTitle)
             "\xE3\x83\x95\xE3\x82\xA9\xE3\x83\xB3\xE3\x83\x88";
         Dialog dialog(title);
         EXPECT_TRUE(dialog.RunSession());
-        EXPECT_EQ(1u, dialog.Events().size());
+        EXPECT_EQ(1U, dialog.Events().size());
         EXPECT_TRUE(HasTrace("Saw a dialog titled '" + title + "'"));
     });
 }
 
-TEST(ModalHookContract, WithoutHintsNothingIsTested)
+TEST(ModalHookContract, WithoutHintsComparesNoTitle)
 {
     InFreshProcess([] {
         Dialog::WatchSessions();
@@ -154,21 +155,21 @@ TEST(ModalHookContract, WithoutHintsNothingIsTested)
     });
 }
 
-TEST(ModalHookContract, LetsASessionBegunInsideTheEventThrough)
+TEST(ModalHookContract, PassesASessionThroughThatBeginsDuringTheEvent)
 {
     WithHook([] {
         Dialog outer(kTitle);
         Dialog inner(kTitle);
         outer.OnEvent([&] { EXPECT_TRUE(inner.RunSession()); });
         EXPECT_TRUE(outer.RunSession());
-        EXPECT_EQ(1u, outer.Events().size());
+        EXPECT_EQ(1U, outer.Events().size());
         EXPECT_TRUE(inner.Events().empty());
         EXPECT_EQ((std::vector<const Dialog*>{&inner, &outer}), Dialog::Sessions());
-        EXPECT_EQ(1u, CountTraces(kFiveSeconds));
+        EXPECT_EQ(1U, CountTraces(kFiveSeconds));
     });
 }
 
-TEST(ModalHookContract, CatchesTheDialogThatFollowsADismissedOne)
+TEST(ModalHookContract, DismissesADialogWithinFiveSecondsOfTheLastOne)
 {
     WithHook([] {
         Dialog first(kTitle);
@@ -176,7 +177,7 @@ TEST(ModalHookContract, CatchesTheDialogThatFollowsADismissedOne)
         FakeClock::Advance(4);
         Dialog second("Find Font");
         EXPECT_TRUE(second.RunSession());
-        EXPECT_EQ(1u, second.Events().size());
+        EXPECT_EQ(1U, second.Events().size());
         FakeClock::Advance(5);
         Dialog third(kTitle);
         EXPECT_TRUE(third.RunSession());
@@ -198,7 +199,7 @@ TEST(ModalHookContract, LogsTheExceptionOfAWindowAndBeginsTheSession)
     });
 }
 
-TEST(ModalHookContract, LetsAnyOtherExceptionPassWithoutASession)
+TEST(ModalHookContract, PropagatesAnyOtherExceptionWithoutASession)
 {
     WithHook([] {
         Dialog dialog(kTitle);
@@ -209,7 +210,7 @@ TEST(ModalHookContract, LetsAnyOtherExceptionPassWithoutASession)
     });
 }
 
-TEST(ModalHookContract, SecondInstallationPutsThePlatformsOwnBack)
+TEST(ModalHookContract, SecondInstallationRestoresThePlatformsFunction)
 {
     WithHook([] {
         InitSuppressionHooks();
@@ -220,17 +221,17 @@ TEST(ModalHookContract, SecondInstallationPutsThePlatformsOwnBack)
     });
 }
 
-TEST(ModalHookContract, RemovingTheHookLeavesIt)
+TEST(ModalHookContract, RemoveSuppressionHooksKeepsTheHook)
 {
     WithHook([] {
         RemoveSuppressionHooks();
         Dialog dialog(kTitle);
         EXPECT_TRUE(dialog.RunSession());
-        EXPECT_EQ(1u, dialog.Events().size());
+        EXPECT_EQ(1U, dialog.Events().size());
     });
 }
 
-TEST(TitleContract, FindsAHintLetterByLetter)
+TEST(TitleContract, FindsAHintCaseSensitively)
 {
     EXPECT_TRUE(OSTitleContains("Missing Fonts", "Font"));
     EXPECT_FALSE(OSTitleContains("Missing Fonts", "font"));

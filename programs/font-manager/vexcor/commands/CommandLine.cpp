@@ -1,4 +1,4 @@
-#include "vexcor/CommandLine.h"
+#include "vexcor/commands/CommandLine.h"
 
 #include <CLI/CLI.hpp>
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "console/CommandLine.h"
-#include "vexcor/Options.h"
+#include "vexcor/commands/Options.h"
 
 namespace vexcor {
 

@@ -5,11 +5,11 @@
 
 namespace {
 
-TEST(RunningApplications, FirstThatTheSystemListsWins)
+TEST(RunningApplications, FirstListedProcessWins)
 {
     SetRunningApplications({"/b/Other", "/b/Vexcor", "/a/Vexcor"});
     std::string folder;
-    EXPECT_EQ(0u, GetPathToRunningProcessExe("Vexcor", folder));
+    EXPECT_EQ(0U, GetPathToRunningProcessExe("Vexcor", folder));
     EXPECT_EQ("/b/", folder);
 }
 
@@ -19,14 +19,14 @@ TEST(RunningApplications, EntryWithoutAnExecutableIsSkipped)
     EXPECT_EQ(std::vector<std::string>{"/a/Vexcor"}, OSGetRunningExecutables());
 }
 
-TEST(RunningApplications, CaseCounts)
+TEST(RunningApplications, NamesAreComparedWithCase)
 {
     SetRunningApplications({"/a/vexcor", "/a/VEXCOR", "/a/Vexcor2"});
     std::string folder;
-    EXPECT_NE(0u, GetPathToRunningProcessExe("Vexcor", folder));
+    EXPECT_NE(0U, GetPathToRunningProcessExe("Vexcor", folder));
 }
 
-TEST(RunningApplications, NoneIsNone)
+TEST(RunningApplications, ListIsEmptyIfNothingRuns)
 {
     SetRunningApplications({});
     EXPECT_TRUE(OSGetRunningExecutables().empty());

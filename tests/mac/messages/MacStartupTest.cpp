@@ -17,8 +17,8 @@ namespace {
 
 const char* const kTitle = "Missing Fonts";
 
-// The plug-in with nothing started yet, and no PluginCore. Each body has a process of its own: the
-// hook is there for good.
+// The plug-in before its startup, without a PluginCore. Each body runs in a child process, because
+// an installed hook cannot be removed.
 class MacStartup : public MessageFixture {
 protected:
     MacStartup() { PCILoader::sSharedInstance = nullptr; }
@@ -42,7 +42,7 @@ TEST_F(MacStartup, FindsPluginCoreBesideTheRunningProcess)
         const InstalledCore installed("complete");
         EXPECT_THAT(StartupAlerts(), IsEmpty());
         EXPECT_NE(nullptr, host.globals);
-        EXPECT_EQ(12u, host.notifiers.size());
+        EXPECT_EQ(12U, host.notifiers.size());
         ASSERT_NE(nullptr, PCILoader::sSharedInstance);
         EXPECT_EQ(installed.FrameworkPath(), PCILoader::sSharedInstance->frameworkPath);
         EXPECT_EQ("4.5.6", PCILoader::sSharedInstance->frameworkVersion);
@@ -55,9 +55,9 @@ TEST_F(MacStartup, FindsPluginCoreByTheLaunchFile)
     InFreshProcess([this] {
         const InstalledCore installed("complete");
         SetRunningApplications({});
-        const std::string folder = Platform::LibraryFolder() + "/Corvanta";
-        std::filesystem::create_directories(folder);
-        const std::string file = folder + "/com.corvanta.Vexcor-LaunchInfo.conf";
+        const std::string launchFolder = Platform::LibraryFolder() + "/Corvanta";
+        std::filesystem::create_directories(launchFolder);
+        const std::string file = launchFolder + "/com.corvanta.Vexcor-LaunchInfo.conf";
         std::ofstream(file) << "vexcor.path=" << installed.Executable() << "\n";
         EXPECT_THAT(StartupAlerts(), IsEmpty());
         std::filesystem::remove(file);
@@ -66,12 +66,12 @@ TEST_F(MacStartup, FindsPluginCoreByTheLaunchFile)
     });
 }
 
-TEST_F(MacStartup, MissingPluginCoreIsToldWithThePlaceholderPath)
+TEST_F(MacStartup, ShowsThePlaceholderPathIfPluginCoreIsMissing)
 {
     InFreshProcess([this] {
         SetRunningApplications({});
         const auto alerts = StartupAlerts();
-        ASSERT_EQ(1u, alerts.size());
+        ASSERT_EQ(1U, alerts.size());
         EXPECT_EQ("Missing PluginCore", alerts[0].messageText);
         EXPECT_EQ("./CorvantaFontManagement...", alerts[0].informativeText);
         EXPECT_EQ(nullptr, host.globals);
@@ -79,22 +79,22 @@ TEST_F(MacStartup, MissingPluginCoreIsToldWithThePlaceholderPath)
     });
 }
 
-class RefusedOnMac : public MacStartup, public ::testing::WithParamInterface<const char*> {};
+class MacRefusal : public MacStartup, public ::testing::WithParamInterface<const char*> {};
 
-TEST_P(RefusedOnMac, IsToldOnceWithPathAndVersion)
+TEST_P(MacRefusal, IsShownOnceWithPathAndVersion)
 {
     InFreshProcess([this] {
         const InstalledCore installed(GetParam());
         const auto alerts = StartupAlerts();
-        ASSERT_EQ(1u, alerts.size());
+        ASSERT_EQ(1U, alerts.size());
         EXPECT_EQ("Incompatible PluginCore", alerts[0].messageText);
         EXPECT_EQ(installed.FrameworkPath() + " (version 4.5.6)", alerts[0].informativeText);
         EXPECT_EQ(nullptr, host.globals);
     });
 }
 
-// The last one is a bundle with no function at all here, as any folder would be.
-INSTANTIATE_TEST_SUITE_P(Faults, RefusedOnMac,
+// "not-a-library" opens as a bundle without any function, as every folder does on macOS.
+INSTANTIATE_TEST_SUITE_P(Faults, MacRefusal,
                          ::testing::Values("version-refused", "missing-ShouldShowLogin",
                                            "not-a-library"),
                          [](const auto& row) {
@@ -103,7 +103,7 @@ INSTANTIATE_TEST_SUITE_P(Faults, RefusedOnMac,
                              return name;
                          });
 
-TEST_F(MacStartup, HookIsInstalledOnceAndDismissesInThePeriodOfACheck)
+TEST_F(MacStartup, HookDismissesADialogOnlyAfterAFileCheck)
 {
     InFreshProcess([this] {
         Dialog::WatchSessions();
@@ -115,11 +115,11 @@ TEST_F(MacStartup, HookIsInstalledOnceAndDismissesInThePeriodOfACheck)
         EXPECT_EQ(-1, SendCheck("/a.ai"));
         Dialog dialog(kTitle);
         EXPECT_TRUE(dialog.RunSession());
-        EXPECT_EQ(1u, dialog.Events().size());
+        EXPECT_EQ(1U, dialog.Events().size());
     });
 }
 
-TEST_F(MacStartup, HookIsStillThereAfterShutdown)
+TEST_F(MacStartup, HookRemainsInstalledAfterShutdown)
 {
     InFreshProcess([this] {
         Dialog::WatchSessions();
@@ -129,7 +129,7 @@ TEST_F(MacStartup, HookIsStillThereAfterShutdown)
         SetSuppressionOfMissingFontsDialog(15);
         Dialog dialog(kTitle);
         EXPECT_TRUE(dialog.RunSession());
-        EXPECT_EQ(1u, dialog.Events().size());
+        EXPECT_EQ(1U, dialog.Events().size());
     });
 }
 

@@ -19,7 +19,7 @@ int LoadFrom(SDKPlugPlug& binding, const std::string& variant)
     return binding.Load();
 }
 
-TEST(EventBusContract, OwlWinsWhenBothAreThere)
+TEST(EventBusContract, PrefersPlugPlugOwlIfBothExist)
 {
     const ScriptedPlugPlugLibrary owl("both", "PlugPlugOwl");
     SDKPlugPlug binding;
@@ -28,7 +28,7 @@ TEST(EventBusContract, OwlWinsWhenBothAreThere)
     EXPECT_EQ(owl.Find("PlugPlugDispatchEvent"), Address(binding.PlugPlugDispatchEvent));
 }
 
-TEST(EventBusContract, PlainOneIsTheFallback)
+TEST(EventBusContract, FallsBackToPlugPlug)
 {
     const ScriptedPlugPlugLibrary plain("plain-only", "PlugPlug");
     SDKPlugPlug binding;
@@ -36,14 +36,14 @@ TEST(EventBusContract, PlainOneIsTheFallback)
     EXPECT_EQ(plain.Find("PlugPlugDispatchEvent"), Address(binding.PlugPlugDispatchEvent));
 }
 
-TEST(EventBusContract, WhatCanBeReachedIsChosenAndNotWhatCanBeOpened)
+TEST(EventBusContract, ChoosesAnExistingPlugPlugOwlEvenIfItCannotBeLoaded)
 {
     SDKPlugPlug binding;
     EXPECT_EQ(kNotLoaded, LoadFrom(binding, "owl-not-a-library"));
     EXPECT_EQ(nullptr, Address(binding.PlugPlugDispatchEvent));
 }
 
-TEST(EventBusContract, MissingNameLeavesThoseInFrontOfItBound)
+TEST(EventBusContract, MissingFunctionLeavesThoseBeforeItBound)
 {
     SDKPlugPlug binding;
     EXPECT_EQ(kNotLoaded, LoadFrom(binding, "missing-PlugPlugRemoveEventListener"));
@@ -53,7 +53,7 @@ TEST(EventBusContract, MissingNameLeavesThoseInFrontOfItBound)
     EXPECT_EQ(nullptr, Address(binding.PlugPlugDispatchEvent));
 }
 
-TEST(EventBusContract, NoFolderGives31)
+TEST(EventBusContract, FailsWithoutAFrameworksFolder)
 {
     SDKPlugPlug binding;
     Platform::UsePrivateFrameworks("/no/such/folder");
@@ -63,7 +63,7 @@ TEST(EventBusContract, NoFolderGives31)
     EXPECT_EQ(nullptr, binding.bundle);
 }
 
-TEST(EventBusContract, KeepsNothingButTheBundle)
+TEST(EventBusContract, LeaksNoReferenceExceptTheBundle)
 {
     SDKPlugPlug binding;
     const long before = Platform::LiveReferences();

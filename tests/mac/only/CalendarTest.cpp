@@ -16,7 +16,7 @@ struct CalendarTest : testing::Test {
     }
     void ExpectReport(const std::string& expression, unsigned int code = CoreErrorCodes::kError)
     {
-        ASSERT_EQ(1u, log.Reports().size());
+        ASSERT_EQ(1U, log.Reports().size());
         EXPECT_EQ(expression, log.Reports()[0].expression);
         EXPECT_EQ(code, log.Reports()[0].code);
         EXPECT_EQ("Miscellaneous", log.Reports()[0].category);
@@ -27,7 +27,7 @@ struct CalendarTest : testing::Test {
     RecordingLog log;
 };
 
-TEST_F(CalendarTest, BreaksATimeDown)
+TEST_F(CalendarTest, ConvertsATimeToItsParts)
 {
     EXPECT_EQ("2021-01-01T00:00:00.750Z", Converted());
     EXPECT_EQ("2000-12-31T23:59:59.500Z", Converted(-0.5));
@@ -36,19 +36,19 @@ TEST_F(CalendarTest, BreaksATimeDown)
     EXPECT_EQ(before, CoreFoundationStandIn::LiveReferences());
 }
 
-TEST_F(CalendarTest, CutsTheFractionToMilliseconds)
+TEST_F(CalendarTest, TruncatesTheFractionToMilliseconds)
 {
     EXPECT_EQ("2021-01-01T00:00:00.999Z", Converted(631152000.9999));
     EXPECT_EQ("2021-01-01T00:00:00.000Z", Converted(631152000.0009));
 }
 
-TEST_F(CalendarTest, TakesTheZoneAsItIs)
+TEST_F(CalendarTest, ConvertsToTheGivenTimeZone)
 {
     zone.reset(CFTimeZoneCreateWithName(nullptr, CFSTR("Asia/Tokyo"), false));
     EXPECT_EQ("2021-01-01T09:00:00.750Z", Converted());
 }
 
-TEST_F(CalendarTest, PresentTimeIsThatOfTheClock)
+TEST_F(CalendarTest, ReadsThePresentTimeFromTheClock)
 {
     CoreFoundationStandIn::SetAbsoluteTime(kMoment);
     EXPECT_EQ("2021-01-01T00:00:00.750Z", GDateTime().GetAsISO8601String(true));
@@ -74,14 +74,14 @@ TEST_F(CalendarTest, ReportsATimeOfZero)
     ExpectReport("cfAbsTime == 0");
 }
 
-TEST_F(CalendarTest, ReportsAFailedFraction)
+TEST_F(CalendarTest, ReportsAFailedConversionOfTheFraction)
 {
     CoreFoundationStandIn::FailNextCall("UCConvertCFAbsoluteTimeToUTCDateTime");
     EXPECT_EQ("", Converted());
     ExpectReport("status != noErr");
 }
 
-TEST_F(CalendarTest, ReportsAFailedBreakdown)
+TEST_F(CalendarTest, ReportsAFailedConversionToParts)
 {
     CoreFoundationStandIn::FailNextCall("CFCalendarDecomposeAbsoluteTime");
     EXPECT_EQ("", Converted());
@@ -89,9 +89,9 @@ TEST_F(CalendarTest, ReportsAFailedBreakdown)
     EXPECT_EQ(before, CoreFoundationStandIn::LiveReferences());
 }
 
-TEST_F(CalendarTest, ReportsAMissingNameOfTheZone)
+TEST_F(CalendarTest, ReportsAFailureToCreateTheGMTZone)
 {
-    // The line of the report takes its time from the same clock.
+    // The failure must hit the call under test: the log reads the same clock for its own line.
     CoreFoundationStandIn::FailNextCall("CFTimeZoneCreateWithName");
     EXPECT_TRUE(GDateTime::OSGetCurrentDateTimeUTC().IsEmpty());
     ExpectReport("(gmtZone) == nullptr", CoreErrorCodes::kNullPointer);

@@ -8,7 +8,7 @@
 
 namespace {
 
-// The real time, whatever the tests have made of time().
+// Returns the real time; other tests of the program replace time().
 std::string NowAsText()
 {
     timeval now = {};
@@ -16,7 +16,7 @@ std::string NowAsText()
     std::tm fields = {};
     EXPECT_NE(nullptr, gmtime_r(&now.tv_sec, &fields));
     char date[32] = {};
-    EXPECT_NE(0u, std::strftime(date, sizeof date, "%Y-%m-%dT%H:%M:%S", &fields));
+    EXPECT_NE(0U, std::strftime(date, sizeof date, "%Y-%m-%dT%H:%M:%S", &fields));
     char milliseconds[32] = {};
     EXPECT_GT(std::snprintf(milliseconds, sizeof milliseconds, ".%03dZ",
                             static_cast<int>(now.tv_usec / 1000)),
@@ -24,18 +24,18 @@ std::string NowAsText()
     return std::string(date) + milliseconds;
 }
 
-TEST(PresentTimeContract, IsInUTCAndCutToMilliseconds)
+TEST(PresentTimeContract, IsInUTCAndTruncatedToMilliseconds)
 {
     const std::string before = NowAsText();
     const std::string now = GDateTime().GetAsISO8601String(true);
     const std::string after = NowAsText();
-    // The other clock has seconds in a double, whose last millisecond may be the one before.
+    // The product may keep seconds in a double, which can lose a millisecond.
     EXPECT_LE(before.substr(0, 21), now.substr(0, 21));
     EXPECT_LE(now, after);
-    EXPECT_EQ(24u, now.size());
+    EXPECT_EQ(24U, now.size());
 }
 
-TEST(PresentTimeContract, KeepsNothing)
+TEST(PresentTimeContract, LeaksNoReference)
 {
     const long before = Platform::LiveReferences();
     EXPECT_FALSE(GDateTime::OSGetCurrentDateTimeUTC().IsEmpty());

@@ -13,7 +13,7 @@ namespace {
 
 const char* const kTitle = "Missing Fonts";
 
-// The module as a host loads it, in a program that has nothing of it.
+// The module, loaded as a host loads it. This program doesn't link the plug-in's code.
 struct LoadedModule {
     LoadedModule() : handle(dlopen(PLUGIN_MODULE, RTLD_NOW | RTLD_LOCAL))
     {
@@ -32,7 +32,7 @@ struct LoadedModule {
     PluginEntry entry = nullptr;
 };
 
-TEST(Module, ExportsItsEntryAlone)
+TEST(Module, ExportsOnlyPluginMain)
 {
     InFreshProcess([] {
         const LoadedModule module;
@@ -42,33 +42,33 @@ TEST(Module, ExportsItsEntryAlone)
     });
 }
 
-TEST(Module, TellsThatPluginCoreIsMissing)
+TEST(Module, ShowsAnAlertIfPluginCoreIsMissing)
 {
     InFreshProcess([] {
         LoadedModule module;
         SetRunningApplications({});
         const auto alerts = AlertsOf([&] { EXPECT_EQ(0, module.Send("Startup")); });
-        ASSERT_EQ(1u, alerts.size());
+        ASSERT_EQ(1U, alerts.size());
         EXPECT_EQ("Missing PluginCore", alerts[0].messageText);
         EXPECT_EQ("./CorvantaFontManagement...", alerts[0].informativeText);
         EXPECT_EQ(nullptr, module.host.globals);
     });
 }
 
-TEST(Module, HooksTheApplicationThatLoadsIt)
+TEST(Module, InstallsItsHookInTheApplicationThatLoadsIt)
 {
     InFreshProcess([] {
         Dialog::WatchSessions();
         LoadedModule module;
         const InstalledCore installed("complete");
-        EXPECT_EQ(0u, AlertsOf([&] { EXPECT_EQ(0, module.Send("Startup")); }).size());
+        EXPECT_EQ(0U, AlertsOf([&] { EXPECT_EQ(0, module.Send("Startup")); }).size());
         ASSERT_NE(nullptr, module.host.globals);
 
         ScriptedFileFormatMessage check = module.host.FileFormatMessage("/a.ai");
         EXPECT_EQ(-1, module.host.Send(module.entry, "AI File Format", "AI Check", check.record));
         Dialog dialog(kTitle);
         EXPECT_TRUE(dialog.RunSession());
-        EXPECT_EQ(1u, dialog.Events().size());
+        EXPECT_EQ(1U, dialog.Events().size());
         EXPECT_EQ(0, module.Send("Shutdown"));
     });
 }

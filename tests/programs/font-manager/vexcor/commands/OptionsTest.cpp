@@ -6,7 +6,7 @@
 #include <iterator>
 
 #include "console/CommandPages.h"
-#include "vexcor/CommandLine.h"
+#include "vexcor/commands/CommandLine.h"
 #include "vexcor/commands/ExitStatus.h"
 
 using console::ParseOutcome;
@@ -76,7 +76,7 @@ TEST(OptionsTest, WrongUseIsReportedInOneLineThatNamesIt)
         {{"watch", "--json"}, "--json"},
         {{"list", "--log"}, "--log"},
         {{"watch", "list"}, "list"},
-        {{"--readme"}, "--readme"}};
+        {{"--readme"}, "subcommand"}};
     for (const auto& [arguments, word] : wrong) {
         Options options;
         std::string text;
