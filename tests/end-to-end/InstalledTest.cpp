@@ -2,6 +2,7 @@
 
 using testing::EndsWith;
 using testing::HasSubstr;
+using testing::Not;
 
 namespace fs = std::filesystem;
 
@@ -36,7 +37,7 @@ TEST_F(Installed, CreatesTheLaunchInformationFileOnce)
     const std::string file = Sample("leaflet.eps");
     EXPECT_EQ(0, Open(file)) << errors;
     EXPECT_EQ(0, Open(file)) << errors;
-    EXPECT_EQ("", errors);
+    EXPECT_THAT(errors, Not(HasSubstr(": created")));
 }
 
 TEST_F(Installed, NeverChangesAnExistingLaunchInformationFile)
