@@ -1,4 +1,4 @@
-# The two commands are `make run` and `make test`; each installs what is missing, builds and runs.
+# `make run` and `make test` install what is missing, build and run.
 .PHONY: run test test-asan test-tsan test-mac test-corpus mac lint stage bench bench-documents
 .PHONY: bootstrap clean
 
@@ -10,33 +10,33 @@ test: bootstrap
 	cmake --build --preset dev
 	ctest --preset dev
 
-# The leak checker of clang 14 guesses where a loaded module's thread-local data begins, and now and
-# then reads what isn't there: it is told to leave them out.
+# The leak checker of clang 14 guesses where the thread-local data of a loaded module begins, and
+# sometimes reads unmapped memory. The preset sets intercept_tls_get_addr=0 to prevent that.
 test-asan: bootstrap
 	cmake --preset asan >/dev/null
 	cmake --build --preset asan
 	ctest --preset asan
 
-# Only the tests of what threads share.
+# Runs only the tests with several threads.
 test-tsan: bootstrap
 	cmake --preset tsan >/dev/null
 	cmake --build --preset tsan
 	ctest --preset tsan
 
-# The macOS files over GNUstep, on Linux.
+# Tests the macOS files on Linux, over GNUstep.
 test-mac:
 	@tools/bootstrap --mac
 	cmake --preset mac-gnustep >/dev/null
 	cmake --build --preset mac-gnustep
 	ctest --preset mac-gnustep
 
-# The bundle and its tests, on a Mac.
+# Builds and tests the bundle on a Mac.
 mac: bootstrap
 	cmake --preset mac >/dev/null
 	cmake --build --preset mac
 	ctest --preset mac
 
-# Real documents of other people, fetched from Debian packages below .deps/corpus.
+# Reads real documents, which tools/corpus fetches from Debian packages into .deps/corpus.
 test-corpus:
 	@tools/bootstrap --corpus
 	cmake --preset dev >/dev/null
@@ -49,7 +49,7 @@ lint: bootstrap
 	cmake --preset dev >/dev/null
 	ctest --preset dev --label-regex lint
 
-# What a user would install, below stage/.
+# Builds what a user would install, in stage/.
 stage: bootstrap
 	cmake --preset release >/dev/null
 	cmake --build --preset release
@@ -61,7 +61,7 @@ bench: bootstrap
 	cmake --build --preset release --target plugin-bench
 	build/release/bench/plugin-bench
 
-# How fast real documents are read, beside pdffonts on the same files.
+# Measures how fast real documents are read, compared with pdffonts on the same files.
 bench-documents: bootstrap
 	cmake --preset release -DTYPELOFT_BUILD_BENCH=ON >/dev/null
 	cmake --build --preset release --target document-bench headless-host

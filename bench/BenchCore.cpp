@@ -22,15 +22,15 @@ void Use()
     sLoader.missingFunctionCount = 0;
     sLoader.pfPluginIsEnabled = [](bool, bool* enabled) {
         *enabled = true;
-        return 0u;
+        return 0U;
     };
     sLoader.pfHandleOpenExistingDocument = [](const char*, char* json, size_t*, int*) {
         *json = '\0';
-        return 0u;
+        return 0U;
     };
-    sLoader.pfHandleSaveDocument = [](const char*, const char*) { return 0u; };
-    sLoader.pfIdleEvent = [] { return 0u; };
-    sLoader.pfProcessPanelMessages = [](int) { return 0u; };
+    sLoader.pfHandleSaveDocument = [](const char*, const char*) { return 0U; };
+    sLoader.pfIdleEvent = [] { return 0U; };
+    sLoader.pfProcessPanelMessages = [](int) { return 0U; };
     sLoader.pfGetMenus = [](const char*, char* buffer, size_t* size) -> unsigned int {
         if (buffer == nullptr) {
             *size = sMenus.size();
@@ -40,8 +40,8 @@ void Use()
         return 0;
     };
     sLoader.pfCreateMenusFromJSONBuffer = nullptr;
-    sLoader.pfRegisterPlugPlug = [](SDKPlugPlug*) { return 0u; };
-    sLoader.pfGetSocketPort = [](int*) { return 1u; };
+    sLoader.pfRegisterPlugPlug = [](SDKPlugPlug*) { return 0U; };
+    sLoader.pfGetSocketPort = [](int*) { return 1U; };
 }
 
 }  // namespace bench_core

@@ -2,13 +2,14 @@
 
 #include <string>
 
-// A PluginCore in the same program that says yes to everything at no cost.
+// A PluginCore in the same program. Its functions take almost no time and succeed, except
+// GetSocketPort: there is no panel.
 namespace bench_core {
 
-// Makes it the one that the plug-in uses.
+// Makes the plug-in use this PluginCore.
 void Use();
 
-// What GetMenus answers from now on.
+// Makes GetMenus return `menus`.
 void SetMenus(const std::string& menus);
 
 }  // namespace bench_core

@@ -5,8 +5,9 @@
 
 #include "HostInterface.h"
 
-// A host whose answers cost next to nothing: references are numbers, releases do nothing. It fills
-// the suite globals, so that no message is needed. One document, whose runs take the fonts in turn.
+// A host whose functions take almost no time: references are numbers, and releasing one does
+// nothing. It fills the suite globals, so that no startup message is needed. It has one document,
+// whose runs use the fonts in rotation.
 namespace bench_host {
 
 struct Document {
@@ -19,14 +20,14 @@ struct Document {
 // Makes `document` the current one and fills the suite globals.
 void Use(const Document& document);
 
-// The basic suite, for messages.
+// Returns the basic suite, which messages contain.
 SPBasicSuite* GetBasicSuite();
 
-// Walks the current document with the very host calls of the usage report, and nothing else; calls
-// `perRun` with each run's font name.
+// Walks the current document with exactly the host calls of the usage report and calls `perRun`
+// with the font name of each run.
 void WalkBare(void (*perRun)(const char* name));
 
-// How many blocks of memory the program has taken so far.
+// Returns the number of memory allocations of the program so far.
 size_t GetAllocationCount();
 
 }  // namespace bench_host

@@ -4,12 +4,12 @@
 
 #include "HostInterface.h"
 
-// A menu bar that forgets everything, and menu trees of any size.
+// A menu suite that stores nothing, and menu trees of any size.
 namespace bench_menus {
 
 AIMenuSuite* GetMenuSuite();
 
-// The JSON of a tree with so many nodes: submenus of ten items.
+// Returns the JSON of a tree with `nodes` nodes, in submenus of ten items.
 std::string MakeTree(int nodes);
 
 }  // namespace bench_menus

@@ -1,6 +1,6 @@
-// document-bench FOLDER [SECONDS]: how fast the documents below FOLDER are read, by the reader that
-// answers for each: files, pages and runs per second on one core, median and 95th percentile of one
-// file. Each reader gets so many seconds, five without a number. Ghostscript is left out.
+// document-bench FOLDER [SECONDS]: measures for each reader how fast it reads its documents below
+// FOLDER: files, pages and runs per second on one core, and the median and the 95th percentile of
+// the time per file. Each reader runs for SECONDS (default 5). Ghostscript isn't used.
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -56,7 +56,7 @@ void Measure(const std::string& reader, const std::vector<File>& files, double s
             const documents::OpenResult result =
                 documents::OpenDocumentBytes(file.bytes, GetLimits());
             times.push_back(GetSeconds(Clock::now() - before));
-            if (!result.ok) std::abort();  // it was read a moment ago
+            if (!result.ok) std::abort();  // main() has read it without an error
             ++fileCount;
             pageCount += file.pages;
             runCount += file.runs;
@@ -75,7 +75,7 @@ void Measure(const std::string& reader, const std::vector<File>& files, double s
 int main(int argc, char** argv)
 {
     if (argc < 2) {
-        (void)std::fputs("document-bench FOLDER [SECONDS]\n", stderr);
+        (void)std::fputs("usage: document-bench FOLDER [SECONDS]\n", stderr);
         return 2;
     }
     const double seconds = argc > 2 ? std::atof(argv[2]) : 5;

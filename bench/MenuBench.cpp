@@ -23,14 +23,14 @@ void UseTree(int nodes)
     MenuItemHelp help;
     for (; sAdded <= nodes; ++sAdded) {
         const std::string id = "id" + std::to_string(sAdded);
-        // The suite of the benchmark adds whatever it is given.
+        // The menu suite of the benchmark never fails.
         (void)AddIllustratorMenu(id.c_str(), id.c_str(), "Item", false, true, false, "Group",
                                  &help);
     }
     bench_core::SetMenus(bench_menus::MakeTree(nodes));
 }
 
-// The floor of an update: the text is parsed once.
+// The lower bound of an update: parsing the text once.
 void ParseMenus(benchmark::State& state)
 {
     const std::string text = bench_menus::MakeTree(static_cast<int>(state.range(0)));

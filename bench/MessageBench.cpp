@@ -20,12 +20,13 @@ void UseSmallDocument()
     gGlobals = &sGlobals;
 }
 
-// A tick while the link to the panel stands: the first one brings it up and isn't counted.
+// A tick while the plug-in is connected to the event bus. The first tick connects and isn't
+// measured.
 void IdleTick(benchmark::State& state)
 {
     UseSmallDocument();
     AITimerMessage message = {};
-    // A tick has no result.
+    // GoTimer's result is always success.
     (void)GoTimer(&message);
     const size_t before = bench_host::GetAllocationCount();
     for (auto _ : state) benchmark::DoNotOptimize(GoTimer(&message));

@@ -51,7 +51,7 @@ void BareWalk(benchmark::State& state)
 }
 BENCHMARK(BareWalk)->Unit(benchmark::kMillisecond);
 
-// The floor: the walk and the four lines that are written for each run.
+// The lower bound: the walk and the four trace lines of each run.
 void BareWalkWithTraces(benchmark::State& state)
 {
     UseLargeDocument();

@@ -1,4 +1,5 @@
-# nlohmann_json 3.9.1 as tools/bootstrap unpacked it, else the system's from 3.9.1 below 4.
+# Uses nlohmann_json 3.9.1 from .deps, where tools/bootstrap unpacks it, otherwise the system's
+# version if it is at least 3.9.1 and below 4.
 if(TARGET nlohmann_json::nlohmann_json)
     return()
 endif()
@@ -9,8 +10,9 @@ if(EXISTS ${pinned}/nlohmann/json.hpp)
 else()
     find_package(nlohmann_json 3.9.1 REQUIRED)
     if(nlohmann_json_VERSION VERSION_GREATER_EQUAL 4)
-        message(FATAL_ERROR "nlohmann_json ${nlohmann_json_VERSION} is too new: 3.9.1 to 3.x serve")
+        message(FATAL_ERROR
+            "nlohmann_json ${nlohmann_json_VERSION} is too new: expected 3.9.1 to 3.x")
     endif()
     set_target_properties(nlohmann_json::nlohmann_json PROPERTIES IMPORTED_GLOBAL TRUE)
-    message(STATUS "nlohmann_json ${nlohmann_json_VERSION} of the system serves for 3.9.1")
+    message(STATUS "Using the system's nlohmann_json ${nlohmann_json_VERSION} instead of 3.9.1")
 endif()

@@ -1,13 +1,13 @@
-# Which files with a platform's suffix are compiled, and what they are linked with.
+# Chooses the files with a platform suffix that are compiled, and the libraries that they need.
 #
-# On macOS that is the Mac half; so it is with TYPELOFT_MAC_HALF elsewhere, where GNUstep stands for
-# Foundation and AppKit and a stand-in of the tests for CoreFoundation.
+# macOS uses the _Mac files. TYPELOFT_MAC_HALF uses them on another system: GNUstep replaces
+# Foundation and AppKit, and a stand-in from tests/mac replaces CoreFoundation.
 option(TYPELOFT_MAC_HALF "Compile the macOS files over GNUstep, for their tests" OFF)
 
 if(APPLE OR TYPELOFT_MAC_HALF)
     set(TYPELOFT_PLATFORM Mac)
     if(NOT APPLE)
-        # The runtime library that GNUstep is built for is that of gcc.
+        # GNUstep is built for the Objective-C runtime of gcc.
         find_program(CMAKE_OBJC_COMPILER gcc REQUIRED)
         find_program(CMAKE_OBJCXX_COMPILER g++ REQUIRED)
     endif()
@@ -19,7 +19,7 @@ else()
     set(TYPELOFT_PLATFORM Linux)
 endif()
 
-# What every library with platform files is linked with.
+# The libraries and flags that every target with platform files needs.
 add_library(typeloftplatform INTERFACE)
 if(APPLE)
     target_link_libraries(typeloftplatform INTERFACE
@@ -32,12 +32,12 @@ elseif(TYPELOFT_MAC_HALF)
         -DGNUSTEP -DGNUSTEP_BASE_LIBRARY=1 -DGNU_GUI_LIBRARY=1 -DGNU_RUNTIME=1
         -D_NATIVE_OBJC_EXCEPTIONS -fobjc-exceptions -fexceptions
         -fconstant-string-class=NSConstantString)
-    # And a name that GNUstep knows by its older one.
+    # Defines a name that GNUstep has only in its older form.
     set(newer_names ${PROJECT_SOURCE_DIR}/tests/mac/gnustep/NewerNames.h)
     target_compile_options(typeloftplatform INTERFACE
         "$<$<COMPILE_LANGUAGE:OBJC,OBJCXX>:${gnustep_flags}>"
         "$<$<COMPILE_LANGUAGE:OBJC,OBJCXX>:SHELL:-include ${newer_names}>"
-        # Its Objective-C is that of 1990 otherwise.
+        # Without it, Objective-C is compiled as C of 1990.
         $<$<COMPILE_LANGUAGE:OBJC>:-std=gnu11>)
     target_link_libraries(typeloftplatform INTERFACE
         corefoundationstandin gnustep-gui gnustep-base objc)
@@ -47,7 +47,7 @@ else()
     target_link_libraries(typeloftplatform INTERFACE PkgConfig::PLIST ${CMAKE_DL_LIBS})
 endif()
 
-# typeloft_platform_sources(TARGET LINUX files... MAC files...): adds those of the platform.
+# typeloft_platform_sources(TARGET LINUX files... MAC files...): adds the files of the platform.
 function(typeloft_platform_sources target)
     cmake_parse_arguments(arg "" "" "LINUX;MAC" ${ARGN})
     string(TOUPPER ${TYPELOFT_PLATFORM} platform)
@@ -55,7 +55,7 @@ function(typeloft_platform_sources target)
     target_link_libraries(${target} PUBLIC typeloftplatform)
 endfunction()
 
-# No symbol of the module is exported but these.
+# typeloft_export_only(TARGET NAME...): exports only these symbols from a module.
 function(typeloft_export_only target)
     set(script ${CMAKE_CURRENT_BINARY_DIR}/${target}.exports)
     if(APPLE)

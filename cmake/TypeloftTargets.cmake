@@ -1,4 +1,4 @@
-# What every target of the project has in common.
+# typeloft_target(TARGET): sets the options that all targets of the project share.
 function(typeloft_target target)
     target_compile_features(${target} PUBLIC cxx_std_17)
     set_target_properties(${target} PROPERTIES
@@ -9,7 +9,7 @@ function(typeloft_target target)
         OBJC_VISIBILITY_PRESET hidden
         OBJCXX_VISIBILITY_PRESET hidden
         VISIBILITY_INLINES_HIDDEN ON)
-    # Reports name their source file: no path of the building machine goes into a binary.
+    # __FILE__ is relative to the project, so that binaries contain no path of the build machine.
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow
         -fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=)
     if(TYPELOFT_WERROR)
@@ -22,7 +22,7 @@ function(typeloft_target target)
     endif()
 endfunction()
 
-# A static library of the plug-in: its folder is its include folder.
+# typeloft_library(TARGET SOURCE...): adds a static library whose folder is its include folder.
 function(typeloft_library target)
     add_library(${target} STATIC ${ARGN})
     typeloft_target(${target})

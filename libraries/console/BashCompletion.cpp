@@ -31,12 +31,13 @@ Words ListWords(const CLI::App& command, const std::string& commandName)
             continue;
         }
         for (const std::string& name : option->get_lnames()) {
-            words.options += (words.options.empty() ? "--" : " --") + name;
+            words.options += words.options.empty() ? "--" : " --";
+            words.options += name;
             if (option->get_items_expected_max() == 0) continue;
             const std::string completion = GetCompletion(option->get_option_text());
-            words.arguments += "        " + commandName + ":--" + name + ") ";
+            words.arguments.append("        ").append(commandName).append(":--").append(name);
             words.arguments +=
-                completion.empty() ? "return ;;\n" : "kind=" + completion + " options= ;;\n";
+                completion.empty() ? ") return ;;\n" : ") kind=" + completion + " options= ;;\n";
         }
     }
     return words;

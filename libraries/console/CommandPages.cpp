@@ -155,8 +155,9 @@ std::string MakeUpper(std::string text)
 std::string MakeManDescription(std::string text)
 {
     if (!text.empty() && text.back() == '.') text.pop_back();
-    if (!text.empty())
+    if (!text.empty()) {
         text[0] = static_cast<char>(std::tolower(static_cast<unsigned char>(text[0])));
+    }
     return text;
 }
 

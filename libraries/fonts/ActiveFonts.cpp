@@ -17,8 +17,7 @@ using Pattern = std::unique_ptr<FcPattern, void (*)(FcPattern*)>;
 using FontSet = std::unique_ptr<FcFontSet, void (*)(FcFontSet*)>;
 using ObjectSet = std::unique_ptr<FcObjectSet, void (*)(FcObjectSet*)>;
 
-// A fresh configuration each time: it sees what the folders hold now, and the process's current
-// configuration, which belongs to the host, stays as it is.
+// The process-wide configuration belongs to the host, which may not expect it to change.
 Config LoadConfig() { return {FcInitLoadConfigAndFonts(), FcConfigDestroy}; }
 
 std::string GetText(const FcPattern* pattern, const char* object)
@@ -37,12 +36,12 @@ int GetIndex(const FcPattern* pattern)
 bool IsOfVariableFont(const FcPattern* pattern)
 {
     FcBool variable = FcFalse;
-    const bool told = FcPatternGetBool(pattern, FC_VARIABLE, 0, &variable) == FcResultMatch;
-    return (told && variable) || (GetIndex(pattern) >> 16) != 0;
+    const bool isKnown = FcPatternGetBool(pattern, FC_VARIABLE, 0, &variable) == FcResultMatch;
+    return (isKnown && variable) || (GetIndex(pattern) >> 16) != 0;
 }
 
-// The names in variable font files, kept for as long as a file stays as it is: reading one takes
-// far longer than listing it.
+// A cache of the names in variable font files: reading a file takes much longer than listing it.
+// Thread-safe.
 class VariableFontNames {
 public:
     std::vector<FontFace> Get(const std::string& file)
@@ -133,8 +132,8 @@ Pattern MatchDefault(FcConfig* config, const std::string& language)
     return {FcFontMatch(config, wanted.get(), &outcome), FcPatternDestroy};
 }
 
-// A variable font that fontconfig fitted to the request has an index of its own making, which no
-// named instance bears; the name is then that of the face.
+// For a variable font that fontconfig adapted to the request, fontconfig makes up an index that no
+// named instance has. The name of the face is returned then.
 std::string GetNameInFile(const std::string& file, int index)
 {
     std::string ofFace;
@@ -157,17 +156,8 @@ std::string GetDefaultThrowing(const std::string& language)
     return GetText(match.get(), FC_POSTSCRIPT_NAME);
 }
 
-}  // namespace
-
-std::vector<ActiveFont> ListActiveFonts()
-try {
-    return ListThrowing();
-} catch (const std::exception&) {
-    return {};
-}
-
-void RescanFolder(const std::string& folder)
-try {
+void RescanThrowing(const std::string& folder)
+{
     const Config config = LoadConfig();
     if (!config) return;
     const auto rescan = [&config](const std::string& path) {
@@ -182,8 +172,26 @@ try {
         std::error_code noStatus;
         if (entry->is_directory(noStatus)) rescan(entry->path());
     }
-} catch (const std::exception&) {
-    // What fontconfig remembers stays; the caller looks what it shows.
+}
+
+}  // namespace
+
+std::vector<ActiveFont> ListActiveFonts()
+{
+    try {
+        return ListThrowing();
+    } catch (const std::exception&) {
+        return {};
+    }
+}
+
+void RescanFolder(const std::string& folder)
+{
+    try {
+        RescanThrowing(folder);
+    } catch (const std::exception&) {
+        // Fontconfig keeps its caches; the caller checks what it lists.
+    }
 }
 
 std::set<std::string> GetActiveFontNames()
@@ -194,10 +202,12 @@ std::set<std::string> GetActiveFontNames()
 }
 
 std::string GetDefaultFontName(const std::string& language)
-try {
-    return GetDefaultThrowing(language);
-} catch (const std::exception&) {
-    return {};
+{
+    try {
+        return GetDefaultThrowing(language);
+    } catch (const std::exception&) {
+        return {};
+    }
 }
 
 }  // namespace fonts

@@ -5,33 +5,34 @@
 #include <string>
 #include <vector>
 
-// The fonts that fontconfig gives to programs of this user, by PostScript name, byte for byte.
+// The fonts that fontconfig provides to programs of this user, by PostScript name.
 //
-// A named instance of a variable font is listed under the name that documents write, which is read
-// from the font file itself, not under fontconfig's.
+// A named instance of a variable font has the name that documents use for it. This name is read
+// from the font file, because fontconfig's differs.
+//
+// All functions work with a new fontconfig configuration: they see fonts that were added or removed
+// just now, and don't touch the process-wide configuration. They throw nothing and are thread-safe.
 namespace fonts {
 
 // One face that is active.
 struct ActiveFont {
     std::string postScriptName;
     std::string file;
-    int index = 0;  // FreeType's: face in the low 16 bits, instance above
+    int index = 0;  // as in FreeType: face in the low 16 bits, instance (from 1) above
 };
 
-// Reinitializes fontconfig, so that what has come or gone since is seen, and lists all. The process
-// wide configuration of fontconfig isn't touched: the list comes from a configuration of its own.
-// Never throws; without fontconfig the list is empty.
+// Lists all active fonts. The list is empty if fontconfig has no configuration.
 std::vector<ActiveFont> ListActiveFonts();
 
-// Has fontconfig read a folder, and all below it, anew, whatever it remembers of them. Never
-// throws.
+// Makes fontconfig read a folder and all folders below it again, regardless of its caches. Errors
+// are ignored: callers check the result with ListActiveFonts.
 void RescanFolder(const std::string& folder);
 
-// The names alone.
+// Lists the names of all active fonts.
 std::set<std::string> GetActiveFontNames();
 
-// The PostScript name of the font that fontconfig gives for a language (as "ja" or "ar"), or for
-// the system's default if `language` is empty. Empty if there is no font at all.
+// Returns the PostScript name of fontconfig's default font for a language, such as "ja" or "ar", or
+// for the system's language if `language` is "". Returns "" if there is no font.
 std::string GetDefaultFontName(const std::string& language);
 
 }  // namespace fonts

@@ -14,7 +14,7 @@
 namespace fonts {
 namespace {
 
-// A damaged header can promise any number; real collections have some dozens.
+// A damaged header can claim any number of faces; real collections have a few dozen.
 constexpr FT_Long kMostFaces = 1024;
 constexpr FT_UInt kMostInstances = 4096;
 
@@ -38,8 +38,8 @@ Face OpenFace(FT_Library library, const std::string& path, FT_Long index, FT_Err
     return Face(error == FT_Err_Ok ? face : nullptr, FT_Done_Face);
 }
 
-// A text of the name table without all but letters, digits and those of `also`; empty if there is
-// none in English.
+// Returns the letters and digits of the English entry `id` of the name table, and those of its
+// characters that are in `also`. Returns "" if there is no such entry.
 std::string GetPlainText(FT_Face face, FT_UInt id, const std::string& also = {})
 {
     constexpr FT_UShort kWindows = 3;
@@ -65,8 +65,8 @@ std::string GetPlainText(FT_Face face, FT_UInt id, const std::string& also = {})
     return {};
 }
 
-// What the names of instances begin with. To be asked for before FreeType is asked for the name of
-// an instance: it drops a family name that has a blank in it from the table then.
+// The start of the names of instances. Call this before asking FreeType for the name of an
+// instance, which removes a family name that contains a space from FreeType's table.
 std::string GetInstancePrefix(FT_Face face)
 {
     constexpr FT_UInt kPrefixIds[] = {25, 16, 1};  // prefix for variations, and the two families
@@ -77,8 +77,9 @@ std::string GetInstancePrefix(FT_Face face)
     return {};
 }
 
-// The name by the rule of the font format: told by the instance, or made of prefix and style.
-// FreeType gives none if the prefix has a blank in it.
+// Makes the PostScript name of an instance as the OpenType specification says: the name that the
+// instance has, or else prefix and style name. FreeType returns no name if the prefix contains a
+// space.
 std::string MakeInstanceName(FT_Face face, const std::string& prefix,
                              const FT_Var_Named_Style& style)
 {
@@ -147,13 +148,15 @@ FontFaces ReadAll(FT_Library library, const std::string& path)
 }  // namespace
 
 FontFaces ReadFontFaces(const std::string& path)
-try {
-    FT_Library raw = nullptr;
-    if (FT_Init_FreeType(&raw) != FT_Err_Ok) return {{}, "FreeType cannot be started"};
-    const Library library(raw, FT_Done_FreeType);
-    return ReadAll(library.get(), path);
-} catch (const std::exception& failure) {
-    return {{}, failure.what()};
+{
+    try {
+        FT_Library raw = nullptr;
+        if (FT_Init_FreeType(&raw) != FT_Err_Ok) return {{}, "FreeType cannot be started"};
+        const Library library(raw, FT_Done_FreeType);
+        return ReadAll(library.get(), path);
+    } catch (const std::exception& failure) {
+        return {{}, failure.what()};
+    }
 }
 
 }  // namespace fonts

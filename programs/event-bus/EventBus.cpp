@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "PlugPlugEvent.h"
+#include "PlugPlugEvent.h"  // IWYU pragma: keep
 
 namespace plugplug {
 

@@ -20,7 +20,7 @@ EndToEnd::EndToEnd()
     home = scratch / "home";
     runFolder = scratch;
     pluginCore = fs::path(PLUGIN_CORE_FRAMEWORK).parent_path();
-    for (const char* folder : {"home", "system", "library"}) fs::create_directory(scratch / folder);
+    for (const char* name : {"home", "system", "library"}) fs::create_directory(scratch / name);
     const fs::path fonts = SYSTEM_FONTS_FOLDER;
     fs::copy(fonts / "DejaVuSansMono.ttf", scratch / "system");
     fs::copy(fonts / "DejaVuSans.ttf", scratch / "library");
@@ -30,7 +30,7 @@ EndToEnd::EndToEnd()
                   (scratch / "system").string() + "</dir><dir>" +
                   (home / ".local/share/fonts").string() +
                   "</dir><cachedir prefix=\"xdg\">fontconfig</cachedir>"
-                  // The default for every language, whatever else becomes active.
+                  // DejaVu Sans Mono remains the default font for every language.
                   "<match target=\"pattern\"><edit name=\"family\" mode=\"prepend\" "
                   "binding=\"strong\"><string>DejaVu Sans Mono</string></edit></match>"
                   "</fontconfig>");
@@ -54,7 +54,7 @@ void EndToEnd::Install() const
     fs::create_directories(installed);
     fs::remove(installed / "PluginFiles");
     fs::create_directory_symlink(pluginCore, installed / "PluginFiles");
-    WriteFile(home / ".local/share/Corvanta/com.corvanta.Vexcor-LaunchInfo.conf",
+    WriteFile(home / ".local/share/Corvanta" / kLaunchInformationName,
               "vexcor.path=" + (installed / "Vexcor").string() + "\n");
 }
 
@@ -62,8 +62,8 @@ int EndToEnd::Run(const std::string& commandLine)
 {
     if (!pluginCore.empty()) Install();
     const std::string command =
-        "cd " + Quote(runFolder) + "; " + EnvironmentOfHome() +
-        "exec '" HEADLESS_HOST_PROGRAM "' " + commandLine + " --home " + Quote(home) +
+        "cd " + Quote(runFolder) + "; " + EnvironmentOfHome() + "exec " + Quote(program) + " " +
+        commandLine + " --home " + Quote(home) +
         " --frameworks '" PRIVATE_FRAMEWORKS_FOLDER "' --library " + Quote(scratch / "library") +
         " --plugin '" PLUG_IN_FOLDER
         "'"
@@ -104,7 +104,7 @@ std::set<std::string> EndToEnd::ActiveFonts() const
 {
     const std::string command =
         EnvironmentOfHome() + "fc-list --format '%{postscriptname}\\n' >" + Quote(scratch / "list");
-    EXPECT_EQ(std::system(command.c_str()), 0);
+    EXPECT_EQ(0, std::system(command.c_str()));
     std::set<std::string> names;
     std::istringstream lines(ReadFile(scratch / "list"));
     for (std::string line; std::getline(lines, line);) names.insert(line);
@@ -138,9 +138,9 @@ std::string EndToEnd::ReadFile(const fs::path& file) const
 std::vector<std::string> EndToEnd::FontFilesInHome() const
 {
     std::vector<std::string> files;
-    const fs::path folder = home / ".local/share/fonts";
-    if (!fs::exists(folder)) return files;
-    for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+    const fs::path userFonts = home / ".local/share/fonts";
+    if (!fs::exists(userFonts)) return files;
+    for (const auto& entry : fs::recursive_directory_iterator(userFonts)) {
         const std::string extension = entry.path().extension();
         if (extension == ".ttf" || extension == ".otf") files.push_back(entry.path());
     }

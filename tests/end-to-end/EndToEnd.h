@@ -10,22 +10,25 @@
 
 #include "ScratchFolder.h"
 
+// The name of the launch information file.
+inline constexpr char kLaunchInformationName[] = "com.corvanta.Vexcor-LaunchInfo.conf";
+
 // Runs the host program with the real plug-in in a home folder of the test's own. The machine's
-// fonts are hidden: fontconfig knows DejaVuSansMono, which so becomes the host's default font, and
-// whatever is activated. Whatever begins with the default font's name counts as the host's own, so
-// the library holds fonts that don't: DejaVuSans and DejaVuSerif-Bold.
+// fonts are hidden: fontconfig knows only DejaVuSansMono, which becomes the host's default font,
+// and the activated fonts. The plug-in treats every font whose name begins with that of a default
+// font as one of the host, so the library contains others: DejaVuSans and DejaVuSerif-Bold.
 class EndToEnd : public testing::Test {
 protected:
     EndToEnd();
 
-    // The exit status of `headless-host open ARGUMENTS`, run in `runFolder`; -1 if a signal
-    // ended it. What it wrote is in `output` and `errors`.
+    // Runs `headless-host open ARGUMENTS` in `runFolder`; its output is in `output` and `errors`
+    // afterwards. Returns its exit status; -1 if a signal ended it.
     int Open(const std::string& arguments);
 
-    // The same for any command of `headless-host`, as "script FILE".
+    // The same for any subcommand, such as "script FILE".
     int Run(const std::string& commandLine);
 
-    // The line of JSON for each file, in order, of the last run.
+    // The JSON lines of the last run: one per file, in order.
     std::vector<nlohmann::json> Reports() const;
 
     // The state of each font of a report, by PostScript name.
@@ -34,30 +37,33 @@ protected:
     // Copies a sample to the scratch folder; returns its name.
     std::string Sample(const std::string& name) const;
 
-    // PostScript names that fc-list of another process sees in this home folder.
+    // The PostScript names of the active fonts, from fc-list with this home folder.
     std::set<std::string> ActiveFonts() const;
 
-    // A folder with a PluginCore of the test's own that it may add files to.
+    // Copies PluginCore.framework to a folder that the test may add files to; returns the folder.
     std::filesystem::path CopyOfPluginCore() const;
 
     void WriteFile(const std::filesystem::path& file, const std::string& bytes) const;
     std::string ReadFile(const std::filesystem::path& file) const;
 
-    // Fonts that were left below the user's font folder, in whatever state.
+    // The font files below the user's font folder.
     std::vector<std::string> FontFilesInHome() const;
 
     const ScratchFolder folder;
     std::filesystem::path scratch = folder.Path();
     std::filesystem::path home;
-    std::filesystem::path runFolder;  // that programs are run in: the scratch folder
+    std::filesystem::path
+        runFolder;  // the current folder of programs; the scratch folder by default
 
-    // The folder that holds PluginCore.framework. A launch information file leads there; with an
-    // empty path there is none.
+    std::filesystem::path program = HEADLESS_HOST_PROGRAM;
+
+    // The folder that contains PluginCore.framework, which each run writes a launch information
+    // file for. Empty: no such file is written.
     std::filesystem::path pluginCore;
     std::string output;
     std::string errors;
 
-    // Text for a shell that has what follows it run in the test's home.
+    // Shell commands that set the home folder for the commands that follow.
     std::string EnvironmentOfHome() const;
 
 private:

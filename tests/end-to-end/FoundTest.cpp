@@ -6,8 +6,8 @@
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-// How the plug-in finds PluginCore. A process that is called Vexcor is seen by every host of the
-// machine, so nothing may run beside these tests.
+// How the plug-in finds PluginCore. Every host on the machine sees a process called Vexcor, so no
+// other test may run at the same time.
 class Found : public EndToEnd {
 protected:
     Found()
@@ -30,50 +30,50 @@ TEST_F(Found, ThroughTheRunningVexcorWithoutAFile)
 {
     ChildProcess vexcor = StartVexcor("watch");
     ASSERT_TRUE(vexcor.WaitForOutput("watching ")) << vexcor.GetOutput();
-    EXPECT_EQ(Open(document + " --json"), 0) << errors;
+    EXPECT_EQ(0, Open(document + " --json")) << errors;
     vexcor.Send(SIGTERM);
-    EXPECT_EQ(vexcor.Wait(), 0) << vexcor.GetOutput();
+    EXPECT_EQ(0, vexcor.Wait()) << vexcor.GetOutput();
 }
 
-TEST_F(Found, TheRunningVexcorGoesBeforeTheFile)
+TEST_F(Found, TheRunningVexcorIsPreferredToTheFile)
 {
-    WriteFile(home / ".local/share/Corvanta/com.corvanta.Vexcor-LaunchInfo.conf",
+    WriteFile(home / ".local/share/Corvanta" / kLaunchInformationName,
               "vexcor.path=/no/such/Vexcor\n");
     ChildProcess vexcor = StartVexcor("watch");
     ASSERT_TRUE(vexcor.WaitForOutput("watching ")) << vexcor.GetOutput();
-    EXPECT_EQ(Open(document + " --json"), 0) << errors;
+    EXPECT_EQ(0, Open(document + " --json")) << errors;
 }
 
 TEST_F(Found, ThroughTheFileThatInstallWrites)
 {
     ChildProcess install = StartVexcor("install");
-    ASSERT_EQ(install.Wait(), 0) << install.GetOutput();
-    EXPECT_EQ(Open(document + " --json"), 0) << errors;
+    ASSERT_EQ(0, install.Wait()) << install.GetOutput();
+    EXPECT_EQ(0, Open(document + " --json")) << errors;
 }
 
-TEST_F(Found, ByNeitherTellsThatPluginCoreIsMissing)
+TEST_F(Found, ByNeitherGivesAnAlertAndAHint)
 {
-    EXPECT_EQ(Open(document + " --json"), 4);
+    EXPECT_EQ(4, Open(document + " --json"));
     EXPECT_THAT(errors, HasSubstr("alert: Missing PluginCore"));
+    EXPECT_THAT(errors, testing::EndsWith("hint: run 'Vexcor install' once\n"));
     EXPECT_THAT(output, IsEmpty());
 }
 
-TEST_F(Found, AFileThatLeadsNowhereTellsTheSame)
+TEST_F(Found, AFileWithAWrongPathGivesTheSameAlert)
 {
-    WriteFile(home / ".local/share/Corvanta/com.corvanta.Vexcor-LaunchInfo.conf",
+    WriteFile(home / ".local/share/Corvanta" / kLaunchInformationName,
               "vexcor.path=/no/such/Vexcor\n");
-    EXPECT_EQ(Open(document + " --json"), 4);
+    EXPECT_EQ(4, Open(document + " --json"));
     EXPECT_THAT(errors, HasSubstr("alert: Missing PluginCore"));
 }
 
-// The one program keeps the index while the other opens, and both are at the same fonts.
-TEST_F(Found, VexcorTellsWhichDocumentHoldsAFont)
+// One program watches the library while the other has a document open, with the same fonts.
+TEST_F(Found, VexcorReportsWhichDocumentHoldsAFont)
 {
     ChildProcess vexcor = StartVexcor("watch");
     ASSERT_TRUE(vexcor.WaitForOutput("watching ")) << vexcor.GetOutput();
-    EXPECT_EQ(Open(document + " --json --exec \"'" VEXCOR_PROGRAM "' why DejaVuSans >'" +
-                   (scratch / "why").string() + "'\""),
-              0)
+    EXPECT_EQ(0, Open(document + " --json --exec \"'" VEXCOR_PROGRAM "' why DejaVuSans >'" +
+                      (scratch / "why").string() + "'\""))
         << errors;
     EXPECT_THAT(ReadFile(scratch / "why"), HasSubstr("DejaVuSans: activated"));
     EXPECT_THAT(ReadFile(scratch / "why"),

@@ -11,9 +11,9 @@ void LoadAndUnload(int times)
 {
     for (int time = 0; time < times; ++time) {
         void* const module = dlopen(PLUG_IN_MODULE, RTLD_NOW | RTLD_LOCAL);
-        ASSERT_NE(module, nullptr) << dlerror();
-        ASSERT_NE(dlsym(module, "PluginMain"), nullptr);
-        ASSERT_EQ(dlclose(module), 0);
+        ASSERT_NE(nullptr, module) << dlerror();
+        ASSERT_NE(nullptr, dlsym(module, "PluginMain"));
+        ASSERT_EQ(0, dlclose(module));
     }
 }
 
@@ -33,20 +33,20 @@ TEST(Module, LoadsAndUnloadsAThousandTimesWithoutALeak)
     const size_t bytes = mallinfo2().uordblks;
     const int mappings = CountMappings();
     LoadAndUnload(1000);
-    // What the loader and a sanitizer keep varies by a little; a leak shows a thousand times.
+    // The loader and a sanitizer keep a varying small amount; a leak would count a thousand times.
     EXPECT_LT(mallinfo2().uordblks, bytes + 1000);
     EXPECT_LT(CountMappings(), mappings + 100);
 }
 
-TEST(Module, AnswersAMessageOfNoMeaning)
+TEST(Module, ReturnsSuccessForANullMessage)
 {
     void* const module = dlopen(PLUG_IN_MODULE, RTLD_NOW | RTLD_LOCAL);
-    ASSERT_NE(module, nullptr) << dlerror();
+    ASSERT_NE(nullptr, module) << dlerror();
     typedef int (*Entry)(char*, char*, void*);
     const auto entry = reinterpret_cast<Entry>(dlsym(module, "PluginMain"));
-    ASSERT_NE(entry, nullptr);
+    ASSERT_NE(nullptr, entry);
     char caller[] = "SP Interface";
     char selector[] = "Startup";
-    EXPECT_EQ(entry(caller, selector, nullptr), 0);
-    EXPECT_EQ(dlclose(module), 0);
+    EXPECT_EQ(0, entry(caller, selector, nullptr));
+    EXPECT_EQ(0, dlclose(module));
 }

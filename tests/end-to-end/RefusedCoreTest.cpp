@@ -6,20 +6,20 @@ using testing::IsEmpty;
 TEST_F(EndToEnd, WithoutPluginCoreNothingIsOpened)
 {
     pluginCore.clear();
-    EXPECT_EQ(Open(Sample("leaflet.eps") + " --json"), 4);
+    EXPECT_EQ(4, Open(Sample("leaflet.eps") + " --json"));
     EXPECT_THAT(errors, HasSubstr("Missing PluginCore"));
     EXPECT_THAT(errors, HasSubstr("./CorvantaFontManagement..."));
     EXPECT_THAT(ActiveFonts(), testing::ElementsAre("DejaVuSansMono"));
 }
 
-// PluginCores that can't be used, by the name of their folder.
+// PluginCores that the plug-in must refuse, by the name of their folder.
 class RefusedCore : public EndToEnd, public testing::WithParamInterface<const char*> {};
 
-TEST_P(RefusedCore, IsToldByAnAlertAndExitStatus4)
+TEST_P(RefusedCore, GivesAnAlertAndExitStatus4)
 {
     pluginCore = std::filesystem::path(SCRIPTED_PLUGIN_CORE_FOLDER) / GetParam();
     ASSERT_TRUE(std::filesystem::exists(pluginCore / "PluginCore.framework/PluginCore"));
-    EXPECT_EQ(Open(Sample("leaflet.eps") + " --json"), 4);
+    EXPECT_EQ(4, Open(Sample("leaflet.eps") + " --json"));
     EXPECT_THAT(errors, HasSubstr("Incompatible PluginCore"));
     EXPECT_THAT(errors, HasSubstr("PluginCore.framework (version "));
     EXPECT_THAT(output, IsEmpty());

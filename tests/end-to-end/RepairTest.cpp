@@ -4,15 +4,14 @@ using testing::Contains;
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
 
-TEST_F(EndToEnd, TheNextStartRepairsWhatAKilledHostLeft)
+TEST_F(EndToEnd, TheNextStartRepairsTheFilesOfAKilledHost)
 {
-    EXPECT_EQ(Open(Sample("leaflet.eps") + " --exec 'kill -9 $PPID'"), -1);
+    EXPECT_EQ(-1, Open(Sample("leaflet.eps") + " --exec 'kill -9 $PPID'"));
     EXPECT_THAT(ActiveFonts(), Contains("DejaVuSans"));
 
-    EXPECT_EQ(Open(Sample("letterhead.ait") +
-                   " --exec \"fc-list --format '%{postscriptname}\\n' | sort >while-open\""),
-              1);
-    EXPECT_EQ(ReadFile(scratch / "while-open"), "DejaVuSansMono\nDejaVuSerif-Bold\n");
+    EXPECT_EQ(1, Open(Sample("letterhead.ait") +
+                      " --exec \"fc-list --format '%{postscriptname}\\n' | sort >while-open\""));
+    EXPECT_EQ("DejaVuSansMono\nDejaVuSerif-Bold\n", ReadFile(scratch / "while-open"));
     EXPECT_THAT(ActiveFonts(), UnorderedElementsAre("DejaVuSansMono"));
     EXPECT_THAT(FontFilesInHome(), IsEmpty());
 }
@@ -25,8 +24,8 @@ TEST_F(EndToEnd, ASecondHostKeepsItsFontsWhenTheFirstEnds)
                               "library --plugin '" PLUG_IN_FOLDER "' >inner 2>&1";
     WriteFile(scratch / "again",
               "#!/bin/sh\n" + again + "\nfc-list --format '%{postscriptname}\\n' >after-inner\n");
-    EXPECT_EQ(Open(Sample("leaflet.eps") + " --exec 'cd " + scratch.string() + " && sh ./again'"),
-              0)
+    EXPECT_EQ(0,
+              Open(Sample("leaflet.eps") + " --exec 'cd " + scratch.string() + " && sh ./again'"))
         << errors;
     EXPECT_THAT(ReadFile(scratch / "after-inner"), testing::HasSubstr("DejaVuSans"))
         << ReadFile(scratch / "inner");

@@ -17,11 +17,11 @@ void ReplaceAll(std::string& text, const std::string& from, const std::string& t
 
 }  // namespace
 
-// The journal of a whole session, each line's time and number left out, against the one that is
-// kept. With UPDATE_GOLDEN in the environment the kept one is written anew.
-TEST_F(EndToEnd, TheRoadOfOneFileIsAsItIsKept)
+// Compares the journal of a whole run, without the number and time of its lines, with the golden
+// file. UPDATE_GOLDEN=1 in the environment writes the golden file.
+TEST_F(EndToEnd, TheJournalOfOneFileEqualsTheGoldenFile)
 {
-    ASSERT_EQ(Open(Sample("leaflet.eps") + " --json --journal journal"), 0) << errors;
+    ASSERT_EQ(0, Open(Sample("leaflet.eps") + " --json --journal journal")) << errors;
     std::string road;
     std::istringstream lines(ReadFile(scratch / "journal"));
     for (std::string line; std::getline(lines, line);) {

@@ -8,31 +8,31 @@ TEST_F(EndToEnd, AnEmptyOverrideFileLetsTheDialogShow)
 {
     pluginCore = CopyOfPluginCore();
     WriteFile(pluginCore / "DialogSuppression.tmp", "");
-    EXPECT_EQ(Open(Sample("missing-font.pdf") + " --json"), 1);
-    EXPECT_EQ(Reports().at(0).at("missingFontsDialog"), "shown");
+    EXPECT_EQ(1, Open(Sample("missing-font.pdf") + " --json"));
+    EXPECT_EQ("shown", Reports().at(0).at("missingFontsDialog"));
 }
 
-TEST_F(EndToEnd, TheSettingOf2LetsTheDialogShow)
+TEST_F(EndToEnd, Setting2LetsTheDialogShow)
 {
     WriteFile(home / ".config/Corvanta/settings.json", R"({"DialogSuppression":"2"})");
-    EXPECT_EQ(Open(Sample("missing-font.pdf") + " --json"), 1);
-    EXPECT_EQ(Reports().at(0).at("missingFontsDialog"), "shown");
+    EXPECT_EQ(1, Open(Sample("missing-font.pdf") + " --json"));
+    EXPECT_EQ("shown", Reports().at(0).at("missingFontsDialog"));
 }
 
 TEST_F(EndToEnd, ADisabledPluginActivatesNothing)
 {
     WriteFile(home / ".config/Corvanta/settings.json", R"({"PluginEnabled":"0"})");
-    EXPECT_EQ(Open(Sample("leaflet.eps") + " --json"), 1);
+    EXPECT_EQ(1, Open(Sample("leaflet.eps") + " --json"));
     EXPECT_THAT(States(Reports().at(0)), Contains(Pair("DejaVuSans", "missing")));
-    EXPECT_EQ(Reports().at(0).at("missingFontsDialog"), "shown");
+    EXPECT_EQ("shown", Reports().at(0).at("missingFontsDialog"));
 }
 
 class HostLanguage : public EndToEnd, public testing::WithParamInterface<const char*> {};
 
-TEST_P(HostLanguage, ItsDialogIsDismissed)
+TEST_P(HostLanguage, TheDialogIsDismissed)
 {
-    EXPECT_EQ(Open(Sample("missing-font.pdf") + " --json --language " + GetParam()), 1);
-    EXPECT_EQ(Reports().at(0).at("missingFontsDialog"), "dismissed");
+    EXPECT_EQ(1, Open(Sample("missing-font.pdf") + " --json --language " + GetParam()));
+    EXPECT_EQ("dismissed", Reports().at(0).at("missingFontsDialog"));
 }
 
 INSTANTIATE_TEST_SUITE_P(All, HostLanguage, testing::Values("en", "es", "fr", "it", "de", "ja"));

@@ -1,6 +1,6 @@
-// Whatever the bytes are, a document is opened or there is one line that says why not; nothing
-// crashes, and no limit is passed. Built once for each reader: the native one gets the text of a
-// native document and of a text tree, the others whole files.
+// For any input, a reader must open the document or return one line that says why not, without a
+// crash and within its limits. Built once per reader: FUZZ_NATIVE reads the input as the text of a
+// native document and as a text tree, the others read whole files.
 #include <cstdint>
 #include <cstdlib>
 #include <string>
@@ -23,7 +23,7 @@ documents::Limits GetLimits()
 {
     documents::Limits limits;
     limits.inflatedBytes = size_t{32} << 20;
-    limits.helperSeconds = 0;  // Ghostscript isn't what is tested here
+    limits.helperSeconds = 0;  // Ghostscript isn't tested here
     return limits;
 }
 
@@ -49,7 +49,7 @@ void CheckResult(const documents::OpenResult& result)
 {
     const documents::ReadBudget budget(GetLimits().inflatedBytes, GetLimits().seconds);
     try {
-        (void)documents::ScanNative(bytes);  // what it finds is checked below, in a whole file
+        (void)documents::ScanNative(bytes);  // its result is checked below, as part of a whole file
         const documents::NativeTextTree tree(bytes);
         for (size_t i = 0; i < tree.GetStories().size(); ++i) {
             for (size_t frame = 0; frame < 3; ++frame) {
@@ -61,7 +61,7 @@ void CheckResult(const documents::OpenResult& result)
             }
         }
     } catch (const documents::LimitExceeded&) {
-        // A limit that held.
+        // A limit was reached and reported, as it should be.
         return;
     }
     ReadFile("%!PS-Adobe-3.0\n%AI5_FileFormat 7.0\n%%EndComments\n" + std::string(bytes));

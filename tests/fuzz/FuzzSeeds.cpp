@@ -1,4 +1,4 @@
-// fuzz-seeds FOLDER: small documents of each kind as seeds for the fuzzers.
+// fuzz-seeds FOLDER: writes small documents of each kind, the seeds of the fuzzers, into FOLDER.
 #include <cstdio>
 #include <fstream>
 #include <string>
@@ -38,7 +38,7 @@ NativeMaker MakeNative(NativeMaker::Keys keys)
 int main(int argc, char** argv)
 {
     if (argc != 2) {
-        (void)std::fputs("fuzz-seeds FOLDER\n", stderr);
+        (void)std::fputs("usage: fuzz-seeds FOLDER\n", stderr);
         return 2;
     }
     const std::string folder = std::string(argv[1]) + "/";
@@ -58,6 +58,6 @@ int main(int argc, char** argv)
                       Write(folder + "native.eps", WrapInEps(words.MakeText())) &&
                       Write(folder + "dos.eps", WrapInDosEps(WrapInEps(words.MakeText()))) &&
                       Write(folder + "page.pdf", page);
-    if (!good) (void)std::fprintf(stderr, "fuzz-seeds: can't write to %s\n", argv[1]);
+    if (!good) (void)std::fprintf(stderr, "fuzz-seeds: %s: cannot write a file\n", argv[1]);
     return good ? 0 : 1;
 }

@@ -1,4 +1,4 @@
-# Of the frameworks folders of the event bus only those that these tests use are built.
+# Builds only those frameworks folders of the event bus that these tests use.
 function(use_plug_plug target)
     foreach(property INCLUDE_DIRECTORIES COMPILE_DEFINITIONS)
         set_property(TARGET ${target} APPEND PROPERTY
@@ -10,18 +10,19 @@ function(use_plug_plug target)
     endforeach()
 endfunction()
 
-# Tests of what macOS alone has: they drive the stand-ins for CoreFoundation and the workspace.
+# Tests of macOS-only code. They use the stand-ins for CoreFoundation and for the workspace.
 mac_test(mac-only-test
-    SOURCES only/calendar.cpp only/guard.mm only/references.cpp only/running_applications.cpp
+    SOURCES only/CalendarTest.cpp only/GScopedManagedMemoryTest.mm only/OSGuardTest.mm
+        only/ReferencesTest.cpp only/RunningApplicationsTest.cpp
     LIBRARIES recordinglog recordingtrace typeloft)
 target_include_directories(mac-only-test PRIVATE ${PROJECT_SOURCE_DIR}/core-agent/cpp-core/src)
 
-# The plug-in by its messages, with the macOS files.
+# Sends messages to the plug-in with the macOS files.
 set(artefacts ${CMAKE_CURRENT_BINARY_DIR}/artefacts)
 file(MAKE_DIRECTORY ${artefacts})
 mac_test(mac-messages-test
     SOURCES ${platform} ${plugin_tests}/src/MessageFixture.cpp
-        messages/panel.cpp messages/screenshot.mm messages/startup.cpp
+        messages/MacPanelTest.cpp messages/ScreenshotTest.mm messages/MacStartupTest.cpp
     LIBRARIES ${doubles} typeloft)
 target_include_directories(mac-messages-test PRIVATE
     contract ${plugin_tests}/src ${plugin_tests}/src/panel-link)
@@ -29,9 +30,9 @@ target_compile_definitions(mac-messages-test PRIVATE ARTEFACTS="${artefacts}")
 
 use_plug_plug(mac-messages-test)
 
-# Nothing of the plug-in but the module that is loaded.
+# Loads the module; none of the plug-in's code is linked.
 mac_test(mac-module-test
-    SOURCES ${platform} messages/module.cpp
+    SOURCES ${platform} messages/ModuleTest.cpp
     LIBRARIES scriptedhost)
 target_include_directories(mac-module-test PRIVATE contract)
 target_compile_definitions(mac-module-test PRIVATE

@@ -1,5 +1,5 @@
-# mac_test(TARGET SOURCES ... LIBRARIES ...): a test program with the macOS files. Over GNUstep each
-# run has a home folder and a display of its own.
+# mac_test(TARGET SOURCES ... LIBRARIES ...): adds a test program with the macOS files. Over GNUstep
+# each run has its own home folder and display.
 add_library(macsupport OBJECT support/AppKitSession.mm)
 if(APPLE)
     target_sources(macsupport PRIVATE support/AppleMain.mm support/Display_Apple.cpp)

@@ -10,7 +10,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// What crosses both boundaries, without the suites; what differs from run to run is left out.
+// The journal without the suite calls, the numbers and times of lines, and everything else that
+// differs from run to run.
 std::string Condense(const std::string& journal, const std::string& scratch)
 {
     std::string text;
@@ -25,7 +26,7 @@ std::string Condense(const std::string& journal, const std::string& scratch)
     for (size_t at = text.find(scratch); at != std::string::npos; at = text.find(scratch, at)) {
         text.replace(at, scratch.size(), "SCRATCH");
     }
-    // Lasting ids of documents, handles and block numbers.
+    // Persistent ids of documents, and numbers of handles.
     text = std::regex_replace(text, std::regex("[0-9a-f]{32}"), "ID");
     text = std::regex_replace(
         text, std::regex("[0-9a-f]{8}-[0-9a-f]{4}-[0-9a-f]{4}-[0-9a-f]{4}-[0-9a-f]{12}"), "ID");
@@ -38,7 +39,7 @@ class Session : public EndToEnd, public testing::WithParamInterface<const char*>
 protected:
     Session()
     {
-        // Long ago, so that whatever is saved is newer than it was at the open.
+        // A year ago, so that a save changes the file's time.
         for (const char* name : {"leaflet.eps", "letterhead.ait", "missing-font.pdf"}) {
             fs::last_write_time(scratch / Sample(name),
                                 fs::file_time_type::clock::now() - std::chrono::hours(24 * 365));
@@ -53,14 +54,14 @@ protected:
     }
 };
 
-TEST_P(Session, GoesAsItIsKept)
+TEST_P(Session, JournalEqualsTheGoldenFile)
 {
     const std::string name = GetParam();
     if (name == "disabled") {
         WriteFile(home / ".config/Corvanta/settings.json", R"({"PluginEnabled":"0"})");
     }
     fs::copy(fs::path(SESSIONS_FOLDER) / (name + ".session"), scratch / "session");
-    EXPECT_EQ(Run("script session --journal journal"), 0) << output << errors;
+    EXPECT_EQ(0, Run("script session --journal journal")) << output << errors;
     const std::string road = Condense(ReadFile(scratch / "journal"), scratch.string());
     const fs::path golden = fs::path(SESSIONS_FOLDER) / "golden" / (name + ".txt");
     if (std::getenv("UPDATE_GOLDEN") != nullptr) WriteFile(golden, road);

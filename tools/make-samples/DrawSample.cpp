@@ -11,7 +11,7 @@
 
 namespace {
 
-// The same bytes at every run.
+// Fixed, so that every run writes the same bytes.
 constexpr char kDate[] = "2024-01-01T00:00:00Z";
 
 template <auto Release>
@@ -33,7 +33,7 @@ public:
     {
         if (FT_Init_FreeType(&mLibrary) != 0) throw std::runtime_error("no FreeType");
     }
-    ~FreeType() { (void)FT_Done_FreeType(mLibrary); }  // the process ends soon
+    ~FreeType() { (void)FT_Done_FreeType(mLibrary); }  // nothing to do about an error at exit
     FreeType(const FreeType&) = delete;
     FreeType& operator=(const FreeType&) = delete;
 
@@ -41,7 +41,7 @@ public:
     {
         FT_Face face = nullptr;
         if (FT_New_Face(mLibrary, file.c_str(), 0, &face) != 0) {
-            throw std::runtime_error(file + ": is no font that can be read");
+            throw std::runtime_error(file + ": cannot be read as a font");
         }
         return face;
     }
@@ -50,7 +50,7 @@ private:
     FT_Library mLibrary = nullptr;
 };
 
-// Faces are kept by cairo beyond a page, so the library stays for the life of the process.
+// cairo keeps faces after the page that uses them, so the library lives as long as the process.
 FreeType& GetFreeType()
 {
     static FreeType library;
@@ -114,7 +114,7 @@ std::string GetPostScriptName(const std::string& fontFile)
     FT_Face face = GetFreeType().Open(fontFile);
     const char* name = FT_Get_Postscript_Name(face);
     std::string result = name == nullptr ? "" : name;
-    (void)FT_Done_Face(face);  // a face that was opened can be closed
-    if (result.empty()) throw std::runtime_error(fontFile + ": has no PostScript name");
+    (void)FT_Done_Face(face);  // fails only for an invalid face
+    if (result.empty()) throw std::runtime_error(fontFile + ": no PostScript name");
     return result;
 }

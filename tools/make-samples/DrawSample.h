@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-// A line of text in exactly the font of one file.
+// A line of text in the font of one file, without substitution.
 struct SampleLine {
     std::string fontFile;
     std::string text;
@@ -16,10 +16,11 @@ struct SamplePage {
     std::vector<SampleLine> lines;
 };
 
-// Draws the page as a PDF or as an EPS whose fonts are subsets of the given files. Throws
-// std::runtime_error with the reason.
+// Draws the page as PDF or EPS and embeds subsets of its fonts. Throws std::runtime_error with the
+// reason.
 std::string DrawPdf(const SamplePage& page);
 std::string DrawEps(const SamplePage& page);
 
-// The PostScript name that a font file tells.
+// Returns the PostScript name of the font in a file. Throws std::runtime_error if it has none or
+// can't be read.
 std::string GetPostScriptName(const std::string& fontFile);

@@ -5,7 +5,7 @@
 
 namespace {
 
-// Takes the line that begins with `start` out, line end included.
+// Removes the first line that begins with `start`, with its end.
 void RemoveLine(std::string& eps, std::string_view start)
 {
     const size_t position = eps.find(start);

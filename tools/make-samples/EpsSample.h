@@ -3,11 +3,12 @@
 #include <string>
 #include <vector>
 
+// What FinishEps adds to an EPS.
 struct EpsFacts {
     std::vector<std::string> fonts;        // PostScript names
     std::vector<std::string> placedFiles;  // one entry per placed object
 };
 
-// Gives the EPS with structuring comments that list its fonts and placed files, the same bytes at
-// every run. Throws std::runtime_error if `eps` hasn't the comments that it must have.
+// Returns the EPS with structuring comments that list its fonts and placed files. Equal arguments
+// give equal bytes. Throws std::runtime_error if `eps` has no %%EndComments or %%Trailer.
 std::string FinishEps(const std::string& eps, const EpsFacts& facts);

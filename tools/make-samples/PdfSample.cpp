@@ -1,72 +1,68 @@
 #include "PdfSample.h"
 
 #include <memory>
+#include <pugixml.hpp>
 #include <qpdf/Buffer.hh>
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFWriter.hh>
+#include <sstream>
 
 namespace {
 
 constexpr char kCreator[] = "Headless Host";
 constexpr char kPdfDate[] = "D:20240101000000Z";
 
-std::string EscapeXml(const std::string& text)
+void AddInstruction(pugi::xml_document& packet, const char* value)
 {
-    std::string escaped;
-    for (char c : text) {
-        switch (c) {
-            case '&':
-                escaped += "&amp;";
-                break;
-            case '<':
-                escaped += "&lt;";
-                break;
-            case '>':
-                escaped += "&gt;";
-                break;
-            case '"':
-                escaped += "&quot;";
-                break;
-            default:
-                escaped += c;
-        }
+    pugi::xml_node instruction = packet.append_child(pugi::node_pi);
+    instruction.set_name("xpacket");
+    instruction.set_value(value);
+}
+
+pugi::xml_node AddDescription(pugi::xml_document& packet)
+{
+    pugi::xml_node root = packet.append_child("x:xmpmeta");
+    root.append_attribute("xmlns:x") = "adobe:ns:meta/";
+    pugi::xml_node rdf = root.append_child("rdf:RDF");
+    rdf.append_attribute("xmlns:rdf") = "http://www.w3.org/1999/02/22-rdf-syntax-ns#";
+    pugi::xml_node description = rdf.append_child("rdf:Description");
+    description.append_attribute("rdf:about") = "";
+    description.append_attribute("xmlns:xmp") = "http://ns.adobe.com/xap/1.0/";
+    description.append_attribute("xmlns:xmpMM") = "http://ns.adobe.com/xap/1.0/mm/";
+    description.append_attribute("xmlns:stMfs") = "http://ns.adobe.com/xap/1.0/sType/ManifestItem#";
+    description.append_attribute("xmlns:stRef") = "http://ns.adobe.com/xap/1.0/sType/ResourceRef#";
+    return description;
+}
+
+// The manifest lists the placed files, one item per placed object.
+void AddManifest(pugi::xml_node description, const std::vector<std::string>& placedFiles)
+{
+    pugi::xml_node bag = description.append_child("xmpMM:Manifest").append_child("rdf:Bag");
+    for (const std::string& file : placedFiles) {
+        pugi::xml_node item = bag.append_child("rdf:li");
+        item.append_attribute("rdf:parseType") = "Resource";
+        item.append_child("stMfs:linkForm").text() = "ReferenceStream";
+        pugi::xml_node reference = item.append_child("stMfs:reference");
+        reference.append_attribute("rdf:parseType") = "Resource";
+        reference.append_child("stRef:filePath").text() = file.c_str();
     }
-    return escaped;
 }
 
 std::string MakeXmpPacket(const PdfFacts& facts)
 {
-    std::string packet =
-        "<?xpacket begin=\"\xEF\xBB\xBF\" id=\"W5M0MpCehiHzreSzNTczkc9d\"?>\n"
-        "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\">\n"
-        " <rdf:RDF xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\">\n"
-        "  <rdf:Description rdf:about=\"\"\n"
-        "    xmlns:xmp=\"http://ns.adobe.com/xap/1.0/\"\n"
-        "    xmlns:xmpMM=\"http://ns.adobe.com/xap/1.0/mm/\"\n"
-        "    xmlns:stMfs=\"http://ns.adobe.com/xap/1.0/sType/ManifestItem#\"\n"
-        "    xmlns:stRef=\"http://ns.adobe.com/xap/1.0/sType/ResourceRef#\">\n"
-        "   <xmp:CreatorTool>" +
-        EscapeXml(kCreator) + "</xmp:CreatorTool>\n";
-    if (!facts.placedFiles.empty()) {
-        packet += "   <xmpMM:Manifest>\n    <rdf:Bag>\n";
-        for (const std::string& file : facts.placedFiles) {
-            packet +=
-                "     <rdf:li rdf:parseType=\"Resource\">\n"
-                "      <stMfs:linkForm>ReferenceStream</stMfs:linkForm>\n"
-                "      <stMfs:reference rdf:parseType=\"Resource\">\n"
-                "       <stRef:filePath>" +
-                EscapeXml(file) +
-                "</stRef:filePath>\n"
-                "      </stMfs:reference>\n"
-                "     </rdf:li>\n";
-        }
-        packet += "    </rdf:Bag>\n   </xmpMM:Manifest>\n";
-    }
-    packet += "  </rdf:Description>\n </rdf:RDF>\n</x:xmpmeta>\n<?xpacket end=\"w\"?>\n";
-    return packet;
+    pugi::xml_document packet;
+    AddInstruction(packet, "begin=\"\xEF\xBB\xBF\" id=\"W5M0MpCehiHzreSzNTczkc9d\"");
+    pugi::xml_node description = AddDescription(packet);
+    description.append_child("xmp:CreatorTool").text() = kCreator;
+    if (!facts.placedFiles.empty()) AddManifest(description, facts.placedFiles);
+    AddInstruction(packet, "end=\"w\"");
+    std::ostringstream text;
+    packet.save(text, " ", pugi::format_indent | pugi::format_no_declaration);
+    return text.str();
 }
 
-// The name under `key` in another spelling, keeping the prefix of a subset.
+// Replaces the font name under `key` if it is to be renamed, and keeps its subset prefix
+// ("ABCDEF+").
 void Rename(QPDFObjectHandle dictionary, const char* key, const PdfFacts& facts)
 {
     QPDFObjectHandle value = dictionary.getKey(key);

@@ -4,13 +4,14 @@
 #include <string>
 #include <vector>
 
-// What is put into a drawn PDF.
+// What FinishPdf adds to a PDF.
 struct PdfFacts {
     std::string title;
-    std::vector<std::string> placedFiles;             // one entry per placed object
-    std::map<std::string, std::string> renamedFonts;  // PostScript names: drawn, then written
+    std::vector<std::string> placedFiles;  // one entry per placed object
+    std::map<std::string, std::string>
+        renamedFonts;  // from the name drawn with to the name written
 };
 
-// Gives the PDF with creator, title and XMP packet, the same bytes at every run. Throws
-// std::exception.
+// Returns the PDF with creator, title and XMP packet added and fonts renamed. Equal arguments give
+// equal bytes. Throws std::exception if `pdf` isn't a PDF.
 std::string FinishPdf(const std::string& pdf, const PdfFacts& facts);

@@ -1,5 +1,6 @@
-// make-samples OUTPUT_FOLDER DEJAVU_FOLDER LIBRARY_FONT: writes the sample documents. The fonts are
-// taken from exactly these files; the same files give the same bytes at every run.
+// make-samples OUTPUT_FOLDER DEJAVU_FOLDER LIBRARY_FONT
+//     Writes the sample documents with the DejaVu fonts of a folder and the font file LIBRARY_FONT.
+//     The same font files give the same bytes at every run.
 #include <cstdio>
 #include <exception>
 #include <fstream>
@@ -16,7 +17,7 @@ struct Fonts {
     std::string sans;
     std::string bold;
     std::string mono;
-    std::string library;  // the one that isn't installed
+    std::string library;  // a font that is not installed on users' machines
 };
 
 void Write(const std::string& path, const std::string& bytes)
@@ -24,7 +25,7 @@ void Write(const std::string& path, const std::string& bytes)
     std::ofstream file(path, std::ios::binary | std::ios::trunc);
     file << bytes;
     file.close();
-    if (!file) throw std::runtime_error(path + ": can't be written");
+    if (!file) throw std::runtime_error(path + ": cannot be written");
 }
 
 std::string MakeBusinessCard(const Fonts& fonts)

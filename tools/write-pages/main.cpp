@@ -13,7 +13,7 @@
 #include "commands/CommandLine.h"
 #include "console/BashCompletion.h"
 #include "console/CommandPages.h"
-#include "vexcor/CommandLine.h"
+#include "vexcor/commands/CommandLine.h"
 
 namespace {
 
@@ -66,7 +66,8 @@ int main(int argc, char** argv)
         if (argc == 2 && first != "--readme") {
             for (const std::string program : {"headless-host", "Vexcor"}) {
                 const Pages pages = MakePages(program);
-                const std::string start = first + "/" + program;
+                std::string start = first;
+                start.append("/").append(program);
                 Write(start + ".1", pages.manual);
                 Write(start + ".bash", pages.completion);
                 Write(start + ".md", pages.readmeSection);

@@ -43,7 +43,7 @@ int Core::Running::GetPanelPort()
 
 Core::Running& Core::GetRunning()
 {
-    if (!mRunning) throw Failure(StatusCodes::kNotInitialized, "called while it isn't started");
+    if (!mRunning) throw Failure(StatusCodes::kNotInitialized, "PluginCore is not started");
     return *mRunning;
 }
 
@@ -55,7 +55,7 @@ void Core::Start()
 void Core::Stop()
 {
     if (!mRunning) return;
-    // Moved out first, so that this process counts as stopped even if the database fails now.
+    // Moved out first, so that Core is stopped even if the database fails now.
     const std::unique_ptr<Running> running = std::move(mRunning);
     running->services.Stop();
 }

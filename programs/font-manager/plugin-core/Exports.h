@@ -29,11 +29,9 @@ PLUGIN_CORE_EXPORT unsigned int GetSettings(char* buffer, size_t* ioSize);
 PLUGIN_CORE_EXPORT unsigned int GetSocketPort(int* outPort);
 PLUGIN_CORE_EXPORT unsigned int HandleCloseDocument(const char* path, const char* fontUsageJson);
 PLUGIN_CORE_EXPORT unsigned int HandleCreateNewDocument(char* idBuffer, size_t* ioSize);
-
 PLUGIN_CORE_EXPORT unsigned int HandleMenuSelection(const char* documentId,
                                                     const char* lastKnownMenuState,
                                                     const char* menuKey, const char* fontUsageJson);
-
 PLUGIN_CORE_EXPORT unsigned int HandleOpenExistingDocument(const char* path, char* ioJson,
                                                            size_t* ioSize, int* outValue);
 PLUGIN_CORE_EXPORT unsigned int HandleSaveDocument(const char* path, const char* fontUsageJson);

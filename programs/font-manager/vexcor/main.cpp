@@ -4,7 +4,7 @@
 #include "console/Log.h"
 #include "plugin-core/storage/ErrorLog.h"
 #include "plugin-core/storage/Failure.h"
-#include "vexcor/CommandLine.h"
+#include "vexcor/commands/CommandLine.h"
 #include "vexcor/commands/Commands.h"
 #include "vexcor/commands/ExitStatus.h"
 

@@ -5,14 +5,15 @@
 
 #include "application/HostPlatformTable.h"
 #include "application/MissingFontsDialog.h"
+#include "base/Files.h"
 #include "console/Log.h"
-#include "system/System.h"
+#include "system/Interrupts.h"
 
 namespace headless {
 
 namespace {
 
-// The host's own reading of the file, guarded: whatever happens, the other files go on.
+// A reader that throws must not end the program: other files are still to be opened.
 documents::OpenResult Read(const Host& host, const std::string& path)
 {
     try {
@@ -34,51 +35,52 @@ std::set<std::string> FindMissing(const std::vector<std::string>& names,
 
 }  // namespace
 
-bool OpenReport::HasMissingFont() const
+Application::Application(Host& host, std::string language)
+    : mHost(host), mLanguage(std::move(language))
 {
-    return std::any_of(fonts.begin(), fonts.end(),
-                       [](const FontReport& font) { return font.state == FontState::kMissing; });
+    ResetHostPlatform();
 }
 
 Application::~Application() { ShutDown(); }
 
 bool Application::Start(const std::string& pluginPath, std::string& error)
 {
-    mModule = GuestModule::Load(pluginPath, error);
+    mModule = PluginModule::Load(pluginPath, error);
     if (!mModule) return false;
     auto plugin = std::make_shared<PluginObject>(PluginObject{mModule->GetPath()});
     mHost.plugin = mHost.handles.Issue(std::move(plugin));
     mPump = std::make_unique<MessagePump>(mHost, mModule->GetMain());
+    mDocuments = std::make_unique<DocumentCommands>(mHost, *mPump);
     const AIErr result = mPump->SendInterface("Startup");
     mRunning = result == kHostSuccess && mHost.globalsWord != nullptr;
     if (!mRunning) {
-        // A guest that doesn't run has no occasion to release what came with the first message.
-        mHost.suites.LetStay(true);
-        error = "the plug-in doesn't run: ";
+        // The plug-in acquires suites with its first message and gets no occasion to release them.
+        mHost.suites.AllowUnreleased(true);
+        error = "the plug-in does not run: ";
         if (!mHost.alerts.empty()) {
             error += mHost.alerts.back().message;
         } else if (result != kHostSuccess) {
-            error += "startup answered " + std::to_string(result);
+            error += "Startup returned " + std::to_string(result);
         } else {
             error += "PluginCore refused to start";
         }
         return false;
     }
-    Notify("AI Application Started Notifier", nullptr);
-    TellMenuChanges();
+    mPump->Notify("AI Application Started Notifier", nullptr);
+    mPump->NotifyMenuChanges();
     return true;
 }
 
 DialogOutcome Application::RunMissingFontsDialog(std::string& title)
 {
-    MissingFontsDialog dialog(mLanguage, ++mWindowNumber);
+    MissingFontsDialog dialog(mHost.journal, mLanguage, ++mWindowNumber);
     title = dialog.GetTitle();
     const unsigned long before = GetModalSessionCount();
     const ModalSession session = GetHostPlatform()->beginModalSession(&dialog);
     if (GetModalSessionCount() == before) {
-        mHost.errors.Add("beginModalSession: the host's own session was not begun");
+        mHost.violations.Add("beginModalSession: the host's own session was not begun");
     } else if (session != &dialog) {
-        mHost.errors.Add("beginModalSession: the session of the host was not handed back");
+        mHost.violations.Add("beginModalSession: the session of the host was not handed back");
     }
     return dialog.WasShown() ? DialogOutcome::kShown : DialogOutcome::kDismissed;
 }
@@ -96,13 +98,13 @@ OpenReport Application::Open(const std::string& path, const std::string& givenPa
     };
 
     const std::set<std::string> activeBefore = mHost.fonts.RefreshActiveNames();
-    // The file formats are asked about files only, whatever is in them.
-    if (IsReadableFile(path)) mPump->SendCheck(path);
+    // File formats are only asked to check regular files.
+    if (base::IsReadableFile(path)) mPump->SendCheck(path);
     documents::OpenResult read = Read(mHost, path);
     mHost.journal.Write("host", "read", {{"path", path}}, read.ok ? "" : read.error);
     report.kind = documents::GetKindName(read.document.kind);
     if (!read.ok) {
-        report.error = read.error.empty() ? "can't be read" : read.error;
+        report.error = read.error.empty() ? "cannot be read" : read.error;
         return finish();
     }
 
@@ -118,36 +120,81 @@ OpenReport Application::Open(const std::string& path, const std::string& givenPa
     if (!atReading.empty()) report.dialog = RunMissingFontsDialog(report.dialogTitle);
     DocumentObject* const document = mHost.AddDocument(std::move(read.document), path);
     console::LogAction("opened " + path);
-    Notify("AI Document Opened Notifier", document->handle);
+    mPump->Notify("AI Document Opened Notifier", document->handle);
 
-    // The guest was told of the fonts once more and may have found others by now.
-    if (!atReading.empty()) (void)mHost.fonts.RefreshActiveNames();  // used below
+    // The plug-in may have activated fonts in the dialog and in the notifier.
+    if (!atReading.empty()) (void)mHost.fonts.RefreshActiveNames();  // read by GetFontState
     document->activeBefore = activeBefore;
     for (const std::string& name : names) {
-        report.fonts.push_back({name, GetFontState(*document, name)});
+        report.fonts.push_back({name, mDocuments->GetFontState(*document, name)});
     }
-    TellMenuChanges();
+    mPump->NotifyMenuChanges();
     return finish();
+}
+
+void Application::UpdateMenus()
+{
+    constexpr int32_t kWantsUpdate = 1;                // option bit of a menu item
+    const std::vector<void*> items = mHost.menuItems;  // a message may add and remove items
+    for (void* const handle : items) {
+        const auto* const item = mHost.handles.Peek<MenuItemObject>(handle);
+        if (item == nullptr || (item->options & kWantsUpdate) == 0) continue;
+        (void)mPump->SendMenu("AI Update", handle);  // a host ignores the result
+    }
+    mPump->NotifyMenuChanges();
+}
+
+void Application::Choose(void* menuItem)
+{
+    (void)mPump->SendMenu("AI Go", menuItem);  // a host ignores the result
+    mPump->NotifyMenuChanges();
+}
+
+void Application::ShowAbout()
+{
+    (void)mPump->SendInterface("About");  // a host ignores the result
+}
+
+void Application::NotifyFontsChanged()
+{
+    (void)mHost.fonts.RefreshActiveNames();  // read by GetFontState
+    mPump->Notify("AI Font List Changed Notifier", nullptr);
+}
+
+void Application::Tick()
+{
+    mPump->SendTimers(++mTick);
+    mPump->NotifyMenuChanges();
+}
+
+void Application::Idle(double seconds)
+{
+    IdleFor(seconds, kTicksPerSecond, [this] { Tick(); });
 }
 
 void Application::ShutDown()
 {
     if (!mPump) return;
-    while (!mHost.GetDocuments().empty()) Close(mHost.GetDocuments().front().get());
-    if (mRunning) {
-        Notify("AI Application Shutdown Notifier", nullptr);
-        mHost.suites.LetStay(false);
+    while (!mHost.GetDocuments().empty()) {
+        mDocuments->Close(mHost.GetDocuments().front().get());
     }
-    // What the guest answers to its end changes nothing; it stands in the journal.
+    if (mRunning) {
+        mPump->Notify("AI Application Shutdown Notifier", nullptr);
+        mHost.suites.AllowUnreleased(false);
+    }
+    // The journal holds the result, which changes nothing.
     (void)mPump->SendInterface("Shutdown");
-    mHost.suites.LetStay(false);
+    mHost.suites.AllowUnreleased(false);
     if (mPump->SendUnload() != kHostSuccess) {
-        mHost.errors.Add("Unload: the plug-in refuses to be unloaded after its shutdown");
+        mHost.violations.Add("Unload: the plug-in refuses to be unloaded after its shutdown");
         mModule->LeaveLoaded();
     }
-    for (const std::string& line : mHost.suites.ListLeaks()) mHost.errors.Add("Unload: " + line);
-    for (const std::string& line : mHost.handles.ListLeaks()) mHost.errors.Add("Unload: " + line);
+    for (const std::string& line : mHost.suites.ListLeaks())
+        mHost.violations.Add("Unload: " + line);
+    for (const std::string& line : mHost.handles.ListLeaks())
+        mHost.violations.Add("Unload: " + line);
     ResetHostPlatform();
+    mDocuments.reset();
     mPump.reset();
     mModule.reset();
     mHost.journal.Write("host", "unloaded", nlohmann::json::object(), nullptr);

@@ -1,35 +1,30 @@
 #pragma once
 
-#include <string>
+#include "base/ProgramStatus.h"
 
 namespace headless {
 
-// How the program ends. Of several the greatest wins.
+// The exit statuses of the program. If several apply, it ends with the greatest.
 enum ExitStatus : int {
-    kAllOpened = 0,
-    kFontMissing = 1,
-    kNotAsExpected = 1,
-    kWrongUse = 2,
-    kFileNotOpened = 3,
+    kAllOpened = base::kSuccess,
+    kFontMissing = base::kNegative,
+    kNotAsExpected = base::kNegative,
+    kWrongUse = base::kWrongUse,
+    kFileNotOpened = base::kFileFailed,
     kPluginNotLoaded = 4,
     kPluginBrokeRule = 5,
-    kInterrupted = 130,
+    kInterrupted = base::kInterrupted,
 };
 
-struct ExitStatusRow {
-    int status;
-    const char* meaning;
-};
-
-constexpr ExitStatusRow kExitStatuses[] = {
+constexpr base::ProgramStatusRow kExitStatuses[] = {
     {kAllOpened,
-     "all files were opened and no font is missing; a script ran and all was as expected"},
+     "every file was opened and no font is missing; every expectation of the script was met"},
     {kFontMissing, "open: a font is missing; script: an expectation was not met"},
-    {kWrongUse, "wrong use of the program; script: a wrong line"},
-    {kFileNotOpened, "a file could not be opened or saved"},
-    {kPluginNotLoaded, "the plug-in or PluginCore could not be loaded"},
+    {kWrongUse, "wrong options or arguments; script: an invalid line"},
+    {kFileNotOpened, "a file cannot be opened or saved"},
+    {kPluginNotLoaded, "the plug-in or PluginCore cannot be loaded"},
     {kPluginBrokeRule, "the plug-in broke a rule of the host"},
-    {kInterrupted, "interrupted; the open documents were closed and the plug-in was shut down"},
+    {kInterrupted, "interrupted; open documents were closed and the plug-in was shut down"},
 };
 
 }  // namespace headless

@@ -9,8 +9,8 @@ namespace {
 
 unsigned long sModalSessionCount = 0;
 
-// The host's own modal session. There is no screen: a dialog that nobody dismissed counts as shown
-// and is over at once.
+// The host's own modal session. Without a screen, a dialog that was not dismissed is shown and
+// closed at once.
 ModalSession BeginRealModalSession(ModalWindow* window) noexcept
 {
     ++sModalSessionCount;
@@ -31,7 +31,7 @@ void ShowAlert(const char* messageText, const char* informativeText) noexcept
                             nullptr);
         if (host->alertSink) host->alertSink(alert);
     } catch (...) {
-        // An alert that can't be kept is no reason to stop the guest.
+        // The caller is C code of the plug-in: losing an alert is better than an exception.
         return;
     }
 }
@@ -55,7 +55,7 @@ void ResetHostPlatform()
 
 void SetPrivateFrameworks(const std::string& folder)
 {
-    static std::string kept;  // the table points at it
+    static std::string kept;  // the table points into it
     kept = folder;
     sPlatform.privateFrameworksPath = kept.empty() ? nullptr : kept.c_str();
 }
@@ -75,7 +75,7 @@ extern "C" void HeadlessHostJournal(const char* side, const char* op, const char
         host->journal.Write(side, op, headless::ParseOrQuote(argsJson),
                             headless::ParseOrQuote(resultJson));
     } catch (...) {
-        // The journal is an aid: the caller's work goes on without it.
+        // The caller is C code of PluginCore: losing a line is better than an exception.
         return;
     }
 }

@@ -6,22 +6,26 @@
 
 namespace headless {
 
-// Puts the host's own functions back into the table that the executable exports. A guest may have
-// exchanged a slot for a function of its module, which is gone once the guest is unloaded.
+// Restores the host's own functions in the platform table that the executable exports, forgets the
+// frameworks folder and sets the number of modal sessions to 0. A plug-in may have replaced an
+// entry by a function of its module, which is a dangling pointer after the unload.
 void ResetHostPlatform();
 
-// Where the guest finds the host's own frameworks; an empty text for nowhere. Until the next reset.
+// Sets the folder of the host's private frameworks, where the plug-in finds them, until the next
+// reset. Empty for none.
 void SetPrivateFrameworks(const std::string& folder);
 
-// How many real modal sessions were begun since the last reset: whoever exchanges the slot must
-// still begin the real one.
+// The number of the host's own modal sessions since the last reset. A plug-in that replaces the
+// table's function must still call the host's own one.
 unsigned long GetModalSessionCount();
 
 }  // namespace headless
 
-// For PluginCore, which finds it by name in the executable: writes a line to the host's journal.
-// `argsJson` and `resultJson` are JSON texts; text that isn't JSON is written as a string, null as
-// null. Does nothing while no journal is written. Never throws.
+// Writes a line to the host's journal. PluginCore looks this function up by name in the executable.
+//
+// argsJson, resultJson   JSON; a string that isn't JSON is written as a string, null as null
+// Does nothing while no journal is written, or if `side` or `op` is null. Never throws. Main thread
+// only.
 extern "C" __attribute__((visibility("default"))) void HeadlessHostJournal(const char* side,
                                                                            const char* op,
                                                                            const char* argsJson,

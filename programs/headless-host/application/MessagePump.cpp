@@ -10,14 +10,15 @@ namespace {
 
 constexpr int32_t kCheckWord = 0x53504D73;  // 'SPMs'
 
-// The fields of AIFileFormatMessage. The path in it is the host's: the record must not be made as
-// one whose destructor would give the path back through the guest's suites.
+// The fields of AIFileFormatMessage. The path belongs to the host, and the destructor of the real
+// record's path would release it through the suites.
 struct CheckMessage {
     SPMessageData d;
     void* path;
 };
 static_assert(sizeof(CheckMessage) == sizeof(AIFileFormatMessage));
 
+// Whether the plug-in walks the document's art in this message. Each walk may leave one art set.
 bool ScansFonts(const std::string& caller, const std::string& selector, const std::string& type)
 {
     return type == "AI Document Opened Notifier" || (caller == "AI Menu" && selector == "AI Go");
@@ -57,24 +58,28 @@ AIErr MessagePump::SendUnload()
     return Send("SP Access", "Unload", &message, message.d, nlohmann::json::object());
 }
 
-size_t MessagePump::SendNotifier(const std::string& type, void* notifyData)
+void MessagePump::Notify(const std::string& type, void* notifyData)
 {
-    size_t count = 0;
-    const std::vector<void*> notifiers = mHost.notifiers;
+    const std::vector<void*> notifiers = mHost.notifiers;  // a message may add notifiers
     for (void* const handle : notifiers) {
         const auto* const notifier = mHost.handles.Peek<NotifierObject>(handle);
         if (notifier == nullptr || notifier->type != type) continue;
-        ++count;
         std::string typeText = type;
         AINotifierMessage message{MakeHead(), static_cast<AINotifierHandle>(handle),
                                   typeText.data(), notifyData};
-        // What a notifier answers changes nothing: it is told, not asked.
+        // A host ignores the result of a notifier; the journal holds it.
         (void)Send("AI Notifier", "AI Notify", &message, message.d,
                    {{"type", type},
                     {"notifier", notifier->name},
                     {"notifyData", mHost.handles.Describe(notifyData)}});
     }
-    return count;
+}
+
+void MessagePump::NotifyMenuChanges()
+{
+    if (mHost.menuChanges == mNotifiedMenuChanges) return;
+    mNotifiedMenuChanges = mHost.menuChanges;
+    Notify("AI Menu Changed Notifier", nullptr);
 }
 
 void MessagePump::SendCheck(const std::string& path)
@@ -89,7 +94,7 @@ void MessagePump::SendCheck(const std::string& path)
     for (void* const format : formats) {
         CheckMessage message{MakeHead(), pathHandle};
         const std::string name = mHost.handles.Peek<FileFormatObject>(format)->name;
-        // The answer is written to the journal; the host reads the file with its own formats.
+        // The result doesn't matter: the host reads the file with its own readers.
         (void)Send("AI File Format", "AI Check", &message, message.d,
                    {{"format", name}, {"path", path}});
     }
@@ -104,7 +109,7 @@ void MessagePump::SendTimers(unsigned long tick)
         if (timer == nullptr || !timer->isActive) continue;
         if (timer->period > 1 && tick % static_cast<unsigned long>(timer->period) != 0) continue;
         AITimerMessage message{MakeHead()};
-        // A timer has nothing to answer.
+        // A host ignores the result of a timer.
         (void)Send("AI Timer", "AI Go", &message, message.d, {{"timer", timer->name}});
     }
 }

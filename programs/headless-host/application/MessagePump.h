@@ -7,33 +7,45 @@
 
 namespace headless {
 
+// The entry point of a plug-in module.
 typedef AIErr (*PluginMainFunction)(char* caller, char* selector, void* message);
 
-// Sends the host's messages to the guest, one at a time: fills their common head, keeps the globals
-// word, and writes each to the journal before it is sent ("send") and when it is answered.
+// Sends the host's messages to the plug-in, one at a time. Fills the head that all messages begin
+// with, keeps the plug-in's globals pointer, and writes each message to the journal before it is
+// sent (operation "send") and after it returns ("answer"). Main thread only.
+//
+// The functions return what the plug-in returns, 0 for success.
 class MessagePump {
 public:
+    // host   must outlive the pump
+    // main   must remain loaded as long
     MessagePump(Host& host, PluginMainFunction main) : mHost(host), mMain(main) {}
 
-    // "SP Interface" with "Startup", "About" or "Shutdown".
+    // Sends "SP Interface" with "Startup", "About" or "Shutdown".
     AIErr SendInterface(const char* selector);
 
-    // "SP Access" / "Unload": not 0 if the guest wants to stay.
+    // Sends "SP Access" / "Unload". Not 0 if the plug-in refuses to be unloaded.
     AIErr SendUnload();
 
-    // "AI Notifier" / "AI Notify" to each subscriber of the type, in the order of subscription.
-    // Returns how many there are.
-    size_t SendNotifier(const std::string& type, void* notifyData);
+    // Sends "AI Notifier" / "AI Notify" to each subscriber of `type`, in the order of subscription.
+    //
+    // notifyData   the handle of the document, or null
+    void Notify(const std::string& type, void* notifyData);
 
-    // "AI File Format" / "AI Check" to each file format, the highest priority first, of equal ones
-    // the first that was registered. All are asked, whatever they answer.
+    // Sends the menu-changed notifier if a menu item or group was added or removed since the last
+    // call.
+    void NotifyMenuChanges();
+
+    // Sends "AI File Format" / "AI Check" to each file format, whatever the others return: highest
+    // priority first, formats of the same priority in the order of registration.
     void SendCheck(const std::string& path);
 
-    // "AI Timer" / "AI Go" to each active timer whose period the number of the tick is a multiple
-    // of.
+    // Sends "AI Timer" / "AI Go" to each active timer whose period divides `tick`.
     void SendTimers(unsigned long tick);
 
-    // "AI Menu" with "AI Go" or "AI Update".
+    // Sends "AI Menu" with "AI Go" or "AI Update".
+    //
+    // item   the handle of the menu item
     AIErr SendMenu(const char* selector, void* item);
 
 private:
@@ -43,6 +55,7 @@ private:
 
     Host& mHost;
     PluginMainFunction mMain;
+    size_t mNotifiedMenuChanges = 0;
 };
 
 }  // namespace headless

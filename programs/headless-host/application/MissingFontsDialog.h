@@ -3,28 +3,31 @@
 #include <string>
 
 #include "ModalWindow.h"
+#include "model/Journal.h"
 
 namespace headless {
 
-// The host's dialog about fonts that it doesn't have. It can be dismissed with the Escape key, also
-// before its modal session has begun; then nothing is shown.
+// The host's dialog about missing fonts. The Escape key dismisses it, even before its modal session
+// has begun; then it is never shown. Main thread only.
 class MissingFontsDialog : public ModalWindow {
 public:
-    // `language` is a tag of kHostLanguages; English for any other.
-    MissingFontsDialog(const std::string& language, long windowNumber);
+    // journal    gets a line for each key event and for the session; must outlive the dialog
+    // language   a tag of kHostLanguages; any other means English
+    MissingFontsDialog(Journal& journal, const std::string& language, long windowNumber);
 
     bool IsKindOfClass(const char* className) const override;
     std::string GetTitle() const override { return mTitle; }
     long GetWindowNumber() const override { return mWindowNumber; }
     void SendEvent(const SKeyEvent& event) override;
 
-    // The modal session's part: shows the dialog unless it is dismissed.
+    // Shows the dialog unless it was dismissed. The host's modal session calls this.
     void Show();
 
     bool IsDismissed() const { return mDismissed; }
     bool WasShown() const { return mShown; }
 
 private:
+    Journal& mJournal;
     std::string mTitle;
     long mWindowNumber;
     bool mDismissed = false;

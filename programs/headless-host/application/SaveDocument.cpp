@@ -1,9 +1,9 @@
 #include "application/SaveDocument.h"
 
 #include <algorithm>
-#include <cctype>
 #include <exception>
 
+#include "base/Files.h"
 #include "documents/bytes/FileBytes.h"
 #include "documents/model/FileKind.h"
 #include "documents/write/WriteDocument.h"
@@ -13,24 +13,14 @@ namespace headless {
 
 namespace {
 
-// The language of the system's default font, which stands in for missing ones.
+// The script whose default font replaces missing fonts: the one of the system.
 constexpr AIFaceScript kSystemScript = -1;
 
 enum class Family { kNone, kPDF, kPostScript };
 
-std::string GetExtension(const std::string& path)
-{
-    const size_t dot = path.find_last_of("./");
-    if (dot == std::string::npos || path[dot] != '.') return {};
-    std::string extension = path.substr(dot);
-    std::transform(extension.begin(), extension.end(), extension.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return extension;
-}
-
 Family GetFamily(const std::string& path)
 {
-    const std::string extension = GetExtension(path);
+    const std::string extension = base::GetLowerExtension(path);
     if (extension == ".eps") return Family::kPostScript;
     for (const char* const each : {".ai", ".ait", ".pdf"}) {
         if (extension == each) return Family::kPDF;
@@ -38,22 +28,25 @@ Family GetFamily(const std::string& path)
     return Family::kNone;
 }
 
-// How the file is to be written; kNone, and the reason in `error`, if it can't be.
+// The format to write; kNone, with the reason in `error`, if the document cannot be written as the
+// extension says.
 Family ChooseFamily(const DocumentObject& document, const std::string& path, std::string& error)
 {
     const Family wanted = GetFamily(path);
     if (wanted == Family::kNone) {
-        error = "can't be saved: the name must end in .ai, .ait, .pdf or .eps";
+        error = "cannot be saved: the name must end in .ai, .ait, .pdf or .eps";
         return Family::kNone;
     }
     if (document.base.empty()) return wanted;
     const Family own = documents::GetContainer(document.base) == documents::Container::kPDF
                            ? Family::kPDF
                            : Family::kPostScript;
-    // A file whose name doesn't tell what it is stays what it is.
-    if (own == wanted || GetExtension(path) == GetExtension(document.source)) return own;
-    error = own == Family::kPDF ? "can't be saved: this document is a PDF and no EPS"
-                                : "can't be saved: this document is PostScript and no PDF";
+    // The same extension as before keeps the format, even if it is that of the other family: a PDF
+    // may be called .eps.
+    if (own == wanted || base::GetLowerExtension(path) == base::GetLowerExtension(document.source))
+        return own;
+    error = own == Family::kPDF ? "cannot be saved: a PDF document cannot become EPS"
+                                : "cannot be saved: a PostScript document cannot become PDF";
     return Family::kNone;
 }
 
@@ -81,18 +74,18 @@ std::string Write(Host& host, DocumentObject& document, const std::string& path)
 {
     for (const auto& other : host.GetDocuments()) {
         if (other.get() != &document && other->hasFile && other->path == path) {
-            return "can't be saved: another open document has this name";
+            return "cannot be saved: another open document has this name";
         }
     }
     std::string error = KeepBase(document);
-    if (!error.empty()) return "can't be saved: " + error;
+    if (!error.empty()) return "cannot be saved: " + error;
     const Family family = ChooseFamily(document, path, error);
     if (!error.empty()) return error;
     const documents::WriteOrder order = MakeOrder(host, document, path);
     std::string bytes =
         family == Family::kPDF ? documents::WritePdf(order) : documents::WriteEps(order);
     error = documents::ReplaceFile(path, bytes);
-    if (!error.empty()) return "can't be saved: " + error;
+    if (!error.empty()) return "cannot be saved: " + error;
     document.base = std::move(bytes);
     document.hasBase = true;
     document.source = path;
@@ -112,7 +105,7 @@ std::string KeepBase(DocumentObject& document)
     documents::FileBytes file =
         documents::ReadFileBytes(document.source, documents::Limits{}.inflatedBytes,
                                  [](const std::string&) { return std::string(); });
-    if (!file.error.empty()) return "the file that it was opened from " + file.error;
+    if (!file.error.empty()) return "the file it was opened from " + file.error;
     document.base = std::move(file.bytes);
     document.hasBase = true;
     return {};
@@ -124,7 +117,7 @@ std::string SaveDocument(Host& host, DocumentObject& document, const std::string
     try {
         error = Write(host, document, path);
     } catch (const std::exception& exception) {
-        error = std::string("can't be saved: ") + exception.what();
+        error = std::string("cannot be saved: ") + exception.what();
         std::replace(error.begin(), error.end(), '\n', ' ');
     }
     host.journal.Write("host", "save", {{"path", path}}, error);

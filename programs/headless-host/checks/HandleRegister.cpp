@@ -13,10 +13,10 @@ void HandleRegister::Fill(Record& record, HandleType type)
     record.scansArtSet = type == HandleType::kArtSet && mMayKeepArtSet;
 }
 
-void* HandleRegister::IssueToken(HandleType type, std::shared_ptr<void> object, const void* owner)
+void* HandleRegister::IssueHandle(HandleType type, std::shared_ptr<void> object, const void* owner)
 {
-    void* const handle = mMemory.NewToken();
-    Record& record = mTokens.emplace_back();
+    void* const handle = mMemory.NewHandle();
+    Record& record = mHandles.emplace_back();
     Fill(record, type);
     record.owner = owner;
     record.object = std::move(object);
@@ -36,7 +36,7 @@ void* HandleRegister::IssueBlock(HandleType type, size_t size)
 const HandleRegister::Record* HandleRegister::FindRecord(const void* handle) const
 {
     size_t number = 0;
-    if (mMemory.FindToken(handle, number)) return &mTokens[number];
+    if (mMemory.FindHandle(handle, number)) return &mHandles[number];
     const auto found = mBlocks.find(handle);
     return found == mBlocks.end() ? nullptr : &found->second;
 }
@@ -51,21 +51,21 @@ HandleRegister::Record* HandleRegister::Check(const void* handle, HandleType typ
 {
     const std::string wanted = GetTypeName(type);
     if (handle == nullptr) {
-        mErrors.Add(operation + ": the " + wanted + " is null");
+        mViolations.Add(operation + ": the " + wanted + " is null");
         return nullptr;
     }
     Record* const record = FindRecord(handle);
     if (record == nullptr) {
-        mErrors.Add(operation + ": the " + wanted + " was never handed out by the host");
+        mViolations.Add(operation + ": the " + wanted + " was never handed out by the host");
         return nullptr;
     }
     if (record->type != type) {
-        mErrors.Add(operation + ": " + Describe(handle) +
-                    " is of the wrong type, wanted is: " + wanted);
+        mViolations.Add(operation + ": " + Describe(handle) +
+                        " is of the wrong type, wanted is: " + wanted);
         return nullptr;
     }
     if (!record->living) {
-        mErrors.Add(operation + ": " + Describe(handle) + " has expired");
+        mViolations.Add(operation + ": " + Describe(handle) + " has expired");
         return nullptr;
     }
     return record;
@@ -102,7 +102,7 @@ void HandleRegister::End(void* handle, Record& record)
     for (void* const each : owned) {
         Record& other = *FindRecord(each);
         if (!other.living) continue;
-        other.leaked = IsOwedByGuest(other.type) && !other.hostsOwn;
+        other.leaked = IsOwedByPlugin(other.type) && !other.isHostOwned;
         End(each, other);
     }
 }
@@ -116,7 +116,7 @@ void HandleRegister::Expire(void* handle)
 void HandleRegister::KeepForHost(const void* handle)
 {
     Record* const record = FindRecord(handle);
-    if (record != nullptr) record->hostsOwn = true;
+    if (record != nullptr) record->isHostOwned = true;
 }
 
 void HandleRegister::BeginMessage(bool mayKeepArtSet)
@@ -130,14 +130,14 @@ std::vector<std::string> HandleRegister::ListLeaks() const
     std::vector<std::string> lines;
     std::set<size_t> messagesWithArtSet;
     const auto look = [&](const Record& record) {
-        const bool held = record.living && IsOwedByGuest(record.type) && !record.hostsOwn;
+        const bool held = record.living && IsOwedByPlugin(record.type) && !record.isHostOwned;
         if (!held && !record.leaked) return;
-        // A scan of the document's fonts never gives its art set back; that is agreed.
+        // A walk over the document's art leaves one art set unreleased; plug-ins may do that.
         if (record.scansArtSet && messagesWithArtSet.insert(record.message).second) return;
         lines.push_back(std::string(GetTypeName(record.type)) + "#" +
                         std::to_string(record.serial) + " was not given back");
     };
-    for (const Record& record : mTokens) look(record);
+    for (const Record& record : mHandles) look(record);
     std::vector<const Record*> blocks;
     for (const auto& entry : mBlocks) blocks.push_back(&entry.second);
     std::sort(blocks.begin(), blocks.end(),

@@ -6,35 +6,41 @@
 #include <unordered_map>
 #include <vector>
 
-#include "checks/GuestMemory.h"
+#include "checks/GuardedHandles.h"
 #include "checks/HandleType.h"
-#include "checks/HostErrors.h"
+#include "checks/RuleViolations.h"
 
 namespace headless {
 
-// Every handle and reference that the host has handed out, with its type and life.
+// Every handle and block that the host has given to the plug-in, with its type, references and
+// owner. Main thread only.
 //
-// A handle that comes back is looked up here. A null, an unknown, an expired handle and one of
-// another type are four different errors, each naming the operation; they go to the HostErrors.
-// Main thread only.
+// Each handle that the plug-in passes to a suite is looked up here. A null handle, an unknown one,
+// an expired one and one of another type are four different violations, which name the operation.
 //
 // An Object is a struct with `static constexpr HandleType kHandleType`; the register owns it.
 class HandleRegister {
 public:
-    explicit HandleRegister(HostErrors& errors) : mErrors(errors) {}
+    explicit HandleRegister(RuleViolations& violations) : mViolations(violations) {}
 
-    // A new handle with one reference. `owner` is a handle, or null: when it expires this one does.
+    // Returns a new handle with one reference.
+    //
+    // owner   a handle that this one expires with; may be null
     template <class Object>
     void* Issue(std::shared_ptr<Object> object, const void* owner = nullptr)
     {
-        return IssueToken(Object::kHandleType, std::move(object), owner);
+        return IssueHandle(Object::kHandleType, std::move(object), owner);
     }
 
-    // A block of zeroed memory that the guest may use until it is released.
+    // Returns a zeroed block with one reference, which the plug-in may use until it is released.
+    //
+    // type   kBlock or kMemoryHandle
     void* IssueBlock(HandleType type, size_t size);
 
-    // The object of a living handle; null, and an error, for anything else. The object is the
-    // register's and lives until the handle expires.
+    // The object of a valid handle. The register owns it until the handle expires. For any other
+    // handle: null, and a violation.
+    //
+    // operation   the suite's operation, for the violation
     template <class Object>
     Object* Find(const void* handle, const std::string& operation)
     {
@@ -42,7 +48,7 @@ public:
         return record == nullptr ? nullptr : static_cast<Object*>(record->object.get());
     }
 
-    // The same without an error, for handles that the host itself kept.
+    // The same without a violation, for handles that the host has stored itself.
     template <class Object>
     Object* Peek(const void* handle) const
     {
@@ -51,34 +57,35 @@ public:
         return static_cast<Object*>(record->object.get());
     }
 
-    // One more reference, or one less; the last one ends the handle. False, and an error, if the
-    // handle isn't a living one of this type.
+    // Adds or removes a reference; with the last reference the handle expires. Returns false, and
+    // records a violation, if this is no valid handle of this type.
     bool Retain(const void* handle, HandleType type, const std::string& operation);
     bool Release(void* handle, HandleType type, const std::string& operation);
 
-    // Ends a handle of the host's own and all that it owns. Unknown ones are ignored.
+    // Makes a handle of the host expire, with all handles that it owns. Ignores unknown handles.
     void Expire(void* handle);
 
-    // The handle is the host's: the guest needn't give it back.
+    // Marks the handle as one that the plug-in need not release.
     void KeepForHost(const void* handle);
 
-    // From here on handles belong to another message. A message that scans a document may leave one
-    // art set behind.
+    // Begins a new message: handles from now on belong to it.
+    //
+    // mayKeepArtSet   whether the plug-in may leave one art set of this message unreleased
     void BeginMessage(bool mayKeepArtSet);
 
-    // What the guest should have given back by now, a line each.
+    // One line for each handle that the plug-in should have released by now.
     std::vector<std::string> ListLeaks() const;
 
-    // As in "text range#12", "null", or "unknown" for what was never handed out.
+    // "text range#12"; "null"; "unknown" for an address that is no handle.
     std::string Describe(const void* handle) const;
 
 private:
     struct Record {
         HandleType type = HandleType::kPlugin;
         bool living = true;
-        bool hostsOwn = false;
-        bool leaked = false;       // it expired with its owner while the guest still held it
-        bool scansArtSet = false;  // it came up in a message that may leave one
+        bool isHostOwned = false;
+        bool leaked = false;       // expired with its owner, unreleased
+        bool scansArtSet = false;  // an art set of a message that may keep one
         unsigned references = 1;
         size_t serial = 0;
         size_t message = 0;
@@ -87,16 +94,16 @@ private:
         std::shared_ptr<void> object;
     };
 
-    void* IssueToken(HandleType type, std::shared_ptr<void> object, const void* owner);
+    void* IssueHandle(HandleType type, std::shared_ptr<void> object, const void* owner);
     void Fill(Record& record, HandleType type);
     Record* Check(const void* handle, HandleType type, const std::string& operation);
     Record* FindRecord(const void* handle);
     const Record* FindRecord(const void* handle) const;
     void End(void* handle, Record& record);
 
-    HostErrors& mErrors;
-    GuestMemory mMemory;
-    std::deque<Record> mTokens;  // by the token's number
+    RuleViolations& mViolations;
+    GuardedHandles mMemory;
+    std::deque<Record> mHandles;  // by the number of the handle
     std::unordered_map<const void*, Record> mBlocks;
     std::unordered_map<const void*, std::vector<void*>> mOwned;
     size_t mSerial = 0;

@@ -7,7 +7,7 @@ namespace {
 struct TypeRow {
     HandleType type;
     const char* name;
-    bool owed;
+    bool owed;  // whether the plug-in must release it
 };
 
 constexpr TypeRow kTypes[] = {
@@ -37,7 +37,7 @@ constexpr TypeRow kTypes[] = {
     {HandleType::kFont, "font", true},
 };
 
-constexpr bool StandInOrder()
+constexpr bool AreInOrder()
 {
     uint8_t place = 0;
     for (const TypeRow& row : kTypes) {
@@ -45,12 +45,12 @@ constexpr bool StandInOrder()
     }
     return place == static_cast<uint8_t>(HandleType::kFont) + 1;
 }
-static_assert(StandInOrder(), "a row per type, in the order of the types");
+static_assert(AreInOrder(), "one row per type, in the order of the types");
 
 }  // namespace
 
 const char* GetTypeName(HandleType type) { return kTypes[static_cast<uint8_t>(type)].name; }
 
-bool IsOwedByGuest(HandleType type) { return kTypes[static_cast<uint8_t>(type)].owed; }
+bool IsOwedByPlugin(HandleType type) { return kTypes[static_cast<uint8_t>(type)].owed; }
 
 }  // namespace headless

@@ -4,7 +4,7 @@
 
 namespace headless {
 
-// Everything that the host hands out by address.
+// The kinds of handles that the host gives to plug-ins.
 enum class HandleType : uint8_t {
     kPlugin,
     kDocument,
@@ -32,10 +32,10 @@ enum class HandleType : uint8_t {
     kFont,
 };
 
-// As it stands in error texts and in the journal.
+// The name for violations and the journal, such as "art set".
 const char* GetTypeName(HandleType type);
 
-// Whether the guest has to give a handle of this type back.
-bool IsOwedByGuest(HandleType type);
+// Whether the plug-in must release handles of this type.
+bool IsOwedByPlugin(HandleType type);
 
 }  // namespace headless

@@ -9,39 +9,44 @@ std::string DescribeSuite(const SuiteRow& row)
 
 void SuiteLedger::Acquire(const SuiteRow& row)
 {
-    Count& count = At(row);
+    Count& count = mCounts[&row];
     ++count.references;
-    if (mLetStay) ++count.mayStay;
+    if (mAllowsUnreleased) ++count.unreleasedAllowed;
 }
 
 bool SuiteLedger::Release(const SuiteRow& row)
 {
-    Count& count = At(row);
+    Count& count = mCounts[&row];
     if (count.references == 0) {
-        mErrors.Add("ReleaseSuite: " + DescribeSuite(row) +
-                    " is released more often than acquired");
+        mViolations.Add("ReleaseSuite: " + DescribeSuite(row) +
+                        " is released more often than acquired");
         return false;
     }
     --count.references;
-    if (count.mayStay > 0) --count.mayStay;
+    if (count.unreleasedAllowed > 0) --count.unreleasedAllowed;
     return true;
 }
 
-void SuiteLedger::LetStay(bool alsoBefore)
+bool SuiteLedger::IsHeld(const SuiteRow& row) const
 {
-    mLetStay = true;
+    const auto found = mCounts.find(&row);
+    return found != mCounts.end() && found->second.references > 0;
+}
+
+void SuiteLedger::AllowUnreleased(bool alsoBefore)
+{
+    mAllowsUnreleased = true;
     if (!alsoBefore) return;
-    for (Count& count : mRows) count.mayStay = count.references;
+    for (auto& [row, count] : mCounts) count.unreleasedAllowed = count.references;
 }
 
 std::vector<std::string> SuiteLedger::ListLeaks() const
 {
     std::vector<std::string> lines;
-    for (const SuiteRow& row : kSuiteRows) {
-        const Count& count = At(row);
-        const int missing = count.references - count.mayStay;
+    for (const auto& [row, count] : mCounts) {
+        const int missing = count.references - count.unreleasedAllowed;
         if (missing <= 0) continue;
-        lines.push_back("suite " + DescribeSuite(row) +
+        lines.push_back("suite " + DescribeSuite(*row) +
                         " was not released, references left: " + std::to_string(missing));
     }
     return lines;

@@ -1,51 +1,50 @@
 #pragma once
 
+#include <map>
 #include <string>
 #include <vector>
 
-#include "checks/HostErrors.h"
-#include "suites/SuiteTable.h"
+#include "checks/RuleViolations.h"
+#include "checks/SuiteRow.h"
 
 namespace headless {
 
-// How often the guest has acquired and released each suite.
+// Counts how often the plug-in has acquired and released each suite. Main thread.
 class SuiteLedger {
 public:
-    explicit SuiteLedger(HostErrors& errors) : mErrors(errors), mRows(kSuiteRowCount) {}
+    // `violations` must outlive the ledger.
+    explicit SuiteLedger(RuleViolations& violations) : mViolations(violations) {}
 
     void Acquire(const SuiteRow& row);
 
-    // False, and an error, if the guest holds no reference.
+    // Returns false, and records a violation, if the plug-in holds no reference.
     bool Release(const SuiteRow& row);
 
-    bool IsHeld(const SuiteRow& row) const { return At(row).references > 0; }
-    int GetReferences(const SuiteRow& row) const { return At(row).references; }
+    bool IsHeld(const SuiteRow& row) const;
 
-    // A guest that doesn't run, because it refused to start or has been shut down, acquires its
-    // suites with every message that still comes and never releases them: what it acquires from
-    // here on, and if `alsoBefore` what it holds already, may stay.
-    void LetStay(bool alsoBefore);
+    // From now on acquired references need not be released. For a plug-in that doesn't run, because
+    // it refused to start or has been shut down: it acquires its suites with every message that
+    // still arrives and never releases them.
+    //
+    // alsoBefore   whether the same applies to the references that it holds already
+    void AllowUnreleased(bool alsoBefore);
 
-    // What the guest should have released by now, a line each.
+    // One line for each suite with references that should have been released by now, in the order
+    // of the suite table.
     std::vector<std::string> ListLeaks() const;
 
 private:
     struct Count {
         int references = 0;
-        int mayStay = 0;
+        int unreleasedAllowed = 0;
     };
-    Count& At(const SuiteRow& row) { return mRows[static_cast<size_t>(&row - kSuiteRows)]; }
-    const Count& At(const SuiteRow& row) const
-    {
-        return mRows[static_cast<size_t>(&row - kSuiteRows)];
-    }
 
-    HostErrors& mErrors;
-    std::vector<Count> mRows;
-    bool mLetStay = false;
+    RuleViolations& mViolations;
+    std::map<const SuiteRow*, Count> mCounts;  // rows of one table: their addresses are in order
+    bool mAllowsUnreleased = false;
 };
 
-// As in "AI Font Suite" 1006.
+// "AI Font Suite" version 1006, with the quotation marks.
 std::string DescribeSuite(const SuiteRow& row);
 
 }  // namespace headless

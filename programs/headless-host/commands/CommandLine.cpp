@@ -4,7 +4,7 @@
 
 #include "application/ExitStatus.h"
 #include "application/MissingFontsDialog.h"
-#include "session/Actions.h"
+#include "session/ActionTable.h"
 
 namespace headless {
 
@@ -17,7 +17,8 @@ constexpr char kJsonHelp[] = "Write JSON, one object per file and line";
 constexpr char kScriptText[] =
     "A script has one action per line. Words are separated by spaces; spaces within double or "
     "single quotes belong to the word. A word that begins with # starts a comment, which ends "
-    "with the line. A wrong line ends the script; an expectation that is not met does not. Without "
+    "with the line. An invalid line ends the script; an expectation that is not met does not. "
+    "Without "
     "a file, or with -, the lines are read from standard input; on a terminal there is a prompt "
     "with history and completion.";
 
@@ -104,7 +105,7 @@ void AddFontsOptions(CLI::App& command, Options& options)
 console::HelpSection GetExitStatusSection()
 {
     console::HelpSection section{"Exit status", "If several apply, the greatest is returned.", {}};
-    for (const ExitStatusRow& row : kExitStatuses) {
+    for (const base::ProgramStatusRow& row : kExitStatuses) {
         section.rows.push_back({std::to_string(row.status), row.meaning});
     }
     return section;

@@ -29,7 +29,7 @@ void ListFolder(const std::string& folder, std::vector<ListedFile>& files)
     constexpr auto kOptions = fs::directory_options::skip_permission_denied;
     fs::recursive_directory_iterator entry(folder, kOptions, error);
     while (!error && entry != fs::recursive_directory_iterator()) {
-        std::error_code ignored;  // what can't be looked at is no document
+        std::error_code ignored;  // an entry that cannot be examined is no document
         const bool isFile = entry->symlink_status(ignored).type() == fs::file_type::regular;
         if (isFile && IsDocument(entry->path())) found.push_back(entry->path().string());
         entry.increment(error);
@@ -37,9 +37,9 @@ void ListFolder(const std::string& folder, std::vector<ListedFile>& files)
     std::sort(found.begin(), found.end());
     for (std::string& path : found) files.push_back({std::move(path), {}});
     if (error) {
-        files.push_back({folder, "can't be listed: " + error.message()});
+        files.push_back({folder, "cannot be listed: " + error.message()});
     } else if (found.empty()) {
-        files.push_back({folder, "holds no document"});
+        files.push_back({folder, "contains no document"});
     }
 }
 
@@ -49,13 +49,13 @@ std::vector<ListedFile> ListFiles(const std::vector<std::string>& paths, bool re
 {
     std::vector<ListedFile> files;
     for (const std::string& path : paths) {
-        std::error_code ignored;  // what can't be looked at is told when it is read
+        std::error_code ignored;  // the reader reports a path that cannot be examined
         if (!fs::is_directory(path, ignored)) {
             files.push_back({path, {}});
         } else if (recursive) {
             ListFolder(path, files);
         } else {
-            files.push_back({path, "is a folder; --recursive reads what is in it"});
+            files.push_back({path, "is a folder; use --recursive to read it"});
         }
     }
     return files;

@@ -7,12 +7,15 @@ namespace headless {
 
 struct ListedFile {
     std::string path;
-    std::string error;  // why it is known already that it can't be read; else empty
+    std::string error;  // why the path cannot be read, if that is already known; else empty
 };
 
-// The files that the user's paths stand for, in their order. A folder stands for the documents
-// below it, told by their first bytes, sorted by path; links in it aren't followed. Without
-// `recursive`, a folder is an error, and so is one that holds no document or can't be listed.
+// The files that the user's paths name, in the order of the paths. With `recursive`, a folder is
+// replaced by the documents below it, sorted by path: the regular files whose first bytes are those
+// of a document. Symbolic links in folders are not followed.
+//
+// A folder without `recursive`, without documents, or that cannot be listed gives one entry with an
+// error.
 std::vector<ListedFile> ListFiles(const std::vector<std::string>& paths, bool recursive);
 
 }  // namespace headless

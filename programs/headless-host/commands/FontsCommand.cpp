@@ -1,33 +1,31 @@
 #include "commands/FontsCommand.h"
 
-#include <unistd.h>
-
 #include <algorithm>
-#include <cstdio>
 #include <unordered_set>
 #include <utility>
 
 #include "application/ExitStatus.h"
-#include "application/Report.h"
+#include "base/Progress.h"
 #include "commands/FileList.h"
 #include "commands/FontsReport.h"
 #include "console/Console.h"
-#include "system/System.h"
+#include "system/Interrupts.h"
 #include "system/WorkerPool.h"
 
 namespace headless {
 
 namespace {
 
-// Of 1 GiB, what this process itself may need is set aside. A process that reads a file starts
-// Ghostscript at most once at a time, for which a fifth of its share is set aside.
+// The memory of all workers: 1 GiB less what this process needs.
 constexpr size_t kMemoryBytes = (size_t{1024} - 64) << 20;
 constexpr size_t kMostWorkers = 8;
+constexpr size_t kLeastFilesForProgress = 2;
 constexpr char kNoMemory[] = "too large: not enough memory";
 
+// Each worker can run one Ghostscript, which gets the remaining fifth of its share.
 size_t GetWorkerMemory(size_t workers) { return kMemoryBytes / workers / 5 * 4; }
 
-// Reads one file: the work of a process.
+// Reads one file, in a worker. Returns its report as JSON.
 std::string ReadOne(const std::string& path, double seconds, size_t helperBytes)
 {
     documents::Limits limits;
@@ -44,18 +42,19 @@ std::string GetSecondsText(double seconds)
     return text;
 }
 
-class Run {
+// One run of the subcommand.
+class FontsJob {
 public:
-    explicit Run(const Options& options)
+    explicit FontsJob(const Options& options)
         : mOptions(options),
           mFiles(ListFiles(options.files, options.recursive)),
           mReports(mFiles.size()),
           mIsDone(mFiles.size()),
-          mShowsProgress(IsTerminal(STDERR_FILENO))
+          mProgress(mFiles.size(), kLeastFilesForProgress)
     {
     }
 
-    int Do()
+    int Run()
     {
         CatchInterrupts();
         std::vector<size_t> wanted;
@@ -69,11 +68,11 @@ public:
         const size_t workers =
             std::clamp<size_t>(std::min(wanted.size(), GetCoreCount()), 1, kMostWorkers);
         bool isWhole = ReadAll(wanted, workers, workers > 1);
-        // What was too large beside others gets all the memory.
+        // A file that was too large for one worker of several gets all the memory.
         if (isWhole && !mTooLarge.empty()) {
             isWhole = ReadAll(std::exchange(mTooLarge, {}), 1, false);
         }
-        ClearProgress();
+        mProgress.Clear();
         return isWhole ? mStatus : kInterrupted;
     }
 
@@ -87,6 +86,7 @@ private:
         return report;
     }
 
+    // Reads the files with these indexes in workers. Returns false if an interrupt ended it.
     bool ReadAll(const std::vector<size_t>& wanted, size_t workers, bool triesAgain)
     {
         WorkerLimits limits;
@@ -125,18 +125,18 @@ private:
         return MakeFailure(index, "the process that read it " + answer.text);
     }
 
-    // Keeps what became of a file and prints all that are next in order.
+    // Stores the report of a file, and prints those that are next in the order of the files.
     void Finish(size_t index, FontsReport report)
     {
         mReports[index] = std::move(report);
         mIsDone[index] = true;
         ++mDoneCount;
-        if (mNext < mFiles.size() && mIsDone[mNext]) ClearProgress();
+        if (mNext < mFiles.size() && mIsDone[mNext]) mProgress.Clear();
         for (; mNext < mFiles.size() && mIsDone[mNext]; ++mNext) {
             PrintReport(mReports[mNext]);
             mReports[mNext] = {};
         }
-        ShowProgress(mFiles[index].path);
+        mProgress.Show(mDoneCount, mFiles[index].path);
     }
 
     void PrintReport(const FontsReport& report)
@@ -158,21 +158,6 @@ private:
         if (!report.isRead || !isPrinted) mStatus = kFileNotOpened;
     }
 
-    void ShowProgress(const std::string& path)
-    {
-        if (!mShowsProgress || mFiles.size() < 2) return;
-        // A progress line that doesn't get out is no loss.
-        (void)std::fprintf(stderr, "\r\033[K%zu of %zu  %s", mDoneCount, mFiles.size(),
-                           console::MakePrintable(path).c_str());
-        mHasProgress = true;
-    }
-
-    void ClearProgress()
-    {
-        if (mHasProgress) (void)std::fputs("\r\033[K", stderr);  // likewise
-        mHasProgress = false;
-    }
-
     const Options& mOptions;
     std::vector<ListedFile> mFiles;
     std::vector<FontsReport> mReports;
@@ -182,12 +167,11 @@ private:
     size_t mNext = 0;
     size_t mDoneCount = 0;
     int mStatus = kAllOpened;
-    bool mShowsProgress;
-    bool mHasProgress = false;
+    base::Progress mProgress;
 };
 
 }  // namespace
 
-int RunFontsCommand(const Options& options) { return Run(options).Do(); }
+int RunFontsCommand(const Options& options) { return FontsJob(options).Run(); }
 
 }  // namespace headless

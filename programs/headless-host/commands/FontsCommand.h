@@ -4,9 +4,9 @@
 
 namespace headless {
 
-// `headless-host fonts`: tells fonts and placed files of many documents at a time, without plug-in
-// and PluginCore. Each file is read in a process of its own kind, so a bad one ends nothing; all
-// processes together take at most 1 GiB. Returns an exit status.
+// Reports the fonts and placed files of the documents that `options` name, without the plug-in: all
+// of the subcommand. Reads several files at a time, in worker processes, so that a file that
+// crashes a reader fails alone; all processes together use at most 1 GiB. Returns the exit status.
 int RunFontsCommand(const Options& options);
 
 }  // namespace headless

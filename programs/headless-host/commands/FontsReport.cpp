@@ -2,7 +2,8 @@
 
 #include <nlohmann/json.hpp>
 
-#include "application/Report.h"
+#include "base/JsonText.h"
+#include "base/Plural.h"
 #include "console/Console.h"
 
 namespace headless {
@@ -43,7 +44,7 @@ std::string WriteFontsReportAsJson(const FontsReport& report)
     line["runs"] = report.runs;
     line["fonts"] = report.fonts;
     line["linkedDocuments"] = report.linkedDocuments;
-    return line.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace);
+    return base::PrintJson(line);
 }
 
 FontsReport ReadFontsReport(const std::string& json)
@@ -70,8 +71,7 @@ std::string WriteFontsReportAsTable(const FontsReport& report)
 {
     std::string text = console::MakePrintable(report.path) + ": ";
     if (!report.isRead) return text + "failed: " + console::MakePrintable(report.error) + "\n";
-    text += report.kind + " (" + report.reader + "), ";
-    text += report.fonts.size() == 1 ? "1 font" : std::to_string(report.fonts.size()) + " fonts";
+    text += report.kind + " (" + report.reader + "), " + base::Count(report.fonts.size(), "font");
     text += report.isTemplate ? ", template\n" : "\n";
     for (const std::string& font : report.fonts) {
         text += "    " + console::MakePrintable(font) + "\n";

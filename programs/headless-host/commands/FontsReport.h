@@ -7,9 +7,9 @@
 
 namespace headless {
 
-// What one file says of its fonts and placed files, without plug-in and PluginCore.
+// The fonts and placed files of one file, as the readers find them without the plug-in.
 struct FontsReport {
-    std::string path;  // as the user gave it, or below the folder that the user gave
+    std::string path;  // as the user gave it, or a file below the folder that the user gave
     bool isRead = false;
     std::string error;  // one line without the path; empty if it was read
     std::string kind;
@@ -20,19 +20,19 @@ struct FontsReport {
     size_t frames = 0;
     size_t stories = 0;
     size_t runs = 0;
-    std::vector<std::string> fonts;            // each once, by first appearance
+    std::vector<std::string> fonts;            // each once, in the order of first use
     std::vector<std::string> linkedDocuments;  // repeats included
 };
 
 FontsReport MakeFontsReport(const std::string& path, const documents::OpenResult& result);
 
-// One JSON object in one line, without the line end; always with the same members.
+// One JSON object on one line, without the line end. All reports have the same members.
 std::string WriteFontsReportAsJson(const FontsReport& report);
 
-// The report that such a line stands for; throws if it doesn't.
+// Reads what WriteFontsReportAsJson wrote. Throws nlohmann::json::exception for anything else.
 FontsReport ReadFontsReport(const std::string& json);
 
-// A few lines for people, with the last line end.
+// A few lines for people, with the last line end and without control characters.
 std::string WriteFontsReportAsTable(const FontsReport& report);
 
 }  // namespace headless

@@ -4,7 +4,8 @@
 
 namespace headless {
 
-// `headless-host open`: all of it. Returns the exit status.
+// Opens the documents that `options` name and reports their fonts: all of the subcommand. Returns
+// the exit status.
 int RunOpenCommand(const Options& options);
 
 }  // namespace headless

@@ -5,20 +5,21 @@
 #include <algorithm>
 
 #include "application/ExitStatus.h"
-#include "application/HostRun.h"
+#include "application/RunningHost.h"
 #include "console/Console.h"
 #include "documents/bytes/FileBytes.h"
-#include "session/LineSource.h"
+#include "session/Prompt.h"
 #include "session/Session.h"
-#include "system/System.h"
+#include "session/SessionLine.h"
+#include "system/Environment.h"
 
 namespace headless {
 
 namespace {
 
-constexpr size_t kLargestFile = 16u << 20;
+constexpr size_t kLargestFile = 16U << 20;
 
-// The name of the place that lines are told of.
+// Where the lines come from.
 enum class Place { kFile, kInput, kPrompt };
 
 int GetStatus(LineOutcome outcome)
@@ -45,31 +46,35 @@ std::string GetHistoryFile()
 
 std::unique_ptr<LineSource> MakeSource(Place place, std::string text, Session& session)
 {
-    Application& application = session.run.application;
+    Application& application = session.running.application;
     IdleWork idle{Application::kTicksPerSecond, [&application] { application.Tick(); }};
     if (place == Place::kFile) return ReadLinesOfText(std::move(text));
     if (place == Place::kInput) return ReadStandardInput(std::move(idle));
     return ReadPrompt(
         std::move(idle),
         [&session](const std::string& line, const std::string& word) {
-            return session.Complete(line, word);
+            return CompleteLine(session, line, word);
         },
         GetHistoryFile());
 }
 
-// One line's worth of work, guarded: whatever happens, the documents are closed in order.
+// A line that throws ends the script; the documents must still be closed in order.
 LineResult RunGuarded(Session& session, const std::string& line)
 {
     try {
-        return session.RunLine(line);
+        return RunLine(session, line);
     } catch (const std::exception& exception) {
         return {LineOutcome::kWrong, exception.what()};
     }
 }
 
-int RunLines(HostRun& run, Place place, const std::string& name, std::string text)
+// Performs all lines. Returns the greatest exit status of a line.
+//
+// name   of the file, for messages
+// text   the lines if they come from a file
+int RunLines(RunningHost& running, Place place, const std::string& name, std::string text)
 {
-    Session session(run);
+    Session session(running);
     const std::unique_ptr<LineSource> source = MakeSource(place, std::move(text), session);
     int status = kAllOpened;
     for (size_t number = 1;; ++number) {
@@ -82,7 +87,7 @@ int RunLines(HostRun& run, Place place, const std::string& name, std::string tex
                                     ? result.text
                                     : name + ":" + std::to_string(number) + ": " + result.text);
         }
-        // A typing error at the prompt is told and forgotten.
+        // A typing error at the prompt doesn't end the session.
         if (result.outcome == LineOutcome::kWrong && place == Place::kPrompt) continue;
         status = std::max(status, GetStatus(result.outcome));
         if (result.outcome == LineOutcome::kWrong) break;
@@ -97,8 +102,9 @@ int RunSessionCommand(const Options& options)
     const bool isInput = options.session.empty() || options.session == "-";
     if (isInput) {
         const Place place = IsTerminal(STDIN_FILENO) ? Place::kPrompt : Place::kInput;
-        return RunHost(
-            options, [place](HostRun& run) { return RunLines(run, place, "standard input", ""); });
+        return RunHost(options, [place](RunningHost& run) {
+            return RunLines(run, place, "standard input", "");
+        });
     }
     const documents::FileBytes file = documents::ReadFileBytes(
         options.session, kLargestFile, [](const std::string&) { return std::string(); });
@@ -106,8 +112,8 @@ int RunSessionCommand(const Options& options)
         console::PrintError(options.session + ": " + file.error);
         return kWrongUse;
     }
-    return RunHost(options, [&](HostRun& run) {
-        return RunLines(run, Place::kFile, options.session, file.bytes);
+    return RunHost(options, [&](RunningHost& running) {
+        return RunLines(running, Place::kFile, options.session, file.bytes);
     });
 }
 

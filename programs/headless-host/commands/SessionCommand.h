@@ -4,7 +4,8 @@
 
 namespace headless {
 
-// `headless-host script`: all of it. Returns the exit status.
+// Runs the script that `options` name, or the lines of standard input: all of the subcommand.
+// Returns the exit status.
 int RunSessionCommand(const Options& options);
 
 }  // namespace headless

@@ -4,7 +4,6 @@
 #include <stdexcept>
 
 #include "ArtTypes.h"
-#include "application/HostPlatformTable.h"
 #include "base/Utf8.h"
 
 namespace headless {
@@ -18,10 +17,9 @@ Host* sCurrent = nullptr;
 Host::Host(FontSource& fontSource, DocumentReader documentReader)
     : fonts(fontSource, handles), reader(std::move(documentReader))
 {
-    if (sCurrent != nullptr) throw std::logic_error("there is a host already");
+    if (sCurrent != nullptr) throw std::logic_error("a host exists already");
     sCurrent = this;
-    ResetHostPlatform();
-    errors.SetSink([this](const std::string& line) {
+    violations.SetSink([this](const std::string& line) {
         journal.Write("host", "plug-in error", nlohmann::json::object(), line);
     });
 }

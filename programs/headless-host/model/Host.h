@@ -6,84 +6,92 @@
 #include <vector>
 
 #include "checks/HandleRegister.h"
-#include "checks/HostErrors.h"
+#include "checks/RuleViolations.h"
 #include "checks/SuiteLedger.h"
 #include "documents/OpenDocument.h"
-#include "model/FontBook.h"
+#include "model/HostFonts.h"
 #include "model/HostObjects.h"
 #include "model/Journal.h"
 
 namespace headless {
 
-// What an alert or a dialog said.
+// The texts of an alert.
 struct Alert {
     std::string message;
     std::string information;
 };
 
-// All state of the host. The suites are plain functions, so there is one host at a time, which they
-// find through GetCurrent. Main thread only.
+// All state of the host: its documents, what the plug-in has registered, and the checks on the
+// plug-in. Suite operations are plain functions, which find the host with GetCurrent, so only one
+// host can exist at a time. Main thread only.
 class Host {
 public:
     using DocumentReader = std::function<documents::OpenResult(const std::string& path)>;
 
-    // `fontSource` must outlive the host. A second host at the same time is a mistake of the
-    // caller: std::logic_error.
+    // fontSource   must outlive the host
+    // reader       reads the documents that the host opens; may throw
+    // Throws std::logic_error if there is a host already.
     Host(FontSource& fontSource, DocumentReader reader);
     ~Host();
     Host(const Host&) = delete;
     Host& operator=(const Host&) = delete;
 
-    // Null while there is none.
+    // Null while there is no host.
     static Host* GetCurrent();
 
-    // Makes a document with its art; it becomes the current one. A template, and a document without
-    // a path, becomes an untitled one with a bare name and without a file.
+    // Adds a document with its art and makes it the current one. The host owns the result.
+    //
+    // path   absolute; empty for a new document. A new document, and a copy of a template, has no
+    //        file and is called "Untitled-1", "Untitled-2" …
     DocumentObject* AddDocument(documents::Document content, const std::string& path);
 
-    // Ends the handle of the document and of all that belongs to it. If it was the current one, the
-    // one that was current before it becomes so again.
+    // Deletes a document; its handle and all that it owns expire. If it was the current one, the
+    // document that was current before becomes current.
     void RemoveDocument(DocumentObject* document);
 
     void MakeCurrent(DocumentObject* document);
 
-    // A new frame with a story of its own that holds one run.
+    // Adds a text frame, with a story of its own of one run.
     void AddText(DocumentObject& document, const documents::AddedText& text);
+
+    // Adds a placed file.
     void AddLink(DocumentObject& document, const std::string& path);
 
-    // Null while none is open.
+    // Null while no document is open.
     DocumentObject* GetCurrentDocument() const
     {
         return mRecent.empty() ? nullptr : mRecent.back();
     }
+
+    // In the order in which they were added.
     const std::vector<std::shared_ptr<DocumentObject>>& GetDocuments() const { return mDocuments; }
 
-    HostErrors errors;
+    RuleViolations violations;
     Journal journal;
-    HandleRegister handles{errors};
-    SuiteLedger suites{errors};
-    FontBook fonts;
+    HandleRegister handles{violations};
+    SuiteLedger suites{violations};
+    HostFonts fonts;
     DocumentReader reader;
 
-    void* plugin = nullptr;       // the guest, as it is called in messages
-    void* globalsWord = nullptr;  // what the guest wants to have back with every message
+    void* plugin = nullptr;       // the plug-in's handle, part of every message
+    void* globalsWord = nullptr;  // the plug-in's globals pointer, passed back in every message
 
-    // What the guest has registered, in the order of registration.
+    // Handles of what the plug-in has registered, in the order of registration.
     std::vector<void*> notifiers;
     std::vector<void*> fileFormats;
     std::vector<void*> timers;
     std::vector<void*> menuItems;
     std::vector<void*> menuGroups;
-    size_t menuChanges = 0;  // how often an item or a group came or went
+    size_t menuChanges = 0;  // number of items and groups added or removed so far
 
     std::vector<Alert> alerts;
-    std::function<void(const Alert&)> alertSink;  // may be empty
+    std::function<void(const Alert&)> alertSink;  // called for each alert; may be empty
 
 private:
     void AddArt(DocumentObject& document, int16_t type, size_t index);
 
     std::vector<std::shared_ptr<DocumentObject>> mDocuments;
-    std::vector<DocumentObject*> mRecent;  // the current one last
+    std::vector<DocumentObject*> mRecent;  // in the order of use; the current document is the last
     int mUntitledCount = 0;
 };
 

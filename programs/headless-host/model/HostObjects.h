@@ -6,38 +6,37 @@
 #include <string>
 #include <vector>
 
-#include "HostTypes.h"
 #include "checks/HandleType.h"
 #include "documents/model/Document.h"
 #include "documents/write/WriteDocument.h"
 
 namespace headless {
 
-// What stands behind the handles that a guest gets.
+// The objects behind the handles that the plug-in gets.
 
 struct PluginObject {
     static constexpr HandleType kHandleType = HandleType::kPlugin;
     std::string path;
 };
 
-// An open document. Its art and everything of its text expire with it.
+// An open document. Its handle owns the handles of its art and text.
 struct DocumentObject {
     static constexpr HandleType kHandleType = HandleType::kDocument;
     documents::Document content;
-    std::string path;  // full path; for a document without a file its bare name
+    std::string path;  // absolute; for a document without a file its bare name
     bool hasFile = true;
     bool isModified = false;
     void* handle = nullptr;
-    std::vector<void*> art;  // text frames, then placed files; what was added since stands behind
+    std::vector<void*> art;  // handles: text frames, placed files, then what was added since
 
-    // What a save needs: the file as it was read, and what was added since.
-    std::string source;  // the file that it was opened from, empty if it was begun here
+    // For saving: the file as it was read, and the additions.
+    std::string source;  // the file that it was opened from; empty for a new document
     bool hasBase = false;
     std::string base;  // the bytes of `source`, if hasBase
     std::vector<documents::AddedText> addedTexts;
     std::vector<std::string> addedLinks;
 
-    std::set<std::string> activeBefore;  // names of the fonts that were active before it was there
+    std::set<std::string> activeBefore;  // the fonts that were active before it was opened
 };
 
 struct ArtItem {
@@ -54,7 +53,7 @@ struct ArtSetObject {
 
 struct StringObject {
     static constexpr HandleType kHandleType = HandleType::kString;
-    std::string text;  // UTF-8 as it came in, zero bytes included
+    std::string text;  // the bytes as the plug-in gave them; may contain zero bytes
 };
 
 struct PathObject {
@@ -81,7 +80,7 @@ struct FileFormatObject {
 struct TimerObject {
     static constexpr HandleType kHandleType = HandleType::kTimer;
     std::string name;
-    int32_t period = 0;
+    int32_t period = 0;  // in ticks
     bool isActive = true;
 };
 
@@ -93,7 +92,7 @@ struct MenuItemObject {
     int32_t options = 0;
     bool isEnabled = true;
     bool isChecked = false;
-    void* submenu = nullptr;
+    void* submenu = nullptr;  // the handle of the group that the item opens, if any
 };
 
 struct MenuGroupObject {

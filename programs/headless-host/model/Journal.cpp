@@ -6,6 +6,9 @@
 #include <cerrno>
 #include <cstring>
 
+#include "base/JsonText.h"
+#include "base/ReadWrite.h"
+
 namespace headless {
 
 using nlohmann::json;
@@ -14,7 +17,7 @@ Journal::~Journal() { Close(); }
 
 void Journal::Close()
 {
-    // Every line went out with its own write: nothing is left for close to lose.
+    // Every line was written completely, so a failure of close loses nothing.
     if (mFile >= 0) (void)close(mFile);
     mFile = -1;
 }
@@ -44,18 +47,7 @@ void Journal::Write(const char* side, const std::string& op, const json& args, c
     line["op"] = op;
     line["args"] = args;
     line["result"] = result;
-    const std::string text =
-        line.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + "\n";
-    size_t done = 0;
-    while (done < text.size()) {
-        const ssize_t count = write(mFile, text.data() + done, text.size() - done);
-        if (count < 0 && errno == EINTR) continue;
-        if (count < 0) {
-            Close();
-            return;
-        }
-        done += static_cast<size_t>(count);
-    }
+    if (base::WriteAll(mFile, base::PrintJson(line) + "\n")) Close();
 }
 
 }  // namespace headless

@@ -7,9 +7,10 @@
 
 namespace headless {
 
-// What happened, one JSON object a line: `seq` from 1, `t` in seconds since the journal was opened,
-// `side` (host, suite, core, alert, modal), `op`, `args`, `result`. A line is with the system
-// before Write returns, so a crash keeps all lines up to it.
+// Records the messages and calls between host, plug-in and PluginCore in a file, one JSON object
+// per line: `seq` from 1, `t` in seconds since the journal was opened, `side` (host, suite, core,
+// alert, modal), `op`, `args`, `result`. Each line is written before Write returns, so a crash
+// loses none. Not thread-safe.
 class Journal {
 public:
     Journal() = default;
@@ -17,19 +18,19 @@ public:
     Journal(const Journal&) = delete;
     Journal& operator=(const Journal&) = delete;
 
-    // Empties or makes the file. False, and the reason in `error`, if that can't be done.
+    // Creates or empties the file. Returns false, with one line in `error`, on failure.
     bool Open(const std::string& path, std::string& error);
 
-    // Told of each line as well, with or without a file.
+    // The observer is called for each line, with or without a file. An empty one ends that.
     using Observer = std::function<void(const std::string& op, const nlohmann::json& args,
                                         const nlohmann::json& result)>;
     void SetObserver(Observer observer) { mObserver = std::move(observer); }
 
-    // Whether anybody wants the lines.
+    // Whether there is a file or an observer, so that lines are worth making.
     bool IsOpen() const { return mFile >= 0 || mObserver; }
 
-    // Does nothing while nobody wants the lines. Text that isn't UTF-8 is written with the broken
-    // bytes replaced. After a failed write (disk full) nothing more is written.
+    // Writes a line. Bytes that aren't UTF-8 are replaced. After a failed write, as on a full disk,
+    // nothing more is written to the file.
     void Write(const char* side, const std::string& op, const nlohmann::json& args,
                const nlohmann::json& result);
 

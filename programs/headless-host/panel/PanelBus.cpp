@@ -14,7 +14,7 @@ std::string FindLibrary(const std::string& frameworksFolder)
 {
     const std::filesystem::path folder = frameworksFolder;
     const std::filesystem::path preferred = folder / "PlugPlugOwl.framework";
-    std::error_code ignored;  // one that can't be looked at isn't reachable
+    std::error_code ignored;  // a folder that cannot be examined cannot be loaded from
     if (std::filesystem::exists(preferred, ignored)) return preferred / "PlugPlugOwl";
     return folder / "PlugPlug.framework/PlugPlug";
 }
@@ -36,18 +36,18 @@ std::unique_ptr<PanelBus> PanelBus::Open(const std::string& frameworksFolder,
     bus->mHandle = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (bus->mHandle == nullptr) {
         const char* const reason = dlerror();
-        error = std::string("the event bus can't be opened: ") +
+        error = std::string("cannot open the event bus: ") +
                 (reason == nullptr ? file.c_str() : reason);
         return nullptr;
     }
     if (!Bind(bus->mHandle, "PlugPlugAddEventListener", bus->mAdd) ||
         !Bind(bus->mHandle, "PlugPlugRemoveEventListener", bus->mRemove) ||
         !Bind(bus->mHandle, "PlugPlugDispatchEvent", bus->mDispatch)) {
-        error = "the event bus can't be opened: " + file + " lacks a function";
+        error = "cannot open the event bus: " + file + " lacks a function";
         return nullptr;
     }
     bus->mType = type;
-    const int status = bus->mAdd(type.c_str(), Hear, bus.get());
+    const int status = bus->mAdd(type.c_str(), OnEvent, bus.get());
     bus->mIsListening = status == 0;
     if (!bus->mIsListening) {
         error = "the event bus refuses the panel's listener: " + std::to_string(status);
@@ -58,8 +58,8 @@ std::unique_ptr<PanelBus> PanelBus::Open(const std::string& frameworksFolder,
 
 PanelBus::~PanelBus()
 {
-    // Neither refusal leaves anything to do.
-    if (mIsListening) (void)mRemove(mType.c_str(), Hear, this);
+    // Nothing can be done about a failure of either.
+    if (mIsListening) (void)mRemove(mType.c_str(), OnEvent, this);
     if (mHandle != nullptr) (void)dlclose(mHandle);
 }
 
@@ -73,10 +73,10 @@ bool PanelBus::Send(const std::string& type, std::string& error)
     return false;
 }
 
-void PanelBus::Hear(const PlugPlugEvent* event, void* context)
+void PanelBus::OnEvent(const PlugPlugEvent* event, void* context)
 {
     if (event == nullptr) return;
-    static_cast<PanelBus*>(context)->mHeard.push_back(event->data == nullptr ? "" : event->data);
+    static_cast<PanelBus*>(context)->mReceived.push_back(event->data == nullptr ? "" : event->data);
 }
 
 }  // namespace headless

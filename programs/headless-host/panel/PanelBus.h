@@ -8,30 +8,31 @@
 
 namespace headless {
 
-// The event bus as the panel uses it: one type of events listened for, events sent. Main thread
+// The event bus as the panel uses it: listens for one type of events and sends events. Main thread
 // only.
 class PanelBus {
 public:
-    // Opens the bus in the folder of the host's private frameworks, PlugPlugOwl.framework before
-    // PlugPlug.framework, and listens for events of `type`. Null, and one line in `error` that
-    // names the path and the reason, if that fails.
+    // Loads the bus and listens for events of `type`.
+    //
+    // frameworksFolder   contains PlugPlugOwl.framework, which is preferred, or PlugPlug.framework
+    // Returns null, with one line in `error` that names the path and the reason, on failure.
     static std::unique_ptr<PanelBus> Open(const std::string& frameworksFolder,
                                           const std::string& type, std::string& error);
 
+    // Stops listening and unloads the bus.
     ~PanelBus();
     PanelBus(const PanelBus&) = delete;
     PanelBus& operator=(const PanelBus&) = delete;
 
-    // Sends an event without data. False, and one line in `error`, if the bus refuses it.
+    // Sends an event without data. Returns false, with one line in `error`, if the bus refuses it.
     bool Send(const std::string& type, std::string& error);
 
-    // The data of the events heard so far, in order, as often as the bus told them; an event
-    // without data is an empty text.
-    const std::vector<std::string>& GetHeard() const { return mHeard; }
+    // The data of the events received so far, in order; "" for an event without data.
+    const std::vector<std::string>& GetReceived() const { return mReceived; }
 
 private:
     PanelBus() = default;
-    static void Hear(const PlugPlugEvent* event, void* context);
+    static void OnEvent(const PlugPlugEvent* event, void* context);
 
     void* mHandle = nullptr;
     PlugPlugAddEventListenerFunction mAdd = nullptr;
@@ -39,7 +40,7 @@ private:
     PlugPlugDispatchEventFunction mDispatch = nullptr;
     std::string mType;
     bool mIsListening = false;
-    std::vector<std::string> mHeard;
+    std::vector<std::string> mReceived;
 };
 
 }  // namespace headless

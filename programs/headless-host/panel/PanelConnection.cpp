@@ -49,7 +49,7 @@ PanelConnection::PanelConnection(int socket, std::string name)
 
 PanelConnection::~PanelConnection()
 {
-    (void)close(mSocket);  // nothing that is still on its way is wanted
+    (void)close(mSocket);  // errors of pending data don't matter any more
 }
 
 void PanelConnection::Pump(int milliseconds)
@@ -57,7 +57,7 @@ void PanelConnection::Pump(int milliseconds)
     if (!mError.empty()) return;
     pollfd waited = {mSocket, POLLIN, 0};
     if (!mIsConnected || !mOutput.empty()) waited.events |= POLLOUT;
-    // An interrupted wait finds nothing, and the next pump looks again.
+    // After an interrupted wait, the next call tries again.
     if (poll(&waited, 1, milliseconds) <= 0) return;
     if (!mIsConnected) FinishConnecting();
     if (mIsConnected && mError.empty()) Send();
@@ -89,7 +89,7 @@ void PanelConnection::Send()
         if (count < 0) {
             const int code = errno;
             if (IsForLater(code)) return;
-            // What the other side said before it hung up tells more than this failure.
+            // Lines that the server sent before it closed the connection may explain the failure.
             Receive();
             if (mError.empty()) Fail(Describe(code));
             return;

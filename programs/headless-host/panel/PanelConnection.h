@@ -7,31 +7,34 @@
 
 namespace headless {
 
-// A TCP connection to this machine in lines, of which no call waits for the other side: whoever is
-// served in the same thread must get its turn between the calls. Closed with the object.
+// A non-blocking line-based TCP connection to localhost. No call waits for the server, because the
+// server works in the same thread, between the calls. Not thread-safe.
 class PanelConnection {
 public:
-    // A line that is longer than this is taken for a mistake, and so is so much unread text.
+    // The most bytes that may be received and not yet taken. More is an error, so the limit also
+    // applies to the length of a line.
     static constexpr std::size_t kMaximumBuffer = std::size_t{4} << 20U;
 
-    // Begins to connect to 127.0.0.1. Null, and one line in `error`, if that fails at once.
+    // Starts to connect to `port` of 127.0.0.1. Returns null, with one line in `error`, if that
+    // fails at once; later failures are reported by GetError.
     static std::unique_ptr<PanelConnection> Open(int port, std::string& error);
 
+    // Closes the connection; queued lines may be lost.
     ~PanelConnection();
     PanelConnection(const PanelConnection&) = delete;
     PanelConnection& operator=(const PanelConnection&) = delete;
 
-    // To be sent by the next pumps, with a line end.
+    // Adds a line for the next calls of Pump to send. The line end is added.
     void Queue(const std::string& line) { mOutput += line + '\n'; }
 
-    // Connects, sends and receives as far as the system can at the moment. If there is nothing to
-    // do it waits for the system, and no longer than `milliseconds`.
+    // Connects, sends and receives as much as is possible without waiting. If nothing is possible,
+    // first waits up to `milliseconds` until something is.
     void Pump(int milliseconds);
 
-    // The next line without its end, if it is there. Lines stay to be taken after an error.
+    // The next received line without its end; nothing if there is none. Also works after an error.
     std::optional<std::string> TakeLine();
 
-    // One line, when the connection failed or was closed; empty while it stands.
+    // One line after the connection has failed or was closed by the server, else empty.
     const std::string& GetError() const { return mError; }
 
 private:

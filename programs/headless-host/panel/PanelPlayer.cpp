@@ -17,15 +17,15 @@ constexpr char kResponseType[] = "com.corvanta.portnumberresponse";
 constexpr std::size_t kTokenLength = 64;
 constexpr int kHighestPort = 65535;
 
-// An answer isn't there before the server had a tick; after that, the system has to bring it over.
+// How long to wait for data on the connection after a tick, in which the server sends it.
 constexpr int kSystemMilliseconds = 1;
 
-// Ends the asking with a line for the user.
+// Thrown to end Ask with an error line.
 struct Failure {
     std::string line;
 };
 
-// Text of another's, short enough for one line, and plain enough for a journal.
+// Received text for an error line: at most 80 bytes, printable ASCII only.
 std::string Quote(const std::string& text)
 {
     constexpr std::size_t kLongest = 80;
@@ -45,39 +45,41 @@ int AskForPort(const std::string& frameworksFolder, const std::function<void()>&
     std::string error;
     const auto bus = PanelBus::Open(frameworksFolder, kResponseType, error);
     if (!bus || !bus->Send(kRequestType, error)) throw Failure{error};
-    for (int count = 0; bus->GetHeard().empty(); ++count) {
+    for (int count = 0; bus->GetReceived().empty(); ++count) {
         if (count == PanelPlayer::kMaximumTicks) {
             throw Failure{"no answer to " + std::string(kRequestType) + WithinTicks()};
         }
         tick();
     }
-    const std::string& payload = bus->GetHeard().back();
+    const std::string& payload = bus->GetReceived().back();
     const std::optional<int> port = PanelPlayer::ReadPort(payload);
-    if (!port) throw Failure{std::string(kResponseType) + " tells no port: " + Quote(payload)};
+    if (!port)
+        throw Failure{std::string(kResponseType) + " does not report a port: " + Quote(payload)};
     return *port;
 }
 
 std::string ReadToken()
 {
     const std::string file = PanelPlayer::GetTokenFile();
-    if (file.empty()) throw Failure{"the panel's token can't be read: no home folder is known"};
+    if (file.empty())
+        throw Failure{"cannot read the panel's token: neither XDG_STATE_HOME nor HOME is set"};
     std::ifstream stream(file, std::ios::binary);
-    // One more than there may be, so that a longer file shows.
+    // One byte more than a token, to recognize a longer file.
     std::string token(kTokenLength + 1, '\0');
     stream.read(token.data(), static_cast<std::streamsize>(token.size()));
     if (stream.bad() || !stream.is_open()) {
-        throw Failure{"the panel's token can't be read: " + file};
+        throw Failure{"cannot read the panel's token: " + file};
     }
     token.resize(static_cast<std::size_t>(stream.gcount()));
     const bool isToken = token.size() == kTokenLength &&
                          std::all_of(token.begin(), token.end(),
                                      [](unsigned char c) { return std::isxdigit(c) != 0; });
-    if (!isToken) throw Failure{"the file of the panel's token holds none: " + file};
+    if (!isToken) throw Failure{"not a panel token: " + file};
     return token;
 }
 
-// The next object that comes. Nothing is received but between ticks, and `ticks` counts them, so
-// that a talkative server comes to an end too.
+// Waits for the next object. `ticks` counts the ticks of all calls for one request, so that a
+// server that sends events forever doesn't make the host wait forever.
 nlohmann::json Receive(PanelConnection& connection, const std::string& awaited,
                        const std::function<void()>& tick, int& ticks)
 {
@@ -94,7 +96,7 @@ nlohmann::json Receive(PanelConnection& connection, const std::string& awaited,
     if (!line) throw Failure{"no answer to " + awaited + ": " + connection.GetError()};
     nlohmann::json answer = nlohmann::json::parse(*line, nullptr, false);
     if (!answer.is_object()) {
-        throw Failure{"the answer to " + awaited + " isn't a JSON object: " + Quote(*line)};
+        throw Failure{"the answer to " + awaited + " is not a JSON object: " + Quote(*line)};
     }
     return answer;
 }
@@ -106,11 +108,11 @@ void PresentToken(PanelConnection& connection, const std::function<void()>& tick
     const nlohmann::json answer = Receive(connection, "the token", tick, ticks);
     const auto ok = answer.find("ok");
     if (ok == answer.end() || *ok != true) {
-        throw Failure{"the panel's token isn't taken: " + Quote(answer.dump())};
+        throw Failure{"the panel's token was refused: " + Quote(answer.dump())};
     }
 }
 
-// The request as a line; the number is for the user, from 1.
+// The request as a line. `number`, from 1, is for the error line: a request that isn't UTF-8 fails.
 std::string Write(const nlohmann::json& request, std::size_t number)
 {
     try {

@@ -10,38 +10,40 @@ namespace headless {
 
 class PanelConnection;
 
-// What came of playing the panel.
+// The result of PanelPlayer::Ask.
 struct PanelAnswer {
-    // The port was told, the token taken and each request answered, be it with a refusal of the
-    // request. Otherwise `error` is one line that names what is at fault.
+    // Whether the port was received, the token accepted and each request answered; an answer may
+    // be a refusal.
     bool ok = false;
-    int port = 0;  // 0 until it was told
-    std::vector<nlohmann::json>
-        answers;  // objects, one per request, in order; those before an error
-    std::string error;
-    std::vector<nlohmann::json> events;  // what a subscription brought in the meantime
+    std::string error;                    // one line that names what failed; empty if ok
+    int port = 0;                         // 0 if it was not received
+    std::vector<nlohmann::json> answers;  // objects, one per request, in order, up to an error
+    std::vector<nlohmann::json> events;   // received because of a subscription
 };
 
-// The host plays the panel: it asks over the event bus for the port, connects to it, presents the
-// token and sends its requests. Main thread only, and while the guest that answers is loaded.
+// Acts as the panel: asks over the event bus for the port, connects to it, sends the token and then
+// requests. Main thread only. The plug-in that answers must be loaded.
 class PanelPlayer {
 public:
-    // How often the host is made to tick for the port, for the token and for each answer.
+    // The most ticks to wait for the port, for the answer to the token, and for each other answer.
     static constexpr int kMaximumTicks = 200;
 
     // `frameworksFolder` is the host's private frameworks folder.
     explicit PanelPlayer(std::string frameworksFolder);
 
-    // Asks for the port once, and performs the requests in order, each when the one before was
-    // answered; the connection is closed in the end. It is served in the host's ticks, so `tick`
-    // must make the host do one; what it throws passes through, with everything closed.
+    // Sends the requests in order, each after the answer to the one before, and closes the
+    // connection.
+    //
+    // tick   performs a tick of the host, in which the plug-in's server works; called while waiting
+    // Exceptions of `tick` pass through; the connection is closed then.
     PanelAnswer Ask(const std::vector<nlohmann::json>& requests, const std::function<void()>& tick);
 
-    // The port that an event's data tells: "<payload><number>12345</number></payload>" and nothing
-    // more, with a number from 1 to 65535 without leading zeros. Nothing for any other text.
+    // The port in an event's data, which is exactly "<payload><number>12345</number></payload>",
+    // with a number from 1 to 65535 without leading zeros. Nothing for any other text.
     static std::optional<int> ReadPort(const std::string& payload);
 
-    // Where the token is, by the user's environment as it is at the call; empty without a home.
+    // The path of the token file, from the environment at the time of the call. Empty if that names
+    // no home.
     static std::string GetTokenFile();
 
 private:

@@ -5,7 +5,7 @@
 
 #include <cerrno>
 
-#include "system/System.h"
+#include "system/Interrupts.h"
 
 namespace headless {
 
@@ -55,7 +55,7 @@ private:
         struct pollfd input = {STDIN_FILENO, POLLIN, 0};
         const int ready = poll(&input, 1, kMillisecondsPerSecond / mIdle.ticksPerSecond);
         if (ready == 0) mIdle.tick();
-        if (ready <= 0) return;  // an interrupt has raised its flag
+        if (ready <= 0) return;  // EINTR: Next sees the interrupt
         char buffer[4096];
         const ssize_t count = read(STDIN_FILENO, buffer, sizeof buffer);
         if (count > 0) mWaiting.append(buffer, static_cast<size_t>(count));

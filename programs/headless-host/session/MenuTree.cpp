@@ -2,25 +2,25 @@
 
 #include <algorithm>
 
-#include "application/Report.h"
 #include "console/Console.h"
 
 namespace headless {
 
 namespace {
 
-constexpr int32_t kSeparator = 4;
+constexpr int32_t kSeparator = 4;  // option bit of a menu item
 
-// The group that the item opens; empty if it opens none.
+// The name of the group that the item opens; empty if it opens none.
 std::string GetSubmenu(const Host& host, const MenuItemObject& item)
 {
     const auto* const group = host.handles.Peek<MenuGroupObject>(item.submenu);
     return group == nullptr ? std::string() : group->name;
 }
 
-class Lister {
+// Walks the groups depth first and collects their items.
+class MenuFlattener {
 public:
-    explicit Lister(const Host& host) : mHost(host) {}
+    explicit MenuFlattener(const Host& host) : mHost(host) {}
 
     std::vector<MenuEntry> List()
     {
@@ -47,7 +47,7 @@ private:
     void Add(const std::string& group, const std::string& top, const std::string& above,
              size_t depth)
     {
-        constexpr size_t kDeepest = 32;  // groups that hold each other end here
+        constexpr size_t kDeepest = 32;  // ends groups that contain each other
         if (depth > kDeepest) return;
         for (void* const handle : mHost.menuItems) {
             const auto* const item = mHost.handles.Peek<MenuItemObject>(handle);
@@ -64,7 +64,7 @@ private:
 
 }  // namespace
 
-std::vector<MenuEntry> ListMenus(const Host& host) { return Lister(host).List(); }
+std::vector<MenuEntry> ListMenus(const Host& host) { return MenuFlattener(host).List(); }
 
 MenuEntry FindMenuItem(const Host& host, const std::string& label)
 {

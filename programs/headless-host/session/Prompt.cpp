@@ -1,3 +1,5 @@
+#include "session/Prompt.h"
+
 #include <histedit.h>
 #include <poll.h>
 #include <sys/stat.h>
@@ -11,9 +13,8 @@
 #include <cwchar>
 #include <stdexcept>
 
-#include "session/LineSource.h"
 #include "session/SessionWords.h"
-#include "system/System.h"
+#include "system/Interrupts.h"
 
 namespace headless {
 
@@ -28,7 +29,7 @@ struct EndHistory {
     void operator()(History* history) const { history_end(history); }
 };
 
-// Where the word begins that ends at the end of `text`: behind the last blank outside of quotes.
+// The start of the last word: after the last unquoted space.
 size_t FindLastWord(const std::string& text)
 {
     size_t start = 0;
@@ -56,11 +57,11 @@ std::string GetCommonStart(const std::vector<std::string>& words)
     return start;
 }
 
-// What is typed is read as UTF-8 also where the user's language says nothing of letters.
+// Makes the editor read UTF-8 even where the user's locale doesn't define an encoding.
 void UseWideLetters()
 {
     if (std::setlocale(LC_CTYPE, "") != nullptr && MB_CUR_MAX > 1) return;
-    (void)std::setlocale(LC_CTYPE, "C.UTF-8");  // where that isn't known either, ASCII is left
+    (void)std::setlocale(LC_CTYPE, "C.UTF-8");  // without this locale, only ASCII works
 }
 
 class Prompt : public LineSource {
@@ -72,16 +73,16 @@ public:
           mEditor(MakeEditor()),
           mHistory(history_init())
     {
-        if (!mEditor || !mHistory) throw std::runtime_error("the terminal can't be used");
+        if (!mEditor || !mHistory) throw std::runtime_error("the terminal cannot be used");
         HistEvent event;
-        (void)history(mHistory.get(), &event, H_SETSIZE, kHistoryLength);  // it has no limit else
+        (void)history(mHistory.get(), &event, H_SETSIZE, kHistoryLength);  // unlimited by default
         (void)history(mHistory.get(), &event, H_SETUNIQUE, 1);
-        // There is none before the first session.
+        // Fails before the first session, when there is no file.
         if (!mHistoryFile.empty()) {
             (void)history(mHistory.get(), &event, H_LOAD, mHistoryFile.c_str());
         }
         EditLine* const editor = mEditor.get();
-        // Settings of an editor that has been made are taken.
+        // None of these fail for a valid editor.
         (void)el_set(editor, EL_CLIENTDATA, this);
         (void)el_set(editor, EL_PROMPT, GivePrompt);
         (void)el_set(editor, EL_EDITOR, "emacs");
@@ -96,8 +97,9 @@ public:
     {
         if (mHistoryFile.empty()) return;
         HistEvent event;
-        const mode_t mask = umask(0077);  // what a user types is nobody else's
-        (void)history(mHistory.get(), &event, H_SAVE, mHistoryFile.c_str());  // an aid, no more
+        const mode_t mask = umask(0077);  // only the user may read what they typed
+        (void)history(mHistory.get(), &event, H_SAVE,
+                      mHistoryFile.c_str());  // losing the history is no failure
         (void)umask(mask);
     }
     Prompt(const Prompt&) = delete;
@@ -108,7 +110,7 @@ public:
         int count = 0;
         const char* const text = IsInterrupted() ? nullptr : el_gets(mEditor.get(), &count);
         if (text == nullptr || count <= 0) {
-            (void)std::fputs("\n", stdout);  // the shell's prompt begins a line
+            (void)std::fputs("\n", stdout);  // so that the shell's prompt begins a line
             return std::nullopt;
         }
         std::string line(text, static_cast<size_t>(count));
@@ -121,14 +123,14 @@ public:
 private:
     static EditLine* MakeEditor()
     {
-        UseWideLetters();  // the editor looks at it once
+        UseWideLetters();  // el_init reads the locale
         return el_init("headless-host", stdin, stdout, stderr);
     }
 
     static Prompt& GetPrompt(EditLine* editor)
     {
         void* prompt = nullptr;
-        (void)el_get(editor, EL_CLIENTDATA, &prompt);  // it was set at the beginning
+        (void)el_get(editor, EL_CLIENTDATA, &prompt);  // set by the constructor
         return *static_cast<Prompt*>(prompt);
     }
 
@@ -138,7 +140,8 @@ private:
         return text;
     }
 
-    // The next character: 1, or 0 at the end. The host ticks until it comes.
+    // Called by the editor: reads the next character and ticks until it arrives. Returns 1, or 0 at
+    // the end of the input.
     static int ReadCharacter(EditLine* editor, wchar_t* character)
     {
         constexpr int kMillisecondsPerSecond = 1000;
@@ -154,15 +157,17 @@ private:
             if (count < 0 && errno == EINTR) continue;
             if (count <= 0) return 0;
             const size_t used = std::mbrtowc(character, &byte, 1, &state);
-            if (used == static_cast<size_t>(-2)) continue;  // more bytes belong to it
+            if (used == static_cast<size_t>(-2)) continue;  // incomplete: needs more bytes
             if (used == static_cast<size_t>(-1)) {
-                *character = L'?';  // no character of the user's language
+                *character = L'?';  // invalid in the user's locale
             }
             return 1;
         }
         return 0;
     }
 
+    // Called by the editor for the Tab key: completes the word at the cursor, or lists the words
+    // that fit if they have no more characters in common.
     static unsigned char CompleteWord(EditLine* editor, int)
     {
         const LineInfo* const line = el_line(editor);
@@ -186,7 +191,7 @@ private:
             if (el_insertstr(editor, text.c_str()) != 0) return CC_ERROR;
             return CC_REFRESH;
         }
-        (void)std::fputs("\n", stdout);  // a list that can't be shown is no loss
+        (void)std::fputs("\n", stdout);  // a failure only loses the list
         for (const std::string& word : words) (void)std::fprintf(stdout, "%s\n", word.c_str());
         return CC_REDISPLAY;
     }

@@ -1,52 +1,52 @@
 #pragma once
 
-#include <functional>
 #include <string>
 #include <vector>
 
-#include "application/HostRun.h"
-#include "session/CallLog.h"
+#include "application/RunningHost.h"
+#include "session/JournalLines.h"
 
 namespace headless {
 
 enum class LineOutcome {
     kDone,
-    kNotAsExpected,  // an expectation that isn't met
-    kFileFailed,     // a file that can't be opened or saved; it has been told
-    kWrong,          // a line that can't be understood or carried out as things stand
+    kNotAsExpected,  // an expectation is not met
+    kFileFailed,     // a file cannot be opened or saved; already reported
+    kWrong,          // the line is invalid, or the action is not possible at present
     kQuit,
 };
 
 struct LineResult {
     LineOutcome outcome = LineOutcome::kDone;
-    std::string text;  // what was expected and, where there is such, what was found
+    std::string text;  // one line about what is wrong; empty if there is nothing to report
 };
 
-// A session with the host: lines with an action each, carried out one after the other.
+// A result with the outcome kWrong.
+LineResult MakeWrong(const std::string& text);
+
+// What the lines of a script share: the host they work on, and what later lines can ask about. Main
+// thread only.
 class Session {
 public:
-    explicit Session(HostRun& run);
+    // Observes the host's journal as long as the session exists.
+    //
+    // runningHost   must outlive the session
+    explicit Session(RunningHost& runningHost);
     ~Session();
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
 
-    // An empty line and a comment do nothing.
-    LineResult RunLine(const std::string& line);
-
-    // The words a user may go on with: actions, forms of `expect`, names of documents. `line` is
-    // what stands before the word, `word` what there is of it.
-    std::vector<std::string> Complete(const std::string& line, const std::string& word) const;
-
-    // What the actions work on.
-    HostRun& run;
-    CallLog log;
-    OpenReport lastOpened;
-    std::string lastPanelAnswers;
-    bool hasQuit = false;
-
-    // For actions. The document of the number or name; else null and a line in `error`.
+    // The open document that a user means by its number from 1, its name or its path. Null, with
+    // one line in `error`, if there is none or several.
     DocumentObject* FindDocument(const std::string& numberOrName, std::string& error) const;
+
+    // `path` relative to the folder the program was started in, as an absolute path.
     std::string MakeAbsolute(const std::string& path) const;
+
+    RunningHost& running;
+    JournalLines journal;  // since the start of the session
+    OpenReport lastOpened;
+    std::string lastPanelAnswers;  // one JSON object per line
 };
 
 }  // namespace headless

@@ -1,20 +1,22 @@
 #include "session/SessionWords.h"
 
+#include <charconv>
 #include <string_view>
 
 namespace headless {
 
 namespace {
 
-constexpr std::string_view kBlanks = " \t\r";
+constexpr std::string_view kSpaces = " \t\r";
 
-bool IsBlank(char c) { return kBlanks.find(c) != std::string_view::npos; }
+bool IsSpace(char c) { return kSpaces.find(c) != std::string_view::npos; }
 
-// Takes the word that begins at `at`; false if a quote isn't closed.
+// Reads the word that begins at `at` and moves `at` to its end. Returns false if a quote is not
+// closed.
 bool TakeWord(const std::string& line, size_t& at, std::string& word)
 {
     char quote = '\0';
-    for (; at < line.size() && (quote != '\0' || !IsBlank(line[at])); ++at) {
+    for (; at < line.size() && (quote != '\0' || !IsSpace(line[at])); ++at) {
         const char c = line[at];
         const char next = at + 1 < line.size() ? line[at + 1] : '\0';
         if (c == quote && quote != '\0') {
@@ -37,15 +39,15 @@ SessionWords SplitSessionLine(const std::string& line)
 {
     SessionWords result;
     if (line.find('\0') != std::string::npos) {
-        result.error = "a zero byte stands in it; expected is text";
+        result.error = "the line contains a zero byte";
         return result;
     }
     for (size_t at = 0;;) {
-        while (at < line.size() && IsBlank(line[at])) ++at;
+        while (at < line.size() && IsSpace(line[at])) ++at;
         if (at >= line.size() || line[at] == '#') return result;
         std::string word;
         if (!TakeWord(line, at, word)) {
-            result.error = "a quote isn't closed; expected is another one";
+            result.error = "a quote is not closed";
             return result;
         }
         result.words.push_back(std::move(word));
@@ -64,5 +66,33 @@ std::string QuoteSessionWord(const std::string& word)
     }
     return quoted + "\"";
 }
+
+std::string JoinWords(const Words& words)
+{
+    std::string text;
+    for (const std::string& word : words) text += (text.empty() ? "" : ", ") + word;
+    return text;
+}
+
+std::string JoinUsage(const std::string& name, const std::string& arguments)
+{
+    return arguments.empty() ? name : name + " " + arguments;
+}
+
+bool ReadCount(const std::string& text, unsigned long& number)
+{
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
+    return result.ec == std::errc() && result.ptr == text.data() + text.size();
+}
+
+bool ReadSeconds(const std::string& text, double& seconds)
+{
+    constexpr double kLongest = 86400;
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), seconds);
+    return result.ec == std::errc() && result.ptr == text.data() + text.size() && seconds >= 0 &&
+           seconds <= kLongest;
+}
+
+std::string GetBareName(const std::string& path) { return path.substr(path.rfind('/') + 1); }
 
 }  // namespace headless

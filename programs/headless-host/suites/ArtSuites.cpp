@@ -5,7 +5,7 @@
 #include "suites/SuiteTables.h"
 #include "suites/TextObjects.h"
 
-// The suites of art: matching, sets, placed files, text frames.
+// The suites for art: matching, sets, placed files and text frames.
 namespace headless {
 
 namespace {
@@ -34,7 +34,7 @@ const SuiteRow& FrameRow()
     return row;
 }
 
-// The host's art has no attribute set, so a spec fits that asks for none under its mask.
+// The host's art has no attributes, so a spec matches only if it requires none of them.
 template <class Spec>
 bool Fits(const Spec& spec, const ArtItem& art)
 {
@@ -70,7 +70,7 @@ AIErr GetMatchingArt(AIMatchingArtSpec* specs, int16_t numSpecs, AIArtHandle*** 
         *matches = nullptr;
         *numMatches = static_cast<int32_t>(found.size());
         if (!found.empty()) {
-            // The handle is a pointer to the array, which stands right behind it.
+            // A memory handle points to a pointer to the memory: one block holds both.
             const size_t bytes = found.size() * sizeof(void*);
             auto* const block = static_cast<void**>(
                 call.host.handles.IssueBlock(HandleType::kMemoryHandle, bytes + sizeof(void*)));
@@ -152,7 +152,7 @@ AIErr MatchingArtSet(AIArtSpec* specs, short numSpecs, AIArtSet set)
     });
 }
 
-// Null, and an error, unless the handle is living art of this type.
+// The art of a handle. Null, and a violation, if this is no valid handle of art of this type.
 const ArtItem* FindArt(SuiteCall& call, AIArtHandle handle, int16_t type)
 {
     call.Handle("art", handle);

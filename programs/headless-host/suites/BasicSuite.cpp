@@ -1,6 +1,7 @@
 #include <cstring>
 
 #include "model/Host.h"
+#include "suites/SuiteTable.h"
 #include "suites/SuiteTables.h"
 
 namespace headless {
@@ -21,11 +22,12 @@ AIErr AcquireSuite(const char* name, int version, void* suite) noexcept
     try {
         AIErr result = kHostBadParameter;
         if (name == nullptr || suite == nullptr) {
-            host->errors.Add(std::string("AcquireSuite: the ") +
-                             (name == nullptr ? "name" : "place for the suite") + " is null");
+            host->violations.Add(std::string("AcquireSuite: the ") +
+                                 (name == nullptr ? "name" : "place for the suite") + " is null");
         } else if (const SuiteRow* const row = FindSuiteRow(name, version)) {
             host->suites.Acquire(*row);
-            std::memcpy(suite, &row->table, sizeof(row->table));
+            const void* const table = GetSuiteTable(*row);
+            std::memcpy(suite, &table, sizeof(table));
             result = kHostSuccess;
         } else {
             result = kSuiteNotFoundErr;
@@ -49,9 +51,9 @@ AIErr ReleaseSuite(const char* name, int version) noexcept
         if (row != nullptr) {
             if (host->suites.Release(*row)) result = kHostSuccess;
         } else {
-            host->errors.Add("ReleaseSuite: the host has no suite \"" +
-                             std::string(name == nullptr ? "(null)" : name) + "\" version " +
-                             std::to_string(version));
+            host->violations.Add("ReleaseSuite: the host has no suite \"" +
+                                 std::string(name == nullptr ? "(null)" : name) + "\" version " +
+                                 std::to_string(version));
         }
         if (host->journal.IsOpen()) {
             host->journal.Write("suite", "ReleaseSuite", DescribeArguments(name, version), result);

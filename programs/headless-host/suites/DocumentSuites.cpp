@@ -2,7 +2,7 @@
 #include "suites/SuiteCall.h"
 #include "suites/SuiteTables.h"
 
-// The suites of the document and of its path.
+// The suites for the current document and for file paths.
 namespace headless {
 
 namespace {
@@ -24,13 +24,13 @@ AIErr GetDocumentFileSpecification(ai::FilePath& file)
     return Answer(DocumentRow(), "GetDocumentFileSpecification", [&](SuiteCall& call) {
         const DocumentObject* const document = call.host.GetCurrentDocument();
         if (document == nullptr) return kHostBadParameter;
-        if (GetSlot(file) != nullptr) {
-            // A slot with rubbish in it is reported by the register and then overwritten.
-            (void)call.host.handles.Release(GetSlot(file), HandleType::kPath, call.operation);
+        if (GetHandle(file) != nullptr) {
+            // An invalid handle is recorded as a violation, then overwritten.
+            (void)call.host.handles.Release(GetHandle(file), HandleType::kPath, call.operation);
         }
-        SetSlot(file,
-                call.host.handles.Issue(std::make_shared<PathObject>(PathObject{document->path})));
-        call.OutHandle("file", GetSlot(file));
+        SetHandle(file, call.host.handles.Issue(
+                            std::make_shared<PathObject>(PathObject{document->path})));
+        call.OutHandle("file", GetHandle(file));
         return kHostSuccess;
     });
 }
@@ -61,11 +61,11 @@ AIErr DisposeFilePath(ai::FilePath* path)
 {
     return Answer(FilePathRow(), "DisposeFilePath", [&](SuiteCall& call) {
         if (!call.Require(path, "path")) return kHostBadParameter;
-        call.Handle("path", GetSlot(*path));
-        if (!call.host.handles.Release(GetSlot(*path), HandleType::kPath, call.operation)) {
+        call.Handle("path", GetHandle(*path));
+        if (!call.host.handles.Release(GetHandle(*path), HandleType::kPath, call.operation)) {
             return kHostBadParameter;
         }
-        SetSlot(*path, nullptr);
+        SetHandle(*path, nullptr);
         return kHostSuccess;
     });
 }
@@ -74,9 +74,9 @@ AIErr GivePathText(const char* operation, const ai::FilePath& path, bool display
                    ai::UnicodeString& text, bool nameOnly)
 {
     return Answer(FilePathRow(), operation, [&](SuiteCall& call) {
-        call.Handle("path", GetSlot(path));
+        call.Handle("path", GetHandle(path));
         call.Arg("displayForm", displayForm);
-        const auto* const found = call.Find<PathObject>(GetSlot(path));
+        const auto* const found = call.Find<PathObject>(GetHandle(path));
         if (found == nullptr) return kHostBadParameter;
         std::string result = found->path;
         const size_t slash = result.rfind('/');

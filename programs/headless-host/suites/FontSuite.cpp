@@ -35,7 +35,7 @@ AIErr GetPostScriptFontName(AIFontKey key, char* buffer, short bufferSize)
         call.Arg("bufferSize", bufferSize);
         const auto* const font = call.Find<FontKeyObject>(key);
         if (font == nullptr || !call.Require(buffer, "buffer")) return kHostBadParameter;
-        if (bufferSize <= 0) return call.Refuse("the buffer has no room");
+        if (bufferSize <= 0) return call.Refuse("the buffer size is not positive");
         const size_t length =
             std::min(font->postScriptName.size(), static_cast<size_t>(bufferSize) - 1);
         std::memcpy(buffer, font->postScriptName.data(), length);
@@ -51,7 +51,7 @@ AIErr FontKeyFromFontRef(ATE::_Font* font, AIFontKey* key)
         call.Handle("font", font);
         const auto* const object = call.Find<FontRef>(font);
         if (object == nullptr || !call.Require(key, "key")) return kHostBadParameter;
-        // Text without a font in common: there is no key, which isn't the guest's mistake.
+        // A mixed text range has the null font, which has no key. That is no violation.
         if (object->postScriptName.empty()) return kHostBadParameter;
         *key = call.host.fonts.GetKey(object->postScriptName);
         call.OutHandle("key", *key);

@@ -3,7 +3,7 @@
 #include "suites/SuiteCall.h"
 #include "suites/SuiteTables.h"
 
-// The suites of blocks, memory handles and strings.
+// The suites for blocks, memory handles and strings.
 namespace headless {
 
 namespace {
@@ -58,7 +58,7 @@ AIErr MdMemoryDisposeHandle(void** handle)
     });
 }
 
-// Both encodings are UTF-8 on this platform; the bytes are kept as they come.
+// Both supported encodings are UTF-8 on this platform, so strings are stored without conversion.
 bool IsEncoding(SuiteCall& call, AICharacterEncoding encoding)
 {
     call.Arg("encoding", static_cast<int>(encoding));
@@ -79,10 +79,10 @@ AIErr Initialize(ai::UnicodeString* string, const char* text, size_t byteLength,
         if (byteLength > 0 && !call.Require(text, "text")) return kHostBadParameter;
         std::string bytes = byteLength == 0 ? std::string() : std::string(text, byteLength);
         call.Arg("text", bytes);
-        // What the place held before is the guest's own affair: it needn't have been a string.
-        SetSlot(*string, call.host.handles.Issue(
-                             std::make_shared<StringObject>(StringObject{std::move(bytes)})));
-        call.OutHandle("string", GetSlot(*string));
+        // Uninitialized memory is allowed here, so a previous handle is not released.
+        SetHandle(*string, call.host.handles.Issue(
+                               std::make_shared<StringObject>(StringObject{std::move(bytes)})));
+        call.OutHandle("string", GetHandle(*string));
         return kHostSuccess;
     });
 }
@@ -91,11 +91,11 @@ AIErr Destroy(ai::UnicodeString* string)
 {
     return Answer(StringRow(), "Destroy", [&](SuiteCall& call) {
         if (!call.Require(string, "string")) return kHostBadParameter;
-        call.Handle("string", GetSlot(*string));
-        if (!call.host.handles.Release(GetSlot(*string), HandleType::kString, call.operation)) {
+        call.Handle("string", GetHandle(*string));
+        if (!call.host.handles.Release(GetHandle(*string), HandleType::kString, call.operation)) {
             return kHostBadParameter;
         }
-        SetSlot(*string, nullptr);
+        SetHandle(*string, nullptr);
         return kHostSuccess;
     });
 }
@@ -111,11 +111,11 @@ AIErr GetAs(const ai::UnicodeString& string, AICharacterEncoding encoding,
             ai::UnicodeString::Buffer& buffer, unsigned long* count)
 {
     return Answer(StringRow(), "GetAs", [&](SuiteCall& call) {
-        call.Handle("string", GetSlot(string));
+        call.Handle("string", GetHandle(string));
         if (!IsEncoding(call, encoding) || !call.Require(count, "count")) return kHostBadParameter;
         std::string text;
-        if (GetSlot(string) != nullptr) {
-            const auto* const found = call.Find<StringObject>(GetSlot(string));
+        if (GetHandle(string) != nullptr) {
+            const auto* const found = call.Find<StringObject>(GetHandle(string));
             if (found == nullptr) return kHostBadParameter;
             text = found->text;
         }

@@ -13,7 +13,7 @@ const SuiteRow& Row()
     return row;
 }
 
-// An operation on one item.
+// Runs an operation on one item. `body` gets the call and the item.
 template <class Body>
 AIErr WithItem(const char* operation, AIMenuItemHandle item, Body body)
 {
@@ -33,12 +33,12 @@ AIErr AddMenuItem(SPPluginRef self, const char* key, AIPlatformAddMenuItemDataUS
             return kHostBadParameter;
         }
         MenuItemObject object;
-        // An item may go without a key.
+        // The key is optional.
         if (key != nullptr) object.key = key;
         object.group = data->groupName;
         object.options = options;
-        if (GetSlot(data->itemText) != nullptr) {
-            const auto* const text = call.Find<StringObject>(GetSlot(data->itemText));
+        if (GetHandle(data->itemText) != nullptr) {
+            const auto* const text = call.Find<StringObject>(GetHandle(data->itemText));
             if (text == nullptr) return kHostBadParameter;
             object.text = text->text;
         }
@@ -90,7 +90,7 @@ AIErr CheckItem(AIMenuItemHandle item, bool checked)
     });
 }
 
-// The text belongs to the item and lives as long.
+// The item owns the text.
 AIErr GetMenuItemKeyboardShortcutDictionaryKey(AIMenuItemHandle item, const char** key)
 {
     return WithItem("GetMenuItemKeyboardShortcutDictionaryKey", item,

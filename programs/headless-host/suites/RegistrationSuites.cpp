@@ -1,7 +1,7 @@
 #include "suites/SuiteCall.h"
 #include "suites/SuiteTables.h"
 
-// The suites by which a guest is called back: notifiers, file formats, timers.
+// The suites with which a plug-in registers for messages: notifiers, file formats, timers.
 namespace headless {
 
 namespace {
@@ -42,11 +42,11 @@ AIErr AddNotifier(SPPluginRef self, const char* name, const char* type, AINotifi
     });
 }
 
-// The text of a string that the guest gives; empty for the null string.
+// The text of the plug-in's string; empty for the null handle.
 std::string GetText(SuiteCall& call, const ai::UnicodeString& string)
 {
-    if (GetSlot(string) == nullptr) return {};
-    const auto* const object = call.Find<StringObject>(GetSlot(string));
+    if (GetHandle(string) == nullptr) return {};
+    const auto* const object = call.Find<StringObject>(GetHandle(string));
     return object == nullptr ? std::string() : object->text;
 }
 
@@ -59,7 +59,7 @@ AIErr AddFileFormatEx(SPPluginRef self, const char* name, PlatformAddFileFormatE
             return kHostBadParameter;
         }
         if (data->numTypes < 0 || (data->numTypes > 0 && data->typeList == nullptr)) {
-            return call.Refuse("the list of types is broken");
+            return call.Refuse("the list of types is invalid");
         }
         FileFormatObject object;
         object.name = name;

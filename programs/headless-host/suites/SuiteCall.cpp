@@ -12,7 +12,7 @@ SuiteCall::SuiteCall(Host& theHost, const SuiteRow& row, const char* operationNa
 
 AIErr SuiteCall::Refuse(const std::string& reason)
 {
-    host.errors.Add(operation + ": " + reason);
+    host.violations.Add(operation + ": " + reason);
     return kHostBadParameter;
 }
 

@@ -3,15 +3,19 @@
 #include <string>
 
 #include "model/Host.h"
+#include "suites/SuiteTable.h"
 
 namespace headless {
 
-// One call of a suite by the guest, on its way to the journal.
+// One call of a suite operation by the plug-in: collects what the journal gets, checks arguments
+// and records violations. Lives during the call.
 class SuiteCall {
 public:
+    // row, operationName   the suite and the operation; must outlive the call
     SuiteCall(Host& host, const SuiteRow& row, const char* operationName);
 
-    // What goes to the journal; nothing is made while no journal is written.
+    // Arg and Handle add an argument to the journal's line, Out and OutHandle a result. They do
+    // nothing while no journal is written.
     template <class Value>
     void Arg(const char* name, const Value& value)
     {
@@ -31,24 +35,27 @@ public:
         if (mWanted) mResults[name] = host.handles.Describe(handle);
     }
 
-    // An error of the guest in this call.
+    // Records a violation and returns the status for a bad parameter.
     AIErr Refuse(const std::string& reason);
 
-    // Whether a pointer that the guest gives to be filled or read is there; else an error.
+    // Returns false, and records a violation, if a required pointer argument is null.
     bool Require(const void* pointer, const char* name);
 
+    // See HandleRegister::Find.
     template <class Object>
     Object* Find(const void* handle)
     {
         return host.handles.Find<Object>(handle, operation);
     }
 
-    // False, and an error, if the guest doesn't hold the suite it calls.
+    // Returns false, and records a violation, if the plug-in hasn't acquired the suite.
     bool IsAllowed();
+
+    // Writes the line to the journal.
     void Finish(int result);
 
     Host& host;
-    const std::string operation;  // the suite and the operation, as errors name it
+    const std::string operation;  // the suite and the operation, as violations name them
 
 private:
     const SuiteRow& mRow;
@@ -57,7 +64,8 @@ private:
     nlohmann::json mResults = nlohmann::json::object();
 };
 
-// Runs a suite operation. Nothing is thrown out of it: it is called from the guest.
+// Runs a suite operation: `body` gets the call and returns the status. Catches all exceptions,
+// because the caller is the plug-in.
 template <class Body>
 AIErr Answer(const SuiteRow& row, const char* operation, Body body) noexcept
 {
@@ -73,34 +81,35 @@ AIErr Answer(const SuiteRow& row, const char* operation, Body body) noexcept
     }
 }
 
-// The wrappers of strings and paths are one pointer each; the host works on that pointer and never
-// makes or destroys a wrapper, whose members belong to the guest.
+// The plug-in's classes for strings and paths contain one pointer, a handle of the host. The host
+// reads and writes this handle and never constructs or destroys such an object, because the member
+// functions of the class call the suites.
 template <class Wrapper>
-void* GetSlot(const Wrapper& wrapper)
+void* GetHandle(const Wrapper& wrapper)
 {
     static_assert(sizeof(Wrapper) == sizeof(void*));
     return *reinterpret_cast<void* const*>(&wrapper);
 }
 
 template <class Wrapper>
-void SetSlot(Wrapper& wrapper, void* pointer)
+void SetHandle(Wrapper& wrapper, void* pointer)
 {
     static_assert(sizeof(Wrapper) == sizeof(void*));
     *reinterpret_cast<void**>(&wrapper) = pointer;
 }
 
-// Puts a new string into the guest's wrapper; what it held is given back. An empty text is the null
-// string.
+// Sets the plug-in's string to a new handle and releases the one it had. An empty text is the null
+// handle.
 template <class Wrapper>
 void PutString(SuiteCall& call, Wrapper& wrapper, const std::string& text)
 {
-    if (GetSlot(wrapper) != nullptr) {
-        // A slot with rubbish in it is reported by the register and then overwritten.
-        (void)call.host.handles.Release(GetSlot(wrapper), HandleType::kString, call.operation);
+    if (GetHandle(wrapper) != nullptr) {
+        // An invalid handle is recorded as a violation, then overwritten.
+        (void)call.host.handles.Release(GetHandle(wrapper), HandleType::kString, call.operation);
     }
-    SetSlot(wrapper, text.empty() ? nullptr
-                                  : call.host.handles.Issue(
-                                        std::make_shared<StringObject>(StringObject{text})));
+    SetHandle(wrapper, text.empty() ? nullptr
+                                    : call.host.handles.Issue(
+                                          std::make_shared<StringObject>(StringObject{text})));
 }
 
 }  // namespace headless

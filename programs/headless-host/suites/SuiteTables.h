@@ -6,7 +6,8 @@
 
 namespace headless {
 
-// The function tables of the suites that are called. Each stands with its operations.
+// The function tables of the suites that have operations. Each is defined in the file of its
+// operations.
 
 extern const ATE::TextFrameSuite kTextFrameTable;
 extern const ATE::StorySuite kStoryTable;
@@ -34,7 +35,7 @@ extern const AITimerSuite kTimerTable;
 extern const AIUnicodeStringSuite kUnicodeStringTable;
 extern const SPBlocksSuite kBlocksTable;
 
-// What comes with every message. Its functions aren't const: the guest's record isn't either.
+// The suite that is part of every message. Not const, because the message's pointer isn't.
 extern SPBasicSuite gBasicSuite;
 
 }  // namespace headless

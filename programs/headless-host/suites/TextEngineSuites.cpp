@@ -2,7 +2,7 @@
 #include "suites/SuiteTables.h"
 #include "suites/TextObjects.h"
 
-// The ten text engine suites that are called.
+// The ten suites of the text engine that have operations. References are counted.
 namespace headless {
 
 namespace {
@@ -38,7 +38,8 @@ ATEErr Release(typename Object::Raw* reference)
     });
 }
 
-// An operation that makes one reference out of another: `make` gives the new object.
+// Runs an operation that returns a reference derived from another one: `make` returns the new
+// object.
 template <class From, class To, class Make>
 ATEErr Derive(const char* operation, typename From::Raw* from, typename To::Raw** out, Make make)
 {
@@ -120,7 +121,7 @@ ATEErr GetArrayItem(ATE::_ArrayFontRef* fonts, int index, ATE::_Font** font)
 bool IsNull(ATE::_Font* font)
 {
     bool isNull = true;
-    // A font that can't be had counts as null; the register has told the guest's mistake.
+    // An invalid font is reported as null; the register has recorded the violation.
     (void)Answer(RowOf<FontRef>(), "IsNull", [&](SuiteCall& call) {
         call.Handle("reference", font);
         const auto* const object = call.Find<FontRef>(font);

@@ -18,7 +18,8 @@ struct _Font;
 
 namespace headless {
 
-// What stands behind the references of the text engine. Each is counted and belongs to a document.
+// The objects behind the references of the text engine. References are counted, and expire with
+// their document.
 
 template <HandleType type, class RawType>
 struct TextObject {
@@ -53,7 +54,7 @@ struct FontArrayRef : TextObject<HandleType::kFontArray, ATE::_ArrayFontRef> {
     static constexpr const char* kSuite = "ATE ArrayFontRef Suite";
 };
 
-// The null font has no name.
+// A font by its PostScript name; the null font has an empty name.
 struct FontRef : TextObject<HandleType::kFont, ATE::_Font> {
     static constexpr const char* kSuite = "ATE Font Suite";
     std::string postScriptName;
@@ -74,13 +75,13 @@ struct TextRunsIteratorRef : TextObject<HandleType::kTextRunsIterator, ATE::_Tex
     size_t endRun;
 };
 
-// What all characters of a range have in common; without a font in common the name is empty.
+// The features that all characters of a range share. The name is empty if they share no font.
 struct CharFeaturesRef : TextObject<HandleType::kCharFeatures, ATE::_CharFeatures> {
     static constexpr const char* kSuite = "ATE CharFeatures Suite";
     std::string postScriptName;
 };
 
-// A new reference with one count, which belongs to the object's document.
+// Returns a new handle with one reference, owned by the object's document.
 template <class Object>
 typename Object::Raw* IssueText(HandleRegister& handles, Object object)
 {

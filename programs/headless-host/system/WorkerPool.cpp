@@ -2,10 +2,8 @@
 
 #include <poll.h>
 #include <sched.h>
-#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -15,7 +13,12 @@
 #include <cstdint>
 #include <cstring>
 #include <stdexcept>
+#include <string_view>
 #include <utility>
+
+#include "base/FileDescriptor.h"
+#include "base/ProcessGroup.h"
+#include "base/ReadWrite.h"
 
 namespace headless {
 
@@ -24,154 +27,113 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 constexpr int kPollMilliseconds = 100;
-constexpr size_t kNobody = static_cast<size_t>(-1);
+constexpr size_t kNoRequest = static_cast<size_t>(-1);
 
-// A sanitizer keeps books of its own, far larger than what is kept account of.
+// Under a sanitizer the limit would fail: its shadow memory is far larger than the program's own.
 #if defined(__has_feature)
 #if __has_feature(address_sanitizer)
-#define TYPELOFT_KEEPS_BOOKS
+#define TYPELOFT_HAS_SHADOW_MEMORY
 #endif
 #endif
-#if defined(__SANITIZE_ADDRESS__) || defined(TYPELOFT_KEEPS_BOOKS)
+#if defined(__SANITIZE_ADDRESS__) || defined(TYPELOFT_HAS_SHADOW_MEMORY)
 constexpr bool kLimitsMemory = false;
 #else
 constexpr bool kLimitsMemory = true;
 #endif
 
-bool ReadAll(int descriptor, void* bytes, size_t size)
+std::string_view AsBytes(const uint64_t& number)
 {
-    auto* const target = static_cast<char*>(bytes);
-    for (size_t have = 0; have < size;) {
-        const ssize_t count = read(descriptor, target + have, size - have);
-        if (count < 0 && errno == EINTR) continue;
-        if (count <= 0) return false;
-        have += static_cast<size_t>(count);
-    }
-    return true;
+    return {reinterpret_cast<const char*>(&number), sizeof number};
 }
 
-bool WriteAll(int descriptor, const void* bytes, size_t size)
+// Runs in the worker process until its socket is closed. Each answer follows its size.
+void Serve(int socket, const WorkerLimits& limits, const std::function<std::string(size_t)>& work)
 {
-    const auto* const source = static_cast<const char*>(bytes);
-    for (size_t have = 0; have < size;) {
-        const ssize_t count = send(descriptor, source + have, size - have, MSG_NOSIGNAL);
-        if (count < 0 && errno == EINTR) continue;
-        if (count <= 0) return false;
-        have += static_cast<size_t>(count);
-    }
-    return true;
-}
-
-// What the forked process does until its socket is closed.
-[[noreturn]] void Serve(int socket, const WorkerLimits& limits,
-                        const std::function<std::string(size_t)>& work)
-{
-    // A group of its own, so that all that it starts can be ended with it; it ends with its parent.
-    (void)setpgid(0, 0);                     // fails only if it is the leader already
-    (void)prctl(PR_SET_PDEATHSIG, SIGKILL);  // a valid signal: can't fail
     (void)std::signal(SIGINT, SIG_DFL);
     (void)std::signal(SIGTERM, SIG_DFL);
     if (limits.memoryBytes > 0 && kLimitsMemory) {
-        const rlimit limit = {limits.memoryBytes, limits.memoryBytes};
-        (void)setrlimit(RLIMIT_DATA, &limit);  // without it only the machine's own limit holds
+        base::LimitResource(RLIMIT_DATA, limits.memoryBytes);
     }
     uint64_t request = 0;
-    while (ReadAll(socket, &request, sizeof request)) {
+    while (base::ReadExactly(socket, &request, sizeof request)) {
         const std::string text = work(static_cast<size_t>(request));
         const uint64_t size = text.size();
-        if (!WriteAll(socket, &size, sizeof size) || !WriteAll(socket, text.data(), size)) break;
+        if (base::SendAll(socket, AsBytes(size)) || base::SendAll(socket, text)) break;
     }
     _exit(0);
 }
 
+// A worker process and the request it works on. If the object is destroyed, the process is killed
+// with all that it started.
 class Worker {
 public:
-    Worker() = default;
-    Worker(Worker&& other) noexcept
-        : mProcess(std::exchange(other.mProcess, -1)),
-          mSocket(std::exchange(other.mSocket, -1)),
-          mRequest(other.mRequest),
-          mStart(other.mStart)
-    {
-    }
-    Worker& operator=(Worker&&) = delete;
-    ~Worker() { (void)End(); }
-
+    // Throws std::runtime_error if the system refuses a process.
     void Start(const WorkerLimits& limits, const std::function<std::string(size_t)>& work)
     {
         int sockets[2] = {-1, -1};
         if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, sockets) != 0) {
-            throw std::runtime_error(std::string("no socket: ") + std::strerror(errno));
+            throw std::runtime_error(std::string("cannot create a socket: ") +
+                                     std::strerror(errno));
         }
-        const pid_t process = fork();
-        if (process == 0) {
-            (void)close(sockets[0]);  // just opened
-            Serve(sockets[1], limits, work);
+        base::FileDescriptor own(sockets[0]);
+        base::FileDescriptor other(sockets[1]);
+        mProcess = base::ProcessGroup::Fork([&] {
+            (void)own.Close();  // else the worker wouldn't see the parent close it
+            Serve(other.Get(), limits, work);
+        });
+        if (!mProcess.IsRunning()) {
+            throw std::runtime_error(std::string("cannot start a process: ") +
+                                     std::strerror(errno));
         }
-        (void)close(sockets[1]);  // just opened
-        if (process < 0) {
-            (void)close(sockets[0]);  // just opened
-            throw std::runtime_error(std::string("no process: ") + std::strerror(errno));
-        }
-        // The group must be there before anything is sent to it, whoever runs first.
-        (void)setpgid(process, process);
-        mProcess = process;
-        mSocket = sockets[0];
-        mRequest = kNobody;
+        mSocket = std::move(own);
+        mRequest = kNoRequest;
     }
 
-    // Kills the process and all of its group. Gives how it had ended by itself, if it had.
+    // Kills the process and all that it started. Returns how it had ended before, if it had.
     std::string End()
     {
-        if (mProcess < 0) return {};
-        int status = 0;
-        const bool hadEnded = waitpid(mProcess, &status, WNOHANG) == mProcess;
-        (void)kill(-mProcess, SIGKILL);  // nobody may be left
-        if (!hadEnded) (void)waitpid(mProcess, &status, 0);
-        (void)close(mSocket);
-        mProcess = -1;
-        mSocket = -1;
-        if (WIFSIGNALED(status)) return std::string("ended by ") + strsignal(WTERMSIG(status));
-        return "ended with status " + std::to_string(WEXITSTATUS(status));
+        std::string end = base::Describe(mProcess.Kill());
+        (void)mSocket.Close();  // nothing is written to it any more
+        return end;
     }
 
-    bool IsIdle() const { return mRequest == kNobody; }
-    bool IsRunning() const { return mProcess >= 0; }
+    bool IsIdle() const { return mRequest == kNoRequest; }
+    bool IsRunning() const { return mProcess.IsRunning(); }
     size_t GetRequest() const { return mRequest; }
-    int GetSocket() const { return mSocket; }
+    int GetSocket() const { return mSocket.Get(); }
     bool IsLate(double seconds) const
     {
         return !IsIdle() && std::chrono::duration<double>(Clock::now() - mStart).count() > seconds;
     }
 
-    void Give(size_t request)
+    void SendRequest(size_t request)
     {
         const uint64_t number = request;
         mRequest = request;
         mStart = Clock::now();
-        // If it isn't there any more, that is seen when its answer is awaited.
-        (void)WriteAll(mSocket, &number, sizeof number);
+        // If the process has ended, ReceiveAnswer will report it.
+        (void)base::SendAll(mSocket.Get(), AsBytes(number));
     }
 
-    // False if the process is gone.
-    bool Take(std::string& text)
+    // Waits for the whole answer. Returns false if the process has ended.
+    bool ReceiveAnswer(std::string& text)
     {
         uint64_t size = 0;
-        if (!ReadAll(mSocket, &size, sizeof size)) return false;
+        if (!base::ReadExactly(mSocket.Get(), &size, sizeof size)) return false;
         text.resize(static_cast<size_t>(size));
-        if (!ReadAll(mSocket, text.data(), text.size())) return false;
-        mRequest = kNobody;
+        if (!base::ReadExactly(mSocket.Get(), text.data(), text.size())) return false;
+        mRequest = kNoRequest;
         return true;
     }
 
 private:
-    pid_t mProcess = -1;
-    int mSocket = -1;
-    size_t mRequest = kNobody;
+    base::ProcessGroup mProcess;
+    base::FileDescriptor mSocket;
+    size_t mRequest = kNoRequest;
     Clock::time_point mStart;
 };
 
-// All workers and what they still have to do.
+// All workers, and the requests that are still to be made.
 class Pool {
 public:
     Pool(size_t count, const WorkerLimits& limits, const std::function<std::string(size_t)>& work,
@@ -183,19 +145,20 @@ public:
 
     bool IsDone() const { return mNext == mCount && mPending == 0; }
 
+    // Gives idle workers requests and waits a short time for answers.
     void Step()
     {
         for (Worker& worker : mWorkers) {
             if (!worker.IsRunning() && mNext < mCount) worker.Start(mLimits, mWork);
             if (!worker.IsRunning() || !worker.IsIdle() || mNext == mCount) continue;
-            worker.Give(mNext++);
+            worker.SendRequest(mNext++);
             ++mPending;
         }
         std::vector<pollfd> polls;
         for (const Worker& worker : mWorkers) {
             polls.push_back({worker.IsIdle() ? -1 : worker.GetSocket(), POLLIN, 0});
         }
-        // An interrupted wait is a short one; a failed one is tried again.
+        // After an interrupted or failed wait, the caller's loop tries again.
         (void)poll(polls.data(), polls.size(), kPollMilliseconds);
         for (size_t i = 0; i < polls.size(); ++i) {
             if (polls[i].fd < 0) continue;
@@ -212,7 +175,7 @@ private:
     {
         const size_t request = worker.GetRequest();
         WorkerAnswer answer;
-        if (!worker.Take(answer.text)) {
+        if (!worker.ReceiveAnswer(answer.text)) {
             Finish(worker, WorkerAnswer::Outcome::kDied);
             return;
         }

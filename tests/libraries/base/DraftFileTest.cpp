@@ -13,6 +13,8 @@
 #include <iterator>
 #include <vector>
 
+#include "ScratchFolder.h"
+
 namespace fs = std::filesystem;
 using base::DraftFile;
 using testing::ElementsAre;
@@ -22,31 +24,20 @@ namespace {
 
 class DraftFileTest : public testing::Test {
 protected:
-    DraftFileTest()
-    {
-        std::string pattern = testing::TempDir() + "draft-file-XXXXXX";
-        EXPECT_NE(mkdtemp(pattern.data()), nullptr);
-        mFolder = pattern;
-    }
-    ~DraftFileTest() override
-    {
-        std::error_code ignored;  // what remains in a scratch folder harms nobody
-        fs::remove_all(mFolder, ignored);
-    }
-
-    std::string GetPath(const std::string& name) const { return mFolder / name; }
+    std::string GetPath(const std::string& name) const { return mFolder.Path(name); }
 
     std::string Read(const std::string& name) const
     {
-        std::ifstream stream(mFolder / name, std::ios::binary);
+        std::ifstream stream(GetPath(name), std::ios::binary);
         return {std::istreambuf_iterator<char>(stream), {}};
     }
 
     std::vector<std::string> List() const
     {
         std::vector<std::string> names;
-        for (const auto& entry : fs::directory_iterator(mFolder))
+        for (const auto& entry : fs::directory_iterator(mFolder.Path())) {
             names.push_back(entry.path().filename());
+        }
         std::sort(names.begin(), names.end());
         return names;
     }
@@ -58,12 +49,12 @@ protected:
         return status.st_mode & 07777;
     }
 
-    fs::path mFolder;
+    ScratchFolder mFolder;
 };
 
 TEST_F(DraftFileTest, ItTakesThePlaceOfTheTarget)
 {
-    std::ofstream(GetPath("f")) << "old";
+    mFolder.Write("f", "old");
     {
         DraftFile draft(GetPath("f.XXXXXX"));
         EXPECT_FALSE(draft.Write("new bytes"));
@@ -87,7 +78,7 @@ TEST_F(DraftFileTest, TheUmaskDoesNotChangeTheMode)
 
 TEST_F(DraftFileTest, ALinkInThePlaceOfTheTargetIsReplaced)
 {
-    std::ofstream(GetPath("other")) << "other";
+    mFolder.Write("other", "other");
     fs::create_symlink("other", GetPath("f"));
     DraftFile draft(GetPath("f.XXXXXX"));
     EXPECT_FALSE(draft.Write("new"));
@@ -149,7 +140,7 @@ TEST_F(DraftFileTest, APatternWithoutPlaceForANameIsAnError)
 // In a process of its own, which may not write files of more than 16 bytes.
 TEST_F(DraftFileTest, AWriteThatFailsLeavesTheTarget)
 {
-    std::ofstream(GetPath("f")) << "old";
+    mFolder.Write("f", "old");
     const auto write = [this] {
         (void)std::signal(SIGXFSZ, SIG_IGN);
         const struct rlimit limit = {16, 16};
@@ -168,7 +159,7 @@ TEST_F(DraftFileTest, AWriteThatFailsLeavesTheTarget)
 
 TEST_F(DraftFileTest, SyncFolderIgnoresWhatIsNoFolder)
 {
-    base::SyncFolder(mFolder);
+    base::SyncFolder(mFolder.Path());
     base::SyncFolder(GetPath("none"));
 }
 

@@ -4,8 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cstdlib>
-#include <fstream>
+#include "ScratchFolder.h"
 
 namespace fs = std::filesystem;
 using base::GetLowerExtension;
@@ -15,35 +14,24 @@ namespace {
 
 class IsReadableFileTest : public testing::Test {
 protected:
-    IsReadableFileTest()
-    {
-        std::string pattern = testing::TempDir() + "files-XXXXXX";
-        EXPECT_NE(mkdtemp(pattern.data()), nullptr);
-        mFolder = pattern;
-        std::ofstream(mFolder / "file") << "text";
-    }
-    ~IsReadableFileTest() override
-    {
-        std::error_code ignored;  // what remains in a scratch folder harms nobody
-        fs::remove_all(mFolder, ignored);
-    }
+    IsReadableFileTest() { mFolder.Write("file", "text"); }
 
-    fs::path mFolder;
+    ScratchFolder mFolder;
 };
 
 TEST_F(IsReadableFileTest, AFileOrALinkToOne)
 {
-    fs::create_symlink("file", mFolder / "link");
-    EXPECT_TRUE(IsReadableFile(mFolder / "file"));
-    EXPECT_TRUE(IsReadableFile(mFolder / "link"));
+    fs::create_symlink("file", mFolder.Path("link"));
+    EXPECT_TRUE(IsReadableFile(mFolder.Path("file")));
+    EXPECT_TRUE(IsReadableFile(mFolder.Path("link")));
 }
 
 TEST_F(IsReadableFileTest, NothingElse)
 {
-    ASSERT_EQ(mkfifo((mFolder / "pipe").c_str(), 0600), 0);
-    fs::create_symlink("none", mFolder / "dangling");
+    ASSERT_EQ(mkfifo(mFolder.Path("pipe").c_str(), 0600), 0);
+    fs::create_symlink("none", mFolder.Path("dangling"));
     for (const char* const name : {"", "none", "pipe", "dangling", "file/below"}) {
-        EXPECT_FALSE(IsReadableFile(mFolder / name)) << name;
+        EXPECT_FALSE(IsReadableFile(mFolder.Path(name))) << name;
     }
     EXPECT_FALSE(IsReadableFile(""));
 }
@@ -51,8 +39,8 @@ TEST_F(IsReadableFileTest, NothingElse)
 TEST_F(IsReadableFileTest, AFileWithoutPermissionIsNotReadable)
 {
     if (geteuid() == 0) GTEST_SKIP() << "the superuser may read everything";
-    fs::permissions(mFolder / "file", fs::perms::none);
-    EXPECT_FALSE(IsReadableFile(mFolder / "file"));
+    fs::permissions(mFolder.Path("file"), fs::perms::none);
+    EXPECT_FALSE(IsReadableFile(mFolder.Path("file")));
 }
 
 TEST(GetLowerExtensionTest, TheLastComponentHasIt)

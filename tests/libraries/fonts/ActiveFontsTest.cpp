@@ -12,14 +12,14 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
 
-TEST(ActiveFonts, WithoutFontsTheListIsEmpty)
+TEST(ActiveFonts, ListIsEmptyWithoutFonts)
 {
     const FontTestHome home;
     EXPECT_THAT(fonts::ListActiveFonts(), IsEmpty());
-    EXPECT_EQ(fonts::GetDefaultFontName(""), "");
+    EXPECT_EQ("", fonts::GetDefaultFontName(""));
 }
 
-TEST(ActiveFonts, EachListSeesWhatCameAndWent)
+TEST(ActiveFonts, EachListHasAddedFontsAndNoRemovedOnes)
 {
     const FontTestHome home;
     EXPECT_THAT(fonts::GetActiveFontNames(), IsEmpty());
@@ -29,17 +29,17 @@ TEST(ActiveFonts, EachListSeesWhatCameAndWent)
     EXPECT_THAT(fonts::GetActiveFontNames(), IsEmpty());
 }
 
-TEST(ActiveFonts, TellsFileAndIndex)
+TEST(ActiveFonts, ReturnsFileAndIndex)
 {
     const FontTestHome home;
     const auto file = FontTestHome::CopyFont("DejaVuSans-Bold", home.GetUserFonts());
     const auto list = fonts::ListActiveFonts();
-    ASSERT_EQ(list.size(), 1U);
-    EXPECT_EQ(list[0].file, file);
-    EXPECT_EQ(list[0].index, 0);
+    ASSERT_EQ(1U, list.size());
+    EXPECT_EQ(file, list[0].file);
+    EXPECT_EQ(0, list[0].index);
 }
 
-TEST(ActiveFonts, InstancesHaveTheNamesThatDocumentsWrite)
+TEST(ActiveFonts, InstancesHaveTheNamesInDocuments)
 {
     const FontTestHome home;
     const auto plain = FontTestHome::CopyFont("DejaVuSansMono", home.GetLibrary());
@@ -49,19 +49,19 @@ TEST(ActiveFonts, InstancesHaveTheNamesThatDocumentsWrite)
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), Not(Contains("DejaVuSansMono-Heavy")));
 }
 
-TEST(ActiveFonts, TheDefaultIsOneOfThoseActive)
+TEST(ActiveFonts, DefaultFontIsActive)
 {
     const FontTestHome home;
     FontTestHome::CopyFont("DejaVuSerif", home.GetUserFonts());
-    EXPECT_EQ(fonts::GetDefaultFontName(""), "DejaVuSerif");
-    EXPECT_EQ(fonts::GetDefaultFontName("ja"), "DejaVuSerif");
+    EXPECT_EQ("DejaVuSerif", fonts::GetDefaultFontName(""));
+    EXPECT_EQ("DejaVuSerif", fonts::GetDefaultFontName("ja"));
 }
 
-TEST(ActiveFonts, CachesStayInTheHome)
+TEST(ActiveFonts, CachesAreInTheHome)
 {
     const FontTestHome home;
     FontTestHome::CopyFont("DejaVuSerif", home.GetUserFonts());
-    (void)fonts::ListActiveFonts();  // for what it writes
+    (void)fonts::ListActiveFonts();  // for the cache that it writes
     EXPECT_TRUE(std::filesystem::exists(home.GetPath() / "cache/fontconfig"));
 }
 

@@ -36,7 +36,7 @@ TEST(FontFaces, ReadsAllMembersOfACollection)
     FontTestHome::WriteFile(file, MakeCollection(first, second));
     const fonts::FontFaces content = fonts::ReadFontFaces(file);
     ASSERT_THAT(GetNames(content), ElementsAre("DejaVuSans", "DejaVuSerif"));
-    EXPECT_EQ(content.faces[1].index, 1);
+    EXPECT_EQ(1, content.faces[1].index);
 }
 
 TEST(FontFaces, ReadsTheNamedInstancesOfAVariableFont)
@@ -47,10 +47,10 @@ TEST(FontFaces, ReadsTheNamedInstancesOfAVariableFont)
     FontTestHome::WriteFile(file, MakeVariableFont(plain, {"Heavy"}));
     const fonts::FontFaces content = fonts::ReadFontFaces(file);
     ASSERT_THAT(GetNames(content), ElementsAre("DejaVuSansMono", "DejaVuSansMono-Heavy"));
-    EXPECT_EQ(content.faces[1].index, 1 << 16);
+    EXPECT_EQ(1 << 16, content.faces[1].index);
 }
 
-TEST(FontFaces, SaysWhyAFileIsOfNoUse)
+TEST(FontFaces, ReportsWhyAFileIsUnusable)
 {
     const FontTestHome home;
     FontTestHome::WriteFile(home.GetLibrary() / "empty.ttf", "");
@@ -62,7 +62,7 @@ TEST(FontFaces, SaysWhyAFileIsOfNoUse)
     }
 }
 
-TEST(FontFaces, SurvivesACutAtAnyPlace)
+TEST(FontFaces, ReadsFilesThatAreCutAnywhere)
 {
     const FontTestHome home;
     const auto first = FontTestHome::CopyFont("DejaVuSansMono-Bold", home.GetLibrary());

@@ -29,11 +29,13 @@ FontTestHome::FontTestHome()
 
 FontTestHome::~FontTestHome()
 {
-    for (const auto& [name, value] : mBefore)
-        if (value.empty())
+    for (const auto& [name, value] : mBefore) {
+        if (value.empty()) {
             unsetenv(name.c_str());
-        else
+        } else {
             setenv(name.c_str(), value.c_str(), 1);
+        }
+    }
     std::error_code error;
     fs::permissions(mPath, fs::perms::owner_all, error);
 }
@@ -84,23 +86,25 @@ std::string ReadBytes(const fs::path& file)
 std::string Number(unsigned value, int bytes)
 {
     std::string text;
-    for (int shift = (bytes - 1) * 8; shift >= 0; shift -= 8)
+    for (int shift = (bytes - 1) * 8; shift >= 0; shift -= 8) {
         text += static_cast<char>((value >> shift) & 0xff);
+    }
     return text;
 }
 
 unsigned GetNumber(const std::string& bytes, size_t position, int count)
 {
     unsigned value = 0;
-    for (int byte = 0; byte < count; ++byte)
+    for (int byte = 0; byte < count; ++byte) {
         value = value << 8 | static_cast<unsigned char>(bytes.at(position + byte));
+    }
     return value;
 }
 
 constexpr size_t kHeaderSize = 12;
 constexpr size_t kEntrySize = 16;
 
-// The font as it is, for a place `shift` bytes into another file.
+// The font with its table offsets moved by `shift`, to be put into another file.
 std::string Shift(std::string font, unsigned shift)
 {
     const unsigned tables = GetNumber(font, 4, 2);
@@ -136,7 +140,7 @@ std::string WriteTables(const std::map<std::string, std::string>& tables)
     return directory + data;
 }
 
-// The name table with one more text, for Windows in English.
+// The name table with one more entry, for Windows in English.
 std::string AddName(const std::string& table, unsigned id, const std::string& text)
 {
     constexpr size_t kNameHeader = 6;

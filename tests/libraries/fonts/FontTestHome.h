@@ -6,8 +6,8 @@
 
 #include "ScratchFolder.h"
 
-// A home folder for one test, with a fontconfig of its own that knows the user's fonts alone, so
-// that no font of the machine is active. Removed at the end; the environment is put back.
+// A home folder for one test, with a fontconfig configuration that has the user's fonts only, so
+// that no font of the machine is active. The destructor removes it and restores the environment.
 class FontTestHome {
 public:
     FontTestHome();
@@ -20,12 +20,13 @@ public:
     std::filesystem::path GetUserFonts() const { return mPath / "data/fonts"; }
     std::filesystem::path GetLibrary() const { return mPath / "library"; }
 
-    // Copies a DejaVu font, as "DejaVuSans-Bold", into a folder, which is made; returns the file.
+    // Copies a DejaVu font, such as "DejaVuSans-Bold", into a folder, which is created if it
+    // doesn't exist. Returns the file.
     static std::filesystem::path CopyFont(const std::string& name,
                                           const std::filesystem::path& folder);
     static void WriteFile(const std::filesystem::path& file, const std::string& bytes);
 
-    // The PostScript names that another process's fc-list sees.
+    // Returns the PostScript names that fc-list, another process, lists.
     static std::set<std::string> ListOfOtherProcess();
 
 private:
@@ -36,9 +37,9 @@ private:
     std::vector<std::pair<std::string, std::string>> mBefore;
 };
 
-// The bytes of a collection of two font files.
+// Returns a collection of two font files.
 std::string MakeCollection(const std::filesystem::path& first, const std::filesystem::path& second);
 
-// The bytes of the font with an axis and one named instance for each of the styles.
+// Returns the font with a variation axis and a named instance for each style.
 std::string MakeVariableFont(const std::filesystem::path& file,
                              const std::vector<std::string>& styles);

@@ -18,7 +18,7 @@ struct Dialog::Window {
     void TakeKey(NSEvent* event);
 };
 
-// The host's dialog: it dismisses itself at a key. What it got is kept for the test.
+// The host's dialog class. A key event is recorded for the test and dismisses the dialog.
 @interface DVAMacDialog : NSPanel {
 @public
     void* owner;
@@ -64,7 +64,7 @@ NSModalSession gLastSession = NULL;
 
 }  // namespace
 
-// Stands between the plug-in's replacement and the application's own method.
+// Records the calls that the plug-in's replacement passes on to the application's own method.
 @interface NSApplication (SessionRecorder)
 - (NSModalSession)recordModalSessionForWindow:(NSWindow*)window;
 @end

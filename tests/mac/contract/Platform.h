@@ -5,38 +5,40 @@
 #include <string>
 #include <vector>
 
-// What the contract tests need of a platform beside the product: each of them is compiled against
-// the files of either one. Where an answer differs, and may, it differs by one of these names.
+// What the contract tests need from a platform, in addition to the product's own platform files.
+// The same tests are compiled once per platform; the constants below name every permitted
+// difference.
 namespace Platform {
 
-// Any folder opens as a bundle, and what is in it counts at the look-up only.
+// True if every folder opens as a bundle, and a missing library is noticed only when a function is
+// looked up.
 extern const bool kEveryFolderIsABundle;
 
-// The date of a link is the date of what it leads to.
+// True if the date of a symbolic link is the date of its target.
 extern const bool kDateFollowsLinks;
 
-// A date in front of 2001 loses its fraction towards the later second.
+// True if the fraction of a date before 2001 is rounded up to the later second.
 extern const bool kEarlyDateIsCutUpwards;
 
-// The empty text stands in every title.
+// True if every title contains the empty string.
 extern const bool kFindsEmptyText;
 
-// A path comes with its letters and accents apart.
+// True if paths are returned in decomposed form, as letter and combining accent.
 extern const bool kDecomposesPaths;
 
-// A byte order mark in front of a path is lost.
+// True if a byte order mark at the start of a path is dropped.
 extern const bool kDropsByteOrderMark;
 
-// What a leading tilde becomes.
+// Returns the folder that replaces a leading tilde.
 std::string HomeFolder();
 
-// The user's library folder, which a test may write to; empty if it may not.
+// Returns the user's library folder if a test may write to it, otherwise "".
 std::string LibraryFolder();
 
-// The path of an executable that the platform lists as running.
+// Returns the path of an executable that the platform lists as running.
 std::string RunningExecutable();
 
-// The folder from which the host's private frameworks are taken from now on.
+// Makes `folder` the folder of the host's private frameworks.
 void UsePrivateFrameworks(const std::string& folder);
 
 struct ShownAlert {
@@ -44,10 +46,11 @@ struct ShownAlert {
     std::string informativeText;
 };
 
-// Runs `body`; each alert that it shows is kept and dismissed.
+// Runs `body`, dismisses each alert that it shows and returns the alerts in order.
 std::vector<ShownAlert> AlertsOf(const std::function<void()>& body);
 
-// References to the platform's objects that are out. Constant where there are none.
+// Returns the number of references to platform objects that haven't been released; 0 where
+// references cannot be counted.
 long LiveReferences();
 
 struct KeyEvent {
@@ -62,7 +65,7 @@ struct KeyEvent {
     unsigned short keyCode;
 };
 
-// A window that keeps the key events it gets, and dismisses itself at the first one.
+// A window that records the key events that it receives. The first one dismisses it.
 class Dialog {
 public:
     enum class Kind { kDialogOfHost, kSubclassOfIt, kOrdinary };
@@ -72,8 +75,8 @@ public:
     Dialog(const Dialog&) = delete;
     Dialog& operator=(const Dialog&) = delete;
 
-    // Begins a modal session as the host does, and ends it. Whether the platform's own function
-    // began it, with this window, and its answer came back.
+    // Begins a modal session for this window as the host does, and ends it. Returns true if the
+    // platform's own function was called with this window and its result was returned.
     bool RunSession();
 
     const std::vector<KeyEvent>& Events() const;
@@ -81,10 +84,11 @@ public:
     bool IsDismissed() const;
     void OnEvent(std::function<void()> action);
 
-    // To be called once, in front of the plug-in's hook: the platform's own function is watched.
+    // Records the calls of the platform's own function from now on. Call it once, before the
+    // plug-in installs its hook.
     static void WatchSessions();
 
-    // The sessions that it has begun since, in order.
+    // Returns the dialogs whose sessions have begun, in order.
     static std::vector<const Dialog*> Sessions();
 
     struct Window;
@@ -93,7 +97,7 @@ private:
     std::unique_ptr<Window> mWindow;
 };
 
-// Throws what the platform's windows throw.
+// Throws the exception type that the platform's windows throw.
 [[noreturn]] void ThrowAsAWindow(const std::string& reason);
 
 }  // namespace Platform

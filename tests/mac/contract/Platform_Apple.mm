@@ -1,4 +1,4 @@
-// The same where CoreFoundation and the workspace are the real ones.
+// The parts of Platform.h that use the real CoreFoundation and the real workspace.
 
 #import <AppKit/AppKit.h>
 
@@ -7,10 +7,10 @@
 
 namespace Platform {
 
-// References aren't counted there: a difference of 0 is all that is told.
+// CoreFoundation doesn't count live references.
 long LiveReferences() { return 0; }
 
-// The workspace lists applications only, and this process is one from now on.
+// The workspace lists only applications, so this process becomes one.
 std::string RunningExecutable()
 {
     StartApplication();

@@ -1,4 +1,4 @@
-// What the contract tests do to the stand-in for CoreFoundation and to the workspace.
+// The parts of Platform.h that use the stand-ins for CoreFoundation and for the workspace.
 
 #include <filesystem>
 
@@ -11,7 +11,7 @@ namespace Platform {
 
 void UsePrivateFrameworks(const std::string& folder)
 {
-    // A bundle is read once, so each use has a host of its own.
+    // A bundle is read once, so each call creates another host.
     static std::vector<std::unique_ptr<ScratchFolder>> sHosts;
     sHosts.push_back(std::make_unique<ScratchFolder>());
     const std::string host = sHosts.back()->Path("Host.app");

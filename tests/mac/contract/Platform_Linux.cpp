@@ -97,7 +97,8 @@ bool Dialog::IsDismissed() const { return !mWindow->kept.empty(); }
 
 void Dialog::OnEvent(std::function<void()> action) { mWindow->onSendEvent = std::move(action); }
 
-void Dialog::WatchSessions() { (void)Host(); }  // The host's table keeps them.
+// The scripted host always records its modal sessions; it only has to exist.
+void Dialog::WatchSessions() { (void)Host(); }
 
 std::vector<const Dialog*> Dialog::Sessions() { return gSessions; }
 

@@ -13,7 +13,7 @@ const bool kEveryFolderIsABundle = true;
 const bool kDateFollowsLinks = false;
 const bool kEarlyDateIsCutUpwards = true;
 
-// Where GNUstep differs from macOS itself.
+// True over GNUstep, which differs from macOS in the three constants below.
 constexpr bool kIsGNUstep = TYPELOFT_OVER_GNUSTEP;
 const bool kFindsEmptyText = kIsGNUstep;
 const bool kDecomposesPaths = !kIsGNUstep;
@@ -93,7 +93,7 @@ static NSButton* FindDefaultButton(NSView* view)
 {
     (void)timer;
     [FindDefaultButton([[NSApp modalWindow] contentView]) performClick:nil];
-    // Wakes the loop, which looks at what was clicked only between events.
+    // Wakes the modal loop, which handles the click only between events.
     [NSApp postEvent:[NSEvent otherEventWithType:NSApplicationDefined
                                         location:NSZeroPoint
                                    modifierFlags:0

@@ -8,7 +8,8 @@
 #include "CoreFoundationStandIn.h"
 #import "References.h"
 
-// A folder as a bundle: any folder is one, and its library is opened at the first look-up.
+// A folder as a bundle. Every folder is valid; its library is opened when the first function is
+// looked up.
 @interface StandInBundle : NSObject {
 @public
     NSString* path;

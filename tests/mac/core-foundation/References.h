@@ -3,12 +3,13 @@
 #include <CoreFoundation/CoreFoundation.h>
 #import <Foundation/Foundation.h>
 
-// Between the stand-in's own files.
+// Shared by the stand-in's own files.
 
-// Counts the reference that is given out; nil gives null. The object is the caller's already.
+// Counts one live reference unless the object is nil, and returns the object. The caller has
+// already retained it.
 void* GiveOut(id retainedObject);
 
-// Whether the test wants this call to fail; once per wish.
+// Returns true if FailNextCall was called for `function`, and uses that request up.
 bool MustFail(const char* function);
 
 template <class Ref>

@@ -5,7 +5,7 @@
 
 #import "References.h"
 
-// A URL of a resource speaks of a link itself, not of what it leads to.
+// Resource properties of a URL describe a symbolic link itself, not its target.
 static bool GetStatus(CFURLRef url, struct stat& status)
 {
     return lstat(PathOf(url), &status) == 0;

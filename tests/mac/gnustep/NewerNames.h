@@ -1,4 +1,4 @@
-/* What GNUstep knows only by its older name. Forced into every Objective-C file. */
+/* Defines names that GNUstep has only in their older form. Every Objective-C file includes it. */
 #pragma once
 
 #import <AppKit/NSEvent.h>

@@ -6,8 +6,8 @@
 #include "ScratchFolder.h"
 #include "Workspace.h"
 
-// A font manager whose process runs, with a scripted PluginCore of that variant where an
-// installation has it.
+// A font manager that is listed as running and has a scripted PluginCore of the given variant in
+// its installation folder.
 class InstalledCore {
 public:
     explicit InstalledCore(const std::string& variant)

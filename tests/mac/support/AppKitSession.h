@@ -1,4 +1,4 @@
 #pragma once
 
-// Makes the process an application with windows, once.
+// Makes the process an application that can show windows. Idempotent.
 void StartApplication();

@@ -11,6 +11,6 @@ void StartApplication()
     NSDictionary* const defaults =
         [NSDictionary dictionaryWithObject:@"NO" forKey:@"GSX11HandlesWindowDecorations"];
     [[NSUserDefaults standardUserDefaults] registerDefaults:defaults];
-    // Known as NSApp from now on.
+    // Sets NSApp.
     (void)[NSApplication sharedApplication];
 }

@@ -1,4 +1,4 @@
-// main() of the tests on macOS itself, where each test has an autorelease pool.
+// main() of the tests on macOS. Each test has an autorelease pool.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

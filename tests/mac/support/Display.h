@@ -1,4 +1,4 @@
 #pragma once
 
-// Gives the process a display for its windows, if it hasn't got one anyway.
+// Makes sure that the process has a display for its windows. Idempotent.
 void EnterDisplay();

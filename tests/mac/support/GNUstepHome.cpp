@@ -25,7 +25,7 @@ void GNUstepHome::Enter() const
     configuration += "GNUSTEP_USER_DEFAULTS_DIR=" + mFolder.Path("Defaults") + "\n";
     Export("GNUSTEP_CONFIG_FILE", mFolder.Write("GNUstep.conf", configuration));
     Export("GNUSTEP_STRING_ENCODING", "NSUTF8StringEncoding");
-    // Whatever a test leaves behind, even by a crash, goes with this folder.
+    // Removing this folder also removes the files that a test leaves behind, even by a crash.
     Export("TEST_TMPDIR", mFolder.Path() + "/");
     Export("HOME", mFolder.Path());
     Export("PATH", mFolder.Path("no-tools"));

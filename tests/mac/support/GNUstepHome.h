@@ -4,11 +4,11 @@
 
 #include "ScratchFolder.h"
 
-// A home folder for one run of a test program: GNUstep finds its own library folder and defaults in
-// it, and no tool that it could leave running behind.
+// A home folder for one run of a test program. GNUstep keeps its library folder and defaults in it,
+// and finds no helper programs that could outlive the tests.
 class GNUstepHome {
 public:
-    // Puts it into the environment of the program that is started next.
+    // Sets the environment variables for the program that is started next.
     void Enter() const;
 
 private:

@@ -1,5 +1,5 @@
-// main() of the tests over GNUstep. The tests run in a child with a home folder of its own; when it
-// has ended, however it did, whatever it has started ends as well.
+// main() of the tests over GNUstep. The tests run in a child process with its own home folder. When
+// the child has ended, normally or not, this process waits for all processes that it started.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -32,7 +32,8 @@ int RunTests()
     _exit(127);
 }
 
-// Ends what the child has left running. Each has a moment to take its own files away.
+// Waits up to two seconds until the processes that the child started have ended and removed their
+// files. Aborts if one is still running.
 void ReapTheRest()
 {
     for (int tries = 0; tries < 200; ++tries) {
@@ -40,14 +41,14 @@ void ReapTheRest()
         if (ended == -1) return;
         if (ended == 0) (void)usleep(10000);
     }
-    std::fprintf(stderr, "a process of the test doesn't end\n");
+    std::fprintf(stderr, "a process that the test started is still running\n");
     std::abort();
 }
 
 int Supervise(char** arguments)
 {
     const GNUstepHome home;
-    // Processes that outlive the child come to this one.
+    // This process becomes the parent of processes that outlive the child.
     if (prctl(PR_SET_CHILD_SUBREAPER, 1) != 0) return 2;
     home.Enter();
     if (setenv(kInside, "1", 1) != 0) return 2;
@@ -56,7 +57,8 @@ int Supervise(char** arguments)
     int status = 0;
     if (child == -1 || waitpid(child, &status, 0) != child) return 2;
     ReapTheRest();
-    if (WIFSIGNALED(status)) std::fprintf(stderr, "ended by signal %d\n", WTERMSIG(status));
+    if (WIFSIGNALED(status))
+        std::fprintf(stderr, "the tests were ended by signal %d\n", WTERMSIG(status));
     return WIFEXITED(status) ? WEXITSTATUS(status) : 1;
 }
 
@@ -64,7 +66,7 @@ int Supervise(char** arguments)
 
 int main(int count, char** arguments)
 {
-    // googletest takes its own arguments out of the list; the child wants them all.
+    // googletest removes its own arguments from the list, but the child needs all of them.
     std::vector<char*> all(arguments, arguments + count + 1);
     testing::InitGoogleMock(&count, arguments);
     const bool isInside = getenv(kInside) != nullptr;

@@ -3,7 +3,7 @@
 #import <Foundation/Foundation.h>
 #include <gtest/gtest.h>
 
-// Gives each test an autorelease pool of its own.
+// Runs each test in its own autorelease pool.
 class PoolOfEachTest : public testing::EmptyTestEventListener {
     void OnTestStart(const testing::TestInfo&) override
     {

@@ -3,6 +3,6 @@
 #include <string>
 #include <vector>
 
-// What the workspace answers for running applications in the test programs: the paths of their
-// executables in order, an empty one for an application without any.
+// Sets the running applications that the workspace of the test programs lists. `executables` holds
+// the paths of their executables in order, "" for an application without an executable.
 void SetRunningApplications(const std::vector<std::string>& executables);

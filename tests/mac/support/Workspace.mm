@@ -46,8 +46,8 @@ void SetRunningApplications(const std::vector<std::string>& executables)
     }
 }
 
-// In the place of the real workspace, which starts a server for notifications and knows of no other
-// process.
+// Replaces GNUstep's workspace, which starts a server for notifications and doesn't list other
+// processes.
 @interface NSWorkspace (Fixture)
 @end
 

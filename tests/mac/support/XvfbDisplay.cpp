@@ -12,7 +12,8 @@ namespace {
 
 [[noreturn]] void RunServer(int numberPipe)
 {
-    // What the server starts goes with its group, and the server with the test.
+    // The server has a process group, so that its children can be killed with it. It ends with the
+    // test.
     (void)setpgid(0, 0);
     (void)prctl(PR_SET_PDEATHSIG, SIGTERM);
     const int nothing = open("/dev/null", O_RDWR);
@@ -24,7 +25,7 @@ namespace {
     _exit(127);
 }
 
-// The server writes its number and a line feed when it is ready; an empty text if it isn't.
+// Returns the display number, which the server writes when it is ready, or "" if it ends before.
 std::string ReadNumber(int pipe)
 {
     std::string number;
@@ -46,13 +47,13 @@ XvfbDisplay::XvfbDisplay()
     (void)close(ends[1]);
     const std::string number = ReadNumber(ends[0]);
     (void)close(ends[0]);
-    if (number.empty()) throw std::runtime_error("Xvfb doesn't start");
+    if (number.empty()) throw std::runtime_error("cannot start Xvfb");
     mName = ":" + number;
 }
 
 XvfbDisplay::~XvfbDisplay()
 {
-    // Asked to end, it takes its lock file away; its children get no choice.
+    // The server removes its lock file on SIGTERM. Its children are killed.
     (void)kill(mServer, SIGTERM);
     (void)waitpid(mServer, nullptr, 0);
     (void)kill(-mServer, SIGKILL);

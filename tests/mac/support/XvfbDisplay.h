@@ -4,8 +4,8 @@
 
 #include <string>
 
-// An X server without a screen, on the first free display. Ends with this object, or with the
-// process however that ends.
+// A virtual X server on the first free display. The destructor stops it; it also ends when the
+// process ends, normally or not.
 class XvfbDisplay {
 public:
     XvfbDisplay();
@@ -13,7 +13,7 @@ public:
     XvfbDisplay(const XvfbDisplay&) = delete;
     XvfbDisplay& operator=(const XvfbDisplay&) = delete;
 
-    // Its name as DISPLAY wants it.
+    // Returns the value for DISPLAY, ":" and a number.
     const std::string& Name() const { return mName; }
 
 private:

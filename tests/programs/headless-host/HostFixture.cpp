@@ -51,16 +51,16 @@ std::vector<nlohmann::json> HostFixture::ReadJournal() const
     return lines;
 }
 
-std::string HostFixture::GetGuestPath(const std::string& guest)
+std::string HostFixture::GetPluginPath(const std::string& plugin)
 {
-    return std::string(GUEST_FOLDER) + "/" + guest + ".aip";
+    return std::string(TEST_PLUGINS_FOLDER) + "/" + plugin + ".aip";
 }
 
-void HostFixture::RunGuest(const std::string& guest, const std::vector<std::string>& names)
+void HostFixture::RunPlugin(const std::string& plugin, const std::vector<std::string>& names)
 {
     headless::Application application(*host, "en");
     std::string error;
-    ASSERT_TRUE(application.Start(GetGuestPath(guest), error)) << error;
+    ASSERT_TRUE(application.Start(GetPluginPath(plugin), error)) << error;
     for (const std::string& name : names) {
         reports.push_back(application.Open(MakeFile(name), name));
     }

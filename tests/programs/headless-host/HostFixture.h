@@ -12,7 +12,7 @@
 #include "model/Host.h"
 #include "suites/SuiteTables.h"
 
-// Fonts as the test says, instead of the system's.
+// Fonts that the test sets, in place of the system's.
 class FakeFonts : public headless::FontSource {
 public:
     std::set<std::string> ListActiveNames() override { return active; }
@@ -31,32 +31,32 @@ public:
     std::vector<std::string> asked;
 };
 
-// A host whose documents are `content`, whatever the file holds, and a scratch folder.
+// A host that reads every file as `content`, and a scratch folder.
 class HostFixture : public testing::Test {
 protected:
     HostFixture();
     ~HostFixture() override;
 
-    // A frame with one run per font; its story is its own.
+    // Adds a text frame to `content`, with one run per font and a story of its own.
     void AddFrame(const std::vector<std::string>& fontNames);
 
-    // An empty file in the scratch folder.
+    // Creates an empty file in the scratch folder and returns its path.
     std::string MakeFile(const std::string& name) const;
 
-    // The lines of the journal, which is written to the scratch folder from here on.
+    // Starts a journal in the scratch folder; ReadJournal returns its lines so far.
     void WriteJournal();
     std::vector<nlohmann::json> ReadJournal() const;
 
-    // Opens `names` one after the other under the guest of this name, then shuts down.
-    void RunGuest(const std::string& guest, const std::vector<std::string>& names);
-    static std::string GetGuestPath(const std::string& guest);
+    // Starts the test plug-in of this name, opens files with these names and shuts down.
+    void RunPlugin(const std::string& plugin, const std::vector<std::string>& names);
+    static std::string GetPluginPath(const std::string& plugin);
 
-    // The suite's table, acquired.
+    // Acquires a suite and returns its table.
     template <class Suite>
     const Suite& Acquire(const char* name, int version)
     {
         const Suite* suite = nullptr;
-        EXPECT_EQ(headless::gBasicSuite.AcquireSuite(name, version, &suite), kHostSuccess);
+        EXPECT_EQ(kHostSuccess, headless::gBasicSuite.AcquireSuite(name, version, &suite));
         return *suite;
     }
 

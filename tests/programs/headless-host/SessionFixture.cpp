@@ -7,32 +7,32 @@ SessionFixture::SessionFixture()
     WriteJournal();
     application = std::make_unique<headless::Application>(*host, "en");
     std::string error;
-    EXPECT_TRUE(application->Start(GetGuestPath("subscribes-all"), error)) << error;
-    run = std::make_unique<headless::HostRun>(
-        headless::HostRun{*host, *application, options, folder});
-    session = std::make_unique<headless::Session>(*run);
-    (void)TakeMessages();  // the start is over
+    EXPECT_TRUE(application->Start(GetPluginPath("subscribes-all"), error)) << error;
+    running = std::make_unique<headless::RunningHost>(
+        headless::RunningHost{*host, *application, options, folder});
+    session = std::make_unique<headless::Session>(*running);
+    (void)TakeMessages();  // skip the messages of the start
 }
 
 SessionFixture::~SessionFixture()
 {
     session.reset();
     application.reset();
-    EXPECT_THAT(host->errors.Lines(), testing::IsEmpty());
+    EXPECT_THAT(host->violations.Lines(), testing::IsEmpty());
 }
 
 headless::LineResult SessionFixture::Try(const std::string& line)
 {
     testing::internal::CaptureStdout();
-    headless::LineResult result = session->RunLine(line);
-    (void)testing::internal::GetCapturedStdout();  // what is printed is looked at elsewhere
+    headless::LineResult result = RunLine(*session, line);
+    (void)testing::internal::GetCapturedStdout();  // other tests check the output
     return result;
 }
 
 void SessionFixture::Do(const std::string& line)
 {
     const headless::LineResult result = Try(line);
-    EXPECT_EQ(result.outcome, LineOutcome::kDone) << line << ": " << result.text;
+    EXPECT_EQ(LineOutcome::kDone, result.outcome) << line << ": " << result.text;
 }
 
 std::vector<std::string> SessionFixture::TakeMessages()

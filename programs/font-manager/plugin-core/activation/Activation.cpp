@@ -1,14 +1,11 @@
 #include "plugin-core/activation/Activation.h"
 
 #include <algorithm>
-#include <fstream>
+
+#include "base/Files.h"
+#include "base/Plural.h"
 
 namespace plugincore {
-namespace {
-
-bool IsReadable(const std::string& file) { return std::ifstream(file, std::ios::binary).is_open(); }
-
-}  // namespace
 
 Activation::Activation(Database& database, FontLibrary& library, Programs& programs,
                        ActivationFolder folder, std::string holder)
@@ -20,7 +17,7 @@ Activation::Activation(Database& database, FontLibrary& library, Programs& progr
 {
 }
 
-// Works under the write lock. What fails leaves tables and folder as they were.
+// Does the work under the write lock. If it fails, tables and folder are as before.
 template <class Work>
 auto Activation::RunInTransaction(Work work)
 {
@@ -36,7 +33,7 @@ auto Activation::RunInTransaction(Work work)
     }
 }
 
-// The same, on tables and a folder that agree.
+// The same, after repairing tables and folder if that is needed.
 template <class Work>
 auto Activation::Change(Work work)
 {
@@ -48,15 +45,17 @@ auto Activation::Change(Work work)
 }
 
 void Activation::RestoreFolder() noexcept
-try {
-    if (!mMayDiffer) return;
-    Transaction transaction(mDatabase);
-    Repairs repairs;
-    MakeFolderEqual(repairs);
-    transaction.Commit();
-    mMayDiffer = false;
-} catch (const std::exception&) {
-    // The failure that led here is told; the next change, and any other program, tries again.
+{
+    try {
+        if (!mMayDiffer) return;
+        Transaction transaction(mDatabase);
+        Repairs repairs;
+        MakeFolderMatch(repairs);
+        transaction.Commit();
+        mMayDiffer = false;
+    } catch (const std::exception&) {
+        // The caller throws the first error. mMayDiffer makes the next change try this again.
+    }
 }
 
 std::string Activation::FindActiveFile(const std::string& name)
@@ -69,7 +68,7 @@ std::string Activation::FindActiveFile(const std::string& name)
 std::string Activation::FindReadableFile(const std::string& name)
 {
     const std::string file = mLibrary.Find(name).value_or("");
-    return !file.empty() && IsReadable(file) ? file : std::string();
+    return base::IsReadableFile(file) ? file : std::string();
 }
 
 void Activation::AddHold(const std::string& document, const std::string& name,
@@ -88,7 +87,7 @@ int64_t Activation::AddGroup()
     return group;
 }
 
-// False if the file is active already.
+// Adds a file to a group. Returns false if the file is active already.
 bool Activation::AddFile(const std::string& file, int64_t group, ActivationFolder::Links& links)
 {
     const std::string link = ActivationFolder::MakeLinkName(links.size(), file);
@@ -140,7 +139,8 @@ std::set<std::string> Activation::Hold(const std::string& document,
 Activation::Outcome Activation::Activate(const std::string& document,
                                          const std::vector<std::string>& names)
 {
-    // A library folder may have changed since the index was made.
+    // The index may be out of date. It is updated before the transaction, which would make other
+    // processes wait for it.
     const bool isIndexOld = std::any_of(names.begin(), names.end(), [this](const auto& name) {
         return FindActiveFile(name).empty() && FindReadableFile(name).empty();
     });
@@ -181,25 +181,25 @@ Activation::Outcome Activation::ActivateInTransaction(const std::string& documen
 
 void Activation::Release(const std::string& document)
 {
-    (void)Change([&] {  // which files went isn't asked for
+    (void)Change([&] {  // the list of files isn't needed here
         Statement(mDatabase, "DELETE FROM hold WHERE document = ? AND holder = ?")
             .Bind(document)
             .Bind(mHolder)
             .Run();
-        return DeactivateWhatNobodyHolds();
+        return DeactivateUnheld();
     });
 }
 
 void Activation::Release(const std::string& document, const std::vector<std::string>& names)
 {
     if (names.empty()) return;
-    (void)Change([&] {  // which files went isn't asked for
+    (void)Change([&] {  // the list of files isn't needed here
         Statement statement(mDatabase,
                             "DELETE FROM hold WHERE document = ? AND holder = ? AND name = ?");
         for (const std::string& name : names) {
             statement.Bind(document).Bind(mHolder).Bind(name).Run();
         }
-        return DeactivateWhatNobodyHolds();
+        return DeactivateUnheld();
     });
 }
 
@@ -245,9 +245,9 @@ std::vector<Activation::HoldOfDocument> Activation::ListHolds(const std::string&
 
 void Activation::ReleaseAll()
 {
-    (void)Change([&] {  // which files went isn't asked for
+    (void)Change([&] {  // the list of files isn't needed here
         Statement(mDatabase, "DELETE FROM hold WHERE holder = ?").Bind(mHolder).Run();
-        return DeactivateWhatNobodyHolds();
+        return DeactivateUnheld();
     });
 }
 
@@ -268,12 +268,12 @@ Activation::Repairs Activation::RepairIfNeeded()
 
 void Activation::RepairInTransaction(Repairs& repairs)
 {
-    DropHoldsOfGonePrograms(repairs);
-    repairs.deactivatedFiles = DeactivateWhatNobodyHolds();
-    MakeFolderEqual(repairs);
+    DeleteHoldsOfGonePrograms(repairs);
+    repairs.deactivatedFiles = DeactivateUnheld();
+    MakeFolderMatch(repairs);
 }
 
-void Activation::DropHoldsOfGonePrograms(Repairs& repairs)
+void Activation::DeleteHoldsOfGonePrograms(Repairs& repairs)
 {
     for (const Programs::Program& program : mPrograms.ListGone()) {
         repairs.gonePrograms.push_back(mPrograms.Describe(program.identity));
@@ -286,7 +286,7 @@ void Activation::DropHoldsOfGonePrograms(Repairs& repairs)
     }
 }
 
-std::vector<std::string> Activation::DeactivateWhatNobodyHolds()
+std::vector<std::string> Activation::DeactivateUnheld()
 {
     std::set<int64_t> touched;
     std::vector<std::string> files;
@@ -313,12 +313,11 @@ std::vector<std::string> Activation::DeactivateWhatNobodyHolds()
     return files;
 }
 
-void Activation::MakeFolderEqual(Repairs& repairs)
+void Activation::MakeFolderMatch(Repairs& repairs)
 {
     mMayDiffer = true;
     if (const size_t count = mFolder.RemoveLeftovers(); count != 0) {
-        repairs.folderChanges.push_back("removed " + std::to_string(count) + " half done folder" +
-                                        (count == 1 ? "" : "s"));
+        repairs.folderChanges.push_back("removed " + base::Count(count, "unfinished folder"));
     }
     const std::vector<int64_t> known = GetGroups();
     for (const int64_t group : mFolder.List()) {
@@ -333,8 +332,7 @@ void Activation::MakeFolderEqual(Repairs& repairs)
         mFolder.Hide(group);
         mFolder.Show(group, links);
         repairs.folderChanges.push_back("restored group " + std::to_string(group) + ", " +
-                                        std::to_string(links.size()) + " file" +
-                                        (links.size() == 1 ? "" : "s"));
+                                        base::Count(links.size(), "file"));
     }
 }
 

@@ -11,35 +11,36 @@
 
 namespace plugincore {
 
-// Which fonts of the library are active for the user, and which document in which process needs
-// them. The tables are the truth and the folder is derived from them.
+// Activates fonts of the library for the user, and records which document in which process holds
+// them. The database's tables are authoritative; the activation folder is derived from them.
 //
-// A font stays active as long as any document of any live process holds it. What is active without
-// PluginCore is neither held nor touched. A whole file comes and goes with each name in it: holding
-// one name of a collection keeps all.
+// A font remains active as long as a document of a running process holds it. Fonts that are active
+// without PluginCore are neither held nor changed. Fonts are activated by file: holding one name of
+// a collection keeps all of its names active.
 //
-// Several processes may work at once, and each may be killed at any moment. What changes tables and
-// folder does so under the database's write lock, and first puts right what a killed process left.
+// Several processes may use the tables and the folder at the same time, and each can be killed at
+// any moment. Every change is made under the database's write lock and repairs first what a killed
+// process left. Errors are thrown as Failure; tables and folder are unchanged then. [main-thread]
 class Activation {
 public:
-    // `holder` is the identity of this process, which is in the list of programs whenever something
+    // `holder` is the identity of this process. It must be in the list of programs before anything
     // is changed. The references have to outlive this object.
     Activation(Database& database, FontLibrary& library, Programs& programs,
                ActivationFolder folder, std::string holder);
 
     struct Outcome {
-        std::vector<std::string> activated;  // names asked for that weren't visible before
-        std::vector<std::string> failed;     // names that no readable file has
+        std::vector<std::string> activated;  // requested names that weren't active before
+        std::vector<std::string> failed;     // requested names that no readable file has
     };
 
-    // One document's need for a name.
+    // A document that holds a name.
     struct HoldOfDocument {
         std::string document;
         std::string file;
-        std::string holder;  // identity of the process
+        std::string holder;  // identity of the process that has the document open
     };
 
-    // What a repair found, as texts for the user.
+    // What Repair changed, in words for the user.
     struct Repairs {
         std::vector<std::string> gonePrograms;
         std::vector<std::string> droppedHolds;
@@ -51,43 +52,44 @@ public:
         }
     };
 
-    // What a killed process left: drops the holds of processes that are gone, deactivates what
-    // nobody holds and makes the folder equal to the tables.
+    // Repairs what a killed process left: deletes the holds of processes that no longer run,
+    // deactivates fonts that no document holds and makes the folder match the tables.
     Repairs Repair();
 
-    // The same if a process was killed since the last look, or a change of this one failed half
-    // way. Takes no lock if there is nothing to do.
+    // The same, but only if a listed process no longer runs or a change by this process failed
+    // halfway. Otherwise takes no lock.
     Repairs RepairIfNeeded();
 
-    // Makes the document hold those of the names that PluginCore activated; returns them.
+    // Makes the document hold those of the names that PluginCore has activated. Returns them.
     std::set<std::string> Hold(const std::string& document, const std::vector<std::string>& names);
 
-    // Activates the names as one group and makes the document hold them. The empty document, one
-    // that never had a file and is closed by nobody, only holds what wasn't active yet.
+    // Activates the names as one group and makes the document hold them. The document "" has no
+    // path, so no close event releases it: it only holds names that weren't active before.
     Outcome Activate(const std::string& document, const std::vector<std::string>& names);
 
-    // Drops this process's holds of the document, and deactivates what nobody holds any more.
+    // Deletes the holds that the document has in this process and deactivates fonts that no
+    // document holds now.
     void Release(const std::string& document);
 
-    // The same for single names. What the document doesn't hold is passed over.
+    // The same for some names. Names that the document doesn't hold are ignored.
     void Release(const std::string& document, const std::vector<std::string>& names);
 
-    // The names that a document of this process holds.
+    // The names that the document holds in this process.
     std::set<std::string> GetHeld(const std::string& document);
 
-    // The documents of this process that hold something.
+    // The documents that hold names in this process.
     std::vector<std::string> GetHolders();
 
-    // All names that are active through the folder, whoever holds them.
+    // All names that are active through the folder, for any process.
     std::set<std::string> GetActive();
 
-    // The file that makes the name active through the folder, empty if none does.
+    // The file through which the name is active in the folder; "" if it isn't.
     std::string FindActiveFile(const std::string& name);
 
-    // Who holds the name, by document.
+    // All holds of the name, sorted by document.
     std::vector<HoldOfDocument> ListHolds(const std::string& name);
 
-    // The same for all documents of this process.
+    // Releases all documents of this process.
     void ReleaseAll();
 
     const ActivationFolder& GetFolder() const { return mFolder; }
@@ -105,9 +107,9 @@ private:
     ActivationFolder::Links GetLinks(int64_t group);
     std::vector<int64_t> GetGroups();
     void RepairInTransaction(Repairs& repairs);
-    void DropHoldsOfGonePrograms(Repairs& repairs);
-    std::vector<std::string> DeactivateWhatNobodyHolds();
-    void MakeFolderEqual(Repairs& repairs);
+    void DeleteHoldsOfGonePrograms(Repairs& repairs);
+    std::vector<std::string> DeactivateUnheld();
+    void MakeFolderMatch(Repairs& repairs);
     Outcome ActivateInTransaction(const std::string& document,
                                   const std::vector<std::string>& names);
 
@@ -116,7 +118,7 @@ private:
     Programs& mPrograms;
     ActivationFolder mFolder;
     std::string mHolder;
-    bool mMayDiffer = false;  // the folder was changed and the tables weren't
+    bool mMayDiffer = false;  // the folder was changed and the tables may not have been
 };
 
 }  // namespace plugincore

@@ -22,7 +22,7 @@ std::string GetGroupName(int64_t group) { return "g" + std::to_string(group); }
 
 bool IsHexDigit(char c) { return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f'); }
 
-// The number of a group's folder, or 0: groups count from 1.
+// The number in the name of a group's folder; 0, which no group has, for any other name.
 int64_t GetGroupNumber(const std::string& name)
 {
     constexpr size_t kMostDigits = 18;
@@ -50,10 +50,10 @@ void MakeLinks(const fs::path& folder, const ActivationFolder::Links& links)
 {
     std::error_code error;
     fs::create_directories(folder, error);
-    if (error) Throw(folder, "cannot be made", error);
+    if (error) Throw(folder, "cannot be created", error);
     for (const auto& [name, file] : links) {
         fs::create_symlink(file, folder / name, error);
-        if (error) Throw(folder / name, "cannot be made", error);
+        if (error) Throw(folder / name, "cannot be created", error);
     }
 }
 
@@ -72,13 +72,14 @@ void Rename(const fs::path& from, const fs::path& to)
 {
     std::error_code error;
     fs::rename(from, to, error);
-    if (error) Throw(to, "cannot be put in place", error);
+    if (error) Throw(to, "cannot be replaced", error);
 }
 
 }  // namespace
 
 std::string ActivationFolder::MakeLinkName(size_t position, const std::string& file)
 {
+    // The file's name is kept for people who look into the folder, up to the file system's limit.
     constexpr size_t kLongestName = 200;
     const fs::path name = fs::path(file).filename();
     const std::string number = std::to_string(position);
@@ -86,6 +87,7 @@ std::string ActivationFolder::MakeLinkName(size_t position, const std::string& f
     return number + "-" + name.string();
 }
 
+// Groups are spread over 256 folders: fontconfig lists a folder again when its entries change.
 fs::path ActivationFolder::GetParent(int64_t group) const
 {
     constexpr const char* kDigits = "0123456789abcdef";
@@ -103,7 +105,7 @@ void ActivationFolder::Show(int64_t group, const Links& links) const
         Rename(prepared, parent / GetGroupName(group));
     } catch (...) {
         std::error_code error;
-        (void)fs::remove_all(prepared, error);  // invisible; the failure that led here is told
+        (void)fs::remove_all(prepared, error);  // invisible; the first error is thrown
         throw;
     }
 }
@@ -114,12 +116,13 @@ void ActivationFolder::KeepOnly(int64_t group, const Links& links) const
     const fs::path prepared = GetParent(group) / ("." + GetGroupName(group) + ".new");
     Remove(prepared);
     MakeLinks(prepared, links);
-    // The group keeps its path, so that a reader who knows it already finds what stays.
+    // Exchanged and not replaced: the path always exists, so that a reader that has listed it finds
+    // the remaining links.
     const bool isExchanged =
         renameat2(AT_FDCWD, prepared.c_str(), AT_FDCWD, visible.c_str(), RENAME_EXCHANGE) == 0;
     std::error_code error;
-    if (!isExchanged) RemoveOthers(visible, links);  // a file system that can't exchange
-    (void)fs::remove_all(prepared, error);           // invisible; the next start tries again
+    if (!isExchanged) RemoveOthers(visible, links);  // not every file system can exchange
+    (void)fs::remove_all(prepared, error);           // invisible; RemoveLeftovers tries again
 }
 
 void ActivationFolder::Hide(int64_t group) const
@@ -131,8 +134,8 @@ void ActivationFolder::Hide(int64_t group) const
     if (!fs::exists(fs::symlink_status(visible, error))) return;
     Remove(hidden);
     Rename(visible, hidden);
-    (void)fs::remove_all(hidden, error);  // invisible by now; the next start tries again
-    (void)fs::remove(parent, error);      // stays as long as another group is in it
+    (void)fs::remove_all(hidden, error);  // invisible; RemoveLeftovers tries again
+    (void)fs::remove(parent, error);      // fails if another group is in it
 }
 
 bool ActivationFolder::Holds(int64_t group, const Links& links) const

@@ -8,43 +8,43 @@
 
 namespace plugincore {
 
-// The folder below the user's fonts through which fontconfig sees what PluginCore activated.
+// The folder below the user's fonts in which fontconfig finds the fonts that PluginCore activated.
 //
-// Each group of fonts is a folder of links, <2 hex digits>/g<number>, which comes, changes and goes
-// in one step: a reader sees all of a group or none. It is prepared, and taken apart, under a name
-// with a leading dot, which fontconfig passes over. (A reader that is opening a group's files for
-// the first time, with no cache yet, at the moment the group goes, misses those it hasn't come to.)
+// Each group of fonts is a folder of symbolic links, <2 hex digits>/g<number>. It is added, changed
+// and removed atomically: a reader sees all of a group or nothing of it. It is prepared and deleted
+// under a name with a leading dot, which fontconfig ignores. (Exception: a reader without a cache
+// that is reading the files of a group when it is removed misses the files that it hasn't reached.)
 //
-// Only one process at a time may call what changes the folder; the database's write lock sees to
-// that. Failures are thrown as Failure.
+// Only one process at a time may change the folder: callers hold the database's write lock. Errors
+// are thrown as Failure.
 class ActivationFolder {
 public:
-    // From the name of a link to the file that it leads to.
+    // The name of each link and the file that it leads to.
     using Links = std::map<std::string, std::string>;
 
     explicit ActivationFolder(std::filesystem::path folder) : mFolder(std::move(folder)) {}
 
-    // The name of a file's link; `position` makes it the only one in its group.
+    // Returns the name for a link to a file. `position` makes it unique in its group.
     static std::string MakeLinkName(size_t position, const std::string& file);
 
-    // Makes the group visible in one step. What is there under that number goes first.
+    // Adds a group atomically. Removes an existing group with this number first.
     void Show(int64_t group, const Links& links) const;
 
-    // Leaves only these links, all of them there already, in a visible group. They are visible at
-    // any moment, and the others go in one step.
+    // Removes the other links of a group atomically. `links` must exist already, and they remain
+    // visible throughout.
     void KeepOnly(int64_t group, const Links& links) const;
 
-    // Makes the group invisible in one step, then removes it. One that isn't there is no failure.
+    // Removes a group atomically. A missing group is no error.
     void Hide(int64_t group) const;
 
-    // Whether the group is there with exactly these links.
+    // Whether the group exists and has exactly these links.
     bool Holds(int64_t group, const Links& links) const;
 
-    // The numbers of all groups that are there.
+    // The numbers of all groups.
     std::vector<int64_t> List() const;
 
-    // Removes what a killed process left half done; returns how much. Nothing that this class
-    // didn't make is touched.
+    // Removes folders that a killed process was preparing or deleting. Returns their number.
+    // Ignores files and folders that this class didn't create.
     size_t RemoveLeftovers() const;
 
     const std::filesystem::path& GetPath() const { return mFolder; }

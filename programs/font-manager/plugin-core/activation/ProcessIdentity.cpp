@@ -23,14 +23,14 @@ std::string GetBoot()
     return boot;
 }
 
-// Empty if the process is gone or can't be looked at. A zombie counts as gone: it holds nothing
-// any more.
+// Reads the identity of the process with this pid from /proc. Returns "" if it can't be read
+// (isRead is false then) or the process is a zombie, which can't release anything any more.
 std::string GetIdentity(const std::string& pid, bool& isRead)
 {
     std::ifstream file("/proc/" + pid + "/stat");
     std::string line;
     isRead = static_cast<bool>(std::getline(file, line));
-    // The program's name stands in brackets and may hold anything, brackets too.
+    // The second field is the program's name in parentheses, and may contain parentheses itself.
     const size_t nameEnd = line.rfind(')');
     if (!isRead || nameEnd == std::string::npos) return {};
     std::istringstream fields(line.substr(nameEnd + 1));
@@ -44,7 +44,7 @@ std::string GetIdentity(const std::string& pid, bool& isRead)
     return pid + ":" + GetBoot() + ":" + field;
 }
 
-// Whether no process has the number.
+// Whether no process has this pid.
 bool IsFree(const std::string& pid)
 {
     pid_t number = 0;
@@ -71,7 +71,8 @@ bool IsProcessAlive(const std::string& identity)
     if (!isNumber) return false;
     bool isRead = false;
     const std::string present = GetIdentity(pid, isRead);
-    // Out of file descriptors, say: holds aren't dropped for that.
+    // /proc can be unreadable for a moment (EMFILE, for example). That must not delete the holds of
+    // a running process.
     return isRead ? present == identity : !IsFree(pid);
 }
 

@@ -2,17 +2,17 @@
 
 #include <string>
 
-// Names a process for good: its number can come again, together with its start time it can't.
+// A pid can be reused; pid, boot id and start time together identify a process uniquely.
 namespace plugincore {
 
-// "<pid>:<boot>:<start time>" of this process. Throws Failure if the system doesn't tell.
+// Returns "<pid>:<boot id>:<start time>" of this process. Throws Failure if /proc can't be read.
 std::string GetIdentityOfThisProcess();
 
-// Whether the process that once got this identity still runs. A text of another form names none.
-// One that runs and can't be looked at for the moment counts as running.
+// Whether the process with this identity runs; false for a text of another form. True if a process
+// with this pid runs and its start time can't be read.
 bool IsProcessAlive(const std::string& identity);
 
-// The file name of this process's executable.
+// Returns the file name of this process's executable; "" if it can't be read.
 std::string GetNameOfThisProgram();
 
 }  // namespace plugincore

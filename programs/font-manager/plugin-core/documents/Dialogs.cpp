@@ -9,19 +9,20 @@
 #include <sstream>
 
 #include "HostPlatform_Linux.h"
+#include "base/Strings.h"
 #include "plugin-core/storage/ErrorLog.h"
 
 namespace plugincore {
 namespace {
 
-// The marked positions, or nothing if the answer isn't a list of numbers of the question.
+// Marks the fonts whose numbers are in the answer. Returns false if the answer has anything else.
 bool ReadNumbers(const std::string& answer, std::vector<bool>& marked)
 {
-    std::string blanks = answer;
-    std::replace(blanks.begin(), blanks.end(), ',', ' ');
-    std::istringstream words(blanks);
+    std::string words = answer;
+    std::replace(words.begin(), words.end(), ',', ' ');
+    std::istringstream stream(words);
     bool any = false;
-    for (std::string word; words >> word;) {
+    for (std::string word; stream >> word;) {
         size_t number = 0;
         std::istringstream digits(word);
         if (!(digits >> number) || !digits.eof() || number < 1 || number > marked.size()) {
@@ -33,18 +34,12 @@ bool ReadNumbers(const std::string& answer, std::vector<bool>& marked)
     return any;
 }
 
-std::string Trim(const std::string& text)
-{
-    const size_t first = text.find_first_not_of(" \t\r");
-    if (first == std::string::npos) return {};
-    return text.substr(first, text.find_last_not_of(" \t\r") - first + 1);
-}
-
 }  // namespace
 
 void ShowAlert(const std::string& message, const std::string& information)
 {
     using GetTable = SHostPlatform* (*)();
+    // Looked up by name: PluginCore must load into programs that don't export it, such as Vexcor.
     const auto getTable = reinterpret_cast<GetTable>(dlsym(RTLD_DEFAULT, "GetHostPlatform"));
     SHostPlatform* platform = getTable ? getTable() : nullptr;
     if (platform && platform->showAlert) {
@@ -72,7 +67,7 @@ std::vector<std::string> AskForFonts(const std::vector<std::string>& names, std:
         out << "Activate them? (y, n, or numbers) " << std::flush;
         std::string line;
         if (!std::getline(in, line)) return {};
-        const std::string answer = Trim(line);
+        const std::string answer(base::Trim(line));
         if (answer == "y" || answer == "yes") return names;
         if (answer == "n" || answer == "no") return {};
         std::vector<bool> marked(names.size(), false);
@@ -90,7 +85,7 @@ std::string AskForText(const std::string& question, std::istream& in, std::ostre
     out << question << ' ' << std::flush;
     std::string line;
     if (!std::getline(in, line)) return {};
-    return Trim(line);
+    return std::string(base::Trim(line));
 }
 
 void Refusals::Begin(const std::string& document)

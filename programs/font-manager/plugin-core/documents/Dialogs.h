@@ -8,40 +8,46 @@
 
 namespace plugincore {
 
-// Shows both texts on the host's alert, else on standard error.
+// Shows a message in the host's alert, or on standard error if the host has none.
 void ShowAlert(const std::string& message, const std::string& information);
 
-// Whether the user is asked at all: the environment variable CORVANTA_INTERACTIVE is "1".
+// Whether the user can be asked: the environment variable CORVANTA_INTERACTIVE is "1".
 bool IsInteractive();
 
-// Asks which of the fonts to activate, in one question that lists them by number. "y" takes all,
-// "n" none, numbers those. Any other answer is asked again; the end of the input takes none.
+// Asks which fonts to activate, in one question that numbers them. Returns all for the answer "y",
+// none for "n" or the end of the input, and the listed ones for numbers. Repeats the question after
+// any other answer.
 std::vector<std::string> AskForFonts(const std::vector<std::string>& names, std::istream& in,
                                      std::ostream& out);
 
-// Asks for one line, as for a path. Blanks around it are dropped; the end of the input gives the
-// empty text.
+// Asks for one line. Returns it without spaces at its ends, or "" at the end of the input.
 std::string AskForText(const std::string& question, std::istream& in, std::ostream& out);
 
-// What the user said no to, so that the second look at a document that is being opened doesn't ask
-// the same again.
+// The fonts that the user refused, by document. The plug-in asks about a document twice while it is
+// opened; the user must not see the same question twice.
 class Refusals {
 public:
-    // A document is about to be opened: what was refused for it earlier is asked again.
+    // Begins the opening of a document: forgets what was refused for it and makes it the current
+    // document.
     void Begin(const std::string& document);
 
-    // The document that the coming question is about.
+    // Makes a document the current one.
     void Continue(const std::string& document) { mDocument = document; }
 
+    // Whether the name was refused for the current document.
     bool Has(const std::string& name) const;
 
-    // The same for a certain document.
+    // Whether the name was refused for a document.
     bool HasFor(const std::string& document, const std::string& name) const;
+
+    // Adds a name that is refused for the current document.
     void Add(const std::string& name) { mNames[mDocument].insert(name); }
+
+    // Forgets what was refused for a document.
     void Forget(const std::string& document) { mNames.erase(document); }
 
 private:
-    std::string mDocument;
+    std::string mDocument;  // the current document
     std::map<std::string, std::set<std::string>> mNames;
 };
 

@@ -4,8 +4,9 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <filesystem>
+
+#include "base/Files.h"
 
 namespace fs = std::filesystem;
 
@@ -16,14 +17,12 @@ bool IsFontByExtension(const fs::path& path)
 {
     static const std::array<const char*, 8> kExtensions = {".ttf", ".otf", ".ttc",   ".otc",
                                                            ".pfb", ".pfa", ".dfont", ".woff"};
-    std::string extension = path.extension();
-    std::transform(extension.begin(), extension.end(), extension.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return std::find(kExtensions.begin(), kExtensions.end(), extension) != kExtensions.end();
+    return std::find(kExtensions.begin(), kExtensions.end(), base::GetLowerExtension(path)) !=
+           kExtensions.end();
 }
 
-// The entries of one folder. One that vanishes or can't be read has none, whatever becomes of the
-// others.
+// The entries of one folder. Not a recursive iterator, which would end the whole search at the
+// first folder that can't be read.
 std::vector<fs::directory_entry> ListEntries(const std::string& folder)
 {
     std::vector<fs::directory_entry> entries;
@@ -35,7 +34,7 @@ std::vector<fs::directory_entry> ListEntries(const std::string& folder)
     return entries;
 }
 
-// Calls `visit` with each entry that is no folder; returns the folders.
+// Calls `visit` for each entry that isn't a folder. Returns the folders.
 template <class Visit>
 std::vector<std::string> Walk(const std::string& root, Visit visit)
 {
@@ -59,7 +58,7 @@ std::vector<FontFileState> ListFontFiles(const std::string& folder)
 {
     constexpr int64_t kNanosecondsPerSecond = 1000000000;
     std::vector<FontFileState> files;
-    (void)Walk(folder, [&files](const fs::path& path) {  // which folders there are isn't asked for
+    (void)Walk(folder, [&files](const fs::path& path) {  // the folders aren't needed here
         struct stat status = {};
         if (!IsFontByExtension(path) || stat(path.c_str(), &status) != 0 ||
             !S_ISREG(status.st_mode)) {

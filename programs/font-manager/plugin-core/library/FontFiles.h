@@ -6,19 +6,19 @@
 
 namespace plugincore {
 
-// A font file as the folder shows it, without looking into it.
+// A font file with what the file system knows about it.
 struct FontFileState {
     std::string path;
     int64_t modified = 0;  // nanoseconds since 1970
     int64_t size = 0;      // bytes
 };
 
-// All regular files below `folder` that are fonts by their extension, whatever its case. Folders
-// that can't be read are left out; a folder that isn't there has none.
+// Lists all regular files below `folder` that have a font's extension, in upper or lower case.
+// Symbolic links to files are followed. Folders that are missing or can't be read are ignored.
 std::vector<FontFileState> ListFontFiles(const std::string& folder);
 
-// The folder itself and all folders below it, in which ListFontFiles looks. Links to folders are
-// followed for `folder` alone.
+// Lists `folder` and all folders below it, as ListFontFiles searches them. Symbolic links to
+// folders are ignored, except `folder` itself.
 std::vector<std::string> ListFolders(const std::string& folder);
 
 }  // namespace plugincore

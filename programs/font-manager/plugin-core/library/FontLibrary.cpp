@@ -53,38 +53,25 @@ void Store(Database& database, const std::string& folder, const std::vector<Read
     }
 }
 
-// The library folders as JSON text for json_each, so that a statement takes any number of them.
-std::string QuoteForJson(const std::string& text)
-{
-    std::string quoted = "\"";
-    for (const char c : text) {
-        constexpr const char* kDigits = "0123456789abcdef";
-        const auto byte = static_cast<unsigned char>(c);
-        if (byte < 0x20) {
-            quoted += std::string("\\u00") + kDigits[byte >> 4] + kDigits[byte & 15];
-            continue;
-        }
-        if (c == '"' || c == '\\') quoted += '\\';
-        quoted += c;
-    }
-    return quoted + '"';
-}
-
-std::string GetFoldersAsJson(const std::vector<std::string>& folders)
-{
-    std::string text = "[";
-    for (const std::string& folder : folders) {
-        text += (text.size() > 1 ? "," : "") + QuoteForJson(folder);
-    }
-    return text + "]";
-}
-
-constexpr const char* kOfFaces =
+// The faces with their files. Followed by conditions.
+constexpr const char* kFromFaces =
     " FROM font_face JOIN font_file ON font_file.id = font_face.file WHERE ";
 
-constexpr const char* kInFolders = "library IN (SELECT value FROM json_each(?))";
+// A condition with a parameter for each folder. Paths are bound byte for byte: they needn't be
+// UTF-8.
+std::string MakeInFolders(const std::vector<std::string>& folders)
+{
+    std::string parameters;
+    for (size_t count = 0; count < folders.size(); ++count) parameters += count == 0 ? "?" : ",?";
+    return "library IN (" + parameters + ")";
+}
 
-// Below a folder, or anywhere if the text is empty.
+void BindAll(Statement& statement, const std::vector<std::string>& texts)
+{
+    for (const std::string& text : texts) statement.Bind(text);
+}
+
+// The file is below a folder, or anywhere if the prefix is "". See BindBelow.
 constexpr const char* kBelow = "substr(path, 1, length(?)) = ?";
 
 void BindBelow(Statement& statement, const std::string& folder)
@@ -118,7 +105,7 @@ void FontLibrary::RefreshFolder(const std::string& folder)
 {
     std::map<std::string, KnownFile> gone = LoadKnownFiles(mDatabase, folder);
     std::vector<ReadFile> changed;
-    // The reading is done before the transaction: other processes don't wait for it.
+    // Files are read before the transaction, so that other processes don't wait for it.
     for (const FontFileState& state : ListFontFiles(folder)) {
         const auto known = gone.find(state.path);
         const bool isSame = known != gone.end() && known->second.modified == state.modified &&
@@ -130,7 +117,7 @@ void FontLibrary::RefreshFolder(const std::string& folder)
     mFilesGone += static_cast<int64_t>(gone.size());
     if (changed.empty() && gone.empty()) return;
     Transaction transaction(mDatabase);
-    // What another process has stored meanwhile is newer, and stays.
+    // Rows that another process has changed since then are newer, and no longer match.
     Statement remove(mDatabase,
                      "DELETE FROM font_file"
                      " WHERE id = ? AND path = ? AND modified = ? AND size = ?");
@@ -143,12 +130,11 @@ void FontLibrary::RefreshFolder(const std::string& folder)
 
 std::optional<std::string> FontLibrary::FindIn(const std::string& folder, const std::string& name)
 {
-    Statement statement(mDatabase, std::string("SELECT path FROM font_face JOIN font_file ON"
-                                               " font_file.id = font_face.file"
-                                               " WHERE name = ? AND ") +
-                                       kInFolders + " AND " + kBelow +
+    Statement statement(mDatabase, std::string("SELECT path") + kFromFaces + "name = ? AND " +
+                                       MakeInFolders(mFolders) + " AND " + kBelow +
                                        " ORDER BY is_type1, modified DESC, path LIMIT 1");
-    statement.Bind(name).Bind(GetFoldersAsJson(mFolders));
+    statement.Bind(name);
+    BindAll(statement, mFolders);
     BindBelow(statement, folder);
     if (!statement.Step()) return std::nullopt;
     return statement.GetText(0);
@@ -166,11 +152,12 @@ std::optional<std::string> FontLibrary::FindAnywhere(const std::string& postScri
 
 std::vector<std::string> FontLibrary::ListFiles(const std::string& postScriptName)
 {
-    Statement statement(mDatabase, std::string("SELECT path") + kOfFaces + "name = ? AND " +
-                                       kInFolders +
+    Statement statement(mDatabase, std::string("SELECT path") + kFromFaces + "name = ? AND " +
+                                       MakeInFolders(mFolders) +
                                        " GROUP BY path"
                                        " ORDER BY MIN(is_type1), MAX(modified) DESC, path");
-    statement.Bind(postScriptName).Bind(GetFoldersAsJson(mFolders));
+    statement.Bind(postScriptName);
+    BindAll(statement, mFolders);
     return GetTexts(statement);
 }
 
@@ -179,10 +166,11 @@ std::vector<std::string> FontLibrary::ListSimilarNames(const std::string& postSc
     const auto simplify = [](const char* text) {
         return std::string("lower(replace(replace(") + text + ", '-', ''), ' ', ''))";
     };
-    Statement statement(mDatabase, std::string("SELECT DISTINCT name") + kOfFaces + kInFolders +
-                                       " AND name <> ? AND " + simplify("name") + " = " +
-                                       simplify("?") + " ORDER BY name");
-    statement.Bind(GetFoldersAsJson(mFolders)).Bind(postScriptName).Bind(postScriptName);
+    Statement statement(mDatabase, std::string("SELECT DISTINCT name") + kFromFaces +
+                                       MakeInFolders(mFolders) + " AND name <> ? AND " +
+                                       simplify("name") + " = " + simplify("?") + " ORDER BY name");
+    BindAll(statement, mFolders);
+    statement.Bind(postScriptName).Bind(postScriptName);
     return GetTexts(statement);
 }
 
@@ -190,8 +178,8 @@ std::vector<FontLibrary::BadFile> FontLibrary::ListBadFiles()
 {
     Statement statement(mDatabase, std::string("SELECT DISTINCT path, problem FROM font_file"
                                                " WHERE problem <> '' AND ") +
-                                       kInFolders + " ORDER BY path");
-    statement.Bind(GetFoldersAsJson(mFolders));
+                                       MakeInFolders(mFolders) + " ORDER BY path");
+    BindAll(statement, mFolders);
     std::vector<BadFile> files;
     while (statement.Step()) files.push_back({statement.GetText(0), statement.GetText(1)});
     return files;
@@ -200,11 +188,10 @@ std::vector<FontLibrary::BadFile> FontLibrary::ListBadFiles()
 std::vector<std::string> FontLibrary::ListNames(const std::string& folder, int64_t offset,
                                                 int64_t limit)
 {
-    Statement statement(mDatabase, std::string("SELECT DISTINCT name FROM font_face JOIN font_file"
-                                               " ON font_file.id = font_face.file WHERE ") +
-                                       kInFolders + " AND " + kBelow +
+    Statement statement(mDatabase, std::string("SELECT DISTINCT name") + kFromFaces +
+                                       MakeInFolders(mFolders) + " AND " + kBelow +
                                        " ORDER BY name LIMIT ? OFFSET ?");
-    statement.Bind(GetFoldersAsJson(mFolders));
+    BindAll(statement, mFolders);
     BindBelow(statement, folder);
     statement.Bind(limit).Bind(offset);
     return GetTexts(statement);
@@ -212,28 +199,24 @@ std::vector<std::string> FontLibrary::ListNames(const std::string& folder, int64
 
 int64_t FontLibrary::CountNames(const std::string& folder)
 {
-    Statement statement(mDatabase, std::string("SELECT COUNT(DISTINCT name) FROM font_face JOIN"
-                                               " font_file ON font_file.id = font_face.file"
-                                               " WHERE ") +
-                                       kInFolders + " AND " + kBelow);
-    statement.Bind(GetFoldersAsJson(mFolders));
+    Statement statement(mDatabase, std::string("SELECT COUNT(DISTINCT name)") + kFromFaces +
+                                       MakeInFolders(mFolders) + " AND " + kBelow);
+    BindAll(statement, mFolders);
     BindBelow(statement, folder);
     return statement.Step() ? statement.GetNumber(0) : 0;
 }
 
 std::vector<std::string> FontLibrary::GetNamesInFile(const std::string& path)
 {
-    Statement statement(mDatabase,
-                        "SELECT DISTINCT name FROM font_face JOIN font_file ON"
-                        " font_file.id = font_face.file WHERE path = ?");
+    Statement statement(mDatabase, std::string("SELECT DISTINCT name") + kFromFaces + "path = ?");
     statement.Bind(path);
     return GetTexts(statement);
 }
 
 int64_t FontLibrary::CountRows(const std::string& selectFromWhere)
 {
-    Statement statement(mDatabase, selectFromWhere + kInFolders);
-    statement.Bind(GetFoldersAsJson(mFolders));
+    Statement statement(mDatabase, selectFromWhere + MakeInFolders(mFolders));
+    BindAll(statement, mFolders);
     return statement.Step() ? statement.GetNumber(0) : 0;
 }
 
@@ -242,9 +225,7 @@ FontLibrary::Counts FontLibrary::GetCounts()
     Counts counts;
     counts.files = CountRows("SELECT COUNT(*) FROM font_file WHERE problem = '' AND ");
     counts.badFiles = CountRows("SELECT COUNT(*) FROM font_file WHERE problem <> '' AND ");
-    counts.names = CountRows(
-        "SELECT COUNT(DISTINCT name) FROM font_face JOIN font_file ON"
-        " font_file.id = font_face.file WHERE ");
+    counts.names = CountRows(std::string("SELECT COUNT(DISTINCT name)") + kFromFaces);
     counts.filesRead = mFilesRead;
     counts.filesGone = mFilesGone;
     return counts;

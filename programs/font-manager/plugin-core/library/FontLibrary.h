@@ -11,43 +11,43 @@ namespace plugincore {
 
 // The fonts that can be activated: those in the library folders, indexed by PostScript name.
 //
-// The index lies in the database and is brought up to date by comparing modification time and size
-// of each file, so that only what is new or changed is read. Folders are searched to any depth;
-// links to files are followed, links to folders aren't. A file counts as a font by its extension.
+// The index is in the database. Refresh compares the modification time and size of each file, so
+// that only new and changed files are read. FontFiles.h says which files these are. Errors of the
+// database are thrown as Failure. [main-thread]
 class FontLibrary {
 public:
-    // `folders` are absolute. The database has to outlive this object.
+    // `folders` are absolute paths. The database has to outlive this object.
     FontLibrary(Database& database, std::vector<std::string> folders);
 
     struct Counts {
-        int64_t files = 0;      // font files of use
+        int64_t files = 0;      // usable font files
         int64_t names = 0;      // different PostScript names
-        int64_t badFiles = 0;   // skipped; they aren't read again until they change
-        int64_t filesRead = 0;  // by the last Refresh
-        int64_t filesGone = 0;  // taken out by the last Refresh
+        int64_t badFiles = 0;   // unusable; not read again until they change
+        int64_t filesRead = 0;  // read by the last Refresh
+        int64_t filesGone = 0;  // removed from the index by the last Refresh
     };
 
-    // Other folders from now on; to be indexed by the next Refresh.
+    // Replaces the folders. The next Refresh indexes them.
     void SetFolders(std::vector<std::string> folders) { mFolders = std::move(folders); }
 
-    // From now on fonts are taken from this folder and those below it alone; the empty text lifts
-    // that.
+    // Limits Find to this folder and the folders below it; "" removes the limit.
     void SetSelection(std::string folder) { mSelection = std::move(folder); }
     const std::string& GetSelection() const { return mSelection; }
 
-    // Makes the index equal to the folders. A folder or file that can't be read is no failure.
+    // Updates the index. Folders and files that can't be read are no error.
     void Refresh();
 
-    // The file to take for a name: OpenType before Type 1, then the newest, then the first by path.
+    // Returns the file to use for a name: OpenType before Type 1, then the newest one, then the
+    // first by path.
     std::optional<std::string> Find(const std::string& postScriptName);
 
-    // The same, wherever in the folders it lies.
+    // The same in all folders, regardless of the selection.
     std::optional<std::string> FindAnywhere(const std::string& postScriptName);
 
-    // All files that have the name, wherever in the folders they lie, the one to take first.
+    // Returns all files in all folders that have the name, the one to use first.
     std::vector<std::string> ListFiles(const std::string& postScriptName);
 
-    // Names that differ from this one by case, blanks and hyphens alone.
+    // Returns the names that differ from this one only in case, spaces and hyphens.
     std::vector<std::string> ListSimilarNames(const std::string& postScriptName);
 
     struct BadFile {
@@ -56,12 +56,12 @@ public:
     };
     std::vector<BadFile> ListBadFiles();
 
-    // The names in a folder and those below it, or in all folders if it is empty, in ascending
-    // order: at most `limit` of them from position `offset`.
+    // Returns the names in a folder and the folders below it, or in all folders for "", in
+    // ascending order: at most `limit` names from position `offset`.
     std::vector<std::string> ListNames(const std::string& folder, int64_t offset, int64_t limit);
     int64_t CountNames(const std::string& folder);
 
-    // All names that a file in the index answers to.
+    // Returns all names of a file in the index.
     std::vector<std::string> GetNamesInFile(const std::string& path);
 
     Counts GetCounts();

@@ -16,6 +16,7 @@ void AddSubfolders(const std::string& root, std::vector<Library>& libraries)
     std::error_code error;
     fs::directory_iterator entry(root, error);
     for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+        // The index doesn't follow links to folders, so a linked library would have no fonts.
         std::error_code noStatus;
         const std::string name = entry->path().filename();
         if (name[0] == '.' || !fs::is_directory(entry->symlink_status(noStatus))) continue;
@@ -77,6 +78,7 @@ std::string LibraryFolders::GetSelected()
     Statement statement(mDatabase, "SELECT value FROM choice WHERE name = ?");
     if (!statement.Bind(kSelected).Step()) return {};
     const std::string path = statement.GetText(0);
+    // A folder on a disk that isn't mounted is kept as the choice, so it is back with the disk.
     std::error_code error;
     return fs::is_directory(path, error) ? path : std::string();
 }

@@ -25,7 +25,7 @@ LibraryWatch::State LibraryWatch::OSLook(const std::string& folder)
 
 bool LibraryWatch::OSIsFresh(const State& state)
 {
-    // The clock that the kernel stamps files with moves in steps of up to 10 ms.
+    // Time stamps of files come from a clock with steps of up to 10 ms. Five steps are safe.
     constexpr int64_t kSteps = 50000000;
     timespec now = {};
     if (!state.isThere || clock_gettime(CLOCK_REALTIME_COARSE, &now) != 0) return false;

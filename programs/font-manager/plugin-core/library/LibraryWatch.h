@@ -7,21 +7,21 @@
 
 namespace plugincore {
 
-// Tells that libraries came or went. A look costs one system call for each folder unless one of
-// them has changed.
+// Detects added and removed libraries. Costs one system call per folder unless a folder changed.
+// [main-thread]
 class LibraryWatch {
 public:
-    // `list` gives the paths of all libraries; it is asked only when a folder has changed.
+    // Returns the paths of all libraries. Called only if a folder may have changed.
     using List = std::function<std::vector<std::string>()>;
 
-    // From now on these folders are looked at; what is there now is known.
+    // Begins to watch these folders. The present libraries are known from now on.
     void Begin(std::vector<std::string> folders, List list);
 
-    // Looks at other folders from now on. What is known stays, so that the next look tells what
-    // they bring.
+    // Replaces the folders. The known libraries remain, so that the next HasChanged detects those
+    // in new folders.
     void SetFolders(std::vector<std::string> folders);
 
-    // Whether other libraries are there than at the last look.
+    // Whether the libraries differ from those at the last call.
     bool HasChanged();
 
 private:
@@ -36,7 +36,7 @@ private:
     };
     static State OSLook(const std::string& folder);
 
-    // Whether the folder changed so short a time ago that another change may leave the same time.
+    // Whether the folder changed so recently that another change may leave the same time stamp.
     static bool OSIsFresh(const State& state);
 
     std::vector<std::string> mFolders;

@@ -39,7 +39,7 @@ struct HostMenu {
             const auto label = node.at("label").get<std::string>();
             const auto title = node.at("title").get<std::string>();
             const json& child = node.at("child");
-            // The libraries may come later, so their submenu is there from the start.
+            // Libraries can be added later, so this submenu is needed even if it is empty now.
             const bool hasSubmenu = !child.empty() || label == MenuModel::kSelectLibrary;
             const unsigned int status =
                 callback(id.c_str(), label.c_str(), title.c_str(), node.at("checked").get<bool>(),
@@ -60,7 +60,7 @@ void AddMenus(const std::string& menusJson, AddIllustratorMenuFunction callback,
 {
     const json root = json::parse(menusJson, nullptr, false);
     if (!IsNode(root)) {
-        throw Failure(StatusCodes::kInvalidParam, "the menu text isn't a tree of menu items");
+        throw Failure(StatusCodes::kInvalidParam, "not a menu tree");
     }
     HostMenu{callback, help}.AddAll(root.at("child"), nullptr);
 }

@@ -6,9 +6,12 @@
 
 namespace plugincore {
 
-// Calls back once per node below the root, a node before its children. The children of an item that
-// the host refuses are left out and the rest goes on. Throws Failure with kInvalidParam, before the
-// first call, for a text that isn't such a tree.
+// Calls `callback` for each node below the root of a menu tree, a parent before its children.
+//
+// menusJson  the menu tree, in the form that PluginCoreFunctions.h describes
+// help       passed to the callback
+// If the callback refuses an item, logs that and skips the item's children. Throws Failure with
+// kInvalidParam, before the first call, if the text isn't a menu tree.
 void AddMenus(const std::string& menusJson, AddIllustratorMenuFunction callback,
               MenuItemHelp* help);
 

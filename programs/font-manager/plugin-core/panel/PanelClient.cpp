@@ -2,6 +2,8 @@
 
 #include <nlohmann/json.hpp>
 
+#include "base/JsonText.h"
+#include "plugin-core/panel/PanelLimits.h"
 #include "plugin-core/panel/PanelToken.h"
 
 using nlohmann::json;
@@ -37,7 +39,7 @@ void PanelClient::Queue(const std::string& line)
 
 void PanelClient::Refuse(const std::string& error, int64_t now)
 {
-    Queue(json::object({{"ok", false}, {"error", error}}).dump());
+    Queue(base::PrintJson(json::object({{"ok", false}, {"error", error}})));
     mPhase = Phase::kLeaving;
     mSince = now;
     mInput.clear();
@@ -90,7 +92,7 @@ void PanelClient::ServeRequests(const Serve& serve, int64_t now)
         Queue(answer.line);
         if (mPhase != Phase::kServed) return;
     }
-    // Whoever sent the end of the input still gets the answers to what came before it.
+    // A client may close its side after its last request and still receive all answers.
     if (mInputEnded && mInput.find('\n') == std::string::npos) mPhase = Phase::kLeaving;
 }
 
@@ -99,8 +101,8 @@ void PanelClient::Flush()
     if (mConnection.Send(mOutput) == PanelConnection::State::kEnded) mPhase = Phase::kGone;
 }
 
-// The connection is closed only when the client has taken its last line and hung up, or is too slow
-// in doing so: closing it with input unread would destroy that line on its way.
+// Waits for the client to close its side: if a connection is closed while input is unread, TCP
+// resets it and the client may lose the last line. Step limits the time and PanelLimits the bytes.
 void PanelClient::Leave()
 {
     if (mPhase != Phase::kLeaving || !mOutput.empty()) return;
@@ -115,7 +117,7 @@ bool PanelClient::Step(const std::string& token, const Serve& serve, int64_t now
         mInputEnded = mConnection.Receive(mInput, PanelLimits::kReadInATick) ==
                       PanelConnection::State::kEnded;
     }
-    if (mPhase == Phase::kStranger) Authenticate(token, now);
+    if (mPhase == Phase::kNew) Authenticate(token, now);
     if (mPhase == Phase::kServed) ServeRequests(serve, now);
     if (mPhase == Phase::kLeaving) {
         mDiscarded += mInput.size();

@@ -3,30 +3,30 @@
 #include <functional>
 #include <string>
 
-#include "plugin-core/panel/PanelLimits.h"
 #include "plugin-core/panel/PanelProtocol.h"
 #include "plugin-core/panel/PanelSocket.h"
 
 namespace plugincore {
 
-// One client of the panel's socket: first it has to present the token, then its requests are
-// served; if it does anything else it is refused, which ends it. Nothing here waits.
+// One client of the panel's socket. Its first line must present the token; then its requests are
+// served. Any violation of the protocol closes the connection after a last line. Non-blocking.
 class PanelClient {
 public:
-    // `now` in milliseconds of the server's clock.
+    // `now` is the time in milliseconds of the server's clock, here and below.
     PanelClient(PanelConnection connection, int64_t now);
 
-    // Serves a line; tells whether the client is to be told of changes from now on.
+    // Serves one request. The line has no line feed.
     using Serve = std::function<PanelProtocol::Answer(const std::string& line)>;
 
-    // Takes in, serves and gives out what can be at this moment, within the limits of one tick.
-    // False if the client is done with and to be dropped.
+    // Receives, serves and sends as much as is possible now, within the limits of one tick. Returns
+    // false if the caller has to delete this client.
     bool Step(const std::string& token, const Serve& serve, int64_t now);
 
-    // Queues a line that nobody asked for.
+    // Queues a line, which Step sends.
     void Queue(const std::string& line);
 
-    // Sends a last line, as far as it goes out at once. The client is to be dropped then.
+    // Sends the refusal, as far as that is possible without waiting. The caller has to delete this
+    // client then.
     void Reject();
 
     bool HasToken() const { return mPhase == Phase::kServed; }
@@ -34,10 +34,10 @@ public:
 
 private:
     enum class Phase {
-        kStranger,  // no token yet
-        kServed,
-        kLeaving,  // its last line is on its way; what it sends is thrown away
-        kGone,
+        kNew,      // hasn't presented the token
+        kServed,   // its requests are served
+        kLeaving,  // receives its last line; its input is discarded
+        kGone,     // closed, or about to be
     };
 
     bool TakeLine(std::string& line);
@@ -48,11 +48,11 @@ private:
     void Flush();
 
     PanelConnection mConnection;
-    Phase mPhase = Phase::kStranger;
+    Phase mPhase = Phase::kNew;
     bool mSubscribed = false;
     bool mInputEnded = false;
     bool mOutputEnded = false;
-    int64_t mSince;  // when the phase began
+    int64_t mSince;  // start of the time that the phase may take
     size_t mDiscarded = 0;
     std::string mInput;
     std::string mOutput;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/JsonText.h"
 #include "plugin-core/storage/Failure.h"
 
 using nlohmann::json;
@@ -9,22 +10,17 @@ using nlohmann::json;
 namespace plugincore {
 namespace {
 
-// Holds what the panel activated. No document has this name: one with a file has a full path.
+// Holds the fonts that the panel activated. Not the name of a document: those are full paths.
 constexpr const char* kPanel = "panel:";
 
 constexpr int64_t kMostFonts = 1000;
 constexpr int64_t kUsualFonts = 500;
-// An answer stays well below what may wait for a client.
-constexpr size_t kMostBytes = 256u << 10;
+// Far below PanelLimits::kOutput, so that an answer never closes the connection.
+constexpr size_t kMostBytes = 256U << 10;
 
 using Names = std::vector<std::string>;
 
 Failure MakeFailure(const std::string& reason) { return {StatusCodes::kInvalidParam, reason}; }
-
-std::string Print(const json& value)
-{
-    return value.dump(-1, ' ', false, json::error_handler_t::replace);
-}
 
 int64_t ReadNumber(const json& request, const char* key, int64_t fallback, int64_t most)
 {
@@ -37,11 +33,11 @@ int64_t ReadNumber(const json& request, const char* key, int64_t fallback, int64
     return member->get<int64_t>();
 }
 
-std::string ReadText(const json& request, const char* key)
+std::string ReadString(const json& request, const char* key)
 {
     const auto member = request.find(key);
     if (member == request.end()) return {};
-    if (!member->is_string()) throw MakeFailure(std::string("\"") + key + "\" isn't a text");
+    if (!member->is_string()) throw MakeFailure(std::string("\"") + key + "\" isn't a string");
     return member->get<std::string>();
 }
 
@@ -86,7 +82,7 @@ json PanelProtocol::ListFonts(const json& request)
     constexpr int64_t kMostOffset = 1000000000;
     const int64_t offset = ReadNumber(request, "offset", 0, kMostOffset);
     const int64_t limit = ReadNumber(request, "limit", kUsualFonts, kMostFonts);
-    std::string folder = ReadText(request, "library");
+    std::string folder = ReadString(request, "library");
     mServices.ApplyLibraryChoice();
     if (folder.empty()) folder = mServices.library.GetSelection();
     const Services::ActiveNames active = mServices.ListActive();
@@ -156,7 +152,7 @@ PanelProtocol::Answer PanelProtocol::Serve(const std::string& line)
         const json request = json::parse(line, nullptr, false);
         if (!request.is_object()) throw MakeFailure("the line isn't a JSON object");
         if (request.find("id") != request.end()) id = request.at("id");
-        const std::string operation = ReadText(request, "op");
+        const std::string operation = ReadString(request, "op");
         if (operation == "libraries") {
             result = ListLibraries();
         } else if (operation == "fonts") {
@@ -175,7 +171,7 @@ PanelProtocol::Answer PanelProtocol::Serve(const std::string& line)
         result = json::object({{"ok", false}, {"error", failure.what()}});
     }
     if (!id.is_null()) result["id"] = std::move(id);
-    answer.line = Print(result);
+    answer.line = base::PrintJson(result);
     return answer;
 }
 
@@ -189,7 +185,8 @@ void PanelProtocol::BeginEvents()
 std::vector<std::string> PanelProtocol::TakeEvents()
 {
     std::vector<std::string> events;
-    if (mLibrariesChanged) events.push_back(Print(json::object({{"event", "libraries"}})));
+    if (mLibrariesChanged)
+        events.push_back(base::PrintJson(json::object({{"event", "libraries"}})));
     mLibrariesChanged = false;
     std::string mark = mServices.database.GetChangeMark();
     if (mark == mMark) return events;
@@ -203,7 +200,7 @@ std::vector<std::string> PanelProtocol::TakeEvents()
     std::set_difference(mActive.begin(), mActive.end(), active.begin(), active.end(),
                         std::back_inserter(deactivated));
     mActive = std::move(active);
-    events.push_back(Print(json::object(
+    events.push_back(base::PrintJson(json::object(
         {{"event", "fonts"}, {"activated", activated}, {"deactivated", deactivated}})));
     return events;
 }

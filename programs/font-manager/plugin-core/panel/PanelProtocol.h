@@ -9,28 +9,28 @@
 
 namespace plugincore {
 
-// What the panel may ask for and what it is told, without the lines' transport. docs/PANEL.md has
-// the whole protocol. Main thread.
+// The requests and events of the panel's protocol, without the transport of lines. docs/PANEL.md
+// describes the protocol. [main-thread]
 class PanelProtocol {
 public:
     // The services have to outlive this object.
     explicit PanelProtocol(Services& services) : mServices(services) {}
 
     struct Answer {
-        std::string line;  // without the line feed
-        bool subscribes = false;
+        std::string line;         // without the line feed
+        bool subscribes = false;  // the client receives events from now on
     };
 
-    // Serves one request. Whatever the line holds, there is an answer; nothing is thrown.
+    // Serves one request. Errors are answers too; throws nothing.
     Answer Serve(const std::string& line);
 
-    // From now on TakeEvents tells what has changed.
+    // Makes the present state the one that TakeEvents compares with.
     void BeginEvents();
 
-    // A line for each thing that changed since the last call; cheap as long as nothing did.
+    // Returns the lines for changes since the last call. Costs one query if nothing has changed.
     std::vector<std::string> TakeEvents();
 
-    // Libraries came, went or were selected.
+    // Makes the next TakeEvents report that the libraries or the selection have changed.
     void AnnounceLibraryChange() { mLibrariesChanged = true; }
 
 private:
@@ -40,8 +40,8 @@ private:
     nlohmann::json Deactivate(const nlohmann::json& request);
 
     Services& mServices;
-    std::string mMark;
-    std::set<std::string> mActive;
+    std::string mMark;              // of the database at the last TakeEvents
+    std::set<std::string> mActive;  // the names that were active then
     bool mLibrariesChanged = false;
 };
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <chrono>
 
+#include "plugin-core/panel/PanelLimits.h"
+
 namespace plugincore {
 
 PanelServer::PanelServer(PanelProtocol& protocol, std::string token, Clock clock)
@@ -17,8 +19,8 @@ int64_t PanelServer::GetSteadyMilliseconds()
     return std::chrono::duration_cast<milliseconds>(now).count();
 }
 
-// The oldest client without a token gives way to a new one, so that clients that hold connections
-// open can't keep the panel out.
+// Rejects the oldest client without a token in favour of a new one: otherwise clients that do
+// nothing could occupy all places and lock the panel out.
 bool PanelServer::MakeRoom()
 {
     if (mClients.size() < PanelLimits::kClients) return true;

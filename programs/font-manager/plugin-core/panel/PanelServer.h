@@ -11,11 +11,11 @@
 
 namespace plugincore {
 
-// The panel's socket and its clients. All work is done in Serve, on the caller's thread; it never
-// waits, and what one call does is bounded by PanelLimits, whatever the clients do.
+// The panel's socket and its clients. Non-blocking: Serve does all the work, and PanelLimits bounds
+// the work of one call, whatever the clients send. [main-thread]
 class PanelServer {
 public:
-    // Milliseconds of a clock that only goes forward.
+    // Returns milliseconds of a clock that is never set back.
     using Clock = std::function<int64_t()>;
 
     // Opens the socket. The protocol has to outlive this object. Throws Failure.
@@ -24,7 +24,7 @@ public:
     uint16_t GetPort() const { return mListener.GetPort(); }
     size_t GetClientCount() const { return mClients.size(); }
 
-    // One tick. Without clients it costs one system call.
+    // Serves all clients once. Costs one system call if there are none. Throws Failure.
     void Serve();
 
 private:

@@ -3,7 +3,6 @@
 #include <arpa/inet.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <array>
@@ -21,15 +20,9 @@ namespace {
                                            std::generic_category().message(errno));
 }
 
-bool IsJustNotNow() { return errno == EAGAIN || errno == EWOULDBLOCK || errno == EINTR; }
+bool WouldBlock() { return errno == EAGAIN || errno == EWOULDBLOCK || errno == EINTR; }
 
 }  // namespace
-
-void Descriptor::OSClose() noexcept
-{
-    // What was to be sent has been sent or given up by now, so a failure has nobody to go to.
-    if (mValue >= 0) (void)close(mValue);
-}
 
 PanelConnection::State PanelConnection::Receive(std::string& bytes, size_t limit)
 {
@@ -37,7 +30,7 @@ PanelConnection::State PanelConnection::Receive(std::string& bytes, size_t limit
     while (limit > 0) {
         const ssize_t count =
             recv(mSocket.Get(), chunk.data(), std::min(chunk.size(), limit), MSG_DONTWAIT);
-        if (count < 0) return IsJustNotNow() ? State::kOpen : State::kEnded;
+        if (count < 0) return WouldBlock() ? State::kOpen : State::kEnded;
         if (count == 0) return State::kEnded;
         bytes.append(chunk.data(), static_cast<size_t>(count));
         limit -= static_cast<size_t>(count);
@@ -52,7 +45,7 @@ PanelConnection::State PanelConnection::Send(std::string& bytes)
     while (sent < bytes.size()) {
         const ssize_t count = send(mSocket.Get(), bytes.data() + sent, bytes.size() - sent,
                                    MSG_DONTWAIT | MSG_NOSIGNAL);
-        if (count < 0 && !IsJustNotNow()) state = State::kEnded;
+        if (count < 0 && !WouldBlock()) state = State::kEnded;
         if (count <= 0) break;
         sent += static_cast<size_t>(count);
     }
@@ -62,7 +55,7 @@ PanelConnection::State PanelConnection::Send(std::string& bytes)
 
 void PanelConnection::EndOutput()
 {
-    (void)shutdown(mSocket.Get(), SHUT_WR);  // fails if the other side is gone: then it is ended
+    (void)shutdown(mSocket.Get(), SHUT_WR);  // fails only if the peer has closed the connection
 }
 
 PanelListener::PanelListener()
@@ -74,17 +67,18 @@ PanelListener::PanelListener()
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     auto* generic = reinterpret_cast<sockaddr*>(&address);
     socklen_t size = sizeof address;
-    if (!mSocket.IsValid()) Throw("cannot be made");
-    if (bind(mSocket.Get(), generic, size) != 0) Throw("gets no port");
+    if (!mSocket.IsValid()) Throw("cannot be created");
+    if (bind(mSocket.Get(), generic, size) != 0) Throw("cannot get a port");
     if (listen(mSocket.Get(), kBacklog) != 0) Throw("cannot listen");
-    if (getsockname(mSocket.Get(), generic, &size) != 0) Throw("doesn't tell its port");
+    if (getsockname(mSocket.Get(), generic, &size) != 0) Throw("does not report its port");
     mPort = ntohs(address.sin_port);
 }
 
 std::optional<PanelConnection> PanelListener::Accept()
 {
-    Descriptor socket(accept4(mSocket.Get(), nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC));
-    if (!socket.IsValid()) return std::nullopt;  // none waits, or it has gone again
+    base::FileDescriptor socket(
+        accept4(mSocket.Get(), nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC));
+    if (!socket.IsValid()) return std::nullopt;  // none waits, or it was closed again
     return PanelConnection(std::move(socket));
 }
 

@@ -8,10 +8,10 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstdlib>
 #include <system_error>
 
-#include "plugin-core/panel/PanelSocket.h"
+#include "base/DraftFile.h"
+#include "base/FileDescriptor.h"
 #include "plugin-core/storage/Failure.h"
 
 namespace fs = std::filesystem;
@@ -21,11 +21,12 @@ namespace {
 
 constexpr size_t kDigits = 64;
 
-[[noreturn]] void Throw(const fs::path& file, const char* what)
+[[noreturn]] void Throw(const fs::path& file, const char* what, const std::error_code& error)
 {
-    throw Failure(StatusCodes::kError,
-                  file.string() + ": " + what + ": " + std::generic_category().message(errno));
+    throw Failure(StatusCodes::kError, file.string() + ": " + what + ": " + error.message());
 }
+
+std::error_code GetLastError() { return {errno, std::generic_category()}; }
 
 bool IsToken(const std::string& text)
 {
@@ -34,11 +35,12 @@ bool IsToken(const std::string& text)
            });
 }
 
-// Empty if there is no file, or one that others may have written or read. Never waits, whatever
-// kind of file it is.
+// Returns "" if there is no valid token that only this user can have read or written. Doesn't block
+// if the path is a FIFO.
 std::string Load(const fs::path& file)
 {
-    const Descriptor opened(open(file.c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK));
+    const base::FileDescriptor opened(
+        open(file.c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK));
     struct stat status = {};
     if (!opened.IsValid() || fstat(opened.Get(), &status) != 0) return {};
     const bool isOurs = S_ISREG(status.st_mode) && status.st_uid == geteuid() &&
@@ -54,7 +56,7 @@ std::string MakeToken(const fs::path& file)
 {
     std::array<unsigned char, kDigits / 2> bytes;
     if (getrandom(bytes.data(), bytes.size(), 0) != static_cast<ssize_t>(bytes.size())) {
-        Throw(file, "no random numbers for the panel's token");
+        Throw(file, "no random numbers for the panel's token", GetLastError());
     }
     constexpr const char* kHex = "0123456789abcdef";
     std::string token;
@@ -65,27 +67,6 @@ std::string MakeToken(const fs::path& file)
     return token;
 }
 
-// A file beside the one that is meant; gone at the end, whatever becomes of it.
-class Draft {
-public:
-    Draft(const fs::path& file, const std::string& text) : mPath(file.string() + ".XXXXXX")
-    {
-        const Descriptor made(mkstemp(mPath.data()));  // mode 600
-        if (!made.IsValid()) Throw(file, "cannot be written");
-        if (write(made.Get(), text.data(), text.size()) != static_cast<ssize_t>(text.size())) {
-            (void)unlink(mPath.c_str());  // the failure that led here is told
-            Throw(file, "cannot be written");
-        }
-    }
-    ~Draft() { (void)unlink(mPath.c_str()); }  // isn't there any more if it was renamed
-    Draft(const Draft&) = delete;
-    Draft& operator=(const Draft&) = delete;
-    const char* GetPath() const { return mPath.c_str(); }
-
-private:
-    std::string mPath;
-};
-
 }  // namespace
 
 std::string LoadOrMakePanelToken(const fs::path& file)
@@ -95,15 +76,21 @@ std::string LoadOrMakePanelToken(const fs::path& file)
     std::error_code error;
     const fs::path folder = file.parent_path();
     const bool isNew = fs::create_directories(folder, error);
-    if (error) throw Failure(StatusCodes::kError, folder.string() + ": " + error.message());
-    if (isNew && chmod(folder.c_str(), S_IRWXU) != 0) Throw(folder, "cannot be closed to others");
+    if (error) Throw(folder, "cannot be created", error);
+    if (isNew && chmod(folder.c_str(), S_IRWXU) != 0) {
+        Throw(folder, "cannot be closed to other users", GetLastError());
+    }
     token = MakeToken(file);
-    const Draft draft(file, token);
-    // Of two processes that begin at the same moment the first one's token serves both.
-    if (link(draft.GetPath(), file.c_str()) == 0) return token;
+    base::DraftFile draft(file.string() + ".XXXXXX");
+    error = draft.Write(token);
+    if (error) Throw(file, "cannot be written", error);
+    // A link fails if the file exists: of two processes that start at the same time, both use the
+    // token of the first.
+    if (!draft.LinkTo(file)) return token;
     std::string present = Load(file);
     if (!present.empty()) return present;
-    if (rename(draft.GetPath(), file.c_str()) != 0) Throw(file, "cannot be put in place");
+    error = draft.MoveTo(file);
+    if (error) Throw(file, "cannot be replaced", error);
     return token;
 }
 

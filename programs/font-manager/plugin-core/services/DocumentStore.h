@@ -6,36 +6,37 @@
 
 namespace plugincore {
 
-// What is kept of documents: an id that lasts for each path that was opened or saved, and the last
-// font usage. A blank document has an id and no path, and is forgotten with its process.
+// Stores for each document an id and its last usage report, by path. A path that was once opened or
+// saved keeps its id forever. A blank document, which has no path yet, has an id as long as its
+// process runs. Errors are thrown as Failure. [main-thread]
 class DocumentStore {
 public:
     // `holder` is the identity of this process. The database has to outlive this object.
     DocumentStore(Database& database, std::string holder);
 
-    // From now on the path has an id. A known path keeps its own. A bare name, without a folder, is
-    // that of a document without a file and gets none.
+    // Assigns an id to the path unless it has one. Ignores a name without a folder, which is the
+    // title of a document without a file.
     void Remember(const std::string& path);
 
-    // The id of a path, empty for one that isn't known.
+    // Returns the id of a path; "" for an unknown path.
     std::string GetId(const std::string& path);
 
-    // A fresh id.
+    // Returns a new id for a blank document.
     std::string AddBlank();
 
-    // Keeps the usage; an empty one leaves what was kept. The path is remembered.
+    // Stores a usage report and assigns an id to the path. "" keeps the stored report.
     void StoreUsage(const std::string& path, const std::string& usage);
 
-    // The same for a document that has an id; false if none has it.
+    // Stores a usage report for an id; "" keeps the stored report. Returns false for an unknown id.
     bool StoreUsageOfId(const std::string& id, const std::string& usage);
 
-    // The usage kept for a path, empty if there is none.
+    // Returns the stored usage report of a path; "" if there is none.
     std::string GetUsage(const std::string& path);
 
-    // The path that has this id, empty if none has.
+    // Returns the path of an id; "" for a blank document or an unknown id.
     std::string GetPath(const std::string& id);
 
-    // Forgets the blank documents of this process.
+    // Deletes the blank documents of this process.
     void ForgetBlanks();
 
 private:

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <chrono>
 #include <cmath>
 #include <filesystem>
 
+#include "base/Files.h"
 #include "base/Utf8.h"
 #include "documents/OpenDocument.h"
 #include "plugin-core/storage/ErrorLog.h"
@@ -18,21 +18,19 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// Placed files are few; this bounds what a document made to do harm can have read.
+// Real documents place far fewer files; the limit is for malicious ones.
 constexpr size_t kMostFiles = 1000;
-// Each holds the names in one file.
+// Entries of the cache, which is cleared when it is full.
 constexpr size_t kMostEntries = 4096;
 
 bool IsDocumentByExtension(const fs::path& path)
 {
     static const std::array<const char*, 4> kExtensions = {".ai", ".ait", ".pdf", ".eps"};
-    std::string extension = path.extension();
-    std::transform(extension.begin(), extension.end(), extension.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return std::find(kExtensions.begin(), kExtensions.end(), extension) != kExtensions.end();
+    return std::find(kExtensions.begin(), kExtensions.end(), base::GetLowerExtension(path)) !=
+           kExtensions.end();
 }
 
-// Differs whenever the file may have changed; empty if it isn't there.
+// Text that differs if the file may have changed; "" if the file doesn't exist.
 std::string GetState(const fs::path& file)
 {
     std::error_code error;
@@ -42,7 +40,7 @@ std::string GetState(const fs::path& file)
     return std::to_string(size) + ":" + std::to_string(modified);
 }
 
-// One name for a file, whatever links lead to it.
+// The same path for a file by whichever symbolic link it was reached.
 std::string GetRealPath(const fs::path& path)
 {
     std::error_code error;
@@ -53,9 +51,9 @@ std::string GetRealPath(const fs::path& path)
 }  // namespace
 
 struct LinkedDocuments::Walk {
-    std::string document;  // at whose top the walk began
+    std::string document;  // the path of the outermost document
     Clock::time_point end;
-    std::vector<std::string> above;  // the files that are being visited, outermost first
+    std::vector<std::string> above;  // the files from the outermost to the present one
     std::set<std::string> visited;
     std::set<std::string> seen;
     std::vector<std::string> fonts;
@@ -80,7 +78,7 @@ const LinkedDocuments::Entry& LinkedDocuments::Load(const std::string& path, dou
     limits.seconds = std::min(limits.seconds, seconds);
     limits.helperSeconds = std::min(limits.helperSeconds, seconds);
     documents::OpenResult result = documents::OpenDocument(path, limits);
-    // With more time the answer may be another.
+    // Not cached: with more time the file may be readable.
     entry.state = isCutShort && !result.ok ? std::string() : state;
     entry.error = result.ok ? std::string() : result.error;
     entry.content = {};
@@ -121,21 +119,21 @@ void LinkedDocuments::Visit(const std::string& file, Walk& walk)
     }
     if (walk.visited.count(real) != 0) return;
     if (walk.visited.size() == kMostFiles) {
-        ReportOnce(walk.document, {}, "more placed documents than are looked into");
+        ReportOnce(walk.document, {}, "too many placed documents; some were not read");
         return;
     }
     const double secondsLeft = std::chrono::duration<double>(walk.end - Clock::now()).count();
     if (secondsLeft <= 0) {
-        ReportOnce(walk.document, {}, "its placed documents take too long to look into");
+        ReportOnce(walk.document, {}, "its placed documents take too long; some were not read");
         return;
     }
     walk.visited.insert(real);
     const Entry& entry = Load(real, secondsLeft);
     if (!entry.error.empty()) {
-        ReportOnce(walk.document, real, "can't be looked into: " + entry.error);
+        ReportOnce(walk.document, real, "cannot be read: " + entry.error);
         return;
     }
-    const DocumentContent content = entry.content;  // the visits below may move the entry
+    const DocumentContent content = entry.content;  // a copy: the visits below may clear the cache
     walk.Add(content.fonts);
     walk.above.push_back(real);
     for (const std::string& inner : content.linkedFiles) {

@@ -9,29 +9,30 @@
 
 namespace plugincore {
 
-// What the file of a document holds.
+// The content of a document's file.
 struct DocumentContent {
     std::vector<std::string> fonts;
     std::vector<std::string> linkedFiles;
 };
 
-// The fonts inside files that documents place. Looked into are .ai, .ait, .pdf and .eps files, to
-// any depth; a relative path counts from the folder of the document that places it, and is
-// passed over if that document has no file yet. What was read is kept for as long as the file stays
-// as it is.
+// Finds the fonts in files that documents place: in .ai, .ait, .pdf and .eps files, and in the
+// files that these place, to any depth. A relative path starts at the folder of the document that
+// places the file; it is ignored if that document has no path yet. Results are cached until the
+// file changes. [main-thread]
 //
-// A placed document that is missing or can't be read, and one that is placed inside itself, adds
-// nothing and is told on standard error, once for each document in this process. So is it when
-// there are too many, or when all of a document together take longer than `seconds`; the fonts that
-// were found until then count.
+// A placed document that is missing, unreadable or placed inside itself is ignored and logged, once
+// per document and process. There is a limit for the number of files, and all files of a document
+// together may take `seconds`: beyond these limits, an error is logged and the fonts found so far
+// are returned.
 class LinkedDocuments {
 public:
     explicit LinkedDocuments(double seconds = 30) : mSeconds(seconds) {}
 
-    // The content of a document's own file, or nothing if it can't be read.
+    // Reads a document's own file. Returns nothing if it can't be read.
     std::optional<DocumentContent> Read(const std::string& path);
 
-    // The fonts in the files that `document` places, each once, in the order of the files.
+    // Returns the fonts in the files `placed` of the document at path `document`, each once, in the
+    // order of the files.
     std::vector<std::string> GetFonts(const std::string& document,
                                       const std::vector<std::string>& placed);
 

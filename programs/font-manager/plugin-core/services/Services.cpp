@@ -11,7 +11,9 @@ namespace fs = std::filesystem;
 namespace plugincore {
 namespace {
 
-// fontconfig tells a file by the folder as it is configured, which may lead to ours by a link.
+// fontconfig reports a file below the folder that its configuration names, which may be a symbolic
+// link to ours. The real paths are compared only if the folder's name occurs at all: that costs
+// several system calls for each font.
 bool IsBelow(const std::string& file, const fs::path& folder)
 {
     const std::string prefix = folder.lexically_normal().string() + "/";
@@ -23,14 +25,14 @@ bool IsBelow(const std::string& file, const fs::path& folder)
     return !error && realFile.compare(0, real.size(), real) == 0;
 }
 
-// Only those that the user named can be missing by mistake.
+// A missing default library is normal; one that the user named is a mistake.
 void ReportMissingLibraries(const Locations& locations)
 {
     if (locations.librariesAreDefault) return;
     for (const std::string& folder : locations.libraries) {
         std::error_code error;
         if (fs::is_directory(folder, error)) continue;
-        LogError(folder + ": no font library: " + (error ? error.message() : "not a folder"));
+        LogError(folder + ": not a font library: " + (error ? error.message() : "not a folder"));
     }
 }
 

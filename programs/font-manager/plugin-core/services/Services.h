@@ -17,41 +17,43 @@
 
 namespace plugincore {
 
-// What there is between a start and a stop: the database and all that stands on it. Main thread.
+// The database and the objects that work on it. They exist while PluginCore is started.
+// [main-thread]
 struct Services {
-    // Opens the database. Throws Failure.
+    // Opens the database. `places` are the locations for the whole lifetime. Throws Failure.
     explicit Services(const Locations& places);
     Services(const Services&) = delete;
     Services& operator=(const Services&) = delete;
 
-    // Lists this process among the programs under the name, repairs what a killed process left and
-    // indexes the library. Returns what was repaired.
+    // Enters this process in the list of programs, repairs what a killed process left and indexes
+    // the library. Returns the repairs. Throws Failure.
     Activation::Repairs Start(const std::string& programName = GetNameOfThisProgram());
 
-    // Drops this process's holds, deactivates what nobody holds and leaves the list.
+    // Releases all holds of this process, deactivates fonts that no process holds and removes this
+    // process from the list of programs. Throws Failure.
     void Stop();
 
     struct ActiveNames {
-        std::set<std::string> ours;    // through our folder
-        std::set<std::string> others;  // without us
+        std::set<std::string> ours;    // in the activation folder
+        std::set<std::string> others;  // anywhere else
     };
 
-    // What fontconfig shows at this moment.
+    // The PostScript names that fontconfig lists now. A name can be in both sets.
     ActiveNames ListActive() const;
 
     struct ActiveFile {
-        std::string file;  // as fontconfig tells it
+        std::string file;  // the path that fontconfig reports
         bool isOurs = false;
     };
 
-    // The same with the files, by name.
+    // The same with the files of each name.
     std::multimap<std::string, ActiveFile> ListActiveFiles() const;
 
-    // Those of the names that fonts can be taken from the library for. If one isn't known, the
-    // index is brought up to date first.
+    // Returns the names that the library has, in their order. Updates the index first if it lacks
+    // one of them.
     std::vector<std::string> SelectFromLibrary(const std::vector<std::string>& names);
 
-    // Takes over the user's choice of folders and of a library.
+    // Reads the user's choice of folders and of a library, which another process may have changed.
     void ApplyLibraryChoice();
 
     Locations locations;
@@ -64,7 +66,7 @@ struct Services {
     LinkedDocuments linkedDocuments;
 };
 
-// The names in one line.
+// The names separated by ", ".
 std::string JoinNames(const std::vector<std::string>& names);
 
 }  // namespace plugincore

@@ -24,7 +24,7 @@ fs::path GetFolder(const char* variable, const char* belowHome)
     const fs::path home = GetVariable("HOME");
     if (!home.is_absolute()) {
         throw Failure(StatusCodes::kError,
-                      std::string("neither ") + variable + " nor HOME is set to an absolute path");
+                      std::string("no home folder: neither ") + variable + " nor HOME is set");
     }
     return home / belowHome;
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "plugin-core/services/Services.h"
-#include "vexcor/Options.h"
+#include "vexcor/commands/Options.h"
 
 // The commands of the program. Each prints its result, logs its actions and returns an ExitStatus;
 // errors are thrown as plugincore::Failure.

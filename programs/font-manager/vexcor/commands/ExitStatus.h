@@ -18,7 +18,7 @@ constexpr base::ProgramStatusRow kExitStatuses[] = {
     {kNegative,
      "why: the font is not active; repair: something cannot be repaired; watch: another Vexcor is "
      "watching already"},
-    {kWrongUse, "wrong use of the program"},
+    {kWrongUse, "wrong options or arguments"},
     {kFileFailed, "a file or folder cannot be read or written"},
     {kDatabaseFailed, "the database cannot be used"},
 };

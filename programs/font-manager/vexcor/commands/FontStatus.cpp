@@ -6,6 +6,7 @@
 #include "base/Files.h"
 #include "base/JsonText.h"
 #include "console/Console.h"
+#include "plugin-core/activation/UnavailableFont.h"
 #include "plugin-core/documents/ActivationMode.h"
 #include "plugin-core/storage/Settings.h"
 
@@ -19,18 +20,15 @@ namespace {
 bool IsOff(Services& services)
 {
     plugincore::Settings settings;
-    const std::string setting =
-        settings.Get(services.locations.settings, plugincore::kActivationSetting);
-    return plugincore::ReadActivationMode(setting) == plugincore::ActivationMode::kOff;
+    return plugincore::GetActivationMode(settings, services.locations.settings) ==
+           plugincore::ActivationMode::kOff;
 }
 
 std::string GetReasonOfInactive(Services& services, const FontStatus& status)
 {
-    if (status.file.empty()) return "in no font library";
-    if (!base::IsReadableFile(status.file)) return "its file cannot be read";
-    if (!services.library.Find(status.name)) {
-        return "not in the selected library " + services.library.GetSelection();
-    }
+    const std::string reason =
+        plugincore::GetReasonUnavailable(services.library, status.name, status.file);
+    if (!reason.empty()) return reason;
     if (IsOff(services)) return "activation is off";
     return "no open document holds it";
 }
@@ -38,7 +36,8 @@ std::string GetReasonOfInactive(Services& services, const FontStatus& status)
 std::string GetReasonOfActivated(Services& services, const FontStatus& status, bool isSeen)
 {
     if (isSeen) return "held by open documents";
-    if (!base::IsReadableFile(status.file)) return "its file cannot be read any more";
+    if (!base::IsReadableFile(status.file))
+        return std::string(plugincore::kUnreadableFile) + " any more";
     return "fontconfig doesn't see " + services.locations.activationFolder.string();
 }
 

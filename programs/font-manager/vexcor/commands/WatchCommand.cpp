@@ -86,7 +86,7 @@ private:
         mNextCheck = now + kProgramInterval;
         LogRepairs(mServices.activation.RepairIfNeeded());
         std::vector<std::string> folders = mServices.folders.GetFolders();
-        if (folders == mFolders && !mWatch.HasMissingFolderCome()) return;
+        if (folders == mFolders && !mWatch.HasMissingFolderAppeared()) return;
         mFolders = std::move(folders);
         console::LogAction("the font library is now " + plugincore::JoinNames(mFolders));
         Refresh();

@@ -75,7 +75,7 @@ bool TreeWatch::TakeChanges()
     }
 }
 
-bool TreeWatch::HasMissingFolderCome() const
+bool TreeWatch::HasMissingFolderAppeared() const
 {
     for (const std::string& folder : mMissing) {
         std::error_code error;

@@ -30,7 +30,7 @@ public:
     bool TakeChanges();
 
     // Returns whether a folder that didn't exist at the last call of Watch exists now.
-    bool HasMissingFolderCome() const;
+    bool HasMissingFolderAppeared() const;
 
     // The first folder that the last call of Watch couldn't watch, with the reason; "" if none.
     const std::string& GetProblem() const { return mProblem; }

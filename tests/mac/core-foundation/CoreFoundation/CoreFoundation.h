@@ -1,7 +1,7 @@
 #pragma once
 
-// Stands in for CoreFoundation where there is none, over GNUstep: declared here is what the plug-in
-// uses, and nothing else. An object is the Foundation object of its kind.
+// Replaces CoreFoundation when the macOS files are compiled over GNUstep. Declares only what the
+// plug-in uses. Every object is the corresponding Foundation object.
 
 #include <stdint.h>
 

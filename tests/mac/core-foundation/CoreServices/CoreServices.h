@@ -3,7 +3,7 @@
 #include <CoreFoundation/CoreFoundation.h>
 
 #pragma pack(push, 2)
-// A time since 1904, with a fraction in 65,536ths of a second.
+// Seconds since 1904; `fraction` is in units of 1/65536 second.
 struct UTCDateTime {
     UInt16 highSeconds;
     UInt32 lowSeconds;

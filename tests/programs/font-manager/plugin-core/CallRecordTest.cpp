@@ -11,7 +11,7 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::StartsWith;
 
-// Each test takes the lines of its own calls.
+// Collects the records of the test's own calls.
 class CallRecordTest : public testing::Test {
 protected:
     void SetUp() override { sLines.clear(); }
@@ -22,7 +22,7 @@ protected:
 
 }  // namespace
 
-// As the host executable exports it.
+// The function that headless-host exports.
 extern "C" __attribute__((visibility("default"))) void HeadlessHostJournal(const char* side,
                                                                            const char* operation,
                                                                            const char* arguments,
@@ -33,28 +33,28 @@ extern "C" __attribute__((visibility("default"))) void HeadlessHostJournal(const
 
 namespace {
 
-TEST_F(CallRecordTest, TheCallsOfMenusAndPanelAreTold)
+TEST_F(CallRecordTest, RecordsTheCallsForMenusAndPanel)
 {
-    EXPECT_EQ(mCore.pSetRebuildWorkgroupsMenuCallback([] {}), 0U);
-    EXPECT_EQ(mCore.pRegisterPlugPlug(reinterpret_cast<SDKPlugPlug*>(&sLines)), 0U);
+    EXPECT_EQ(0U, mCore.pSetRebuildWorkgroupsMenuCallback([] {}));
+    EXPECT_EQ(0U, mCore.pRegisterPlugPlug(reinterpret_cast<SDKPlugPlug*>(&sLines)));
     int port = 0;
-    EXPECT_EQ(mCore.pGetSocketPort(&port), 0U);
+    EXPECT_EQ(0U, mCore.pGetSocketPort(&port));
     EXPECT_THAT(sLines, ElementsAre("core SetRebuildWorkgroupsMenuCallback {} {\"status\":0}",
                                     "core RegisterPlugPlug {} {\"status\":0}",
                                     "core GetSocketPort {} {\"port\":" + std::to_string(port) +
                                         ",\"status\":0}"));
 }
 
-TEST_F(CallRecordTest, TicksAreNotTold)
+TEST_F(CallRecordTest, DoesNotRecordTicks)
 {
-    EXPECT_EQ(mCore.pIdleEvent(), 0U);
-    EXPECT_EQ(mCore.pProcessPanelMessages(1), 0U);
+    EXPECT_EQ(0U, mCore.pIdleEvent());
+    EXPECT_EQ(0U, mCore.pProcessPanelMessages(1));
     EXPECT_THAT(sLines, testing::IsEmpty());
 }
 
-TEST_F(CallRecordTest, ACommandIsToldWithItsArguments)
+TEST_F(CallRecordTest, RecordsACommandWithItsArguments)
 {
-    EXPECT_EQ(mCore.pHandleMenuSelection("", "state", "activation:0", ""), 0U);
+    EXPECT_EQ(0U, mCore.pHandleMenuSelection("", "state", "activation:0", ""));
     EXPECT_THAT(sLines, Contains(StartsWith("core HandleMenuSelection {\"documentId\":\"\","
                                             "\"fontUsageJson\":\"\",\"menuKey\":\"activation:0\"}"
                                             " {\"status\":0}")));

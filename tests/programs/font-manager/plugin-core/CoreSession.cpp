@@ -6,13 +6,15 @@
 #include <stdexcept>
 
 #include "plugin-core/services/DocumentStore.h"
+#include "plugin-core/storage/Failure.h"
 
 using nlohmann::json;
 
 CoreSession::CoreSession()
 {
-    for (const char* name : {"DejaVuSans", "DejaVuSerif", "DejaVuSansMono"})
+    for (const char* name : {"DejaVuSans", "DejaVuSerif", "DejaVuSansMono"}) {
         FontTestHome::CopyFont(name, home.GetLibrary());
+    }
     if (!core.Start()) throw std::runtime_error("PluginCore doesn't start");
 }
 
@@ -20,24 +22,26 @@ CoreSession::~CoreSession() { (void)core.pTerminatePluginCoreInterface(); }  // 
 
 void CoreSession::Restart() const
 {
-    if (core.pTerminatePluginCoreInterface() != 0 || !core.Start())
+    if (core.pTerminatePluginCoreInterface() != 0 || !core.Start()) {
         throw std::runtime_error("PluginCore doesn't start again");
+    }
 }
 
 std::string CoreSession::GetId(const std::string& path) const
 {
     char id[256] = {};
     size_t size = sizeof id;
-    EXPECT_EQ(core.pGetIDForDocument(path.c_str(), id, &size), 0U);
+    EXPECT_EQ(0U, core.pGetIDForDocument(path.c_str(), id, &size));
     return id;
 }
 
 std::string CoreSession::GetMenus(const std::string& path) const
 {
     size_t size = 0;
-    EXPECT_EQ(core.pGetMenus(path.c_str(), nullptr, &size), 0x0C000000U);
+    EXPECT_EQ(plugincore::StatusCodes::kIndexOutOfRange,
+              core.pGetMenus(path.c_str(), nullptr, &size));
     std::string text(size, '\0');
-    EXPECT_EQ(core.pGetMenus(path.c_str(), text.data(), &size), 0U);
+    EXPECT_EQ(0U, core.pGetMenus(path.c_str(), text.data(), &size));
     return text.c_str();
 }
 
@@ -47,16 +51,15 @@ std::string CoreSession::Choose(const std::string& key, const std::string& path,
     const std::string id = path.empty() ? "" : GetId(path);
     if (!id.empty()) {
         const std::string usage = MakeUsage(fonts);
-        EXPECT_EQ(core.pUpdateDocumentFontUsage(id.c_str(), usage.c_str()), 0U);
+        EXPECT_EQ(0U, core.pUpdateDocumentFontUsage(id.c_str(), usage.c_str()));
     }
     return CaptureErrors([&] {
-        EXPECT_EQ(core.pHandleMenuSelection(id.c_str(), "", key.c_str(),
-                                            id.empty() ? "" : MakeFontList(fonts).c_str()),
-                  0U);
+        EXPECT_EQ(0U, core.pHandleMenuSelection(id.c_str(), "", key.c_str(),
+                                                id.empty() ? "" : MakeFontList(fonts).c_str()));
     });
 }
 
-std::string CoreSession::GetKeptUsage(const std::string& path) const
+std::string CoreSession::GetStoredUsage(const std::string& path) const
 {
     plugincore::Database database(home.GetData() / "Corvanta/fonts.db");
     return plugincore::DocumentStore(database, "").GetUsage(path);
@@ -73,10 +76,12 @@ void WriteEps(const std::filesystem::path& file, const std::vector<std::string>&
               const std::vector<std::string>& placed)
 {
     std::string text = "%!PS-Adobe-3.0 EPSF-3.0\n%%BoundingBox: 0 0 10 10\n";
-    for (size_t position = 0; position < fonts.size(); ++position)
+    for (size_t position = 0; position < fonts.size(); ++position) {
         text += (position == 0 ? "%%DocumentFonts: " : "%%+ ") + fonts[position] + "\n";
-    for (size_t position = 0; position < placed.size(); ++position)
+    }
+    for (size_t position = 0; position < placed.size(); ++position) {
         text += (position == 0 ? "%%DocumentFiles:(" : "%%+(") + placed[position] + ")\n";
+    }
     FontTestHome::WriteFile(file, text + "%%EndComments\nshowpage\n%%EOF\n");
 }
 

@@ -6,8 +6,8 @@
 
 #include "CoreTestHome.h"
 
-// The started framework with DejaVuSans, DejaVuSerif and DejaVuSansMono in its library, and the
-// calls as the plug-in makes them. Stopped at the end.
+// The framework, started with DejaVuSans, DejaVuSerif and DejaVuSansMono in its library, and called
+// as the plug-in calls it. The destructor stops it.
 class CoreSession {
 public:
     CoreSession();
@@ -19,23 +19,23 @@ public:
     std::string GetId(const std::string& path) const;
     std::string GetMenus(const std::string& path) const;
 
-    // Chooses the item as for a document with these fonts in its text; returns what was said on
-    // standard error. No path: no document.
+    // Chooses a menu item for a document with these fonts, or without a document if `path` is "".
+    // Returns what was written to standard error.
     std::string Choose(const std::string& key, const std::string& path = "",
                        const std::vector<std::string>& fonts = {}) const;
 
-    // The usage that the database has for a document.
-    std::string GetKeptUsage(const std::string& path) const;
+    // The usage report in the database.
+    std::string GetStoredUsage(const std::string& path) const;
 
     FontTestHome home;
     Framework core;
 };
 
-// A usage as it crosses.
+// A usage report in the form of the interface.
 std::string MakeUsage(const std::vector<std::string>& fonts,
                       const std::vector<std::string>& linked = {});
 
-// An .eps file that names the fonts and places the files.
+// Writes an .eps file that names the fonts and places the files.
 void WriteEps(const std::filesystem::path& file, const std::vector<std::string>& fonts,
               const std::vector<std::string>& placed = {});
 

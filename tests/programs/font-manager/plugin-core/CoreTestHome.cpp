@@ -40,8 +40,9 @@ unsigned int Framework::OpenAndActivate(const std::string& path, const std::stri
 std::string MakeFontList(const std::vector<std::string>& names)
 {
     std::string text;
-    for (const std::string& name : names)
+    for (const std::string& name : names) {
         text += (text.empty() ? "" : ",") + ("{\"PostScriptName\":\"" + name + "\"}");
+    }
     return "[" + text + "]";
 }
 
@@ -50,7 +51,8 @@ std::vector<fs::path> ListActivationFolder(const FontTestHome& home)
     std::vector<fs::path> files;
     std::error_code error;
     for (const auto& entry :
-         fs::recursive_directory_iterator(home.GetUserFonts() / "corvanta", error))
+         fs::recursive_directory_iterator(home.GetUserFonts() / "corvanta", error)) {
         files.push_back(entry.path());
+    }
     return files;
 }

@@ -6,7 +6,7 @@
 #include "FontTestHome.h"
 #include "PluginCoreFunctions.h"
 
-// The loaded framework in a home of its own. The functions are those that it exports.
+// The loaded framework with its exported functions.
 class Framework {
 public:
     Framework();
@@ -17,18 +17,18 @@ public:
 
     bool Start() const;
 
-    // The text that HandleOpenExistingDocument leaves for the fonts that come in.
+    // Calls HandleOpenExistingDocument with a font list. Returns the text in the buffer.
     std::string Open(const std::string& path, const std::string& fontsJson) const;
 
-    // Opens, resolves and activates as the plug-in does; the status of the activation.
+    // Opens, resolves and activates, as the plug-in does. Returns the first status that isn't 0.
     unsigned int OpenAndActivate(const std::string& path, const std::string& fontsJson) const;
 
 private:
     void* mLibrary;
 };
 
-// A font list as it crosses.
+// A font list in the form of the interface.
 std::string MakeFontList(const std::vector<std::string>& names);
 
-// The files of the activation folder, hidden ones too.
+// All entries below the activation folder, hidden ones included.
 std::vector<std::filesystem::path> ListActivationFolder(const FontTestHome& home);

@@ -16,7 +16,7 @@ using testing::StartsWith;
 
 class ExportsTest : public testing::Test {
 protected:
-    void TearDown() override { EXPECT_EQ(mCore.pTerminatePluginCoreInterface(), 0U); }
+    void TearDown() override { EXPECT_EQ(0U, mCore.pTerminatePluginCoreInterface()); }
 
     FontTestHome mHome;
     Framework mCore;
@@ -25,22 +25,22 @@ protected:
     int mValue = 0;
 };
 
-TEST_F(ExportsTest, AllNamesAreThere)
+TEST_F(ExportsTest, ExportsAllFunctions)
 {
-#define CHECK(name) EXPECT_NE(mCore.p##name, nullptr) << #name;
+#define CHECK(name) EXPECT_NE(nullptr, mCore.p##name) << #name;
     PLUGIN_CORE_FUNCTIONS(CHECK)
 #undef CHECK
 }
 
-TEST_F(ExportsTest, OnlyVersionSevenIsServed)
+TEST_F(ExportsTest, SupportsVersionSevenOnly)
 {
-    EXPECT_EQ(mCore.pGetAPIVersion(&mValue, 7), 0U);
-    EXPECT_EQ(mValue, 7);
-    EXPECT_EQ(mCore.pGetAPIVersion(&mValue, 6), StatusCodes::kVersionMismatch);
-    EXPECT_EQ(mCore.pGetAPIVersion(&mValue, 8), StatusCodes::kVersionMismatch);
+    EXPECT_EQ(0U, mCore.pGetAPIVersion(&mValue, 7));
+    EXPECT_EQ(7, mValue);
+    EXPECT_EQ(StatusCodes::kVersionMismatch, mCore.pGetAPIVersion(&mValue, 6));
+    EXPECT_EQ(StatusCodes::kVersionMismatch, mCore.pGetAPIVersion(&mValue, 8));
 }
 
-TEST_F(ExportsTest, ANullPointerGivesAStatus)
+TEST_F(ExportsTest, NullPointerReturnsKNullPointer)
 {
     ASSERT_TRUE(mCore.Start());
     const auto callback = [](const char*, const char*, const char*, bool, bool, bool, const char*,
@@ -94,63 +94,63 @@ TEST_F(ExportsTest, ANullPointerGivesAStatus)
     EXPECT_THAT(results, testing::Each(StatusCodes::kNullPointer));
 }
 
-TEST_F(ExportsTest, BrokenFontListsAreToldAndLeaveTheEmptyText)
+TEST_F(ExportsTest, InvalidFontListIsReportedAndEmptiesTheBuffer)
 {
     ASSERT_TRUE(mCore.Start());
     for (const char* text : {"[{\"PostScriptName\":\"A", "7", "{}", "{\"DocumentFonts\":1}"}) {
         std::strcpy(mBuffer, text);
         testing::internal::CaptureStderr();
-        EXPECT_EQ(mCore.pHandleOpenExistingDocument("/a.ai", mBuffer, &mSize, &mValue),
-                  StatusCodes::kInvalidParam);
-        EXPECT_STREQ(mBuffer, "");
+        EXPECT_EQ(StatusCodes::kInvalidParam,
+                  mCore.pHandleOpenExistingDocument("/a.ai", mBuffer, &mSize, &mValue));
+        EXPECT_STREQ("", mBuffer);
         EXPECT_THAT(testing::internal::GetCapturedStderr(),
                     StartsWith("PluginCore: HandleOpenExistingDocument: the font list"));
     }
 }
 
-TEST_F(ExportsTest, EntriesOfAnotherFormAreLeftOut)
+TEST_F(ExportsTest, SkipsEntriesOfAnotherForm)
 {
     FontTestHome::CopyFont("DejaVuSans", mHome.GetLibrary());
     ASSERT_TRUE(mCore.Start());
-    EXPECT_EQ(mCore.Open("/a.ai",
+    EXPECT_EQ("{\"DocumentFonts\":[{\"PostScriptName\":\"DejaVuSans\"}]}",
+              mCore.Open("/a.ai",
                          "[1,null,{},{\"PostScriptName\":2},{\"PostScriptName\":\"\"},"
-                         "{\"PostScriptName\":\"DejaVuSans\"}]"),
-              "{\"DocumentFonts\":[{\"PostScriptName\":\"DejaVuSans\"}]}");
+                         "{\"PostScriptName\":\"DejaVuSans\"}]"));
 }
 
-TEST_F(ExportsTest, NothingIsWrittenBeyondASmallBuffer)
+TEST_F(ExportsTest, WritesNothingBeyondASmallBuffer)
 {
     FontTestHome::CopyFont("DejaVuSansMono-Bold", mHome.GetLibrary());
     ASSERT_TRUE(mCore.Start());
     std::string text = MakeFontList({"DejaVuSansMono-Bold"});
-    const size_t told = text.size() + 1;  // the answer is longer by the member's name
+    const size_t capacity = text.size() + 1;  // the answer is longer: it has the member's name
     text += std::string(1, '\0') + "guard";
-    size_t size = told;
+    size_t size = capacity;
     testing::internal::CaptureStderr();
-    EXPECT_EQ(mCore.pHandleOpenExistingDocument("/a.ai", text.data(), &size, &mValue),
-              StatusCodes::kIndexOutOfRange);
+    EXPECT_EQ(StatusCodes::kIndexOutOfRange,
+              mCore.pHandleOpenExistingDocument("/a.ai", text.data(), &size, &mValue));
     EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("too small"));
-    EXPECT_EQ(text[0], '\0');
-    EXPECT_EQ(text.substr(told), "guard");
-    EXPECT_EQ(size, told);
+    EXPECT_EQ('\0', text[0]);
+    EXPECT_EQ("guard", text.substr(capacity));
+    EXPECT_EQ(capacity, size);
     size = 0;
-    EXPECT_EQ(mCore.pHandleOpenExistingDocument("/missing.ai", text.data(), &size, &mValue),
-              StatusCodes::kIndexOutOfRange);
+    EXPECT_EQ(StatusCodes::kIndexOutOfRange,
+              mCore.pHandleOpenExistingDocument("/missing.ai", text.data(), &size, &mValue));
 }
 
-TEST_F(ExportsTest, ABufferThatIsFullWithoutAZeroIsReadToItsEnd)
+TEST_F(ExportsTest, ReadsABufferWithoutAZeroByteToItsEnd)
 {
     FontTestHome::CopyFont("DejaVuSans", mHome.GetLibrary());
     ASSERT_TRUE(mCore.Start());
     std::string text = MakeFontList({"DejaVuSans", "LongEnoughForTheAnswer"});
     size_t size = text.size();
     text += "rubbish";
-    EXPECT_EQ(mCore.pHandleOpenExistingDocument("/a.ai", text.data(), &size, &mValue), 0U);
-    EXPECT_STREQ(text.c_str(), "{\"DocumentFonts\":[{\"PostScriptName\":\"DejaVuSans\"}]}");
-    EXPECT_EQ(mValue, 1);
+    EXPECT_EQ(0U, mCore.pHandleOpenExistingDocument("/a.ai", text.data(), &size, &mValue));
+    EXPECT_STREQ("{\"DocumentFonts\":[{\"PostScriptName\":\"DejaVuSans\"}]}", text.c_str());
+    EXPECT_EQ(1, mValue);
 }
 
-TEST_F(ExportsTest, WithoutAFontListTheFontsComeFromTheFile)
+TEST_F(ExportsTest, ReadsTheFileWithoutAFontList)
 {
     FontTestHome::CopyFont("DejaVuSans", mHome.GetLibrary());
     const fs::path file = mHome.GetPath() / "drawing.eps";
@@ -159,89 +159,91 @@ TEST_F(ExportsTest, WithoutAFontListTheFontsComeFromTheFile)
                             "%%DocumentNeededResources: font DejaVuSans\n%%+ font Nowhere\n"
                             "%%EndComments\nshowpage\n%%EOF\n");
     ASSERT_TRUE(mCore.Start());
-    EXPECT_EQ(mCore.Open(file, ""), "{\"DocumentFonts\":[{\"PostScriptName\":\"DejaVuSans\"}]}");
+    EXPECT_EQ("{\"DocumentFonts\":[{\"PostScriptName\":\"DejaVuSans\"}]}", mCore.Open(file, ""));
 }
 
-TEST_F(ExportsTest, TheFontsOfAFileThatIsNoDocumentAreNone)
+TEST_F(ExportsTest, FileThatIsNotADocumentHasNoFonts)
 {
     ASSERT_TRUE(mCore.Start());
     FontTestHome::WriteFile(mHome.GetPath() / "text.ai", "not a document");
-    EXPECT_EQ(mCore.Open(mHome.GetPath() / "text.ai", ""), "");
-    EXPECT_EQ(mCore.Open(mHome.GetPath() / "missing.ai", ""), "");
-    EXPECT_EQ(mCore.Open(mHome.GetPath(), ""), "");
-    EXPECT_EQ(mCore.Open("", ""), "");
+    EXPECT_EQ("", mCore.Open(mHome.GetPath() / "text.ai", ""));
+    EXPECT_EQ("", mCore.Open(mHome.GetPath() / "missing.ai", ""));
+    EXPECT_EQ("", mCore.Open(mHome.GetPath(), ""));
+    EXPECT_EQ("", mCore.Open("", ""));
 }
 
-TEST_F(ExportsTest, WithoutAStartDocumentsAreRefused)
+TEST_F(ExportsTest, DocumentFunctionsFailWithoutAStart)
 {
     testing::internal::CaptureStderr();
-    EXPECT_EQ(mCore.pHandleCloseDocument("/a.ai", ""), StatusCodes::kNotInitialized);
-    EXPECT_EQ(mCore.pHandleOpenExistingDocument("/a.ai", mBuffer, &mSize, &mValue),
-              StatusCodes::kNotInitialized);
-    EXPECT_EQ(testing::internal::GetCapturedStderr().substr(0, 55),
-              "PluginCore: HandleCloseDocument: called while it isn't ");
-    EXPECT_EQ(mCore.pGetSettings(mBuffer, &mSize), 0U);
-    EXPECT_EQ(mCore.pIdleEvent(), 0U);
-    EXPECT_EQ(mCore.pProcessPanelMessages(1), 0U);
+    EXPECT_EQ(StatusCodes::kNotInitialized, mCore.pHandleCloseDocument("/a.ai", ""));
+    EXPECT_EQ(StatusCodes::kNotInitialized,
+              mCore.pHandleOpenExistingDocument("/a.ai", mBuffer, &mSize, &mValue));
+    EXPECT_EQ(
+        "PluginCore: HandleCloseDocument: PluginCore is not started\n"
+        "PluginCore: HandleOpenExistingDocument: PluginCore is not started\n",
+        testing::internal::GetCapturedStderr());
+    EXPECT_EQ(0U, mCore.pGetSettings(mBuffer, &mSize));
+    EXPECT_EQ(0U, mCore.pIdleEvent());
+    EXPECT_EQ(0U, mCore.pProcessPanelMessages(1));
 }
 
-TEST_F(ExportsTest, AStartWithoutAUsableDatabaseFailsInOneLine)
+TEST_F(ExportsTest, StartFailsWithOneLineIfTheDatabaseIsDamaged)
 {
     const fs::path database = mHome.GetData() / "Corvanta/fonts.db";
     FontTestHome::WriteFile(database, std::string(8192, 'x'));
     testing::internal::CaptureStderr();
-    EXPECT_EQ(mCore.pInitializePluginCoreInterface("test", "24"), StatusCodes::kDatabaseError);
-    EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              "PluginCore: InitializePluginCoreInterface: " + database.string() +
-                  ": file is not a database\n");
-    EXPECT_EQ(fs::file_size(database), 8192U);
+    EXPECT_EQ(StatusCodes::kDatabaseError, mCore.pInitializePluginCoreInterface("test", "24"));
+    EXPECT_EQ("PluginCore: InitializePluginCoreInterface: " + database.string() +
+                  ": file is not a database\n",
+              testing::internal::GetCapturedStderr());
+    EXPECT_EQ(8192U, fs::file_size(database));
 }
 
-TEST_F(ExportsTest, IdsOfKnownDocumentsLast)
+TEST_F(ExportsTest, IdsOfDocumentsOutliveARestart)
 {
     ASSERT_TRUE(mCore.Start());
-    EXPECT_EQ(mCore.pGetIDForDocument("/a.ai", mBuffer, &mSize), 0U);
-    EXPECT_STREQ(mBuffer, "");
-    EXPECT_EQ(mCore.Open("/a.ai", "[]"), "");
-    EXPECT_EQ(mCore.pHandleSaveDocument("/b.ai", "{}"), 0U);
-    EXPECT_EQ(mCore.pGetIDForDocument("/a.ai", mBuffer, &mSize), 0U);
+    EXPECT_EQ(0U, mCore.pGetIDForDocument("/a.ai", mBuffer, &mSize));
+    EXPECT_STREQ("", mBuffer);
+    EXPECT_EQ("", mCore.Open("/a.ai", "[]"));
+    EXPECT_EQ(0U, mCore.pHandleSaveDocument("/b.ai", "{}"));
+    EXPECT_EQ(0U, mCore.pGetIDForDocument("/a.ai", mBuffer, &mSize));
     const std::string id = mBuffer;
-    EXPECT_EQ(id.size(), 32U);
-    EXPECT_EQ(mCore.pUpdateDocumentFontUsage(id.c_str(), "{}"), 0U);
-    EXPECT_EQ(mCore.pTerminatePluginCoreInterface(), 0U);
+    EXPECT_EQ(32U, id.size());
+    EXPECT_EQ(0U, mCore.pUpdateDocumentFontUsage(id.c_str(), "{}"));
+    EXPECT_EQ(0U, mCore.pTerminatePluginCoreInterface());
     ASSERT_TRUE(mCore.Start());
-    EXPECT_EQ(mCore.pGetIDForDocument("/a.ai", mBuffer, &mSize), 0U);
-    EXPECT_EQ(mBuffer, id);
-    EXPECT_EQ(mCore.pGetIDForDocument("/b.ai", mBuffer, &mSize), 0U);
-    EXPECT_NE(mBuffer, id);
-    EXPECT_EQ(mCore.pUpdateDocumentFontUsage("nobody", "{}"), StatusCodes::kNotFound);
+    EXPECT_EQ(0U, mCore.pGetIDForDocument("/a.ai", mBuffer, &mSize));
+    EXPECT_EQ(id, mBuffer);
+    EXPECT_EQ(0U, mCore.pGetIDForDocument("/b.ai", mBuffer, &mSize));
+    EXPECT_NE(id, mBuffer);
+    EXPECT_EQ(StatusCodes::kNotFound, mCore.pUpdateDocumentFontUsage("nobody", "{}"));
 }
 
-TEST_F(ExportsTest, ABlankDocumentGetsAFreshId)
+TEST_F(ExportsTest, BlankDocumentGetsANewId)
 {
     ASSERT_TRUE(mCore.Start());
-    EXPECT_EQ(mCore.pHandleCreateNewDocument(mBuffer, &mSize), 0U);
+    EXPECT_EQ(0U, mCore.pHandleCreateNewDocument(mBuffer, &mSize));
     const std::string first = mBuffer;
-    EXPECT_EQ(mCore.pHandleCreateNewDocument(mBuffer, &mSize), 0U);
+    EXPECT_EQ(0U, mCore.pHandleCreateNewDocument(mBuffer, &mSize));
     EXPECT_FALSE(first.empty());
-    EXPECT_NE(mBuffer, first);
+    EXPECT_NE(first, mBuffer);
     size_t small = 5;
-    EXPECT_EQ(mCore.pHandleCreateNewDocument(mBuffer, &small), StatusCodes::kIndexOutOfRange);
+    EXPECT_EQ(StatusCodes::kIndexOutOfRange, mCore.pHandleCreateNewDocument(mBuffer, &small));
 }
 
-TEST_F(ExportsTest, TheAboutTextGoesToStandardErrorWithoutAHost)
+TEST_F(ExportsTest, AboutTextIsPrintedOnStandardErrorWithoutAHost)
 {
     FontTestHome::CopyFont("DejaVuSans", mHome.GetLibrary());
     FontTestHome::WriteFile(mHome.GetLibrary() / "bad.ttf", "bad");
     ASSERT_TRUE(mCore.Start());
     bool shown = false;
     testing::internal::CaptureStderr();
-    EXPECT_EQ(mCore.pInvokeCommandDialog("", mBuffer, &shown), 0U);
+    EXPECT_EQ(0U, mCore.pInvokeCommandDialog("", mBuffer, &shown));
     EXPECT_TRUE(shown);
-    EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              "PluginCore: Corvanta Fonts: Font library: " + mHome.GetLibrary().string() +
-                  "\n1 fonts in 1 files, 1 bad files skipped\n");
-    EXPECT_STREQ(mBuffer, "");
+    EXPECT_EQ("PluginCore: Corvanta Fonts: Font library: " + mHome.GetLibrary().string() +
+                  "\n1 fonts in 1 files, 1 bad files skipped\n",
+              testing::internal::GetCapturedStderr());
+    EXPECT_STREQ("", mBuffer);
 }
 
 }  // namespace

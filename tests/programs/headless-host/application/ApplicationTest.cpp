@@ -6,7 +6,7 @@ using testing::ElementsAre;
 
 class ApplicationTest : public HostFixture {
 protected:
-    // "caller selector" and what tells the message from others, one entry per message sent.
+    // The selector of each message sent, with the format, the notifier type and its data.
     std::vector<std::string> ListMessages() const
     {
         std::vector<std::string> messages;
@@ -23,39 +23,39 @@ protected:
     }
 };
 
-TEST_F(ApplicationTest, SpeaksInTheOrderOfARealHost)
+TEST_F(ApplicationTest, SendsMessagesInTheOrderOfARealHost)
 {
     WriteJournal();
-    RunGuest("well-behaved", {"a.pdf"});
+    RunPlugin("well-behaved", {"a.pdf"});
     const auto messages = ListMessages();
-    ASSERT_EQ(messages.size(), 9u);
-    EXPECT_EQ(messages[0], "Startup");
-    EXPECT_EQ(messages[1], "AI Check high");
-    EXPECT_EQ(messages[2], "AI Check low");
-    EXPECT_EQ(messages[3], "AI Check low again");
+    ASSERT_EQ(9U, messages.size());
+    EXPECT_EQ("Startup", messages[0]);
+    EXPECT_EQ("AI Check high", messages[1]);
+    EXPECT_EQ("AI Check low", messages[2]);
+    EXPECT_EQ("AI Check low again", messages[3]);
     EXPECT_THAT(messages[4],
                 testing::StartsWith("AI Notify AI Document Opened Notifier document#"));
     EXPECT_THAT(messages[5],
                 testing::StartsWith("AI Notify AI Document Closed Notifier document#"));
-    EXPECT_EQ(messages[6], "AI Notify AI Application Shutdown Notifier null");
-    EXPECT_EQ(messages[7], "Shutdown");
-    EXPECT_EQ(messages[8], "Unload");
-    EXPECT_THAT(host->errors.Lines(), testing::IsEmpty());
+    EXPECT_EQ("AI Notify AI Application Shutdown Notifier null", messages[6]);
+    EXPECT_EQ("Shutdown", messages[7]);
+    EXPECT_EQ("Unload", messages[8]);
+    EXPECT_THAT(host->violations.Lines(), testing::IsEmpty());
 }
 
-TEST_F(ApplicationTest, DocumentsStayOpenUntilTheEnd)
+TEST_F(ApplicationTest, DocumentsRemainOpenUntilTheShutdown)
 {
     WriteJournal();
-    RunGuest("well-behaved", {"a.pdf", "b.pdf"});
+    RunPlugin("well-behaved", {"a.pdf", "b.pdf"});
     std::vector<std::string> kinds;
     for (const std::string& message : ListMessages()) {
         if (message.find("Opened") != std::string::npos) kinds.push_back("opened");
         if (message.find("Closed") != std::string::npos) kinds.push_back("closed");
     }
-    EXPECT_EQ(kinds, (std::vector<std::string>{"opened", "opened", "closed", "closed"}));
+    EXPECT_EQ((std::vector<std::string>{"opened", "opened", "closed", "closed"}), kinds);
 }
 
-TEST_F(ApplicationTest, TellsWhatBecameOfEachFont)
+TEST_F(ApplicationTest, ReportsTheStateOfEachFont)
 {
     fonts.active = {"Default-Regular", "Here"};
     AddFrame({"Default-Regular", "Here", "Comes", "Gone"});
@@ -64,39 +64,39 @@ TEST_F(ApplicationTest, TellsWhatBecameOfEachFont)
         source->active.insert("Comes");
         return content;
     };
-    RunGuest("well-behaved", {"a.pdf"});
-    ASSERT_EQ(reports.size(), 1u);
-    ASSERT_EQ(reports[0].fonts.size(), 4u);
-    EXPECT_EQ(reports[0].fonts[0].state, FontState::kDefault);
-    EXPECT_EQ(reports[0].fonts[1].state, FontState::kActive);
-    EXPECT_EQ(reports[0].fonts[2].state, FontState::kActivated);
-    EXPECT_EQ(reports[0].fonts[3].state, FontState::kMissing);
+    RunPlugin("well-behaved", {"a.pdf"});
+    ASSERT_EQ(1U, reports.size());
+    ASSERT_EQ(4U, reports[0].fonts.size());
+    EXPECT_EQ(FontState::kDefault, reports[0].fonts[0].state);
+    EXPECT_EQ(FontState::kActive, reports[0].fonts[1].state);
+    EXPECT_EQ(FontState::kActivated, reports[0].fonts[2].state);
+    EXPECT_EQ(FontState::kMissing, reports[0].fonts[3].state);
     EXPECT_TRUE(reports[0].HasMissingFont());
-    EXPECT_EQ(reports[0].dialog, DialogOutcome::kDismissed);
+    EXPECT_EQ(DialogOutcome::kDismissed, reports[0].dialog);
 }
 
-TEST_F(ApplicationTest, NamesAreComparedByteForByte)
+TEST_F(ApplicationTest, ComparesFontNamesByteForByte)
 {
     fonts.active = {"default-regular", "Default-Regular"};
     AddFrame({"DEFAULT-Regular"});
-    RunGuest("well-behaved", {"a.pdf"});
-    EXPECT_EQ(reports[0].fonts[0].state, FontState::kMissing);
+    RunPlugin("well-behaved", {"a.pdf"});
+    EXPECT_EQ(FontState::kMissing, reports[0].fonts[0].state);
 }
 
-TEST_F(ApplicationTest, NoDialogWithoutAMissingFont)
+TEST_F(ApplicationTest, RunsNoDialogWithoutAMissingFont)
 {
     AddFrame({"Default-Regular"});
-    RunGuest("well-behaved", {"a.pdf"});
-    EXPECT_EQ(reports[0].dialog, DialogOutcome::kNone);
+    RunPlugin("well-behaved", {"a.pdf"});
+    EXPECT_EQ(DialogOutcome::kNone, reports[0].dialog);
     EXPECT_FALSE(reports[0].HasMissingFont());
 }
 
-TEST_F(ApplicationTest, ADialogThatNobodyDismissesIsShown)
+TEST_F(ApplicationTest, ShowsADialogThatIsNotDismissed)
 {
     AddFrame({"Gone"});
-    RunGuest("leaks-suite", {"a.pdf"});
-    EXPECT_EQ(reports[0].dialog, DialogOutcome::kShown);
-    EXPECT_EQ(reports[0].dialogTitle, "Missing Fonts");
+    RunPlugin("leaks-suite", {"a.pdf"});
+    EXPECT_EQ(DialogOutcome::kShown, reports[0].dialog);
+    EXPECT_EQ("Missing Fonts", reports[0].dialogTitle);
 }
 
 TEST_F(ApplicationTest, ATemplateOpensAsAnUntitledCopy)
@@ -104,46 +104,46 @@ TEST_F(ApplicationTest, ATemplateOpensAsAnUntitledCopy)
     content.document.isTemplate = true;
     headless::DocumentObject* const first = host->AddDocument(content.document, "/a/b.ait");
     headless::DocumentObject* const second = host->AddDocument(content.document, "/a/b.ait");
-    EXPECT_EQ(first->path, "Untitled-1");
-    EXPECT_EQ(second->path, "Untitled-2");
+    EXPECT_EQ("Untitled-1", first->path);
+    EXPECT_EQ("Untitled-2", second->path);
     EXPECT_FALSE(first->hasFile);
-    EXPECT_EQ(host->GetCurrentDocument(), second);
+    EXPECT_EQ(second, host->GetCurrentDocument());
 }
 
-TEST_F(ApplicationTest, AFileThatFailsGetsNoDocument)
+TEST_F(ApplicationTest, AddsNoDocumentForAFileThatFails)
 {
     WriteJournal();
     content.ok = false;
     content.error = "is encrypted";
-    RunGuest("well-behaved", {"a.pdf"});
+    RunPlugin("well-behaved", {"a.pdf"});
     EXPECT_FALSE(reports[0].opened);
-    EXPECT_EQ(reports[0].error, "is encrypted");
+    EXPECT_EQ("is encrypted", reports[0].error);
     const auto messages = ListMessages();
-    EXPECT_EQ(messages[1], "AI Check high") << "the check comes before the reading";
+    EXPECT_EQ("AI Check high", messages[1]) << "the check is sent before the file is read";
     for (const std::string& message : messages) {
         EXPECT_EQ(message.find("Opened"), std::string::npos);
     }
 }
 
-TEST_F(ApplicationTest, TheFileFormatsAreNotAskedAboutWhatIsNoFile)
+TEST_F(ApplicationTest, SendsNoCheckForAFolder)
 {
     WriteJournal();
     content.ok = false;
     content.error = "is a folder";
     headless::Application application(*host, "en");
     std::string error;
-    ASSERT_TRUE(application.Start(GetGuestPath("well-behaved"), error)) << error;
-    EXPECT_EQ(application.Open(folder, "folder").error, "is a folder");
+    ASSERT_TRUE(application.Start(GetPluginPath("well-behaved"), error)) << error;
+    EXPECT_EQ("is a folder", application.Open(folder, "folder").error);
     for (const std::string& message : ListMessages()) {
         EXPECT_EQ(message.find("Check"), std::string::npos);
     }
 }
 
-TEST_F(ApplicationTest, AReaderThatThrowsIsOneFailedFile)
+TEST_F(ApplicationTest, AReaderThatThrowsFailsForItsFileOnly)
 {
     host->reader = [](const std::string&) -> documents::OpenResult {
         throw std::runtime_error("out of luck");
     };
-    RunGuest("well-behaved", {"a.pdf", "b.pdf"});
-    EXPECT_EQ(reports[1].error, "out of luck");
+    RunPlugin("well-behaved", {"a.pdf", "b.pdf"});
+    EXPECT_EQ("out of luck", reports[1].error);
 }

@@ -14,7 +14,7 @@ protected:
     std::string Name() const { return host->handles.Describe(Current().handle); }
 };
 
-TEST_F(DocumentLifeTest, EachChangeIsTold)
+TEST_F(DocumentLifeTest, EachChangeIsNotified)
 {
     Do("new");
     const std::string name = Name();
@@ -29,10 +29,10 @@ TEST_F(DocumentLifeTest, EachChangeIsTold)
     EXPECT_TRUE(Current().isModified);
     EXPECT_THAT(Current().content.fonts, ElementsAre("Some-Font"));
     EXPECT_THAT(Current().content.linkedFiles, ElementsAre(folder + "/placed.ai"));
-    EXPECT_EQ(Current().art.size(), 2u);
+    EXPECT_EQ(2U, Current().art.size());
 }
 
-TEST_F(DocumentLifeTest, ASaveTellsTheCommandAndThenTheDisk)
+TEST_F(DocumentLifeTest, ASaveNotifiesTheCommandAndThenTheDisk)
 {
     Do("new");
     const std::string disk = "AI Document Write On Disk Complete Notifier " + Name();
@@ -47,7 +47,7 @@ TEST_F(DocumentLifeTest, ASaveTellsTheCommandAndThenTheDisk)
     EXPECT_THAT(TakeMessages(), ElementsAre("AI Command Notifier: After Save null", disk));
 }
 
-TEST_F(DocumentLifeTest, ASaveThatFailsChangesAndTellsNothing)
+TEST_F(DocumentLifeTest, ASaveThatFailsChangesAndNotifiesNothing)
 {
     Do("new");
     Do("change");
@@ -55,12 +55,12 @@ TEST_F(DocumentLifeTest, ASaveThatFailsChangesAndTellsNothing)
     for (const char* const line :
          {"save nowhere/a.pdf", "save a.txt", "save none", "save .pdf/a.ai"}) {
         testing::internal::CaptureStderr();
-        EXPECT_EQ(Try(line).outcome, LineOutcome::kFileFailed) << line;
-        EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("can't be saved: ")) << line;
+        EXPECT_EQ(LineOutcome::kFileFailed, Try(line).outcome) << line;
+        EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("cannot be saved: ")) << line;
     }
     EXPECT_THAT(TakeMessages(), testing::IsEmpty());
     EXPECT_TRUE(Current().isModified);
-    EXPECT_EQ(Current().path, "Untitled-1");
+    EXPECT_EQ("Untitled-1", Current().path);
 }
 
 TEST_F(DocumentLifeTest, TwoOpenDocumentsDoNotShareAFile)
@@ -69,11 +69,11 @@ TEST_F(DocumentLifeTest, TwoOpenDocumentsDoNotShareAFile)
     Do("save a.pdf");
     Do("new");
     testing::internal::CaptureStderr();
-    EXPECT_EQ(Try("save a.pdf").outcome, LineOutcome::kFileFailed);
+    EXPECT_EQ(LineOutcome::kFileFailed, Try("save a.pdf").outcome);
     EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("another open document"));
 }
 
-TEST_F(DocumentLifeTest, TheDocumentIsGoneWhenItsCloseIsTold)
+TEST_F(DocumentLifeTest, TheDocumentIsGoneWhenItsCloseIsNotified)
 {
     Do("new");
     const std::string name = Name();
@@ -81,26 +81,26 @@ TEST_F(DocumentLifeTest, TheDocumentIsGoneWhenItsCloseIsTold)
     Do("close");
     EXPECT_THAT(TakeMessages(), ElementsAre("AI Document About To Close Notifier " + name,
                                             "AI Document Closed Notifier " + name));
-    EXPECT_EQ(host->GetCurrentDocument(), nullptr);
+    EXPECT_EQ(nullptr, host->GetCurrentDocument());
 }
 
-TEST_F(DocumentLifeTest, AfterACloseTheOneThatWasCurrentBeforeIsSoAgain)
+TEST_F(DocumentLifeTest, AfterACloseThePreviousDocumentIsCurrentAgain)
 {
     for (int i = 0; i < 3; ++i) Do("new");
     Do("current 1");
     Do("current Untitled-2");
     Do("close");
-    EXPECT_EQ(Current().path, "Untitled-1");
+    EXPECT_EQ("Untitled-1", Current().path);
     Do("close Untitled-1");
-    EXPECT_EQ(Current().path, "Untitled-3");
+    EXPECT_EQ("Untitled-3", Current().path);
 }
 
-TEST_F(DocumentLifeTest, ACloseInTheBackgroundLeavesTheCurrentOne)
+TEST_F(DocumentLifeTest, ClosingAnotherDocumentKeepsTheCurrentOne)
 {
     Do("new");
     Do("new");
     Do("close 1");
-    EXPECT_EQ(Current().path, "Untitled-2");
+    EXPECT_EQ("Untitled-2", Current().path);
     Do("expect documents 1");
 }
 
@@ -109,27 +109,27 @@ TEST_F(DocumentLifeTest, ATemplateIsUntitledUntilItIsSaved)
     content.document.isTemplate = true;
     MakeFile("form.ait");
     Do("open form.ait");
-    EXPECT_EQ(Try("save").outcome, LineOutcome::kWrong);
+    EXPECT_EQ(LineOutcome::kWrong, Try("save").outcome);
     Do("save filled.ai");
     EXPECT_TRUE(Current().hasFile);
     Do("expect file filled.ai");
 }
 
-TEST_F(DocumentLifeTest, TimersFollowTheTicks)
+TEST_F(DocumentLifeTest, TimersAreSentAtTheTicksOfTheirPeriod)
 {
     Do("tick 3");
     EXPECT_THAT(TakeMessages(), ElementsAre("AI Go every tick", "AI Go every tick",
                                             "AI Go every tick", "AI Go every third"));
 }
 
-TEST_F(DocumentLifeTest, FontsAndTheAboutBox)
+TEST_F(DocumentLifeTest, SendsTheFontListNotifierAndTheAboutMessage)
 {
     Do("fonts-changed");
     Do("about");
     EXPECT_THAT(TakeMessages(), ElementsAre("AI Font List Changed Notifier null", "About"));
 }
 
-TEST_F(DocumentLifeTest, ShowingTheMenusAsksTheItemsThatWantIt)
+TEST_F(DocumentLifeTest, ShowMenuUpdatesTheItemsThatAskForIt)
 {
     Do("show menu");
     EXPECT_THAT(TakeMessages(), ElementsAre("AI Update Plain", "AI Update More", "AI Update Deep"));

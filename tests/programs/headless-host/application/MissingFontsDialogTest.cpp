@@ -11,40 +11,45 @@ SKeyEvent MakeKey(int type, unsigned short code)
     return {type, 0, 0, 0, 0, 1, "\n", "\n", false, code};
 }
 
+class MissingFontsDialogTest : public testing::Test {
+protected:
+    headless::Journal journal;
+};
+
 }  // namespace
 
-TEST(MissingFontsDialog, IsOfTheHostsDialogClass)
+TEST_F(MissingFontsDialogTest, IsKindOfTheHostsDialogClass)
 {
-    const MissingFontsDialog dialog("en", 1);
+    const MissingFontsDialog dialog(journal, "en", 1);
     EXPECT_TRUE(dialog.IsKindOfClass("DVAMacDialog"));
     EXPECT_FALSE(dialog.IsKindOfClass("NSPanel"));
     EXPECT_FALSE(dialog.IsKindOfClass(nullptr));
 }
 
-TEST(MissingFontsDialog, HasATitleInEachLanguage)
+TEST_F(MissingFontsDialogTest, HasATitleInEachLanguage)
 {
     const std::pair<const char*, const char*> words[] = {
         {"en", "Font"},      {"es", "fuente"},          {"fr", "police"},
         {"it", "Caratteri"}, {"de", "Schriftprobleme"}, {"ja", "フォント"}};
     for (const auto& [language, word] : words) {
-        const std::string title = MissingFontsDialog(language, 1).GetTitle();
+        const std::string title = MissingFontsDialog(journal, language, 1).GetTitle();
         EXPECT_NE(title.find(word), std::string::npos) << title;
     }
-    EXPECT_EQ(MissingFontsDialog("en", 1).GetTitle(), "Missing Fonts");
+    EXPECT_EQ("Missing Fonts", MissingFontsDialog(journal, "en", 1).GetTitle());
 }
 
-TEST(MissingFontsDialog, EscapeBeforeTheSessionKeepsItAway)
+TEST_F(MissingFontsDialogTest, EscapeBeforeTheSessionDismissesIt)
 {
-    MissingFontsDialog dialog("en", 1);
+    MissingFontsDialog dialog(journal, "en", 1);
     dialog.SendEvent(MakeKey(10, 53));
     dialog.Show();
     EXPECT_TRUE(dialog.IsDismissed());
     EXPECT_FALSE(dialog.WasShown());
 }
 
-TEST(MissingFontsDialog, OtherKeysDoNotDismissIt)
+TEST_F(MissingFontsDialogTest, OtherKeysDoNotDismissIt)
 {
-    MissingFontsDialog dialog("en", 1);
+    MissingFontsDialog dialog(journal, "en", 1);
     dialog.SendEvent(MakeKey(10, 36));
     dialog.SendEvent(MakeKey(11, 53));
     dialog.Show();

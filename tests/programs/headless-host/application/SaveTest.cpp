@@ -18,7 +18,7 @@ using headless::LineOutcome;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-// Documents that are saved and opened again, drawn with the real font files.
+// Saves documents and opens them again; text is drawn with the real font files.
 class SaveTest : public SessionFixture {
 protected:
     SaveTest()
@@ -51,7 +51,7 @@ protected:
         std::filesystem::copy(std::string(SAMPLES_FOLDER) + "/" + name, folder);
     }
 
-    // Every object and stream of a PDF can be read, and nothing had to be repaired.
+    // Checks that every object and stream of a PDF can be read without a repair.
     void ExpectSoundPdf(const std::string& name) const
     {
         QPDF pdf;
@@ -76,7 +76,7 @@ protected:
     }
 };
 
-TEST_F(SaveTest, ANewDocumentComesBackWithItsFontsAndFiles)
+TEST_F(SaveTest, ANewDocumentIsReadBackWithItsFontsAndFiles)
 {
     MakeFile("a & b.ai");
     MakeFile("c.eps");
@@ -121,10 +121,10 @@ TEST_F(SaveTest, WhatAnOpenedDocumentHeldIsKept)
     const documents::Document after = Read("business-card.ai");
     std::vector<std::string> names = before.fonts;
     names.insert(names.end(), {"DejaVuSansMono", "NoSuch-Font"});
-    EXPECT_EQ(after.fonts, names);
+    EXPECT_EQ(names, after.fonts);
     std::vector<std::string> files = before.linkedFiles;
     files.push_back(folder + "/new.pdf");
-    EXPECT_EQ(after.linkedFiles, files);
+    EXPECT_EQ(files, after.linkedFiles);
     EXPECT_EQ(after.creator, before.creator);
     EXPECT_EQ(after.frames.front().runs.size(), before.frames.front().runs.size());
     ExpectSoundPdf("business-card.ai");
@@ -142,23 +142,22 @@ TEST_F(SaveTest, AnEpsStaysAnEps)
     const documents::Document after = Read("other.eps");
     std::vector<std::string> names = before.fonts;
     names.emplace_back("No (Such) Font");
-    EXPECT_EQ(after.fonts, names);
+    EXPECT_EQ(names, after.fonts);
     EXPECT_THAT(after.linkedFiles, ElementsAre("missing-font.pdf", folder + "/placed.pdf"));
     const std::string bytes = ReadBytes("other.eps");
     const std::string kept = ReadBytes("leaflet.eps");
     EXPECT_THAT(bytes, HasSubstr(kept.substr(kept.find("%%BeginProlog"), 2000)));
 }
 
-TEST_F(SaveTest, OneKindDoesNotBecomeTheOther)
+TEST_F(SaveTest, PdfAndEpsAreNotConvertedIntoEachOther)
 {
     CopySample("leaflet.eps");
     CopySample("business-card.ai");
     for (const std::string line : {"leaflet.eps l.pdf", "business-card.ai b.eps"}) {
         Do("open " + line.substr(0, line.find(' ')));
         testing::internal::CaptureStderr();
-        EXPECT_EQ(Try("save " + line.substr(line.find(' ') + 1)).outcome, LineOutcome::kFileFailed);
-        EXPECT_THAT(testing::internal::GetCapturedStderr(),
-                    HasSubstr("can't be saved: this document is "));
+        EXPECT_EQ(LineOutcome::kFileFailed, Try("save " + line.substr(line.find(' ') + 1)).outcome);
+        EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("cannot be saved: a "));
     }
     EXPECT_THAT(ListFolder(), ElementsAre("business-card.ai", "journal", "leaflet.eps"));
 }
@@ -177,33 +176,33 @@ TEST_F(SaveTest, TextWithoutAnyFontToDrawWithIsNotSaved)
     Do("new");
     Do("text NoSuch-Font words");
     testing::internal::CaptureStderr();
-    EXPECT_EQ(Try("save n.pdf").outcome, LineOutcome::kFileFailed);
+    EXPECT_EQ(LineOutcome::kFileFailed, Try("save n.pdf").outcome);
     EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("no font to draw NoSuch-Font"));
     EXPECT_THAT(ListFolder(), ElementsAre("journal"));
 }
 
 class ReplaceFileTest : public SaveTest {};
 
-TEST_F(ReplaceFileTest, PutsANewFileInThePlaceOfTheOldOne)
+TEST_F(ReplaceFileTest, ReplacesAFileAndKeepsItsModeAndLinks)
 {
     const std::string path = MakeFile("f");
-    ASSERT_EQ(chmod(path.c_str(), 0640), 0);
+    ASSERT_EQ(0, chmod(path.c_str(), 0640));
     std::filesystem::create_symlink("f", folder + "/link");
-    EXPECT_EQ(documents::ReplaceFile(folder + "/link", "new bytes"), "");
-    EXPECT_EQ(ReadBytes("f"), "new bytes");
+    EXPECT_EQ("", documents::ReplaceFile(folder + "/link", "new bytes"));
+    EXPECT_EQ("new bytes", ReadBytes("f"));
     EXPECT_TRUE(std::filesystem::is_symlink(folder + "/link"));
     EXPECT_EQ(std::filesystem::status(path).permissions(), std::filesystem::perms(0640));
     EXPECT_THAT(ListFolder(), ElementsAre("f", "journal", "link"));
 }
 
-TEST_F(ReplaceFileTest, WhatCanNotBeAFileIsRefused)
+TEST_F(ReplaceFileTest, RefusesFoldersAndDevices)
 {
-    EXPECT_EQ(documents::ReplaceFile(folder, "x"), "is a folder");
-    EXPECT_EQ(documents::ReplaceFile("/dev/null", "x"), "is not a regular file");
-    EXPECT_NE(documents::ReplaceFile(folder + "/none/f", "x"), "");
+    EXPECT_EQ("is a folder", documents::ReplaceFile(folder, "x"));
+    EXPECT_EQ("is not a regular file", documents::ReplaceFile("/dev/null", "x"));
+    EXPECT_NE("", documents::ReplaceFile(folder + "/none/f", "x"));
 }
 
-// In a process of its own, which may not write files of more than a few bytes.
+// In a process of its own, whose files are limited to a few bytes.
 TEST_F(ReplaceFileTest, AWriteThatFailsLeavesTheOldFile)
 {
     std::ofstream(folder + "/f") << "old";
@@ -215,15 +214,15 @@ TEST_F(ReplaceFileTest, AWriteThatFailsLeavesTheOldFile)
         std::_Exit(error.empty() ? 1 : 0);
     };
     EXPECT_EXIT(write(), testing::ExitedWithCode(0), "");
-    EXPECT_EQ(ReadBytes("f"), "old");
+    EXPECT_EQ("old", ReadBytes("f"));
     EXPECT_THAT(ListFolder(), ElementsAre("f", "journal"));
 }
 
-TEST_F(ReplaceFileTest, AFolderThatMayNotBeWrittenTo)
+TEST_F(ReplaceFileTest, FailsInAFolderWithoutWritePermission)
 {
-    if (geteuid() == 0) GTEST_SKIP() << "the superuser may write everywhere";
-    ASSERT_EQ(chmod(folder.c_str(), 0500), 0);
-    EXPECT_NE(documents::ReplaceFile(folder + "/f", "x"), "");
-    ASSERT_EQ(chmod(folder.c_str(), 0700), 0);
+    if (geteuid() == 0) GTEST_SKIP() << "root may write everywhere";
+    ASSERT_EQ(0, chmod(folder.c_str(), 0500));
+    EXPECT_NE("", documents::ReplaceFile(folder + "/f", "x"));
+    ASSERT_EQ(0, chmod(folder.c_str(), 0700));
     EXPECT_THAT(ListFolder(), ElementsAre("journal"));
 }

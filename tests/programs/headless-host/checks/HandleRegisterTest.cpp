@@ -20,28 +20,28 @@ protected:
         return handles.Issue(std::make_shared<headless::StringObject>(), owner);
     }
 
-    headless::HostErrors errors;
-    headless::HandleRegister handles{errors};
+    headless::RuleViolations violations;
+    headless::HandleRegister handles{violations};
 };
 
-TEST_F(HandleRegisterTest, GivesTheObjectBack)
+TEST_F(HandleRegisterTest, FindsTheObjectOfAHandle)
 {
     auto document = std::make_shared<DocumentObject>();
     void* const handle = handles.Issue(document);
-    EXPECT_EQ(handles.Find<DocumentObject>(handle, "GetIt"), document.get());
-    EXPECT_THAT(errors.Lines(), IsEmpty());
+    EXPECT_EQ(document.get(), handles.Find<DocumentObject>(handle, "GetIt"));
+    EXPECT_THAT(violations.Lines(), IsEmpty());
 }
 
-TEST_F(HandleRegisterTest, TellsFourMistakesApart)
+TEST_F(HandleRegisterTest, ReportsNullUnknownWrongAndExpiredHandlesDifferently)
 {
     void* const string = IssueString();
-    EXPECT_EQ(handles.Find<DocumentObject>(nullptr, "Op"), nullptr);
-    EXPECT_EQ(handles.Find<DocumentObject>(&errors, "Op"), nullptr);
-    EXPECT_EQ(handles.Find<DocumentObject>(string, "Op"), nullptr);
+    EXPECT_EQ(nullptr, handles.Find<DocumentObject>(nullptr, "Op"));
+    EXPECT_EQ(nullptr, handles.Find<DocumentObject>(&violations, "Op"));
+    EXPECT_EQ(nullptr, handles.Find<DocumentObject>(string, "Op"));
     EXPECT_TRUE(handles.Release(string, HandleType::kString, "Destroy"));
-    EXPECT_EQ(handles.Find<headless::StringObject>(string, "Op"), nullptr);
+    EXPECT_EQ(nullptr, handles.Find<headless::StringObject>(string, "Op"));
     EXPECT_THAT(
-        errors.Lines(),
+        violations.Lines(),
         ElementsAre("Op: the document is null", "Op: the document was never handed out by the host",
                     "Op: string#1 is of the wrong type, wanted is: document",
                     "Op: string#1 has expired"));
@@ -50,8 +50,8 @@ TEST_F(HandleRegisterTest, TellsFourMistakesApart)
 TEST_F(HandleRegisterTest, AnAddressBetweenHandlesIsUnknown)
 {
     char* const handle = static_cast<char*>(IssueString());
-    EXPECT_EQ(handles.Describe(handle + 1), "unknown");
-    EXPECT_EQ(handles.Describe(handle + 16), "unknown") << "not handed out yet";
+    EXPECT_EQ("unknown", handles.Describe(handle + 1));
+    EXPECT_EQ("unknown", handles.Describe(handle + 16)) << "not handed out yet";
 }
 
 TEST_F(HandleRegisterTest, NeverUsesAnAddressTwice)
@@ -69,17 +69,17 @@ TEST_F(HandleRegisterTest, NeverUsesAnAddressTwice)
     }
 }
 
-TEST_F(HandleRegisterTest, LivesAsLongAsItHasReferences)
+TEST_F(HandleRegisterTest, ExpiresWithTheLastReference)
 {
     void* const handle = IssueString();
     EXPECT_TRUE(handles.Retain(handle, HandleType::kString, "AddRef"));
     EXPECT_TRUE(handles.Release(handle, HandleType::kString, "Release"));
     EXPECT_TRUE(handles.Release(handle, HandleType::kString, "Release"));
     EXPECT_FALSE(handles.Release(handle, HandleType::kString, "Release"));
-    EXPECT_THAT(errors.Lines(), ElementsAre("Release: string#1 has expired"));
+    EXPECT_THAT(violations.Lines(), ElementsAre("Release: string#1 has expired"));
 }
 
-TEST_F(HandleRegisterTest, WhatBelongsToAHandleExpiresWithIt)
+TEST_F(HandleRegisterTest, OwnedHandlesExpireWithTheirOwner)
 {
     auto document = std::make_shared<DocumentObject>();
     void* const owner = handles.Issue(document);
@@ -87,24 +87,24 @@ TEST_F(HandleRegisterTest, WhatBelongsToAHandleExpiresWithIt)
         std::make_shared<headless::ArtItem>(headless::ArtItem{document.get(), kTextFrameArt, 0}),
         owner);
     handles.Expire(owner);
-    EXPECT_EQ(handles.Find<headless::ArtItem>(art, "Op"), nullptr);
-    EXPECT_THAT(errors.Lines(), ElementsAre("Op: art#2 has expired"));
-    EXPECT_THAT(handles.ListLeaks(), IsEmpty()) << "art isn't the guest's to give back";
+    EXPECT_EQ(nullptr, handles.Find<headless::ArtItem>(art, "Op"));
+    EXPECT_THAT(violations.Lines(), ElementsAre("Op: art#2 has expired"));
+    EXPECT_THAT(handles.ListLeaks(), IsEmpty()) << "art need not be released";
 }
 
-TEST_F(HandleRegisterTest, ListsWhatTheGuestStillOwes)
+TEST_F(HandleRegisterTest, ListsWhatThePluginHasNotReleased)
 {
     (void)IssueString();
     void* const given = IssueString();
-    void* const hostsOwn = IssueString();
+    void* const isHostOwned = IssueString();
     (void)handles.IssueBlock(HandleType::kBlock, 10);
     EXPECT_TRUE(handles.Release(given, HandleType::kString, "Destroy"));
-    handles.KeepForHost(hostsOwn);
+    handles.KeepForHost(isHostOwned);
     EXPECT_THAT(handles.ListLeaks(),
                 ElementsAre("string#1 was not given back", "block#4 was not given back"));
 }
 
-TEST_F(HandleRegisterTest, WhatExpiredInTheGuestsHandsCountsAsKept)
+TEST_F(HandleRegisterTest, AHandleThatExpiresBeforeItsReleaseIsALeak)
 {
     void* const owner = handles.Issue(std::make_shared<DocumentObject>());
     (void)IssueString(owner);
@@ -112,7 +112,7 @@ TEST_F(HandleRegisterTest, WhatExpiredInTheGuestsHandsCountsAsKept)
     EXPECT_THAT(handles.ListLeaks(), ElementsAre("string#2 was not given back"));
 }
 
-TEST_F(HandleRegisterTest, OneArtSetPerScanMayStay)
+TEST_F(HandleRegisterTest, OneArtSetPerScanMayRemainUnreleased)
 {
     const auto issue = [this] { (void)handles.Issue(std::make_shared<headless::ArtSetObject>()); };
     handles.BeginMessage(true);
@@ -130,7 +130,7 @@ TEST_F(HandleRegisterTest, OneArtSetPerScanMayStay)
 TEST_F(HandleRegisterTest, BlocksAreZeroedAndWritable)
 {
     auto* const block = static_cast<char*>(handles.IssueBlock(HandleType::kBlock, 5000));
-    EXPECT_EQ(block[4999], 0);
+    EXPECT_EQ(0, block[4999]);
     block[0] = block[4999] = 'x';
     EXPECT_TRUE(handles.Release(block, HandleType::kBlock, "FreeBlock"));
     EXPECT_DEATH({ *static_cast<volatile char*>(block) = 'y'; }, "");

@@ -3,13 +3,15 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "suites/SuiteTable.h"
+
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 class SuiteLedgerTest : public testing::Test {
 protected:
-    headless::HostErrors errors;
-    headless::SuiteLedger ledger{errors};
+    headless::RuleViolations violations;
+    headless::SuiteLedger ledger{violations};
     const headless::SuiteRow& row = *headless::FindSuiteRow("AI Font Suite");
 };
 
@@ -27,26 +29,26 @@ TEST_F(SuiteLedgerTest, CountsReferences)
     EXPECT_THAT(ledger.ListLeaks(), IsEmpty());
 }
 
-TEST_F(SuiteLedgerTest, RefusesAReleaseTooMany)
+TEST_F(SuiteLedgerTest, RefusesAReleaseWithoutAReference)
 {
     EXPECT_FALSE(ledger.Release(row));
-    EXPECT_EQ(errors.Count(), 1u);
+    EXPECT_EQ(1U, violations.Count());
 }
 
-TEST_F(SuiteLedgerTest, LetsStayWhatIsAcquiredAfterTheShutdown)
+TEST_F(SuiteLedgerTest, AllowsSuitesAcquiredAfterTheShutdownToRemain)
 {
     ledger.Acquire(row);
-    ledger.LetStay(false);
+    ledger.AllowUnreleased(false);
     ledger.Acquire(row);
-    EXPECT_EQ(ledger.ListLeaks().size(), 1u) << "the one from before";
+    EXPECT_EQ(1U, ledger.ListLeaks().size()) << "the reference from before";
     (void)ledger.Release(row);
     ledger.Acquire(row);
-    EXPECT_EQ(ledger.ListLeaks().size(), 1u);
+    EXPECT_EQ(1U, ledger.ListLeaks().size());
 }
 
-TEST_F(SuiteLedgerTest, LetsAGuestThatRefusedToStartKeepAll)
+TEST_F(SuiteLedgerTest, AllowsAPluginThatDidNotStartToReleaseNothing)
 {
     ledger.Acquire(row);
-    ledger.LetStay(true);
+    ledger.AllowUnreleased(true);
     EXPECT_THAT(ledger.ListLeaks(), IsEmpty());
 }

@@ -23,7 +23,7 @@ std::string MakePdf(const char* font)
     return PdfMaker().SetContent(std::string("BT /") + font + " 9 Tf (abc) Tj ET").Make();
 }
 
-// Runs the program itself in a folder of its own.
+// Runs the program itself in a scratch folder.
 class FontsCommand : public testing::Test {
 protected:
     int Run(const std::string& arguments, const std::string& before = "")
@@ -61,7 +61,7 @@ protected:
 
 }  // namespace
 
-TEST_F(FontsCommand, Table)
+TEST_F(FontsCommand, PrintsATable)
 {
     Write("a.pdf", MakePdf("F1"));
     EXPECT_EQ(0, Run("a.pdf"));
@@ -69,7 +69,7 @@ TEST_F(FontsCommand, Table)
     EXPECT_EQ("", errors);
 }
 
-TEST_F(FontsCommand, TellsThatTheNativeReaderAnswered)
+TEST_F(FontsCommand, ReportsThatTheNativeReaderWasUsed)
 {
     NativeMaker maker;
     maker.SetFonts({"Native-Bold"}).AddStyle(0).AddStory({{0, 5}}).AddFrame(0);
@@ -93,7 +93,7 @@ TEST_F(FontsCommand, KeepsTheOrderOfTheArguments)
     EXPECT_EQ(names, GetPaths());
 }
 
-TEST_F(FontsCommand, NamesStandOnceOverAllFiles)
+TEST_F(FontsCommand, PrintsEachNameOnceForAllFiles)
 {
     Write("a.pdf", MakePdf("F2"));
     Write("b.pdf", MakePdf("F1"));
@@ -102,18 +102,18 @@ TEST_F(FontsCommand, NamesStandOnceOverAllFiles)
     EXPECT_EQ("Beta-Bold\nAlpha-Regular\n", output);
 }
 
-TEST_F(FontsCommand, BadFilesFailAndTheOthersGoOn)
+TEST_F(FontsCommand, ContinuesAfterFilesThatFail)
 {
     Write("text.ai", "no document");
     Write("good.pdf", MakePdf("F1"));
     EXPECT_EQ(headless::kFileNotOpened, Run("--json missing.ai text.ai . good.pdf"));
     EXPECT_THAT(GetPaths(), ElementsAre("missing.ai", "text.ai", ".", "good.pdf"));
     EXPECT_THAT(errors, HasSubstr("missing.ai: no such file\n"));
-    EXPECT_THAT(errors, HasSubstr(".: is a folder; --recursive reads what is in it\n"));
+    EXPECT_THAT(errors, HasSubstr(".: is a folder; use --recursive to read it\n"));
     EXPECT_THAT(output, HasSubstr("Alpha-Regular"));
 }
 
-TEST_F(FontsCommand, WalksFolders)
+TEST_F(FontsCommand, ReadsTheDocumentsInFolders)
 {
     Write("d/b/two.eps", "%!PS-Adobe-3.0 EPSF-3.0\n%%DocumentFonts: Two\n");
     Write("d/one.without-extension", MakePdf("F1"));
@@ -123,16 +123,16 @@ TEST_F(FontsCommand, WalksFolders)
     EXPECT_THAT(GetPaths(), ElementsAre("d/b/two.eps", "d/one.without-extension"));
 }
 
-TEST_F(FontsCommand, FolderWithoutDocumentsIsAnError)
+TEST_F(FontsCommand, AFolderWithoutDocumentsIsAnError)
 {
     Write("d/notes.txt", "nothing");
     EXPECT_EQ(headless::kFileNotOpened, Run("--recursive d"));
-    EXPECT_EQ("d: failed: holds no document\n", output);
+    EXPECT_EQ("d: failed: contains no document\n", output);
 }
 
-TEST_F(FontsCommand, FileThatTakesTooLongIsGivenUpWithAllThatWasStarted)
+TEST_F(FontsCommand, GivesUpOnASlowFileAndEndsItsProcesses)
 {
-    // A helper that never ends, and would write a file if it were let live.
+    // In place of Ghostscript: a program that never ends.
     Write("gs", "#!/bin/sh\nPATH=/usr/bin:/bin\nwhile :; do sleep 1; done\n");
     std::filesystem::permissions(folder.Path() + "/gs", std::filesystem::perms::owner_all);
     Write("slow.eps", "%!PS-Adobe-3.0 EPSF-3.0\n");
@@ -144,13 +144,13 @@ TEST_F(FontsCommand, FileThatTakesTooLongIsGivenUpWithAllThatWasStarted)
         output);
 }
 
-TEST_F(FontsCommand, WithoutFilesIsWrongUse)
+TEST_F(FontsCommand, RefusesToRunWithoutFiles)
 {
     EXPECT_EQ(headless::kWrongUse, Run(""));
     EXPECT_EQ(headless::kWrongUse, Run("--json --names a.pdf"));
 }
 
-TEST_F(FontsCommand, BombIsGivenUpBesideOthers)
+TEST_F(FontsCommand, ContinuesAfterADecompressionBomb)
 {
     Write("bomb.ai", WrapInPdf(PackZstandard(std::string(size_t{600} << 20, ' '))));
     Write("good.pdf", MakePdf("F1"));

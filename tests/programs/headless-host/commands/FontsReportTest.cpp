@@ -26,32 +26,33 @@ FontsReport MakeReport()
 
 }  // namespace
 
-TEST(FontsReport, AsJsonInOneLine)
+TEST(FontsReport, IsWrittenAsJsonOnOneLine)
 {
-    EXPECT_EQ(WriteFontsReportAsJson(MakeReport()),
-              R"({"path":"a.ai","status":"read","error":"","kind":"ai","reader":"native",)"
+    EXPECT_EQ(R"({"path":"a.ai","status":"read","error":"","kind":"ai","reader":"native",)"
               R"("note":"cut off","creator":"somebody","template":true,"frames":2,"stories":1,)"
-              R"("runs":3,"fonts":["A","B"],"linkedDocuments":["/p.png","/p.png"]})");
+              R"("runs":3,"fonts":["A","B"],"linkedDocuments":["/p.png","/p.png"]})",
+              WriteFontsReportAsJson(MakeReport()));
 }
 
-TEST(FontsReport, ComesBackFromJson)
+TEST(FontsReport, IsReadBackFromJson)
 {
     const std::string json = WriteFontsReportAsJson(MakeReport());
     EXPECT_EQ(json, WriteFontsReportAsJson(ReadFontsReport(json)));
 }
 
-TEST(FontsReport, AsTable)
+TEST(FontsReport, IsWrittenAsATable)
 {
-    EXPECT_EQ(WriteFontsReportAsTable(MakeReport()),
-              "a.ai: ai (native), 2 fonts, template\n"
-              "    A\n"
-              "    B\n"
-              "    placed file: /p.png\n"
-              "    placed file: /p.png\n"
-              "    note: cut off\n");
+    EXPECT_EQ(
+        "a.ai: ai (native), 2 fonts, template\n"
+        "    A\n"
+        "    B\n"
+        "    placed file: /p.png\n"
+        "    placed file: /p.png\n"
+        "    note: cut off\n",
+        WriteFontsReportAsTable(MakeReport()));
 }
 
-TEST(FontsReport, FailureAsTable)
+TEST(FontsReport, WritesAFailureAsOneLine)
 {
     FontsReport report;
     report.path = "b\n.ai";

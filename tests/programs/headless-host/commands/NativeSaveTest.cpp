@@ -25,7 +25,7 @@ std::string MakeNative()
         .MakeText();
 }
 
-// What was opened from `base`, with a text and a placed file added.
+// The order to save the document `base` with an added text and placed file.
 WriteOrder MakeOrder(const std::string& base, const std::string& link = "/Art/b (1).eps")
 {
     const OpenResult opened = OpenBytes(base);
@@ -44,7 +44,7 @@ WriteOrder MakeOrder(const std::string& base, const std::string& link = "/Art/b 
 
 }  // namespace
 
-TEST(NativeSave, PdfKeepsTheNativePartAndTellsWhatWasAdded)
+TEST(NativeSave, PdfKeepsTheNativePartAndRecordsAdditions)
 {
     const OpenResult saved = OpenBytes(WritePdf(MakeOrder(WrapInPdf(PackZlib(MakeNative())))));
     EXPECT_EQ("native", saved.document.reader);
@@ -52,7 +52,7 @@ TEST(NativeSave, PdfKeepsTheNativePartAndTellsWhatWasAdded)
     EXPECT_THAT(saved.document.linkedFiles, ElementsAre("/Art/a.eps", "/Art/b (1).eps"));
 }
 
-TEST(NativeSave, SecondSaveOfAPdfKeepsTheFirst)
+TEST(NativeSave, TheSecondSaveOfAPdfKeepsTheFirst)
 {
     const std::string once = WritePdf(MakeOrder(WrapInPdf(PackZlib(MakeNative()))));
     const OpenResult saved = OpenBytes(WritePdf(MakeOrder(once, "/Art/c.eps")));
@@ -61,7 +61,7 @@ TEST(NativeSave, SecondSaveOfAPdfKeepsTheFirst)
                 ElementsAre("/Art/a.eps", "/Art/b (1).eps", "/Art/c.eps"));
 }
 
-TEST(NativeSave, PdfPageShowsWhatWasAdded)
+TEST(NativeSave, ThePdfPageShowsAddedText)
 {
     std::string pdf = WritePdf(MakeOrder(WrapInPdf("damaged")));
     const OpenResult saved = OpenBytes(pdf);
@@ -69,7 +69,7 @@ TEST(NativeSave, PdfPageShowsWhatWasAdded)
     EXPECT_EQ("Alpha-Regular:3 | Added-Font:2", DescribeFrames(saved));
 }
 
-TEST(NativeSave, EpsKeepsTheNativePartAndTellsWhatWasAdded)
+TEST(NativeSave, EpsKeepsTheNativePartAndRecordsAdditions)
 {
     const OpenResult saved = OpenBytes(WriteEps(MakeOrder(WrapInEps(MakeNative()))));
     EXPECT_EQ("native", saved.document.reader);

@@ -10,7 +10,7 @@
 #include "commands/CommandLine.h"
 #include "console/BashCompletion.h"
 #include "console/CommandPages.h"
-#include "session/Actions.h"
+#include "session/ActionTable.h"
 
 using namespace headless;
 using console::ParseOutcome;
@@ -168,7 +168,7 @@ TEST(OptionsTest, HelpNamesEveryOptionAndExitStatus)
     for (const CLI::Option* const option : ListOptions(*app, "open")) {
         EXPECT_THAT(text, HasSubstr(option->get_name()));
     }
-    for (const ExitStatusRow& row : kExitStatuses) EXPECT_THAT(text, HasSubstr(row.meaning));
+    for (const auto& row : kExitStatuses) EXPECT_THAT(text, HasSubstr(row.meaning));
 }
 
 TEST(OptionsTest, TheVersionIsPrinted)

@@ -13,21 +13,21 @@
 
 using testing::HasSubstr;
 
-// The closed notifier as it is sent, and not as it is subscribed to.
+// The closed notifier when it is sent; its subscription has other arguments.
 constexpr const char* kClosedSent =
     R"("selector":"AI Notify","type":"AI Document Closed Notifier")";
 
-// Runs the program itself, with a home folder of its own.
+// Runs the program itself, with a home folder and a current folder of the test's own.
 class Program : public testing::Test {
 protected:
     Program() { std::filesystem::create_directory(folder + "/core"); }
 
-    int Run(const std::string& arguments, const std::string& guest = "well-behaved",
+    int Run(const std::string& arguments, const std::string& plugin = "well-behaved",
             const std::string& before = "")
     {
         const std::string command = "cd '" + folder + "' && " + before +
                                     " '" HEADLESS_HOST_PROGRAM "' " + arguments + " --home '" +
-                                    folder + "/home' --plugin '" GUEST_FOLDER "/" + guest +
+                                    folder + "/home' --plugin '" TEST_PLUGINS_FOLDER "/" + plugin +
                                     ".aip' >out 2>err </dev/null";
         const int status = std::system(command.c_str());
         output = ReadFile("out");
@@ -60,22 +60,22 @@ protected:
 TEST_F(Program, ReportsAMissingFont)
 {
     WriteEps("a.eps", "Surely-NotInstalled-Font");
-    EXPECT_EQ(Run("open a.eps --json"), headless::kFontMissing) << errors;
+    EXPECT_EQ(headless::kFontMissing, Run("open a.eps --json")) << errors;
     const auto line = nlohmann::json::parse(output);
-    EXPECT_EQ(line["path"], "a.eps");
-    EXPECT_EQ(line["status"], "opened");
-    EXPECT_EQ(line["kind"], "eps");
-    EXPECT_EQ(line["documentFonts"][0]["PostScriptName"], "Surely-NotInstalled-Font");
-    EXPECT_EQ(line["documentFonts"][0]["state"], "missing");
-    EXPECT_EQ(line["missingFontsDialog"], "dismissed");
+    EXPECT_EQ("a.eps", line["path"]);
+    EXPECT_EQ("opened", line["status"]);
+    EXPECT_EQ("eps", line["kind"]);
+    EXPECT_EQ("Surely-NotInstalled-Font", line["documentFonts"][0]["PostScriptName"]);
+    EXPECT_EQ("missing", line["documentFonts"][0]["state"]);
+    EXPECT_EQ("dismissed", line["missingFontsDialog"]);
 }
 
-TEST_F(Program, BadFilesFailAndTheOthersGoOn)
+TEST_F(Program, ContinuesAfterFilesThatFail)
 {
     WriteEps("good.eps", "Surely-NotInstalled-Font");
     std::ofstream(folder + "/text.ai") << "no document at all";
     std::ofstream(folder + "/empty.pdf") << "";
-    EXPECT_EQ(Run("open nowhere.ai . text.ai empty.pdf good.eps --json"), headless::kFileNotOpened);
+    EXPECT_EQ(headless::kFileNotOpened, Run("open nowhere.ai . text.ai empty.pdf good.eps --json"));
     std::istringstream lines(output);
     std::vector<std::string> states;
     for (std::string line; std::getline(lines, line);) {
@@ -87,50 +87,51 @@ TEST_F(Program, BadFilesFailAndTheOthersGoOn)
     EXPECT_THAT(errors, HasSubstr("headless-host: nowhere.ai: "));
 }
 
-TEST_F(Program, AFileOfZerosIsNoDocument)
+TEST_F(Program, RefusesALargeFileOfZeros)
 {
     std::ofstream(folder + "/zeros.ai") << "";
-    std::filesystem::resize_file(folder + "/zeros.ai", 300u << 20);
-    EXPECT_EQ(Run("open zeros.ai --json"), headless::kFileNotOpened);
-    EXPECT_EQ(nlohmann::json::parse(output)["status"], "failed");
+    std::filesystem::resize_file(folder + "/zeros.ai", 300U << 20);
+    EXPECT_EQ(headless::kFileNotOpened, Run("open zeros.ai --json"));
+    EXPECT_EQ("failed", nlohmann::json::parse(output)["status"]);
 }
 
-TEST_F(Program, WrongUse)
+TEST_F(Program, RefusesAnUnknownOption)
 {
-    EXPECT_EQ(Run("open --no-such-option a"), headless::kWrongUse);
+    EXPECT_EQ(headless::kWrongUse, Run("open --no-such-option a"));
     EXPECT_THAT(errors, HasSubstr("--no-such-option"));
-    EXPECT_EQ(output, "");
+    EXPECT_EQ("", output);
 }
 
-TEST_F(Program, APluginThatDoesNotLoad)
+TEST_F(Program, ReportsAModuleWithoutPluginMain)
 {
-    EXPECT_EQ(Run("open a.eps", "no-entry"), headless::kPluginNotLoaded);
+    EXPECT_EQ(headless::kPluginNotLoaded, Run("open a.eps", "no-entry"));
     EXPECT_THAT(errors, HasSubstr("has no PluginMain"));
-    EXPECT_EQ(output, "");
+    EXPECT_EQ("", output);
 }
 
-TEST_F(Program, APluginThatRefusesToStartOpensNothing)
+TEST_F(Program, OpensNothingIfThePluginRefusesToStart)
 {
     WriteEps("a.eps", "F");
-    EXPECT_EQ(Run("open a.eps", "refuses-to-start"), headless::kPluginNotLoaded);
+    EXPECT_EQ(headless::kPluginNotLoaded, Run("open a.eps", "refuses-to-start"));
     EXPECT_THAT(errors, HasSubstr("alert: Missing PluginCore (./somewhere)"));
-    EXPECT_EQ(output, "");
+    EXPECT_THAT(errors, testing::EndsWith("hint: run 'Vexcor install' once\n"));
+    EXPECT_EQ("", output);
 }
 
-TEST_F(Program, APluginThatBreaksARule)
+TEST_F(Program, ReportsABrokenRule)
 {
     WriteEps("a.eps", "F");
-    EXPECT_EQ(Run("open a.eps", "leaks-suite"), headless::kPluginBrokeRule);
+    EXPECT_EQ(headless::kPluginBrokeRule, Run("open a.eps", "leaks-suite"));
     EXPECT_THAT(errors, HasSubstr("headless-host: plug-in error: Unload: suite"));
 }
 
 TEST_F(Program, RunsACommandWhileTheDocumentIsOpen)
 {
     WriteEps("a.eps", "F");
-    EXPECT_EQ(Run("open a.eps --json --journal j --exec 'echo seen $DOCUMENT; grep -c "
+    EXPECT_EQ(headless::kFontMissing,
+              Run("open a.eps --json --journal j --exec 'echo seen $DOCUMENT; grep -c "
                   "AI.Notify.*Closed " +
-                  folder + "/j'"),
-              headless::kFontMissing);
+                  folder + "/j'"));
     EXPECT_THAT(errors, HasSubstr("seen " + folder + "/a.eps\n0\n"));
     EXPECT_THAT(ReadFile("j"), HasSubstr(kClosedSent));
 }
@@ -139,15 +140,15 @@ TEST_F(Program, AnInterruptShutsDownInOrder)
 {
     WriteEps("a.eps", "F");
     // The command's parent is the program.
-    EXPECT_EQ(Run("open a.eps --journal j --keep-open 600 --exec 'kill -TERM $PPID; sleep 600'"),
-              headless::kInterrupted);
+    EXPECT_EQ(headless::kInterrupted,
+              Run("open a.eps --journal j --keep-open 600 --exec 'kill -TERM $PPID; sleep 600'"));
     const std::string journal = ReadFile("j");
     EXPECT_THAT(journal, HasSubstr(kClosedSent));
     EXPECT_THAT(journal, HasSubstr("\"unloaded\""));
 }
 
-TEST_F(Program, AJournalThatCanNotBeWritten)
+TEST_F(Program, ReportsAJournalThatCannotBeWritten)
 {
-    EXPECT_EQ(Run("open a.eps --journal core"), headless::kWrongUse);
+    EXPECT_EQ(headless::kWrongUse, Run("open a.eps --journal core"));
     EXPECT_THAT(errors, HasSubstr("/core: "));
 }

@@ -9,37 +9,37 @@ TEST_F(JournalTest, NumbersItsLinesAndKeepsTheOrderOfMembers)
     host->journal.Write("host", "one", {{"a", 1}}, nullptr);
     host->journal.Write("suite", "two", {}, 7);
     const auto lines = ReadJournal();
-    ASSERT_EQ(lines.size(), 2u) << "a line is in the file before Write returns";
-    EXPECT_EQ(lines[0].at("seq"), 1);
-    EXPECT_EQ(lines[1].at("seq"), 2);
-    EXPECT_EQ(lines[1].at("side"), "suite");
-    EXPECT_EQ(lines[1].at("result"), 7);
+    ASSERT_EQ(2U, lines.size()) << "a line is in the file before Write returns";
+    EXPECT_EQ(1, lines[0].at("seq"));
+    EXPECT_EQ(2, lines[1].at("seq"));
+    EXPECT_EQ("suite", lines[1].at("side"));
+    EXPECT_EQ(7, lines[1].at("result"));
     EXPECT_GE(lines[1].at("t").get<double>(), lines[0].at("t").get<double>());
 }
 
-TEST_F(JournalTest, TakesTextThatIsNotUtf8)
+TEST_F(JournalTest, ReplacesBytesThatAreNotUtf8)
 {
     WriteJournal();
     host->journal.Write("host", "read", {{"path", "caf\xe9"}}, nullptr);
-    EXPECT_EQ(ReadJournal().at(0)["args"]["path"], "caf\xEF\xBF\xBD");
+    EXPECT_EQ("caf\xEF\xBF\xBD", ReadJournal().at(0)["args"]["path"]);
 }
 
-TEST_F(JournalTest, TakesLinesOfPluginCore)
+TEST_F(JournalTest, WritesLinesOfPluginCore)
 {
     WriteJournal();
     HeadlessHostJournal("core", "GetSettings", "{\"size\":8192}", "0");
     HeadlessHostJournal("core", "IdleEvent", "not json", nullptr);
     HeadlessHostJournal(nullptr, "x", "{}", "0");
     const auto lines = ReadJournal();
-    ASSERT_EQ(lines.size(), 2u);
-    EXPECT_EQ(lines[0]["side"], "core");
-    EXPECT_EQ(lines[0]["args"]["size"], 8192);
-    EXPECT_EQ(lines[0]["result"], 0);
-    EXPECT_EQ(lines[1]["args"], "not json");
+    ASSERT_EQ(2U, lines.size());
+    EXPECT_EQ("core", lines[0]["side"]);
+    EXPECT_EQ(8192, lines[0]["args"]["size"]);
+    EXPECT_EQ(0, lines[0]["result"]);
+    EXPECT_EQ("not json", lines[1]["args"]);
     EXPECT_TRUE(lines[1]["result"].is_null());
 }
 
-TEST_F(JournalTest, TellsWhyItCanNotBeWritten)
+TEST_F(JournalTest, ReportsWhyTheFileCannotBeWritten)
 {
     std::string error;
     EXPECT_FALSE(host->journal.Open(folder, error));

@@ -14,7 +14,7 @@ TEST(PanelPort, IsReadFromThePayload)
     EXPECT_EQ(65535, PanelPlayer::ReadPort("<payload><number>65535</number></payload>"));
 }
 
-TEST(PanelPort, IsReadFromNoOtherText)
+TEST(PanelPort, IsNotReadFromOtherText)
 {
     for (const char* text :
          {"", "12345", "<payload><number></number></payload>",
@@ -44,13 +44,13 @@ TEST(PanelPort, IsWaitedForInTicks)
 {
     PanelScene scene;
     scene.answersRequests = false;
-    scene.tellsAtTick = 5;
+    scene.sendsAtTick = 5;
     const PanelAnswer answer = scene.Ask();
     EXPECT_TRUE(answer.ok) << answer.error;
     EXPECT_EQ(1, scene.portRequests);
 }
 
-TEST(PanelPort, IsNotWaitedForEver)
+TEST(PanelPort, WaitingForItEndsAfter200Ticks)
 {
     PanelScene scene;
     scene.answersRequests = false;
@@ -67,7 +67,7 @@ TEST(PanelPort, AWrongPayloadIsQuoted)
     scene.payload = "<payload>\n1\xff</payload>";
     const PanelAnswer answer = scene.Ask();
     EXPECT_FALSE(answer.ok);
-    EXPECT_EQ("com.corvanta.portnumberresponse tells no port: \"<payload>?1?</payload>\"",
+    EXPECT_EQ("com.corvanta.portnumberresponse does not report a port: \"<payload>?1?</payload>\"",
               answer.error);
     EXPECT_EQ(0, answer.port);
 }
@@ -76,17 +76,18 @@ TEST(PanelPort, ALongPayloadIsCut)
 {
     PanelScene scene;
     scene.payload = std::string(100000, 'x');
-    EXPECT_EQ("com.corvanta.portnumberresponse tells no port: \"" + std::string(80, 'x') + "\"...",
+    EXPECT_EQ("com.corvanta.portnumberresponse does not report a port: \"" + std::string(80, 'x') +
+                  "\"...",
               scene.Ask().error);
 }
 
-TEST(PanelPort, WithoutABusThereIsNone)
+TEST(PanelPort, IsNotFoundWithoutABus)
 {
     PanelScene scene;
     scene.frameworks = ScriptedPlugPlugFolder("none");
     const PanelAnswer answer = scene.Ask();
     EXPECT_FALSE(answer.ok);
-    EXPECT_THAT(answer.error, HasSubstr("the event bus can't be opened: " + scene.frameworks +
+    EXPECT_THAT(answer.error, HasSubstr("cannot open the event bus: " + scene.frameworks +
                                         "/PlugPlug.framework/PlugPlug"));
     EXPECT_EQ(0, scene.ticks);
 }
@@ -102,12 +103,12 @@ TEST(PanelPort, ABusWithoutAFunctionIsNamed)
 {
     PanelScene scene;
     scene.frameworks = ScriptedPlugPlugFolder("missing-PlugPlugDispatchEvent");
-    EXPECT_EQ("the event bus can't be opened: " + scene.frameworks +
+    EXPECT_EQ("cannot open the event bus: " + scene.frameworks +
                   "/PlugPlugOwl.framework/PlugPlugOwl lacks a function",
               scene.Ask().error);
 }
 
-TEST(PanelPort, ABusThatRefusesTheListenerIsTold)
+TEST(PanelPort, ABusThatRefusesTheListenerIsReported)
 {
     const ScriptedPlugPlugLibrary bus("listener-fails-once");
     PanelScene scene;
@@ -115,7 +116,7 @@ TEST(PanelPort, ABusThatRefusesTheListenerIsTold)
     EXPECT_EQ("the event bus refuses the panel's listener: 7", scene.Ask().error);
 }
 
-TEST(PanelPort, ABusThatRefusesTheRequestIsTold)
+TEST(PanelPort, ABusThatRefusesTheRequestIsReported)
 {
     const ScriptedPlugPlugLibrary bus("owl-only");
     bus->answers["PlugPlugDispatchEvent"] = 3;
@@ -137,7 +138,7 @@ TEST(PanelPort, TheOwlIsPreferred)
     EXPECT_THAT(plain->calls, testing::IsEmpty());
 }
 
-TEST(PanelPort, ThePlainNameIsTheOther)
+TEST(PanelPort, ThePlainNameIsUsedWithoutTheOwl)
 {
     const ScriptedPlugPlugLibrary plain("plain-only", "PlugPlug");
     PanelScene scene;

@@ -23,7 +23,7 @@ TEST(PanelRefusals, AWrongTokenIsRefused)
     scene.WriteToken(std::string(64, 'b'));
     const PanelAnswer answer = scene.Ask({{{"op", "libraries"}}});
     EXPECT_FALSE(answer.ok);
-    EXPECT_EQ("the panel's token isn't taken: \"{\"error\":\"refused\",\"ok\":false}\"",
+    EXPECT_EQ("the panel's token was refused: \"{\"error\":\"refused\",\"ok\":false}\"",
               answer.error);
     EXPECT_EQ(scene.server.GetPort(), answer.port);
     EXPECT_EQ(1U, scene.server.lines.size());
@@ -33,7 +33,7 @@ TEST(PanelRefusals, WithoutATokenNothingIsSent)
 {
     PanelScene scene;
     scene.RemoveToken();
-    EXPECT_EQ("the panel's token can't be read: " + scene.GetTokenFile(), scene.Ask().error);
+    EXPECT_EQ("cannot read the panel's token: " + scene.GetTokenFile(), scene.Ask().error);
     EXPECT_THAT(scene.server.lines, IsEmpty());
 }
 
@@ -44,13 +44,11 @@ TEST(PanelRefusals, AFileWithoutATokenIsNamed)
     for (const std::string& bytes :
          {std::string(), std::string(63, 'a'), right + "a", right + "\n", std::string(64, 'g')}) {
         scene.WriteToken(bytes);
-        EXPECT_EQ("the file of the panel's token holds none: " + scene.GetTokenFile(),
-                  scene.Ask().error)
-            << bytes;
+        EXPECT_EQ("not a panel token: " + scene.GetTokenFile(), scene.Ask().error) << bytes;
     }
 }
 
-TEST(PanelRefusals, WithoutAServerThereIsOneLine)
+TEST(PanelRefusals, AMissingServerIsReported)
 {
     PanelScene scene;
     scene.server.StopListening();
@@ -59,7 +57,7 @@ TEST(PanelRefusals, WithoutAServerThereIsOneLine)
     EXPECT_THAT(answer.error, testing::HasSubstr(Name(scene) + ": "));
 }
 
-TEST(PanelRefusals, AServerThatSaysNothingIsNotWaitedForEver)
+TEST(PanelRefusals, WaitingForASilentServerEnds)
 {
     PanelScene scene;
     scene.welcome.clear();
@@ -67,7 +65,7 @@ TEST(PanelRefusals, AServerThatSaysNothingIsNotWaitedForEver)
     EXPECT_EQ(PanelPlayer::kMaximumTicks, scene.ticks);
 }
 
-TEST(PanelRefusals, ARequestWithoutAnAnswerIsNotWaitedForEver)
+TEST(PanelRefusals, WaitingForAnAnswerEnds)
 {
     PanelScene scene;
     scene.serve = [](const json& request) {
@@ -79,7 +77,7 @@ TEST(PanelRefusals, ARequestWithoutAnAnswerIsNotWaitedForEver)
     EXPECT_THAT(answer.answers, ElementsAre(json{{"ok", true}}));
 }
 
-TEST(PanelRefusals, EventsAloneAreNotTakenForEver)
+TEST(PanelRefusals, EventsDoNotExtendTheWaiting)
 {
     PanelScene scene;
     std::string endless;
@@ -90,7 +88,7 @@ TEST(PanelRefusals, EventsAloneAreNotTakenForEver)
     EXPECT_EQ("no answer to request 1 within 200 ticks", answer.error);
 }
 
-TEST(PanelRefusals, AClosedConnectionIsTold)
+TEST(PanelRefusals, AClosedConnectionIsReported)
 {
     PanelScene scene;
     scene.serve = [&](const json&) {
@@ -101,7 +99,7 @@ TEST(PanelRefusals, AClosedConnectionIsTold)
               scene.Ask({{{"op", "libraries"}}}).error);
 }
 
-TEST(PanelRefusals, AHalfLineBeforeTheEndIsNoAnswer)
+TEST(PanelRefusals, AnUnfinishedLineIsNoAnswer)
 {
     PanelScene scene;
     scene.serve = [&](const json&) {
@@ -113,7 +111,7 @@ TEST(PanelRefusals, AHalfLineBeforeTheEndIsNoAnswer)
               scene.Ask({{{"op", "libraries"}}}).error);
 }
 
-TEST(PanelRefusals, AWholeLineBeforeTheEndIsAnAnswer)
+TEST(PanelRefusals, AWholeLineBeforeTheCloseIsAnAnswer)
 {
     PanelScene scene;
     scene.serve = [&](const json&) {
@@ -127,7 +125,7 @@ TEST(PanelRefusals, ALineThatIsNoJsonIsQuoted)
 {
     PanelScene scene;
     scene.serve = [](const json&) { return "GET / HTTP/1.1\r\n"; };
-    EXPECT_EQ("the answer to request 1 isn't a JSON object: \"GET / HTTP/1.1?\"",
+    EXPECT_EQ("the answer to request 1 is not a JSON object: \"GET / HTTP/1.1?\"",
               scene.Ask({{{"op", "libraries"}}}).error);
 }
 
@@ -135,10 +133,10 @@ TEST(PanelRefusals, AnAnswerThatIsNoObjectIsQuoted)
 {
     PanelScene scene;
     scene.welcome = "[true]\n";
-    EXPECT_EQ("the answer to the token isn't a JSON object: \"[true]\"", scene.Ask().error);
+    EXPECT_EQ("the answer to the token is not a JSON object: \"[true]\"", scene.Ask().error);
 }
 
-TEST(PanelRefusals, AnEndlessLineIsCut)
+TEST(PanelRefusals, AnEndlessLineIsAnError)
 {
     PanelScene scene;
     scene.serve = [](const json&) { return std::string(8000000, 'x'); };
@@ -146,7 +144,7 @@ TEST(PanelRefusals, AnEndlessLineIsCut)
               scene.Ask({{{"op", "libraries"}}}).error);
 }
 
-TEST(PanelRefusals, ARequestThatIsNoTextIsNamed)
+TEST(PanelRefusals, ARequestThatIsNotUtf8IsNamed)
 {
     PanelScene scene;
     const PanelAnswer answer = scene.Ask({{{"op", "\xff"}}});

@@ -48,7 +48,7 @@ headless::PanelAnswer PanelScene::Ask(const std::vector<nlohmann::json>& request
 {
     headless::PanelPlayer player(frameworks);
     return player.Ask(requests, [this] {
-        if (ticks++ == tellsAtTick) TellPort();
+        if (ticks++ == sendsAtTick) SendPort();
         server.Tick();
     });
 }
@@ -60,19 +60,19 @@ void PanelScene::WriteToken(const std::string& bytes)
 
 void PanelScene::RemoveToken() { std::filesystem::remove(GetTokenFile()); }
 
-void PanelScene::TellPort()
+void PanelScene::SendPort()
 {
     const std::string data =
         payload ? *payload
                 : "<payload><number>" + std::to_string(server.GetPort()) + "</number></payload>";
     const PlugPlugEvent event = {kResponse, csxs::event::kEventScopeApplication, "test", nullptr,
                                  data.c_str()};
-    (void)mBus.Dispatch(&event);  // the panel shows what it heard
+    (void)mBus.Dispatch(&event);  // the panel's answer shows whether it was received
 }
 
 void PanelScene::Requested(const PlugPlugEvent*, void* context)
 {
     auto* const self = static_cast<PanelScene*>(context);
     ++self->portRequests;
-    if (self->answersRequests) self->TellPort();
+    if (self->answersRequests) self->SendPort();
 }

@@ -10,8 +10,8 @@
 #include "ScratchFolder.h"
 #include "panel/PanelPlayer.h"
 
-// What a panel finds: a bus whose other end tells the server's port, a server, and a token in a
-// state folder of the test's own. The environment is put back at the end.
+// The surroundings of a panel: an event bus with a listener that sends the server's port, a server,
+// and a token file in a state folder of the test's own. The destructor restores the environment.
 class PanelScene {
 public:
     PanelScene();
@@ -19,7 +19,7 @@ public:
     PanelScene(const PanelScene&) = delete;
     PanelScene& operator=(const PanelScene&) = delete;
 
-    // Plays the panel; each tick is one of the server's, too.
+    // Acts as the panel; each tick is also one of the server.
     headless::PanelAnswer Ask(const std::vector<nlohmann::json>& requests = {});
 
     void WriteToken(const std::string& bytes);
@@ -29,23 +29,23 @@ public:
     PanelServer server;
     std::string frameworks = PLUG_PLUG_FRAMEWORKS;
     std::string token = std::string(64, 'a');
-    int ticks = 0;         // of all asking
-    int portRequests = 0;  // that the other end of the bus got
+    int ticks = 0;         // of all calls of Ask
+    int portRequests = 0;  // received by the listener
 
-    // What the other end of the bus tells, the server's port if it isn't set; from which tick on it
-    // tells of itself, and whether it answers requests.
+    // What the listener sends (default: the server's port), the tick at which it sends it unasked
+    // (-1: never), and whether it answers requests.
     std::optional<std::string> payload;
-    int tellsAtTick = -1;
+    int sendsAtTick = -1;
     bool answersRequests = true;
 
-    // What the server says to a right token.
+    // The server's answer to the right token.
     std::string welcome = "{\"ok\":true,\"protocol\":1}\n";
 
-    // What it says to a request.
+    // The server's answer to a request.
     std::function<std::string(const nlohmann::json& request)> serve;
 
 private:
-    void TellPort();
+    void SendPort();
     static void Requested(const PlugPlugEvent* event, void* context);
 
     OpenFramework mBus{"PlugPlugOwl"};

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-// A server of one client on 127.0.0.1 that never waits: what happens happens in Tick.
+// A non-blocking server for one client on 127.0.0.1. It works only in Tick.
 class PanelServer {
 public:
     PanelServer();
@@ -15,20 +15,20 @@ public:
     int GetPort() const { return mPort; }
     bool HasClient() const { return mClient >= 0; }
 
-    // Takes the client if it has none, reads what is there, answers each whole line with what
-    // `answer` gives, sends the next part, and lets a client go that hung up.
+    // Accepts a client if there is none, reads the available bytes, passes each whole line to
+    // `answer`, sends the next part of the answers, and drops a client that has disconnected.
     void Tick();
 
-    // No client is taken any more.
+    // Accepts no further client.
     void StopListening();
 
-    // Closes the client once what is to be sent was sent.
+    // Disconnects the client after all answers were sent.
     void Hang() { mHangsUp = true; }
 
-    // The bytes for a line; it may be no whole line, none or several.
+    // Returns the bytes to send for a line: none, a part of a line, or several lines.
     std::function<std::string(const std::string& line)> answer;
-    std::vector<std::string> lines;          // what came
-    std::size_t bytesPerTick = 1024 * 1024;  // how much is sent in one
+    std::vector<std::string> lines;          // received so far
+    std::size_t bytesPerTick = 1024 * 1024;  // the most bytes that one tick sends
 
 private:
     void Drop();

@@ -8,38 +8,39 @@ class MenuTreeTest : public SessionFixture {};
 
 TEST_F(MenuTreeTest, DrawsMarksSeparatorsAndSubmenus)
 {
-    EXPECT_EQ(headless::DrawMenus(*host),
-              "Type\n"
-              "      Plain\n"
-              "      Gray  (disabled)\n"
-              "      --------\n"
-              "      More >\n"
-              "      [x] Deep\n");
+    EXPECT_EQ(
+        "Type\n"
+        "      Plain\n"
+        "      Gray  (disabled)\n"
+        "      --------\n"
+        "      More >\n"
+        "      [x] Deep\n",
+        headless::DrawMenus(*host));
 }
 
 TEST_F(MenuTreeTest, FindsItemsByTextAndByPath)
 {
-    EXPECT_EQ(headless::FindMenuItem(*host, "Deep").path, "More/Deep");
-    EXPECT_EQ(headless::FindMenuItem(*host, "More/Deep").path, "More/Deep");
-    EXPECT_EQ(headless::FindMenuItem(*host, "Type/Deep").item, nullptr);
-    EXPECT_EQ(headless::FindMenuItem(*host, "").item, nullptr) << "a separator can't be chosen";
+    EXPECT_EQ("More/Deep", headless::FindMenuItem(*host, "Deep").path);
+    EXPECT_EQ("More/Deep", headless::FindMenuItem(*host, "More/Deep").path);
+    EXPECT_EQ(nullptr, headless::FindMenuItem(*host, "Type/Deep").item);
+    EXPECT_EQ(nullptr, headless::FindMenuItem(*host, "").item) << "a separator cannot be chosen";
 }
 
-TEST_F(MenuTreeTest, WhatCanNotBeChosenIsToldSo)
+TEST_F(MenuTreeTest, DisabledItemsAndSubmenusCannotBeChosen)
 {
-    EXPECT_EQ(Try("menu Gray").text, "the menu item \"Gray\" is disabled; expected is another one");
-    EXPECT_EQ(Try("menu More").text, "\"More\" is a submenu; expected is an item in it");
-    EXPECT_EQ(Try("menu None").text, "no menu item is \"None\"");
+    EXPECT_EQ("the menu item \"Gray\" is disabled", Try("menu Gray").text);
+    EXPECT_EQ("the menu item \"More\" is a submenu; choose an item in it", Try("menu More").text);
+    EXPECT_EQ("no menu item is called \"None\"", Try("menu None").text);
     EXPECT_THAT(TakeMessages(), testing::IsEmpty());
 }
 
-TEST_F(MenuTreeTest, TheStatesCanBeExpected)
+TEST_F(MenuTreeTest, ExpectChecksTheStateOfAnItem)
 {
     Do("expect menu Deep checked");
     Do("expect menu Plain unchecked");
     Do("expect menu Plain enabled");
     Do("expect menu Gray disabled");
     Do("expect menu None absent");
-    EXPECT_EQ(Try("expect menu None checked").text,
-              "expected is menu item None checked, found is absent");
+    EXPECT_EQ("expected menu item None checked, found absent",
+              Try("expect menu None checked").text);
 }

@@ -1,5 +1,5 @@
 #include "SessionFixture.h"
-#include "session/Actions.h"
+#include "session/ActionTable.h"
 #include "session/SessionWords.h"
 
 using headless::LineOutcome;
@@ -7,7 +7,7 @@ using headless::SplitSessionLine;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-TEST(SessionWordsTest, BlanksQuotesAndComments)
+TEST(SessionWordsTest, SplitsAtSpacesOutsideOfQuotesAndComments)
 {
     EXPECT_THAT(SplitSessionLine("  a\t b\r").words, ElementsAre("a", "b"));
     EXPECT_THAT(SplitSessionLine(R"(x "a \"b\" \\" 'c "d"' e"f g"h)").words,
@@ -15,11 +15,11 @@ TEST(SessionWordsTest, BlanksQuotesAndComments)
     EXPECT_THAT(SplitSessionLine("a#b #c d").words, ElementsAre("a#b"));
     EXPECT_THAT(SplitSessionLine("# all of it").words, testing::IsEmpty());
     EXPECT_THAT(SplitSessionLine("a ''").words, ElementsAre("a", ""));
-    EXPECT_NE(SplitSessionLine("a 'b").error, "");
-    EXPECT_NE(SplitSessionLine(std::string("a\0b", 3)).error, "");
+    EXPECT_NE("", SplitSessionLine("a 'b").error);
+    EXPECT_NE("", SplitSessionLine(std::string("a\0b", 3)).error);
 }
 
-TEST(SessionWordsTest, AQuotedWordIsReadAsItWas)
+TEST(SessionWordsTest, AQuotedWordIsReadBackUnchanged)
 {
     for (const std::string word : {"plain", "two words", "a\"b", "it's", "", "#x", "a \\ b"}) {
         EXPECT_THAT(SplitSessionLine(headless::QuoteSessionWord(word)).words, ElementsAre(word));
@@ -35,53 +35,54 @@ TEST_F(SessionTest, EmptyLinesAndCommentsDoNothing)
     EXPECT_THAT(TakeMessages(), testing::IsEmpty());
 }
 
-TEST_F(SessionTest, EveryWrongLineSaysWhatWasExpected)
+TEST_F(SessionTest, AnInvalidLineGivesOneLineThatSaysWhatIsWrong)
 {
     Do("new");
     (void)TakeMessages();
     const std::vector<std::pair<std::string, std::string>> wrong = {
-        {"opn a", "\"opn\" is no action; expected is one of open, new"},
-        {"open", "expected is: open PATH"},
-        {"open a b", "expected is: open PATH"},
-        {"new x", "expected is: new"},
-        {"text", "expected is: text FONT [WORDS]"},
-        {"text ''", "expected is the name of a font"},
-        {"save", "expected is: save PATH"},
-        {"current 2", "expected is a name or a number from 1 to 1"},
-        {"close nobody", "no open document is \"nobody\""},
-        {"show fonts", "expected is menu or documents"},
-        {"tick x", "expected is one up to 1000000"},
-        {"tick 2000000", "expected is one up to 1000000"},
-        {"wait soon", "expected are seconds"},
-        {"wait -1", "expected are seconds"},
-        {"panel {", "expected is a JSON object"},
-        {"text 'a", "a quote isn't closed"},
-        {"expect luck", "expected is one of no font"},
-        {"expect font", "expected is: expect font NAME STATE"},
-        {"expect font A gone", "expected is one of default, active, activated, missing"},
-        {"expect calls x y", "is no number of calls"},
-        {"expect documents many", "is no number of documents"},
-        {"expect dialog x", "expected is one of none, dismissed, shown"},
-        {"expect menu Plain ticked", "is no state of a menu item"},
+        {"opn a", "unknown action \"opn\"; use one of open, new"},
+        {"open", "usage: open PATH"},
+        {"open a b", "usage: open PATH"},
+        {"new x", "usage: new"},
+        {"text", "usage: text FONT [WORDS]"},
+        {"text ''", "the name of the font is empty"},
+        {"save", "has no file yet; use: save PATH"},
+        {"current 2", "use a name or a number from 1 to 1"},
+        {"close nobody", "no open document is called \"nobody\""},
+        {"show fonts", "use one of menu, documents"},
+        {"tick x", "\"x\" is not a valid tick count (0 to 1000000)"},
+        {"tick 2000000", "is not a valid tick count (0 to 1000000)"},
+        {"wait soon", "\"soon\" is not a number of seconds (0 to 86400)"},
+        {"wait -1", "is not a number of seconds"},
+        {"panel {", "is not a JSON object"},
+        {"text 'a", "a quote is not closed"},
+        {"expect luck", "unknown expectation \"luck\"; use one of no font"},
+        {"expect font", "usage: expect font NAME STATE"},
+        {"expect font A gone",
+         "unknown font state \"gone\"; use one of default, active, activated, missing"},
+        {"expect calls x y", "\"y\" is not a number"},
+        {"expect documents many", "\"many\" is not a number"},
+        {"expect dialog x", "use one of none, dismissed, shown"},
+        {"expect menu Plain ticked", "unknown menu item state \"ticked\""},
     };
     for (const auto& [line, text] : wrong) {
         const headless::LineResult result = Try(line);
-        EXPECT_EQ(result.outcome, LineOutcome::kWrong) << line;
+        EXPECT_EQ(LineOutcome::kWrong, result.outcome) << line;
         EXPECT_THAT(result.text, HasSubstr(text)) << line;
         EXPECT_EQ(result.text.find('\n'), std::string::npos) << line;
     }
     EXPECT_THAT(TakeMessages(), testing::IsEmpty());
 }
 
-TEST_F(SessionTest, WhatNeedsADocumentSaysSo)
+TEST_F(SessionTest, ActionsOnADocumentFailWithoutOne)
 {
     for (const char* const line : {"text F", "place a", "change", "save a.pdf", "close"}) {
-        EXPECT_EQ(Try(line).outcome, LineOutcome::kWrong) << line;
-        EXPECT_THAT(Try(line).text, HasSubstr("no document is open; expected is one")) << line;
+        EXPECT_EQ(LineOutcome::kWrong, Try(line).outcome) << line;
+        EXPECT_THAT(Try(line).text, HasSubstr(": no document is open")) << line;
     }
 }
 
-TEST_F(SessionTest, FontsCanBeExpected)
+TEST_F(SessionTest, ExpectChecksTheStateOfAFont)
 {
     fonts.active = {"Default-Regular", "Here"};
     Do("new");
@@ -94,15 +95,14 @@ TEST_F(SessionTest, FontsCanBeExpected)
     Do("expect font Comes activated");
     Do("expect font Gone missing");
     Do("expect no font Gone");
-    EXPECT_EQ(Try("expect font Here missing").text,
-              "expected is font Here missing, found is active");
-    EXPECT_EQ(Try("expect no font Here").outcome, LineOutcome::kNotAsExpected);
+    EXPECT_EQ("expected font Here missing, found active", Try("expect font Here missing").text);
+    EXPECT_EQ(LineOutcome::kNotAsExpected, Try("expect no font Here").outcome);
     EXPECT_THAT(Try("expect font Other active").text, HasSubstr("no such font"));
     Do("close");
     EXPECT_THAT(Try("expect font Here active").text, HasSubstr("no document open"));
 }
 
-TEST_F(SessionTest, FilesDialogsAndDocumentsCanBeExpected)
+TEST_F(SessionTest, ExpectChecksFilesDialogsAndDocuments)
 {
     MakeFile("a b.pdf");
     AddFrame({"Gone"});
@@ -117,27 +117,27 @@ TEST_F(SessionTest, FilesDialogsAndDocumentsCanBeExpected)
          {"expect dialog none", "expect documents 0", "expect file c", "expect no file 'a b.pdf'",
           "expect placed y.eps", "expect panel x"}) {
         const headless::LineResult result = Try(line);
-        EXPECT_EQ(result.outcome, LineOutcome::kNotAsExpected) << line;
-        EXPECT_THAT(result.text, HasSubstr(", found is ")) << line;
+        EXPECT_EQ(LineOutcome::kNotAsExpected, result.outcome) << line;
+        EXPECT_THAT(result.text, HasSubstr(", found ")) << line;
     }
 }
 
-TEST_F(SessionTest, CallsCanBeExpected)
+TEST_F(SessionTest, ExpectChecksTheLinesOfTheJournal)
 {
     Do("tick 2");
     Do("expect call send \"every tick\"");
     Do("expect calls send 2");
-    EXPECT_EQ(Try("expect calls send 3").text, "expected is number of calls send 3, found is 2");
-    EXPECT_EQ(Try("expect call NoSuchCall").outcome, LineOutcome::kNotAsExpected);
-    EXPECT_EQ(Try("expect call send nonsense").outcome, LineOutcome::kNotAsExpected);
+    EXPECT_EQ("expected number of calls send 3, found 2", Try("expect calls send 3").text);
+    EXPECT_EQ(LineOutcome::kNotAsExpected, Try("expect call NoSuchCall").outcome);
+    EXPECT_EQ(LineOutcome::kNotAsExpected, Try("expect call send nonsense").outcome);
 }
 
-TEST_F(SessionTest, QuitEndsTheSession) { EXPECT_EQ(Try("quit").outcome, LineOutcome::kQuit); }
+TEST_F(SessionTest, QuitEndsTheSession) { EXPECT_EQ(LineOutcome::kQuit, Try("quit").outcome); }
 
 TEST_F(SessionTest, HelpNamesEveryActionAndExpectation)
 {
     testing::internal::CaptureStdout();
-    EXPECT_EQ(session->RunLine("help").outcome, LineOutcome::kDone);
+    EXPECT_EQ(LineOutcome::kDone, RunLine(*session, "help").outcome);
     const std::string text = testing::internal::GetCapturedStdout();
     for (const auto& row : headless::kActions) EXPECT_THAT(text, HasSubstr(GetUsage(row)));
     for (const auto& row : headless::kExpectations) EXPECT_THAT(text, HasSubstr(GetUsage(row)));
@@ -147,11 +147,11 @@ TEST_F(SessionTest, CompletesActionsPathsAndForms)
 {
     MakeFile("one.ai");
     MakeFile("other.ai");
-    EXPECT_THAT(session->Complete("", "cl"), ElementsAre("close"));
-    EXPECT_THAT(session->Complete("open ", "o"), ElementsAre("one.ai", "other.ai"));
-    EXPECT_THAT(session->Complete("show ", ""), ElementsAre("documents", "menu"));
-    EXPECT_THAT(session->Complete("expect ", "cal"), ElementsAre("call", "calls"));
-    EXPECT_THAT(session->Complete("expect no ", ""), ElementsAre("file", "font"));
-    EXPECT_THAT(session->Complete("menu ", "More/"), ElementsAre("More/Deep"));
-    EXPECT_THAT(session->Complete("nonsense ", ""), testing::IsEmpty());
+    EXPECT_THAT(CompleteLine(*session, "", "cl"), ElementsAre("close"));
+    EXPECT_THAT(CompleteLine(*session, "open ", "o"), ElementsAre("one.ai", "other.ai"));
+    EXPECT_THAT(CompleteLine(*session, "show ", ""), ElementsAre("documents", "menu"));
+    EXPECT_THAT(CompleteLine(*session, "expect ", "cal"), ElementsAre("call", "calls"));
+    EXPECT_THAT(CompleteLine(*session, "expect no ", ""), ElementsAre("file", "font"));
+    EXPECT_THAT(CompleteLine(*session, "menu ", "More/"), ElementsAre("More/Deep"));
+    EXPECT_THAT(CompleteLine(*session, "nonsense ", ""), testing::IsEmpty());
 }

@@ -19,12 +19,12 @@ protected:
         } data = {"Group", nullptr};
         auto& string = reinterpret_cast<ai::UnicodeString&>(data.itemText);
         AIMenuItemHandle item = nullptr;
-        EXPECT_EQ(strings.Initialize(&string, text, std::strlen(text), kAIUTF8CharacterEncoding),
-                  kHostSuccess);
-        EXPECT_EQ(menus.AddMenuItem(
-                      self, key, reinterpret_cast<AIPlatformAddMenuItemDataUS*>(&data), 1, &item),
-                  kHostSuccess);
-        EXPECT_EQ(strings.Destroy(&string), kHostSuccess);
+        EXPECT_EQ(kHostSuccess,
+                  strings.Initialize(&string, text, std::strlen(text), kAIUTF8CharacterEncoding));
+        EXPECT_EQ(kHostSuccess,
+                  menus.AddMenuItem(
+                      self, key, reinterpret_cast<AIPlatformAddMenuItemDataUS*>(&data), 1, &item));
+        EXPECT_EQ(kHostSuccess, strings.Destroy(&string));
         return item;
     }
 
@@ -39,65 +39,65 @@ TEST_F(RegistrationSuites, TimersAreActiveUntilStopped)
 {
     AITimerHandle timer = nullptr;
     bool active = false;
-    ASSERT_EQ(timers.AddTimer(self, "tick", 1, &timer), kHostSuccess);
-    ASSERT_EQ(timers.GetTimerActive(timer, &active), kHostSuccess);
+    ASSERT_EQ(kHostSuccess, timers.AddTimer(self, "tick", 1, &timer));
+    ASSERT_EQ(kHostSuccess, timers.GetTimerActive(timer, &active));
     EXPECT_TRUE(active);
-    ASSERT_EQ(timers.SetTimerActive(timer, false), kHostSuccess);
-    ASSERT_EQ(timers.GetTimerActive(timer, &active), kHostSuccess);
+    ASSERT_EQ(kHostSuccess, timers.SetTimerActive(timer, false));
+    ASSERT_EQ(kHostSuccess, timers.GetTimerActive(timer, &active));
     EXPECT_FALSE(active);
 }
 
-TEST_F(RegistrationSuites, AStrangerMayNotAddATimer)
+TEST_F(RegistrationSuites, AddTimerNeedsThePluginsOwnHandle)
 {
     AITimerHandle timer = nullptr;
-    EXPECT_NE(timers.AddTimer(nullptr, "tick", 1, &timer), kHostSuccess);
-    EXPECT_THAT(host->errors.Lines(),
+    EXPECT_NE(kHostSuccess, timers.AddTimer(nullptr, "tick", 1, &timer));
+    EXPECT_THAT(host->violations.Lines(),
                 testing::ElementsAre("AI Timer Suite, AddTimer: the plug-in is null"));
 }
 
-TEST_F(RegistrationSuites, MenuItemsKeepWhatTheyAreGiven)
+TEST_F(RegistrationSuites, MenuItemsStoreTheirAttributes)
 {
     const AIMenuItemHandle item = AddItem("key", "Text");
     const auto* const object = host->handles.Peek<headless::MenuItemObject>(item);
-    ASSERT_NE(object, nullptr);
-    EXPECT_EQ(object->text, "Text");
-    EXPECT_EQ(object->group, "Group");
-    EXPECT_EQ(object->options, 1);
-    EXPECT_EQ(menus.CheckItem(item, true), kHostSuccess);
-    EXPECT_EQ(menus.DisableItem(item), kHostSuccess);
+    ASSERT_NE(nullptr, object);
+    EXPECT_EQ("Text", object->text);
+    EXPECT_EQ("Group", object->group);
+    EXPECT_EQ(1, object->options);
+    EXPECT_EQ(kHostSuccess, menus.CheckItem(item, true));
+    EXPECT_EQ(kHostSuccess, menus.DisableItem(item));
     EXPECT_TRUE(object->isChecked);
     EXPECT_FALSE(object->isEnabled);
     const char* key = nullptr;
-    ASSERT_EQ(menus.GetMenuItemKeyboardShortcutDictionaryKey(item, &key), kHostSuccess);
-    EXPECT_STREQ(key, "key");
-    EXPECT_TRUE(host->errors.Lines().empty());
+    ASSERT_EQ(kHostSuccess, menus.GetMenuItemKeyboardShortcutDictionaryKey(item, &key));
+    EXPECT_STREQ("key", key);
+    EXPECT_TRUE(host->violations.Lines().empty());
 }
 
-TEST_F(RegistrationSuites, ARemovedItemIsGone)
+TEST_F(RegistrationSuites, ARemovedItemIsNotListedAndExpires)
 {
     const AIMenuItemHandle first = AddItem("a", "A");
     const AIMenuItemHandle second = AddItem("b", "B");
     int count = 0;
     AIMenuItemHandle found = nullptr;
-    ASSERT_EQ(menus.RemoveMenuItem(first), kHostSuccess);
-    ASSERT_EQ(menus.CountMenuItems(&count), kHostSuccess);
-    EXPECT_EQ(count, 1);
-    ASSERT_EQ(menus.GetNthMenuItem(0, &found), kHostSuccess);
-    EXPECT_EQ(found, second);
-    EXPECT_NE(menus.EnableItem(first), kHostSuccess);
-    EXPECT_EQ(host->errors.Count(), 1u);
+    ASSERT_EQ(kHostSuccess, menus.RemoveMenuItem(first));
+    ASSERT_EQ(kHostSuccess, menus.CountMenuItems(&count));
+    EXPECT_EQ(1, count);
+    ASSERT_EQ(kHostSuccess, menus.GetNthMenuItem(0, &found));
+    EXPECT_EQ(second, found);
+    EXPECT_NE(kHostSuccess, menus.EnableItem(first));
+    EXPECT_EQ(1U, host->violations.Count());
 }
 
-TEST_F(RegistrationSuites, ASubmenuIsAGroupOfTheItem)
+TEST_F(RegistrationSuites, AddMenuGroupAsSubMenuGivesTheItemAGroup)
 {
     const AIMenuItemHandle item = AddItem("a", "A");
     int untouched = 0;
     auto* const before = reinterpret_cast<AIMenuGroup>(&untouched);
     AIMenuGroup group = before;
-    ASSERT_EQ(menus.GetItemSubMenuGroup(item, &group), kHostSuccess);
-    EXPECT_EQ(group, before) << "an item without a submenu leaves it as it was";
+    ASSERT_EQ(kHostSuccess, menus.GetItemSubMenuGroup(item, &group));
+    EXPECT_EQ(before, group) << "unchanged for an item without a submenu";
     AIMenuGroup made = nullptr;
-    ASSERT_EQ(menus.AddMenuGroupAsSubMenu("sub", 0, item, &made), kHostSuccess);
-    ASSERT_EQ(menus.GetItemSubMenuGroup(item, &group), kHostSuccess);
-    EXPECT_EQ(group, made);
+    ASSERT_EQ(kHostSuccess, menus.AddMenuGroupAsSubMenu("sub", 0, item, &made));
+    ASSERT_EQ(kHostSuccess, menus.GetItemSubMenuGroup(item, &group));
+    EXPECT_EQ(made, group);
 }

@@ -1,9 +1,11 @@
 #include "ArtTypes.h"
 #include "HostFixture.h"
+#include "suites/SuiteTable.h"
 
 using namespace ATE;
 
-// Walks the text of a document with frames [A A B], [] and [C], and the placed files p and q.
+// A document with the text frames [A A B], [] and [C] (fonts of runs), and the placed files p and
+// q.
 class TextModel : public HostFixture {
 protected:
     TextModel()
@@ -17,7 +19,7 @@ protected:
             (void)Acquire<char>(row.name, row.version);
         }
     }
-    ~TextModel() override { EXPECT_THAT(host->errors.Lines(), testing::IsEmpty()); }
+    ~TextModel() override { EXPECT_THAT(host->violations.Lines(), testing::IsEmpty()); }
 
     AIArtHandle GetArt(size_t index) const
     {
@@ -28,9 +30,9 @@ protected:
     {
         AIFontKey key = nullptr;
         char name[256] = {};
-        EXPECT_EQ(headless::kFontsTable.FontKeyFromFontRef(font, &key), kHostSuccess);
-        EXPECT_EQ(headless::kFontsTable.GetPostScriptFontName(key, name, 256), kHostSuccess);
-        EXPECT_EQ(headless::kFontTable.Release(font), kHostSuccess);
+        EXPECT_EQ(kHostSuccess, headless::kFontsTable.FontKeyFromFontRef(font, &key));
+        EXPECT_EQ(kHostSuccess, headless::kFontsTable.GetPostScriptFontName(key, name, 256));
+        EXPECT_EQ(kHostSuccess, headless::kFontTable.Release(font));
         return name;
     }
 
@@ -39,8 +41,8 @@ protected:
         std::vector<std::string> names;
         _TextRange* range = nullptr;
         _TextRunsIterator* iterator = nullptr;
-        EXPECT_EQ(headless::kArtTextFrameTable.GetATETextRange(art, &range), kHostSuccess);
-        EXPECT_EQ(headless::kTextRangeTable.GetTextRunsIterator(range, &iterator), kHostSuccess);
+        EXPECT_EQ(kHostSuccess, headless::kArtTextFrameTable.GetATETextRange(art, &range));
+        EXPECT_EQ(kHostSuccess, headless::kTextRangeTable.GetTextRunsIterator(range, &iterator));
         bool more = false;
         while (headless::kTextRunsIteratorTable.IsNotDone(iterator, &more) == kHostSuccess &&
                more) {
@@ -48,19 +50,19 @@ protected:
             _CharFeatures* features = nullptr;
             _Font* font = nullptr;
             bool assigned = false;
-            EXPECT_EQ(headless::kTextRunsIteratorTable.Item(iterator, &run), kHostSuccess);
-            EXPECT_EQ(headless::kTextRangeTable.GetUniqueCharFeatures(run, &features),
-                      kHostSuccess);
-            EXPECT_EQ(headless::kCharFeaturesTable.GetFont(features, &assigned, &font),
-                      kHostSuccess);
+            EXPECT_EQ(kHostSuccess, headless::kTextRunsIteratorTable.Item(iterator, &run));
+            EXPECT_EQ(kHostSuccess,
+                      headless::kTextRangeTable.GetUniqueCharFeatures(run, &features));
+            EXPECT_EQ(kHostSuccess,
+                      headless::kCharFeaturesTable.GetFont(features, &assigned, &font));
             EXPECT_TRUE(assigned);
             names.push_back(GetName(font));
-            EXPECT_EQ(headless::kCharFeaturesTable.Release(features), kHostSuccess);
-            EXPECT_EQ(headless::kTextRangeTable.Release(run), kHostSuccess);
-            EXPECT_EQ(headless::kTextRunsIteratorTable.Next(iterator), kHostSuccess);
+            EXPECT_EQ(kHostSuccess, headless::kCharFeaturesTable.Release(features));
+            EXPECT_EQ(kHostSuccess, headless::kTextRangeTable.Release(run));
+            EXPECT_EQ(kHostSuccess, headless::kTextRunsIteratorTable.Next(iterator));
         }
-        EXPECT_EQ(headless::kTextRunsIteratorTable.Release(iterator), kHostSuccess);
-        EXPECT_EQ(headless::kTextRangeTable.Release(range), kHostSuccess);
+        EXPECT_EQ(kHostSuccess, headless::kTextRunsIteratorTable.Release(iterator));
+        EXPECT_EQ(kHostSuccess, headless::kTextRangeTable.Release(range));
         return names;
     }
 
@@ -69,30 +71,30 @@ protected:
 
 TEST_F(TextModel, GivesTheRunsOfEachFrameInOrder)
 {
-    EXPECT_EQ(WalkRuns(GetArt(0)), (std::vector<std::string>{"A", "A", "B"}));
+    EXPECT_EQ((std::vector<std::string>{"A", "A", "B"}), WalkRuns(GetArt(0)));
     EXPECT_TRUE(WalkRuns(GetArt(1)).empty());
-    EXPECT_EQ(WalkRuns(GetArt(2)), std::vector<std::string>{"C"});
+    EXPECT_EQ(std::vector<std::string>{"C"}, WalkRuns(GetArt(2)));
     EXPECT_THAT(host->handles.ListLeaks(), testing::IsEmpty());
 }
 
-TEST_F(TextModel, AMixedRangeHasNoFontInCommon)
+TEST_F(TextModel, AMixedRangeHasTheNullFont)
 {
     _TextRange* range = nullptr;
     _CharFeatures* features = nullptr;
     _Font* font = nullptr;
     bool assigned = true;
-    ASSERT_EQ(headless::kArtTextFrameTable.GetATETextRange(GetArt(0), &range), kHostSuccess);
-    ASSERT_EQ(headless::kTextRangeTable.GetUniqueCharFeatures(range, &features), kHostSuccess);
-    ASSERT_EQ(headless::kCharFeaturesTable.GetFont(features, &assigned, &font), kHostSuccess);
+    ASSERT_EQ(kHostSuccess, headless::kArtTextFrameTable.GetATETextRange(GetArt(0), &range));
+    ASSERT_EQ(kHostSuccess, headless::kTextRangeTable.GetUniqueCharFeatures(range, &features));
+    ASSERT_EQ(kHostSuccess, headless::kCharFeaturesTable.GetFont(features, &assigned, &font));
     EXPECT_FALSE(assigned);
     EXPECT_TRUE(headless::kFontTable.IsNull(font));
     AIFontKey key = nullptr;
-    EXPECT_NE(headless::kFontsTable.FontKeyFromFontRef(font, &key), kHostSuccess);
+    EXPECT_NE(kHostSuccess, headless::kFontsTable.FontKeyFromFontRef(font, &key));
     _Font* again = nullptr;
-    EXPECT_EQ(headless::kCharFeaturesTable.GetFont(features, nullptr, &again), kHostSuccess);
+    EXPECT_EQ(kHostSuccess, headless::kCharFeaturesTable.GetFont(features, nullptr, &again));
 }
 
-TEST_F(TextModel, TheInspectorHasTheFontsOfAllStories)
+TEST_F(TextModel, TheInspectorListsTheFontsOfAllStories)
 {
     _TextFrame* frame = nullptr;
     _Story* story = nullptr;
@@ -101,17 +103,17 @@ TEST_F(TextModel, TheInspectorHasTheFontsOfAllStories)
     _CharInspector* inspector = nullptr;
     _ArrayFontRef* all = nullptr;
     int size = 0;
-    ASSERT_EQ(headless::kArtTextFrameTable.GetATETextFrame(GetArt(0), &frame), kHostSuccess);
-    ASSERT_EQ(headless::kTextFrameTable.GetStory(frame, &story), kHostSuccess);
-    ASSERT_EQ(headless::kStoryTable.GetStories(story, &stories), kHostSuccess);
-    ASSERT_EQ(headless::kStoriesTable.GetTextRanges(stories, &ranges), kHostSuccess);
-    ASSERT_EQ(headless::kTextRangesTable.GetCharInspector(ranges, &inspector), kHostSuccess);
-    ASSERT_EQ(headless::kCharInspectorTable.GetFont(inspector, &all), kHostSuccess);
-    ASSERT_EQ(headless::kArrayFontRefTable.GetSize(all, &size), kHostSuccess);
+    ASSERT_EQ(kHostSuccess, headless::kArtTextFrameTable.GetATETextFrame(GetArt(0), &frame));
+    ASSERT_EQ(kHostSuccess, headless::kTextFrameTable.GetStory(frame, &story));
+    ASSERT_EQ(kHostSuccess, headless::kStoryTable.GetStories(story, &stories));
+    ASSERT_EQ(kHostSuccess, headless::kStoriesTable.GetTextRanges(stories, &ranges));
+    ASSERT_EQ(kHostSuccess, headless::kTextRangesTable.GetCharInspector(ranges, &inspector));
+    ASSERT_EQ(kHostSuccess, headless::kCharInspectorTable.GetFont(inspector, &all));
+    ASSERT_EQ(kHostSuccess, headless::kArrayFontRefTable.GetSize(all, &size));
     std::vector<std::string> names;
     for (int i = 0; i < size; ++i) {
         _Font* font = nullptr;
-        ASSERT_EQ(headless::kArrayFontRefTable.Item(all, i, &font), kHostSuccess);
+        ASSERT_EQ(kHostSuccess, headless::kArrayFontRefTable.Item(all, i, &font));
         names.push_back(GetName(font));
     }
     EXPECT_EQ(names, (std::vector<std::string>{"A", "B", "C"}));
@@ -122,35 +124,35 @@ TEST_F(TextModel, MatchesArtByTypeInPaintOrder)
     AIMatchingArtSpec frames(kTextFrameArt, 0, 0);
     AIArtHandle** matches = nullptr;
     int32_t count = 0;
-    ASSERT_EQ(headless::kMatchingArtTable.GetMatchingArt(&frames, 1, &matches, &count),
-              kHostSuccess);
-    ASSERT_EQ(count, 3);
+    ASSERT_EQ(kHostSuccess,
+              headless::kMatchingArtTable.GetMatchingArt(&frames, 1, &matches, &count));
+    ASSERT_EQ(3, count);
     EXPECT_EQ((*matches)[0], GetArt(0));
     EXPECT_EQ((*matches)[2], GetArt(2));
-    EXPECT_EQ(headless::kMdMemoryTable.MdMemoryDisposeHandle(reinterpret_cast<void**>(matches)),
-              kHostSuccess);
+    EXPECT_EQ(kHostSuccess,
+              headless::kMdMemoryTable.MdMemoryDisposeHandle(reinterpret_cast<void**>(matches)));
     AIMatchingArtSpec none(3, 0, 0);
-    ASSERT_EQ(headless::kMatchingArtTable.GetMatchingArt(&none, 1, &matches, &count), kHostSuccess);
-    EXPECT_EQ(matches, nullptr);
-    EXPECT_EQ(count, 0);
+    ASSERT_EQ(kHostSuccess, headless::kMatchingArtTable.GetMatchingArt(&none, 1, &matches, &count));
+    EXPECT_EQ(nullptr, matches);
+    EXPECT_EQ(0, count);
     EXPECT_THAT(host->handles.ListLeaks(), testing::IsEmpty());
 }
 
-TEST_F(TextModel, ArtWithAnAttributeThatIsAskedForIsNotThere)
+TEST_F(TextModel, NoArtMatchesARequiredAttribute)
 {
     AIMatchingArtSpec locked(kTextFrameArt, 2, 2);
     AIMatchingArtSpec unlocked(kTextFrameArt, 2, 0);
     AIArtHandle** matches = nullptr;
     int32_t count = -1;
-    ASSERT_EQ(headless::kMatchingArtTable.GetMatchingArt(&locked, 1, &matches, &count),
-              kHostSuccess);
-    EXPECT_EQ(count, 0);
-    ASSERT_EQ(headless::kMatchingArtTable.GetMatchingArt(&unlocked, 1, &matches, &count),
-              kHostSuccess);
-    EXPECT_EQ(count, 3);
+    ASSERT_EQ(kHostSuccess,
+              headless::kMatchingArtTable.GetMatchingArt(&locked, 1, &matches, &count));
+    EXPECT_EQ(0, count);
+    ASSERT_EQ(kHostSuccess,
+              headless::kMatchingArtTable.GetMatchingArt(&unlocked, 1, &matches, &count));
+    EXPECT_EQ(3, count);
 }
 
-TEST_F(TextModel, StringsKeepTheirZeroBytesAndComeInABlock)
+TEST_F(TextModel, StringsKeepZeroBytesAndAreReadIntoABlock)
 {
     void* string = nullptr;
     auto& wrapper = reinterpret_cast<ai::UnicodeString&>(string);
@@ -161,33 +163,33 @@ TEST_F(TextModel, StringsKeepTheirZeroBytesAndComeInABlock)
     auto& buffer = reinterpret_cast<ai::UnicodeString::Buffer&>(fields);
     unsigned long count = 99;
     const auto& strings = headless::kUnicodeStringTable;
-    ASSERT_EQ(strings.GetAs(wrapper, kAIUTF8CharacterEncoding, buffer, &count), kHostSuccess);
-    EXPECT_EQ(count, 0u) << "the null string is empty";
-    EXPECT_EQ(fields.buffer, nullptr);
-    ASSERT_EQ(strings.Initialize(&wrapper, "a\0b", 3, kAIUTF8CharacterEncoding), kHostSuccess);
-    ASSERT_EQ(strings.GetAs(wrapper, kAIUTF8CharacterEncoding, buffer, &count), kHostSuccess);
+    ASSERT_EQ(kHostSuccess, strings.GetAs(wrapper, kAIUTF8CharacterEncoding, buffer, &count));
+    EXPECT_EQ(0U, count) << "the null string is empty";
+    EXPECT_EQ(nullptr, fields.buffer);
+    ASSERT_EQ(kHostSuccess, strings.Initialize(&wrapper, "a\0b", 3, kAIUTF8CharacterEncoding));
+    ASSERT_EQ(kHostSuccess, strings.GetAs(wrapper, kAIUTF8CharacterEncoding, buffer, &count));
     EXPECT_EQ(std::string(fields.buffer, count), std::string("a\0b", 3));
-    EXPECT_EQ(headless::kBlocksTable.FreeBlock(fields.buffer), kHostSuccess);
-    ASSERT_EQ(strings.Destroy(&wrapper), kHostSuccess);
-    EXPECT_EQ(string, nullptr);
+    EXPECT_EQ(kHostSuccess, headless::kBlocksTable.FreeBlock(fields.buffer));
+    ASSERT_EQ(kHostSuccess, strings.Destroy(&wrapper));
+    EXPECT_EQ(nullptr, string);
     EXPECT_THAT(host->handles.ListLeaks(), testing::IsEmpty());
 }
 
-TEST_F(TextModel, ThePathOfTheCurrentDocument)
+TEST_F(TextModel, GivesThePathsOfTheDocumentAndOfPlacedFiles)
 {
     void* path = nullptr;
     void* text = nullptr;
     auto& file = reinterpret_cast<ai::FilePath&>(path);
     auto& string = reinterpret_cast<ai::UnicodeString&>(text);
-    ASSERT_EQ(headless::kDocumentTable.GetDocumentFileSpecification(file), kHostSuccess);
-    ASSERT_EQ(headless::kFilePathTable.GetFileName(file, false, string), kHostSuccess);
-    EXPECT_EQ(host->handles.Peek<headless::StringObject>(text)->text, "name.pdf");
-    ASSERT_EQ(headless::kFilePathTable.GetFullPath(file, false, string), kHostSuccess);
-    EXPECT_EQ(host->handles.Peek<headless::StringObject>(text)->text, "/folder/name.pdf");
-    ASSERT_EQ(headless::kPlacedTable.GetPlacedFilePathFromArt(GetArt(4), string), kHostSuccess);
-    EXPECT_EQ(host->handles.Peek<headless::StringObject>(text)->text, "/q.png");
-    EXPECT_EQ(headless::kUnicodeStringTable.Destroy(&string), kHostSuccess);
-    EXPECT_EQ(headless::kFilePathTable.DisposeFilePath(&file), kHostSuccess);
+    ASSERT_EQ(kHostSuccess, headless::kDocumentTable.GetDocumentFileSpecification(file));
+    ASSERT_EQ(kHostSuccess, headless::kFilePathTable.GetFileName(file, false, string));
+    EXPECT_EQ("name.pdf", host->handles.Peek<headless::StringObject>(text)->text);
+    ASSERT_EQ(kHostSuccess, headless::kFilePathTable.GetFullPath(file, false, string));
+    EXPECT_EQ("/folder/name.pdf", host->handles.Peek<headless::StringObject>(text)->text);
+    ASSERT_EQ(kHostSuccess, headless::kPlacedTable.GetPlacedFilePathFromArt(GetArt(4), string));
+    EXPECT_EQ("/q.png", host->handles.Peek<headless::StringObject>(text)->text);
+    EXPECT_EQ(kHostSuccess, headless::kUnicodeStringTable.Destroy(&string));
+    EXPECT_EQ(kHostSuccess, headless::kFilePathTable.DisposeFilePath(&file));
     EXPECT_THAT(host->handles.ListLeaks(), testing::IsEmpty());
 }
 
@@ -196,7 +198,7 @@ TEST_F(TextModel, WithoutADocumentTheDocumentOperationsFail)
     host->RemoveDocument(document);
     _t_AIDocument* current = nullptr;
     bool modified = false;
-    EXPECT_NE(headless::kDocumentTable.GetDocument(&current), kHostSuccess);
-    EXPECT_NE(headless::kDocumentTable.GetDocumentModified(&modified), kHostSuccess);
-    EXPECT_EQ(current, nullptr);
+    EXPECT_NE(kHostSuccess, headless::kDocumentTable.GetDocument(&current));
+    EXPECT_NE(kHostSuccess, headless::kDocumentTable.GetDocumentModified(&modified));
+    EXPECT_EQ(nullptr, current);
 }

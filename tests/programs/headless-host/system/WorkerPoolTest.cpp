@@ -41,25 +41,25 @@ TEST(WorkerPool, AnswersEachRequest)
 {
     const Answers answers =
         RunAll(100, MakeLimits(3), [](size_t request) { return std::to_string(request * 2); });
-    ASSERT_EQ(100u, answers.size());
+    ASSERT_EQ(100U, answers.size());
     for (const auto& [request, answer] : answers) {
         EXPECT_EQ(std::to_string(request * 2), answer.text);
     }
 }
 
-TEST(WorkerPool, WithoutRequestsNothingHappens)
+TEST(WorkerPool, DoesNothingWithoutRequests)
 {
     EXPECT_TRUE(RunAll(0, MakeLimits(3), [](size_t) { return std::string(); }).empty());
 }
 
-TEST(WorkerPool, LongAnswersComeWhole)
+TEST(WorkerPool, ReturnsLongAnswersComplete)
 {
     const Answers answers = RunAll(
         3, MakeLimits(2), [](size_t request) { return std::string(5000000 + request, 'x'); });
-    EXPECT_EQ(5000002u, answers.at(2).text.size());
+    EXPECT_EQ(5000002U, answers.at(2).text.size());
 }
 
-TEST(WorkerPool, WhoDiesIsToldAndTheOthersGoOn)
+TEST(WorkerPool, ReportsAProcessThatDiesAndContinues)
 {
     const Answers answers = RunAll(6, MakeLimits(2), [](size_t request) {
         if (request == 2) (void)raise(SIGKILL);
@@ -68,10 +68,10 @@ TEST(WorkerPool, WhoDiesIsToldAndTheOthersGoOn)
     EXPECT_EQ(WorkerAnswer::Outcome::kDied, answers.at(2).outcome);
     EXPECT_THAT(answers.at(2).text, StartsWith("ended by "));
     EXPECT_EQ("5", answers.at(5).text);
-    EXPECT_EQ(6u, answers.size());
+    EXPECT_EQ(6U, answers.size());
 }
 
-TEST(WorkerPool, WhoIsLateIsEndedAndTheOthersGoOn)
+TEST(WorkerPool, EndsAProcessThatIsLateAndContinues)
 {
     const Answers answers = RunAll(4, MakeLimits(2, 0.3), [](size_t request) {
         while (request == 1) (void)pause();
@@ -81,7 +81,7 @@ TEST(WorkerPool, WhoIsLateIsEndedAndTheOthersGoOn)
     EXPECT_EQ("3", answers.at(3).text);
 }
 
-TEST(WorkerPool, AnInterruptEndsIt)
+TEST(WorkerPool, EndsWhenInterrupted)
 {
     EXPECT_FALSE(RunInWorkers(
         1, MakeLimits(1), [](size_t) { return std::string(); },

@@ -14,23 +14,24 @@ using plugincore::Services;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// Programs that are killed at the worst moment: the folder is changed and the tables aren't yet.
+// Kills programs at the worst moment: the folder is changed and the tables aren't yet.
 class KilledProcessTest : public testing::Test {
 protected:
     void SetUp() override
     {
-        for (const char* name : {"DejaVuSans", "DejaVuSerif", "DejaVuSansMono"})
+        for (const char* name : {"DejaVuSans", "DejaVuSerif", "DejaVuSansMono"}) {
             FontTestHome::CopyFont(name, mHome.GetLibrary());
+        }
     }
 
-    // A child in which `work` prepares something; `last` is killed as its change is committed.
+    // Starts a child process that calls `work` and then `last`, and is killed when `last` commits.
     template <class Work, class Last>
     static void RunKilled(Work work, Last last)
     {
         const pid_t child = fork();
         if (child == 0) {
             Services services(plugincore::GetLocations());
-            (void)services.Start();  // what it repairs isn't asked for
+            (void)services.Start();  // the list of repairs isn't needed here
             work(services);
             sqlite3_commit_hook(
                 services.database.GetConnection(), [](void*) { return raise(SIGKILL); }, nullptr);
@@ -38,7 +39,7 @@ protected:
             _exit(1);
         }
         int status = 0;
-        ASSERT_EQ(waitpid(child, &status, 0), child);
+        ASSERT_EQ(child, waitpid(child, &status, 0));
         ASSERT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL);
     }
 
@@ -51,29 +52,29 @@ protected:
     FontTestHome mHome;
 };
 
-TEST_F(KilledProcessTest, AnActivationThatWasNotCommittedIsTakenBackAtTheStart)
+TEST_F(KilledProcessTest, StartRevertsAnUncommittedActivation)
 {
     RunKilled(DoNothing, ActivateTwo);
     ASSERT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSans", "DejaVuSerif"));
     Services services(plugincore::GetLocations());
     const plugincore::Activation::Repairs repairs = services.Start();
-    EXPECT_EQ(repairs.gonePrograms.size(), 1U);
+    EXPECT_EQ(1U, repairs.gonePrograms.size());
     EXPECT_THAT(repairs.folderChanges, ElementsAre("removed group 1, which isn't in the database"));
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), IsEmpty());
     EXPECT_THAT(ListActivationFolder(mHome), IsEmpty());
 }
 
-TEST_F(KilledProcessTest, TheNextActivationOfAnotherProcessTakesItBackToo)
+TEST_F(KilledProcessTest, ActivationOfAnotherProcessRevertsAnUncommittedOne)
 {
     Services services(plugincore::GetLocations());
-    (void)services.Start();  // nothing is there to repair
+    (void)services.Start();  // there is nothing to repair
     RunKilled(DoNothing, ActivateTwo);
     const auto outcome = services.activation.Activate("/a.ai", {"DejaVuSansMono"});
     EXPECT_THAT(outcome.activated, ElementsAre("DejaVuSansMono"));
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSansMono"));
 }
 
-TEST_F(KilledProcessTest, ADeactivationThatWasNotCommittedIsFinished)
+TEST_F(KilledProcessTest, StartFinishesAnUncommittedDeactivation)
 {
     RunKilled(ActivateTwo, [](Services& services) { services.activation.ReleaseAll(); });
     Services services(plugincore::GetLocations());
@@ -85,12 +86,12 @@ TEST_F(KilledProcessTest, ADeactivationThatWasNotCommittedIsFinished)
     EXPECT_THAT(ListActivationFolder(mHome), IsEmpty());
 }
 
-TEST_F(KilledProcessTest, WhatAnotherProcessHoldsComesBack)
+TEST_F(KilledProcessTest, RepairRestoresFontsThatAnotherProcessHolds)
 {
     Services services(plugincore::GetLocations());
-    (void)services.Start();  // nothing is there to repair
+    (void)services.Start();  // there is nothing to repair
     services.activation.Activate("/a.ai", {"DejaVuSansMono"});
-    // The child takes the visible folder away and is killed before it can say so.
+    // The child removes the folder and is killed before it can record that.
     RunKilled(DoNothing, [this](Services& killed) {
         std::filesystem::remove_all(mHome.GetUserFonts() / "corvanta");
         killed.activation.Hold("/b.ai", {"DejaVuSansMono"});
@@ -101,34 +102,34 @@ TEST_F(KilledProcessTest, WhatAnotherProcessHoldsComesBack)
     EXPECT_TRUE(services.activation.RepairIfNeeded().IsEmpty());
 }
 
-TEST_F(KilledProcessTest, ItsBlankDocumentsAreForgotten)
+TEST_F(KilledProcessTest, RepairDeletesBlankDocumentsOfAKilledProcess)
 {
     Services services(plugincore::GetLocations());
-    (void)services.Start();  // nothing is there to repair
+    (void)services.Start();  // there is nothing to repair
     std::string id;
-    RunKilled([](Services& killed) { EXPECT_NE(killed.documentStore.AddBlank(), ""); },
+    RunKilled([](Services& killed) { EXPECT_NE("", killed.documentStore.AddBlank()); },
               ActivateTwo);
-    EXPECT_EQ(services.activation.RepairIfNeeded().gonePrograms.size(), 1U);
+    EXPECT_EQ(1U, services.activation.RepairIfNeeded().gonePrograms.size());
     plugincore::Statement blanks(services.database, "SELECT COUNT(*) FROM document");
     ASSERT_TRUE(blanks.Step());
-    EXPECT_EQ(blanks.GetNumber(0), 0);
+    EXPECT_EQ(0, blanks.GetNumber(0));
 }
 
-TEST_F(KilledProcessTest, IdleTimeFindsThatAProcessIsGone)
+TEST_F(KilledProcessTest, IdleRepairsAfterAKilledProcess)
 {
     const Framework core;
     ASSERT_TRUE(core.Start());
     RunKilled(ActivateTwo, [](Services&) { raise(SIGKILL); });
     ASSERT_FALSE(FontTestHome::ListOfOtherProcess().empty());
-    while (!FontTestHome::ListOfOtherProcess().empty()) ASSERT_EQ(core.pIdleEvent(), 0U);
+    while (!FontTestHome::ListOfOtherProcess().empty()) ASSERT_EQ(0U, core.pIdleEvent());
     EXPECT_THAT(ListActivationFolder(mHome), IsEmpty());
-    EXPECT_EQ(core.pTerminatePluginCoreInterface(), 0U);
+    EXPECT_EQ(0U, core.pTerminatePluginCoreInterface());
 }
 
-TEST_F(KilledProcessTest, AChangeThatFailsLeavesFolderAndTablesAsTheyWere)
+TEST_F(KilledProcessTest, FailedChangeLeavesFolderAndTablesUnchanged)
 {
     Services services(plugincore::GetLocations());
-    (void)services.Start();  // nothing is there to repair
+    (void)services.Start();  // there is nothing to repair
     services.activation.Activate("/a.ai", {"DejaVuSans"});
     bool fails = true;
     const auto refuse = [](void* wanted) {
@@ -146,18 +147,18 @@ TEST_F(KilledProcessTest, AChangeThatFailsLeavesFolderAndTablesAsTheyWere)
     EXPECT_THAT(ListActivationFolder(mHome), IsEmpty());
 }
 
-TEST_F(KilledProcessTest, AProgramThatHasEndedIsNoLongerListed)
+TEST_F(KilledProcessTest, StopRemovesTheProgramFromTheList)
 {
     Services services(plugincore::GetLocations());
-    (void)services.Start("first name");  // nothing is there to repair
-    EXPECT_EQ(services.programs.List().size(), 1U);
+    (void)services.Start("first name");  // there is nothing to repair
+    EXPECT_EQ(1U, services.programs.List().size());
     EXPECT_THAT(services.programs.Describe(services.programs.List()[0].identity),
                 testing::StartsWith("first name (process "));
     services.Stop();
     EXPECT_TRUE(services.programs.List().empty());
 }
 
-TEST_F(KilledProcessTest, ANameThatIsToBeAloneIsGivenOnceAndAgainAfterAKill)
+TEST_F(KilledProcessTest, EnterAloneGivesANameOnceAndAgainAfterAKill)
 {
     Services services(plugincore::GetLocations());
     RunKilled([](Services& killed) { EXPECT_FALSE(killed.programs.EnterAlone("alone")); },
@@ -169,8 +170,8 @@ TEST_F(KilledProcessTest, ANameThatIsToBeAloneIsGivenOnceAndAgainAfterAKill)
         _exit(second.programs.EnterAlone("alone") ? 0 : 1);
     }
     int status = -1;
-    EXPECT_EQ(waitpid(child, &status, 0), child);
-    EXPECT_EQ(status, 0);
+    EXPECT_EQ(child, waitpid(child, &status, 0));
+    EXPECT_EQ(0, status);
     services.programs.Leave();
 }
 

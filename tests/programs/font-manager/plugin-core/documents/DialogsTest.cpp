@@ -6,8 +6,7 @@
 #include <iostream>
 #include <sstream>
 
-#include "FontTestHome.h"
-#include "plugin-core/Core.h"
+#include "CoreTestHome.h"
 
 using plugincore::AskForFonts;
 
@@ -25,23 +24,24 @@ std::vector<std::string> Ask(const std::string& input, std::string* question = n
     return chosen;
 }
 
-TEST(AskForFonts, ListsTheFontsByNumber)
+TEST(AskForFonts, ListsTheFontsWithNumbers)
 {
     std::string question;
     EXPECT_THAT(Ask("y\n", &question), ElementsAre("A-Bold", "B", "C"));
-    EXPECT_EQ(question,
-              "The document uses fonts that aren't active:\n  1  A-Bold\n  2  B\n  3  C\n"
-              "Activate them? (y, n, or numbers) ");
+    EXPECT_EQ(
+        "The document uses fonts that aren't active:\n  1  A-Bold\n  2  B\n  3  C\n"
+        "Activate them? (y, n, or numbers) ",
+        question);
 }
 
-TEST(AskForFonts, TakesNoneForNoAndAtTheEndOfTheInput)
+TEST(AskForFonts, ReturnsNoneForNoAndAtTheEndOfTheInput)
 {
     EXPECT_THAT(Ask("n\n"), IsEmpty());
     EXPECT_THAT(Ask(""), IsEmpty());
     EXPECT_THAT(Ask("perhaps"), IsEmpty());
 }
 
-TEST(AskForFonts, TakesNumbersInTheOrderOfTheList)
+TEST(AskForFonts, ReturnsNumbersInTheOrderOfTheList)
 {
     EXPECT_THAT(Ask("3 1\n"), ElementsAre("A-Bold", "C"));
     EXPECT_THAT(Ask(" 2,2 \n"), ElementsAre("B"));
@@ -55,49 +55,60 @@ TEST(AskForFonts, AsksAgainForAnyOtherAnswer)
 class ResolveTest : public testing::Test {
 protected:
     void SetUp() override { mBefore = std::cin.rdbuf(mInput.rdbuf()); }
-    void TearDown() override { std::cin.rdbuf(mBefore); }
+    void TearDown() override
+    {
+        std::cin.rdbuf(mBefore);
+        EXPECT_EQ(0U, mCore.pTerminatePluginCoreInterface());
+    }
+
+    // Returns what InvokeResolveDialog leaves of the list.
+    std::string Resolve() const
+    {
+        std::string buffer = mList;
+        buffer.resize(4096, '\0');
+        size_t size = buffer.size();
+        EXPECT_EQ(0U, mCore.pInvokeResolveDialog(buffer.data(), &size));
+        return buffer.c_str();
+    }
 
     const std::string mList = "{\"DocumentFonts\":[{\"PostScriptName\":\"DejaVuSans\"}]}";
     FontTestHome mHome;
     std::istringstream mInput;
     std::streambuf* mBefore = nullptr;
-    plugincore::Core mCore;
+    Framework mCore;
 };
 
-TEST_F(ResolveTest, KeepsTheTextWithoutAskingByDefault)
+TEST_F(ResolveTest, ReturnsTheTextWithoutAskingByDefault)
 {
     mInput.str("n\n");
-    mCore.Start();
-    EXPECT_EQ(mCore.Resolve(mList), mList);
-    mCore.Stop();
+    ASSERT_TRUE(mCore.Start());
+    EXPECT_EQ(mList, Resolve());
 }
 
-TEST_F(ResolveTest, TheSettingStandsAboveTheTerminal)
+TEST_F(ResolveTest, SettingOverridesTheTerminal)
 {
     setenv("CORVANTA_INTERACTIVE", "1", 1);
     FontTestHome::WriteFile(mHome.GetPath() / "config/Corvanta/settings.json",
                             "{\"FontActivation\":\"1\"}");
     mInput.str("n\n");
-    mCore.Start();
-    EXPECT_EQ(mCore.Resolve(mList), mList);
-    mCore.Stop();
+    ASSERT_TRUE(mCore.Start());
+    EXPECT_EQ(mList, Resolve());
 }
 
-TEST_F(ResolveTest, AsksOnceForBothLooksAtADocument)
+TEST_F(ResolveTest, AsksOnceForBothOpensOfADocument)
 {
     setenv("CORVANTA_INTERACTIVE", "1", 1);
     FontTestHome::CopyFont("DejaVuSans", mHome.GetLibrary());
-    mCore.Start();
-    EXPECT_EQ(mCore.OpenDocument("/a.ai", ""), "");  // not there; the question is what counts
+    ASSERT_TRUE(mCore.Start());
+    EXPECT_EQ("", mCore.Open("/a.ai", ""));  // there is no such file; that begins the opening
     mInput.str("n\ny\n");
     testing::internal::CaptureStderr();
-    EXPECT_EQ(mCore.Resolve(mList), "");
-    EXPECT_EQ(mCore.OpenDocument("/a.ai", mList), mList);
-    EXPECT_EQ(mCore.Resolve(mList), "");
-    EXPECT_EQ(mCore.OpenDocument("/a.ai", ""), "");
-    EXPECT_EQ(mCore.Resolve(mList), mList);
+    EXPECT_EQ("", Resolve());
+    EXPECT_EQ(mList, mCore.Open("/a.ai", mList));
+    EXPECT_EQ("", Resolve());
+    EXPECT_EQ("", mCore.Open("/a.ai", ""));
+    EXPECT_EQ(mList, Resolve());
     (void)testing::internal::GetCapturedStderr();  // the questions
-    mCore.Stop();
 }
 
 }  // namespace

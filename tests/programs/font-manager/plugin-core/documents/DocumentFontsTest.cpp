@@ -11,15 +11,15 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-class DocumentLifeTest : public testing::Test {
+class DocumentFontsTest : public testing::Test {
 protected:
     void Open(const std::string& path, const std::vector<std::string>& fonts) const
     {
-        EXPECT_EQ(mCore.OpenAndActivate(path, MakeFontList(fonts)), 0U);
+        EXPECT_EQ(0U, mCore.OpenAndActivate(path, MakeFontList(fonts)));
     }
     void Save(const std::string& path, const std::vector<std::string>& fonts) const
     {
-        EXPECT_EQ(mCore.pHandleSaveDocument(path.c_str(), MakeUsage(fonts).c_str()), 0U);
+        EXPECT_EQ(0U, mCore.pHandleSaveDocument(path.c_str(), MakeUsage(fonts).c_str()));
     }
     void SetActivation(const std::string& mode) const
     {
@@ -31,89 +31,89 @@ protected:
     const Framework& mCore = mSession.core;
 };
 
-TEST_F(DocumentLifeTest, ASaveKeepsTheUsageAndAnEmptyOneLeavesIt)
+TEST_F(DocumentFontsTest, SaveStoresTheUsageReportUnlessItIsEmpty)
 {
     const std::string usage = MakeUsage({"DejaVuSans"});
     Save("/a.ai", {"DejaVuSans"});
-    EXPECT_EQ(mSession.GetKeptUsage("/a.ai"), usage);
-    EXPECT_EQ(mCore.pHandleSaveDocument("/a.ai", ""), 0U);
-    EXPECT_EQ(mCore.pHandleCloseDocument("/a.ai", ""), 0U);
-    EXPECT_EQ(mSession.GetKeptUsage("/a.ai"), usage);
+    EXPECT_EQ(usage, mSession.GetStoredUsage("/a.ai"));
+    EXPECT_EQ(0U, mCore.pHandleSaveDocument("/a.ai", ""));
+    EXPECT_EQ(0U, mCore.pHandleCloseDocument("/a.ai", ""));
+    EXPECT_EQ(usage, mSession.GetStoredUsage("/a.ai"));
 }
 
-TEST_F(DocumentLifeTest, ACloseKeepsTheUsageThatComesWithIt)
+TEST_F(DocumentFontsTest, CloseStoresItsUsageReport)
 {
     const std::string usage = MakeUsage({"DejaVuSerif"});
-    EXPECT_EQ(mCore.pHandleCloseDocument("/a.ai", usage.c_str()), 0U);
-    EXPECT_EQ(mSession.GetKeptUsage("/a.ai"), usage);
+    EXPECT_EQ(0U, mCore.pHandleCloseDocument("/a.ai", usage.c_str()));
+    EXPECT_EQ(usage, mSession.GetStoredUsage("/a.ai"));
 }
 
-TEST_F(DocumentLifeTest, TheUsageAtTheCloseOfATemplateIsThatOfAnotherDocument)
+TEST_F(DocumentFontsTest, CloseOfATemplateDoesNotStoreTheUsageReport)
 {
     Open("/t.AIT", {"DejaVuSans"});
-    EXPECT_EQ(mCore.pHandleCloseDocument("/t.AIT", MakeUsage({"DejaVuSerif"}).c_str()), 0U);
-    EXPECT_EQ(mSession.GetKeptUsage("/t.AIT"), "");
+    EXPECT_EQ(0U, mCore.pHandleCloseDocument("/t.AIT", MakeUsage({"DejaVuSerif"}).c_str()));
+    EXPECT_EQ("", mSession.GetStoredUsage("/t.AIT"));
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), IsEmpty());
 }
 
-TEST_F(DocumentLifeTest, AnUpdateByIdKeepsTheUsage)
+TEST_F(DocumentFontsTest, UpdateByIdStoresTheUsageReport)
 {
     Open("/a.ai", {"DejaVuSans"});
     const std::string usage = MakeUsage({"DejaVuSans", "DejaVuSerif"});
-    EXPECT_EQ(mCore.pUpdateDocumentFontUsage(mSession.GetId("/a.ai").c_str(), usage.c_str()), 0U);
-    EXPECT_EQ(mSession.GetKeptUsage("/a.ai"), usage);
+    EXPECT_EQ(0U, mCore.pUpdateDocumentFontUsage(mSession.GetId("/a.ai").c_str(), usage.c_str()));
+    EXPECT_EQ(usage, mSession.GetStoredUsage("/a.ai"));
 }
 
-TEST_F(DocumentLifeTest, AUsageThatWasCutOffDoesNotTakeAGoodOnesPlace)
+TEST_F(DocumentFontsTest, CutUsageReportDoesNotReplaceAGoodOne)
 {
     Open("/a.ai", {"DejaVuSans"});
     Save("/a.ai", {"DejaVuSans"});
     const std::string cut = MakeUsage({"DejaVuSerif"}).substr(0, 30);
     const std::string errors = CaptureErrors([&] {
-        EXPECT_EQ(mCore.pHandleSaveDocument("/a.ai", cut.c_str()), StatusCodes::kInvalidParam);
+        EXPECT_EQ(StatusCodes::kInvalidParam, mCore.pHandleSaveDocument("/a.ai", cut.c_str()));
     });
     EXPECT_THAT(errors, HasSubstr("it isn't JSON, or was cut off"));
-    EXPECT_EQ(mSession.GetKeptUsage("/a.ai"), MakeUsage({"DejaVuSans"}));
+    EXPECT_EQ(MakeUsage({"DejaVuSans"}), mSession.GetStoredUsage("/a.ai"));
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSans"));
 }
 
-TEST_F(DocumentLifeTest, ACutUsageAtTheCloseStillLetsTheFontsGo)
+TEST_F(DocumentFontsTest, CloseWithACutUsageReportReleasesTheFonts)
 {
     Open("/a.ai", {"DejaVuSans"});
     (void)CaptureErrors([&] {
-        EXPECT_EQ(mCore.pHandleCloseDocument("/a.ai", "{\"Doc"), StatusCodes::kInvalidParam);
+        EXPECT_EQ(StatusCodes::kInvalidParam, mCore.pHandleCloseDocument("/a.ai", "{\"Doc"));
     });
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), IsEmpty());
 }
 
-TEST_F(DocumentLifeTest, ABareNameIsNoDocumentWithAnId)
+TEST_F(DocumentFontsTest, NameWithoutAFolderGetsNoId)
 {
     Open("Untitled-1", {"DejaVuSans"});
     Save("Untitled-1", {"DejaVuSans"});
-    EXPECT_EQ(mSession.GetId("Untitled-1"), "");
-    EXPECT_EQ(mCore.pHandleCloseDocument("Untitled-1", ""), 0U);
+    EXPECT_EQ("", mSession.GetId("Untitled-1"));
+    EXPECT_EQ(0U, mCore.pHandleCloseDocument("Untitled-1", ""));
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), IsEmpty());
 }
 
-TEST_F(DocumentLifeTest, ASaveMovesTheHolds)
+TEST_F(DocumentFontsTest, SaveReplacesTheHolds)
 {
     Open("/a.ai", {"DejaVuSans", "DejaVuSansMono"});
     Save("/a.ai", {"DejaVuSansMono", "DejaVuSerif"});
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSansMono", "DejaVuSerif"));
 }
 
-TEST_F(DocumentLifeTest, TheSecondReportOfASaveAndTheCloseFindEverythingDone)
+TEST_F(DocumentFontsTest, RepeatedUsageReportChangesNothing)
 {
     Open("/a.ai", {"DejaVuSans"});
     Save("/a.ai", {"DejaVuSerif"});
     Save("/a.ai", {"DejaVuSerif"});
     Save("/a.ai", {"DejaVuSerif"});
-    EXPECT_EQ(ListActivationFolder(mSession.home).size(), 3U);  // digits, group, link
-    EXPECT_EQ(mCore.pHandleCloseDocument("/a.ai", MakeUsage({"DejaVuSerif"}).c_str()), 0U);
+    EXPECT_EQ(3U, ListActivationFolder(mSession.home).size());  // digits, group, link
+    EXPECT_EQ(0U, mCore.pHandleCloseDocument("/a.ai", MakeUsage({"DejaVuSerif"}).c_str()));
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), IsEmpty());
 }
 
-TEST_F(DocumentLifeTest, AFontThatAnotherDocumentHoldsStaysAfterTheSave)
+TEST_F(DocumentFontsTest, SaveKeepsFontsThatAnotherDocumentHolds)
 {
     Open("/a.ai", {"DejaVuSans"});
     Open("/b.ai", {"DejaVuSans"});
@@ -123,92 +123,95 @@ TEST_F(DocumentLifeTest, AFontThatAnotherDocumentHoldsStaysAfterTheSave)
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), IsEmpty());
 }
 
-TEST_F(DocumentLifeTest, ASaveWithFontsThatNobodyHasIsNoFailure)
+TEST_F(DocumentFontsTest, SaveWithUnknownFontsSucceeds)
 {
     Open("/a.ai", {"DejaVuSans"});
-    EXPECT_EQ(CaptureErrors([&] { Save("/a.ai", {"DejaVuSans", "Nowhere"}); }), "");
+    EXPECT_EQ("", CaptureErrors([&] { Save("/a.ai", {"DejaVuSans", "Nowhere"}); }));
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSans"));
 }
 
-TEST_F(DocumentLifeTest, ASaveOfADocumentThatWasNeverOpenedHoldsItsFontsToTheEnd)
+TEST_F(DocumentFontsTest, SavedDocumentThatWasNotOpenedHoldsItsFontsToTheEnd)
 {
     Save("/new.ai", {"DejaVuSans"});
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSans"));
-    EXPECT_EQ(mCore.pTerminatePluginCoreInterface(), 0U);
+    EXPECT_EQ(0U, mCore.pTerminatePluginCoreInterface());
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), IsEmpty());
 }
 
-TEST_F(DocumentLifeTest, ADocumentSavedUnderAnotherNameLetsGoWithTheOneThatItWas)
+TEST_F(DocumentFontsTest, DocumentSavedUnderAnotherNameIsReleasedWithItsOriginal)
 {
     Open("/a.ai", {"DejaVuSans"});
     Save("/b.ai", {"DejaVuSans", "DejaVuSerif"});
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSans", "DejaVuSerif"));
-    EXPECT_EQ(mCore.pHandleCloseDocument("/a.ai", ""), 0U);
+    EXPECT_EQ(0U, mCore.pHandleCloseDocument("/a.ai", ""));
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), IsEmpty());
 }
 
-TEST_F(DocumentLifeTest, OfSeveralOpenDocumentsItMayBeTheLast)
+TEST_F(DocumentFontsTest, DocumentSavedUnderAnotherNameMayBeTheLastOpenOne)
 {
     Open("/a.ai", {"DejaVuSans"});
     Open("/b.ai", {"DejaVuSansMono"});
     Save("/c.ai", {"DejaVuSerif"});
-    EXPECT_EQ(mCore.pHandleCloseDocument("/a.ai", ""), 0U);
+    EXPECT_EQ(0U, mCore.pHandleCloseDocument("/a.ai", ""));
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSansMono", "DejaVuSerif"));
-    EXPECT_EQ(mCore.pHandleCloseDocument("/b.ai", ""), 0U);
+    EXPECT_EQ(0U, mCore.pHandleCloseDocument("/b.ai", ""));
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), IsEmpty());
 }
 
-TEST_F(DocumentLifeTest, ANewDocumentThatWasSavedMayStillBeOpenWhenAllOthersAreClosed)
+TEST_F(DocumentFontsTest, SavedNewDocumentMayBeOpenWhenAllOthersAreClosed)
 {
     char id[256] = {};
     size_t size = sizeof id;
     Open("/a.ai", {"DejaVuSans"});
-    EXPECT_EQ(mCore.pHandleCreateNewDocument(id, &size), 0U);
+    EXPECT_EQ(0U, mCore.pHandleCreateNewDocument(id, &size));
     Save("/new.ai", {"DejaVuSerif"});
-    EXPECT_EQ(mCore.pHandleCloseDocument("/a.ai", ""), 0U);
+    EXPECT_EQ(0U, mCore.pHandleCloseDocument("/a.ai", ""));
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSerif"));
 }
 
-TEST_F(DocumentLifeTest, ADocumentThatIsOpenedAgainLivesByItsOwnClose)
+TEST_F(DocumentFontsTest, ReopenedDocumentIsReleasedByItsOwnClose)
 {
     Open("/a.ai", {"DejaVuSans"});
     Save("/b.ai", {"DejaVuSerif"});
     Open("/b.ai", {"DejaVuSerif"});
-    EXPECT_EQ(mCore.pHandleCloseDocument("/a.ai", ""), 0U);
+    EXPECT_EQ(0U, mCore.pHandleCloseDocument("/a.ai", ""));
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSerif"));
-    EXPECT_EQ(mCore.pHandleCloseDocument("/b.ai", ""), 0U);
+    EXPECT_EQ(0U, mCore.pHandleCloseDocument("/b.ai", ""));
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), IsEmpty());
 }
 
-TEST_F(DocumentLifeTest, ClosingANewDocumentActivatesOnlyWhatTheLibraryHas)
+TEST_F(DocumentFontsTest, CloseOfANewDocumentActivatesOnlyLibraryFonts)
 {
     int count = 0;
     const std::string usage = MakeUsage({"DejaVuSans", "Nowhere"});
-    EXPECT_EQ(mCore.pActivateChosenFonts("", usage.c_str(), &count), 0U);
-    EXPECT_EQ(count, 1);
+    EXPECT_EQ(0U, mCore.pActivateChosenFonts("", usage.c_str(), &count));
+    EXPECT_EQ(1, count);
 }
 
-TEST_F(DocumentLifeTest, WithActivationOffNothingIsActivatedAndFontsAreStillLetGo)
+TEST_F(DocumentFontsTest, ModeOffActivatesNothingAndStillReleasesFonts)
 {
     Open("/a.ai", {"DejaVuSans"});
     SetActivation("0");
-    EXPECT_EQ(mCore.Open("/b.ai", MakeFontList({"DejaVuSerif"})), "");
+    EXPECT_EQ("", mCore.Open("/b.ai", MakeFontList({"DejaVuSerif"})));
     Save("/a.ai", {"DejaVuSerif"});
     int count = 0;
     const std::string usage = MakeUsage({"DejaVuSerif"});
-    EXPECT_EQ(mCore.pActivateChosenFonts("", usage.c_str(), &count), 0U);
-    EXPECT_EQ(count, 0);
+    EXPECT_EQ(0U, mCore.pActivateChosenFonts("", usage.c_str(), &count));
+    EXPECT_EQ(0, count);
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), IsEmpty());
 }
 
-TEST_F(DocumentLifeTest, WithoutATerminalNobodyCanBeAskedAndNothingIsActivated)
+TEST_F(DocumentFontsTest, ModeAskWithoutATerminalActivatesNothing)
 {
     SetActivation("2");
     const std::string errors = CaptureErrors([&] {
-        EXPECT_EQ(mCore.OpenAndActivate("/a.ai", MakeFontList({"DejaVuSans"})),
-                  StatusCodes::kInvalidParam);  // the plug-in doesn't activate an empty answer
+        EXPECT_EQ(StatusCodes::kInvalidParam,
+                  mCore.OpenAndActivate(
+                      "/a.ai",
+                      MakeFontList(
+                          {"DejaVuSans"})));  // of the empty list; the plug-in wouldn't activate it
     });
-    EXPECT_THAT(errors, HasSubstr("no terminal to ask on; not activated: DejaVuSans"));
+    EXPECT_THAT(errors, HasSubstr("no terminal; not activated: DejaVuSans"));
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), IsEmpty());
 }
 

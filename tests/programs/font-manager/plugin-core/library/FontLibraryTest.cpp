@@ -27,51 +27,51 @@ protected:
     FontLibrary mLibrary{mDatabase, {mHome.GetLibrary()}};
 };
 
-TEST_F(FontLibraryTest, FindsByNameByteForByteAtAnyDepth)
+TEST_F(FontLibraryTest, FindsExactNamesAtAnyDepth)
 {
     const fs::path file = Copy("DejaVuSans-Bold", "a/b/c");
     mLibrary.Refresh();
-    EXPECT_EQ(mLibrary.Find("DejaVuSans-Bold"), file);
-    EXPECT_EQ(mLibrary.Find("dejavusans-bold"), std::nullopt);
-    EXPECT_EQ(mLibrary.Find(""), std::nullopt);
+    EXPECT_EQ(file, mLibrary.Find("DejaVuSans-Bold"));
+    EXPECT_EQ(std::nullopt, mLibrary.Find("dejavusans-bold"));
+    EXPECT_EQ(std::nullopt, mLibrary.Find(""));
 }
 
-TEST_F(FontLibraryTest, ASecondRefreshReadsNothing)
+TEST_F(FontLibraryTest, SecondRefreshReadsNothing)
 {
     Copy("DejaVuSans");
     FontTestHome::WriteFile(mHome.GetLibrary() / "bad.otf", "bad");
     mLibrary.Refresh();
-    EXPECT_EQ(mLibrary.GetCounts().filesRead, 2);
+    EXPECT_EQ(2, mLibrary.GetCounts().filesRead);
     mLibrary.Refresh();
-    EXPECT_EQ(mLibrary.GetCounts().filesRead, 0);
-    EXPECT_EQ(mLibrary.GetCounts().badFiles, 1);
+    EXPECT_EQ(0, mLibrary.GetCounts().filesRead);
+    EXPECT_EQ(1, mLibrary.GetCounts().badFiles);
 }
 
-TEST_F(FontLibraryTest, ReadsAgainWhatHasAnotherTimeOrSize)
+TEST_F(FontLibraryTest, ReadsFilesOfAnotherTimeOrSizeAgain)
 {
     const fs::path file = Copy("DejaVuSans");
     mLibrary.Refresh();
     fs::last_write_time(file, fs::last_write_time(file) - std::chrono::hours(1));
     mLibrary.Refresh();
-    EXPECT_EQ(mLibrary.GetCounts().filesRead, 1);
+    EXPECT_EQ(1, mLibrary.GetCounts().filesRead);
     fs::copy_file("/usr/share/fonts/truetype/dejavu/DejaVuSerif.ttf", file,
                   fs::copy_options::overwrite_existing);
     mLibrary.Refresh();
-    EXPECT_EQ(mLibrary.Find("DejaVuSerif"), file);
-    EXPECT_EQ(mLibrary.Find("DejaVuSans"), std::nullopt);
+    EXPECT_EQ(file, mLibrary.Find("DejaVuSerif"));
+    EXPECT_EQ(std::nullopt, mLibrary.Find("DejaVuSans"));
 }
 
-TEST_F(FontLibraryTest, ForgetsWhatIsGone)
+TEST_F(FontLibraryTest, RemovesMissingFiles)
 {
     const fs::path file = Copy("DejaVuSans");
     mLibrary.Refresh();
     fs::remove(file);
     mLibrary.Refresh();
-    EXPECT_EQ(mLibrary.Find("DejaVuSans"), std::nullopt);
-    EXPECT_EQ(mLibrary.GetCounts().names, 0);
+    EXPECT_EQ(std::nullopt, mLibrary.Find("DejaVuSans"));
+    EXPECT_EQ(0, mLibrary.GetCounts().names);
 }
 
-TEST_F(FontLibraryTest, CountsBadFilesAndGoesOn)
+TEST_F(FontLibraryTest, CountsBadFilesAndContinues)
 {
     FontTestHome::WriteFile(mHome.GetLibrary() / "empty.ttf", "");
     FontTestHome::WriteFile(mHome.GetLibrary() / "text.pfb", "text");
@@ -81,55 +81,55 @@ TEST_F(FontLibraryTest, CountsBadFilesAndGoesOn)
     Copy("DejaVuSerif", "folder.ttf");
     mLibrary.Refresh();
     const FontLibrary::Counts counts = mLibrary.GetCounts();
-    EXPECT_EQ(counts.badFiles, 2);
-    EXPECT_EQ(counts.files, 1);
-    EXPECT_EQ(counts.names, 1);
+    EXPECT_EQ(2, counts.badFiles);
+    EXPECT_EQ(1, counts.files);
+    EXPECT_EQ(1, counts.names);
 }
 
-TEST_F(FontLibraryTest, TakesTheNewestOfSeveralFiles)
+TEST_F(FontLibraryTest, UsesTheNewestOfSeveralFiles)
 {
     const fs::path older = Copy("DejaVuSans", "b");
     const fs::path newer = Copy("DejaVuSans", "a");
     fs::last_write_time(older, fs::last_write_time(newer) - std::chrono::hours(1));
     mLibrary.Refresh();
-    EXPECT_EQ(mLibrary.Find("DejaVuSans"), newer);
+    EXPECT_EQ(newer, mLibrary.Find("DejaVuSans"));
     fs::last_write_time(newer, fs::last_write_time(older) - std::chrono::hours(1));
     mLibrary.Refresh();
-    EXPECT_EQ(mLibrary.Find("DejaVuSans"), older);
+    EXPECT_EQ(older, mLibrary.Find("DejaVuSans"));
 }
 
-TEST_F(FontLibraryTest, TakesOpenTypeBeforeANewerType1)
+TEST_F(FontLibraryTest, PrefersOpenTypeToANewerType1)
 {
     const fs::path openType = Copy("DejaVuSans");
     mLibrary.Refresh();
-    // Stands for a Type 1 file of that name: the rule works on the index.
+    // Instead of a real Type 1 file: the rule uses the index only.
     mDatabase.Execute(
         "INSERT INTO font_file(id, library, path, modified, size) SELECT 99, library, '/t1.pfb',"
         " modified + 1000, 1 FROM font_file;"
         "INSERT INTO font_face(file, name, face_index, is_type1) VALUES(99, 'DejaVuSans', 0, 1);");
-    EXPECT_EQ(mLibrary.Find("DejaVuSans"), openType);
+    EXPECT_EQ(openType, mLibrary.Find("DejaVuSans"));
     mDatabase.Execute("DELETE FROM font_file WHERE id <> 99");
-    EXPECT_EQ(mLibrary.Find("DejaVuSans"), "/t1.pfb");
+    EXPECT_EQ("/t1.pfb", mLibrary.Find("DejaVuSans"));
 }
 
-TEST_F(FontLibraryTest, SeesOnlyItsOwnFolders)
+TEST_F(FontLibraryTest, UsesOnlyItsOwnFolders)
 {
     FontTestHome::CopyFont("DejaVuSerif", mHome.GetPath() / "other \"library\"");
     FontLibrary other(mDatabase, {mHome.GetPath() / "other \"library\""});
     other.Refresh();
     mLibrary.Refresh();
-    EXPECT_NE(other.Find("DejaVuSerif"), std::nullopt);
-    EXPECT_EQ(mLibrary.Find("DejaVuSerif"), std::nullopt);
+    EXPECT_NE(std::nullopt, other.Find("DejaVuSerif"));
+    EXPECT_EQ(std::nullopt, mLibrary.Find("DejaVuSerif"));
 }
 
-TEST_F(FontLibraryTest, AFolderThatIsNotThereIsEmpty)
+TEST_F(FontLibraryTest, MissingFolderIsEmpty)
 {
     FontLibrary nowhere(mDatabase, {mHome.GetPath() / "nowhere"});
     nowhere.Refresh();
-    EXPECT_EQ(nowhere.GetCounts().files, 0);
+    EXPECT_EQ(0, nowhere.GetCounts().files);
 }
 
-TEST_F(FontLibraryTest, ADatabaseThatCannotBeMadeIsNamed)
+TEST_F(FontLibraryTest, ErrorNamesADatabaseThatCannotBeCreated)
 {
     FontTestHome::WriteFile(mHome.GetPath() / "file", "");
     const fs::path path = mHome.GetPath() / "file/state/fonts.db";
@@ -138,17 +138,17 @@ TEST_F(FontLibraryTest, ADatabaseThatCannotBeMadeIsNamed)
         FAIL();
     } catch (const Failure& failure) {
         EXPECT_THAT(failure.what(), testing::StartsWith(path.parent_path().string()));
-        EXPECT_EQ(failure.GetStatus(), plugincore::StatusCodes::kDatabaseError);
+        EXPECT_EQ(plugincore::StatusCodes::kDatabaseError, failure.GetStatus());
     }
 }
 
-TEST_F(FontLibraryTest, ADatabaseOfANewerVersionIsRefused)
+TEST_F(FontLibraryTest, RejectsADatabaseOfANewerVersion)
 {
     mDatabase.Execute("PRAGMA user_version = 4");
     EXPECT_THROW(Database(mHome.GetPath() / "state/fonts.db"), Failure);
 }
 
-TEST_F(FontLibraryTest, ADatabaseOfTheFirstVersionIsBroughtUpToDate)
+TEST_F(FontLibraryTest, UpdatesADatabaseOfTheFirstVersion)
 {
     Copy("DejaVuSans");
     mLibrary.Refresh();
@@ -158,25 +158,25 @@ TEST_F(FontLibraryTest, ADatabaseOfTheFirstVersionIsBroughtUpToDate)
         "INSERT INTO document(id, path, usage) VALUES('7', '/a.ai', '{}')");
     Database database(mHome.GetPath() / "state/fonts.db");
     plugincore::DocumentStore documents(database, "");
-    EXPECT_EQ(documents.GetId("/a.ai"), "7");
-    EXPECT_EQ(documents.GetUsage("/a.ai"), "{}");
+    EXPECT_EQ("7", documents.GetId("/a.ai"));
+    EXPECT_EQ("{}", documents.GetUsage("/a.ai"));
     plugincore::LibraryFolders folders(database, {"/root"});
     EXPECT_TRUE(folders.Add("/added"));
-    EXPECT_EQ(folders.GetFolders().size(), 2U);
-    EXPECT_NE(mLibrary.Find("DejaVuSans"), std::nullopt);
+    EXPECT_EQ(2U, folders.GetFolders().size());
+    EXPECT_NE(std::nullopt, mLibrary.Find("DejaVuSans"));
 }
 
-TEST_F(FontLibraryTest, ASelectionLimitsWhereFontsComeFrom)
+TEST_F(FontLibraryTest, SelectionLimitsFind)
 {
     const fs::path house = Copy("DejaVuSans", "House");
     Copy("DejaVuSerif", "Housework");
     mLibrary.Refresh();
     mLibrary.SetSelection(mHome.GetLibrary() / "House");
-    EXPECT_EQ(mLibrary.Find("DejaVuSans"), house);
-    EXPECT_EQ(mLibrary.Find("DejaVuSerif"), std::nullopt);
-    EXPECT_NE(mLibrary.FindAnywhere("DejaVuSerif"), std::nullopt);
+    EXPECT_EQ(house, mLibrary.Find("DejaVuSans"));
+    EXPECT_EQ(std::nullopt, mLibrary.Find("DejaVuSerif"));
+    EXPECT_NE(std::nullopt, mLibrary.FindAnywhere("DejaVuSerif"));
     mLibrary.SetSelection("");
-    EXPECT_NE(mLibrary.Find("DejaVuSerif"), std::nullopt);
+    EXPECT_NE(std::nullopt, mLibrary.Find("DejaVuSerif"));
 }
 
 TEST_F(FontLibraryTest, ListsNamesInPages)
@@ -185,8 +185,8 @@ TEST_F(FontLibraryTest, ListsNamesInPages)
     Copy("DejaVuSans-Bold");
     mLibrary.Refresh();
     const std::string house = mHome.GetLibrary() / "House";
-    EXPECT_EQ(mLibrary.CountNames(""), 4);
-    EXPECT_EQ(mLibrary.CountNames(house), 3);
+    EXPECT_EQ(4, mLibrary.CountNames(""));
+    EXPECT_EQ(3, mLibrary.CountNames(house));
     EXPECT_THAT(mLibrary.ListNames(house, 1, 5),
                 testing::ElementsAre("DejaVuSansMono", "DejaVuSerif"));
     EXPECT_THAT(mLibrary.ListNames("", 0, 1), testing::ElementsAre("DejaVuSans"));

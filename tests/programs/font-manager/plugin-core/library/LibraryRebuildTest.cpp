@@ -17,12 +17,12 @@ protected:
     void SetUp() override
     {
         sRebuilds = 0;
-        EXPECT_EQ(mSession.core.pSetRebuildWorkgroupsMenuCallback([] { ++sRebuilds; }), 0U);
+        EXPECT_EQ(0U, mSession.core.pSetRebuildWorkgroupsMenuCallback([] { ++sRebuilds; }));
     }
     int Tick() const
     {
         sRebuilds = 0;
-        EXPECT_EQ(mSession.core.pIdleEvent(), 0U);
+        EXPECT_EQ(0U, mSession.core.pIdleEvent());
         return sRebuilds;
     }
 
@@ -30,71 +30,70 @@ protected:
     fs::path mRoot = mSession.home.GetLibrary();
 };
 
-TEST_F(LibraryRebuildTest, NothingNewAsksForNothing)
+TEST_F(LibraryRebuildTest, NoCallbackWithoutAChange)
 {
-    EXPECT_EQ(Tick(), 0);
+    EXPECT_EQ(0, Tick());
     FontTestHome::CopyFont("DejaVuSans-Bold", mRoot);
-    EXPECT_EQ(Tick(), 0);
+    EXPECT_EQ(0, Tick());
 }
 
-TEST_F(LibraryRebuildTest, ALibraryThatComesAndGoesAsksOnceEach)
+TEST_F(LibraryRebuildTest, OneCallbackForEachAddedAndRemovedLibrary)
 {
     fs::create_directory(mRoot / "House");
-    EXPECT_EQ(Tick(), 1);
-    EXPECT_EQ(Tick(), 0);
+    EXPECT_EQ(1, Tick());
+    EXPECT_EQ(0, Tick());
     fs::rename(mRoot / "House", mRoot / "Home");
-    EXPECT_EQ(Tick(), 1);
+    EXPECT_EQ(1, Tick());
     fs::remove(mRoot / "Home");
-    EXPECT_EQ(Tick(), 1);
-    EXPECT_EQ(Tick(), 0);
+    EXPECT_EQ(1, Tick());
+    EXPECT_EQ(0, Tick());
 }
 
-TEST_F(LibraryRebuildTest, ChangesInOneMomentAreAllSeen)
+TEST_F(LibraryRebuildTest, DetectsAllOfSeveralQuickChanges)
 {
     for (int round = 0; round < 50; ++round) {
         fs::create_directory(mRoot / "House");
-        EXPECT_EQ(Tick(), 1) << round;
+        EXPECT_EQ(1, Tick()) << round;
         fs::remove(mRoot / "House");
-        EXPECT_EQ(Tick(), 1) << round;
+        EXPECT_EQ(1, Tick()) << round;
     }
 }
 
-TEST_F(LibraryRebuildTest, HiddenFoldersAndLinksAreNoLibraries)
+TEST_F(LibraryRebuildTest, HiddenFoldersAndLinksAreNotLibraries)
 {
     fs::create_directory(mRoot / ".hidden");
     fs::create_directory_symlink(mSession.home.GetPath(), mRoot / "link");
-    EXPECT_EQ(Tick(), 0);
+    EXPECT_EQ(0, Tick());
 }
 
-TEST_F(LibraryRebuildTest, ARootFolderThatGoesTakesItsLibrariesAlong)
+TEST_F(LibraryRebuildTest, RemovedRootFolderRemovesItsLibraries)
 {
     fs::create_directory(mRoot / "House");
-    EXPECT_EQ(Tick(), 1);
+    EXPECT_EQ(1, Tick());
     fs::rename(mRoot, mSession.home.GetPath() / "away");
-    EXPECT_EQ(Tick(), 1);
+    EXPECT_EQ(1, Tick());
     fs::rename(mSession.home.GetPath() / "away", mRoot);
-    EXPECT_EQ(Tick(), 1);
+    EXPECT_EQ(1, Tick());
 }
 
-TEST_F(LibraryRebuildTest, AFailingRebuildIsToldOnce)
+TEST_F(LibraryRebuildTest, FailingCallbackIsReportedOnce)
 {
-    EXPECT_EQ(mSession.core.pSetRebuildWorkgroupsMenuCallback(
-                  [] { throw std::out_of_range("key 'id' not found"); }),
-              0U);
+    EXPECT_EQ(0U, mSession.core.pSetRebuildWorkgroupsMenuCallback(
+                      [] { throw std::out_of_range("key 'id' not found"); }));
     fs::create_directory(mRoot / "House");
-    EXPECT_EQ(CaptureErrors([&] { EXPECT_NE(mSession.core.pIdleEvent(), 0U); }),
-              "PluginCore: IdleEvent: key 'id' not found\n");
-    EXPECT_EQ(CaptureErrors([&] { EXPECT_EQ(mSession.core.pIdleEvent(), 0U); }), "");
+    EXPECT_EQ("PluginCore: IdleEvent: key 'id' not found\n",
+              CaptureErrors([&] { EXPECT_NE(0U, mSession.core.pIdleEvent()); }));
+    EXPECT_EQ("", CaptureErrors([&] { EXPECT_EQ(0U, mSession.core.pIdleEvent()); }));
 }
 
-TEST_F(LibraryRebuildTest, AfterTheEndNothingIsAskedFor)
+TEST_F(LibraryRebuildTest, NoCallbackAfterTheEnd)
 {
-    EXPECT_EQ(mSession.core.pTerminatePluginCoreInterface(), 0U);
+    EXPECT_EQ(0U, mSession.core.pTerminatePluginCoreInterface());
     fs::create_directory(mRoot / "House");
-    EXPECT_EQ(Tick(), 0);
+    EXPECT_EQ(0, Tick());
 }
 
-TEST(LibraryWatchTest, FoldersAreListedOnlyWhenOneHasChanged)
+TEST(LibraryWatchTest, ListsFoldersOnlyAfterAChange)
 {
     const FontTestHome home;
     fs::create_directories(home.GetLibrary());
@@ -107,7 +106,7 @@ TEST(LibraryWatchTest, FoldersAreListedOnlyWhenOneHasChanged)
         return std::vector<std::string>();
     });
     for (int tick = 0; tick < 100; ++tick) EXPECT_FALSE(watch.HasChanged());
-    EXPECT_EQ(lists, 1);
+    EXPECT_EQ(1, lists);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "CoreSession.h"
+#include "plugin-core/storage/Failure.h"
 #include "plugin-core/storage/Settings.h"
 
 namespace fs = std::filesystem;
@@ -18,7 +19,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-// Standard input comes from this text, as from a user on the terminal.
+// Replaces standard input by a text, as if a user typed it on a terminal.
 class Terminal {
 public:
     explicit Terminal(const std::string& text) : mInput(text)
@@ -61,14 +62,15 @@ protected:
 TEST_F(MenuCommandsTest, ActivatesTheDocumentsFontsEvenWithActivationOff)
 {
     FontTestHome::WriteFile(mSettings, "{\"FontActivation\":\"0\"}");
-    ASSERT_EQ(mCore.Open("/a.ai", MakeFontList({"DejaVuSans", "Nowhere"})), "");
-    EXPECT_EQ(mSession.Choose("activateFonts", "/a.ai", {"DejaVuSans", "Nowhere"}),
-              "PluginCore: Activate Document Fonts: Activated: DejaVuSans. Not to be had: "
-              "Nowhere.\n");
+    ASSERT_EQ("", mCore.Open("/a.ai", MakeFontList({"DejaVuSans", "Nowhere"})));
+    EXPECT_EQ(
+        "PluginCore: Activate Document Fonts: Activated: DejaVuSans. Unavailable: "
+        "Nowhere.\n",
+        mSession.Choose("activateFonts", "/a.ai", {"DejaVuSans", "Nowhere"}));
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSans"));
-    EXPECT_EQ(mSession.Choose("activateFonts", "/a.ai", {"DejaVuSans"}),
-              "PluginCore: Activate Document Fonts: No font had to be activated.\n");
-    EXPECT_EQ(mCore.pHandleCloseDocument("/a.ai", ""), 0U);
+    EXPECT_EQ("PluginCore: Activate Document Fonts: No font had to be activated.\n",
+              mSession.Choose("activateFonts", "/a.ai", {"DejaVuSans"}));
+    EXPECT_EQ(0U, mCore.pHandleCloseDocument("/a.ai", ""));
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), IsEmpty());
 }
 
@@ -77,59 +79,62 @@ TEST_F(MenuCommandsTest, ActivatesTheFontsOfPlacedFilesToo)
     const fs::path logo = mSession.home.GetPath() / "logo.eps";
     WriteEps(logo, {"DejaVuSerif"});
     const std::string usage = MakeUsage({}, {logo});
-    ASSERT_EQ(mCore.pHandleCloseDocument("/a.ai", usage.c_str()), 0U);
+    ASSERT_EQ(0U, mCore.pHandleCloseDocument("/a.ai", usage.c_str()));
     (void)CaptureErrors([&] {
-        EXPECT_EQ(
-            mCore.pHandleMenuSelection(mSession.GetId("/a.ai").c_str(), "", "activateFonts", "[]"),
-            0U);
+        EXPECT_EQ(0U, mCore.pHandleMenuSelection(mSession.GetId("/a.ai").c_str(), "",
+                                                 "activateFonts", "[]"));
     });
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSerif"));
 }
 
-TEST_F(MenuCommandsTest, WithoutADocumentTheUserIsTold)
+TEST_F(MenuCommandsTest, CommandsForADocumentExplainThatThereIsNone)
 {
-    for (const char* key : {"activateFonts", "showMissing"})
-        EXPECT_EQ(mSession.Choose(key),
-                  "PluginCore: Corvanta Fonts: There is no document with a file. Save the document "
-                  "first.\n");
+    for (const char* key : {"activateFonts", "showMissing"}) {
+        EXPECT_EQ(
+            "PluginCore: Corvanta Fonts: There is no document with a file. Save the document "
+            "first.\n",
+            mSession.Choose(key));
+    }
 }
 
-TEST_F(MenuCommandsTest, DeactivatesWhatNoDocumentUses)
+TEST_F(MenuCommandsTest, DeactivatesFontsThatNoDocumentUses)
 {
-    ASSERT_EQ(mCore.OpenAndActivate("/a.ai", MakeFontList({"DejaVuSans", "DejaVuSerif"})), 0U);
+    ASSERT_EQ(0U, mCore.OpenAndActivate("/a.ai", MakeFontList({"DejaVuSans", "DejaVuSerif"})));
     int count = 0;
-    ASSERT_EQ(mCore.pActivateChosenFonts("", MakeFontList({"DejaVuSansMono"}).c_str(), &count), 0U);
-    EXPECT_EQ(mSession.Choose("deactivateUnused", "/a.ai", {"DejaVuSerif"}),
-              "PluginCore: Deactivate Unused Fonts: Deactivated: DejaVuSans, DejaVuSansMono.\n");
+    ASSERT_EQ(0U, mCore.pActivateChosenFonts("", MakeFontList({"DejaVuSansMono"}).c_str(), &count));
+    EXPECT_EQ("PluginCore: Deactivate Unused Fonts: Deactivated: DejaVuSans, DejaVuSansMono.\n",
+              mSession.Choose("deactivateUnused", "/a.ai", {"DejaVuSerif"}));
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSerif"));
     EXPECT_THAT(mSession.Choose("deactivateUnused", "/a.ai", {"DejaVuSerif"}),
                 HasSubstr("All fonts that were activated are used"));
 }
 
-TEST_F(MenuCommandsTest, ShowsWhatIsMissingAndWhy)
+TEST_F(MenuCommandsTest, ShowsMissingFontsWithTheReason)
 {
     FontTestHome::CopyFont("DejaVuSans-Bold", mSession.home.GetLibrary() / "House");
     FontTestHome::WriteFile(mSettings, "{\"FontActivation\":\"0\"}");
-    ASSERT_EQ(mCore.Open("/a.ai", MakeFontList({"DejaVuSans"})), "");
-    EXPECT_EQ(mSession.Choose("showMissing", "/a.ai", {"Nowhere", "DejaVuSans"}),
-              "PluginCore: Show Missing Fonts: 2 fonts missing\nNowhere: in no font library\n"
-              "DejaVuSans: in the font library; activation is off\n");
+    ASSERT_EQ("", mCore.Open("/a.ai", MakeFontList({"DejaVuSans"})));
+    EXPECT_EQ(
+        "PluginCore: Show Missing Fonts: 2 fonts missing\nNowhere: in no font library\n"
+        "DejaVuSans: in the font library; activation is off\n",
+        mSession.Choose("showMissing", "/a.ai", {"Nowhere", "DejaVuSans"}));
     const fs::path house = mSession.home.GetLibrary() / "House";
     (void)mSession.Choose("library:" + house.string());
-    EXPECT_EQ(mSession.Choose("showMissing", "/a.ai", {"DejaVuSans"}),
-              "PluginCore: Show Missing Fonts: 1 font missing\nDejaVuSans: not in the selected "
-              "library " +
-                  house.string() + "\n");
+    EXPECT_EQ(
+        "PluginCore: Show Missing Fonts: 1 font missing\nDejaVuSans: not in the selected "
+        "library " +
+            house.string() + "\n",
+        mSession.Choose("showMissing", "/a.ai", {"DejaVuSans"}));
 }
 
-TEST_F(MenuCommandsTest, NothingMissingIsToldToo)
+TEST_F(MenuCommandsTest, ShowsThatNoFontIsMissing)
 {
-    ASSERT_EQ(mCore.OpenAndActivate("/a.ai", MakeFontList({"DejaVuSans"})), 0U);
-    EXPECT_EQ(mSession.Choose("showMissing", "/a.ai", {"DejaVuSans"}),
-              "PluginCore: Show Missing Fonts: All fonts of the document are active.\n");
+    ASSERT_EQ(0U, mCore.OpenAndActivate("/a.ai", MakeFontList({"DejaVuSans"})));
+    EXPECT_EQ("PluginCore: Show Missing Fonts: All fonts of the document are active.\n",
+              mSession.Choose("showMissing", "/a.ai", {"DejaVuSans"}));
 }
 
-TEST_F(MenuCommandsTest, AFontThatWasRefusedIsToldSo)
+TEST_F(MenuCommandsTest, ShowsThatTheUserRefusedAFont)
 {
     FontTestHome::WriteFile(mSettings, "{\"FontActivation\":\"2\"}");
     (void)CaptureErrors(
@@ -138,94 +143,96 @@ TEST_F(MenuCommandsTest, AFontThatWasRefusedIsToldSo)
                 HasSubstr("DejaVuSans: in the font library; not chosen for this document\n"));
 }
 
-TEST_F(MenuCommandsTest, AFolderIsAddedFromTheTerminal)
+TEST_F(MenuCommandsTest, AddsAFolderThatTheUserTypes)
 {
     const fs::path folder = mSession.home.GetPath() / "more";
     FontTestHome::CopyFont("DejaVuSans-Bold", folder);
     const Terminal terminal("  " + folder.string() + " \n/nowhere\n" + folder.string() + "\n");
     const std::string ask = "Folder with fonts to add: PluginCore: Add Font Folder: ";
-    EXPECT_EQ(mSession.Choose("addFolder"), ask + folder.string() + ": added, with 1 font\n");
-    EXPECT_EQ(mSession.Choose("addFolder"), ask + "/nowhere: No such file or directory\n");
-    EXPECT_EQ(mSession.Choose("addFolder"),
-              ask + folder.string() + ": is in the font library already\n");
-    EXPECT_EQ(mSession.Choose("addFolder"), "Folder with fonts to add: ");
+    EXPECT_EQ(ask + folder.string() + ": added, with 1 font\n", mSession.Choose("addFolder"));
+    EXPECT_EQ(ask + "/nowhere: No such file or directory\n", mSession.Choose("addFolder"));
+    EXPECT_EQ(ask + folder.string() + ": is in the font library already\n",
+              mSession.Choose("addFolder"));
+    EXPECT_EQ("Folder with fonts to add: ", mSession.Choose("addFolder"));
     mSession.Restart();
-    EXPECT_EQ(FindNode("library:" + folder.string()).at("title"), "more");
-    EXPECT_NE(mCore.Open("/a.ai", MakeFontList({"DejaVuSans-Bold"})), "");
+    EXPECT_EQ("more", FindNode("library:" + folder.string()).at("title"));
+    EXPECT_NE("", mCore.Open("/a.ai", MakeFontList({"DejaVuSans-Bold"})));
 }
 
-TEST_F(MenuCommandsTest, WithoutATerminalTheUserIsToldWhereFontsGo)
+TEST_F(MenuCommandsTest, NamesTheLibraryIfThereIsNoTerminalToAddAFolder)
 {
-    EXPECT_EQ(mSession.Choose("addFolder"),
-              "PluginCore: Add Font Folder: There is no terminal to ask on. Put the folder into "
-              "the font library: " +
-                  mSession.home.GetLibrary().string() + "\n");
+    EXPECT_EQ(
+        "PluginCore: Add Font Folder: There is no terminal to ask on. Put the folder into "
+        "the font library: " +
+            mSession.home.GetLibrary().string() + "\n",
+        mSession.Choose("addFolder"));
 }
 
-TEST_F(MenuCommandsTest, TheLibraryIsRevealed)
+TEST_F(MenuCommandsTest, RevealsTheLibrary)
 {
     const fs::path house = mSession.home.GetLibrary() / "House";
     fs::create_directories(house);
-    EXPECT_EQ(mSession.Choose("revealLibrary"),
-              "PluginCore: Reveal Font Library: " + mSession.home.GetLibrary().string() + "\n");
+    EXPECT_EQ("PluginCore: Reveal Font Library: " + mSession.home.GetLibrary().string() + "\n",
+              mSession.Choose("revealLibrary"));
     (void)mSession.Choose("library:" + house.string());
-    EXPECT_EQ(mSession.Choose("revealLibrary"),
-              "PluginCore: Reveal Font Library: " + house.string() + "\n");
+    EXPECT_EQ("PluginCore: Reveal Font Library: " + house.string() + "\n",
+              mSession.Choose("revealLibrary"));
 }
 
-TEST_F(MenuCommandsTest, ALibraryIsSelectedAndLifted)
+TEST_F(MenuCommandsTest, SelectsAndDeselectsALibrary)
 {
     const fs::path house = mSession.home.GetLibrary() / "House";
     FontTestHome::CopyFont("DejaVuSans-Bold", house);
     const std::string id = "library:" + house.string();
     EXPECT_FALSE(IsChecked(id));
-    EXPECT_EQ(mSession.Choose(id), "");
+    EXPECT_EQ("", mSession.Choose(id));
     EXPECT_TRUE(IsChecked(id));
     const std::string fonts = MakeFontList({"DejaVuSans", "DejaVuSans-Bold"});
-    EXPECT_EQ(mCore.Open("/a.ai", fonts),
-              "{\"DocumentFonts\":[{\"PostScriptName\":\"DejaVuSans-Bold\"}]}");
+    EXPECT_EQ("{\"DocumentFonts\":[{\"PostScriptName\":\"DejaVuSans-Bold\"}]}",
+              mCore.Open("/a.ai", fonts));
     mSession.Restart();
     EXPECT_TRUE(IsChecked(id));
-    EXPECT_EQ(mSession.Choose(id), "");
+    EXPECT_EQ("", mSession.Choose(id));
     EXPECT_FALSE(IsChecked(id));
     EXPECT_THAT(mCore.Open("/a.ai", fonts), HasSubstr("\"DejaVuSans\""));
 }
 
-TEST_F(MenuCommandsTest, ASelectedLibraryThatIsGoneSelectsAll)
+TEST_F(MenuCommandsTest, MissingSelectedLibrarySelectsAll)
 {
     const fs::path house = mSession.home.GetLibrary() / "House";
     fs::create_directories(house);
     (void)mSession.Choose("library:" + house.string());
-    EXPECT_EQ(mCore.Open("/a.ai", MakeFontList({"DejaVuSans"})), "");
+    EXPECT_EQ("", mCore.Open("/a.ai", MakeFontList({"DejaVuSans"})));
     fs::remove(house);
-    EXPECT_NE(mCore.Open("/a.ai", MakeFontList({"DejaVuSans"})), "");
+    EXPECT_NE("", mCore.Open("/a.ai", MakeFontList({"DejaVuSans"})));
 }
 
-TEST_F(MenuCommandsTest, ThePreferencesShowThePresentOne)
+TEST_F(MenuCommandsTest, ChecksThePresentActivationMode)
 {
     EXPECT_TRUE(IsChecked("activation:1"));
     for (const char* id : {"activation:0", "activation:2", "activation:1"}) {
-        EXPECT_EQ(mSession.Choose(id), "");
-        for (const char* other : {"activation:0", "activation:1", "activation:2"})
-            EXPECT_EQ(IsChecked(other), std::string(other) == id) << id << ' ' << other;
+        EXPECT_EQ("", mSession.Choose(id));
+        for (const char* other : {"activation:0", "activation:1", "activation:2"}) {
+            EXPECT_EQ(std::string(other) == id, IsChecked(other)) << id << ' ' << other;
+        }
     }
-    EXPECT_EQ(plugincore::Settings().Get(mSettings, "FontActivation"), "1");
+    EXPECT_EQ("1", plugincore::Settings().Get(mSettings, "FontActivation"));
 }
 
-TEST_F(MenuCommandsTest, TheDialogSuppressionIsToggledInTheFile)
+TEST_F(MenuCommandsTest, TogglesTheDialogSuppressionInTheFile)
 {
     EXPECT_TRUE(IsChecked("dialogSuppression"));
     EXPECT_THAT(mSession.Choose("dialogSuppression"), HasSubstr("the dialog is shown."));
     EXPECT_FALSE(IsChecked("dialogSuppression"));
     char buffer[8192] = {};
     size_t size = sizeof buffer;
-    EXPECT_EQ(mCore.pGetSettings(buffer, &size), 0U);
-    EXPECT_STREQ(buffer, "{\"DialogSuppression\":\"2\"}");
+    EXPECT_EQ(0U, mCore.pGetSettings(buffer, &size));
+    EXPECT_STREQ("{\"DialogSuppression\":\"2\"}", buffer);
     EXPECT_THAT(mSession.Choose("dialogSuppression"), HasSubstr("the dialog is held back."));
-    EXPECT_EQ(plugincore::Settings().Get(mSettings, "DialogSuppression"), "1");
+    EXPECT_EQ("1", plugincore::Settings().Get(mSettings, "DialogSuppression"));
 }
 
-TEST_F(MenuCommandsTest, TheDialogSuppressionOfTheFileShowsInTheMenu)
+TEST_F(MenuCommandsTest, ChecksTheDialogSuppressionOfTheFile)
 {
     FontTestHome::WriteFile(mSettings, "{\"DialogSuppression\":\"3\"}");
     EXPECT_FALSE(IsChecked("dialogSuppression"));
@@ -233,7 +240,7 @@ TEST_F(MenuCommandsTest, TheDialogSuppressionOfTheFileShowsInTheMenu)
     EXPECT_TRUE(IsChecked("dialogSuppression"));
 }
 
-TEST_F(MenuCommandsTest, ItemsForADocumentNeedOne)
+TEST_F(MenuCommandsTest, EnablesItemsForADocumentOnlyWithOne)
 {
     for (const char* id : {"activateFonts", "showMissing"}) {
         EXPECT_FALSE(FindNode(id).at("enabled").get<bool>());
@@ -241,19 +248,20 @@ TEST_F(MenuCommandsTest, ItemsForADocumentNeedOne)
     }
 }
 
-TEST_F(MenuCommandsTest, AnUnknownKeyIsTold)
+TEST_F(MenuCommandsTest, UnknownKeyFails)
 {
-    EXPECT_EQ(CaptureErrors([&] {
-                  EXPECT_EQ(mCore.pHandleMenuSelection("", "", "library:/gone", ""), 0x07000000U);
-              }),
-              "PluginCore: HandleMenuSelection: no menu item has the id \"library:/gone\"\n");
+    EXPECT_EQ("PluginCore: HandleMenuSelection: no menu item has the id \"library:/gone\"\n",
+              CaptureErrors([&] {
+                  EXPECT_EQ(plugincore::StatusCodes::kNotFound,
+                            mCore.pHandleMenuSelection("", "", "library:/gone", ""));
+              }));
 }
 
-TEST_F(MenuCommandsTest, TheAboutBoxIsShown)
+TEST_F(MenuCommandsTest, ShowsTheAboutBox)
 {
-    EXPECT_EQ(mSession.Choose("about"),
-              "PluginCore: Corvanta Fonts: Font library: " + mSession.home.GetLibrary().string() +
-                  "\n3 fonts in 3 files, 0 bad files skipped\n");
+    EXPECT_EQ("PluginCore: Corvanta Fonts: Font library: " + mSession.home.GetLibrary().string() +
+                  "\n3 fonts in 3 files, 0 bad files skipped\n",
+              mSession.Choose("about"));
 }
 
 }  // namespace

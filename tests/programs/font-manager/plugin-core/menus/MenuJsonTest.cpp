@@ -23,7 +23,7 @@ std::string sRefused;
 unsigned int Record(const char* id, const char* label, const char* title, bool checked,
                     bool enabled, bool hasSubmenu, const char* parentID, void* context)
 {
-    EXPECT_EQ(context, &sCalls);
+    EXPECT_EQ(&sCalls, context);
     sCalls.push_back(std::string(parentID ? parentID : "(top)") + " > " + id + "|" + label + "|" +
                      title + (checked ? " checked" : "") + (enabled ? " enabled" : "") +
                      (hasSubmenu ? " submenu" : ""));
@@ -32,7 +32,7 @@ unsigned int Record(const char* id, const char* label, const char* title, bool c
 
 MenuItemHelp* GetContext() { return reinterpret_cast<MenuItemHelp*>(&sCalls); }
 
-class MenusTest : public testing::Test {
+class MenuJsonTest : public testing::Test {
 protected:
     void SetUp() override
     {
@@ -41,7 +41,7 @@ protected:
     }
 };
 
-TEST_F(MenusTest, ParentsComeBeforeTheirChildren)
+TEST_F(MenuJsonTest, ParentsComeBeforeTheirChildren)
 {
     plugincore::MenuState state;
     state.libraries = {{"House", "/fonts/House"}, {"Select Library", "/fonts/Select Library"}};
@@ -72,7 +72,7 @@ TEST_F(MenusTest, ParentsComeBeforeTheirChildren)
                     "(top) > about|About Corvanta Fonts|About Corvanta Fonts enabled"));
 }
 
-TEST_F(MenusTest, ADocumentEnablesItsItems)
+TEST_F(MenuJsonTest, DocumentEnablesItsItems)
 {
     plugincore::MenuState state;
     state.hasDocument = true;
@@ -86,7 +86,7 @@ TEST_F(MenusTest, ADocumentEnablesItsItems)
     EXPECT_THAT(sCalls, testing::Not(testing::Contains(testing::HasSubstr("Dialog checked"))));
 }
 
-TEST_F(MenusTest, AllNodesHaveAllSixKeys)
+TEST_F(MenuJsonTest, AllNodesHaveAllSixKeys)
 {
     plugincore::MenuState state;
     state.libraries = {{"bytes \xff", "/bytes \xff"}};
@@ -95,53 +95,54 @@ TEST_F(MenusTest, AllNodesHaveAllSixKeys)
     for (; !open.empty(); ++count) {
         const json node = open.back();
         open.pop_back();
-        EXPECT_EQ(node.size(), 6U);
+        EXPECT_EQ(6U, node.size());
         for (const char* key : {"id", "label", "title"}) EXPECT_TRUE(node.at(key).is_string());
         for (const char* key : {"checked", "enabled"}) EXPECT_TRUE(node.at(key).is_boolean());
         for (const json& child : node.at("child")) open.push_back(child);
     }
-    EXPECT_EQ(count, 16U);
+    EXPECT_EQ(16U, count);
 }
 
-TEST_F(MenusTest, TheLibrarySubmenuIsThereWithoutLibraries)
+TEST_F(MenuJsonTest, LibrarySubmenuExistsWithoutLibraries)
 {
     plugincore::AddMenus(plugincore::MakeMenus({}), Record, GetContext());
-    EXPECT_EQ(sCalls[4], "(top) > selectLibrary|Select Library|Select Library enabled submenu");
+    EXPECT_EQ("(top) > selectLibrary|Select Library|Select Library enabled submenu", sCalls[4]);
 }
 
-TEST_F(MenusTest, TheChildrenOfARefusedItemAreLeftOut)
+TEST_F(MenuJsonTest, SkipsTheChildrenOfARefusedItem)
 {
     sRefused = "Font Activation";
     testing::internal::CaptureStderr();
     plugincore::AddMenus(plugincore::MakeMenus({}), Record, GetContext());
-    EXPECT_EQ(sCalls.size(), 11U);
-    EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              "PluginCore: the host refused the menu item \"Font Activation\" with status 9\n");
+    EXPECT_EQ(11U, sCalls.size());
+    EXPECT_EQ("PluginCore: the host refused the menu item \"Font Activation\" with status 9\n",
+              testing::internal::GetCapturedStderr());
 }
 
-TEST_F(MenusTest, AnyOtherTextIsRefusedBeforeTheFirstCall)
+TEST_F(MenuJsonTest, RejectsAnyOtherTextBeforeTheFirstCall)
 {
-    for (const char* text : {"", "[]", "{", "{\"child\":[]}", "{\"child\":[{\"id\":1}]}"})
+    for (const char* text : {"", "[]", "{", "{\"child\":[]}", "{\"child\":[{\"id\":1}]}"}) {
         EXPECT_THROW(plugincore::AddMenus(text, Record, GetContext()), Failure) << text;
+    }
     EXPECT_THAT(sCalls, IsEmpty());
 }
 
-TEST_F(MenusTest, TheTextComesInTwoSteps)
+TEST_F(MenuJsonTest, GetMenusReturnsTheSizeFirst)
 {
     const FontTestHome home;
     std::filesystem::create_directories(home.GetLibrary() / "House");
     const Framework core;
     size_t size = 0;
-    ASSERT_EQ(core.pGetMenus("", nullptr, &size), 0x0C000000U);
+    ASSERT_EQ(plugincore::StatusCodes::kIndexOutOfRange, core.pGetMenus("", nullptr, &size));
     std::string text(size, '\0');
-    ASSERT_EQ(core.pGetMenus("", text.data(), &size), 0U);
+    ASSERT_EQ(0U, core.pGetMenus("", text.data(), &size));
     plugincore::MenuState state;
     state.libraries = {{"House", home.GetLibrary() / "House"}};
     EXPECT_EQ(text, plugincore::MakeMenus(state) + std::string(1, '\0'));
-    EXPECT_EQ(core.pCreateMenusFromJSONBuffer(text.c_str(), Record, GetContext()), 0U);
-    EXPECT_EQ(sCalls.size(), 15U);
+    EXPECT_EQ(0U, core.pCreateMenusFromJSONBuffer(text.c_str(), Record, GetContext()));
+    EXPECT_EQ(15U, sCalls.size());
     size = text.size() - 1;
-    EXPECT_EQ(core.pGetMenus("", text.data(), &size), 0x0C000000U);
+    EXPECT_EQ(plugincore::StatusCodes::kIndexOutOfRange, core.pGetMenus("", text.data(), &size));
 }
 
 }  // namespace

@@ -17,8 +17,9 @@ PanelPeer::PanelPeer(int port) : mSocket(socket(AF_INET, SOCK_STREAM | SOCK_CLOE
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     address.sin_port = htons(static_cast<uint16_t>(port));
-    if (connect(mSocket, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0)
+    if (connect(mSocket, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0) {
         throw std::system_error(errno, std::generic_category(), "connect");
+    }
 }
 
 PanelPeer::~PanelPeer() { close(mSocket); }
@@ -32,14 +33,15 @@ int64_t PanelPeer::Send(const std::string& bytes) const
 
 void PanelPeer::EndOutput() const
 {
-    if (shutdown(mSocket, SHUT_WR) != 0)
+    if (shutdown(mSocket, SHUT_WR) != 0) {
         throw std::system_error(errno, std::generic_category(), "shutdown");
+    }
 }
 
 std::string PanelPeer::Receive(int milliseconds)
 {
     pollfd arrival = {mSocket, POLLIN, 0};
-    (void)poll(&arrival, 1, milliseconds);  // what there is shows below
+    (void)poll(&arrival, 1, milliseconds);  // recv shows the result
     std::string bytes;
     std::array<char, 65536> chunk;
     for (;;) {

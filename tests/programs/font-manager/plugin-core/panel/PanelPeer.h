@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-// One client of the panel's socket, as a program of any intention.
+// A client of the panel's socket, which may violate the protocol.
 class PanelPeer {
 public:
     explicit PanelPeer(int port);
@@ -11,14 +11,14 @@ public:
     PanelPeer(const PanelPeer&) = delete;
     PanelPeer& operator=(const PanelPeer&) = delete;
 
-    // How many bytes went out; 0 if none can at the moment, -1 if the connection is broken.
+    // Returns the number of bytes sent: 0 if none can be sent now, -1 if the connection is broken.
     int64_t Send(const std::string& bytes) const;
 
-    // Nothing more will be sent; what comes in can still be received.
+    // Closes the sending side. Receive still works.
     void EndOutput() const;
 
-    // What has arrived since the last call; if it is nothing, waits so long for something.
-    // Afterwards IsClosed tells of an end or a break.
+    // Returns what has arrived since the last call; waits up to `milliseconds` if that is nothing.
+    // Sets IsClosed if the connection has ended or is broken.
     std::string Receive(int milliseconds = 0);
     bool IsClosed() const { return mClosed; }
 

@@ -47,65 +47,66 @@ TEST_F(PanelProtocolTest, ListsLibraries)
 {
     const std::string house = mHome.GetLibrary() / "House";
     const json library = {{"name", "House"}, {"path", house}, {"selected", false}, {"fonts", 2}};
-    EXPECT_EQ(Ask({{"op", "libraries"}, {"id", "x"}}),
-              json({{"ok", true}, {"id", "x"}, {"libraries", json::array({library})}}));
+    EXPECT_EQ(json({{"ok", true}, {"id", "x"}, {"libraries", json::array({library})}}),
+              Ask({{"op", "libraries"}, {"id", "x"}}));
     mServices.folders.Select(house);
-    EXPECT_EQ(Ask({{"op", "libraries"}}).at("libraries")[0].at("selected"), true);
+    EXPECT_EQ(true, Ask({{"op", "libraries"}}).at("libraries")[0].at("selected"));
 }
 
 TEST_F(PanelProtocolTest, ListsFontsWithTheirStates)
 {
     Activate({"DejaVuSerif"});
     const json answer = Ask(json::object({{"op", "fonts"}}));
-    EXPECT_EQ(answer.at("total"), 3);
-    EXPECT_EQ(answer.at("fonts").dump(),
-              "[{\"PostScriptName\":\"DejaVuSans\",\"state\":\"inactive\"},"
-              "{\"PostScriptName\":\"DejaVuSans-Bold\",\"state\":\"active\"},"
-              "{\"PostScriptName\":\"DejaVuSerif\",\"state\":\"activated\"}]");
+    EXPECT_EQ(3, answer.at("total"));
+    EXPECT_EQ(
+        "[{\"PostScriptName\":\"DejaVuSans\",\"state\":\"inactive\"},"
+        "{\"PostScriptName\":\"DejaVuSans-Bold\",\"state\":\"active\"},"
+        "{\"PostScriptName\":\"DejaVuSerif\",\"state\":\"activated\"}]",
+        answer.at("fonts").dump());
 }
 
 TEST_F(PanelProtocolTest, ListsAPageOfOneLibrary)
 {
     const std::string house = mHome.GetLibrary() / "House";
     const json answer = Ask({{"op", "fonts"}, {"library", house}, {"offset", 1}, {"limit", 1}});
-    EXPECT_EQ(answer.at("total"), 2);
-    ASSERT_EQ(answer.at("fonts").size(), 1U);
-    EXPECT_EQ(answer.at("fonts")[0].at("PostScriptName"), "DejaVuSerif");
+    EXPECT_EQ(2, answer.at("total"));
+    ASSERT_EQ(1U, answer.at("fonts").size());
+    EXPECT_EQ("DejaVuSerif", answer.at("fonts")[0].at("PostScriptName"));
 }
 
-TEST_F(PanelProtocolTest, FontsAreThoseOfTheSelectedLibrary)
+TEST_F(PanelProtocolTest, ListsFontsOfTheSelectedLibrary)
 {
     mServices.folders.Select(mHome.GetLibrary() / "House");
-    EXPECT_EQ(Ask(json::object({{"op", "fonts"}})).at("total"), 2);
-    EXPECT_EQ(Activate({"DejaVuSans"}).at("missing"), json({"DejaVuSans"}));
+    EXPECT_EQ(2, Ask(json::object({{"op", "fonts"}})).at("total"));
+    EXPECT_EQ(json({"DejaVuSans"}), Activate({"DejaVuSans"}).at("missing"));
 }
 
 TEST_F(PanelProtocolTest, ActivatesAndDeactivates)
 {
-    EXPECT_EQ(Activate({"DejaVuSans", "DejaVuSans", "DejaVuSans-Bold", "Nowhere"}),
-              json({{"ok", true},
+    EXPECT_EQ(json({{"ok", true},
                     {"activated", json::array({"DejaVuSans"})},
                     {"alreadyActive", json::array({"DejaVuSans-Bold"})},
-                    {"missing", json::array({"Nowhere"})}}));
+                    {"missing", json::array({"Nowhere"})}}),
+              Activate({"DejaVuSans", "DejaVuSans", "DejaVuSans-Bold", "Nowhere"}));
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSans", "DejaVuSans-Bold"));
-    EXPECT_EQ(Deactivate({"DejaVuSans", "DejaVuSans-Bold"}),
-              json({{"ok", true},
+    EXPECT_EQ(json({{"ok", true},
                     {"deactivated", json::array({"DejaVuSans"})},
                     {"held", json::array()},
-                    {"notActivated", json::array({"DejaVuSans-Bold"})}}));
+                    {"notActivated", json::array({"DejaVuSans-Bold"})}}),
+              Deactivate({"DejaVuSans", "DejaVuSans-Bold"}));
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSans-Bold"));
 }
 
-TEST_F(PanelProtocolTest, WhatADocumentHoldsStaysActive)
+TEST_F(PanelProtocolTest, FontThatADocumentHoldsRemainsActive)
 {
     mServices.activation.Activate("/a.ai", {"DejaVuSans"});
-    EXPECT_EQ(Deactivate({"DejaVuSans"}).at("notActivated"), json({"DejaVuSans"}));
-    EXPECT_EQ(Activate({"DejaVuSans"}).at("alreadyActive"), json({"DejaVuSans"}));
-    EXPECT_EQ(Deactivate({"DejaVuSans"}).at("held"), json({"DejaVuSans"}));
+    EXPECT_EQ(json({"DejaVuSans"}), Deactivate({"DejaVuSans"}).at("notActivated"));
+    EXPECT_EQ(json({"DejaVuSans"}), Activate({"DejaVuSans"}).at("alreadyActive"));
+    EXPECT_EQ(json({"DejaVuSans"}), Deactivate({"DejaVuSans"}).at("held"));
     EXPECT_THAT(mServices.activation.GetActive(), ElementsAre("DejaVuSans"));
 }
 
-TEST_F(PanelProtocolTest, WhatThePanelHoldsOutlivesADocument)
+TEST_F(PanelProtocolTest, FontThatThePanelHoldsOutlivesADocument)
 {
     mServices.activation.Activate("/a.ai", {"DejaVuSans"});
     Activate({"DejaVuSans"});
@@ -115,18 +116,18 @@ TEST_F(PanelProtocolTest, WhatThePanelHoldsOutlivesADocument)
     EXPECT_THAT(mServices.activation.GetActive(), IsEmpty());
 }
 
-TEST_F(PanelProtocolTest, WrongRequestsAreAnsweredWithTheReason)
+TEST_F(PanelProtocolTest, AnswersInvalidRequestsWithTheReason)
 {
     const std::vector<std::pair<std::string, std::string>> cases = {
         {"", "the line isn't a JSON object"},
         {"[1", "the line isn't a JSON object"},
         {"[]", "the line isn't a JSON object"},
-        {"{\"op\":7}", "\"op\" isn't a text"},
+        {"{\"op\":7}", "\"op\" isn't a string"},
         {"{\"op\":\"burn\"}", "there is no such operation"},
         {"{\"op\":\"fonts\",\"limit\":1001}", "\"limit\" isn't a number from 0 to 1000"},
         {"{\"op\":\"fonts\",\"offset\":-1}", "\"offset\" isn't a number from 0 to 1000000000"},
         {"{\"op\":\"fonts\",\"offset\":1e3}", "\"offset\" isn't a number from 0 to 1000000000"},
-        {"{\"op\":\"fonts\",\"library\":[]}", "\"library\" isn't a text"},
+        {"{\"op\":\"fonts\",\"library\":[]}", "\"library\" isn't a string"},
         {"{\"op\":\"activate\"}", "\"fonts\" isn't an array of names"},
         {"{\"op\":\"activate\",\"fonts\":[1]}", "\"fonts\" isn't an array of names"},
         {"{\"op\":\"deactivate\",\"fonts\":\"A\"}", "\"fonts\" isn't an array of names"},
@@ -139,15 +140,15 @@ TEST_F(PanelProtocolTest, WrongRequestsAreAnsweredWithTheReason)
                 HasSubstr("more than 1000 names"));
 }
 
-TEST_F(PanelProtocolTest, BytesThatAreNoTextAreAnsweredToo)
+TEST_F(PanelProtocolTest, AnswersInvalidUtf8AndDeepNesting)
 {
     const std::string line = "{\"op\":\"\xff\xfe\"}";
-    EXPECT_EQ(json::parse(mProtocol.Serve(line).line).at("ok"), false);
+    EXPECT_EQ(false, json::parse(mProtocol.Serve(line).line).at("ok"));
     const std::string deep(60000, '[');
-    EXPECT_EQ(json::parse(mProtocol.Serve(deep + std::string(60000, ']')).line).at("ok"), false);
+    EXPECT_EQ(false, json::parse(mProtocol.Serve(deep + std::string(60000, ']')).line).at("ok"));
 }
 
-TEST_F(PanelProtocolTest, EventsBeginWithTheSubscription)
+TEST_F(PanelProtocolTest, EventsBeginWithBeginEvents)
 {
     Activate({"DejaVuSans"});
     mProtocol.BeginEvents();

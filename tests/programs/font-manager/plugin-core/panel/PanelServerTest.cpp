@@ -35,9 +35,9 @@ protected:
     {
         for (int tick = 0; tick < times; ++tick) mServer.Serve();
     }
-    // Ticks until the peer has heard as many bytes as `expected` has, or the end; the system may
-    // take its time to deliver them. Returns what it heard.
-    std::string Hear(PanelPeer& peer, const std::string& expected)
+    // Ticks until the peer has received as many bytes as `expected` has, or the connection ends.
+    // Returns the received bytes.
+    std::string ReceiveUntil(PanelPeer& peer, const std::string& expected)
     {
         std::string heard;
         for (int wait = 0; wait < 1000 && heard.size() < expected.size(); ++wait) {
@@ -49,8 +49,8 @@ protected:
     }
     std::string Exchange(PanelPeer& peer, const std::string& bytes, const std::string& expected)
     {
-        EXPECT_EQ(peer.Send(bytes), static_cast<int64_t>(bytes.size()));
-        return Hear(peer, expected);
+        EXPECT_EQ(static_cast<int64_t>(bytes.size()), peer.Send(bytes));
+        return ReceiveUntil(peer, expected);
     }
     bool IsClosed(PanelPeer& peer)
     {
@@ -72,12 +72,12 @@ protected:
     void Subscribe(PanelPeer& peer)
     {
         const std::string answer = "{\"ok\":true}\n";
-        ASSERT_EQ(Exchange(peer, "{\"op\":\"subscribe\"}\n", answer), answer);
+        ASSERT_EQ(answer, Exchange(peer, "{\"op\":\"subscribe\"}\n", answer));
     }
     std::string MakeTokenLine() const { return "{\"token\":\"" + mToken + "\"}\n"; }
 
-    // Writes 64 KiB over and over, whatever the server says, until the connection breaks or 100 MiB
-    // are written. Returns what it said.
+    // Writes blocks of 64 KiB, whatever the server answers, until the connection breaks or 100 MiB
+    // are written. Returns the answers.
     std::string WriteUntilDropped(PanelPeer& peer)
     {
         constexpr int64_t kMost = 100 << 20;
@@ -101,27 +101,27 @@ protected:
     PanelServer mServer{mProtocol, mToken, [this] { return mNow; }};
 };
 
-TEST_F(PanelServerTest, AClientWithTheTokenIsServed)
+TEST_F(PanelServerTest, ServesAClientWithTheToken)
 {
     PanelPeer peer(mServer.GetPort());
-    EXPECT_EQ(Present(peer), kWelcome);
+    EXPECT_EQ(kWelcome, Present(peer));
     const std::string answer = "{\"id\":[7],\"libraries\":[],\"ok\":true}\n";
-    EXPECT_EQ(Exchange(peer, "{\"op\":\"libraries\",\"id\":[7]}\n", answer), answer);
-    EXPECT_EQ(mServer.GetClientCount(), 1U);
+    EXPECT_EQ(answer, Exchange(peer, "{\"op\":\"libraries\",\"id\":[7]}\n", answer));
+    EXPECT_EQ(1U, mServer.GetClientCount());
 }
 
-TEST_F(PanelServerTest, TheTokenAndARequestMayComeTogetherAndInPieces)
+TEST_F(PanelServerTest, TokenAndRequestMayArriveTogetherAndInPieces)
 {
     PanelPeer peer(mServer.GetPort());
     for (const char byte : MakeTokenLine() + "{}\n") {
-        EXPECT_EQ(peer.Send(std::string(1, byte)), 1);
+        EXPECT_EQ(1, peer.Send(std::string(1, byte)));
         Tick();
     }
     const std::string answers = std::string(kWelcome) + kUnknown;
-    EXPECT_EQ(Hear(peer, answers), answers);
+    EXPECT_EQ(answers, ReceiveUntil(peer, answers));
 }
 
-TEST_F(PanelServerTest, AnyOtherFirstLineIsRefusedAndTheClientClosed)
+TEST_F(PanelServerTest, RefusesAnyOtherFirstLineAndCloses)
 {
     const std::string half = mToken.substr(1);
     for (const std::string& line :
@@ -130,81 +130,81 @@ TEST_F(PanelServerTest, AnyOtherFirstLineIsRefusedAndTheClientClosed)
           "[\"" + mToken + "\"]\n", std::string("{\"token\":null}\n"), std::string(257, ' '),
           std::string(300, ' ') + MakeTokenLine()}) {
         PanelPeer peer(mServer.GetPort());
-        EXPECT_EQ(Exchange(peer, line, kRefusal), kRefusal) << line;
+        EXPECT_EQ(kRefusal, Exchange(peer, line, kRefusal)) << line;
         EXPECT_TRUE(IsClosed(peer)) << line;
     }
 }
 
-TEST_F(PanelServerTest, WhatFollowsARefusedLineIsNotServed)
+TEST_F(PanelServerTest, DoesNotServeLinesAfterARefusedOne)
 {
     PanelPeer peer(mServer.GetPort());
     const std::string activate = "{\"op\":\"activate\",\"fonts\":[\"DejaVuSans\"]}\n";
-    EXPECT_EQ(Exchange(peer, "rubbish\n" + MakeTokenLine() + activate, kRefusal), kRefusal);
+    EXPECT_EQ(kRefusal, Exchange(peer, "rubbish\n" + MakeTokenLine() + activate, kRefusal));
     EXPECT_TRUE(IsClosed(peer));
     EXPECT_TRUE(mServices.activation.GetActive().empty());
 }
 
-TEST_F(PanelServerTest, NothingIsSaidBeforeTheFirstLineHasEnded)
+TEST_F(PanelServerTest, SendsNothingBeforeTheFirstLineHasEnded)
 {
     PanelPeer peer(mServer.GetPort());
-    EXPECT_EQ(peer.Send("{\"tok"), 5);
-    EXPECT_EQ(CountClients(1), 1U);
+    EXPECT_EQ(5, peer.Send("{\"tok"));
+    EXPECT_EQ(1U, CountClients(1));
     Tick(50);
-    EXPECT_EQ(peer.Receive(50), "");
+    EXPECT_EQ("", peer.Receive(50));
     EXPECT_FALSE(peer.IsClosed());
 }
 
-TEST_F(PanelServerTest, AClientThatPresentsNothingInTimeIsRefused)
+TEST_F(PanelServerTest, RefusesAClientThatPresentsNothingInTime)
 {
     PanelPeer peer(mServer.GetPort());
-    ASSERT_EQ(CountClients(1), 1U);
+    ASSERT_EQ(1U, CountClients(1));
     mNow += 9999;
     Tick(2);
-    EXPECT_EQ(peer.Receive(50), "");
+    EXPECT_EQ("", peer.Receive(50));
     mNow += 1;
-    EXPECT_EQ(Hear(peer, kRefusal), kRefusal);
-    EXPECT_EQ(mServer.GetClientCount(), 1U);
+    EXPECT_EQ(kRefusal, ReceiveUntil(peer, kRefusal));
+    EXPECT_EQ(1U, mServer.GetClientCount());
     mNow += 2000;
     Tick();
-    EXPECT_EQ(mServer.GetClientCount(), 0U);
+    EXPECT_EQ(0U, mServer.GetClientCount());
 }
 
-TEST_F(PanelServerTest, AServedClientMayBeSilent)
+TEST_F(PanelServerTest, ServedClientMayBeIdle)
 {
     PanelPeer peer(mServer.GetPort());
-    ASSERT_EQ(Present(peer), kWelcome);
+    ASSERT_EQ(kWelcome, Present(peer));
     mNow += 1000000000;
-    EXPECT_EQ(Exchange(peer, "{}\n", kUnknown), kUnknown);
+    EXPECT_EQ(kUnknown, Exchange(peer, "{}\n", kUnknown));
 }
 
-TEST_F(PanelServerTest, AClientThatHangsUpIsForgotten)
+TEST_F(PanelServerTest, RemovesAClientThatDisconnects)
 {
     {
         PanelPeer served(mServer.GetPort());
-        ASSERT_EQ(Present(served), kWelcome);
+        ASSERT_EQ(kWelcome, Present(served));
         const PanelPeer silent(mServer.GetPort());
-        EXPECT_EQ(CountClients(2), 2U);
+        EXPECT_EQ(2U, CountClients(2));
     }
-    EXPECT_EQ(CountClients(0), 0U);
+    EXPECT_EQ(0U, CountClients(0));
 }
 
-TEST_F(PanelServerTest, ALineWithoutEndIsRefusedHoweverMuchComes)
+TEST_F(PanelServerTest, RefusesALineWithoutEndOfAnyLength)
 {
     PanelPeer stranger(mServer.GetPort());
     EXPECT_THAT(WriteUntilDropped(stranger), testing::AnyOf("", kRefusal));
     PanelPeer panel(mServer.GetPort());
-    ASSERT_EQ(Present(panel), kWelcome);
+    ASSERT_EQ(kWelcome, Present(panel));
     EXPECT_THAT(WriteUntilDropped(panel), testing::AnyOf("", kTooLong));
-    EXPECT_EQ(CountClients(0), 0U);
+    EXPECT_EQ(0U, CountClients(0));
 }
 
-TEST_F(PanelServerTest, ALineOfJustTheLimitIsServed)
+TEST_F(PanelServerTest, ServesALineOfExactlyTheLimit)
 {
     PanelPeer peer(mServer.GetPort());
-    ASSERT_EQ(Present(peer), kWelcome);
+    ASSERT_EQ(kWelcome, Present(peer));
     const std::string blanks((64 << 10) - 2, ' ');
-    EXPECT_EQ(Exchange(peer, "{" + blanks + "}\n", kUnknown), kUnknown);
-    EXPECT_EQ(Exchange(peer, "{" + blanks + " }\n", kTooLong), kTooLong);
+    EXPECT_EQ(kUnknown, Exchange(peer, "{" + blanks + "}\n", kUnknown));
+    EXPECT_EQ(kTooLong, Exchange(peer, "{" + blanks + " }\n", kTooLong));
 }
 
 TEST_F(PanelServerTest, OneTickServesEightRequests)
@@ -216,7 +216,7 @@ TEST_F(PanelServerTest, OneTickServesEightRequests)
     plugincore::PanelClient client(*std::move(connection), 0);
     std::string lines = MakeTokenLine();
     for (int request = 0; request < 20; ++request) lines += "{}\n";
-    ASSERT_EQ(peer.Send(lines), static_cast<int64_t>(lines.size()));
+    ASSERT_EQ(static_cast<int64_t>(lines.size()), peer.Send(lines));
     int served = 0;
     const auto serve = [&served](const std::string&) {
         ++served;
@@ -229,7 +229,7 @@ TEST_F(PanelServerTest, OneTickServesEightRequests)
     }
 }
 
-TEST_F(PanelServerTest, WhoEndsItsInputAfterItsRequestsStillGetsTheAnswers)
+TEST_F(PanelServerTest, ClientThatClosesItsSideReceivesAllAnswers)
 {
     PanelPeer peer(mServer.GetPort());
     std::string lines = MakeTokenLine();
@@ -238,17 +238,17 @@ TEST_F(PanelServerTest, WhoEndsItsInputAfterItsRequestsStillGetsTheAnswers)
         lines += "{}\n";
         answers += kUnknown;
     }
-    ASSERT_EQ(peer.Send(lines), static_cast<int64_t>(lines.size()));
+    ASSERT_EQ(static_cast<int64_t>(lines.size()), peer.Send(lines));
     peer.EndOutput();
-    EXPECT_EQ(Hear(peer, answers), answers);
+    EXPECT_EQ(answers, ReceiveUntil(peer, answers));
     EXPECT_TRUE(IsClosed(peer));
 }
 
-TEST_F(PanelServerTest, AClientThatDoesNotReadIsNotServedOnAndLosesNothing)
+TEST_F(PanelServerTest, ClientThatDoesNotReadWaitsAndLosesNothing)
 {
     PanelPeer peer(mServer.GetPort());
-    ASSERT_EQ(Present(peer), kWelcome);
-    // Each answer brings the id back, so that answers fill all buffers.
+    ASSERT_EQ(kWelcome, Present(peer));
+    // Each answer repeats the long id, so that the answers fill all buffers.
     const std::string request = "{\"id\":\"" + std::string(60000, 'x') + "\"}\n";
     int64_t sent = 0;
     for (int64_t count = 1, idle = 0; idle < 5; idle = count == 0 ? idle + 1 : 0) {
@@ -257,7 +257,7 @@ TEST_F(PanelServerTest, AClientThatDoesNotReadIsNotServedOnAndLosesNothing)
         sent += count;
         Tick(3);
     }
-    EXPECT_EQ(mServer.GetClientCount(), 1U);
+    EXPECT_EQ(1U, mServer.GetClientCount());
     EXPECT_GT(sent, 1 << 20);
     const auto requests = sent / static_cast<int64_t>(request.size());
     int64_t answers = 0;
@@ -269,13 +269,13 @@ TEST_F(PanelServerTest, AClientThatDoesNotReadIsNotServedOnAndLosesNothing)
     EXPECT_EQ(answers, requests);
 }
 
-TEST_F(PanelServerTest, ASubscriberThatDoesNotReadIsDropped)
+TEST_F(PanelServerTest, DropsASubscriberThatDoesNotRead)
 {
     PanelPeer peer(mServer.GetPort());
-    ASSERT_EQ(Present(peer), kWelcome);
+    ASSERT_EQ(kWelcome, Present(peer));
     Subscribe(peer);
     mServices.database.Execute("INSERT INTO active_group(id) VALUES(99)");
-    // Stands for the many fonts of a large library.
+    // As many names as a large library has.
     const std::string add =
         "INSERT INTO active_file VALUES('/many', 'many', 99);"
         "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 2000)"
@@ -286,69 +286,69 @@ TEST_F(PanelServerTest, ASubscriberThatDoesNotReadIsDropped)
         Tick();
     }
     EXPECT_GT(rounds, 2);
-    EXPECT_EQ(mServer.GetClientCount(), 0U);
+    EXPECT_EQ(0U, mServer.GetClientCount());
 }
 
-TEST_F(PanelServerTest, SubscribersAreToldOfFontsAndLibraries)
+TEST_F(PanelServerTest, SubscribersReceiveEventsForFontsAndLibraries)
 {
     PanelPeer subscriber(mServer.GetPort());
     PanelPeer other(mServer.GetPort());
-    ASSERT_EQ(Present(subscriber), kWelcome);
-    ASSERT_EQ(Present(other), kWelcome);
+    ASSERT_EQ(kWelcome, Present(subscriber));
+    ASSERT_EQ(kWelcome, Present(other));
     Subscribe(subscriber);
     mServices.activation.Activate("/a.ai", {"DejaVuSans"});
     mProtocol.AnnounceLibraryChange();
     std::string events =
         "{\"event\":\"libraries\"}\n"
         "{\"activated\":[\"DejaVuSans\"],\"deactivated\":[],\"event\":\"fonts\"}\n";
-    EXPECT_EQ(Hear(subscriber, events), events);
+    EXPECT_EQ(events, ReceiveUntil(subscriber, events));
     mServices.activation.Release("/a.ai");
     events = "{\"activated\":[],\"deactivated\":[\"DejaVuSans\"],\"event\":\"fonts\"}\n";
-    EXPECT_EQ(Hear(subscriber, events), events);
-    EXPECT_EQ(other.Receive(), "");
+    EXPECT_EQ(events, ReceiveUntil(subscriber, events));
+    EXPECT_EQ("", other.Receive());
 }
 
-TEST_F(PanelServerTest, ASubscriberHearsOfAnotherProcess)
+TEST_F(PanelServerTest, SubscriberReceivesEventsOfAnotherProcess)
 {
     PanelPeer subscriber(mServer.GetPort());
-    ASSERT_EQ(Present(subscriber), kWelcome);
+    ASSERT_EQ(kWelcome, Present(subscriber));
     Subscribe(subscriber);
     Services other(plugincore::GetLocations());
     other.Start();
     other.activation.Activate("/a.ai", {"DejaVuSans"});
     const std::string event =
         "{\"activated\":[\"DejaVuSans\"],\"deactivated\":[],\"event\":\"fonts\"}\n";
-    EXPECT_EQ(Hear(subscriber, event), event);
+    EXPECT_EQ(event, ReceiveUntil(subscriber, event));
     other.Stop();
 }
 
-TEST_F(PanelServerTest, SilentClientsCannotKeepThePanelOut)
+TEST_F(PanelServerTest, IdleClientsCannotLockThePanelOut)
 {
     std::deque<PanelPeer> silent;
     for (int client = 0; client < 64; ++client) {
         silent.emplace_back(mServer.GetPort());
         Tick();
     }
-    EXPECT_EQ(Hear(silent.front(), kRefusal), kRefusal);
-    EXPECT_EQ(CountClients(32), 32U);
+    EXPECT_EQ(kRefusal, ReceiveUntil(silent.front(), kRefusal));
+    EXPECT_EQ(32U, CountClients(32));
     PanelPeer panel(mServer.GetPort());
-    EXPECT_EQ(Present(panel), kWelcome);
+    EXPECT_EQ(kWelcome, Present(panel));
 }
 
-TEST_F(PanelServerTest, OneTooManyIsRefusedWhenAllHaveTheToken)
+TEST_F(PanelServerTest, RefusesOneClientTooManyIfAllHaveTheToken)
 {
     std::deque<PanelPeer> panels;
     for (int client = 0; client < 32; ++client) {
         panels.emplace_back(mServer.GetPort());
-        ASSERT_EQ(Present(panels.back()), kWelcome);
+        ASSERT_EQ(kWelcome, Present(panels.back()));
     }
     PanelPeer another(mServer.GetPort());
-    EXPECT_EQ(Hear(another, kRefusal), kRefusal);
-    EXPECT_EQ(mServer.GetClientCount(), 32U);
-    EXPECT_EQ(Exchange(panels.front(), "{}\n", kUnknown), kUnknown);
+    EXPECT_EQ(kRefusal, ReceiveUntil(another, kRefusal));
+    EXPECT_EQ(32U, mServer.GetClientCount());
+    EXPECT_EQ(kUnknown, Exchange(panels.front(), "{}\n", kUnknown));
 }
 
-TEST_F(PanelServerTest, OneTickTakesInSixteenClients)
+TEST_F(PanelServerTest, OneTickAcceptsSixteenClients)
 {
     std::deque<PanelPeer> peers;
     for (int client = 0; client < 20; ++client) peers.emplace_back(mServer.GetPort());
@@ -359,10 +359,10 @@ TEST_F(PanelServerTest, OneTickTakesInSixteenClients)
     }
 }
 
-TEST_F(PanelServerTest, AThousandHostileClientsChangeNothing)
+TEST_F(PanelServerTest, ThousandMaliciousClientsChangeNothing)
 {
     PanelPeer panel(mServer.GetPort());
-    ASSERT_EQ(Present(panel), kWelcome);
+    ASSERT_EQ(kWelcome, Present(panel));
     const std::string list = "{\"op\":\"fonts\"}\n";
     const std::string fonts =
         "{\"fonts\":[{\"PostScriptName\":\"DejaVuSans\",\"state\":\"inactive\"}],\"ok\":true,"
@@ -383,10 +383,10 @@ TEST_F(PanelServerTest, AThousandHostileClientsChangeNothing)
         ASSERT_LE(mServer.GetClientCount(), 32U);
     }
     for (PanelPeer& peer : peers) EXPECT_THAT(peer.Receive(), testing::AnyOf("", kRefusal));
-    EXPECT_EQ(Exchange(panel, list, fonts), fonts);
+    EXPECT_EQ(fonts, Exchange(panel, list, fonts));
     EXPECT_TRUE(mServices.activation.GetActive().empty());
     peers.clear();
-    EXPECT_EQ(CountClients(1), 1U);
+    EXPECT_EQ(1U, CountClients(1));
 }
 
 }  // namespace

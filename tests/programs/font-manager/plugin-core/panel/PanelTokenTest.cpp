@@ -28,80 +28,80 @@ std::string Read(const fs::path& file)
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-TEST_F(PanelTokenTest, ATokenIsMadeThatOnlyTheUserCanRead)
+TEST_F(PanelTokenTest, CreatesATokenThatOnlyTheUserCanRead)
 {
     const std::string token = LoadOrMakePanelToken(mFile);
-    EXPECT_EQ(token.size(), 64U);
-    EXPECT_EQ(token.find_first_not_of("0123456789abcdef"), std::string::npos);
-    EXPECT_EQ(Read(mFile), token);
-    EXPECT_EQ(fs::status(mFile).permissions(), fs::perms(0600));
-    EXPECT_EQ(fs::status(mFile.parent_path()).permissions(), fs::perms(0700));
+    EXPECT_EQ(64U, token.size());
+    EXPECT_EQ(std::string::npos, token.find_first_not_of("0123456789abcdef"));
+    EXPECT_EQ(token, Read(mFile));
+    EXPECT_EQ(fs::perms(0600), fs::status(mFile).permissions());
+    EXPECT_EQ(fs::perms(0700), fs::status(mFile.parent_path()).permissions());
     const fs::directory_iterator entries(mFile.parent_path());
-    EXPECT_EQ(std::distance(begin(entries), end(entries)), 1);
+    EXPECT_EQ(1, std::distance(begin(entries), end(entries)));
 }
 
-TEST_F(PanelTokenTest, ItStaysTheSame)
+TEST_F(PanelTokenTest, SecondCallReturnsTheSameToken)
 {
     const std::string token = LoadOrMakePanelToken(mFile);
-    EXPECT_EQ(LoadOrMakePanelToken(mFile), token);
+    EXPECT_EQ(token, LoadOrMakePanelToken(mFile));
     fs::remove(mFile);
-    EXPECT_NE(LoadOrMakePanelToken(mFile), token);
+    EXPECT_NE(token, LoadOrMakePanelToken(mFile));
 }
 
-TEST_F(PanelTokenTest, AFileThatOthersCouldReadIsReplaced)
+TEST_F(PanelTokenTest, ReplacesAFileThatOthersCouldRead)
 {
     const std::string token = LoadOrMakePanelToken(mFile);
     fs::permissions(mFile, fs::perms(0640));
-    EXPECT_NE(LoadOrMakePanelToken(mFile), token);
-    EXPECT_EQ(fs::status(mFile).permissions(), fs::perms(0600));
+    EXPECT_NE(token, LoadOrMakePanelToken(mFile));
+    EXPECT_EQ(fs::perms(0600), fs::status(mFile).permissions());
 }
 
-TEST_F(PanelTokenTest, AFileThatHoldsAnythingElseIsReplaced)
+TEST_F(PanelTokenTest, ReplacesAFileWithAnyOtherContent)
 {
     for (const std::string& text : {std::string(), std::string("short"), std::string(65, 'a'),
                                     std::string(64, 'x'), std::string(64, 'A')}) {
         FontTestHome::WriteFile(mFile, text);
         fs::permissions(mFile, fs::perms(0600));
         const std::string token = LoadOrMakePanelToken(mFile);
-        EXPECT_EQ(token.size(), 64U);
+        EXPECT_EQ(64U, token.size());
         EXPECT_NE(token, text);
-        EXPECT_EQ(Read(mFile), token);
+        EXPECT_EQ(token, Read(mFile));
     }
 }
 
-TEST_F(PanelTokenTest, ALinkOrAPipeIsReplacedAndNotFollowed)
+TEST_F(PanelTokenTest, ReplacesALinkOrAPipe)
 {
     const fs::path other = mHome.GetPath() / "other";
     FontTestHome::WriteFile(other, std::string(64, 'a'));
     fs::permissions(other, fs::perms(0600));
     fs::create_directories(mFile.parent_path());
     fs::create_symlink(other, mFile);
-    EXPECT_NE(LoadOrMakePanelToken(mFile), std::string(64, 'a'));
+    EXPECT_NE(std::string(64, 'a'), LoadOrMakePanelToken(mFile));
     EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(mFile)));
-    EXPECT_EQ(Read(other), std::string(64, 'a'));
+    EXPECT_EQ(std::string(64, 'a'), Read(other));
     fs::remove(mFile);
-    ASSERT_EQ(mkfifo(mFile.c_str(), 0600), 0);
-    EXPECT_EQ(LoadOrMakePanelToken(mFile).size(), 64U);
+    ASSERT_EQ(0, mkfifo(mFile.c_str(), 0600));
+    EXPECT_EQ(64U, LoadOrMakePanelToken(mFile).size());
     EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(mFile)));
 }
 
-TEST_F(PanelTokenTest, AFolderThatCannotBeMadeIsAFailure)
+TEST_F(PanelTokenTest, FailsIfTheFolderCannotBeCreated)
 {
     FontTestHome::WriteFile(mHome.GetPath() / "state", "a file");
     EXPECT_THROW(LoadOrMakePanelToken(mFile), plugincore::Failure);
 }
 
-TEST(PanelPortTest, TheSocketIsOpenFromTheFirstQuestionToTheEnd)
+TEST(PanelPortTest, SocketIsOpenFromTheFirstGetSocketPortToTheEnd)
 {
     const CoreSession session;
     const fs::path file = session.home.GetPath() / "state/Corvanta/panel-token";
     EXPECT_FALSE(fs::exists(file));
     int port = 0;
-    ASSERT_EQ(session.core.pGetSocketPort(&port), 0U);
+    ASSERT_EQ(0U, session.core.pGetSocketPort(&port));
     EXPECT_GT(port, 0);
     int again = 0;
-    EXPECT_EQ(session.core.pGetSocketPort(&again), 0U);
-    EXPECT_EQ(again, port);
+    EXPECT_EQ(0U, session.core.pGetSocketPort(&again));
+    EXPECT_EQ(port, again);
 
     PanelPeer panel(port);
     panel.Send("{\"token\":\"" + Read(file) + "\"}\n{\"op\":\"fonts\",\"limit\":1}\n");
@@ -110,35 +110,35 @@ TEST(PanelPortTest, TheSocketIsOpenFromTheFirstQuestionToTheEnd)
         "\"state\":\"inactive\"}],\"ok\":true,\"total\":3}\n";
     std::string heard;
     for (int wait = 0; wait < 1000 && heard.size() < expected.size(); ++wait) {
-        EXPECT_EQ(session.core.pProcessPanelMessages(1), 0U);
+        EXPECT_EQ(0U, session.core.pProcessPanelMessages(1));
         heard += panel.Receive(10);
     }
-    EXPECT_EQ(heard, expected);
-    EXPECT_EQ(session.core.pTerminatePluginCoreInterface(), 0U);
-    EXPECT_EQ(panel.Receive(10000), "");
+    EXPECT_EQ(expected, heard);
+    EXPECT_EQ(0U, session.core.pTerminatePluginCoreInterface());
+    EXPECT_EQ("", panel.Receive(10000));
     EXPECT_TRUE(panel.IsClosed());
-    EXPECT_EQ(session.core.pProcessPanelMessages(1), 0U);
+    EXPECT_EQ(0U, session.core.pProcessPanelMessages(1));
     EXPECT_THROW(PanelPeer(port).Receive(), std::system_error);
 }
 
-TEST(PanelPortTest, WithoutAPlaceForTheTokenThereIsNoSocket)
+TEST(PanelPortTest, NoSocketWithoutAFileForTheToken)
 {
     const CoreSession session;
     FontTestHome::WriteFile(session.home.GetPath() / "state", "a file");
     int port = 7;
     const std::string errors = CaptureErrors(
-        [&] { EXPECT_EQ(session.core.pGetSocketPort(&port), plugincore::StatusCodes::kError); });
-    EXPECT_EQ(errors.rfind("PluginCore: GetSocketPort: ", 0), 0U);
-    EXPECT_EQ(port, 7);
+        [&] { EXPECT_EQ(plugincore::StatusCodes::kError, session.core.pGetSocketPort(&port)); });
+    EXPECT_EQ(0U, errors.rfind("PluginCore: GetSocketPort: ", 0));
+    EXPECT_EQ(7, port);
 }
 
-TEST(PanelPortTest, WithoutAStartThereIsNoSocket)
+TEST(PanelPortTest, NoSocketWithoutAStart)
 {
     const FontTestHome home;
     const Framework core;
     int port = 0;
     (void)CaptureErrors(
-        [&] { EXPECT_EQ(core.pGetSocketPort(&port), plugincore::StatusCodes::kNotInitialized); });
+        [&] { EXPECT_EQ(plugincore::StatusCodes::kNotInitialized, core.pGetSocketPort(&port)); });
 }
 
 }  // namespace

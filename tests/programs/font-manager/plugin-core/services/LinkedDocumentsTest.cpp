@@ -18,114 +18,114 @@ protected:
     std::string Open(const std::string& fontsJson) const
     {
         return CaptureErrors(
-            [&] { EXPECT_EQ(mSession.core.OpenAndActivate(mDocument, fontsJson), 0U); });
+            [&] { EXPECT_EQ(0U, mSession.core.OpenAndActivate(mDocument, fontsJson)); });
     }
     std::string Save(const std::vector<std::string>& linked) const
     {
         return CaptureErrors([&] {
             const std::string usage = MakeUsage({"DejaVuSans"}, linked);
-            EXPECT_EQ(mSession.core.pHandleSaveDocument(mDocument.c_str(), usage.c_str()), 0U);
+            EXPECT_EQ(0U, mSession.core.pHandleSaveDocument(mDocument.c_str(), usage.c_str()));
         });
     }
-    void Close() const { EXPECT_EQ(mSession.core.pHandleCloseDocument(mDocument.c_str(), ""), 0U); }
+    void Close() const { EXPECT_EQ(0U, mSession.core.pHandleCloseDocument(mDocument.c_str(), "")); }
 
     CoreSession mSession;
     fs::path mFolder = mSession.home.GetPath() / "art";
     fs::path mDocument = mFolder / "page.eps";
 };
 
-TEST_F(LinkedDocumentsTest, TheFontsOfPlacedFilesComeAndGoWithTheDocument)
+TEST_F(LinkedDocumentsTest, FontsOfPlacedFilesAreActiveWhileTheDocumentIsOpen)
 {
     WriteEps(mDocument, {"DejaVuSans"}, {"logos/logo.eps"});
     WriteEps(mFolder / "logos/logo.eps", {"DejaVuSerif"}, {mFolder / "deep.EPS"});
     WriteEps(mFolder / "deep.EPS", {"DejaVuSansMono"});
-    EXPECT_EQ(Open(""), "");
+    EXPECT_EQ("", Open(""));
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(),
                 ElementsAre("DejaVuSans", "DejaVuSansMono", "DejaVuSerif"));
     Close();
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), IsEmpty());
 }
 
-TEST_F(LinkedDocumentsTest, TheFontsOfTheTextStandBeforeThoseOfPlacedFiles)
+TEST_F(LinkedDocumentsTest, FontsOfTheTextPrecedeThoseOfPlacedFiles)
 {
     WriteEps(mDocument, {"DejaVuSerif"}, {"a.eps"});
     WriteEps(mFolder / "a.eps", {"DejaVuSans", "DejaVuSerif"});
-    EXPECT_EQ(mSession.core.Open(mDocument, ""),
-              "{\"DocumentFonts\":[{\"PostScriptName\":\"DejaVuSerif\"},"
-              "{\"PostScriptName\":\"DejaVuSans\"}]}");
+    EXPECT_EQ(
+        "{\"DocumentFonts\":[{\"PostScriptName\":\"DejaVuSerif\"},"
+        "{\"PostScriptName\":\"DejaVuSans\"}]}",
+        mSession.core.Open(mDocument, ""));
 }
 
-TEST_F(LinkedDocumentsTest, TheSecondLookAtTheDocumentKeepsThem)
+TEST_F(LinkedDocumentsTest, SecondOpenKeepsTheFontsOfPlacedFiles)
 {
     WriteEps(mDocument, {"DejaVuSans"}, {"a.eps"});
     WriteEps(mFolder / "a.eps", {"DejaVuSerif"});
     Open("");
-    EXPECT_EQ(mSession.core.Open(mDocument, MakeFontList({"DejaVuSans"})), "");
+    EXPECT_EQ("", mSession.core.Open(mDocument, MakeFontList({"DejaVuSans"})));
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSans", "DejaVuSerif"));
 }
 
-TEST_F(LinkedDocumentsTest, ASaveTakesThePlacedFilesOfTheUsage)
+TEST_F(LinkedDocumentsTest, SaveUsesThePlacedFilesOfTheUsageReport)
 {
     WriteEps(mDocument, {"DejaVuSans"});
     WriteEps(mFolder / "a.eps", {"DejaVuSerif"});
     Open("");
-    EXPECT_EQ(Save({mFolder / "a.eps"}), "");
+    EXPECT_EQ("", Save({mFolder / "a.eps"}));
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSans", "DejaVuSerif"));
-    EXPECT_EQ(Save({}), "");
+    EXPECT_EQ("", Save({}));
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSans"));
 }
 
-TEST_F(LinkedDocumentsTest, AMissingFileIsToldOnce)
+TEST_F(LinkedDocumentsTest, MissingFileIsReportedOnce)
 {
     WriteEps(mDocument, {"DejaVuSans"}, {"gone.ai"});
     const std::string line = "PluginCore: " + mDocument.string() + ": the placed " +
-                             (mFolder / "gone.ai").string() +
-                             " can't be looked into: no such file\n";
-    EXPECT_EQ(Open(""), line);
-    EXPECT_EQ(Open(MakeFontList({"DejaVuSans"})), "");
-    EXPECT_EQ(Save({"gone.ai"}), "");
+                             (mFolder / "gone.ai").string() + " cannot be read: no such file\n";
+    EXPECT_EQ(line, Open(""));
+    EXPECT_EQ("", Open(MakeFontList({"DejaVuSans"})));
+    EXPECT_EQ("", Save({"gone.ai"}));
     Close();
-    EXPECT_EQ(Open(""), "");
+    EXPECT_EQ("", Open(""));
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSans"));
 }
 
-TEST_F(LinkedDocumentsTest, FilesThatPlaceEachOtherAreToldOnceAndReadToTheEnd)
+TEST_F(LinkedDocumentsTest, FilesThatPlaceEachOtherAreReportedOnceAndReadCompletely)
 {
     WriteEps(mDocument, {}, {"a.eps", "b.eps"});
     WriteEps(mFolder / "a.eps", {"DejaVuSans"}, {"b.eps", "page.eps"});
     WriteEps(mFolder / "b.eps", {"DejaVuSerif"}, {"a.eps"});
-    EXPECT_EQ(Open(""), "PluginCore: " + mDocument.string() + ": the placed " +
-                            (mFolder / "a.eps").string() + " is placed inside itself\n" +
-                            "PluginCore: " + mDocument.string() + ": the placed " +
-                            mDocument.string() + " is placed inside itself\n");
+    EXPECT_EQ("PluginCore: " + mDocument.string() + ": the placed " + (mFolder / "a.eps").string() +
+                  " is placed inside itself\n" + "PluginCore: " + mDocument.string() +
+                  ": the placed " + mDocument.string() + " is placed inside itself\n",
+              Open(""));
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSans", "DejaVuSerif"));
-    EXPECT_EQ(Open(""), "");
+    EXPECT_EQ("", Open(""));
 }
 
-TEST_F(LinkedDocumentsTest, AFileThatIsPlacedTwiceIsNoCycle)
+TEST_F(LinkedDocumentsTest, FileThatIsPlacedTwiceIsNotACircle)
 {
     WriteEps(mDocument, {}, {"a.eps", "a.eps", "b.eps"});
     WriteEps(mFolder / "a.eps", {"DejaVuSans"});
     WriteEps(mFolder / "b.eps", {}, {"a.eps"});
-    EXPECT_EQ(Open(""), "");
+    EXPECT_EQ("", Open(""));
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSans"));
 }
 
-TEST_F(LinkedDocumentsTest, PicturesAreNotLookedInto)
+TEST_F(LinkedDocumentsTest, IgnoresPictures)
 {
     WriteEps(mDocument, {"DejaVuSans"}, {"gone.psd", "photo.jpg"});
     FontTestHome::WriteFile(mFolder / "photo.jpg", "no document");
-    EXPECT_EQ(Open(""), "");
+    EXPECT_EQ("", Open(""));
 }
 
-TEST_F(LinkedDocumentsTest, AFileThatIsNoDocumentIsTold)
+TEST_F(LinkedDocumentsTest, FileThatIsNotADocumentIsReported)
 {
     WriteEps(mDocument, {"DejaVuSans"}, {"rubbish.pdf"});
     FontTestHome::WriteFile(mFolder / "rubbish.pdf", "rubbish");
-    EXPECT_THAT(Open(""), HasSubstr("rubbish.pdf can't be looked into: "));
+    EXPECT_THAT(Open(""), HasSubstr("rubbish.pdf cannot be read: "));
 }
 
-TEST_F(LinkedDocumentsTest, AChangedFileIsReadAgain)
+TEST_F(LinkedDocumentsTest, ChangedFileIsReadAgain)
 {
     WriteEps(mDocument, {}, {"a.eps"});
     WriteEps(mFolder / "a.eps", {"DejaVuSans"});
@@ -136,25 +136,27 @@ TEST_F(LinkedDocumentsTest, AChangedFileIsReadAgain)
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSansMono"));
 }
 
-TEST_F(LinkedDocumentsTest, AChainLongerThanTheLimitEnds)
+TEST_F(LinkedDocumentsTest, ChainOfFilesEndsAtTheLimit)
 {
     WriteEps(mDocument, {"DejaVuSans"}, {"0.eps"});
-    for (int number = 0; number < 1010; ++number)
+    for (int number = 0; number < 1010; ++number) {
         WriteEps(mFolder / (std::to_string(number) + ".eps"), {"DejaVuSans"},
                  {std::to_string(number + 1) + ".eps"});
-    EXPECT_EQ(Open(""), "PluginCore: " + mDocument.string() +
-                            ": more placed documents than are looked into\n");
+    }
+    EXPECT_EQ(
+        "PluginCore: " + mDocument.string() + ": too many placed documents; some were not read\n",
+        Open(""));
 }
 
-TEST_F(LinkedDocumentsTest, ThoseThatTakeTooLongAreLeftOut)
+TEST_F(LinkedDocumentsTest, SkipsFilesAfterTheTimeLimit)
 {
     WriteEps(mFolder / "a.eps", {"DejaVuSans"});
     plugincore::LinkedDocuments linked(0);
     testing::internal::CaptureStderr();
     EXPECT_THAT(linked.GetFonts(mDocument, {"a.eps"}), IsEmpty());
-    EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              "PluginCore: " + mDocument.string() +
-                  ": its placed documents take too long to look into\n");
+    EXPECT_EQ("PluginCore: " + mDocument.string() +
+                  ": its placed documents take too long; some were not read\n",
+              testing::internal::GetCapturedStderr());
     EXPECT_THAT(plugincore::LinkedDocuments().GetFonts(mDocument, {"a.eps"}),
                 ElementsAre("DejaVuSans"));
 }

@@ -67,9 +67,9 @@ TEST_F(TreeWatchTest, SeesThatAMissingFolderWasCreated)
 {
     const fs::path later = mHome.GetPath() / "later";
     mWatch.Watch({later.string()});
-    EXPECT_FALSE(mWatch.HasMissingFolderCome());
+    EXPECT_FALSE(mWatch.HasMissingFolderAppeared());
     fs::create_directory(later);
-    EXPECT_TRUE(mWatch.HasMissingFolderCome());
+    EXPECT_TRUE(mWatch.HasMissingFolderAppeared());
 }
 
 TEST_F(TreeWatchTest, AFolderRemovedAndCreatedAgainIsWatchedAgain)
@@ -79,7 +79,7 @@ TEST_F(TreeWatchTest, AFolderRemovedAndCreatedAgainIsWatchedAgain)
     EXPECT_TRUE(HasChanged());
     Watch();
     fs::create_directory(mFolder);
-    EXPECT_TRUE(mWatch.HasMissingFolderCome());
+    EXPECT_TRUE(mWatch.HasMissingFolderAppeared());
     Watch();
     FontTestHome::WriteFile(mFolder / "a", "1");
     EXPECT_TRUE(HasChanged());

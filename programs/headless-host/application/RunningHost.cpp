@@ -1,0 +1,133 @@
+#include "application/RunningHost.h"
+
+#include <algorithm>
+
+#include "application/ExitStatus.h"
+#include "application/HostPlatformTable.h"
+#include "application/LaunchInformation.h"
+#include "application/OpenReport.h"
+#include "console/Console.h"
+#include "console/Log.h"
+#include "system/Environment.h"
+#include "system/Interrupts.h"
+#include "system/Paths.h"
+#include "system/Process.h"
+
+namespace headless {
+
+namespace {
+
+// The plug-in's alert when it finds no PluginCore.
+constexpr char kMissingPluginCore[] = "Missing PluginCore";
+
+// The path that the user gave, or the default one in the installation of this program.
+std::string Choose(const std::string& given, const std::string& fallback)
+{
+    return given.empty() ? GetProgramFolder() + "/../" + fallback : MakeAbsolute(given);
+}
+
+bool SetUp(Options& options, std::string& error)
+{
+    options.plugin = Choose(options.plugin, "Plug-ins/TypeloftSPEA.aip");
+    options.frameworks = MakeAbsolute(Choose(options.frameworks, "Frameworks"));
+    if (!IsFolder(options.frameworks)) options.frameworks.clear();
+    if (!options.journal.empty()) options.journal = MakeAbsolute(options.journal);
+    if (!options.home.empty() && !UseHome(MakeAbsolute(options.home), error)) return false;
+    std::string libraries;
+    for (const std::string& library : options.libraries) {
+        libraries += (libraries.empty() ? "" : ":") + MakeAbsolute(library);
+    }
+    if (!libraries.empty()) SetEnvironment("CORVANTA_FONT_LIBRARY", libraries);
+    if (options.interactive) SetEnvironment("CORVANTA_INTERACTIVE", "1");
+    return true;
+}
+
+void ReportViolationsAndAlerts(Host& host)
+{
+    host.violations.SetSink([&host](const std::string& line) {
+        host.journal.Write("host", "plug-in error", nlohmann::json::object(), line);
+        console::PrintError("plug-in error: " + line);
+    });
+    host.alertSink = [](const Alert& alert) {
+        console::PrintError(
+            "alert: " + alert.message +
+            (alert.information.empty() ? std::string() : " (" + alert.information + ")"));
+    };
+}
+
+}  // namespace
+
+int RunHost(const Options& given, const std::function<int(RunningHost&)>& body)
+{
+    Options options = given;
+    const std::string startFolder = MakeAbsolute(".");
+    std::string error;
+    if ((!options.log.empty() && !console::OpenLog(MakeAbsolute(options.log), error)) ||
+        !SetUp(options, error)) {
+        console::PrintError(error);
+        return kWrongUse;
+    }
+    SystemFonts fonts;
+    Host host(fonts, [](const std::string& path) { return documents::OpenDocument(path); });
+    if (!options.journal.empty() && !host.journal.Open(options.journal, error)) {
+        console::PrintError(error);
+        return kWrongUse;
+    }
+    ReportViolationsAndAlerts(host);
+    CatchInterrupts();
+
+    int status = kAllOpened;
+    Application application(host, options.language);
+    SetPrivateFrameworks(options.frameworks);
+    const std::string launchInformation = ProvideLaunchInformation();
+    if (!launchInformation.empty()) console::PrintError(launchInformation + ": created");
+    if (application.Start(options.plugin, error)) {
+        console::LogAction("started with " + options.plugin);
+        RunningHost running{host, application, options, startFolder};
+        status = body(running);
+        if (options.keepOpen > 0) application.Idle(options.keepOpen);
+    } else {
+        console::PrintError(error);
+        if (error.find(kMissingPluginCore) != std::string::npos) {
+            console::PrintError("hint: run 'Vexcor install' once");
+        }
+        status = kPluginNotLoaded;
+    }
+    application.ShutDown();
+    console::LogAction("ends");
+    if (host.violations.Count() > 0) {
+        status = std::max<int>(status, kPluginBrokeRule);
+        if (host.violations.Count() > host.violations.Lines().size()) {
+            console::PrintError("plug-in errors: " + std::to_string(host.violations.Count()) +
+                                " in all");
+        }
+    }
+    return IsInterrupted() ? kInterrupted : status;
+}
+
+int OpenFile(RunningHost& running, const std::string& givenPath, OpenReport& report)
+{
+    const std::string path = MakeAbsolute(running.startFolder, givenPath);
+    report = running.application.Open(path, givenPath);
+    if (!console::Print(running.options.json ? WriteReportAsJson(report) + "\n"
+                                             : WriteReportAsTable(report))) {
+        return kFileNotOpened;
+    }
+    if (report.dialog == DialogOutcome::kShown) {
+        console::PrintError(givenPath + ": the dialog \"" + report.dialogTitle + "\" was shown");
+    }
+    if (!report.opened) {
+        console::PrintError(givenPath + ": " + report.error);
+        return kFileNotOpened;
+    }
+    if (!running.options.command.empty()) {
+        SetEnvironment("DOCUMENT", path);
+        const int result =
+            RunCommand(running.options.command, running.startFolder, running.options.json);
+        if (result != 0)
+            console::PrintError("--exec: the command ended with status " + std::to_string(result));
+    }
+    return report.HasMissingFont() ? kFontMissing : kAllOpened;
+}
+
+}  // namespace headless

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "application/Application.h"
+#include "application/Options.h"
+
+namespace headless {
+
+// A started host, as the program's commands use it.
+struct RunningHost {
+    Host& host;
+    Application& application;
+    const Options& options;
+    const std::string& startFolder;  // the user's paths are relative to it
+};
+
+// Sets up a host as `options` say, starts it with its plug-in, calls `body` and shuts it down.
+// `body` isn't called if the plug-in cannot be loaded or refuses to run. Reports errors and the
+// plug-in's violations on standard error.
+//
+// Returns an exit status: the greatest of the result of `body` and those for what went wrong
+// outside of it.
+int RunHost(const Options& options, const std::function<int(RunningHost&)>& body);
+
+// Opens one file, prints its report and runs the command of --exec, if any.
+//
+// givenPath   as the user gave it
+// report      out: the report
+// Returns an exit status.
+int OpenFile(RunningHost& running, const std::string& givenPath, OpenReport& report);
+
+}  // namespace headless

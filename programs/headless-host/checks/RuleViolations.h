@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace headless {
+
+// The rules of the host that the plug-in has broken, one line each. Not thread-safe.
+class RuleViolations {
+public:
+    using Sink = std::function<void(const std::string& line)>;
+
+    // `sink` is called with each line as soon as it is recorded, so that a crash right after the
+    // violation doesn't hide it.
+    void SetSink(Sink sink) { mSink = std::move(sink); }
+
+    // Records a violation. After kMostLines lines, violations are only counted.
+    void Add(const std::string& line);
+
+    // In the order of Add.
+    const std::vector<std::string>& Lines() const { return mLines; }
+
+    // All violations, stored or not.
+    size_t Count() const { return mCount; }
+
+    static constexpr size_t kMostLines = 200;
+
+private:
+    Sink mSink;
+    std::vector<std::string> mLines;
+    size_t mCount = 0;
+};
+
+}  // namespace headless

@@ -1,0 +1,43 @@
+#include "system/Interrupts.h"
+
+#include <algorithm>
+#include <chrono>
+#include <csignal>
+#include <thread>
+
+namespace headless {
+
+namespace {
+
+volatile std::sig_atomic_t sInterrupted = 0;
+
+void NoteInterrupt(int) { sInterrupted = 1; }
+
+}  // namespace
+
+void CatchInterrupts()
+{
+    struct sigaction action = {};
+    action.sa_handler = NoteInterrupt;  // no SA_RESTART: waiting calls return EINTR
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        (void)sigaction(signal, &action, nullptr);  // cannot fail for a valid signal
+    }
+}
+
+bool IsInterrupted() { return sInterrupted != 0; }
+
+void IdleFor(double seconds, int ticksPerSecond, const std::function<void()>& tick)
+{
+    using Clock = std::chrono::steady_clock;
+    const auto step = std::chrono::duration_cast<Clock::duration>(
+        std::chrono::duration<double>(1.0 / ticksPerSecond));
+    const auto end = Clock::now() + std::chrono::duration_cast<Clock::duration>(
+                                        std::chrono::duration<double>(seconds));
+    while (!IsInterrupted() && Clock::now() < end) {
+        // A late tick is not made up for.
+        std::this_thread::sleep_for(std::min<Clock::duration>(step, end - Clock::now()));
+        tick();
+    }
+}
+
+}  // namespace headless

@@ -1,0 +1,62 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "GFileSystem.h"
+#include "GFileSystemSpec.h"
+#include "Platform.h"
+#include "RecordingLog.h"
+
+namespace {
+
+std::string Expanded(std::string path)
+{
+    EXPECT_EQ(0U, GFileSystem::OSExpandPath(path));
+    return path;
+}
+
+TEST(ExpandPathContract, LeavesPlainAndEmptyPathsUnchanged)
+{
+    EXPECT_EQ("/a/b c", Expanded("/a/b c"));
+    EXPECT_EQ("relative/%20", Expanded("relative/%20"));
+    EXPECT_EQ("/a//b", Expanded("/a//b"));
+    EXPECT_EQ("", Expanded(""));
+}
+
+TEST(ExpandPathContract, ReplacesALeadingTildeByTheHomeFolder)
+{
+    EXPECT_EQ(Platform::HomeFolder(), Expanded("~"));
+    EXPECT_EQ(Platform::HomeFolder() + "/x", Expanded("~/x"));
+    EXPECT_EQ("/a/~", Expanded("/a/~"));
+    EXPECT_EQ("~no-such-user-here/x", Expanded("~no-such-user-here/x"));
+}
+
+TEST(ExpandPathContract, AcceptsUTF8)
+{
+    EXPECT_EQ("/\xE3\x82\xA9", Expanded("/\xE3\x82\xA9"));
+    EXPECT_EQ(Platform::kDecomposesPaths ? "/cafe\xCC\x81" : "/caf\xC3\xA9",
+              Expanded("/caf\xC3\xA9"));
+}
+
+TEST(ExpandPathContract, ReadsInvalidUTF8AsMacRomanAndLogsAWarning)
+{
+    RecordingLog log;
+    EXPECT_EQ(Platform::kDecomposesPaths ? "/cafe\xCC\x81" : "/caf\xC3\xA9", Expanded("/caf\x8E"));
+    ASSERT_EQ(1U, log.Reports().size());
+    EXPECT_EQ(
+        "GFileSystem::OSExpandPath(), called with invalid UTF8 Path. Attempting convserion "
+        "with other encodings.",
+        log.Reports()[0].message);
+}
+
+TEST(ExpandPathContract, KeepsAByteOrderMarkUnlessThePlatformDropsIt)
+{
+    EXPECT_EQ(Platform::kDropsByteOrderMark ? "/a" : "\xEF\xBB\xBF/a", Expanded("\xEF\xBB\xBF/a"));
+}
+
+TEST(ExpandPathContract, GFileSystemSpecRemovesQuotesAndATrailingSlash)
+{
+    EXPECT_EQ("/tmp/a", GFileSystemSpec("\"/tmp/a\"").GetFullPath());
+    EXPECT_EQ(Platform::HomeFolder() + "/x", GFileSystemSpec("~/x/").GetFullPath());
+}
+
+}  // namespace
