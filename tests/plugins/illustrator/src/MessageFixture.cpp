@@ -92,5 +92,5 @@ std::string MessageFixture::Low32(const void* address)
 
 std::string MessageFixture::ScratchFile(const std::string& name, const std::string& content)
 {
-    return folder.Write(name, content);
+    return scratchFolder.Write(name, content);
 }

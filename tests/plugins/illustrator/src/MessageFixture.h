@@ -47,6 +47,6 @@ protected:
 
     ScriptedHost host;
     InProcessPluginCore core;
-    const ScratchFolder folder;
-    const std::string scratch = folder.Path();
+    const ScratchFolder scratchFolder;
+    const std::string scratch = scratchFolder.Path();
 };

@@ -66,8 +66,8 @@ protected:
     }
 
     ScriptedHost host;
-    const ScratchFolder folder;
-    const std::string scratch = folder.Path();
+    const ScratchFolder scratchFolder;
+    const std::string scratch = scratchFolder.Path();
     std::string path;
     std::string version;
     int missing = -1;
