@@ -1,7 +1,6 @@
 #include "documents/OpenDocument.h"
 
 #include <exception>
-#include <memory>
 #include <new>
 #include <string_view>
 #include <utility>

@@ -1,7 +1,5 @@
 #include "documents/native/NativeTextObjects.h"
 
-#include <algorithm>
-
 #include "documents/model/FontName.h"
 
 namespace documents {

@@ -5,7 +5,6 @@
 #include "CorvantaFileUtils.h"
 #include "CrossPluginUtils.h"
 #include "CurrentDocument.h"
-#include "DialogSuppression.h"
 #include "DocumentRegistry.h"
 #include "FileFormatHook.h"
 #include "HandlerTrace.h"

@@ -8,7 +8,6 @@
 
 #include "DebugUtils.h"
 #include "DefaultFonts.h"
-#include "DialogSuppression.h"
 #include "HostSuites.h"
 #include "PCILoader.h"
 #include "PluginGlobals.h"

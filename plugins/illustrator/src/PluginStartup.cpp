@@ -8,7 +8,6 @@
 #include "FileFormatHook.h"
 #include "HandlerTrace.h"
 #include "HostSuites.h"
-#include "MenuHandler.h"
 #include "PCILoader.h"
 #include "TimerHandler.h"
 

@@ -6,7 +6,6 @@
 #include "FileFormatHook.h"
 #include "HandlerTrace.h"
 #include "HostSuites.h"
-#include "MenuHandler.h"
 #include "PCILoader.h"
 #include "PluginInfo.h"
 #include "PluginStartup.h"

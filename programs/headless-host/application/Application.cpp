@@ -1,6 +1,5 @@
 #include "application/Application.h"
 
-#include <algorithm>
 #include <chrono>
 
 #include "application/HostPlatformTable.h"
@@ -189,10 +188,12 @@ void Application::ShutDown()
         mHost.violations.Add("Unload: the plug-in refuses to be unloaded after its shutdown");
         mModule->LeaveLoaded();
     }
-    for (const std::string& line : mHost.suites.ListLeaks())
+    for (const std::string& line : mHost.suites.ListLeaks()) {
         mHost.violations.Add("Unload: " + line);
-    for (const std::string& line : mHost.handles.ListLeaks())
+    }
+    for (const std::string& line : mHost.handles.ListLeaks()) {
         mHost.violations.Add("Unload: " + line);
+    }
     ResetHostPlatform();
     mDocuments.reset();
     mPump.reset();

@@ -2,8 +2,6 @@
 
 #include <string>
 
-#include "HostPlatform_Linux.h"
-
 namespace headless {
 
 // Restores the host's own functions in the platform table that the executable exports, forgets the

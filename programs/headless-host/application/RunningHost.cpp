@@ -124,8 +124,9 @@ int OpenFile(RunningHost& running, const std::string& givenPath, OpenReport& rep
         SetEnvironment("DOCUMENT", path);
         const int result =
             RunCommand(running.options.command, running.startFolder, running.options.json);
-        if (result != 0)
+        if (result != 0) {
             console::PrintError("--exec: the command ended with status " + std::to_string(result));
+        }
     }
     return report.HasMissingFont() ? kFontMissing : kAllOpened;
 }

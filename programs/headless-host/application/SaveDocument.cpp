@@ -43,8 +43,10 @@ Family ChooseFamily(const DocumentObject& document, const std::string& path, std
                            : Family::kPostScript;
     // The same extension as before keeps the format, even if it is that of the other family: a PDF
     // may be called .eps.
-    if (own == wanted || base::GetLowerExtension(path) == base::GetLowerExtension(document.source))
+    if (own == wanted ||
+        base::GetLowerExtension(path) == base::GetLowerExtension(document.source)) {
         return own;
+    }
     error = own == Family::kPDF ? "cannot be saved: a PDF document cannot become EPS"
                                 : "cannot be saved: a PostScript document cannot become PDF";
     return Family::kNone;

@@ -11,14 +11,14 @@ namespace headless {
 
 namespace {
 
-constexpr size_t kLeastFilesForProgress = 6;
+constexpr size_t kLeastDocumentsForProgress = 6;
 
 int OpenAll(RunningHost& running)
 {
     const std::vector<std::string>& files = running.options.files;
     int status = kAllOpened;
     running.application.Tick();
-    base::Progress progress(files.size(), kLeastFilesForProgress);
+    base::Progress progress(files.size(), kLeastDocumentsForProgress);
     for (size_t i = 0; i < files.size() && !IsInterrupted(); ++i) {
         progress.Show(i + 1, files[i]);
         OpenReport report;

@@ -1,6 +1,5 @@
 #include "panel/PanelConnection.h"
 
-#include <arpa/inet.h>
 #include <netinet/in.h>
 #include <poll.h>
 #include <sys/socket.h>

@@ -53,16 +53,18 @@ int AskForPort(const std::string& frameworksFolder, const std::function<void()>&
     }
     const std::string& payload = bus->GetReceived().back();
     const std::optional<int> port = PanelPlayer::ReadPort(payload);
-    if (!port)
+    if (!port) {
         throw Failure{std::string(kResponseType) + " does not report a port: " + Quote(payload)};
+    }
     return *port;
 }
 
 std::string ReadToken()
 {
     const std::string file = PanelPlayer::GetTokenFile();
-    if (file.empty())
+    if (file.empty()) {
         throw Failure{"cannot read the panel's token: neither XDG_STATE_HOME nor HOME is set"};
+    }
     std::ifstream stream(file, std::ios::binary);
     // One byte more than a token, to recognize a longer file.
     std::string token(kTokenLength + 1, '\0');

@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "session/Completion.h"
-#include "session/ExpectAction.h"
 #include "session/Session.h"
 
 namespace headless {

@@ -60,8 +60,9 @@ LineResult RunText(Session& session, const Words& words)
 LineResult RunPlace(Session& session, const Words& words)
 {
     const std::string path = session.MakeAbsolute(words[0]);
-    if (!base::IsReadableFile(path))
+    if (!base::IsReadableFile(path)) {
         return FailFile(words[0], "cannot be placed: not a readable file");
+    }
     session.running.application.Documents().Place(path);
     return {};
 }
@@ -143,8 +144,9 @@ LineResult RunTick(Session& session, const Words& words)
         return MakeWrong("\"" + words[0] + "\" is not a valid tick count (0 to " +
                          std::to_string(kMostTicks) + ")");
     }
-    for (unsigned long i = 0; i < count && !IsInterrupted(); ++i)
+    for (unsigned long i = 0; i < count && !IsInterrupted(); ++i) {
         session.running.application.Tick();
+    }
     return {};
 }
 

@@ -22,8 +22,9 @@ std::string Escape(const std::string& text)
 void JournalLines::Add(const std::string& operation, const json& arguments, const json& result)
 {
     ++mCounts[operation];
-    if (IsComplete())
+    if (IsComplete()) {
         (void)mLines.emplace(operation, base::PrintJson(arguments) + " " + base::PrintJson(result));
+    }
 }
 
 size_t JournalLines::Count(const std::string& operation) const

@@ -19,6 +19,7 @@ const ActionRow* FindAction(const std::string& name)
 std::vector<std::string> ListActionNames()
 {
     std::vector<std::string> names;
+    names.reserve(kActions.size());
     for (const ActionRow& row : kActions) names.emplace_back(row.name);
     return names;
 }

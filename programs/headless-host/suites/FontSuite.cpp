@@ -9,7 +9,7 @@ namespace headless {
 
 namespace {
 
-const SuiteRow& Row()
+const SuiteRow& FontRow()
 {
     static const SuiteRow& row = *FindSuiteRow("AI Font Suite");
     return row;
@@ -17,7 +17,7 @@ const SuiteRow& Row()
 
 AIErr GetDefaultFontForScript(AIFaceScript script, AIFontKey* key)
 {
-    return Answer(Row(), "GetDefaultFontForScript", [&](SuiteCall& call) {
+    return Answer(FontRow(), "GetDefaultFontForScript", [&](SuiteCall& call) {
         call.Arg("script", script);
         if (!call.Require(key, "key")) return kHostBadParameter;
         const std::string& name = call.host.fonts.GetDefaultName(script);
@@ -30,7 +30,7 @@ AIErr GetDefaultFontForScript(AIFaceScript script, AIFontKey* key)
 
 AIErr GetPostScriptFontName(AIFontKey key, char* buffer, short bufferSize)
 {
-    return Answer(Row(), "GetPostScriptFontName", [&](SuiteCall& call) {
+    return Answer(FontRow(), "GetPostScriptFontName", [&](SuiteCall& call) {
         call.Handle("key", key);
         call.Arg("bufferSize", bufferSize);
         const auto* const font = call.Find<FontKeyObject>(key);
@@ -47,7 +47,7 @@ AIErr GetPostScriptFontName(AIFontKey key, char* buffer, short bufferSize)
 
 AIErr FontKeyFromFontRef(ATE::_Font* font, AIFontKey* key)
 {
-    return Answer(Row(), "FontKeyFromFontRef", [&](SuiteCall& call) {
+    return Answer(FontRow(), "FontKeyFromFontRef", [&](SuiteCall& call) {
         call.Handle("font", font);
         const auto* const object = call.Find<FontRef>(font);
         if (object == nullptr || !call.Require(key, "key")) return kHostBadParameter;

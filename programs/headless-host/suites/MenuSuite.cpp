@@ -7,7 +7,7 @@ namespace headless {
 
 namespace {
 
-const SuiteRow& Row()
+const SuiteRow& MenuRow()
 {
     static const SuiteRow& row = *FindSuiteRow("AI Menu Suite");
     return row;
@@ -17,7 +17,7 @@ const SuiteRow& Row()
 template <class Body>
 AIErr WithItem(const char* operation, AIMenuItemHandle item, Body body)
 {
-    return Answer(Row(), operation, [&](SuiteCall& call) {
+    return Answer(MenuRow(), operation, [&](SuiteCall& call) {
         call.Handle("item", item);
         auto* const object = call.Find<MenuItemObject>(item);
         return object == nullptr ? kHostBadParameter : body(call, *object);
@@ -27,7 +27,7 @@ AIErr WithItem(const char* operation, AIMenuItemHandle item, Body body)
 AIErr AddMenuItem(SPPluginRef self, const char* key, AIPlatformAddMenuItemDataUS* data,
                   int32_t options, AIMenuItemHandle* item)
 {
-    return Answer(Row(), "AddMenuItem", [&](SuiteCall& call) {
+    return Answer(MenuRow(), "AddMenuItem", [&](SuiteCall& call) {
         if (call.Find<PluginObject>(self) == nullptr || !call.Require(data, "data") ||
             !call.Require(data->groupName, "groupName") || !call.Require(item, "item")) {
             return kHostBadParameter;
@@ -104,7 +104,7 @@ AIErr GetMenuItemKeyboardShortcutDictionaryKey(AIMenuItemHandle item, const char
 
 AIErr CountMenuItems(int* count)
 {
-    return Answer(Row(), "CountMenuItems", [&](SuiteCall& call) {
+    return Answer(MenuRow(), "CountMenuItems", [&](SuiteCall& call) {
         if (!call.Require(count, "count")) return kHostBadParameter;
         *count = static_cast<int>(call.host.menuItems.size());
         call.Out("count", *count);
@@ -114,7 +114,7 @@ AIErr CountMenuItems(int* count)
 
 AIErr GetNthMenuItem(int index, AIMenuItemHandle* item)
 {
-    return Answer(Row(), "GetNthMenuItem", [&](SuiteCall& call) {
+    return Answer(MenuRow(), "GetNthMenuItem", [&](SuiteCall& call) {
         call.Arg("index", index);
         if (!call.Require(item, "item")) return kHostBadParameter;
         if (index < 0 || static_cast<size_t>(index) >= call.host.menuItems.size()) {

@@ -3,7 +3,6 @@
 #include <string>
 
 #include "model/Host.h"
-#include "suites/SuiteTable.h"
 
 namespace headless {
 

@@ -1,7 +1,5 @@
 #include "system/Paths.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <filesystem>
 

@@ -2,7 +2,6 @@
 
 #include <poll.h>
 #include <sched.h>
-#include <sys/resource.h>
 #include <sys/socket.h>
 #include <unistd.h>
 

@@ -1,8 +1,6 @@
 #include "plugin-core/library/FontLibrary.h"
 
-#include <algorithm>
 #include <map>
-#include <set>
 
 #include "fonts/FontFaces.h"
 #include "plugin-core/library/FontFiles.h"

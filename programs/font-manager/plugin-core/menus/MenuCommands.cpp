@@ -78,14 +78,15 @@ void MenuCommands::DeactivateUnused()
 std::string MenuCommands::GetReason(const std::string& path, const std::string& name)
 {
     const std::string file = mServices.library.FindAnywhere(name).value_or("");
-    const std::string reason = GetReasonUnavailable(mServices.library, name, file);
+    std::string reason = GetReasonUnavailable(mServices.library, name, file);
     if (reason == kUnreadableFile) return reason + ": " + file;
     if (!reason.empty()) return reason;
     if (GetActivationMode(mSettings, mServices.locations.settings) == ActivationMode::kOff) {
         return "in the font library; activation is off";
     }
-    if (mDocuments.IsRefused(path, name))
+    if (mDocuments.IsRefused(path, name)) {
         return "in the font library; not chosen for this document";
+    }
     return "in the font library; not activated yet";
 }
 

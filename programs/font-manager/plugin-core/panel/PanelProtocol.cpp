@@ -185,8 +185,9 @@ void PanelProtocol::BeginEvents()
 std::vector<std::string> PanelProtocol::TakeEvents()
 {
     std::vector<std::string> events;
-    if (mLibrariesChanged)
+    if (mLibrariesChanged) {
         events.push_back(base::PrintJson(json::object({{"event", "libraries"}})));
+    }
     mLibrariesChanged = false;
     std::string mark = mServices.database.GetChangeMark();
     if (mark == mMark) return events;

@@ -1,6 +1,5 @@
 #include "plugin-core/panel/PanelSocket.h"
 
-#include <arpa/inet.h>
 #include <netinet/in.h>
 #include <sys/socket.h>
 

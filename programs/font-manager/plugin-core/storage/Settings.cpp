@@ -18,7 +18,7 @@ namespace {
 const std::map<std::string, std::string> kDefaults = {{"DialogSuppression", "1"}};
 
 // Text that differs if the file may have changed.
-std::string GetState(const fs::path& file)
+std::string GetSettingsState(const fs::path& file)
 {
     std::error_code error;
     const auto size = fs::file_size(file, error);
@@ -62,7 +62,7 @@ void Settings::Set(const fs::path& file, const std::string& key, const std::stri
 
 void Settings::Refresh(const fs::path& file)
 {
-    const std::string state = GetState(file);
+    const std::string state = GetSettingsState(file);
     if (state == mState) return;
     mState = state;
     mValues = kDefaults;

@@ -36,8 +36,9 @@ std::string GetReasonOfInactive(Services& services, const FontStatus& status)
 std::string GetReasonOfActivated(Services& services, const FontStatus& status, bool isSeen)
 {
     if (isSeen) return "held by open documents";
-    if (!base::IsReadableFile(status.file))
+    if (!base::IsReadableFile(status.file)) {
         return std::string(plugincore::kUnreadableFile) + " any more";
+    }
     return "fontconfig doesn't see " + services.locations.activationFolder.string();
 }
 
