@@ -41,9 +41,10 @@ void ReadBudget::Take(size_t bytes)
 
 void ReadBudget::Check() const
 {
-    if (mExceeded)
+    if (mExceeded) {
         throw LimitExceeded("too large: inflates to more than " + std::to_string(mLimit >> 20) +
                             " MiB");
+    }
     if (!mIsLate) return;
     char text[64];
     (void)std::snprintf(text, sizeof text, "%g", mSeconds);  // a number always fits
