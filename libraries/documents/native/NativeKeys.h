@@ -108,8 +108,8 @@ constexpr Key kRunData = {"0", "RunData"};
 constexpr Key kStyleSheet = {"0", "StyleSheet"};
 constexpr Key kLength = {"1", "Length"};
 
-// A story's View, and the pieces of the layout in it. This project chose the names: no
-// document with words for these keys is known.
+// A story's View, and the pieces of the layout in it. The names are made up: no document
+// with words for these keys is known.
 constexpr std::string_view kFrames = "0";
 constexpr std::string_view kFrameNumber = "0";
 constexpr std::string_view kLayout = "2";

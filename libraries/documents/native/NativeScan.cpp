@@ -205,8 +205,8 @@ private:
         if (!path.empty()) (isIncluded ? mIncludedFiles : mListedFiles).push_back(std::move(path));
     }
 
-    // Takes strings with their operators: "(text) Tx 1 0 Tk", "(path) 0 XG", "`(path)" and "(path)
-    // `".
+    // Takes strings with their operators:
+    // "(text) Tx 1 0 Tk", "(path) 0 XG", "`(path)" and "(path) `".
     void TakeTextLine(std::string_view line)
     {
         const bool isMarked = line.front() == record::kPlaced;

@@ -40,7 +40,7 @@ private:
     std::vector<Entry> mEntries;
     int mPrevious = -1;      // the previous code; -1 after kClear
     unsigned mBits = 0;      // input bits that aren't a whole code yet
-    unsigned mBitCount = 0;  // number of them
+    unsigned mBitCount = 0;  // number of bits in mBits
     unsigned mCodeBits = 9;
     std::string mOutput;
 };

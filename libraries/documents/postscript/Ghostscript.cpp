@@ -123,7 +123,7 @@ GhostscriptResult DrawWithGhostscript(std::string_view postScript, double second
     (void)alive.Close();  // a pipe without data: no error matters
     const bool hasEnded = WaitForEnd(end.Get(), seconds);
     const base::ProcessEnd processEnd = hasEnded ? group.WaitAndKillRest() : group.Kill();
-    // In a program that ignores SIGCHLD, neither number is known: then the PDF decides.
+    // A program that ignores SIGCHLD gets neither a status nor a signal: then the PDF decides.
     const bool hasFailed = processEnd.status > 0 || processEnd.signal != 0;
     if (!hasEnded) {
         result.error =
