@@ -2,32 +2,18 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <cerrno>
 #include <system_error>
+
+#include "base/FileDescriptor.h"
+#include "base/ReadWrite.h"
 
 namespace documents {
 
 namespace {
 
 constexpr size_t kBytesOfHead = 1024;
-
-class FileDescriptor {
-public:
-    explicit FileDescriptor(int value) : mValue(value) {}
-    ~FileDescriptor()
-    {
-        // The file was only read, so a failing close loses nothing.
-        if (mValue >= 0) (void)close(mValue);
-    }
-    FileDescriptor(const FileDescriptor&) = delete;
-    FileDescriptor& operator=(const FileDescriptor&) = delete;
-    int Get() const { return mValue; }
-
-private:
-    int mValue;
-};
 
 std::string GetOpenError(int code)
 {
@@ -43,20 +29,10 @@ std::string GetOpenError(int code)
     }
 }
 
-// Reads until `bytes` has `size` bytes or the file ends, whichever comes first.
 std::string ReadUpTo(int descriptor, size_t size, std::string& bytes)
 {
-    size_t have = bytes.size();
-    bytes.resize(size);
-    while (have < size) {
-        const ssize_t count = read(descriptor, &bytes[have], size - have);
-        if (count < 0 && errno == EINTR) continue;
-        if (count < 0) return "cannot be read: " + std::generic_category().message(errno);
-        if (count == 0) break;
-        have += static_cast<size_t>(count);
-    }
-    bytes.resize(have);
-    return {};
+    const std::error_code error = base::ReadUpTo(descriptor, size, bytes);
+    return error ? "cannot be read: " + error.message() : std::string();
 }
 
 }  // namespace
@@ -66,9 +42,9 @@ FileBytes ReadFileBytes(const std::string& path, size_t limit,
 {
     FileBytes result;
     // O_NONBLOCK: open() would block on a pipe without a writer.
-    const FileDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    const base::FileDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     struct stat status = {};
-    if (file.Get() < 0 || fstat(file.Get(), &status) != 0) {
+    if (!file.IsValid() || fstat(file.Get(), &status) != 0) {
         result.error = GetOpenError(errno);
     } else if (S_ISDIR(status.st_mode)) {
         result.error = "is a folder";

@@ -14,8 +14,9 @@ public:
 
 // Limits the total output of decompression and the time for reading one document.
 //
-// While it lives, it is the budget of the thread that created it, and every stream filter takes its
-// output from it. At most one per thread at a time.
+// From construction to destruction, the object is the budget of the thread that created it: every
+// stream filter that runs there takes the size of its output from it. A thread may have at most one
+// at a time.
 class ReadBudget {
 public:
     ReadBudget(size_t bytes, double seconds);

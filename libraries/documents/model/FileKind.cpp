@@ -1,8 +1,8 @@
 #include "documents/model/FileKind.h"
 
-#include <algorithm>
-#include <cctype>
 #include <cstdint>
+
+#include "base/Strings.h"
 
 namespace documents {
 
@@ -11,11 +11,6 @@ namespace {
 constexpr std::string_view kDosHeader = "\xC5\xD0\xD3\xC6";
 constexpr size_t kDosHeaderBytes = 30;
 constexpr size_t kHeadBytes = 1024;
-
-bool StartsWith(std::string_view text, std::string_view start)
-{
-    return text.substr(0, start.size()) == start;
-}
 
 uint32_t GetLittleEndian(std::string_view bytes, size_t offset)
 {
@@ -30,8 +25,8 @@ uint32_t GetLittleEndian(std::string_view bytes, size_t offset)
 
 Container GetContainer(std::string_view head)
 {
-    if (StartsWith(head, kDosHeader)) return Container::kDosEPS;
-    if (StartsWith(head, "%!PS")) return Container::kPostScript;
+    if (base::StartsWith(head, kDosHeader)) return Container::kDosEPS;
+    if (base::StartsWith(head, "%!PS")) return Container::kPostScript;
     if (head.substr(0, kHeadBytes).find("%PDF-") != std::string_view::npos) return Container::kPDF;
     return Container::kNone;
 }
@@ -50,7 +45,7 @@ PostScriptSection FindPostScriptSection(std::string_view file)
         return section;
     }
     section.bytes = file.substr(offset, length);
-    if (!StartsWith(section.bytes, "%!")) {
+    if (!base::StartsWith(section.bytes, "%!")) {
         section.error = "its EPS header points to something that isn't PostScript";
     } else if (section.bytes.size() < length) {
         section.note = "the PostScript section is cut off";
@@ -58,14 +53,6 @@ PostScriptSection FindPostScriptSection(std::string_view file)
     return section;
 }
 
-bool IsTemplatePath(std::string_view path)
-{
-    constexpr std::string_view kExtension = ".ait";
-    if (path.size() < kExtension.size()) return false;
-    const std::string_view end = path.substr(path.size() - kExtension.size());
-    return std::equal(end.begin(), end.end(), kExtension.begin(), [](char a, char b) {
-        return std::tolower(static_cast<unsigned char>(a)) == b;
-    });
-}
+bool IsTemplatePath(std::string_view path) { return base::EndsWith(base::ToLower(path), ".ait"); }
 
 }  // namespace documents

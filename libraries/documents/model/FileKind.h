@@ -7,7 +7,7 @@ namespace documents {
 
 // The kind of a file by its first bytes.
 enum class Container {
-    kNone,        // not a document, or empty
+    kNone,        // none of the others, or empty
     kPDF,         // "%PDF-" within the first 1,024 bytes
     kPostScript,  // "%!PS" at the start
     kDosEPS,      // C5 D0 D3 C6 at the start: a header that points to a PostScript section

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <charconv>
 
+#include "base/Lines.h"
+#include "base/Strings.h"
 #include "base/Utf8.h"
 #include "documents/native/NativeKeys.h"
 #include "documents/pdf/PdfDictionary.h"
@@ -20,7 +22,7 @@ size_t ToLength(long long number)
     return static_cast<size_t>(std::clamp(number, 1LL, kMostCharacters));
 }
 
-// Both create the value if it is missing or has another type.
+// GetDictionary and GetArray create the value if it is missing or has another type.
 QPDFObjectHandle GetDictionary(QPDFObjectHandle owner, const std::string& key)
 {
     if (!owner.getKey(key).isDictionary()) {
@@ -35,15 +37,9 @@ QPDFObjectHandle GetArray(QPDFObjectHandle owner, const std::string& key)
     return owner.getKey(key);
 }
 
-bool IsTextLine(std::string_view line)
-{
-    return line.substr(0, record::kHostTextLine.size()) == record::kHostTextLine;
-}
+bool IsTextLine(std::string_view line) { return base::StartsWith(line, record::kHostTextLine); }
 
-bool IsFileLine(std::string_view line)
-{
-    return line.substr(0, record::kHostFileLine.size()) == record::kHostFileLine;
-}
+bool IsFileLine(std::string_view line) { return base::StartsWith(line, record::kHostFileLine); }
 
 // The private data of a program on a page, or null.
 QPDFObjectHandle GetPrivateData(QPDFObjectHandle page, const char* program)
@@ -128,8 +124,8 @@ NativeAdditions ReadAdditions(std::string_view postScript)
     for (size_t at = postScript.find(record::kHostLine); at != std::string_view::npos;
          at = postScript.find(record::kHostLine, at + 1)) {
         if (at > 0 && postScript[at - 1] != '\n' && postScript[at - 1] != '\r') continue;
-        const std::string_view rest = postScript.substr(at);
-        const std::string_view line = rest.substr(0, rest.find_first_of("\r\n"));
+        std::string_view rest = postScript.substr(at);
+        const std::string_view line = base::TakeLine(rest);
         if (IsTextLine(line) || IsFileLine(line)) ReadLine(line, additions);
     }
     return additions;

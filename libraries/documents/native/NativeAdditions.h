@@ -24,11 +24,12 @@ struct NativeAdditions {
 // Returns the first page that has a native part, or null.
 QPDFObjectHandle FindNativePage(const std::vector<QPDFObjectHandle>& pages);
 
-// In a PDF. `page` may be null when reading. Appending keeps additions that are there already.
+// Read and append the additions of a PDF, which `page` holds. ReadAdditions returns none if `page`
+// is null. AppendAdditions keeps the existing ones.
 NativeAdditions ReadAdditions(QPDFObjectHandle page);
 void AppendAdditions(const NativeAdditions& additions, QPDF& pdf, QPDFObjectHandle page);
 
-// In PostScript: all additions of the text, and additions as comment lines to insert.
+// Return all additions in a PostScript file, and additions as comment lines to insert into one.
 NativeAdditions ReadAdditions(std::string_view postScript);
 std::string WriteAdditions(const NativeAdditions& additions);
 

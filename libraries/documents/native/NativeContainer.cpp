@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/Lines.h"
 #include "documents/bytes/Decompress.h"
 #include "documents/native/NativeAdditions.h"
 #include "documents/native/NativeKeys.h"
@@ -14,17 +15,6 @@ namespace {
 
 constexpr size_t kMostBlocks = 65536;
 
-// Position of the first line that begins with `mark`, or npos.
-size_t FindLine(std::string_view text, std::string_view mark)
-{
-    size_t position = text.find(mark);
-    while (position != std::string_view::npos && position > 0 && text[position - 1] != '\r' &&
-           text[position - 1] != '\n') {
-        position = text.find(mark, position + 1);
-    }
-    return position;
-}
-
 void SetBytes(NativePart& part, std::unique_ptr<ByteBuffer> bytes)
 {
     part.bytes = std::move(bytes);
@@ -35,8 +25,8 @@ void SetBytes(NativePart& part, std::unique_ptr<ByteBuffer> bytes)
 // the mark repeats comments of the document and is dropped.
 void Unpack(NativePart& part)
 {
-    const size_t zlib = FindLine(part.text, record::kCompressedData);
-    const size_t zstandard = FindLine(part.text, record::kZStandardData);
+    const size_t zlib = base::FindLine(part.text, record::kCompressedData);
+    const size_t zstandard = base::FindLine(part.text, record::kZStandardData);
     if (zlib == std::string_view::npos && zstandard == std::string_view::npos) return;
     auto unpacked = std::make_unique<ByteBuffer>();
     if (zlib < zstandard) {
@@ -81,7 +71,7 @@ NativePart JoinPrivateData(PdfFile& file)
 NativePart FindInPostScript(std::string_view file)
 {
     NativePart part;
-    const size_t mark = FindLine(file, record::kDataStream);
+    const size_t mark = base::FindLine(file, record::kDataStream);
     if (mark != std::string_view::npos) {
         part.isThere = true;
         ByteBuffer packed;
@@ -95,8 +85,9 @@ NativePart FindInPostScript(std::string_view file)
         return part;
     }
     // The mark must be in the header: a page of another program may embed such a file further on.
-    const std::string_view header = file.substr(0, FindLine(file, "%%EndComments"));
-    part.isThere = part.isBare = FindLine(header, record::kFileFormat) != std::string_view::npos;
+    const std::string_view header = file.substr(0, base::FindLine(file, "%%EndComments"));
+    part.isThere = part.isBare =
+        base::FindLine(header, record::kFileFormat) != std::string_view::npos;
     part.text = file;
     return part;
 }

@@ -49,7 +49,7 @@ constexpr std::string_view kEndText = "TO";
 constexpr char kPlaced = '`';
 constexpr std::string_view kLinkedRaster = "0 XG";
 
-// This host's own: what it adds beside a native document.
+// Keys and comments under which this host stores what it adds beside a native document.
 constexpr char kHostPiece[] = "/HeadlessHost";
 constexpr char kHostTexts[] = "/Texts";
 constexpr char kHostFont[] = "/Font";
@@ -61,8 +61,8 @@ constexpr std::string_view kHostFileLine = "%HeadlessHost_File: ";
 
 }  // namespace record
 
-// Keys of the text tree. A number means something else in each dictionary, so it has a name for
-// each.
+// Keys of the text tree. The same number means different things in different dictionaries, so
+// each meaning has a name.
 namespace treekey {
 
 // A key in its two forms: version 11 writes words, later versions write numbers.
@@ -88,7 +88,7 @@ constexpr Key kResource = {"0", "Resource"};
 constexpr Key kIdentifier = {"0", "Identifier"};
 constexpr Key kName = {"0", "Name"};
 
-// A style: a style sheet of the list, or what a run itself says.
+// A style: a style sheet of the list, or the style of a run itself.
 constexpr Key kParent = {"5", "Parent"};
 constexpr Key kFeatures = {"6", "Features"};
 constexpr Key kFont = {"0", "Font"};
@@ -108,8 +108,8 @@ constexpr Key kRunData = {"0", "RunData"};
 constexpr Key kStyleSheet = {"0", "StyleSheet"};
 constexpr Key kLength = {"1", "Length"};
 
-// A story's View, and the pieces of the layout in it. No document with words for these keys is
-// known: the names are this project's.
+// A story's View, and the pieces of the layout in it. The names are made up: no document
+// with words for these keys is known.
 constexpr std::string_view kFrames = "0";
 constexpr std::string_view kFrameNumber = "0";
 constexpr std::string_view kLayout = "2";

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
+#include "base/Strings.h"
 #include "documents/native/NativeKeys.h"
 
 namespace documents {
@@ -24,7 +25,7 @@ bool NativeLines::Next(std::string_view& line)
         line = {start, static_cast<size_t>(stop - start)};
         mPosition += line.size() + (stop == end ? 0 : 1);
         if (line.empty()) continue;
-        if (line.substr(0, record::kBeginData.size()) == record::kBeginData) SkipData(line);
+        if (base::StartsWith(line, record::kBeginData)) SkipData(line);
         return true;
     }
     return false;

@@ -5,6 +5,7 @@
 #include <set>
 #include <utility>
 
+#include "base/Strings.h"
 #include "base/Utf8.h"
 #include "documents/bytes/Decompress.h"
 #include "documents/bytes/ReadBudget.h"
@@ -19,27 +20,13 @@ namespace documents {
 namespace {
 
 constexpr size_t kMostFrameLines = 64;
-
-bool StartsWith(std::string_view text, std::string_view start)
-{
-    return text.substr(0, start.size()) == start;
-}
-
-bool EndsWith(std::string_view text, std::string_view end)
-{
-    return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
-}
+constexpr std::string_view kSpaces = " \t";
 
 // Whether the line ends in this operator, with a space before it.
 bool EndsInOperator(std::string_view line, std::string_view operation)
 {
-    return line.size() > operation.size() && EndsWith(line, operation) &&
+    return line.size() > operation.size() && base::EndsWith(line, operation) &&
            line[line.size() - operation.size() - 1] == ' ';
-}
-
-void TrimEnd(std::string_view& line)
-{
-    while (!line.empty() && (line.back() == ' ' || line.back() == '\t')) line.remove_suffix(1);
 }
 
 // Returns the number before `key` in a line such as "2 /StoryIndex ,", or -1 if there is none.
@@ -65,7 +52,7 @@ public:
     {
         std::string_view line;
         while (mContents.error.empty() && mLines.Next(line)) {
-            mIsStyled = StartsWith(line, record::kStyled);
+            mIsStyled = base::StartsWith(line, record::kStyled);
             if (mIsStyled) line.remove_prefix(record::kStyled.size());
             if (!line.empty()) TakeLine(line);
         }
@@ -84,7 +71,7 @@ private:
                 TakeNameLine(line);
                 break;
             case '[':
-                if (EndsWith(line, record::kFontAlias)) mObjects.DefineAlias(line);
+                if (base::EndsWith(line, record::kFontAlias)) mObjects.DefineAlias(line);
                 break;
             case '(':
             case record::kPlaced:
@@ -94,11 +81,11 @@ private:
                 TakeComment(line);
                 break;
             case 'T':
-                TrimEnd(line);
+                line = base::TrimEnd(line, kSpaces);
                 if (line == record::kEndText) EndObject();
                 break;
             default:
-                TrimEnd(line);
+                line = base::TrimEnd(line, kSpaces);
                 // The operand is one digit: the kind of the text object.
                 if (line.size() == 4 && EndsInOperator(line, record::kBeginText)) {
                     mObjects.Begin(mIsStyled);
@@ -109,12 +96,12 @@ private:
 
     void TakeNameLine(std::string_view line)
     {
-        TrimEnd(line);
-        if (StartsWith(line, record::kTextDocument)) {
+        line = base::TrimEnd(line, kSpaces);
+        if (base::StartsWith(line, record::kTextDocument)) {
             TakeTree(line);
-        } else if (StartsWith(line, record::kTextFrame)) {
+        } else if (base::StartsWith(line, record::kTextFrame)) {
             TakeFrame(line);
-        } else if (StartsWith(line, record::kLegacyText)) {
+        } else if (base::StartsWith(line, record::kLegacyText)) {
             TakeLegacyText();
         } else if (EndsInOperator(line, record::kSetFont)) {
             mObjects.SetFont(line, mIsStyled);
@@ -167,7 +154,7 @@ private:
             // The outline of the frame follows the numbers.
             const bool isOutline = line.find(record::kArt) != std::string_view::npos;
             if (isWhole || isOutline || !mLines.Next(line)) break;
-            if (StartsWith(line, record::kStyled)) line.remove_prefix(record::kStyled.size());
+            if (base::StartsWith(line, record::kStyled)) line.remove_prefix(record::kStyled.size());
         }
         // /FreeUndo 1 marks a copy that an effect generated; its source frame is in the file too.
         if (undone == 1 || story < 0 || frame < 0 || !mFrames.emplace(story, frame).second) return;
@@ -191,7 +178,8 @@ private:
             if (lineEnd == std::string_view::npos) break;
             const size_t before = rest.find_last_of("\r\n", lineEnd);
             const size_t lineStart = before == std::string_view::npos ? 0 : before + 1;
-            if (rest[lineStart] != '%' || StartsWith(rest.substr(lineStart), record::kStyled)) {
+            if (rest[lineStart] != '%' ||
+                base::StartsWith(rest.substr(lineStart), record::kStyled)) {
                 break;
             }
             start = lineStart;
@@ -207,8 +195,8 @@ private:
 
     void TakeComment(std::string_view line)
     {
-        if (StartsWith(line, record::kFileFormat)) mContents.isNative = true;
-        if (mIsStyled || !StartsWith(line, "%%")) return;
+        if (base::StartsWith(line, record::kFileFormat)) mContents.isNative = true;
+        if (mIsStyled || !base::StartsWith(line, "%%")) return;
         const DscComment comment = SplitDscComment(line);
         if (comment.keyword != "+") mIsFileList = comment.keyword == "DocumentFiles";
         const bool isIncluded = comment.keyword == "IncludeFile";
@@ -217,7 +205,8 @@ private:
         if (!path.empty()) (isIncluded ? mIncludedFiles : mListedFiles).push_back(std::move(path));
     }
 
-    // Strings with their operators: "(text) Tx 1 0 Tk", "(path) 0 XG", "`(path)" and "(path) `".
+    // Takes strings with their operators:
+    // "(text) Tx 1 0 Tk", "(path) 0 XG", "`(path)" and "(path) `".
     void TakeTextLine(std::string_view line)
     {
         const bool isMarked = line.front() == record::kPlaced;
@@ -231,7 +220,7 @@ private:
             std::string_view operation = line.substr(0, next);
             line.remove_prefix(next);
             operation.remove_prefix(std::min(operation.find_first_not_of(' '), operation.size()));
-            TrimEnd(operation);
+            operation = base::TrimEnd(operation, kSpaces);
             const std::string_view first = operation.substr(0, 2);
             if (first == record::kShow || first == record::kShowAtEnd ||
                 first == record::kShowJustified) {
@@ -254,7 +243,7 @@ private:
         for (size_t count = 0; count < kMostLines && mJoined.back() == '\\'; ++count) {
             mJoined.pop_back();
             if (!mLines.Next(line)) break;
-            if (mIsStyled && StartsWith(line, record::kStyled)) {
+            if (mIsStyled && base::StartsWith(line, record::kStyled)) {
                 line.remove_prefix(record::kStyled.size());
             }
             mJoined += line;

@@ -26,7 +26,7 @@ public:
     void Show(const std::string& text);
 
     // Ends the object. Returns true and sets `runs` unless the object is a repeat: the user's own
-    // form of styled art ("%_") is used only if no earlier object has the same fonts and text.
+    // form of styled art ("%_") is reported only if no earlier object has the same fonts and text.
     bool End(std::vector<TextRun>& runs);
 
 private:

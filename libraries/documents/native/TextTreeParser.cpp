@@ -156,9 +156,9 @@ private:
         story.runs.push_back(run);
     }
 
-    // The frames of a story, and how its text is laid out in them: a list of columns, each with the
-    // frames, regions, lines and segments in it. The words for these keys are unknown, so the
-    // layout of version 11 isn't read: there each frame shows its whole story.
+    // Parses the frames of a story and how its text is laid out in them: a list of columns, each
+    // with the frames, regions, lines and segments in it. The words for these keys are unknown, so
+    // the layout of version 11 isn't read: there each frame shows its whole story.
     void ParseView(ParsedTextTree::Story& story)
     {
         mCursor.ForEachEntry([&](std::string_view key) {
@@ -178,8 +178,8 @@ private:
         });
     }
 
-    // A piece of the layout and the pieces in it. Relies on the order of the keys: the kind and the
-    // frame come before the pieces.
+    // Parses a piece of the layout and the pieces in it. Relies on the order of the keys: the kind
+    // and the frame come before the pieces.
     void ParsePiece(ParsedTextTree::Story& story, size_t depth)
     {
         constexpr size_t kMostDepth = 16;

@@ -26,8 +26,8 @@ struct ParsedTextTree {
     };
     struct Story {
         std::vector<Run> runs;
-        std::vector<long long>
-            frames;  // numbers in the document, by the frame's index in the story
+        // The frames' numbers in the document, by the frame's index in the story.
+        std::vector<long long> frames;
         std::vector<FrameText> layout;  // in the order of the text
     };
 
@@ -37,7 +37,7 @@ struct ParsedTextTree {
     std::vector<Story> stories;
 };
 
-// Parses a decoded text tree. A damaged tree gives what could be read of it. Throws LimitExceeded
+// Parses a decoded text tree. Returns what could be read of a damaged tree. Throws LimitExceeded
 // if the tree has too many runs.
 ParsedTextTree ParseTextTree(std::string_view tree);
 

@@ -49,7 +49,7 @@ size_t MeasureEscape(std::string_view text, size_t& decodedBytes)
     decodedBytes = text.empty() ? 0 : 1;
     if (text.empty()) return 0;
     if (text[0] == '\r' || text[0] == '\n') {
-        decodedBytes = 0;  // a line that goes on
+        decodedBytes = 0;  // the string continues on the next line
         return text.substr(0, 2) == "\r\n" ? 2 : 1;
     }
     size_t length = 0;

@@ -65,7 +65,7 @@ void LzwDecoder::Take(unsigned code)
             Flush();
             throw std::runtime_error("LZW code out of range");
         }
-        // A code that is only now being defined: its string ends as it begins.
+        // The code may be that of the new entry itself, whose string ends with its first byte.
         const unsigned char last = code < mEntries.size() ? mEntries[code].first : previous.first;
         mEntries.push_back({static_cast<uint16_t>(mPrevious),
                             static_cast<uint16_t>(previous.length + 1), last, previous.first});

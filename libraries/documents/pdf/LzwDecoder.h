@@ -38,9 +38,9 @@ private:
     bool mEarlyChange;
     bool mEnded = false;
     std::vector<Entry> mEntries;
-    int mPrevious = -1;      // the code before; -1 after a clear
+    int mPrevious = -1;      // the previous code; -1 after kClear
     unsigned mBits = 0;      // input bits that aren't a whole code yet
-    unsigned mBitCount = 0;  // how many
+    unsigned mBitCount = 0;  // number of bits in mBits
     unsigned mCodeBits = 9;
     std::string mOutput;
 };

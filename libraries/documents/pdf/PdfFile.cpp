@@ -97,7 +97,7 @@ void PdfFile::AppendStream(QPDFObjectHandle stream, std::string& data)
     } catch (const LimitExceeded&) {
         throw;
     } catch (const std::exception&) {
-        // What came out before the damage is used; the stream is counted below.
+        // What was decoded before the damage is used; mBrokenStreams includes the stream.
         whole = false;
     }
     // For an unknown filter the library writes the stored data, which isn't content.

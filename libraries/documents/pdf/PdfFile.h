@@ -23,8 +23,8 @@ public:
     QPDF& GetPdf() { return mPdf; }
     const std::vector<QPDFObjectHandle>& GetPages() const { return mPages; }
 
-    // Appends the decoded data of a stream to `data`. What a damaged stream gives before the damage
-    // is kept; TakeNotes reports the number of such streams. Throws LimitExceeded.
+    // Appends the decoded data of a stream to `data`. Keeps what a damaged stream has before
+    // the damage; TakeNotes reports the number of such streams. Throws LimitExceeded.
     void AppendStream(QPDFObjectHandle stream, std::string& data);
 
 private:

@@ -16,7 +16,8 @@ struct PdfFont {
 // Reads a font dictionary of any type. A Type 0 font gets the name of its descendant font.
 PdfFont ReadPdfFont(QPDFObjectHandle font);
 
-// The fonts of one file. Reads each once. Its pointers are valid as long as the table.
+// The fonts of one file. Reads each font once. The pointers remain valid as long as the table
+// exists.
 class PdfFontTable {
 public:
     // Returns null if `font` isn't a dictionary.

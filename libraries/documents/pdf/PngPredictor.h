@@ -8,7 +8,7 @@ namespace documents {
 
 // Reverses the PNG prediction of a Flate or LZW stream (predictors 10 to 15). Each row consists of
 // a byte for the filter and `rowBytes` bytes of data. Fills a last row that is cut off with zeros.
-// LzwDecoder.h says why this isn't the PDF library's.
+// LzwDecoder.h says why the PDF library's own predictor isn't used.
 class PngPredictor : public Pipeline {
 public:
     PngPredictor(Pipeline* output, size_t rowBytes, size_t pixelBytes);

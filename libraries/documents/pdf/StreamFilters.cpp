@@ -18,7 +18,7 @@ namespace {
 
 constexpr long long kMaximumRowBytes = 1 << 24;
 
-// Takes what passes through from the ReadBudget.
+// Takes the number of bytes that pass through it from the ReadBudget.
 class BudgetPipeline : public Pipeline {
 public:
     explicit BudgetPipeline(Pipeline* output) : Pipeline("budget", output) {}

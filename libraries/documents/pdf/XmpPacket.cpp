@@ -6,6 +6,7 @@
 #include <optional>
 #include <pugixml.hpp>
 
+#include "base/Strings.h"
 #include "base/Utf8.h"
 
 namespace documents {
@@ -15,7 +16,7 @@ namespace {
 // Metadata can consist of millions of empty elements, whose tree takes many times their bytes.
 constexpr size_t kMostTreeBytes = size_t{256} << 20;
 
-// The start of the packet that pugixml can read in kMostTreeBytes.
+// Returns as much of the start of the packet as pugixml can parse within kMostTreeBytes.
 std::string_view LimitTree(std::string_view packet)
 {
     constexpr size_t kNodeBytes = 64;
@@ -23,7 +24,7 @@ std::string_view LimitTree(std::string_view packet)
     size_t treeBytes = 0;
     for (size_t position = 0; position < packet.size(); ++position) {
         ++treeBytes;
-        // An element and the text behind it.
+        // An element and the text after it.
         if (packet[position] == '<') treeBytes += 2 * kNodeBytes;
         if (packet[position] == '=') treeBytes += kAttributeBytes;
         if (treeBytes > kMostTreeBytes) return packet.substr(0, position);
@@ -31,7 +32,7 @@ std::string_view LimitTree(std::string_view packet)
     return packet;
 }
 
-// Removes the attribute or the text that the packet ends within.
+// Removes the attribute or the text in which the packet ends.
 void RemoveCutOff(std::string_view packet, pugi::xml_parse_status status,
                   pugi::xml_document& document)
 {
@@ -40,17 +41,7 @@ void RemoveCutOff(std::string_view packet, pugi::xml_parse_status status,
     while (last.last_child()) last = last.last_child();
     if (status == pugi::status_bad_attribute) last.remove_attribute(last.last_attribute());
     const std::string_view text = last.value();
-    const bool endsPacket = !text.empty() && text.size() <= packet.size() &&
-                            packet.substr(packet.size() - text.size()) == text;
-    if (endsPacket) last.parent().remove_child(last);
-}
-
-std::string_view Trim(std::string_view text)
-{
-    constexpr std::string_view kSpaces = " \t\r\n";
-    const size_t start = text.find_first_not_of(kSpaces);
-    if (start == std::string_view::npos) return {};
-    return text.substr(start, text.find_last_not_of(kSpaces) - start + 1);
+    if (!text.empty() && base::EndsWith(packet, text)) last.parent().remove_child(last);
 }
 
 std::string_view GetLocalName(std::string_view name)
@@ -59,7 +50,7 @@ std::string_view GetLocalName(std::string_view name)
     return colon == std::string_view::npos ? name : name.substr(colon + 1);
 }
 
-// The character that "&name;" stands for; none if XML doesn't define it.
+// Returns the character of the entity "&name;", or nothing if XML doesn't define it.
 std::optional<char32_t> GetEntity(std::string_view name)
 {
     struct Entity {
@@ -103,7 +94,7 @@ std::string ResolveEntities(std::string_view raw)
     return base::ToValidUtf8(text);
 }
 
-// The text of an element; empty if it has elements in it.
+// Returns the text of an element, or "" if it contains elements.
 std::string GetText(pugi::xml_node element)
 {
     std::string text;
@@ -141,7 +132,7 @@ private:
     void SetProperty(std::string_view name, std::string_view value)
     {
         if (!IsProperty(name)) return;
-        value = Trim(value);
+        value = base::Trim(value);
         if (value.empty()) return;
         if (name == "filePath") {
             if (mManifestDepth != kOutside) mFacts.manifestFiles.push_back(ResolveEntities(value));
@@ -169,7 +160,7 @@ void LoadXmpTree(std::string_view packet, unsigned options, pugi::xml_document& 
 
 XmpFacts ReadXmpPacket(std::string_view packet)
 {
-    // Without parse_escapes, which ends a text at "&#0;" and makes invalid bytes of "&#x110000;".
+    // Without parse_escapes, which ends a text at "&#0;" and turns "&#x110000;" into invalid bytes.
     pugi::xml_document document;
     LoadXmpTree(packet, pugi::parse_cdata, document);
     PropertyReader reader;

@@ -22,12 +22,12 @@ struct XmpFacts {
 XmpFacts ReadXmpPacket(std::string_view packet);
 
 // Parses an XMP packet in UTF-8 into `document` as far as it is well-formed: after an error the
-// tree has everything in front of it. Takes zero bytes for spaces. Of an extremely large packet,
-// parses as much as takes about 256 MiB.
+// tree has everything before it. Reads zero bytes as spaces. Of an extremely large packet, parses
+// only the start, whose tree takes about 256 MiB.
 //
 // options  pugi::parse_* flags
 //
-// Elements may be nested as deeply as a hostile packet likes: traverse the tree, but don't recurse.
+// A hostile packet can nest elements without a limit: traverse the tree, but don't recurse.
 void LoadXmpTree(std::string_view packet, unsigned options, pugi::xml_document& document);
 
 }  // namespace documents

@@ -4,40 +4,16 @@
 #include <charconv>
 #include <string>
 
+#include "base/Lines.h"
+#include "base/Strings.h"
+
 namespace documents {
-
-namespace {
-
-// The length of the line at the start of a text.
-struct LineLength {
-    size_t text;  // without its line end
-    size_t all;   // with it
-};
-
-LineLength MeasureLine(std::string_view text)
-{
-    const auto* end =
-        std::find_if(text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; });
-    const auto length = static_cast<size_t>(end - text.begin());
-    if (length == text.size()) return {length, length};
-    return {length, length + (text.substr(length, 2) == "\r\n" ? 2 : 1)};
-}
-
-}  // namespace
-
-std::string_view DscLines::TakeLine()
-{
-    const LineLength length = MeasureLine(mRest);
-    const std::string_view line = mRest.substr(0, length.text);
-    mRest.remove_prefix(length.all);
-    return line;
-}
 
 bool DscLines::Next(DscComment& comment)
 {
     while (!mRest.empty()) {
-        const std::string_view line = TakeLine();
-        if (line.substr(0, 2) != "%%") continue;
+        const std::string_view line = base::TakeLine(mRest);
+        if (!base::StartsWith(line, "%%")) continue;
         comment = SplitDscComment(line);
         if (comment.keyword == "BeginData" || comment.keyword == "BeginBinary") {
             SkipData(comment);
@@ -55,11 +31,9 @@ bool DscLines::Next(DscComment& comment)
 size_t DscLines::MeasureData(size_t count, bool countsLines) const
 {
     if (!countsLines) return count;
-    size_t length = 0;
-    for (; count > 0 && length < mRest.size(); --count) {
-        length += MeasureLine(mRest.substr(length)).all;
-    }
-    return length;
+    std::string_view rest = mRest;
+    for (; count > 0 && !rest.empty(); --count) (void)base::TakeLine(rest);
+    return mRest.size() - rest.size();
 }
 
 void DscLines::SkipData(const DscComment& begin)
@@ -79,7 +53,7 @@ void DscLines::SkipData(const DscComment& begin)
     if (length <= mRest.size()) {
         std::string_view behind = mRest.substr(length);
         behind.remove_prefix(std::min(behind.find_first_not_of("\r\n"), behind.size()));
-        if (behind.substr(0, endMark.size()) == endMark) {
+        if (base::StartsWith(behind, endMark)) {
             mRest = behind;
             return;
         }

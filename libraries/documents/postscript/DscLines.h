@@ -21,7 +21,6 @@ public:
     bool IsCutOff() const { return mCutOff; }
 
 private:
-    std::string_view TakeLine();
     void SkipData(const DscComment& begin);
     // Converts the count of a %%BeginData to bytes.
     size_t MeasureData(size_t count, bool countsLines) const;

@@ -15,7 +15,7 @@ void DescribePostScript(std::string_view bytes, Document& document);
 // (%%BeginFont) are used only if no comment lists fonts.
 //
 // Returns kNotMine if the source isn't PostScript, or if another program than the illustration
-// program wrote it and no comment lists fonts or resources. An empty list is a list.
+// program wrote it and no comment lists fonts or resources, not even an empty list of them.
 ReadResult ReadDscComments(const DocumentSource& source, const Limits& limits, Document& document);
 
 // Fallback for PostScript: reads a document without text.

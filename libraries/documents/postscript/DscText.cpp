@@ -2,18 +2,13 @@
 
 #include <algorithm>
 
+#include "base/Strings.h"
+
 namespace documents {
 
 namespace {
 
 constexpr std::string_view kSpaces = " \t";
-
-std::string_view Trim(std::string_view text)
-{
-    const size_t start = text.find_first_not_of(kSpaces);
-    if (start == std::string_view::npos) return {};
-    return text.substr(start, text.find_last_not_of(kSpaces) - start + 1);
-}
 
 // `text` follows a backslash. Appends the decoded character and returns the length of the escape.
 size_t TakeEscape(std::string_view text, std::string& out)
@@ -61,10 +56,10 @@ std::string TakeString(std::string_view& rest)
 DscComment SplitDscComment(std::string_view line)
 {
     line.remove_prefix(2);
-    if (line.substr(0, 1) == "+") return {line.substr(0, 1), Trim(line.substr(1))};
+    if (line.substr(0, 1) == "+") return {line.substr(0, 1), base::Trim(line.substr(1), kSpaces)};
     const size_t end = std::min(line.find_first_of(": \t"), line.size());
     const bool hasColon = end < line.size() && line[end] == ':';
-    return {line.substr(0, end), Trim(line.substr(hasColon ? end + 1 : end))};
+    return {line.substr(0, end), base::Trim(line.substr(hasColon ? end + 1 : end), kSpaces)};
 }
 
 bool TakeDscWord(std::string_view& rest, DscWord& word)
@@ -84,12 +79,12 @@ bool TakeDscWord(std::string_view& rest, DscWord& word)
 
 std::string GetDscText(std::string_view value)
 {
-    value = Trim(value);
+    value = base::Trim(value, kSpaces);
     if (!value.empty() && value.front() == '(') {
         std::string_view rest = value;
         std::string text = TakeString(rest);
         // The value is a string only if nothing follows: "(C) 1999 A. Writer" isn't one.
-        if (Trim(rest).empty()) return text;
+        if (base::Trim(rest, kSpaces).empty()) return text;
     }
     return std::string(value);
 }

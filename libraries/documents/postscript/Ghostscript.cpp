@@ -3,18 +3,18 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/mman.h>
-#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <chrono>
-#include <csignal>
 #include <cstdlib>
+
+#include "base/FileDescriptor.h"
+#include "base/ProcessGroup.h"
+#include "base/ReadWrite.h"
 
 namespace documents {
 
@@ -23,24 +23,11 @@ namespace {
 // File descriptors of the new process; kArguments names the first two by their numbers.
 constexpr int kInput = 10;
 constexpr int kOutput = 11;
-constexpr int kAlive = 12;  // a pipe that it holds open: closed when it and its children have ended
+constexpr int kAlive = 12;  // end of a pipe; closes when the process and its children have ended
 
-class Descriptor {
-public:
-    explicit Descriptor(int value) : mValue(value) {}
-    ~Descriptor() { Close(); }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    int Get() const { return mValue; }
-    void Close()
-    {
-        if (mValue >= 0) (void)close(mValue);  // memory or a pipe: no error matters
-        mValue = -1;
-    }
-
-private:
-    int mValue;
-};
+// Descriptors of this process that the new one needs are moved here, above the numbers that dup2
+// overwrites.
+constexpr int kFirstFree = 20;
 
 std::string FindProgram()
 {
@@ -56,58 +43,27 @@ std::string FindProgram()
     return {};
 }
 
-bool WriteAll(int descriptor, std::string_view bytes)
-{
-    while (!bytes.empty()) {
-        const ssize_t count = write(descriptor, bytes.data(), bytes.size());
-        if (count < 0 && errno == EINTR) continue;
-        if (count <= 0) return false;
-        bytes.remove_prefix(static_cast<size_t>(count));
-    }
-    return true;
-}
-
 bool ReadBack(int descriptor, size_t most, std::string& bytes)
 {
     struct stat status = {};
     if (fstat(descriptor, &status) != 0 || static_cast<size_t>(status.st_size) > most) return false;
     bytes.resize(static_cast<size_t>(status.st_size));
-    size_t have = 0;
-    while (have < bytes.size()) {
-        const ssize_t count =
-            pread(descriptor, &bytes[have], bytes.size() - have, static_cast<off_t>(have));
-        if (count < 0 && errno == EINTR) continue;
-        if (count <= 0) return false;
-        have += static_cast<size_t>(count);
-    }
-    return true;
+    return lseek(descriptor, 0, SEEK_SET) == 0 &&
+           base::ReadExactly(descriptor, bytes.data(), bytes.size());
 }
 
-void Limit(int resource, size_t most)
+// Replaces the new process by Ghostscript; returns on failure. Must only call functions that are
+// safe after a fork.
+void Become(const char* program, int input, int output, int alive, size_t memory, size_t mostPdf)
 {
-    const rlimit limit = {most, most};
-    (void)setrlimit(static_cast<__rlimit_resource>(resource),
-                    &limit);  // on failure the system's limit applies
-}
-
-// Runs in the new process: only functions that are safe after a fork may be called.
-[[noreturn]] void Become(const char* program, int input, int output, int alive, size_t memory,
-                         size_t mostPdf, pid_t parent)
-{
-    (void)setpgid(0, 0);  // can't fail: a new process doesn't lead a session
-    (void)prctl(PR_SET_PDEATHSIG, SIGKILL);
-    // The parent may have ended before prctl.
-    if (getppid() != parent) _exit(127);
-    Limit(RLIMIT_DATA, memory);
-    Limit(RLIMIT_FSIZE, mostPdf);
-    Limit(RLIMIT_CORE, 0);
+    base::LimitResource(RLIMIT_DATA, memory);
+    base::LimitResource(RLIMIT_FSIZE, mostPdf);
+    base::LimitResource(RLIMIT_CORE, 0);
     const int nothing = open("/dev/null", O_RDWR);
     for (const int standard : {0, 1, 2}) {
-        if (dup2(nothing, standard) < 0) _exit(127);
+        if (dup2(nothing, standard) < 0) return;
     }
-    if (dup2(input, kInput) < 0 || dup2(output, kOutput) < 0 || dup2(alive, kAlive) < 0) {
-        _exit(127);
-    }
+    if (dup2(input, kInput) < 0 || dup2(output, kOutput) < 0 || dup2(alive, kAlive) < 0) return;
     constexpr std::array<const char*, 10> kArguments = {"gs",
                                                         "-q",
                                                         "-dSAFER",
@@ -119,7 +75,6 @@ void Limit(int resource, size_t most)
                                                         "/proc/self/fd/10",
                                                         nullptr};
     (void)execv(program, const_cast<char* const*>(kArguments.data()));
-    _exit(127);
 }
 
 // Waits until no process holds the other end of the pipe. Returns false after `seconds`.
@@ -147,41 +102,33 @@ GhostscriptResult DrawWithGhostscript(std::string_view postScript, double second
         return result;
     }
     result.error = "Ghostscript cannot be started";
-    // Moves a descriptor above the numbers that Become uses, so that dup2 overwrites none.
     const auto raise = [](int descriptor) {
-        const int raised = fcntl(descriptor, F_DUPFD_CLOEXEC, 20);
-        if (descriptor >= 0) (void)close(descriptor);  // memory or a pipe: no error matters
-        return raised;
+        const base::FileDescriptor low(descriptor);
+        return base::FileDescriptor(fcntl(low.Get(), F_DUPFD_CLOEXEC, kFirstFree));
     };
-    const Descriptor input(raise(memfd_create("input", MFD_CLOEXEC)));
-    const Descriptor output(raise(memfd_create("output", MFD_CLOEXEC)));
+    const base::FileDescriptor input = raise(memfd_create("input", MFD_CLOEXEC));
+    const base::FileDescriptor output = raise(memfd_create("output", MFD_CLOEXEC));
     int ends[2] = {-1, -1};
     if (pipe2(ends, O_CLOEXEC) != 0) return result;
-    const Descriptor end(raise(ends[0]));
-    Descriptor alive(raise(ends[1]));
-    if (input.Get() < 0 || output.Get() < 0 || end.Get() < 0 || alive.Get() < 0 ||
-        !WriteAll(input.Get(), postScript)) {
+    const base::FileDescriptor end = raise(ends[0]);
+    base::FileDescriptor alive = raise(ends[1]);
+    if (!input.IsValid() || !output.IsValid() || !end.IsValid() || !alive.IsValid() ||
+        base::WriteAll(input.Get(), postScript)) {
         return result;
     }
-    const pid_t parent = getpid();
-    const pid_t process = fork();
-    if (process == 0) {
-        Become(program.c_str(), input.Get(), output.Get(), alive.Get(), memoryBytes, mostPdfBytes,
-               parent);
-    }
-    if (process < 0) return result;
-    (void)setpgid(process, process);  // both processes do it: either may be first
-    alive.Close();
+    base::ProcessGroup group = base::ProcessGroup::Fork([&] {
+        Become(program.c_str(), input.Get(), output.Get(), alive.Get(), memoryBytes, mostPdfBytes);
+    });
+    if (!group.IsRunning()) return result;
+    (void)alive.Close();  // a pipe without data: no error matters
     const bool hasEnded = WaitForEnd(end.Get(), seconds);
-    // Kill the whole group: before waitpid if it is late, and afterwards to end children left over.
-    if (!hasEnded) (void)kill(-process, SIGKILL);
-    int status = 0;
-    while (waitpid(process, &status, 0) < 0 && errno == EINTR) continue;
-    (void)kill(-process, SIGKILL);
+    const base::ProcessEnd processEnd = hasEnded ? group.WaitAndKillRest() : group.Kill();
+    // A program that ignores SIGCHLD gets neither a status nor a signal: then the PDF decides.
+    const bool hasFailed = processEnd.status > 0 || processEnd.signal != 0;
     if (!hasEnded) {
         result.error =
             "Ghostscript took longer than " + std::to_string(static_cast<long>(seconds)) + " s";
-    } else if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) {
+    } else if (hasFailed) {
         result.error = "Ghostscript cannot draw it";
     } else if (!ReadBack(output.Get(), mostPdfBytes, result.pdf) || result.pdf.empty()) {
         result.pdf.clear();

@@ -3,6 +3,7 @@
 #include <stdexcept>
 #include <string_view>
 
+#include "base/Lines.h"
 #include "documents/model/FileKind.h"
 #include "documents/native/NativeAdditions.h"
 #include "documents/postscript/DscText.h"
@@ -35,26 +36,10 @@ std::string MakeList(const char* keyword, const std::vector<std::string>& texts,
     return list;
 }
 
-bool IsLineStart(std::string_view text, size_t position)
-{
-    return position == 0 || text[position - 1] == '\n' || text[position - 1] == '\r';
-}
-
-// Position of the first or last line that begins with `start`, or npos.
-size_t FindLine(std::string_view text, std::string_view start, bool last)
-{
-    size_t position = last ? text.rfind(start) : text.find(start);
-    while (position != std::string_view::npos && !IsLineStart(text, position)) {
-        if (last && position == 0) return std::string_view::npos;
-        position = last ? text.rfind(start, position - 1) : text.find(start, position + 1);
-    }
-    return position;
-}
-
 // Position after the header's last comment.
 size_t FindHeaderEnd(std::string_view eps)
 {
-    const size_t marked = FindLine(eps, "%%EndComments", false);
+    const size_t marked = base::FindLine(eps, "%%EndComments");
     if (marked != std::string_view::npos) return marked;
     const size_t line = eps.find_first_of("\r\n");
     if (line == std::string_view::npos) throw std::runtime_error("the EPS has no line end");
@@ -66,7 +51,7 @@ size_t FindHeaderEnd(std::string_view eps)
 size_t FindBodyEnd(std::string_view eps)
 {
     for (const std::string_view mark : {"%%Trailer", "%%EOF"}) {
-        const size_t position = FindLine(eps, mark, true);
+        const size_t position = base::FindLastLine(eps, mark);
         if (position != std::string_view::npos) return position;
     }
     return eps.size();
@@ -75,15 +60,15 @@ size_t FindBodyEnd(std::string_view eps)
 // Position of the line after the one at `position`.
 size_t FindNextLine(std::string_view text, size_t position)
 {
-    const size_t end = text.find_first_of("\r\n", position);
-    if (end == std::string_view::npos) return text.size();
-    return end + (text.substr(end, 2) == "\r\n" ? 2 : 1);
+    std::string_view rest = text.substr(position);
+    (void)base::TakeLine(rest);
+    return text.size() - rest.size();
 }
 
 // Removes the comment with this keyword and its continuation lines from the header.
 void RemoveComment(std::string& eps, const std::string& keyword)
 {
-    const size_t start = FindLine(eps, "%%" + keyword + ":", false);
+    const size_t start = base::FindLine(eps, "%%" + keyword + ":");
     if (start == std::string::npos || start > FindHeaderEnd(eps)) return;
     size_t end = FindNextLine(eps, start);
     while (eps.compare(end, 3, "%%+") == 0) end = FindNextLine(eps, end);
@@ -101,7 +86,7 @@ struct Box {
 Box FindBox(const std::string& eps)
 {
     constexpr std::string_view kKeyword = "%%BoundingBox:";
-    const size_t start = FindLine(eps, kKeyword, false);
+    const size_t start = base::FindLine(eps, kKeyword);
     if (start == std::string::npos) return {};
     Box box;
     std::istringstream numbers(eps.substr(start + kKeyword.size(), 200));

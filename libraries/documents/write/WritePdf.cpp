@@ -67,14 +67,14 @@ void Rename(QPDFObjectHandle dictionary, const char* key, const std::string& nam
 // font, which has no name in a PDF.
 bool NameFonts(QPDF& drawn, const std::string& name)
 {
-    bool allCount = true;
+    bool areNamed = true;
     for (QPDFObjectHandle object : drawn.getAllObjects()) {
         if (!object.isDictionary()) continue;
         QPDFObjectHandle subtype = object.getKey("/Subtype");
-        if (subtype.isName() && subtype.getName() == "/Type3") allCount = false;
+        if (subtype.isName() && subtype.getName() == "/Type3") areNamed = false;
         for (const char* const key : {"/BaseFont", "/FontName"}) Rename(object, key, name);
     }
-    return allCount;
+    return areNamed;
 }
 
 std::unique_ptr<MemoryPdf> DrawBlock(const WriteOrder& order, const Block& block, double width,

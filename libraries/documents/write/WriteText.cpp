@@ -35,7 +35,9 @@ FT_Library GetFreeType()
 {
     static FT_Library const library = [] {
         FT_Library opened = nullptr;
-        if (FT_Init_FreeType(&opened) != 0) throw std::runtime_error("no FreeType");
+        if (FT_Init_FreeType(&opened) != 0) {
+            throw std::runtime_error("FreeType cannot be initialized");
+        }
         return opened;
     }();
     return library;

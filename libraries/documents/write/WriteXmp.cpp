@@ -13,7 +13,7 @@ namespace {
 
 constexpr char kRdf[] = "rdf";
 
-// The name with the prefix that the packet uses for RDF.
+// Returns the name with the prefix that the packet uses for RDF.
 std::string InRdf(const std::string& prefix, const char* name) { return prefix + ":" + name; }
 
 pugi::xml_node AddDescription(pugi::xml_node root, const std::string& prefix)
@@ -28,7 +28,7 @@ void AddText(pugi::xml_node parent, const char* name, const std::string& text)
     parent.append_child(name).text() = base::ToValidUtf8(text).c_str();
 }
 
-// An element that has properties of its own.
+// Adds an element that has properties of its own.
 pugi::xml_node AddResource(pugi::xml_node parent, const std::string& prefix, const char* name)
 {
     pugi::xml_node resource = parent.append_child(name);
@@ -61,8 +61,8 @@ bool HasLocalName(pugi::xml_node node, const char* localName)
     return colon != std::string_view::npos && name.substr(colon + 1) == localName;
 }
 
-// pugixml removes a node recursively, which ends a program whose stack is smaller than the tree is
-// deep; so remove one leaf after the other.
+// Removes one leaf after the other: pugixml removes a node recursively, which overflows the stack
+// if the tree is deep.
 void RemoveTree(pugi::xml_node tree)
 {
     for (pugi::xml_node node = tree;;) {
@@ -128,7 +128,7 @@ std::string MakeXmpPacket(const std::string& creator, const std::vector<std::str
 
 std::string ReplaceManifest(const std::string& packet, const std::vector<std::string>& placedFiles)
 {
-    // With the white space: other programs change a packet in place and need its padding.
+    // Keeps the white space: other programs change a packet in place and need its padding.
     constexpr unsigned kEverything =
         pugi::parse_full | pugi::parse_ws_pcdata | pugi::parse_fragment;
     pugi::xml_document document;

@@ -9,7 +9,7 @@ namespace documents {
 std::string MakeXmpPacket(const std::string& creator, const std::vector<std::string>& placedFiles);
 
 // Returns the packet with its manifest of placed files replaced; everything else in it remains. Of
-// a damaged packet, what is in front of the damage remains. Returns an empty string if the packet
+// a damaged packet, the part before the damage remains. Returns an empty string if the packet
 // has no rdf:RDF element to put a manifest into, or a document type, whose entities would be lost.
 std::string ReplaceManifest(const std::string& packet, const std::vector<std::string>& placedFiles);
 

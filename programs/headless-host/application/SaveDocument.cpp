@@ -2,8 +2,9 @@
 
 #include <algorithm>
 #include <exception>
+#include <string_view>
 
-#include "base/Files.h"
+#include "base/Strings.h"
 #include "documents/bytes/FileBytes.h"
 #include "documents/model/FileKind.h"
 #include "documents/write/WriteDocument.h"
@@ -18,35 +19,42 @@ constexpr AIFaceScript kSystemScript = -1;
 
 enum class Family { kNone, kPDF, kPostScript };
 
-Family GetFamily(const std::string& path)
+struct Extension {
+    std::string_view text;
+    Family family;
+};
+
+// Returns the extension that the path ends in, in upper or lower case, or null if it is another
+// one. The name may consist of the extension alone.
+const Extension* FindExtension(const std::string& path)
 {
-    const std::string extension = base::GetLowerExtension(path);
-    if (extension == ".eps") return Family::kPostScript;
-    for (const char* const each : {".ai", ".ait", ".pdf"}) {
-        if (extension == each) return Family::kPDF;
+    static constexpr Extension kExtensions[] = {{".ai", Family::kPDF},
+                                                {".ait", Family::kPDF},
+                                                {".pdf", Family::kPDF},
+                                                {".eps", Family::kPostScript}};
+    const std::string lower = base::ToLower(path);
+    for (const Extension& each : kExtensions) {
+        if (base::EndsWith(lower, each.text)) return &each;
     }
-    return Family::kNone;
+    return nullptr;
 }
 
 // The format to write; kNone, with the reason in `error`, if the document cannot be written as the
 // extension says.
 Family ChooseFamily(const DocumentObject& document, const std::string& path, std::string& error)
 {
-    const Family wanted = GetFamily(path);
-    if (wanted == Family::kNone) {
+    const Extension* const wanted = FindExtension(path);
+    if (wanted == nullptr) {
         error = "cannot be saved: the name must end in .ai, .ait, .pdf or .eps";
         return Family::kNone;
     }
-    if (document.base.empty()) return wanted;
+    if (document.base.empty()) return wanted->family;
     const Family own = documents::GetContainer(document.base) == documents::Container::kPDF
                            ? Family::kPDF
                            : Family::kPostScript;
     // The same extension as before keeps the format, even if it is that of the other family: a PDF
     // may be called .eps.
-    if (own == wanted ||
-        base::GetLowerExtension(path) == base::GetLowerExtension(document.source)) {
-        return own;
-    }
+    if (own == wanted->family || wanted == FindExtension(document.source)) return own;
     error = own == Family::kPDF ? "cannot be saved: a PDF document cannot become EPS"
                                 : "cannot be saved: a PostScript document cannot become PDF";
     return Family::kNone;

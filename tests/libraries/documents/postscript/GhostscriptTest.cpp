@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <string>
@@ -101,9 +102,26 @@ TEST_F(GhostscriptTest, ThatDrawsNothingIsNoted)
                 ElementsAre(std::string(kReason) + "Ghostscript drew nothing"));
 }
 
+TEST_F(GhostscriptTest, ThatIsKilledIsNoted)
+{
+    Install("kill -9 $$\n");
+    EXPECT_THAT(Open(kForeign).document.notes,
+                ElementsAre(std::string(kReason) + "Ghostscript cannot draw it"));
+}
+
+TEST_F(GhostscriptTest, DrawsInAProgramThatIgnoresTheEndOfItsProcesses)
+{
+    const std::string page = PdfMaker().SetContent("BT /F1 9 Tf (abc) Tj ET").Make();
+    Install("cat '" + mFolder.Write("page.pdf", page) + "' >/proc/self/fd/11\n");
+    const auto before = std::signal(SIGCHLD, SIG_IGN);
+    const OpenResult result = Open(kForeign);
+    (void)std::signal(SIGCHLD, before);
+    EXPECT_EQ("ghostscript", result.document.reader);
+}
+
 TEST_F(GhostscriptTest, IsEndedWithItsChildProcesses)
 {
-    // Either of the two, if it went on, would keep the pipe open whose end the reader waits for.
+    // The reader waits until the pipe closes, which either process would keep open if it continued.
     Install("sleep 1000 &\nsleep 1000\n");
     EXPECT_THAT(Open(kForeign, 0.2).document.notes,
                 ElementsAre(std::string(kReason) + "Ghostscript took longer than 0 s"));

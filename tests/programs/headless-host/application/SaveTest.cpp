@@ -11,6 +11,7 @@
 
 #include "SessionFixture.h"
 #include "documents/OpenDocument.h"
+#include "documents/model/FileKind.h"
 #include "documents/write/WriteFile.h"
 #include "fonts/ActiveFonts.h"
 
@@ -95,6 +96,27 @@ TEST_F(SaveTest, ANewDocumentIsReadBackWithItsFontsAndFiles)
                     ElementsAre(folder + "/a & b.ai", folder + "/c.eps", folder + "/c.eps"));
         ExpectSoundPdf(name);
     }
+}
+
+TEST_F(SaveTest, ANameMayConsistOfTheExtensionAlone)
+{
+    Do("new");
+    Do("text DejaVuSansMono words");
+    for (const std::string name : {".ai", ".AIT", ".pdf"}) {
+        Do("save " + name);
+        EXPECT_EQ(documents::Container::kPDF, documents::GetContainer(ReadBytes(name)));
+        EXPECT_THAT(Read(name).fonts, ElementsAre("DejaVuSansMono"));
+    }
+    Do("new");
+    Do("save .eps");
+    EXPECT_EQ(documents::Container::kPostScript, documents::GetContainer(ReadBytes(".eps")));
+    // The same name as before keeps the format, even if a PDF is called .eps.
+    std::filesystem::copy(folder + "/.pdf", folder + "/.eps",
+                          std::filesystem::copy_options::overwrite_existing);
+    Do("close");
+    Do("open .eps");
+    Do("save");
+    EXPECT_EQ(documents::Container::kPDF, documents::GetContainer(ReadBytes(".eps")));
 }
 
 TEST_F(SaveTest, AMissingFontKeepsItsName)
