@@ -59,7 +59,7 @@ std::string_view GetLocalName(std::string_view name)
     return colon == std::string_view::npos ? name : name.substr(colon + 1);
 }
 
-// The character that "&name;" stands for; none if XML doesn't define it.
+// The character of the entity "&name;"; none if XML doesn't define it.
 std::optional<char32_t> GetEntity(std::string_view name)
 {
     struct Entity {
