@@ -10,16 +10,12 @@ namespace {
 using ATE::ATEErr;
 
 template <class Object>
-const SuiteRow& RowOf()
-{
-    static const SuiteRow& row = *FindSuiteRow(Object::kSuite);
-    return row;
-}
+const SuiteRow& kSuiteOf = *FindSuiteRow(Object::kSuite);
 
 template <class Object>
 ATEErr AddRef(typename Object::Raw* reference)
 {
-    return Answer(RowOf<Object>(), "AddRef", [&](SuiteCall& call) {
+    return Answer(kSuiteOf<Object>, "AddRef", [&](SuiteCall& call) {
         call.Handle("reference", reference);
         return call.host.handles.Retain(reference, Object::kHandleType, call.operation)
                    ? kHostSuccess
@@ -30,7 +26,7 @@ ATEErr AddRef(typename Object::Raw* reference)
 template <class Object>
 ATEErr Release(typename Object::Raw* reference)
 {
-    return Answer(RowOf<Object>(), "Release", [&](SuiteCall& call) {
+    return Answer(kSuiteOf<Object>, "Release", [&](SuiteCall& call) {
         call.Handle("reference", reference);
         return call.host.handles.Release(reference, Object::kHandleType, call.operation)
                    ? kHostSuccess
@@ -43,7 +39,7 @@ ATEErr Release(typename Object::Raw* reference)
 template <class From, class To, class Make>
 ATEErr Derive(const char* operation, typename From::Raw* from, typename To::Raw** out, Make make)
 {
-    return Answer(RowOf<From>(), operation, [&](SuiteCall& call) {
+    return Answer(kSuiteOf<From>, operation, [&](SuiteCall& call) {
         call.Handle("reference", from);
         const From* const object = call.Find<From>(from);
         if (object == nullptr || !call.Require(out, "out")) return kHostBadParameter;
@@ -90,7 +86,7 @@ ATEErr GetInspectedFonts(ATE::_CharInspector* inspector, ATE::_ArrayFontRef** fo
 
 ATEErr GetSize(ATE::_ArrayFontRef* fonts, int* size)
 {
-    return Answer(RowOf<FontArrayRef>(), "GetSize", [&](SuiteCall& call) {
+    return Answer(kSuiteOf<FontArrayRef>, "GetSize", [&](SuiteCall& call) {
         call.Handle("reference", fonts);
         const auto* const object = call.Find<FontArrayRef>(fonts);
         if (object == nullptr || !call.Require(size, "size")) return kHostBadParameter;
@@ -102,7 +98,7 @@ ATEErr GetSize(ATE::_ArrayFontRef* fonts, int* size)
 
 ATEErr GetArrayItem(ATE::_ArrayFontRef* fonts, int index, ATE::_Font** font)
 {
-    return Answer(RowOf<FontArrayRef>(), "Item", [&](SuiteCall& call) {
+    return Answer(kSuiteOf<FontArrayRef>, "Item", [&](SuiteCall& call) {
         call.Handle("reference", fonts);
         call.Arg("index", index);
         const auto* const object = call.Find<FontArrayRef>(fonts);
@@ -122,7 +118,7 @@ bool IsNull(ATE::_Font* font)
 {
     bool isNull = true;
     // An invalid font is reported as null; the register has recorded the violation.
-    (void)Answer(RowOf<FontRef>(), "IsNull", [&](SuiteCall& call) {
+    (void)Answer(kSuiteOf<FontRef>, "IsNull", [&](SuiteCall& call) {
         call.Handle("reference", font);
         const auto* const object = call.Find<FontRef>(font);
         if (object == nullptr) return kHostBadParameter;
@@ -160,7 +156,7 @@ ATEErr GetUniqueCharFeatures(ATE::_TextRange* range, ATE::_CharFeatures** featur
 
 ATEErr GetFeatureFont(ATE::_CharFeatures* features, bool* isAssigned, ATE::_Font** font)
 {
-    return Answer(RowOf<CharFeaturesRef>(), "GetFont", [&](SuiteCall& call) {
+    return Answer(kSuiteOf<CharFeaturesRef>, "GetFont", [&](SuiteCall& call) {
         call.Handle("reference", features);
         const auto* const object = call.Find<CharFeaturesRef>(features);
         if (object == nullptr || !call.Require(font, "font")) return kHostBadParameter;
@@ -173,7 +169,7 @@ ATEErr GetFeatureFont(ATE::_CharFeatures* features, bool* isAssigned, ATE::_Font
 
 ATEErr IsNotDone(ATE::_TextRunsIterator* iterator, bool* isNotDone)
 {
-    return Answer(RowOf<TextRunsIteratorRef>(), "IsNotDone", [&](SuiteCall& call) {
+    return Answer(kSuiteOf<TextRunsIteratorRef>, "IsNotDone", [&](SuiteCall& call) {
         call.Handle("reference", iterator);
         const auto* const object = call.Find<TextRunsIteratorRef>(iterator);
         if (object == nullptr || !call.Require(isNotDone, "isNotDone")) return kHostBadParameter;
@@ -185,7 +181,7 @@ ATEErr IsNotDone(ATE::_TextRunsIterator* iterator, bool* isNotDone)
 
 ATEErr Next(ATE::_TextRunsIterator* iterator)
 {
-    return Answer(RowOf<TextRunsIteratorRef>(), "Next", [&](SuiteCall& call) {
+    return Answer(kSuiteOf<TextRunsIteratorRef>, "Next", [&](SuiteCall& call) {
         call.Handle("reference", iterator);
         auto* const object = call.Find<TextRunsIteratorRef>(iterator);
         if (object == nullptr) return kHostBadParameter;
@@ -197,7 +193,7 @@ ATEErr Next(ATE::_TextRunsIterator* iterator)
 
 ATEErr GetIteratorItem(ATE::_TextRunsIterator* iterator, ATE::_TextRange** run)
 {
-    return Answer(RowOf<TextRunsIteratorRef>(), "Item", [&](SuiteCall& call) {
+    return Answer(kSuiteOf<TextRunsIteratorRef>, "Item", [&](SuiteCall& call) {
         call.Handle("reference", iterator);
         const auto* const object = call.Find<TextRunsIteratorRef>(iterator);
         if (object == nullptr || !call.Require(run, "run")) return kHostBadParameter;
