@@ -9,6 +9,7 @@
 #include "FileFormatHook.h"
 #include "HandlerTrace.h"
 #include "PCILoader.h"
+#include "SuppressionPeriod.h"
 
 namespace {
 

@@ -11,6 +11,7 @@
 #include "HostSuites.h"
 #include "PCILoader.h"
 #include "PluginGlobals.h"
+#include "SuppressionPeriod.h"
 
 namespace {
 

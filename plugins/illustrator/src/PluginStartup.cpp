@@ -8,6 +8,8 @@
 #include "FileFormatHook.h"
 #include "HandlerTrace.h"
 #include "HostSuites.h"
+#include "LibraryMenu.h"
+#include "MenuConstruction.h"
 #include "PCILoader.h"
 #include "TimerHandler.h"
 

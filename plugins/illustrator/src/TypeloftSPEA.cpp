@@ -6,6 +6,7 @@
 #include "FileFormatHook.h"
 #include "HandlerTrace.h"
 #include "HostSuites.h"
+#include "MenuSelection.h"
 #include "PCILoader.h"
 #include "PluginInfo.h"
 #include "PluginStartup.h"

@@ -2,6 +2,7 @@
 
 #include <chrono>
 
+#include "HostPlatform_Linux.h"
 #include "application/HostPlatformTable.h"
 #include "application/MissingFontsDialog.h"
 #include "base/Files.h"

@@ -1,5 +1,6 @@
 #include "application/HostPlatformTable.h"
 
+#include "HostPlatform_Linux.h"
 #include "application/MissingFontsDialog.h"
 #include "model/Host.h"
 

@@ -5,6 +5,7 @@
 #include "application/ExitStatus.h"
 #include "application/MissingFontsDialog.h"
 #include "session/ActionTable.h"
+#include "session/ExpectAction.h"
 
 namespace headless {
 

@@ -4,6 +4,7 @@
 
 #include "console/Console.h"
 #include "session/Actions.h"
+#include "session/ExpectAction.h"
 
 namespace headless {
 

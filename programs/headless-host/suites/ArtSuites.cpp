@@ -2,6 +2,7 @@
 
 #include "ArtTypes.h"
 #include "suites/SuiteCall.h"
+#include "suites/SuiteTable.h"
 #include "suites/SuiteTables.h"
 #include "suites/TextObjects.h"
 

@@ -1,5 +1,6 @@
 #include "AIFilePath.h"
 #include "suites/SuiteCall.h"
+#include "suites/SuiteTable.h"
 #include "suites/SuiteTables.h"
 
 // The suites for the current document and for file paths.

@@ -2,6 +2,7 @@
 #include <cstring>
 
 #include "suites/SuiteCall.h"
+#include "suites/SuiteTable.h"
 #include "suites/SuiteTables.h"
 #include "suites/TextObjects.h"
 

@@ -1,6 +1,7 @@
 #include <cstring>
 
 #include "suites/SuiteCall.h"
+#include "suites/SuiteTable.h"
 #include "suites/SuiteTables.h"
 
 // The suites for blocks, memory handles and strings.

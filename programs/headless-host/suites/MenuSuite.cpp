@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "suites/SuiteCall.h"
+#include "suites/SuiteTable.h"
 #include "suites/SuiteTables.h"
 
 namespace headless {

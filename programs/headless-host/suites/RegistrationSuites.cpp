@@ -1,4 +1,5 @@
 #include "suites/SuiteCall.h"
+#include "suites/SuiteTable.h"
 #include "suites/SuiteTables.h"
 
 // The suites with which a plug-in registers for messages: notifiers, file formats, timers.

@@ -1,4 +1,5 @@
 #include "suites/SuiteCall.h"
+#include "suites/SuiteTable.h"
 #include "suites/SuiteTables.h"
 #include "suites/TextObjects.h"
 

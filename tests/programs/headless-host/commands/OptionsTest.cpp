@@ -11,6 +11,7 @@
 #include "console/BashCompletion.h"
 #include "console/CommandPages.h"
 #include "session/ActionTable.h"
+#include "session/ExpectAction.h"
 
 using namespace headless;
 using console::ParseOutcome;

@@ -1,5 +1,6 @@
 #include "SessionFixture.h"
 #include "session/ActionTable.h"
+#include "session/ExpectAction.h"
 #include "session/SessionWords.h"
 
 using headless::LineOutcome;
