@@ -32,7 +32,7 @@ DraftFile::DraftFile(std::string pattern)
 
 DraftFile::~DraftFile()
 {
-    if (!mPath.empty()) (void)unlink(mPath.c_str());  // a destructor has nobody to report to
+    if (!mPath.empty()) (void)unlink(mPath.c_str());  // a destructor cannot report an error
 }
 
 std::error_code DraftFile::Write(std::string_view bytes, std::optional<mode_t> mode)

@@ -11,7 +11,7 @@
 namespace base {
 
 // Writes all of `bytes`. Returns the error of write(2); some of the bytes may be written then.
-// Raises SIGPIPE if `descriptor` is a pipe or socket that nobody reads: use SendAll for sockets.
+// Raises SIGPIPE if `descriptor` is a pipe or socket without a reader: use SendAll for sockets.
 std::error_code WriteAll(int descriptor, std::string_view bytes);
 
 // Sends all of `bytes` to a socket. Returns the error of send(2), which is EPIPE without a signal

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
+
+#include "base/ProgramStatus.h"
 
 namespace CLI {
 class App;
@@ -35,6 +38,20 @@ struct HelpSection {
 
 // The section as plain text in two columns, for CLI::App::footer.
 std::string FormatSection(const HelpSection& section);
+
+// Describes the exit statuses of a program as a section.
+//
+// text   the paragraph above the rows; may be empty
+template <std::size_t count>
+HelpSection DescribeExitStatuses(const base::ProgramStatusRow (&statuses)[count],
+                                 const std::string& text)
+{
+    HelpSection section{"Exit status", text, {}};
+    for (const base::ProgramStatusRow& row : statuses) {
+        section.rows.push_back({std::to_string(row.status), row.meaning});
+    }
+    return section;
+}
 
 // Makes the help of `app`, and of subcommands that are added later, leave out aliases: they are
 // there for scripts that use the former name.

@@ -41,62 +41,42 @@ AIErr ReleaseOf(const char* kind, void* reference)
     return kHostSuccess;
 }
 
-// One kind per suite; the log shows its name.
-struct TextFrameKind {
-    static constexpr const char* name = "TextFrame";
-};
-struct StoryKind {
-    static constexpr const char* name = "Story";
-};
-struct StoriesKind {
-    static constexpr const char* name = "Stories";
-};
-struct TextRangeKind {
-    static constexpr const char* name = "TextRange";
-};
-struct TextRangesKind {
-    static constexpr const char* name = "TextRanges";
-};
-struct TextRunsIteratorKind {
-    static constexpr const char* name = "TextRunsIterator";
-};
-struct CharFeaturesKind {
-    static constexpr const char* name = "CharFeatures";
-};
-struct CharInspectorKind {
-    static constexpr const char* name = "CharInspector";
-};
-struct ArrayFontRefKind {
-    static constexpr const char* name = "ArrayFontRef";
-};
-struct FontKind {
-    static constexpr const char* name = "Font";
-};
+// The kinds of references: the name of the suite, which the log shows.
+constexpr char kTextFrame[] = "TextFrame";
+constexpr char kStory[] = "Story";
+constexpr char kStories[] = "Stories";
+constexpr char kTextRange[] = "TextRange";
+constexpr char kTextRanges[] = "TextRanges";
+constexpr char kTextRunsIterator[] = "TextRunsIterator";
+constexpr char kCharFeatures[] = "CharFeatures";
+constexpr char kCharInspector[] = "CharInspector";
+constexpr char kArrayFontRef[] = "ArrayFontRef";
+constexpr char kFont[] = "Font";
 
-template <class Kind, class Reference>
+template <const char* kind, class Reference>
 AIErr AddRef(Reference* reference)
 {
-    return AddRefTo(Kind::name, reference);
+    return AddRefTo(kind, reference);
 }
 
-template <class Kind, class Reference>
+template <const char* kind, class Reference>
 AIErr Release(Reference* reference)
 {
-    return ReleaseOf(Kind::name, reference);
+    return ReleaseOf(kind, reference);
 }
 
 // Returns a new reference, created from the record of `from`.
-template <class From, class To, class Source, class Result>
+template <const char* from, const char* to, class Source, class Result>
 AIErr Derive(const char* member, Source* source, Result** result,
              std::vector<std::string> (*fonts)(ScriptedReference&),
              const std::string& arguments = "")
 {
-    const std::string operation = "ATE " + std::string(From::name) + "." + member;
+    const std::string operation = "ATE " + std::string(from) + "." + member;
     if (const AIErr code = Host().Record(operation, arguments)) return code;
-    ScriptedReference* const found = Find(From::name, source);
+    ScriptedReference* const found = Find(from, source);
     if (found == nullptr) return kHostBadParameter;
     if (Host().GivesNull(operation)) return kHostSuccess;
-    *result = NewReference<Result>(To::name, fonts(*found));
+    *result = NewReference<Result>(to, fonts(*found));
     return kHostSuccess;
 }
 
@@ -120,28 +100,27 @@ std::vector<std::string> FirstFont(ScriptedReference& from)
 
 ATE::ATEErr GetStory(ATE::_TextFrame* frame, ATE::_Story** story)
 {
-    return Derive<TextFrameKind, StoryKind>("GetStory", frame, story, SameFonts);
+    return Derive<kTextFrame, kStory>("GetStory", frame, story, SameFonts);
 }
 
 ATE::ATEErr GetStories(ATE::_Story* story, ATE::_Stories** stories)
 {
-    return Derive<StoryKind, StoriesKind>("GetStories", story, stories, StoryFonts);
+    return Derive<kStory, kStories>("GetStories", story, stories, StoryFonts);
 }
 
 ATE::ATEErr GetTextRanges(ATE::_Stories* stories, ATE::_TextRanges** ranges)
 {
-    return Derive<StoriesKind, TextRangesKind>("GetTextRanges", stories, ranges, SameFonts);
+    return Derive<kStories, kTextRanges>("GetTextRanges", stories, ranges, SameFonts);
 }
 
 ATE::ATEErr GetCharInspector(ATE::_TextRanges* ranges, ATE::_CharInspector** inspector)
 {
-    return Derive<TextRangesKind, CharInspectorKind>("GetCharInspector", ranges, inspector,
-                                                     SameFonts);
+    return Derive<kTextRanges, kCharInspector>("GetCharInspector", ranges, inspector, SameFonts);
 }
 
 ATE::ATEErr InspectorFonts(ATE::_CharInspector* inspector, ATE::_ArrayFontRef** fonts)
 {
-    return Derive<CharInspectorKind, ArrayFontRefKind>("GetFont", inspector, fonts, SameFonts);
+    return Derive<kCharInspector, kArrayFontRef>("GetFont", inspector, fonts, SameFonts);
 }
 
 ATE::ATEErr GetSize(ATE::_ArrayFontRef* fonts, int* size)
@@ -158,8 +137,7 @@ ATE::ATEErr FontItem(ATE::_ArrayFontRef* fonts, int index, ATE::_Font** font)
     if (ScriptedReference* const found = Find("ArrayFontRef", fonts)) {
         found->position = static_cast<std::size_t>(index);
     }
-    return Derive<ArrayFontRefKind, FontKind>("Item", fonts, font, FontAtPosition,
-                                              std::to_string(index));
+    return Derive<kArrayFontRef, kFont>("Item", fonts, font, FontAtPosition, std::to_string(index));
 }
 
 bool IsNull(ATE::_Font* font)
@@ -171,21 +149,19 @@ bool IsNull(ATE::_Font* font)
 
 ATE::ATEErr GetTextRunsIterator(ATE::_TextRange* range, ATE::_TextRunsIterator** iterator)
 {
-    return Derive<TextRangeKind, TextRunsIteratorKind>("GetTextRunsIterator", range, iterator,
-                                                       SameFonts);
+    return Derive<kTextRange, kTextRunsIterator>("GetTextRunsIterator", range, iterator, SameFonts);
 }
 
 ATE::ATEErr GetUniqueCharFeatures(ATE::_TextRange* range, ATE::_CharFeatures** features)
 {
-    return Derive<TextRangeKind, CharFeaturesKind>("GetUniqueCharFeatures", range, features,
-                                                   SameFonts);
+    return Derive<kTextRange, kCharFeatures>("GetUniqueCharFeatures", range, features, SameFonts);
 }
 
 ATE::ATEErr FeaturesFont(ATE::_CharFeatures* features, bool* isAssigned, ATE::_Font** font)
 {
     const std::string arguments = isAssigned == nullptr ? "null" : *isAssigned ? "true" : "false";
     if (isAssigned != nullptr) *isAssigned = true;
-    return Derive<CharFeaturesKind, FontKind>("GetFont", features, font, FirstFont, arguments);
+    return Derive<kCharFeatures, kFont>("GetFont", features, font, FirstFont, arguments);
 }
 
 ATE::ATEErr IsNotDone(ATE::_TextRunsIterator* iterator, bool* isNotDone)
@@ -208,7 +184,7 @@ ATE::ATEErr Next(ATE::_TextRunsIterator* iterator)
 
 ATE::ATEErr RunItem(ATE::_TextRunsIterator* iterator, ATE::_TextRange** run)
 {
-    return Derive<TextRunsIteratorKind, TextRangeKind>("Item", iterator, run, FontAtPosition);
+    return Derive<kTextRunsIterator, kTextRange>("Item", iterator, run, FontAtPosition);
 }
 
 AIErr GetDefaultFontForScript(AIFaceScript script, AIFontKey* key)
@@ -289,23 +265,22 @@ AIFontSuite* FontSuiteOfHost()
 
 void* TextEngineSuite(const std::string& ownName)
 {
-    static ATE::TextFrameSuite textFrame = {AddRef<TextFrameKind>, Release<TextFrameKind>,
-                                            GetStory};
-    static ATE::StorySuite story = {AddRef<StoryKind>, Release<StoryKind>, GetStories};
-    static ATE::StoriesSuite stories = {AddRef<StoriesKind>, Release<StoriesKind>, GetTextRanges};
-    static ATE::TextRangesSuite ranges = {AddRef<TextRangesKind>, Release<TextRangesKind>,
+    static ATE::TextFrameSuite textFrame = {AddRef<kTextFrame>, Release<kTextFrame>, GetStory};
+    static ATE::StorySuite story = {AddRef<kStory>, Release<kStory>, GetStories};
+    static ATE::StoriesSuite stories = {AddRef<kStories>, Release<kStories>, GetTextRanges};
+    static ATE::TextRangesSuite ranges = {AddRef<kTextRanges>, Release<kTextRanges>,
                                           GetCharInspector};
-    static ATE::CharInspectorSuite inspector = {AddRef<CharInspectorKind>,
-                                                Release<CharInspectorKind>, InspectorFonts};
-    static ATE::ArrayFontRefSuite fonts = {AddRef<ArrayFontRefKind>, Release<ArrayFontRefKind>,
-                                           GetSize, FontItem};
-    static ATE::FontSuite font = {AddRef<FontKind>, Release<FontKind>, IsNull};
-    static ATE::TextRangeSuite range = {AddRef<TextRangeKind>, Release<TextRangeKind>,
+    static ATE::CharInspectorSuite inspector = {AddRef<kCharInspector>, Release<kCharInspector>,
+                                                InspectorFonts};
+    static ATE::ArrayFontRefSuite fonts = {AddRef<kArrayFontRef>, Release<kArrayFontRef>, GetSize,
+                                           FontItem};
+    static ATE::FontSuite font = {AddRef<kFont>, Release<kFont>, IsNull};
+    static ATE::TextRangeSuite range = {AddRef<kTextRange>, Release<kTextRange>,
                                         GetTextRunsIterator, GetUniqueCharFeatures};
-    static ATE::CharFeaturesSuite features = {AddRef<CharFeaturesKind>, Release<CharFeaturesKind>,
+    static ATE::CharFeaturesSuite features = {AddRef<kCharFeatures>, Release<kCharFeatures>,
                                               FeaturesFont};
     static ATE::TextRunsIteratorSuite iterator = {
-        AddRef<TextRunsIteratorKind>, Release<TextRunsIteratorKind>, IsNotDone, Next, RunItem};
+        AddRef<kTextRunsIterator>, Release<kTextRunsIterator>, IsNotDone, Next, RunItem};
     static const std::map<std::string, void*> suites = {{"TextFrame", &textFrame},
                                                         {"Story", &story},
                                                         {"Stories", &stories},

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
+#include "application/ReportJson.h"
 #include "base/JsonText.h"
 #include "base/Plural.h"
 #include "console/Console.h"
@@ -64,13 +65,7 @@ const char* GetDialogName(DialogOutcome outcome)
 
 std::string WriteReportAsJson(const OpenReport& report)
 {
-    nlohmann::ordered_json line;
-    line["path"] = report.path;
-    line["status"] = report.opened ? "opened" : "failed";
-    line["error"] = report.error;
-    line["kind"] = report.kind;
-    line["reader"] = report.reader;
-    line["note"] = report.note;
+    nlohmann::ordered_json line = BeginJsonReport(report, report.opened ? "opened" : "failed");
     line["frames"] = report.frames;
     line["runs"] = report.runs;
     line["documentFonts"] = nlohmann::ordered_json::array();

@@ -36,6 +36,14 @@ void AddFiles(CLI::App& command, Options& options)
     command.add_option("FILE", options.files, "The documents")->required()->option_text("...");
 }
 
+// Adds an option that has an argument and writes it to `value`.
+template <class Value>
+CLI::Option& AddOption(CLI::App& command, const char* name, const char* argument, Value& value,
+                       const char* help)
+{
+    return *command.add_option(name, value, help)->option_text(argument);
+}
+
 void AddHostOptions(CLI::App& command, Options& options)
 {
     std::vector<std::string> languages;
@@ -43,47 +51,31 @@ void AddHostOptions(CLI::App& command, Options& options)
     const CLI::Range seconds(0.0, kLongestSeconds);
 
     command.add_flag("--json", options.json, kJsonHelp);
-    command
-        .add_option("--home", options.home,
-                    "Use DIR as home folder, with the settings, caches and active fonts in it")
-        ->option_text("DIR");
-    command
-        .add_option("--library", options.libraries,
-                    "Look for fonts in DIR; may be given several times")
-        ->option_text("DIR")
-        ->expected(1)
+    AddOption(command, "--home", "DIR", options.home,
+              "Use DIR as home folder, with the settings, caches and active fonts in it");
+    AddOption(command, "--library", "DIR", options.libraries,
+              "Look for fonts in DIR; may be given several times")
+        .expected(1)
         ->take_all()
         ->allow_extra_args(false);
-    command
-        .add_option("--plugin", options.plugin,
-                    "Load this plug-in: a folder X.aip, or the module itself")
-        ->option_text("PATH");
-    command
-        .add_option("--frameworks", options.frameworks,
-                    "Load the host's private frameworks, PlugPlugOwl.framework and others, from "
-                    "DIR (default: Frameworks beside the program's folder)")
-        ->option_text("DIR");
-    command
-        .add_option("--language", options.language,
-                    "Language of the host's dialogs: en, es, fr, it, de or ja (default: en)")
-        ->option_text("TAG")
-        ->check(CLI::IsMember(languages));
-    command
-        .add_option("--journal", options.journal,
-                    "Write every message and call to FILE, one JSON object per line")
-        ->option_text("FILE");
-    command.add_option("--log", options.log, "Append messages to FILE (time, name, level, text)")
-        ->option_text("FILE");
-    command
-        .add_option("--exec", options.command,
-                    "Run COMMAND in the shell while each document is open; the environment "
-                    "variable DOCUMENT is its path")
-        ->option_text("COMMAND");
-    command
-        .add_option("--keep-open", options.keepOpen,
-                    "Keep documents open for SECONDS before closing them")
-        ->option_text("SECONDS")
-        ->check(seconds);
+    AddOption(command, "--plugin", "PATH", options.plugin,
+              "Load this plug-in: a folder X.aip, or the module itself");
+    AddOption(command, "--frameworks", "DIR", options.frameworks,
+              "Load the host's private frameworks, PlugPlugOwl.framework and others, from DIR "
+              "(default: Frameworks beside the program's folder)");
+    AddOption(command, "--language", "TAG", options.language,
+              "Language of the host's dialogs: en, es, fr, it, de or ja (default: en)")
+        .check(CLI::IsMember(languages));
+    AddOption(command, "--journal", "FILE", options.journal,
+              "Write every message and call to FILE, one JSON object per line");
+    AddOption(command, "--log", "FILE", options.log,
+              "Append messages to FILE (time, name, level, text)");
+    AddOption(command, "--exec", "COMMAND", options.command,
+              "Run COMMAND in the shell while each document is open; the environment variable "
+              "DOCUMENT is its path");
+    AddOption(command, "--keep-open", "SECONDS", options.keepOpen,
+              "Keep documents open for SECONDS before closing them")
+        .check(seconds);
     // The former name, for existing scripts.
     command.add_option("--hold", options.keepOpen)->check(seconds)->group("");
     command.add_flag("--interactive", options.interactive,
@@ -97,19 +89,15 @@ void AddFontsOptions(CLI::App& command, Options& options)
         ->excludes(json);
     command.add_flag("--recursive", options.recursive,
                      "Read the documents in folders and in their subfolders");
-    command
-        .add_option("--timeout", options.timeout, "Give up on a file after SECONDS (default: 30)")
-        ->option_text("SECONDS")
-        ->check(CLI::Range(0.0, kLongestSeconds));
+    AddOption(command, "--timeout", "SECONDS", options.timeout,
+              "Give up on a file after SECONDS (default: 30)")
+        .check(CLI::Range(0.0, kLongestSeconds));
 }
 
 console::HelpSection GetExitStatusSection()
 {
-    console::HelpSection section{"Exit status", "If several apply, the greatest is returned.", {}};
-    for (const base::ProgramStatusRow& row : kExitStatuses) {
-        section.rows.push_back({std::to_string(row.status), row.meaning});
-    }
-    return section;
+    return console::DescribeExitStatuses(kExitStatuses,
+                                         "If several apply, the greatest is returned.");
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "application/ReportJson.h"
 #include "base/JsonText.h"
 #include "base/Plural.h"
 #include "console/Console.h"
@@ -30,13 +31,7 @@ FontsReport MakeFontsReport(const std::string& path, const documents::OpenResult
 
 std::string WriteFontsReportAsJson(const FontsReport& report)
 {
-    nlohmann::ordered_json line;
-    line["path"] = report.path;
-    line["status"] = report.isRead ? "read" : "failed";
-    line["error"] = report.error;
-    line["kind"] = report.kind;
-    line["reader"] = report.reader;
-    line["note"] = report.note;
+    nlohmann::ordered_json line = BeginJsonReport(report, report.isRead ? "read" : "failed");
     line["creator"] = report.creator;
     line["template"] = report.isTemplate;
     line["frames"] = report.frames;

@@ -11,29 +11,10 @@ namespace headless {
 
 namespace {
 
-const SuiteRow& MatchingRow()
-{
-    static const SuiteRow& row = *FindSuiteRow("AI Matching Art Suite");
-    return row;
-}
-
-const SuiteRow& SetRow()
-{
-    static const SuiteRow& row = *FindSuiteRow("AI Art Set Suite");
-    return row;
-}
-
-const SuiteRow& PlacedRow()
-{
-    static const SuiteRow& row = *FindSuiteRow("AI Placed Suite");
-    return row;
-}
-
-const SuiteRow& FrameRow()
-{
-    static const SuiteRow& row = *FindSuiteRow("AI Text Frame Suite");
-    return row;
-}
+const SuiteRow& kMatchingArtSuite = *FindSuiteRow("AI Matching Art Suite");
+const SuiteRow& kArtSetSuite = *FindSuiteRow("AI Art Set Suite");
+const SuiteRow& kPlacedSuite = *FindSuiteRow("AI Placed Suite");
+const SuiteRow& kTextFrameSuite = *FindSuiteRow("AI Text Frame Suite");
 
 // The host's art has no attributes, so a spec matches only if it requires none of them.
 template <class Spec>
@@ -60,7 +41,7 @@ std::vector<void*> MatchArt(const Host& host, const Spec* specs, int count)
 AIErr GetMatchingArt(AIMatchingArtSpec* specs, int16_t numSpecs, AIArtHandle*** matches,
                      int32_t* numMatches)
 {
-    return Answer(MatchingRow(), "GetMatchingArt", [&](SuiteCall& call) {
+    return Answer(kMatchingArtSuite, "GetMatchingArt", [&](SuiteCall& call) {
         call.Arg("numSpecs", numSpecs);
         if (!call.Require(specs, "specs") || !call.Require(matches, "matches") ||
             !call.Require(numMatches, "numMatches") || call.host.GetCurrentDocument() == nullptr) {
@@ -87,7 +68,7 @@ AIErr GetMatchingArt(AIMatchingArtSpec* specs, int16_t numSpecs, AIArtHandle*** 
 
 AIErr NewArtSet(AIArtSet* set)
 {
-    return Answer(SetRow(), "NewArtSet", [&](SuiteCall& call) {
+    return Answer(kArtSetSuite, "NewArtSet", [&](SuiteCall& call) {
         if (!call.Require(set, "set")) return kHostBadParameter;
         *set = static_cast<AIArtSet>(call.host.handles.Issue(std::make_shared<ArtSetObject>()));
         call.OutHandle("set", *set);
@@ -97,7 +78,7 @@ AIErr NewArtSet(AIArtSet* set)
 
 AIErr DisposeArtSet(AIArtSet* set)
 {
-    return Answer(SetRow(), "DisposeArtSet", [&](SuiteCall& call) {
+    return Answer(kArtSetSuite, "DisposeArtSet", [&](SuiteCall& call) {
         if (!call.Require(set, "set")) return kHostBadParameter;
         call.Handle("set", *set);
         if (!call.host.handles.Release(*set, HandleType::kArtSet, call.operation)) {
@@ -110,7 +91,7 @@ AIErr DisposeArtSet(AIArtSet* set)
 
 AIErr CountArtSet(AIArtSet set, int* count)
 {
-    return Answer(SetRow(), "CountArtSet", [&](SuiteCall& call) {
+    return Answer(kArtSetSuite, "CountArtSet", [&](SuiteCall& call) {
         call.Handle("set", set);
         const auto* const object = call.Find<ArtSetObject>(set);
         if (object == nullptr || !call.Require(count, "count")) return kHostBadParameter;
@@ -122,7 +103,7 @@ AIErr CountArtSet(AIArtSet set, int* count)
 
 AIErr IndexArtSet(AIArtSet set, int index, AIArtHandle* art)
 {
-    return Answer(SetRow(), "IndexArtSet", [&](SuiteCall& call) {
+    return Answer(kArtSetSuite, "IndexArtSet", [&](SuiteCall& call) {
         call.Handle("set", set);
         call.Arg("index", index);
         const auto* const object = call.Find<ArtSetObject>(set);
@@ -138,7 +119,7 @@ AIErr IndexArtSet(AIArtSet set, int index, AIArtHandle* art)
 
 AIErr MatchingArtSet(AIArtSpec* specs, short numSpecs, AIArtSet set)
 {
-    return Answer(SetRow(), "MatchingArtSet", [&](SuiteCall& call) {
+    return Answer(kArtSetSuite, "MatchingArtSet", [&](SuiteCall& call) {
         call.Handle("set", set);
         call.Arg("numSpecs", numSpecs);
         auto* const object = call.Find<ArtSetObject>(set);
@@ -166,7 +147,7 @@ const ArtItem* FindArt(SuiteCall& call, AIArtHandle handle, int16_t type)
 
 AIErr GetPlacedFilePathFromArt(AIArtHandle handle, ai::UnicodeString& path)
 {
-    return Answer(PlacedRow(), "GetPlacedFilePathFromArt", [&](SuiteCall& call) {
+    return Answer(kPlacedSuite, "GetPlacedFilePathFromArt", [&](SuiteCall& call) {
         const ArtItem* const art = FindArt(call, handle, kPlacedArt);
         if (art == nullptr) return kHostBadParameter;
         const std::string& text = art->document->content.linkedFiles[art->index];
@@ -178,7 +159,7 @@ AIErr GetPlacedFilePathFromArt(AIArtHandle handle, ai::UnicodeString& path)
 
 AIErr GetATETextRange(AIArtHandle handle, ATE::_TextRange** range)
 {
-    return Answer(FrameRow(), "GetATETextRange", [&](SuiteCall& call) {
+    return Answer(kTextFrameSuite, "GetATETextRange", [&](SuiteCall& call) {
         const ArtItem* const art = FindArt(call, handle, kTextFrameArt);
         if (art == nullptr || !call.Require(range, "range")) return kHostBadParameter;
         const size_t runs = art->document->content.frames[art->index].runs.size();
@@ -190,7 +171,7 @@ AIErr GetATETextRange(AIArtHandle handle, ATE::_TextRange** range)
 
 AIErr GetATETextFrame(AIArtHandle handle, ATE::_TextFrame** frame)
 {
-    return Answer(FrameRow(), "GetATETextFrame", [&](SuiteCall& call) {
+    return Answer(kTextFrameSuite, "GetATETextFrame", [&](SuiteCall& call) {
         const ArtItem* const art = FindArt(call, handle, kTextFrameArt);
         if (art == nullptr || !call.Require(frame, "frame")) return kHostBadParameter;
         *frame = IssueText(call.host.handles, TextFrameRef{{art->document}, art->index});

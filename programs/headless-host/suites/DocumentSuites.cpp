@@ -8,21 +8,12 @@ namespace headless {
 
 namespace {
 
-const SuiteRow& DocumentRow()
-{
-    static const SuiteRow& row = *FindSuiteRow("AI Document Suite");
-    return row;
-}
-
-const SuiteRow& FilePathRow()
-{
-    static const SuiteRow& row = *FindSuiteRow("AI File Path Suite");
-    return row;
-}
+const SuiteRow& kDocumentSuite = *FindSuiteRow("AI Document Suite");
+const SuiteRow& kFilePathSuite = *FindSuiteRow("AI File Path Suite");
 
 AIErr GetDocumentFileSpecification(ai::FilePath& file)
 {
-    return Answer(DocumentRow(), "GetDocumentFileSpecification", [&](SuiteCall& call) {
+    return Answer(kDocumentSuite, "GetDocumentFileSpecification", [&](SuiteCall& call) {
         const DocumentObject* const document = call.host.GetCurrentDocument();
         if (document == nullptr) return kHostBadParameter;
         if (GetHandle(file) != nullptr) {
@@ -38,7 +29,7 @@ AIErr GetDocumentFileSpecification(ai::FilePath& file)
 
 AIErr GetDocumentModified(bool* modified)
 {
-    return Answer(DocumentRow(), "GetDocumentModified", [&](SuiteCall& call) {
+    return Answer(kDocumentSuite, "GetDocumentModified", [&](SuiteCall& call) {
         const DocumentObject* const document = call.host.GetCurrentDocument();
         if (!call.Require(modified, "modified") || document == nullptr) return kHostBadParameter;
         *modified = document->isModified;
@@ -49,7 +40,7 @@ AIErr GetDocumentModified(bool* modified)
 
 AIErr GetDocument(_t_AIDocument** document)
 {
-    return Answer(DocumentRow(), "GetDocument", [&](SuiteCall& call) {
+    return Answer(kDocumentSuite, "GetDocument", [&](SuiteCall& call) {
         const DocumentObject* const current = call.host.GetCurrentDocument();
         if (!call.Require(document, "document") || current == nullptr) return kHostBadParameter;
         *document = static_cast<_t_AIDocument*>(current->handle);
@@ -60,7 +51,7 @@ AIErr GetDocument(_t_AIDocument** document)
 
 AIErr DisposeFilePath(ai::FilePath* path)
 {
-    return Answer(FilePathRow(), "DisposeFilePath", [&](SuiteCall& call) {
+    return Answer(kFilePathSuite, "DisposeFilePath", [&](SuiteCall& call) {
         if (!call.Require(path, "path")) return kHostBadParameter;
         call.Handle("path", GetHandle(*path));
         if (!call.host.handles.Release(GetHandle(*path), HandleType::kPath, call.operation)) {
@@ -74,7 +65,7 @@ AIErr DisposeFilePath(ai::FilePath* path)
 AIErr GivePathText(const char* operation, const ai::FilePath& path, bool displayForm,
                    ai::UnicodeString& text, bool nameOnly)
 {
-    return Answer(FilePathRow(), operation, [&](SuiteCall& call) {
+    return Answer(kFilePathSuite, operation, [&](SuiteCall& call) {
         call.Handle("path", GetHandle(path));
         call.Arg("displayForm", displayForm);
         const auto* const found = call.Find<PathObject>(GetHandle(path));

@@ -10,15 +10,11 @@ namespace headless {
 
 namespace {
 
-const SuiteRow& FontRow()
-{
-    static const SuiteRow& row = *FindSuiteRow("AI Font Suite");
-    return row;
-}
+const SuiteRow& kFontSuite = *FindSuiteRow("AI Font Suite");
 
 AIErr GetDefaultFontForScript(AIFaceScript script, AIFontKey* key)
 {
-    return Answer(FontRow(), "GetDefaultFontForScript", [&](SuiteCall& call) {
+    return Answer(kFontSuite, "GetDefaultFontForScript", [&](SuiteCall& call) {
         call.Arg("script", script);
         if (!call.Require(key, "key")) return kHostBadParameter;
         const std::string& name = call.host.fonts.GetDefaultName(script);
@@ -31,7 +27,7 @@ AIErr GetDefaultFontForScript(AIFaceScript script, AIFontKey* key)
 
 AIErr GetPostScriptFontName(AIFontKey key, char* buffer, short bufferSize)
 {
-    return Answer(FontRow(), "GetPostScriptFontName", [&](SuiteCall& call) {
+    return Answer(kFontSuite, "GetPostScriptFontName", [&](SuiteCall& call) {
         call.Handle("key", key);
         call.Arg("bufferSize", bufferSize);
         const auto* const font = call.Find<FontKeyObject>(key);
@@ -48,7 +44,7 @@ AIErr GetPostScriptFontName(AIFontKey key, char* buffer, short bufferSize)
 
 AIErr FontKeyFromFontRef(ATE::_Font* font, AIFontKey* key)
 {
-    return Answer(FontRow(), "FontKeyFromFontRef", [&](SuiteCall& call) {
+    return Answer(kFontSuite, "FontKeyFromFontRef", [&](SuiteCall& call) {
         call.Handle("font", font);
         const auto* const object = call.Find<FontRef>(font);
         if (object == nullptr || !call.Require(key, "key")) return kHostBadParameter;

@@ -9,27 +9,13 @@ namespace headless {
 
 namespace {
 
-const SuiteRow& BlocksRow()
-{
-    static const SuiteRow& row = *FindSuiteRow("SP Blocks Suite");
-    return row;
-}
-
-const SuiteRow& MdMemoryRow()
-{
-    static const SuiteRow& row = *FindSuiteRow("AI MdMemory Suite");
-    return row;
-}
-
-const SuiteRow& StringRow()
-{
-    static const SuiteRow& row = *FindSuiteRow("AI Unicode String Suite");
-    return row;
-}
+const SuiteRow& kBlocksSuite = *FindSuiteRow("SP Blocks Suite");
+const SuiteRow& kMdMemorySuite = *FindSuiteRow("AI MdMemory Suite");
+const SuiteRow& kUnicodeStringSuite = *FindSuiteRow("AI Unicode String Suite");
 
 AIErr AllocateBlock(size_t size, const char* debugName, void** block)
 {
-    return Answer(BlocksRow(), "AllocateBlock", [&](SuiteCall& call) {
+    return Answer(kBlocksSuite, "AllocateBlock", [&](SuiteCall& call) {
         call.Arg("size", size);
         call.Arg("debugName", std::string(debugName == nullptr ? "(null)" : debugName));
         if (!call.Require(block, "block")) return kHostBadParameter;
@@ -41,7 +27,7 @@ AIErr AllocateBlock(size_t size, const char* debugName, void** block)
 
 AIErr FreeBlock(void* block)
 {
-    return Answer(BlocksRow(), "FreeBlock", [&](SuiteCall& call) {
+    return Answer(kBlocksSuite, "FreeBlock", [&](SuiteCall& call) {
         call.Handle("block", block);
         return call.host.handles.Release(block, HandleType::kBlock, call.operation)
                    ? kHostSuccess
@@ -51,7 +37,7 @@ AIErr FreeBlock(void* block)
 
 AIErr MdMemoryDisposeHandle(void** handle)
 {
-    return Answer(MdMemoryRow(), "MdMemoryDisposeHandle", [&](SuiteCall& call) {
+    return Answer(kMdMemorySuite, "MdMemoryDisposeHandle", [&](SuiteCall& call) {
         call.Handle("handle", handle);
         return call.host.handles.Release(handle, HandleType::kMemoryHandle, call.operation)
                    ? kHostSuccess
@@ -73,7 +59,7 @@ bool IsEncoding(SuiteCall& call, AICharacterEncoding encoding)
 AIErr Initialize(ai::UnicodeString* string, const char* text, size_t byteLength,
                  AICharacterEncoding encoding)
 {
-    return Answer(StringRow(), "Initialize", [&](SuiteCall& call) {
+    return Answer(kUnicodeStringSuite, "Initialize", [&](SuiteCall& call) {
         if (!call.Require(string, "string") || !IsEncoding(call, encoding)) {
             return kHostBadParameter;
         }
@@ -90,7 +76,7 @@ AIErr Initialize(ai::UnicodeString* string, const char* text, size_t byteLength,
 
 AIErr Destroy(ai::UnicodeString* string)
 {
-    return Answer(StringRow(), "Destroy", [&](SuiteCall& call) {
+    return Answer(kUnicodeStringSuite, "Destroy", [&](SuiteCall& call) {
         if (!call.Require(string, "string")) return kHostBadParameter;
         call.Handle("string", GetHandle(*string));
         if (!call.host.handles.Release(GetHandle(*string), HandleType::kString, call.operation)) {
@@ -111,7 +97,7 @@ static_assert(sizeof(BufferFields) == sizeof(ai::UnicodeString::Buffer));
 AIErr GetAs(const ai::UnicodeString& string, AICharacterEncoding encoding,
             ai::UnicodeString::Buffer& buffer, unsigned long* count)
 {
-    return Answer(StringRow(), "GetAs", [&](SuiteCall& call) {
+    return Answer(kUnicodeStringSuite, "GetAs", [&](SuiteCall& call) {
         call.Handle("string", GetHandle(string));
         if (!IsEncoding(call, encoding) || !call.Require(count, "count")) return kHostBadParameter;
         std::string text;

@@ -8,17 +8,13 @@ namespace headless {
 
 namespace {
 
-const SuiteRow& MenuRow()
-{
-    static const SuiteRow& row = *FindSuiteRow("AI Menu Suite");
-    return row;
-}
+const SuiteRow& kMenuSuite = *FindSuiteRow("AI Menu Suite");
 
 // Runs an operation on one item. `body` gets the call and the item.
 template <class Body>
 AIErr WithItem(const char* operation, AIMenuItemHandle item, Body body)
 {
-    return Answer(MenuRow(), operation, [&](SuiteCall& call) {
+    return Answer(kMenuSuite, operation, [&](SuiteCall& call) {
         call.Handle("item", item);
         auto* const object = call.Find<MenuItemObject>(item);
         return object == nullptr ? kHostBadParameter : body(call, *object);
@@ -28,7 +24,7 @@ AIErr WithItem(const char* operation, AIMenuItemHandle item, Body body)
 AIErr AddMenuItem(SPPluginRef self, const char* key, AIPlatformAddMenuItemDataUS* data,
                   int32_t options, AIMenuItemHandle* item)
 {
-    return Answer(MenuRow(), "AddMenuItem", [&](SuiteCall& call) {
+    return Answer(kMenuSuite, "AddMenuItem", [&](SuiteCall& call) {
         if (call.Find<PluginObject>(self) == nullptr || !call.Require(data, "data") ||
             !call.Require(data->groupName, "groupName") || !call.Require(item, "item")) {
             return kHostBadParameter;
@@ -105,7 +101,7 @@ AIErr GetMenuItemKeyboardShortcutDictionaryKey(AIMenuItemHandle item, const char
 
 AIErr CountMenuItems(int* count)
 {
-    return Answer(MenuRow(), "CountMenuItems", [&](SuiteCall& call) {
+    return Answer(kMenuSuite, "CountMenuItems", [&](SuiteCall& call) {
         if (!call.Require(count, "count")) return kHostBadParameter;
         *count = static_cast<int>(call.host.menuItems.size());
         call.Out("count", *count);
@@ -115,7 +111,7 @@ AIErr CountMenuItems(int* count)
 
 AIErr GetNthMenuItem(int index, AIMenuItemHandle* item)
 {
-    return Answer(MenuRow(), "GetNthMenuItem", [&](SuiteCall& call) {
+    return Answer(kMenuSuite, "GetNthMenuItem", [&](SuiteCall& call) {
         call.Arg("index", index);
         if (!call.Require(item, "item")) return kHostBadParameter;
         if (index < 0 || static_cast<size_t>(index) >= call.host.menuItems.size()) {

@@ -7,38 +7,31 @@ namespace headless {
 
 namespace {
 
-const SuiteRow& NotifierRow()
-{
-    static const SuiteRow& row = *FindSuiteRow("AI Notifier Suite");
-    return row;
-}
+const SuiteRow& kNotifierSuite = *FindSuiteRow("AI Notifier Suite");
+const SuiteRow& kFileFormatSuite = *FindSuiteRow("AI File Format Suite");
+const SuiteRow& kTimerSuite = *FindSuiteRow("AI Timer Suite");
 
-const SuiteRow& FileFormatRow()
+// Issues a handle for the object, adds it to `list` and returns it to the plug-in in `result`.
+template <class Object, class Handle>
+void Register(SuiteCall& call, Object object, std::vector<void*>& list, const char* resultName,
+              Handle* result)
 {
-    static const SuiteRow& row = *FindSuiteRow("AI File Format Suite");
-    return row;
-}
-
-const SuiteRow& TimerRow()
-{
-    static const SuiteRow& row = *FindSuiteRow("AI Timer Suite");
-    return row;
+    void* const handle = call.host.handles.Issue(std::make_shared<Object>(std::move(object)));
+    list.push_back(handle);
+    *result = static_cast<Handle>(handle);
+    call.OutHandle(resultName, handle);
 }
 
 AIErr AddNotifier(SPPluginRef self, const char* name, const char* type, AINotifierHandle* notifier)
 {
-    return Answer(NotifierRow(), "AddNotifier", [&](SuiteCall& call) {
+    return Answer(kNotifierSuite, "AddNotifier", [&](SuiteCall& call) {
         if (call.Find<PluginObject>(self) == nullptr || !call.Require(name, "name") ||
             !call.Require(type, "type") || !call.Require(notifier, "notifier")) {
             return kHostBadParameter;
         }
         call.Arg("name", std::string(name));
         call.Arg("type", std::string(type));
-        void* const handle =
-            call.host.handles.Issue(std::make_shared<NotifierObject>(NotifierObject{name, type}));
-        call.host.notifiers.push_back(handle);
-        *notifier = static_cast<AINotifierHandle>(handle);
-        call.OutHandle("notifier", *notifier);
+        Register(call, NotifierObject{name, type}, call.host.notifiers, "notifier", notifier);
         return kHostSuccess;
     });
 }
@@ -54,7 +47,7 @@ std::string GetText(SuiteCall& call, const ai::UnicodeString& string)
 AIErr AddFileFormatEx(SPPluginRef self, const char* name, PlatformAddFileFormatExData* data,
                       int32_t options, AIFileFormatHandle* format, int32_t)
 {
-    return Answer(FileFormatRow(), "AddFileFormatEx", [&](SuiteCall& call) {
+    return Answer(kFileFormatSuite, "AddFileFormatEx", [&](SuiteCall& call) {
         if (call.Find<PluginObject>(self) == nullptr || !call.Require(name, "name") ||
             !call.Require(data, "data") || !call.Require(format, "format")) {
             return kHostBadParameter;
@@ -73,18 +66,14 @@ AIErr AddFileFormatEx(SPPluginRef self, const char* name, PlatformAddFileFormatE
         call.Arg("extensions", object.extensions);
         call.Arg("types", object.types);
         call.Arg("options", options);
-        void* const handle =
-            call.host.handles.Issue(std::make_shared<FileFormatObject>(std::move(object)));
-        call.host.fileFormats.push_back(handle);
-        *format = static_cast<AIFileFormatHandle>(handle);
-        call.OutHandle("format", *format);
+        Register(call, std::move(object), call.host.fileFormats, "format", format);
         return kHostSuccess;
     });
 }
 
 AIErr SetFileFormatPriority(AIFileFormatHandle format, int32_t priority)
 {
-    return Answer(FileFormatRow(), "SetFileFormatPriority", [&](SuiteCall& call) {
+    return Answer(kFileFormatSuite, "SetFileFormatPriority", [&](SuiteCall& call) {
         call.Handle("format", format);
         call.Arg("priority", priority);
         auto* const object = call.Find<FileFormatObject>(format);
@@ -96,7 +85,7 @@ AIErr SetFileFormatPriority(AIFileFormatHandle format, int32_t priority)
 
 AIErr AddTimer(SPPluginRef self, const char* name, int32_t period, AITimerHandle* timer)
 {
-    return Answer(TimerRow(), "AddTimer", [&](SuiteCall& call) {
+    return Answer(kTimerSuite, "AddTimer", [&](SuiteCall& call) {
         call.Arg("period", period);
         if (call.Find<PluginObject>(self) == nullptr || !call.Require(name, "name") ||
             !call.Require(timer, "timer")) {
@@ -104,18 +93,14 @@ AIErr AddTimer(SPPluginRef self, const char* name, int32_t period, AITimerHandle
         }
         call.Arg("name", std::string(name));
         if (period < 0) return call.Refuse("the period is negative");
-        void* const handle =
-            call.host.handles.Issue(std::make_shared<TimerObject>(TimerObject{name, period, true}));
-        call.host.timers.push_back(handle);
-        *timer = static_cast<AITimerHandle>(handle);
-        call.OutHandle("timer", *timer);
+        Register(call, TimerObject{name, period, true}, call.host.timers, "timer", timer);
         return kHostSuccess;
     });
 }
 
 AIErr GetTimerActive(AITimerHandle timer, bool* active)
 {
-    return Answer(TimerRow(), "GetTimerActive", [&](SuiteCall& call) {
+    return Answer(kTimerSuite, "GetTimerActive", [&](SuiteCall& call) {
         call.Handle("timer", timer);
         const auto* const object = call.Find<TimerObject>(timer);
         if (object == nullptr || !call.Require(active, "active")) return kHostBadParameter;
@@ -127,7 +112,7 @@ AIErr GetTimerActive(AITimerHandle timer, bool* active)
 
 AIErr SetTimerActive(AITimerHandle timer, bool active)
 {
-    return Answer(TimerRow(), "SetTimerActive", [&](SuiteCall& call) {
+    return Answer(kTimerSuite, "SetTimerActive", [&](SuiteCall& call) {
         call.Handle("timer", timer);
         call.Arg("active", active);
         auto* const object = call.Find<TimerObject>(timer);

@@ -11,16 +11,12 @@ namespace {
 using ATE::ATEErr;
 
 template <class Object>
-const SuiteRow& RowOf()
-{
-    static const SuiteRow& row = *FindSuiteRow(Object::kSuite);
-    return row;
-}
+const SuiteRow& kSuiteOf = *FindSuiteRow(Object::kSuite);
 
 template <class Object>
 ATEErr AddRef(typename Object::Raw* reference)
 {
-    return Answer(RowOf<Object>(), "AddRef", [&](SuiteCall& call) {
+    return Answer(kSuiteOf<Object>, "AddRef", [&](SuiteCall& call) {
         call.Handle("reference", reference);
         return call.host.handles.Retain(reference, Object::kHandleType, call.operation)
                    ? kHostSuccess
@@ -31,7 +27,7 @@ ATEErr AddRef(typename Object::Raw* reference)
 template <class Object>
 ATEErr Release(typename Object::Raw* reference)
 {
-    return Answer(RowOf<Object>(), "Release", [&](SuiteCall& call) {
+    return Answer(kSuiteOf<Object>, "Release", [&](SuiteCall& call) {
         call.Handle("reference", reference);
         return call.host.handles.Release(reference, Object::kHandleType, call.operation)
                    ? kHostSuccess
@@ -44,7 +40,7 @@ ATEErr Release(typename Object::Raw* reference)
 template <class From, class To, class Make>
 ATEErr Derive(const char* operation, typename From::Raw* from, typename To::Raw** out, Make make)
 {
-    return Answer(RowOf<From>(), operation, [&](SuiteCall& call) {
+    return Answer(kSuiteOf<From>, operation, [&](SuiteCall& call) {
         call.Handle("reference", from);
         const From* const object = call.Find<From>(from);
         if (object == nullptr || !call.Require(out, "out")) return kHostBadParameter;
@@ -91,7 +87,7 @@ ATEErr GetInspectedFonts(ATE::_CharInspector* inspector, ATE::_ArrayFontRef** fo
 
 ATEErr GetSize(ATE::_ArrayFontRef* fonts, int* size)
 {
-    return Answer(RowOf<FontArrayRef>(), "GetSize", [&](SuiteCall& call) {
+    return Answer(kSuiteOf<FontArrayRef>, "GetSize", [&](SuiteCall& call) {
         call.Handle("reference", fonts);
         const auto* const object = call.Find<FontArrayRef>(fonts);
         if (object == nullptr || !call.Require(size, "size")) return kHostBadParameter;
@@ -103,7 +99,7 @@ ATEErr GetSize(ATE::_ArrayFontRef* fonts, int* size)
 
 ATEErr GetArrayItem(ATE::_ArrayFontRef* fonts, int index, ATE::_Font** font)
 {
-    return Answer(RowOf<FontArrayRef>(), "Item", [&](SuiteCall& call) {
+    return Answer(kSuiteOf<FontArrayRef>, "Item", [&](SuiteCall& call) {
         call.Handle("reference", fonts);
         call.Arg("index", index);
         const auto* const object = call.Find<FontArrayRef>(fonts);
@@ -123,7 +119,7 @@ bool IsNull(ATE::_Font* font)
 {
     bool isNull = true;
     // An invalid font is reported as null; the register has recorded the violation.
-    (void)Answer(RowOf<FontRef>(), "IsNull", [&](SuiteCall& call) {
+    (void)Answer(kSuiteOf<FontRef>, "IsNull", [&](SuiteCall& call) {
         call.Handle("reference", font);
         const auto* const object = call.Find<FontRef>(font);
         if (object == nullptr) return kHostBadParameter;
@@ -161,7 +157,7 @@ ATEErr GetUniqueCharFeatures(ATE::_TextRange* range, ATE::_CharFeatures** featur
 
 ATEErr GetFeatureFont(ATE::_CharFeatures* features, bool* isAssigned, ATE::_Font** font)
 {
-    return Answer(RowOf<CharFeaturesRef>(), "GetFont", [&](SuiteCall& call) {
+    return Answer(kSuiteOf<CharFeaturesRef>, "GetFont", [&](SuiteCall& call) {
         call.Handle("reference", features);
         const auto* const object = call.Find<CharFeaturesRef>(features);
         if (object == nullptr || !call.Require(font, "font")) return kHostBadParameter;
@@ -174,7 +170,7 @@ ATEErr GetFeatureFont(ATE::_CharFeatures* features, bool* isAssigned, ATE::_Font
 
 ATEErr IsNotDone(ATE::_TextRunsIterator* iterator, bool* isNotDone)
 {
-    return Answer(RowOf<TextRunsIteratorRef>(), "IsNotDone", [&](SuiteCall& call) {
+    return Answer(kSuiteOf<TextRunsIteratorRef>, "IsNotDone", [&](SuiteCall& call) {
         call.Handle("reference", iterator);
         const auto* const object = call.Find<TextRunsIteratorRef>(iterator);
         if (object == nullptr || !call.Require(isNotDone, "isNotDone")) return kHostBadParameter;
@@ -186,7 +182,7 @@ ATEErr IsNotDone(ATE::_TextRunsIterator* iterator, bool* isNotDone)
 
 ATEErr Next(ATE::_TextRunsIterator* iterator)
 {
-    return Answer(RowOf<TextRunsIteratorRef>(), "Next", [&](SuiteCall& call) {
+    return Answer(kSuiteOf<TextRunsIteratorRef>, "Next", [&](SuiteCall& call) {
         call.Handle("reference", iterator);
         auto* const object = call.Find<TextRunsIteratorRef>(iterator);
         if (object == nullptr) return kHostBadParameter;
@@ -198,7 +194,7 @@ ATEErr Next(ATE::_TextRunsIterator* iterator)
 
 ATEErr GetIteratorItem(ATE::_TextRunsIterator* iterator, ATE::_TextRange** run)
 {
-    return Answer(RowOf<TextRunsIteratorRef>(), "Item", [&](SuiteCall& call) {
+    return Answer(kSuiteOf<TextRunsIteratorRef>, "Item", [&](SuiteCall& call) {
         call.Handle("reference", iterator);
         const auto* const object = call.Find<TextRunsIteratorRef>(iterator);
         if (object == nullptr || !call.Require(run, "run")) return kHostBadParameter;

@@ -119,7 +119,7 @@ TEST(SendAllTest, AReaderThatVanishesIsAnErrorAndNoSignal)
     });
     const std::error_code error = base::SendAll(ends.writer.Get(), kLongText);
     reader.join();
-    // The second where the socket still held bytes that nobody read.
+    // The second error occurs if the socket still held unread bytes.
     EXPECT_TRUE(error == std::errc::broken_pipe || error == std::errc::connection_reset) << error;
     EXPECT_EQ(base::SendAll(ends.writer.Get(), "x"), std::errc::broken_pipe);
 }

@@ -39,15 +39,6 @@ void AddJson(CLI::App& command, Options& options)
     command.add_flag("--json", options.json, "Write JSON, one object per font and line");
 }
 
-console::HelpSection GetExitStatusSection()
-{
-    console::HelpSection section{"Exit status", "", {}};
-    for (const base::ProgramStatusRow& row : kExitStatuses) {
-        section.rows.push_back({std::to_string(row.status), row.meaning});
-    }
-    return section;
-}
-
 }  // namespace
 
 std::unique_ptr<CLI::App> MakeCommandLine(Options& options)
@@ -55,7 +46,7 @@ std::unique_ptr<CLI::App> MakeCommandLine(Options& options)
     auto app = std::make_unique<CLI::App>("The font manager's own program.", "Vexcor");
     app->require_subcommand(1);
     app->fallthrough();
-    app->footer(console::FormatSection(GetExitStatusSection()));
+    app->footer(console::FormatSection(console::DescribeExitStatuses(kExitStatuses, "")));
     app->set_version_flag("--version", "Vexcor " VEXCOR_VERSION, "Print the version and exit");
     app->add_option("--log", options.log, "Append messages to FILE (time, name, level, text)")
         ->option_text("FILE");
@@ -96,7 +87,7 @@ std::unique_ptr<CLI::App> MakeCommandLine(Options& options)
 
 std::vector<console::HelpSection> ListHelpSections()
 {
-    return {GetExitStatusSection(), {"Files", kFilesText, {}}};
+    return {console::DescribeExitStatuses(kExitStatuses, ""), {"Files", kFilesText, {}}};
 }
 
 console::ParseOutcome ParseCommandLine(int argc, const char* const* argv, Options& options,

@@ -163,7 +163,7 @@ void KillScene::EndAll()
 std::string KillScene::FindDisagreement()
 {
     plugincore::Database& database = OpenServices().database;
-    const plugincore::Transaction nobodyChanges(database);
+    const plugincore::Transaction noChanges(database);
     EXPECT_EQ("", database.FindDamage());
     EXPECT_TRUE(GetTexts(database, "PRAGMA foreign_key_check").empty());
     for (const auto look :

@@ -1,14 +1,11 @@
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
 #include <sstream>
 
-#include "ScratchFolder.h"
+#include "ProgramFixture.h"
 #include "application/ExitStatus.h"
 
 using testing::HasSubstr;
@@ -17,30 +14,11 @@ using testing::HasSubstr;
 constexpr const char* kClosedSent =
     R"("selector":"AI Notify","type":"AI Document Closed Notifier")";
 
-// Runs the program itself, with a home folder and a current folder of the test's own.
-class Program : public testing::Test {
+class Program : public ProgramFixture {
 protected:
-    Program() { std::filesystem::create_directory(folder + "/core"); }
-
-    int Run(const std::string& arguments, const std::string& plugin = "well-behaved",
-            const std::string& before = "")
+    int Run(const std::string& arguments, const std::string& plugin = "well-behaved")
     {
-        const std::string command = "cd '" + folder + "' && " + before +
-                                    " '" HEADLESS_HOST_PROGRAM "' " + arguments + " --home '" +
-                                    folder + "/home' --plugin '" TEST_PLUGINS_FOLDER "/" + plugin +
-                                    ".aip' >out 2>err </dev/null";
-        const int status = std::system(command.c_str());
-        output = ReadFile("out");
-        errors = ReadFile("err");
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    }
-
-    std::string ReadFile(const std::string& name) const
-    {
-        std::ifstream stream(folder + "/" + name);
-        std::stringstream text;
-        text << stream.rdbuf();
-        return text.str();
+        return RunProgram(arguments, plugin);
     }
 
     // An EPS file that uses one font.
@@ -50,11 +28,6 @@ protected:
             << "%!PS-Adobe-3.0 EPSF-3.0\n%%BoundingBox: 0 0 10 10\n%%DocumentFonts: " << font
             << "\n%%DocumentNeededResources: font " << font << "\n%%EndComments\n%%EOF\n";
     }
-
-    const ScratchFolder scratch;
-    const std::string folder = scratch.Path();
-    std::string output;
-    std::string errors;
 };
 
 TEST_F(Program, ReportsAMissingFont)

@@ -1,48 +1,22 @@
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
-#include "ScratchFolder.h"
+#include "ProgramFixture.h"
 #include "application/ExitStatus.h"
 
 using testing::HasSubstr;
 
 // Runs scripts with the program itself.
-class SessionProgram : public testing::Test {
+class SessionProgram : public ProgramFixture {
 protected:
-    SessionProgram() { std::filesystem::create_directory(folder + "/core"); }
-
     // Runs a script with these lines, written to the file "session". Returns the exit status.
     int Run(const std::string& lines, const std::string& arguments = "session")
     {
         std::ofstream(folder + "/session") << lines;
-        const std::string command = "cd '" + folder + "' && '" HEADLESS_HOST_PROGRAM "' script " +
-                                    arguments + " --home '" + folder +
-                                    "/home' --plugin '" TEST_PLUGINS_FOLDER
-                                    "/subscribes-all.aip' >out 2>err <session";
-        const int status = std::system(command.c_str());
-        output = ReadFile("out");
-        errors = ReadFile("err");
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        return RunProgram("script " + arguments, "subscribes-all", "session");
     }
-
-    std::string ReadFile(const std::string& name) const
-    {
-        std::ifstream stream(folder + "/" + name);
-        std::stringstream text;
-        text << stream.rdbuf();
-        return text.str();
-    }
-
-    const ScratchFolder scratch;
-    const std::string folder = scratch.Path();
-    std::string output;
-    std::string errors;
 };
 
 TEST_F(SessionProgram, EndsWithStatus0IfEveryExpectationIsMet)

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -9,6 +8,7 @@
 #include "CoreErrorCodes.h"
 #include "GetPathToRunningProcess.h"
 #include "ScratchFolder.h"
+#include "WithoutRootRights.h"
 
 namespace {
 
@@ -156,12 +156,8 @@ TEST_F(ConfiguredPath, FileWithoutReadPermissionIsAnError)
 {
     const std::string path = scratch.Write(kFile, "vexcor.path=/a\n");
     ASSERT_EQ(0, chmod(path.c_str(), 0));
-    ASSERT_EQ(0, chmod(scratch.Path().c_str(), 0755));
-    // root may read everything, so drop its rights for the call.
-    const uid_t user = geteuid();
-    ASSERT_EQ(0, seteuid(user == 0 ? 65534 : user));
+    const WithoutRootRights nobody(scratch.Path());
     ExpectUnknownError();
-    ASSERT_EQ(0, seteuid(user));
 }
 
 TEST_F(ConfiguredPath, LineMayHaveAHundredMegabytes)
