@@ -24,8 +24,7 @@ public:
     // Creates the file, with mode 0600 and opened for writing.
     //
     // pattern   its path, whose last six characters must be XXXXXX: a unique name replaces them.
-    // The
-    //           folder must be on the file system of the target.
+    // The folder must be on the file system of the target.
     // A failure is reported by Write.
     explicit DraftFile(std::string pattern);
 
