@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "DebugUtils.h"
+#include "GJSONUtils.h"
 
 namespace {
 
@@ -90,7 +91,7 @@ std::string JSONStringRepresentation(const FontList& fonts,
 int GetSettingFromJSONBuffer(const char* buffer, const char* key, int* value)
 {
     try {
-        const json settings = json::parse(buffer != nullptr ? buffer : "");
+        const json settings = GJSONUtils::ParseOrThrow(buffer != nullptr ? buffer : "");
         if (settings.is_array()) return GetSettingFromArray(settings, key, value);
         if (settings.is_object()) return GetSettingFromObject(settings, key, value);
         if (settings.is_string()) {
