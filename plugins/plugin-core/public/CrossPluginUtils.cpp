@@ -18,6 +18,21 @@ const std::string& GetName(const SFontRecord& record)
     return found != record.end() ? found->second : sEmpty;
 }
 
+// Walks the list for each font of a document, so a record's name is compared where it is, without
+// a search for its key.
+bool HasFontWithName(const FontList& fonts, const std::string& name)
+{
+    for (const SFontRecord& font : fonts) {
+        if (font.size() == 1 && !name.empty()) {
+            const auto& only = *font.begin();
+            if (only.second == name && only.first == kPostScriptName) return true;
+        } else if (GetName(font) == name) {
+            return true;
+        }
+    }
+    return false;
+}
+
 const char* TextOrNull(const char* text) { return text != nullptr ? text : "NULL"; }
 
 // Indexing an array by a string throws, so no array form of the settings works: this always ends
@@ -67,9 +82,7 @@ bool AddFontToArray(SFontRecord record, bool checkForDuplicates, FontList& fonts
     if (checkForDuplicates && !fonts.empty()) {
         // Indexing adds an empty name to a record without one, so such records equal each other.
         const std::string& name = record[kPostScriptName];
-        for (const SFontRecord& font : fonts) {
-            if (GetName(font) == name) return false;
-        }
+        if (HasFontWithName(fonts, name)) return false;
     }
     fonts.push_back(std::move(record));
     return true;
