@@ -5,16 +5,27 @@
 #include <new>
 #include <thread>
 
+#include "UnfailingAllocations.h"
+
 namespace {
 
 std::atomic<std::size_t> gAllocations{0};
 std::atomic<std::size_t> gFrees{0};
-std::atomic<std::size_t> gFailing{0};
+std::atomic<std::size_t> gUntilFailure{0};  // 0: none is to fail
+std::atomic<bool> gHasFailed{false};
 std::atomic<bool> gIsYielding{false};
+
+bool IsToFail() noexcept
+{
+    if (gUntilFailure == 0 || UnfailingAllocations::Exist() || --gUntilFailure != 0) return false;
+    gHasFailed = true;
+    return true;
+}
 
 void* Allocate(std::size_t size, std::size_t alignment) noexcept
 {
-    if (++gAllocations == gFailing) return nullptr;
+    ++gAllocations;
+    if (IsToFail()) return nullptr;
     if (gIsYielding) std::this_thread::yield();
     if (alignment <= alignof(std::max_align_t)) return std::malloc(size == 0 ? 1 : size);
     return std::aligned_alloc(alignment, (size + alignment - 1) / alignment * alignment);
@@ -37,7 +48,14 @@ void Free(void* block) noexcept
 
 std::size_t AllocationCounter::Allocations() { return gAllocations; }
 std::size_t AllocationCounter::Frees() { return gFrees; }
-void AllocationCounter::FailNth(std::size_t nth) { gFailing = gAllocations + nth; }
+
+void AllocationCounter::FailNth(std::size_t nth)
+{
+    gHasFailed = false;
+    gUntilFailure = nth;
+}
+
+bool AllocationCounter::HasFailed() { return gHasFailed; }
 void AllocationCounter::YieldAtEach() { gIsYielding = true; }
 
 // The standard library's forms that are not defined here call one of these.

@@ -5,6 +5,7 @@
 #include <cstdio>
 
 #include "DebugUtils.h"
+#include "UnfailingAllocations.h"
 
 namespace {
 
@@ -18,6 +19,7 @@ std::vector<TraceLine>& Lines()
 
 void OutputIndentedAndFormattedString(int indentChange, const char* format, ...)
 {
+    const UnfailingAllocations unfailing;
     va_list arguments;
     va_start(arguments, format);
     va_list again;

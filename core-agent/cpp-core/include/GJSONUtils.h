@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <nlohmann/json.hpp>
 #include <string>
 
@@ -11,10 +12,18 @@ using nlohmann::json;
 // Stateless; errors are written to the log. [any thread]
 class GJSONUtils {
 public:
+    // How deep the arrays and objects of a text may be nested. Texts of PluginCore are nested fewer
+    // than ten deep; to copy, print or search a value takes stack for each level.
+    static constexpr size_t kMaximumNesting = 512;
+
     // Parses `text` (UTF-8) into `value`.
-    // Returns 0, or kInvalidParam with `value` unchanged if the text isn't JSON. Comments are
-    // errors.
+    // Returns 0, or kInvalidParam with `value` unchanged if the text isn't JSON or is nested too
+    // deep. Comments are errors.
     static unsigned int Parse(const std::string& text, json& value);
+
+    // Parses `text` as Parse does. Throws the JSON library's parse error, also for a text that is
+    // nested too deep, and logs nothing.
+    static json ParseOrThrow(const std::string& text);
 
     // Copies the member `key` of the object `source` into `value`. T is json or std::string.
     //

@@ -1,6 +1,7 @@
 #include "DefaultFonts.h"
 
 #include "DebugUtils.h"
+#include "GJSONUtils.h"
 #include "HostInterface.h"
 #include "PluginGlobals.h"
 
@@ -98,7 +99,7 @@ bool RemoveIllustratorDefaultFonts(json& fonts)
 bool RemoveIllustratorDefaultFonts(std::string& text)
 {
     OutputIndentedAndFormattedString(1, "Entering %s()", "RemoveIllustratorDefaultFonts");
-    json fonts = json::parse(text);
+    json fonts = GJSONUtils::ParseOrThrow(text);
     const bool isChanged = !fonts.is_null() && RemoveIllustratorDefaultFonts(fonts);
     if (isChanged) text = fonts.dump();
     OutputIndentedAndFormattedString(-1, "Exiting %s() with result %d",

@@ -50,9 +50,19 @@ int AddNewFontNameFromTextArt(ATE::ITextRange run, FontList& fonts, KnownNames& 
     return 0;
 }
 
-void ExamineRunsOfFrame(ATE::_TextRange* rangeReference, int frameIndex, FontList& fonts,
-                        KnownNames& known, int& status)
+// Sets `status` to the host's code if the frame has no text range, else to that of its last run.
+void ExamineFrame(AIArtHandle frame, int frameIndex, FontList& fonts, KnownNames& known,
+                  int& status)
 {
+    ATE::_TextRange* rangeReference = nullptr;
+    status = sTextFrameSuite != nullptr ? sTextFrameSuite->GetATETextRange(frame, &rangeReference)
+                                        : kHostBadParameter;
+    if (status != 0) {
+        OutputIndentedAndFormattedString(
+            0, "ERROR: sTextFrameSuite->GetATETextRange(AIArtHandle index=%d) returned %d",
+            frameIndex, status);
+        return;
+    }
     const ATE::ITextRange range(rangeReference);
     ATE::ITextRunsIterator runs = range.GetTextRunsIterator();
     while (runs.IsNotDone()) {
@@ -71,18 +81,8 @@ int ExamineTextRangesInThisFrameForFontUsage(AIArtHandle** matches, int count, F
     int status = kUnknownError;
     KnownNames known;
     for (int index = 0; index < count; ++index) {
-        ATE::_TextRange* range = nullptr;
-        status = sTextFrameSuite != nullptr
-                     ? sTextFrameSuite->GetATETextRange((*matches)[index], &range)
-                     : kHostBadParameter;
-        if (status != 0) {
-            OutputIndentedAndFormattedString(
-                0, "ERROR: sTextFrameSuite->GetATETextRange(AIArtHandle index=%d) returned %d",
-                index, status);
-            continue;
-        }
         try {
-            ExamineRunsOfFrame(range, index, fonts, known, status);
+            ExamineFrame((*matches)[index], index, fonts, known, status);
         } catch (const ATE::Exception& exception) {
             status = exception.error;
         }

@@ -1,6 +1,7 @@
 #include "MenuConstruction.h"
 
 #include <cstring>
+#include <new>
 
 #include "CoreErrorCodes.h"
 #include "CurrentDocument.h"
@@ -18,6 +19,10 @@ constexpr int kMenuSuiteVersion = 1011;
 constexpr char kTopLevelGroup[] = "Type Plugins1";
 constexpr int32_t kWantsUpdateOption = 1;
 constexpr int32_t kSeparatorOption = 4;
+
+// The system may promise more memory than it has, so a larger size counts as one that can't be
+// allocated. Menus have a few thousand bytes.
+constexpr size_t kLargestMenusSize = size_t{64} << 20;
 
 bool IsText(const char* text, const char* expected)
 {
@@ -109,6 +114,7 @@ unsigned int GetMenus(std::string& menus)
     unsigned int result = 0;
     PCILoader* const core = PCILoader::GetSharedInstance();
     if (core->pfGetMenus(path.c_str(), nullptr, &size) == CoreErrorCodes::kIndexOutOfRange) {
+        if (size > kLargestMenusSize) throw std::bad_alloc();
         menus.resize(size, '\0');
         result = core->pfGetMenus(path.c_str(), &menus[0], &size);
     }

@@ -18,7 +18,8 @@ struct MenuItemHelp {
 };
 
 // Replaces `menus` by the menu JSON for the current document. Returns 0 with empty `menus` if
-// PluginCore has none, else PluginCore's status for the call that writes the text.
+// PluginCore has none, else PluginCore's status for the call that writes the text. Throws
+// std::bad_alloc if PluginCore's size can't be allocated; one beyond 64 MiB never is.
 unsigned int GetMenus(std::string& menus);
 
 // Adds all items at startup. Returns PluginCore's status. Throws the host's code as an int if it

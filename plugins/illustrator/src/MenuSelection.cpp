@@ -7,6 +7,7 @@
 #include "CurrentDocument.h"
 #include "DebugUtils.h"
 #include "DocumentRegistry.h"
+#include "GJSONUtils.h"
 #include "IllustratorUtilities.h"
 #include "MenuConstruction.h"
 #include "MenuSearch.h"
@@ -31,7 +32,7 @@ void RefreshAllItems(const AIMenuSuite* menus, AIMenuItemHandle item)
     ai::UnicodeString text;
     if (menus->GetItemText(item, text) != kHostSuccess) return;
     const std::string title = text.as_UTF8();
-    const json root = json::parse(gMenuState.sLastKnownMenuState);
+    const json root = GJSONUtils::ParseOrThrow(gMenuState.sLastKnownMenuState);
     if (FindMenuNode(root, "title", title.c_str()) == nullptr) return;
     const MenuIndex index(root, "id");
     for (const auto& entry : gMenuState.sMenuHandleMap) {

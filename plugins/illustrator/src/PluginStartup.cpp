@@ -78,7 +78,9 @@ void AllocateGlobals(SPInterfaceMessage* message, SPBlocksSuite* blocks)
     ThrowAIErr(blocks->AllocateBlock(sizeof(SGlobals), "globals", &block));
     gGlobals = static_cast<SGlobals*>(block);
     message->d.globals = gGlobals;
-    // The host doesn't clear the block.
+    // The host doesn't clear the block. The string comes first because an undone startup deletes
+    // it.
+    gGlobals->globalsString = nullptr;
     gGlobals->fileFormatHandle = nullptr;
     gGlobals->reserved[1] = nullptr;
     gGlobals->reserved[2] = nullptr;
@@ -88,6 +90,49 @@ void AllocateGlobals(SPInterfaceMessage* message, SPBlocksSuite* blocks)
     gGlobals->timerHandle = nullptr;
     gGlobals->globalsString = new std::string;
 }
+
+// Holds the blocks suite during startup. Unless Keep was called, an exception is ending the
+// startup: the destructor then stops the timer and frees the globals record. What else the host
+// registered remains registered; TypeloftSPEA answers its messages without doing anything.
+class StartedPlugin {
+public:
+    explicit StartedPlugin(SPInterfaceMessage* message) : mMessage(message) {}
+    StartedPlugin(const StartedPlugin&) = delete;
+    StartedPlugin& operator=(const StartedPlugin&) = delete;
+    ~StartedPlugin()
+    {
+        if (!mIsKept) Undo();
+        ReleaseBlocks();
+    }
+
+    void Keep() { mIsKept = true; }
+    void ReleaseBlocks() { ReleaseSuite(kBlocksSuiteName, kBlocksSuiteVersion, &blocks); }
+
+    SPBlocksSuite* blocks = nullptr;
+
+private:
+    void Undo()
+    {
+        SGlobals* const globals = gGlobals;
+        mMessage->d.globals = nullptr;
+        if (globals == nullptr) return;
+        try {
+            // A timer that can't be stopped is ignored like the rest.
+            if (globals->timerHandle != nullptr) (void)RemoveTimers();
+            if (blocks == nullptr) AcquireBlocksSuite(blocks);
+            delete globals->globalsString;
+            (void)blocks->FreeBlock(globals);
+        } catch (...) {
+            // The block remains the host's. The exception that ended the startup is the one that
+            // is reported.
+            gGlobals = nullptr;
+        }
+        gGlobals = nullptr;
+    }
+
+    SPInterfaceMessage* mMessage;
+    bool mIsKept = false;
+};
 
 void RegisterWithHost(SPInterfaceMessage* message, SPBlocksSuite*& blocks)
 {
@@ -122,18 +167,19 @@ AIErr StartupPlugin(SPInterfaceMessage* message)
         if (core->pfInitializePluginCoreInterface(kBundleIdentifier, kHostVersion) != 0) {
             return result;
         }
+        StartedPlugin started(message);
         // If PluginCore refuses the callback, the library submenu is never rebuilt.
         (void)core->pfSetRebuildWorkgroupsMenuCallback(RebuildWorkgroupsMenu);
-        SPBlocksSuite* blocks = nullptr;
         try {
-            RegisterWithHost(message, blocks);
+            RegisterWithHost(message, started.blocks);
         } catch (int error) {
             OutputIndentedAndFormattedString(0, "StartupPlugin, after catching an error\n");
             result = error;
         }
-        ReleaseSuite(kBlocksSuiteName, kBlocksSuiteVersion, &blocks);
+        started.ReleaseBlocks();
         // Without the timer only idle calls and the panel are missing.
         if (result == kHostSuccess) (void)AddTimers(message);
+        started.Keep();
         return result;
     });
 }

@@ -7,7 +7,8 @@
 
 // Starts PluginCore, allocates the globals record, registers the menus, the notifiers and the file
 // format with the host, and adds the timer. Returns 0, also if PluginCore refused to start, the
-// host's error code, or kHostBadParameter for a null message.
+// host's error code, or kHostBadParameter for a null message. An exception other than a host's code
+// passes through; then the record is freed and gGlobals is null.
 AIErr StartupPlugin(SPInterfaceMessage* message);
 
 // Reverses StartupPlugin, and sets gGlobals and the message's globals pointer to null. Idempotent:

@@ -89,7 +89,16 @@ unsigned int StartPlugPlug()
     return 0;
 }
 
-void PortRequested(const csxs::event::Event* /*event*/, void* /*context*/) { sendPortEvent(); }
+void PortRequested(const csxs::event::Event* /*event*/, void* /*context*/)
+{
+    try {
+        sendPortEvent();
+    } catch (...) {
+        // The caller is the event bus, whose code is C: no exception may reach it. The panel asks
+        // again.
+        return;
+    }
+}
 
 void sendPortEvent()
 {

@@ -20,7 +20,8 @@ AIErr RemoveTimers();
 // the bus refused the listener.
 unsigned int StartPlugPlug();
 
-// The listener for the panel's request: sends the port. Uses neither argument.
+// The listener for the panel's request: sends the port. Uses neither argument. Lets no exception
+// out.
 void PortRequested(const csxs::event::Event* event, void* context);
 
 // Sends the port to the panel, unless PluginCore has none.

@@ -18,6 +18,11 @@ namespace {
 
 int32_t gReentrantFlag = 0;
 
+// Whether an exception ended the startup, because memory was missing for instance. The plug-in then
+// ignores all messages, as one does that found no PluginCore: the host may have registered menus,
+// notifiers or the timer before the exception.
+bool gIsStartupUnfinished = false;
+
 bool IsEqual(const char* a, const char* b) { return sSPBasic->IsEqual(a, b) != 0; }
 
 void TraceUnhandledSelector() { OutputIndentedAndFormattedString(0, "...UNHANDLED SELECTOR"); }
@@ -40,7 +45,13 @@ AIErr TestPluginCoreAndStart(SPInterfaceMessage* message)
 
 AIErr HandleInterfaceSelector(char* selector, SPInterfaceMessage* message)
 {
-    if (IsEqual(selector, "Startup")) return TestPluginCoreAndStart(message);
+    if (IsEqual(selector, "Startup")) {
+        gIsStartupUnfinished = true;
+        const AIErr result = TestPluginCoreAndStart(message);
+        gIsStartupUnfinished = false;
+        return result;
+    }
+    if (gIsStartupUnfinished) return kHostSuccess;
     if (IsEqual(selector, "About")) return AboutPlugin(message);
     if (IsEqual(selector, "Shutdown")) return ShutdownPlugin(message);
     OutputIndentedAndFormattedString(0, "- unknown message from kSPInterfaceCaller");
@@ -81,6 +92,11 @@ void HandleFileFormatCheck(AIFileFormatMessage* message)
 
 AIErr DispatchCaller(char* caller, char* selector, void* message)
 {
+    if (gIsStartupUnfinished) {
+        // -1 is the answer "not ours", which lets the host read the file.
+        const bool isCheck = IsEqual(caller, "AI File Format") && IsEqual(selector, "AI Check");
+        return isCheck ? -1 : kHostSuccess;
+    }
     if (IsEqual(caller, "AI Menu")) {
         OutputIndentedAndFormattedString(0, "- caller is kCallerAIMenu");
         if (IsEqual(selector, "AI Go")) {

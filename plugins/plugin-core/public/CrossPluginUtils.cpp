@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "DebugUtils.h"
+#include "GJSONUtils.h"
 
 namespace {
 
@@ -15,6 +16,21 @@ const std::string& GetName(const SFontRecord& record)
     static const std::string sEmpty;
     const auto found = record.find(kPostScriptName);
     return found != record.end() ? found->second : sEmpty;
+}
+
+// Walks the list for each font of a document, so a record's name is compared where it is, without
+// a search for its key.
+bool HasFontWithName(const FontList& fonts, const std::string& name)
+{
+    for (const SFontRecord& font : fonts) {
+        if (font.size() == 1 && !name.empty()) {
+            const auto& only = *font.begin();
+            if (only.second == name && only.first == kPostScriptName) return true;
+        } else if (GetName(font) == name) {
+            return true;
+        }
+    }
+    return false;
 }
 
 const char* TextOrNull(const char* text) { return text != nullptr ? text : "NULL"; }
@@ -66,9 +82,7 @@ bool AddFontToArray(SFontRecord record, bool checkForDuplicates, FontList& fonts
     if (checkForDuplicates && !fonts.empty()) {
         // Indexing adds an empty name to a record without one, so such records equal each other.
         const std::string& name = record[kPostScriptName];
-        for (const SFontRecord& font : fonts) {
-            if (GetName(font) == name) return false;
-        }
+        if (HasFontWithName(fonts, name)) return false;
     }
     fonts.push_back(std::move(record));
     return true;
@@ -90,7 +104,7 @@ std::string JSONStringRepresentation(const FontList& fonts,
 int GetSettingFromJSONBuffer(const char* buffer, const char* key, int* value)
 {
     try {
-        const json settings = json::parse(buffer != nullptr ? buffer : "");
+        const json settings = GJSONUtils::ParseOrThrow(buffer != nullptr ? buffer : "");
         if (settings.is_array()) return GetSettingFromArray(settings, key, value);
         if (settings.is_object()) return GetSettingFromObject(settings, key, value);
         if (settings.is_string()) {

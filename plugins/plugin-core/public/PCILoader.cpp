@@ -1,5 +1,7 @@
 #include "PCILoader.h"
 
+#include <memory>
+
 #include "CoreErrorCodes.h"
 #include "DebugUtils.h"
 #include "FileProbes.h"
@@ -72,11 +74,13 @@ PCILoader* PCILoader::GetThisSharedInstance(const std::string& path)
         return nullptr;
     }
     OutputIndentedAndFormattedString(0, "Loaded %s", path.c_str());
-    // Never deleted: PluginCore remains loaded until the process ends.
-    sSharedInstance = new PCILoader;
-    sSharedInstance->frameworkPath = path;
-    sSharedInstance->frameworkVersion = version;
-    ResetFunctionPointers(sSharedInstance, bundle);
+    auto loader = std::make_unique<PCILoader>();
+    loader->frameworkPath = path;
+    loader->frameworkVersion = version;
+    ResetFunctionPointers(loader.get(), bundle);
+    // Shared only now, so that an exception above doesn't leave a table without functions. Never
+    // deleted: PluginCore remains loaded until the process ends.
+    sSharedInstance = loader.release();
     return sSharedInstance;
 }
 

@@ -51,4 +51,54 @@ INSTANTIATE_TEST_SUITE_P(Texts, JSONParseOfUnreadable,
                                          Unreadable{"HugeNumber", "1e999999"}),
                          [](const auto& row) { return std::string(row.param.name); });
 
+std::string Nested(size_t depth, const std::string& inner = "")
+{
+    return std::string(depth, '[') + inner + std::string(depth, ']');
+}
+
+TEST_F(JSONParse, ParsesATextAtTheLimitOfNesting)
+{
+    json value;
+    EXPECT_EQ(CoreErrorCodes::kSuccess,
+              GJSONUtils::Parse(Nested(GJSONUtils::kMaximumNesting), value));
+    EXPECT_EQ(Nested(GJSONUtils::kMaximumNesting), value.dump());
+}
+
+TEST_F(JSONParse, RefusesATextBeyondTheLimitOfNesting)
+{
+    json value = "before";
+    EXPECT_EQ(CoreErrorCodes::kInvalidParam,
+              GJSONUtils::Parse(Nested(GJSONUtils::kMaximumNesting + 1), value));
+    EXPECT_EQ(CoreErrorCodes::kInvalidParam, GJSONUtils::Parse(Nested(1000000), value));
+    EXPECT_EQ("before", value);
+    ASSERT_EQ(2U, Reports().size());
+    EXPECT_EQ("CoreErrorCodes::kInvalidParam", Reports()[0].expression);
+}
+
+TEST_F(JSONParse, BracketsInsideStringsAreNotNesting)
+{
+    const std::string brackets(GJSONUtils::kMaximumNesting + 1, '{');
+    json value;
+    EXPECT_EQ(CoreErrorCodes::kSuccess,
+              GJSONUtils::Parse(R"(["a\\","\")" + brackets + R"(\\\"["])", value));
+    EXPECT_EQ("a\\", value[0]);
+    EXPECT_EQ("\"" + brackets + "\\\"[", value[1]);
+}
+
+TEST_F(JSONParse, TextsBesideEachOtherAreNotNesting)
+{
+    std::string text = "[";
+    for (size_t index = 0; index <= GJSONUtils::kMaximumNesting; ++index) text += "{},[],";
+    json value;
+    EXPECT_EQ(CoreErrorCodes::kSuccess, GJSONUtils::Parse(text + "1]", value));
+}
+
+TEST_F(JSONParse, ThrowingFormThrowsTheLibrarysParseErrorAndLogsNothing)
+{
+    EXPECT_EQ(json({1, 2}), GJSONUtils::ParseOrThrow("[1,2]"));
+    EXPECT_THROW((void)GJSONUtils::ParseOrThrow("[1,2"), json::parse_error);
+    EXPECT_THROW((void)GJSONUtils::ParseOrThrow(Nested(1000000)), json::parse_error);
+    EXPECT_TRUE(Reports().empty());
+}
+
 }  // namespace

@@ -288,4 +288,14 @@ TEST_F(FileFormatCheck, ReadsThePathOfTheMessageAsUTF8)
     EXPECT_EQ("/\xE6\x96\x87.ai", GetDocumentPathFromFileFormatMessage(&message.record));
 }
 
+// PluginCore's text can be any: walking it must not overflow the stack.
+TEST_F(FileFormatCheck, TextThatIsNestedTooDeepIsLikeOneThatDoesNotParse)
+{
+    core->openAnswer = std::string(100000, '[') + std::string(100000, ']');
+    EXPECT_EQ(0, SendCheck("/a.ai"));
+    EXPECT_TRUE(HasTrace("Unhandled exception in Typeloft plugin."));
+    EXPECT_THAT(core->CalledNames(), ElementsAre("PluginIsEnabled", "HandleOpenExistingDocument"));
+    EXPECT_FALSE(Suppressing());
+}
+
 }  // namespace

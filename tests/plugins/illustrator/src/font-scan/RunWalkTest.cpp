@@ -152,6 +152,31 @@ TEST_F(RunWalk, ReturnsTheCodeOfALastFrameWithoutARange)
     EXPECT_THAT(Names(), ElementsAre("A"));
 }
 
+TEST_F(RunWalk, TextEngineExceptionOfTheRangeEndsTheFrameButNotTheWalk)
+{
+    AddFrames({{"A"}, {"B"}, {"C"}});
+    int calls = 0;
+    host.OnCall("AITextFrameSuite.GetATETextRange", [&calls] {
+        if (++calls == 2) throw ATE::Exception(4711);
+    });
+    EXPECT_EQ(0, Walk());
+    EXPECT_THAT(Names(), ElementsAre("A", "C"));
+    EXPECT_EQ(0U, CountTraces("ERROR: sTextFrameSuite->GetATETextRange(AIArtHandle index=1) "
+                              "returned 4711"));
+}
+
+TEST_F(RunWalk, ReturnsTheCodeOfATextEngineExceptionOfTheLastRange)
+{
+    AddFrames({{"A"}, {"B"}});
+    int calls = 0;
+    host.OnCall("AITextFrameSuite.GetATETextRange", [&calls] {
+        if (++calls == 2) throw ATE::Exception(4711);
+    });
+    EXPECT_EQ(4711, Walk());
+    EXPECT_THAT(Names(), ElementsAre("A"));
+    EXPECT_EQ(0U, host.LiveArtArrays());
+}
+
 TEST_F(RunWalk, SkipsARunWhoseFontCannotBeRead)
 {
     AddFrames({{"A", "B", "C"}});

@@ -1,3 +1,5 @@
+#include <new>
+
 #include "FileFormatHook.h"
 #include "MenuFixture.h"
 
@@ -81,6 +83,23 @@ TEST_F(FetchMenus, FetchesAnEmptyTextAsOneByte)
     EXPECT_EQ(0U, GetMenus(text));
     EXPECT_EQ(std::string(1, '\0'), text);
     EXPECT_THAT(host.Faults(), IsEmpty());
+}
+
+TEST_F(FetchMenus, HugeSizeIsAnAllocationThatFails)
+{
+    core.Loader().pfGetMenus = [](const char*, char* buffer, size_t* size) {
+        EXPECT_EQ(nullptr, buffer);
+        *size = size_t{1} << 40;
+        return CoreErrorCodes::kIndexOutOfRange;
+    };
+    EXPECT_THROW((void)GetMenus(text), std::bad_alloc);
+    // Smaller than the memory of the machine, perhaps, but no size of menus either.
+    core.Loader().pfGetMenus = [](const char*, char* buffer, size_t* size) {
+        EXPECT_EQ(nullptr, buffer);
+        *size = (size_t{64} << 20) + 1;
+        return CoreErrorCodes::kIndexOutOfRange;
+    };
+    EXPECT_THROW((void)GetMenus(text), std::bad_alloc);
 }
 
 }  // namespace

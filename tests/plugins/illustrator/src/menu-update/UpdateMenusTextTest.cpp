@@ -96,4 +96,18 @@ TEST_F(UpdateMenusText, FetchesTheTextForEachUpdate)
     EXPECT_EQ(4U, core->calls.size());
 }
 
+// PluginCore's text can be any: walking it must not overflow the stack.
+TEST_F(UpdateMenusText, TextThatIsNestedTooDeepIsLikeOneThatDoesNotParse)
+{
+    constexpr int kDepth = 100000;
+    std::string text;
+    for (int level = 0; level < kDepth; ++level) text += R"({"id":"a","title":"b","child":[)";
+    for (int level = 0; level < kDepth; ++level) text += "]}";
+    core->menus = text;
+    AIMenuMessage message = host.MenuMessage(Item("One").handle);
+    EXPECT_THROW((void)updateMenuItem(&message), json::parse_error);
+    EXPECT_EQ(0, host.Send(Main, "AI Menu", "AI Update", message));
+    EXPECT_TRUE(HasTrace("Unhandled exception in Typeloft plugin."));
+}
+
 }  // namespace

@@ -1,4 +1,5 @@
 #include <climits>
+#include <stdexcept>
 
 #include "LinkFixture.h"
 
@@ -198,6 +199,23 @@ TEST_F(PortExchange, SendsNothingWithoutALink)
     InFreshProcess([&] {
         sendPortEvent();
         EXPECT_THAT(core->calls, ElementsAre("GetSocketPort()"));
+    });
+}
+
+// The event bus calls the listener, and its code is C.
+TEST_F(PortExchange, ExceptionOfPluginCoreEndsInTheListener)
+{
+    WithLink([&](ScriptedPlugPlug& bus) {
+        core->onCall["GetSocketPort"] = [] { throw std::runtime_error("x"); };
+        EXPECT_NO_THROW(EXPECT_EQ(1U, bus.Raise(kRequest)));
+        core->onCall["GetSocketPort"] = [] { throw 4711; };
+        EXPECT_NO_THROW(PortRequested(nullptr, nullptr));
+        EXPECT_THAT(bus.events, IsEmpty());
+        core->onCall.clear();
+        core->socketPort = 7;
+        EXPECT_EQ(1U, bus.Raise(kRequest));
+        ASSERT_EQ(1U, bus.events.size());
+        EXPECT_EQ(Payload("7"), bus.events[0].data);
     });
 }
 

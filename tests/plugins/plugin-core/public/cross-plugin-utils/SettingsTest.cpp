@@ -132,4 +132,11 @@ TEST_F(Settings, RejectsEveryOtherTypeWithoutATrace)
     EXPECT_FALSE(HasTraceBeginningWith("GetSettingFromObject() could not find"));
 }
 
+TEST_F(Settings, TextThatIsNestedTooDeepDoesNotParse)
+{
+    const std::string deep = std::string(100000, '[') + std::string(100000, ']');
+    const std::string text = R"({"DialogSuppression":"1","Other":)" + deep + "}";
+    ExpectFailure(text.c_str(), "Could not parse '" + text + "'");
+}
+
 }  // namespace
