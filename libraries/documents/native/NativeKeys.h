@@ -19,6 +19,7 @@ constexpr char kBlockCount[] = "/NumBlock";
 // Marks at the start of a line.
 constexpr std::string_view kFileFormat = "%AI5_FileFormat";
 constexpr std::string_view kDataStream = "%AI9_DataStream";
+constexpr std::string_view kZStandardStream = "%AI24_DataStream";
 constexpr std::string_view kCompressedData = "%AI12_CompressedData";
 constexpr std::string_view kZStandardData = "%AI24_ZStandard_Data";
 constexpr std::string_view kBeginData = "%%BeginData:";

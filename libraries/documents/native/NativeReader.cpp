@@ -128,7 +128,7 @@ ReadResult ReadNative(const DocumentSource& source, const Limits& limits, Docume
     const NativeContents contents = ScanNative(part.text);
     if (part.isBare && contents.texts.empty()) return {};
     if (!contents.error.empty()) return Fail(contents.error);
-    if (!contents.isNative) return Fail("it has no format mark");
+    if (!contents.isNative && part.head.empty()) return Fail("it has no format mark");
     if (!contents.hasTree && HasFrames(contents)) return Fail("its text is missing");
     const NativeAdditions additions = source.pdf != nullptr
                                           ? ReadAdditions(FindNativePage(source.pdf->GetPages()))

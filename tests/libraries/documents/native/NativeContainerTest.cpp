@@ -7,6 +7,7 @@
 #include "PdfMaker.h"
 
 using namespace documents;
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -71,6 +72,29 @@ TEST(NativeContainer, DataStreamOfAnEpsIsRead)
 TEST(NativeContainer, CompressedDataInTheStreamOfAnEpsIsRead)
 {
     EXPECT_EQ("native Native-Bold:4", DescribeWithReader(WrapInEps(PackZlib(MakeText()))));
+}
+
+TEST(NativeContainer, ZstandardStreamOfAnEpsIsRead)
+{
+    EXPECT_EQ("native Native-Bold:4", DescribeWithReader(WrapInNewEps(MakeText())));
+}
+
+TEST(NativeContainer, ZstandardStreamWithoutAFormatMarkFallsBackToTheComments)
+{
+    std::string native = MakeText();
+    native.replace(native.find("%AI5_FileFormat"), 15, "%AI5_OtherFormat");
+    EXPECT_THAT(OpenBytes(WrapInNewEps(native)).document.notes,
+                Contains("the native document cannot be read: it has no format mark"));
+}
+
+TEST(NativeContainer, CutOffZstandardStreamFallsBackToTheComments)
+{
+    std::string eps = WrapInNewEps(MakeText());
+    eps.erase(eps.find("~>") - 40);
+    const OpenResult result = OpenBytes(eps);
+    EXPECT_EQ("dsc", result.document.reader);
+    EXPECT_THAT(result.document.notes,
+                Contains("the native document cannot be read: its zstd data is cut off"));
 }
 
 TEST(NativeContainer, DosEpsIsRead)
@@ -157,6 +181,8 @@ TEST(NativeContainer, DataThatInflatesBeyondTheLimitIsRefused)
         EXPECT_EQ("too large: inflates to more than 4 MiB",
                   OpenBytes(WrapInPdf(packed), "made.ai", limits).error);
     }
-    EXPECT_EQ("too large: inflates to more than 4 MiB",
-              OpenBytes(WrapInEps(bomb), "made.eps", limits).error);
+    for (const std::string& eps : {WrapInEps(bomb), WrapInNewEps(bomb)}) {
+        EXPECT_EQ("too large: inflates to more than 4 MiB",
+                  OpenBytes(eps, "made.eps", limits).error);
+    }
 }

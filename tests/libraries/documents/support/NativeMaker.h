@@ -56,6 +56,8 @@ std::string PackZlib(const std::string& text);
 std::string PackZstandard(const std::string& text);
 std::string WrapInPdf(const std::string& native, size_t blocks = 3);
 std::string WrapInEps(const std::string& native);
+// As version 24 and later do: the document's lines up to its format mark are not packed.
+std::string WrapInNewEps(const std::string& native);
 std::string WrapInDosEps(const std::string& eps);
 
 // Encodes `bytes` as lines that begin with a percent sign, with the end mark of ASCII85.
