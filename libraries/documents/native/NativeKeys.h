@@ -103,6 +103,7 @@ constexpr Key kModel = {"0", "Model"};
 constexpr Key kView = {"1", "View"};
 
 // A story's Model.
+constexpr Key kStoryText = {"0", "Text"};
 constexpr Key kStyleRun = {"6", "StyleRun"};
 constexpr Key kRunArray = {"0", "RunArray"};
 constexpr Key kRunData = {"0", "RunData"};

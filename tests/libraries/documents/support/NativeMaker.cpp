@@ -85,6 +85,19 @@ NativeMaker& NativeMaker::AddStory(const std::vector<Run>& runs, const std::vect
                     std::to_string(run.length) + " >> ";
     }
     mStories += "] >> >> ";
+    return AddView(portions);
+}
+
+NativeMaker& NativeMaker::AddPlainStory(const std::string& text, const std::vector<int>& portions)
+{
+    mStories += "<< " + Key("0", "Model") + "<< " + Key("0", "Text") + "(" + ToUtf16(text) + ") " +
+                Key("5", "ParagraphRun") + "<< " + Key("0", "RunArray") + "[ << " +
+                Key("1", "Length") + std::to_string(text.size()) + " >> ] >> /10 << >> >> ";
+    return AddView(portions);
+}
+
+NativeMaker& NativeMaker::AddView(const std::vector<int>& portions)
+{
     const size_t count = portions.empty() ? 1 : portions.size();
     std::string frames;
     std::string layout;
