@@ -20,6 +20,7 @@ enum class Meaning {
     kNone,
     kFonts,             // a list of font names
     kResources,         // a list of type words, each followed by names
+    kNeededResources,   // the same, not in the file: files among them are placed files
     kEmbeddedFont,      // the name of a font that the file contains
     kEmbeddedResource,  // the same with a type word
     kListedFile,        // a path
@@ -36,10 +37,10 @@ Meaning GetMeaning(std::string_view keyword)
         {"PageFonts", Meaning::kFonts},
         {"IncludeFont", Meaning::kFonts},
         {"DocumentResources", Meaning::kResources},
-        {"DocumentNeededResources", Meaning::kResources},
+        {"DocumentNeededResources", Meaning::kNeededResources},
         {"DocumentSuppliedResources", Meaning::kResources},
         {"PageResources", Meaning::kResources},
-        {"IncludeResource", Meaning::kResources},
+        {"IncludeResource", Meaning::kNeededResources},
         {"BeginFont", Meaning::kEmbeddedFont},
         {"BeginResource", Meaning::kEmbeddedResource},
         {"DocumentFiles", Meaning::kListedFile},
@@ -94,14 +95,15 @@ private:
                 TakeFonts(value, fonts);
                 break;
             case Meaning::kResources:
+            case Meaning::kNeededResources:
                 listsFonts = true;
-                TakeResources(value, fonts);
+                TakeResources(value, fonts, meaning == Meaning::kNeededResources);
                 break;
             case Meaning::kEmbeddedFont:
                 TakeFirstFont(value);
                 break;
             case Meaning::kEmbeddedResource:
-                TakeResources(value, embeddedFonts);
+                TakeResources(value, embeddedFonts, false);
                 break;
             case Meaning::kListedFile:
                 AddOnce(listedFiles, base::ToValidUtf8(GetDscText(value)));
@@ -136,8 +138,10 @@ private:
         if (TakeDscWord(value, word)) AddFont(word.text, embeddedFonts);
     }
 
-    // A continuation line may omit the type word; the last one remains valid.
-    void TakeResources(std::string_view value, Texts& list)
+    // A continuation line may omit the type word; the last one remains valid. Files that the
+    // document contains are the driver's own (procedures, error handlers), with a version and a
+    // revision behind the name.
+    void TakeResources(std::string_view value, Texts& list, bool isNeeded)
     {
         constexpr std::string_view kTypes[] = {"font", "file",     "procset",
                                                "form", "encoding", "pattern"};
@@ -149,7 +153,7 @@ private:
                 mResourceType = word.text;
             } else if (mResourceType == "font") {
                 AddFont(word.text, list);
-            } else if (mResourceType == "file") {
+            } else if (mResourceType == "file" && isNeeded) {
                 AddOnce(listedFiles, base::ToValidUtf8(word.text));
             }
         }

@@ -7,7 +7,8 @@
 namespace documents {
 
 // Sets the document's kind, creator and placed files from the comments of a PostScript file. The
-// placed files are those of %%IncludeFile, then those that only %%DocumentFiles lists.
+// placed files are those of %%IncludeFile, then those that only %%DocumentFiles or a list of needed
+// resources names. Files that the document contains as resources aren't placed files.
 void DescribePostScript(std::string_view bytes, Document& document);
 
 // Reads the fonts that the comments of a PostScript file list. Comments don't say where a font is

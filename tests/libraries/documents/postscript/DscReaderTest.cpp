@@ -152,6 +152,15 @@ TEST(DscReader, ListedFilesAreRead)
                 ElementsAre("/a b.eps", "/c.eps", "d e.eps"));
 }
 
+TEST(DscReader, SuppliedResourcesAreNoPlacedFiles)
+{
+    EXPECT_THAT(GetFiles("%%DocumentSuppliedResources: procset a 1.0 0\n%%+ file b.prc 1.0 0\n"
+                         "%%DocumentResources: file c 1 0\n%%PageResources: file d\n"
+                         "%%BeginResource: file b.prc 1.0 0\n%%EndResource\n"
+                         "%%DocumentNeededResources: file e.eps\n%%DocumentFiles: f.eps\n"),
+                ElementsAre("e.eps", "f.eps"));
+}
+
 TEST(DscReader, IncludedFilesComeBeforeTheRestOfTheList)
 {
     EXPECT_THAT(GetFiles("%%DocumentFiles:a\n%%+b\n%%IncludeFile:b\n%%IncludeFile: c\n"
