@@ -29,6 +29,14 @@ std::string DescribeWithReader(const std::string& bytes)
     return result.document.reader + " " + DescribeFrames(result);
 }
 
+// Without Ghostscript, whether it is installed or not.
+Document OpenWithoutHelper(const std::string& eps)
+{
+    Limits limits;
+    limits.helperSeconds = 0;
+    return OpenBytes(eps, "made.eps", limits).document;
+}
+
 class NativeLineEnds : public testing::TestWithParam<const char*> {};
 
 }  // namespace
@@ -83,7 +91,7 @@ TEST(NativeContainer, ZstandardStreamWithoutAFormatMarkFallsBackToTheComments)
 {
     std::string native = MakeText();
     native.replace(native.find("%AI5_FileFormat"), 15, "%AI5_OtherFormat");
-    EXPECT_THAT(OpenBytes(WrapInNewEps(native)).document.notes,
+    EXPECT_THAT(OpenWithoutHelper(WrapInNewEps(native)).notes,
                 Contains("the native document cannot be read: it has no format mark"));
 }
 
@@ -91,9 +99,9 @@ TEST(NativeContainer, CutOffZstandardStreamFallsBackToTheComments)
 {
     std::string eps = WrapInNewEps(MakeText());
     eps.erase(eps.find("~>") - 40);
-    const OpenResult result = OpenBytes(eps);
-    EXPECT_EQ("dsc", result.document.reader);
-    EXPECT_THAT(result.document.notes,
+    const Document document = OpenWithoutHelper(eps);
+    EXPECT_EQ("dsc", document.reader);
+    EXPECT_THAT(document.notes,
                 Contains("the native document cannot be read: its zstd data is cut off"));
 }
 
@@ -166,10 +174,11 @@ TEST(NativeContainer, DamagedDataStreamFallsBackToTheComments)
 {
     std::string eps = WrapInEps(MakeText());
     eps.replace(eps.find("%AI9_DataStream\r") + 40, 1, "\x7F");
-    const OpenResult result = OpenBytes(eps);
-    EXPECT_EQ("dsc", result.document.reader);
-    EXPECT_THAT(result.document.notes,
-                ElementsAre("the native document cannot be read: its ASCII85 data is damaged"));
+    const Document document = OpenWithoutHelper(eps);
+    EXPECT_EQ("dsc", document.reader);
+    EXPECT_THAT(document.notes,
+                ElementsAre("the native document cannot be read: its ASCII85 data is damaged",
+                            "its comments name no font"));
 }
 
 TEST(NativeContainer, DataThatInflatesBeyondTheLimitIsRefused)

@@ -67,11 +67,10 @@ TEST_P(NativeTextKeys, StoryWithoutAListOfRunsIsOneRunInTheDefaultFont)
 
 TEST(NativeText, FramesOfAStoryWithoutAListOfRunsShowTheirPartsOfIt)
 {
-    EXPECT_EQ("Default-Regular:2 | Default-Regular:3",
-              DescribeFrames(OpenNative(MakeThreeFonts()
-                                            .AddPlainStory("abcde\r", {2, 4})
-                                            .AddFrame(0, 0)
-                                            .AddFrame(0, 1))));
+    EXPECT_EQ(
+        "Default-Regular:2 | Default-Regular:3",
+        DescribeFrames(OpenNative(
+            MakeThreeFonts().AddPlainStory("abcde\r", {2, 4}).AddFrame(0, 0).AddFrame(0, 1))));
 }
 
 TEST(NativeText, CircularStylesHaveTheDefaultFont)
