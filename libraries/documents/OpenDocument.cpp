@@ -149,7 +149,7 @@ const std::vector<DocumentReader>& GetDocumentReaders()
     static const std::vector<DocumentReader> readers = {
         {"native", ReadNative},    {"pdf", ReadPdfContent},
         {"dsc", ReadDscComments},  {"ghostscript", ReadThroughGhostscript},
-        {"dsc", ReadWithoutFonts},
+        {"dsc", ReadSuppliedFonts},
     };
     return readers;
 }

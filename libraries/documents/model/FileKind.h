@@ -9,7 +9,7 @@ namespace documents {
 enum class Container {
     kNone,        // none of the others, or empty
     kPDF,         // "%PDF-" within the first 1,024 bytes
-    kPostScript,  // "%!PS" at the start
+    kPostScript,  // "%!" at the start
     kDosEPS,      // C5 D0 D3 C6 at the start: a header that points to a PostScript section
 };
 

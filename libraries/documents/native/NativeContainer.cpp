@@ -68,22 +68,39 @@ NativePart JoinPrivateData(PdfFile& file)
     return part;
 }
 
-NativePart FindInPostScript(std::string_view file)
+// `data` begins behind the mark of the stream.
+NativePart DecodeDataStream(std::string_view data, bool isZlib)
 {
     NativePart part;
-    const size_t mark = base::FindLine(file, record::kDataStream);
-    if (mark != std::string_view::npos) {
-        part.isThere = true;
-        ByteBuffer packed;
-        if (!DecodeAscii85(file.substr(mark + record::kDataStream.size()), packed)) {
-            part.error = "its ASCII85 data is damaged";
-            return part;
-        }
-        auto unpacked = std::make_unique<ByteBuffer>();
-        part.error = InflateZlib(packed.GetView(), *unpacked);
-        SetBytes(part, std::move(unpacked));
+    part.isThere = true;
+    ByteBuffer packed;
+    if (!DecodeAscii85(data, packed)) {
+        part.error = "its ASCII85 data is damaged";
         return part;
     }
+    auto unpacked = std::make_unique<ByteBuffer>();
+    part.error = isZlib ? InflateZlib(packed.GetView(), *unpacked)
+                        : DecompressZstandard(packed.GetView(), *unpacked);
+    SetBytes(part, std::move(unpacked));
+    return part;
+}
+
+NativePart FindInPostScript(std::string_view file)
+{
+    const size_t zlib = base::FindLine(file, record::kDataStream);
+    if (zlib != std::string_view::npos) {
+        return DecodeDataStream(file.substr(zlib + record::kDataStream.size()), true);
+    }
+    const size_t zstandard = base::FindLine(file, record::kZStandardStream);
+    if (zstandard != std::string_view::npos) {
+        const std::string_view before = file.substr(0, zstandard);
+        NativePart part =
+            DecodeDataStream(file.substr(zstandard + record::kZStandardStream.size()), false);
+        const size_t format = base::FindLine(before, record::kFileFormat);
+        if (format != std::string_view::npos) part.head = before.substr(format);
+        return part;
+    }
+    NativePart part;
     // The mark must be in the header: a page of another program may embed such a file further on.
     const std::string_view header = file.substr(0, base::FindLine(file, "%%EndComments"));
     part.isThere = part.isBare =

@@ -19,6 +19,7 @@ constexpr char kBlockCount[] = "/NumBlock";
 // Marks at the start of a line.
 constexpr std::string_view kFileFormat = "%AI5_FileFormat";
 constexpr std::string_view kDataStream = "%AI9_DataStream";
+constexpr std::string_view kZStandardStream = "%AI24_DataStream";
 constexpr std::string_view kCompressedData = "%AI12_CompressedData";
 constexpr std::string_view kZStandardData = "%AI24_ZStandard_Data";
 constexpr std::string_view kBeginData = "%%BeginData:";
@@ -102,6 +103,7 @@ constexpr Key kModel = {"0", "Model"};
 constexpr Key kView = {"1", "View"};
 
 // A story's Model.
+constexpr Key kStoryText = {"0", "Text"};
 constexpr Key kStyleRun = {"6", "StyleRun"};
 constexpr Key kRunArray = {"0", "RunArray"};
 constexpr Key kRunData = {"0", "RunData"};

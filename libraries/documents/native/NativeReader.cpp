@@ -10,6 +10,7 @@
 #include "documents/native/NativeTextTree.h"
 #include "documents/pdf/ContentWalker.h"
 #include "documents/pdf/PdfFile.h"
+#include "documents/postscript/DscReader.h"
 
 namespace documents {
 
@@ -126,9 +127,9 @@ ReadResult ReadNative(const DocumentSource& source, const Limits& limits, Docume
     if (!part.isThere) return {};
     if (!part.error.empty()) return Fail(part.error);
     const NativeContents contents = ScanNative(part.text);
-    if (part.isBare && contents.texts.empty()) return {};
+    if (part.isBare && contents.texts.empty() && HasFontComments(source.postScript)) return {};
     if (!contents.error.empty()) return Fail(contents.error);
-    if (!contents.isNative) return Fail("it has no format mark");
+    if (!contents.isNative && part.head.empty()) return Fail("it has no format mark");
     if (!contents.hasTree && HasFrames(contents)) return Fail("its text is missing");
     const NativeAdditions additions = source.pdf != nullptr
                                           ? ReadAdditions(FindNativePage(source.pdf->GetPages()))

@@ -12,7 +12,8 @@ namespace documents {
 // Text of older versions that was never converted becomes frames with their own stories. Text and
 // placed files that this host has added since come last (see NativeAdditions.h).
 //
-// Returns kNotMine if the source has no native part, or is a PostScript file without text objects.
+// Returns kNotMine if the source has no native part, or is a PostScript file without text objects
+// whose comments name a font.
 ReadResult ReadNative(const DocumentSource& source, const Limits& limits, Document& document);
 
 }  // namespace documents

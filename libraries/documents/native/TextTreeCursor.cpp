@@ -134,4 +134,18 @@ std::string TextTreeCursor::TakeText()
     return base::FromUtf16(std::string_view(bytes).substr(2));
 }
 
+size_t TextTreeCursor::TakeTextLength()
+{
+    SkipSpaces();
+    const size_t start = mPosition;
+    Skip();
+    if (start >= mTree.size() || mTree[start] != '(') return 0;
+    size_t bytes = 0;
+    for (size_t i = start + 1; i + 1 < mPosition; ++i, ++bytes) {
+        if (mTree[i] == '\\' && i + 2 < mPosition) ++i;
+    }
+    const bool isUtf16 = bytes >= 2 && mTree.substr(start + 1, 2) == "\xFE\xFF";
+    return isUtf16 ? bytes / 2 - 1 : bytes;
+}
+
 }  // namespace documents

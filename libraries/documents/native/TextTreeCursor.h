@@ -58,6 +58,10 @@ public:
     // FE FF is stored as big-endian UTF-16.
     std::string TakeText();
 
+    // Takes the next value; returns its length as a text, in characters (units of UTF-16, as in the
+    // lengths of runs), or 0 if it isn't a text.
+    size_t TakeTextLength();
+
 private:
     template <class Entry>
     void WalkEntries(Entry entry)

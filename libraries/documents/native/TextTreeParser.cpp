@@ -132,12 +132,22 @@ private:
 
     void ParseModel(ParsedTextTree::Story& story)
     {
+        TextTreeCursor text("");
+        bool hasStyleRun = false;
         mCursor.ForEachEntry([&](std::string_view key) {
+            if (key == treekey::kStoryText) text = mCursor;  // remembers the place, takes nothing
             if (key != treekey::kStyleRun) return;
+            hasStyleRun = true;
             mCursor.ForEachEntry([&](std::string_view part) {
                 if (part == treekey::kRunArray) mCursor.ForEachItem([&] { ParseRun(story); });
             });
         });
+        if (hasStyleRun) return;
+        // Text whose characters nobody has styled: one run, in the font of no style.
+        CountItem();
+        ParsedTextTree::Run run;
+        run.length = ToLength(static_cast<long long>(text.TakeTextLength()));
+        story.runs.push_back(run);
     }
 
     void ParseRun(ParsedTextTree::Story& story)

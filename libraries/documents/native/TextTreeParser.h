@@ -25,7 +25,7 @@ struct ParsedTextTree {
         size_t length = 0;        // in characters
     };
     struct Story {
-        std::vector<Run> runs;
+        std::vector<Run> runs;  // one of the whole text if the story has no list of runs
         // The frames' numbers in the document, by the frame's index in the story.
         std::vector<long long> frames;
         std::vector<FrameText> layout;  // in the order of the text

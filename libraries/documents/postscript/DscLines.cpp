@@ -22,10 +22,41 @@ bool DscLines::Next(DscComment& comment)
         } else if (comment.keyword == "EndDocument") {
             if (mNesting > 0) --mNesting;
         } else if (mNesting == 0) {
+            SkipResource(comment);
             return true;
         }
     }
     return false;
+}
+
+void DscLines::SkipResource(const DscComment& begin)
+{
+    constexpr std::array<std::string_view, kResourceKinds> kBegins = {"BeginFont", "BeginResource",
+                                                                      "BeginProcSet"};
+    constexpr std::array<std::string_view, kResourceKinds> kEnds = {"EndFont", "EndResource",
+                                                                    "EndProcSet"};
+    const auto kind = static_cast<size_t>(std::find(kBegins.begin(), kBegins.end(), begin.keyword) -
+                                          kBegins.begin());
+    if (kind == kResourceKinds) return;
+    DscLines ahead(mRest);
+    size_t depth = 1;
+    while (!ahead.mRest.empty()) {
+        const std::string_view line = ahead.TakeLine();
+        if (line.substr(0, 2) != "%%") continue;
+        const DscComment comment = SplitDscComment(line);
+        if (comment.keyword == kEnds[kind]) {
+            if (--depth > 0) continue;
+            mRest = ahead.mRest;
+            return;
+        }
+        if (comment.keyword == kBegins[kind]) {
+            if (mIsUnbalanced[kind]) return;
+            ++depth;
+        } else if (comment.keyword == "BeginData" || comment.keyword == "BeginBinary") {
+            ahead.SkipData(comment);
+        }
+    }
+    mIsUnbalanced[kind] = true;
 }
 
 size_t DscLines::MeasureData(size_t count, bool countsLines) const

@@ -18,12 +18,15 @@ using Texts = std::vector<std::string>;
 
 enum class Meaning {
     kNone,
-    kFonts,             // a list of font names
-    kResources,         // a list of type words, each followed by names
-    kEmbeddedFont,      // the name of a font that the file contains
-    kEmbeddedResource,  // the same with a type word
-    kListedFile,        // a path
-    kIncludedFile,      // a path, where the file is drawn
+    kFonts,              // a list of font names
+    kSuppliedFonts,      // a list of names of fonts that the file contains
+    kResources,          // a list of type words, each followed by names
+    kSuppliedResources,  // the same, contained in the file
+    kNeededResources,    // the same, not in the file: files among them are placed files
+    kEmbeddedFont,       // the name of a font that the file contains
+    kEmbeddedResource,   // the same with a type word
+    kListedFile,         // a path
+    kIncludedFile,       // a path, where the file is drawn
     kCreator,
 };
 
@@ -32,14 +35,14 @@ Meaning GetMeaning(std::string_view keyword)
     constexpr std::pair<std::string_view, Meaning> kMeanings[] = {
         {"DocumentFonts", Meaning::kFonts},
         {"DocumentNeededFonts", Meaning::kFonts},
-        {"DocumentSuppliedFonts", Meaning::kFonts},
+        {"DocumentSuppliedFonts", Meaning::kSuppliedFonts},
         {"PageFonts", Meaning::kFonts},
         {"IncludeFont", Meaning::kFonts},
         {"DocumentResources", Meaning::kResources},
-        {"DocumentNeededResources", Meaning::kResources},
-        {"DocumentSuppliedResources", Meaning::kResources},
+        {"DocumentNeededResources", Meaning::kNeededResources},
+        {"DocumentSuppliedResources", Meaning::kSuppliedResources},
         {"PageResources", Meaning::kResources},
-        {"IncludeResource", Meaning::kResources},
+        {"IncludeResource", Meaning::kNeededResources},
         {"BeginFont", Meaning::kEmbeddedFont},
         {"BeginResource", Meaning::kEmbeddedResource},
         {"DocumentFiles", Meaning::kListedFile},
@@ -83,25 +86,32 @@ public:
     Texts includedFiles;
     std::string creator;
     bool isCutOff = false;
-    bool listsFonts = false;
+    bool hasList = false;         // of fonts or resources, with or without names
+    bool listsUsedFonts = false;  // a list names a font that it doesn't say is contained
+
+    // All names, or if there are none those of embedded fonts.
+    const Texts& GetFonts() const { return fonts.empty() ? embeddedFonts : fonts; }
 
 private:
     void Take(Meaning meaning, std::string_view value)
     {
         switch (meaning) {
             case Meaning::kFonts:
-                listsFonts = true;
-                TakeFonts(value, fonts);
+            case Meaning::kSuppliedFonts:
+                hasList = true;
+                TakeFonts(value, meaning);
                 break;
             case Meaning::kResources:
-                listsFonts = true;
-                TakeResources(value, fonts);
+            case Meaning::kSuppliedResources:
+            case Meaning::kNeededResources:
+                hasList = true;
+                TakeResources(value, meaning);
                 break;
             case Meaning::kEmbeddedFont:
                 TakeFirstFont(value);
                 break;
             case Meaning::kEmbeddedResource:
-                TakeResources(value, embeddedFonts);
+                TakeResources(value, meaning);
                 break;
             case Meaning::kListedFile:
                 AddOnce(listedFiles, base::ToValidUtf8(GetDscText(value)));
@@ -117,39 +127,69 @@ private:
         }
     }
 
-    static void AddFont(const std::string& name, Texts& list)
+    void AddFont(std::string_view name, Meaning meaning)
     {
-        const size_t slash = name.substr(0, 1) == "/" ? 1 : 0;
-        AddOnce(list, base::ToValidUtf8(StripSubsetPrefix(name.substr(slash))));
+        if (name.substr(0, 1) == "/") name.remove_prefix(1);
+        if (name.empty() || IsNameless(name)) return;
+        const bool isEmbedded =
+            meaning == Meaning::kEmbeddedFont || meaning == Meaning::kEmbeddedResource;
+        const bool isSupplied = isEmbedded || meaning == Meaning::kSuppliedFonts ||
+                                meaning == Meaning::kSuppliedResources;
+        if (!isSupplied) listsUsedFonts = true;
+        AddOnce(isEmbedded ? embeddedFonts : fonts,
+                base::ToValidUtf8(StripSubsetPrefix(std::string(name))));
     }
 
-    static void TakeFonts(std::string_view value, Texts& list)
+    // "PDF Font obj_18" is a font that has no name in the PDF that this file was made from.
+    static bool IsNameless(std::string_view name)
+    {
+        return name.substr(0, kNameless.size()) == kNameless;
+    }
+
+    // Skips such a name if it stands in a list without being a string.
+    static void SkipNameless(std::string_view& value)
+    {
+        constexpr std::string_view kSpaces = " \t";
+        for (;;) {
+            value.remove_prefix(std::min(value.find_first_not_of(kSpaces), value.size()));
+            if (!IsNameless(value)) return;
+            const size_t end = value.find_first_of(kSpaces, kNameless.size());
+            value.remove_prefix(std::min(end, value.size()));
+        }
+    }
+
+    void TakeFonts(std::string_view value, Meaning meaning)
     {
         DscWord word;
-        while (TakeDscWord(value, word)) AddFont(word.text, list);
+        for (SkipNameless(value); TakeDscWord(value, word); SkipNameless(value)) {
+            AddFont(word.text, meaning);
+        }
     }
 
     // A printer's name and a version may follow the name of the font.
     void TakeFirstFont(std::string_view value)
     {
         DscWord word;
-        if (TakeDscWord(value, word)) AddFont(word.text, embeddedFonts);
+        SkipNameless(value);
+        if (TakeDscWord(value, word)) AddFont(word.text, Meaning::kEmbeddedFont);
     }
 
-    // A continuation line may omit the type word; the last one remains valid.
-    void TakeResources(std::string_view value, Texts& list)
+    // A continuation line may omit the type word; the last one remains valid. Files that the
+    // document contains are the driver's own (procedures, error handlers), with a version and a
+    // revision behind the name.
+    void TakeResources(std::string_view value, Meaning meaning)
     {
         constexpr std::string_view kTypes[] = {"font", "file",     "procset",
                                                "form", "encoding", "pattern"};
         DscWord word;
-        while (TakeDscWord(value, word)) {
+        for (SkipNameless(value); TakeDscWord(value, word); SkipNameless(value)) {
             const bool isType = !word.quoted && std::find(std::begin(kTypes), std::end(kTypes),
                                                           word.text) != std::end(kTypes);
             if (isType) {
                 mResourceType = word.text;
             } else if (mResourceType == "font") {
-                AddFont(word.text, list);
-            } else if (mResourceType == "file") {
+                AddFont(word.text, meaning);
+            } else if (mResourceType == "file" && meaning == Meaning::kNeededResources) {
                 AddOnce(listedFiles, base::ToValidUtf8(word.text));
             }
         }
@@ -161,8 +201,19 @@ private:
         if (!file.empty()) includedFiles.push_back(std::move(file));
     }
 
+    static constexpr std::string_view kNameless = "PDF Font obj_";
+
     std::string mResourceType;
 };
+
+// Comments don't say where a font is used: one frame with one run of length 1 per font.
+void AddFonts(const Texts& fonts, Document& document)
+{
+    std::vector<TextRun> runs;
+    runs.reserve(fonts.size());
+    for (const std::string& font : fonts) runs.push_back({font, 1});
+    if (!runs.empty()) DocumentBuilder(document).AddFrameWithStory(std::move(runs));
+}
 
 }  // namespace
 
@@ -188,22 +239,29 @@ ReadResult ReadDscComments(const DocumentSource& source, const Limits& limits, D
 {
     (void)limits;  // comments are neither compressed nor nested
     if (source.pdf != nullptr) return {};
-    Comments comments(source.postScript);
-    const bool isForeign = comments.creator.find("Adobe Illustrator") == std::string::npos;
-    if (isForeign && !comments.listsFonts && comments.embeddedFonts.empty()) return {};
-    const Texts& fonts = comments.fonts.empty() ? comments.embeddedFonts : comments.fonts;
-    std::vector<TextRun> runs;
-    runs.reserve(fonts.size());
-    for (const std::string& font : fonts) runs.push_back({font, 1});
-    if (!runs.empty()) DocumentBuilder(document).AddFrameWithStory(std::move(runs));
+    const Comments comments(source.postScript);
+    if (comments.listsUsedFonts) {
+        AddFonts(comments.GetFonts(), document);
+        return {ReadStatus::kRead, {}};
+    }
+    if (!comments.GetFonts().empty()) {
+        return {ReadStatus::kFailed, "its comments name only the fonts that it contains"};
+    }
+    if (comments.hasList) return {ReadStatus::kFailed, "its comments name no font"};
+    return {};
+}
+
+ReadResult ReadSuppliedFonts(const DocumentSource& source, const Limits& limits, Document& document)
+{
+    (void)limits;  // as above
+    if (source.pdf != nullptr) return {};
+    AddFonts(Comments(source.postScript).GetFonts(), document);
     return {ReadStatus::kRead, {}};
 }
 
-ReadResult ReadWithoutFonts(const DocumentSource& source, const Limits& limits, Document& document)
+bool HasFontComments(std::string_view postScript)
 {
-    (void)limits;    // nothing is read
-    (void)document;  // it has no text
-    return {source.pdf == nullptr ? ReadStatus::kRead : ReadStatus::kNotMine, {}};
+    return !Comments(postScript).GetFonts().empty();
 }
 
 }  // namespace documents

@@ -13,7 +13,7 @@ ReadResult ReadThroughGhostscript(const DocumentSource& source, const Limits& li
     // helperSeconds == 0 means "don't use Ghostscript"; not an error.
     if (limits.helperSeconds <= 0) return {};
     const auto fail = [](const std::string& reason) {
-        return ReadResult{ReadStatus::kFailed, "no comment lists fonts, and " + reason};
+        return ReadResult{ReadStatus::kFailed, "no comment lists all fonts, and " + reason};
     };
     const GhostscriptResult drawn = DrawWithGhostscript(source.postScript, limits.helperSeconds,
                                                         limits.helperBytes, limits.inflatedBytes);

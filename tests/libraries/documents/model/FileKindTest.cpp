@@ -34,9 +34,20 @@ TEST(FileKind, FirstBytesDetermineTheContainer)
     EXPECT_EQ(Container::kPDF, GetContainer(std::string(1019, 'x') + "%PDF-"));
     EXPECT_EQ(Container::kNone, GetContainer(std::string(1020, 'x') + "%PDF-"));
     EXPECT_EQ(Container::kPostScript, GetContainer("%!PS-Adobe-3.0 PDF %PDF-1.4"));
+    EXPECT_EQ(Container::kPostScript, GetContainer("%!\n%%Creator: A"));
+    EXPECT_EQ(Container::kPDF, GetContainer("%! made by A\n%PDF-1.4"));
     EXPECT_EQ(Container::kNone, GetContainer(" %!PS"));
+    EXPECT_EQ(Container::kNone, GetContainer("%"));
     EXPECT_EQ(Container::kDosEPS, GetContainer("\xC5\xD0\xD3\xC6"));
     EXPECT_EQ(Container::kNone, GetContainer(""));
+}
+
+TEST(FileKind, PostScriptWithoutItsNameIsRead)
+{
+    const OpenResult result =
+        OpenBytes("%!\r%%Creator: Adobe Illustrator(R) 8.0\r%%DocumentFonts: A\r", "a.ai");
+    EXPECT_EQ("A:1", DescribeFrames(result));
+    EXPECT_EQ(Kind::kIllustrator, result.document.kind);
 }
 
 TEST(FileKind, FileNameDeterminesOnlyTemplates)

@@ -7,6 +7,7 @@
 #include "PdfMaker.h"
 
 using namespace documents;
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -26,6 +27,14 @@ std::string DescribeWithReader(const std::string& bytes)
 {
     const OpenResult result = OpenBytes(bytes);
     return result.document.reader + " " + DescribeFrames(result);
+}
+
+// Without Ghostscript, whether it is installed or not.
+Document OpenWithoutHelper(const std::string& eps)
+{
+    Limits limits;
+    limits.helperSeconds = 0;
+    return OpenBytes(eps, "made.eps", limits).document;
 }
 
 class NativeLineEnds : public testing::TestWithParam<const char*> {};
@@ -71,6 +80,29 @@ TEST(NativeContainer, DataStreamOfAnEpsIsRead)
 TEST(NativeContainer, CompressedDataInTheStreamOfAnEpsIsRead)
 {
     EXPECT_EQ("native Native-Bold:4", DescribeWithReader(WrapInEps(PackZlib(MakeText()))));
+}
+
+TEST(NativeContainer, ZstandardStreamOfAnEpsIsRead)
+{
+    EXPECT_EQ("native Native-Bold:4", DescribeWithReader(WrapInNewEps(MakeText())));
+}
+
+TEST(NativeContainer, ZstandardStreamWithoutAFormatMarkFallsBackToTheComments)
+{
+    std::string native = MakeText();
+    native.replace(native.find("%AI5_FileFormat"), 15, "%AI5_OtherFormat");
+    EXPECT_THAT(OpenWithoutHelper(WrapInNewEps(native)).notes,
+                Contains("the native document cannot be read: it has no format mark"));
+}
+
+TEST(NativeContainer, CutOffZstandardStreamFallsBackToTheComments)
+{
+    std::string eps = WrapInNewEps(MakeText());
+    eps.erase(eps.find("~>") - 40);
+    const Document document = OpenWithoutHelper(eps);
+    EXPECT_EQ("dsc", document.reader);
+    EXPECT_THAT(document.notes,
+                Contains("the native document cannot be read: its zstd data is cut off"));
 }
 
 TEST(NativeContainer, DosEpsIsRead)
@@ -142,10 +174,11 @@ TEST(NativeContainer, DamagedDataStreamFallsBackToTheComments)
 {
     std::string eps = WrapInEps(MakeText());
     eps.replace(eps.find("%AI9_DataStream\r") + 40, 1, "\x7F");
-    const OpenResult result = OpenBytes(eps);
-    EXPECT_EQ("dsc", result.document.reader);
-    EXPECT_THAT(result.document.notes,
-                ElementsAre("the native document cannot be read: its ASCII85 data is damaged"));
+    const Document document = OpenWithoutHelper(eps);
+    EXPECT_EQ("dsc", document.reader);
+    EXPECT_THAT(document.notes,
+                ElementsAre("the native document cannot be read: its ASCII85 data is damaged",
+                            "its comments name no font"));
 }
 
 TEST(NativeContainer, DataThatInflatesBeyondTheLimitIsRefused)
@@ -157,6 +190,8 @@ TEST(NativeContainer, DataThatInflatesBeyondTheLimitIsRefused)
         EXPECT_EQ("too large: inflates to more than 4 MiB",
                   OpenBytes(WrapInPdf(packed), "made.ai", limits).error);
     }
-    EXPECT_EQ("too large: inflates to more than 4 MiB",
-              OpenBytes(WrapInEps(bomb), "made.eps", limits).error);
+    for (const std::string& eps : {WrapInEps(bomb), WrapInNewEps(bomb)}) {
+        EXPECT_EQ("too large: inflates to more than 4 MiB",
+                  OpenBytes(eps, "made.eps", limits).error);
+    }
 }

@@ -101,6 +101,14 @@ TEST(NativeObjects, FileOfVersionEightWithoutTextIsReadByItsComments)
     EXPECT_THAT(result.document.fonts, ElementsAre("Listed-Only"));
 }
 
+TEST(NativeObjects, FileOfVersionEightWithoutTextAndFontsHasNone)
+{
+    const OpenResult result =
+        OpenBytes(NativeMaker().AddHeader("%%DocumentFonts:").MakeText(), "old.ai");
+    EXPECT_EQ("native ", result.document.reader + " " + DescribeFrames(result));
+    EXPECT_THAT(result.document.notes, IsEmpty());
+}
+
 TEST(NativeObjects, RasterDataIsSkipped)
 {
     const std::string data = "XI\n0 To\n/_Courier 1 1 1 Tf\n(no) Tx\nTO\n";

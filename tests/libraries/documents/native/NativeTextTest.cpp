@@ -52,6 +52,27 @@ TEST_P(NativeTextKeys, FontsWithoutRunsAreIgnored)
         ElementsAre("Serif-Bold"));
 }
 
+TEST_P(NativeTextKeys, StoryWithoutAListOfRunsIsOneRunInTheDefaultFont)
+{
+    const OpenResult result = OpenNative(MakeThreeFonts(GetParam())
+                                             .AddPlainStory("a (b)\\\r")
+                                             .AddStory({{1, 3}})
+                                             .AddPlainStory("\r")
+                                             .AddFrame(0)
+                                             .AddFrame(1)
+                                             .AddFrame(2));
+    EXPECT_EQ("Default-Regular:6 | Serif-Bold:2 |", DescribeFrames(result));
+    EXPECT_THAT(result.document.fonts, ElementsAre("Default-Regular", "Serif-Bold"));
+}
+
+TEST(NativeText, FramesOfAStoryWithoutAListOfRunsShowTheirPartsOfIt)
+{
+    EXPECT_EQ(
+        "Default-Regular:2 | Default-Regular:3",
+        DescribeFrames(OpenNative(
+            MakeThreeFonts().AddPlainStory("abcde\r", {2, 4}).AddFrame(0, 0).AddFrame(0, 1))));
+}
+
 TEST(NativeText, CircularStylesHaveTheDefaultFont)
 {
     EXPECT_EQ(

@@ -15,7 +15,9 @@ constexpr char kHeader[] = "%!PS-Adobe-3.0 EPSF-3.0\n";
 
 Document OpenEps(const std::string& comments)
 {
-    const OpenResult result = OpenBytes(kHeader + comments);
+    Limits limits;
+    limits.helperSeconds = 0;  // no Ghostscript, whether it is installed or not
+    const OpenResult result = OpenBytes(kHeader + comments, "made.eps", limits);
     EXPECT_TRUE(result.ok) << result.error;
     return result.document;
 }
@@ -152,6 +154,15 @@ TEST(DscReader, ListedFilesAreRead)
                 ElementsAre("/a b.eps", "/c.eps", "d e.eps"));
 }
 
+TEST(DscReader, SuppliedResourcesAreNoPlacedFiles)
+{
+    EXPECT_THAT(GetFiles("%%DocumentSuppliedResources: procset a 1.0 0\n%%+ file b.prc 1.0 0\n"
+                         "%%DocumentResources: file c 1 0\n%%PageResources: file d\n"
+                         "%%BeginResource: file b.prc 1.0 0\n%%EndResource\n"
+                         "%%DocumentNeededResources: file e.eps\n%%DocumentFiles: f.eps\n"),
+                ElementsAre("e.eps", "f.eps"));
+}
+
 TEST(DscReader, IncludedFilesComeBeforeTheRestOfTheList)
 {
     EXPECT_THAT(GetFiles("%%DocumentFiles:a\n%%+b\n%%IncludeFile:b\n%%IncludeFile: c\n"
@@ -159,11 +170,61 @@ TEST(DscReader, IncludedFilesComeBeforeTheRestOfTheList)
                 ElementsAre("b", "c", "b", "a"));
 }
 
-TEST(DscReader, EmptyListsHaveNoFrame)
+TEST(DscReader, ListWithoutFontsIsNoAnswer)
 {
-    const Document document = OpenEps("%%DocumentFonts:\n%%DocumentFiles:\n");
-    EXPECT_THAT(document.frames, IsEmpty());
-    EXPECT_THAT(document.linkedFiles, IsEmpty());
+    for (const char* list :
+         {"%%DocumentFonts:\n", "%%DocumentFonts:\n%%DocumentFiles:\n%%+ a\n",
+          "%%DocumentNeededResources: procset a 1.0 0\n%%+ b 1.0 0\n%%+ encoding c\n",
+          "%%Creator: Adobe Illustrator(R) 8.0\n%%DocumentFonts: \n"}) {
+        const Document document = OpenEps(list);
+        EXPECT_THAT(document.frames, IsEmpty()) << list;
+        EXPECT_THAT(document.notes, ElementsAre("its comments name no font")) << list;
+    }
+}
+
+TEST(DscReader, SuppliedFontsAreNotAllFonts)
+{
+    for (const char* list :
+         {"%%DocumentSuppliedFonts: A\n", "%%DocumentSuppliedResources: font A\n",
+          "%%DocumentNeededFonts:\n%%DocumentSuppliedFonts: ABCDEF+A\n", "%%BeginFont: A\n",
+          "%%BeginResource: font A\n%%EndResource\n"}) {
+        const Document document = OpenEps(list);
+        EXPECT_THAT(document.fonts, ElementsAre("A")) << list;
+        EXPECT_THAT(document.notes,
+                    ElementsAre("its comments name only the fonts that it contains"))
+            << list;
+    }
+    EXPECT_THAT(OpenEps("%%DocumentNeededFonts: B\n%%DocumentSuppliedFonts: A\n").notes, IsEmpty());
+}
+
+TEST(DscReader, CommentsInsideFontsAndResourcesAreNotTheDocuments)
+{
+    const std::string inside = "%%DocumentFonts: No\n%%IncludeFile: No\n%%Creator: No\n";
+    const Document document =
+        OpenEps("%%BeginFont: X\n" + inside + "%%BeginResource: font No\n" + inside +
+                "%%EndResource\n%%BeginFont: No\n%%EndFont\n" + inside + "%%EndFont\n" +
+                "%%BeginResource: procset p 1.0 0\n%%BeginData: 12 Hex Bytes\n%%EndResource\n" +
+                "%%EndData\n" + inside + "%%EndResource\n%%BeginProcSet: q 1 0\n" + inside +
+                "%%EndProcSet\n%%DocumentNeededFonts: A\n%%IncludeFile: b\n%%Creator: C\n");
+    EXPECT_THAT(document.fonts, ElementsAre("A"));
+    EXPECT_THAT(document.linkedFiles, ElementsAre("b"));
+    EXPECT_EQ("C", document.creator);
+}
+
+TEST(DscReader, FontWithoutAnEndHidesNothing)
+{
+    EXPECT_THAT(GetFonts("%%BeginFont: X\n%%DocumentFonts: A\n%%BeginFont: Y\n"
+                         "%%DocumentFonts: No\n%%EndFont\n%%DocumentFonts: B\n"),
+                ElementsAre("A", "B"));
+}
+
+TEST(DscReader, FontsWithoutANameAreIgnored)
+{
+    EXPECT_THAT(GetFonts("%%DocumentSuppliedFonts: PDF Font obj_18 A (PDF Font obj_19)\n"
+                         "%%DocumentSuppliedResources: font PDF Font obj_20\n%%+ font B\n"
+                         "%%BeginFont: PDF Font obj_18\n%%EndFont\n"),
+                ElementsAre("A", "B"));
+    EXPECT_THAT(GetFonts("%%BeginFont: PDF Font obj_18\n%%EndFont\n"), IsEmpty());
 }
 
 TEST(DscReader, FirstCreatorIsRead)

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <string>
+#include <utility>
 
 #include "OpenBytes.h"
 #include "PdfMaker.h"
@@ -16,7 +17,7 @@ using testing::IsEmpty;
 namespace {
 
 constexpr char kForeign[] = "%!PS-Adobe-3.0 EPSF-3.0\n%%Creator: somebody\n%%EndComments\n";
-constexpr char kReason[] = "no comment lists fonts, and ";
+constexpr char kReason[] = "no comment lists all fonts, and ";
 
 // Replaces the PATH by a folder that has no programs but the gs that a test installs.
 class GhostscriptTest : public testing::Test {
@@ -64,8 +65,34 @@ TEST_F(GhostscriptTest, ReadsTheDocumentSafely)
 TEST_F(GhostscriptTest, IsNotStartedIfCommentsListFonts)
 {
     Install("exit 1\n");
-    EXPECT_EQ("dsc", Open("%!PS-Adobe-3.0 EPSF-3.0\n%%DocumentFonts:\n").document.reader);
-    EXPECT_THAT(Open("%!PS-Adobe-3.0 EPSF-3.0\n%%DocumentFonts:\n").document.notes, IsEmpty());
+    const OpenResult result = Open("%!PS-Adobe-3.0 EPSF-3.0\n%%DocumentFonts: A\n");
+    EXPECT_EQ("dsc", result.document.reader);
+    EXPECT_THAT(result.document.notes, IsEmpty());
+}
+
+TEST_F(GhostscriptTest, IsAskedIfCommentsDoNotListAllFonts)
+{
+    const std::string page = PdfMaker().SetContent("BT /F1 9 Tf (abc) Tj ET").Make();
+    Install("cat '" + mFolder.Write("page.pdf", page) + "' >/proc/self/fd/11\n");
+    const std::pair<const char*, const char*> kCases[] = {
+        {"%%DocumentFonts:\n", "its comments name no font"},
+        {"%%DocumentSuppliedFonts: A\n", "its comments name only the fonts that it contains"}};
+    for (const auto& [list, note] : kCases) {
+        const OpenResult result = Open(std::string(kForeign) + list);
+        EXPECT_EQ("ghostscript", result.document.reader);
+        EXPECT_EQ("Alpha-Regular:3", DescribeFrames(result));
+        EXPECT_THAT(result.document.notes, ElementsAre(note));
+    }
+}
+
+TEST_F(GhostscriptTest, ThatFailsLeavesTheFontsThatTheFileContains)
+{
+    Install("exit 1\n");
+    const OpenResult result = Open(std::string(kForeign) + "%%DocumentSuppliedFonts: A\n");
+    EXPECT_EQ("A:1", DescribeFrames(result));
+    EXPECT_THAT(result.document.notes,
+                ElementsAre("its comments name only the fonts that it contains",
+                            std::string(kReason) + "Ghostscript cannot draw it"));
 }
 
 TEST_F(GhostscriptTest, IsNotStartedWithoutTime)

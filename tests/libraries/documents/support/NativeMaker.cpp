@@ -37,6 +37,15 @@ std::string ToLittleEndian(size_t value)
     return bytes;
 }
 
+std::string CompressZstandard(const std::string& text)
+{
+    std::string packed(ZSTD_compressBound(text.size()), '\0');
+    const size_t size = ZSTD_compress(packed.data(), packed.size(), text.data(), text.size(), 3);
+    if (ZSTD_isError(size) != 0) throw std::runtime_error("cannot compress");
+    packed.resize(size);
+    return packed;
+}
+
 constexpr char kPackedHeader[] = "%%BoundingBox: 0 0 10 10\r%AI7_Thumbnail: 1 1 8\r";
 
 }  // namespace
@@ -76,6 +85,19 @@ NativeMaker& NativeMaker::AddStory(const std::vector<Run>& runs, const std::vect
                     std::to_string(run.length) + " >> ";
     }
     mStories += "] >> >> ";
+    return AddView(portions);
+}
+
+NativeMaker& NativeMaker::AddPlainStory(const std::string& text, const std::vector<int>& portions)
+{
+    mStories += "<< " + Key("0", "Model") + "<< " + Key("0", "Text") + "(" + ToUtf16(text) + ") " +
+                Key("5", "ParagraphRun") + "<< " + Key("0", "RunArray") + "[ << " +
+                Key("1", "Length") + std::to_string(text.size()) + " >> ] >> /10 << >> >> ";
+    return AddView(portions);
+}
+
+NativeMaker& NativeMaker::AddView(const std::vector<int>& portions)
+{
     const size_t count = portions.empty() ? 1 : portions.size();
     std::string frames;
     std::string layout;
@@ -174,11 +196,7 @@ std::string PackZlib(const std::string& text)
 
 std::string PackZstandard(const std::string& text)
 {
-    std::string packed(ZSTD_compressBound(text.size()), '\0');
-    const size_t size = ZSTD_compress(packed.data(), packed.size(), text.data(), text.size(), 3);
-    if (ZSTD_isError(size) != 0) throw std::runtime_error("cannot compress");
-    packed.resize(size);
-    return "%AI24_ZStandard_Data" + packed;
+    return "%AI24_ZStandard_Data" + CompressZstandard(text);
 }
 
 std::string WrapInPdf(const std::string& native, size_t blocks)
@@ -205,6 +223,17 @@ std::string WrapInEps(const std::string& native)
     return "%!PS-Adobe-3.1 EPSF-3.0\r%%Creator: Adobe Illustrator(R) 13.0\r%%DocumentFonts: \r"
            "%%EndComments\r%%BeginProlog\r%%EndProlog\r%AI9_PrivateDataBegin\r%AI9_DataStream\r" +
            EncodeAscii85(Deflate(native)) + "\r%AI9_PrivateDataEnd\r%%EOF\r";
+}
+
+std::string WrapInNewEps(const std::string& native)
+{
+    const std::string mark = "%AI5_FileFormat 7.0\r";
+    const size_t format = native.find(mark);
+    const size_t head = format == std::string::npos ? 0 : format + mark.size();
+    return "%!PS-Adobe-3.1 EPSF-3.0\r%%Creator: Adobe Illustrator(R) 26.0\r%%DocumentFonts: \r"
+           "%%EndComments\r%%BeginProlog\r%%EndProlog\r%%EOF\r%AI9_PrivateDataBegin\r" +
+           native.substr(0, head) + "%AI24_DataStream\r" +
+           EncodeAscii85(CompressZstandard(native.substr(head))) + "\r%AI9_PrivateDataEnd\r";
 }
 
 std::string WrapInDosEps(const std::string& eps)

@@ -27,6 +27,8 @@ public:
     // Adds a story. `portions` is the number of characters that each of its frames shows; without
     // it, the story has one frame.
     NativeMaker& AddStory(const std::vector<Run>& runs, const std::vector<int>& portions = {});
+    // Adds a story of this text, with the return at the end, that has no list of runs.
+    NativeMaker& AddPlainStory(const std::string& text, const std::vector<int>& portions = {});
     NativeMaker& AddFrame(int story, int frame = 0);
     // Adds lines to the art, unchanged.
     NativeMaker& AddLines(const std::string& lines);
@@ -38,6 +40,7 @@ public:
     std::string MakeText(const std::string& lineEnd = "\r") const;
 
 private:
+    NativeMaker& AddView(const std::vector<int>& portions);
     std::string Key(const char* number, const char* word) const;
 
     Keys mKeys;
@@ -56,6 +59,8 @@ std::string PackZlib(const std::string& text);
 std::string PackZstandard(const std::string& text);
 std::string WrapInPdf(const std::string& native, size_t blocks = 3);
 std::string WrapInEps(const std::string& native);
+// As version 24 and later do: the document's lines up to its format mark are not packed.
+std::string WrapInNewEps(const std::string& native);
 std::string WrapInDosEps(const std::string& eps);
 
 // Encodes `bytes` as lines that begin with a percent sign, with the end mark of ASCII85.
