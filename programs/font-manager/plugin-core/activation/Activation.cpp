@@ -271,6 +271,7 @@ void Activation::RepairInTransaction(Repairs& repairs)
     DeleteHoldsOfGonePrograms(repairs);
     repairs.deactivatedFiles = DeactivateUnheld();
     MakeFolderMatch(repairs);
+    if (!repairs.gonePrograms.empty()) mFolder.Touch();
 }
 
 void Activation::DeleteHoldsOfGonePrograms(Repairs& repairs)
