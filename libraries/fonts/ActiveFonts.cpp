@@ -163,7 +163,9 @@ void RescanThrowing(const std::string& folder)
     if (!config) return;
     const auto rescan = [&config](const std::string& path) {
         const auto* const text = reinterpret_cast<const FcChar8*>(path.c_str());
-        if (FcCache* const cache = FcDirCacheRescan(text, config.get())) FcDirCacheUnload(cache);
+        // Not FcDirCacheRescan, which keeps the cached fonts and only reads the subfolders again.
+        FcCache* const cache = FcDirCacheRead(text, FcTrue, config.get());
+        if (cache) FcDirCacheUnload(cache);
     };
     rescan(folder);
     std::error_code error;

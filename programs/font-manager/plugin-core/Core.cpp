@@ -70,6 +70,7 @@ void Core::Idle()
         mRunning->lastRepair = now;
         (void)mRunning->services.activation.RepairIfNeeded();  // as in Start
     }
+    mRunning->documents.ReleaseClosed();
     if (!mRunning->watch.HasChanged()) return;
     mRunning->panelProtocol.AnnounceLibraryChange();
     if (mRebuild) mRebuild();

@@ -53,8 +53,9 @@ public:
     // The callback that Idle calls after libraries were added or removed.
     void SetRebuildCallback(void (*callback)()) { mRebuild = callback; }
 
-    // Repairs what a killed process left, at most twice per second, and announces added or removed
-    // libraries. Does nothing while stopped. Throws Failure.
+    // Repairs what a killed process left, at most twice per second, releases documents that were
+    // closed without a close event, and announces added or removed libraries. Does nothing while
+    // stopped. Throws Failure.
     void Idle();
 
 private:

@@ -152,6 +152,7 @@ unsigned int GetMenus(const char* documentPath, char* buffer, size_t* ioSize)
         plugincore::MenuState state = plugincore::GetMenuState(
             GetCore().GetSettings(), running ? &running->services : nullptr);
         state.hasDocument = documentPath[0] != '\0';
+        if (running && !state.hasDocument) running->documents.ReleaseSaved();
         const std::string menus = plugincore::MakeMenus(state);
         if (!buffer || *ioSize <= menus.size()) {
             if (buffer && *ioSize != 0) buffer[0] = '\0';

@@ -1,5 +1,7 @@
 #include "application/HostPlatformTable.h"
 
+#include <algorithm>
+
 #include "HostPlatform_Linux.h"
 #include "application/MissingFontsDialog.h"
 #include "model/Host.h"
@@ -79,4 +81,13 @@ extern "C" void HeadlessHostJournal(const char* side, const char* op, const char
         // The caller is C code of PluginCore: losing a line is better than an exception.
         return;
     }
+}
+
+extern "C" bool HeadlessHostIsDocumentOpen(const char* path)
+{
+    const headless::Host* const host = headless::Host::GetCurrent();
+    if (host == nullptr || path == nullptr) return false;
+    const auto& documents = host->GetDocuments();
+    return std::any_of(documents.begin(), documents.end(),
+                       [path](const auto& document) { return document->path == path; });
 }

@@ -28,3 +28,8 @@ extern "C" __attribute__((visibility("default"))) void HeadlessHostJournal(const
                                                                            const char* op,
                                                                            const char* argsJson,
                                                                            const char* resultJson);
+
+// Whether a document with this path is open: absolute, or the bare name of one without a file.
+// PluginCore looks this function up by name in the executable. False for null. Never throws. Main
+// thread only.
+extern "C" __attribute__((visibility("default"))) bool HeadlessHostIsDocumentOpen(const char* path);

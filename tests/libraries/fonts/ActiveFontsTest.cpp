@@ -29,6 +29,23 @@ TEST(ActiveFonts, EachListHasAddedFontsAndNoRemovedOnes)
     EXPECT_THAT(fonts::GetActiveFontNames(), IsEmpty());
 }
 
+// As after two changes within one step of the file system's clock.
+TEST(ActiveFonts, RescanSeesAChangeThatLeftTheTimeOfTheFolder)
+{
+    const FontTestHome home;
+    const auto folder = home.GetUserFonts() / "group";
+    const auto file = FontTestHome::CopyFont("DejaVuSerif", folder);
+    const auto time = std::filesystem::last_write_time(folder);
+    EXPECT_THAT(fonts::GetActiveFontNames(), ElementsAre("DejaVuSerif"));
+    std::filesystem::remove(file);
+    FontTestHome::CopyFont("DejaVuSans", folder);
+    std::filesystem::last_write_time(folder, time);
+    ASSERT_THAT(fonts::GetActiveFontNames(), ElementsAre("DejaVuSerif"));
+    fonts::RescanFolder(home.GetUserFonts());
+    EXPECT_THAT(fonts::GetActiveFontNames(), ElementsAre("DejaVuSans"));
+    EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSans"));
+}
+
 TEST(ActiveFonts, ReturnsFileAndIndex)
 {
     const FontTestHome home;

@@ -4,6 +4,7 @@
 
 #include "base/Files.h"
 #include "base/Plural.h"
+#include "plugin-core/storage/ErrorLog.h"
 
 namespace plugincore {
 
@@ -125,6 +126,7 @@ std::set<std::string> Activation::Hold(const std::string& document,
                                        const std::vector<std::string>& names)
 {
     return Change([&] {
+        DeactivateGoneAmong(names);
         std::set<std::string> held;
         for (const std::string& name : names) {
             const std::string file = FindActiveFile(name);
@@ -142,10 +144,13 @@ Activation::Outcome Activation::Activate(const std::string& document,
     // The index may be out of date. It is updated before the transaction, which would make other
     // processes wait for it.
     const bool isIndexOld = std::any_of(names.begin(), names.end(), [this](const auto& name) {
-        return FindActiveFile(name).empty() && FindReadableFile(name).empty();
+        return !base::IsReadableFile(FindActiveFile(name)) && FindReadableFile(name).empty();
     });
     if (isIndexOld) mLibrary.Refresh();
-    return Change([&] { return ActivateInTransaction(document, names); });
+    return Change([&] {
+        DeactivateGoneAmong(names);
+        return ActivateInTransaction(document, names);
+    });
 }
 
 Activation::Outcome Activation::ActivateInTransaction(const std::string& document,
@@ -262,15 +267,17 @@ Activation::Repairs Activation::Repair()
 
 Activation::Repairs Activation::RepairIfNeeded()
 {
-    if (!mMayDiffer && mPrograms.ListGone().empty()) return {};
+    if (!mMayDiffer && mPrograms.ListGone().empty() && !IsNextFileGone()) return {};
     return Repair();
 }
 
 void Activation::RepairInTransaction(Repairs& repairs)
 {
     DeleteHoldsOfGonePrograms(repairs);
+    repairs.goneFiles = DeactivateGone();
     repairs.deactivatedFiles = DeactivateUnheld();
     MakeFolderMatch(repairs);
+    if (!repairs.gonePrograms.empty()) mFolder.Touch();
 }
 
 void Activation::DeleteHoldsOfGonePrograms(Repairs& repairs)
@@ -311,6 +318,62 @@ std::vector<std::string> Activation::DeactivateUnheld()
         mFolder.Hide(group);
     }
     return files;
+}
+
+// Looks at a few files only: this is called in the host's idle time.
+bool Activation::IsNextFileGone()
+{
+    constexpr int64_t kFiles = 32;
+    Statement statement(mDatabase,
+                        "SELECT path FROM active_file WHERE path > ? ORDER BY path LIMIT ?");
+    statement.Bind(mLastLookedAt).Bind(kFiles);
+    int64_t count = 0;
+    for (; statement.Step(); ++count) {
+        const std::string file = statement.GetText(0);
+        if (!base::IsReadableFile(file)) return true;
+        mLastLookedAt = file;
+    }
+    if (count < kFiles) mLastLookedAt.clear();
+    return false;
+}
+
+// Deactivates the fonts of files that can't be read, although documents hold them. Reports each.
+std::vector<std::string> Activation::DeactivateGone()
+{
+    std::vector<std::string> gone;
+    {
+        Statement files(mDatabase, "SELECT path FROM active_file ORDER BY path");
+        while (files.Step()) {
+            if (!base::IsReadableFile(files.GetText(0))) gone.push_back(files.GetText(0));
+        }
+    }
+    for (const std::string& file : gone) {
+        Statement faces(mDatabase, "SELECT name FROM active_face WHERE file = ? ORDER BY name");
+        faces.Bind(file);
+        std::string names;
+        for (; faces.Step(); mGoneFiles[faces.GetText(0)] = file) {
+            names += (names.empty() ? "" : ", ") + faces.GetText(0);
+        }
+        LogError(file + ": the font file is gone; no longer active: " + names);
+        Statement(mDatabase, "DELETE FROM hold WHERE file = ?").Bind(file).Run();
+    }
+    if (!gone.empty()) (void)DeactivateUnheld();  // the caller reports the files as gone
+    return gone;
+}
+
+void Activation::DeactivateGoneAmong(const std::vector<std::string>& names)
+{
+    const bool isAnyGone = std::any_of(names.begin(), names.end(), [this](const auto& name) {
+        const std::string file = FindActiveFile(name);
+        return !file.empty() && !base::IsReadableFile(file);
+    });
+    if (isAnyGone) (void)DeactivateGone();  // reports the files
+}
+
+std::string Activation::FindGoneFile(const std::string& name) const
+{
+    const auto found = mGoneFiles.find(name);
+    return found == mGoneFiles.end() ? std::string() : found->second;
 }
 
 void Activation::MakeFolderMatch(Repairs& repairs)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <set>
 #include <string>
 #include <vector>
@@ -14,7 +15,9 @@ namespace plugincore {
 // Activates fonts of the library for the user, and records which document in which process holds
 // them. The database's tables are authoritative; the activation folder is derived from them.
 //
-// A font remains active as long as a document of a running process holds it. Fonts that are active
+// A font remains active as long as a document of a running process holds it and its file can be
+// read. If the file is gone, the font is deactivated and its holds are deleted: when the next
+// program starts, when a document asks for the font, or by RepairIfNeeded. Fonts that are active
 // without PluginCore are neither held nor changed. Fonts are activated by file: holding one name of
 // a collection keeps all of its names active.
 //
@@ -45,10 +48,12 @@ public:
         std::vector<std::string> gonePrograms;
         std::vector<std::string> droppedHolds;
         std::vector<std::string> deactivatedFiles;
+        std::vector<std::string> goneFiles;  // were active, and can't be read any more
         std::vector<std::string> folderChanges;
         bool IsEmpty() const
         {
-            return gonePrograms.empty() && deactivatedFiles.empty() && folderChanges.empty();
+            return gonePrograms.empty() && deactivatedFiles.empty() && goneFiles.empty() &&
+                   folderChanges.empty();
         }
     };
 
@@ -56,8 +61,9 @@ public:
     // deactivates fonts that no document holds and makes the folder match the tables.
     Repairs Repair();
 
-    // The same, but only if a listed process no longer runs or a change by this process failed
-    // halfway. Otherwise takes no lock.
+    // The same, but only if a listed process no longer runs, a change by this process failed
+    // halfway or a file is gone: each call looks at the next few active files. Otherwise takes no
+    // lock.
     Repairs RepairIfNeeded();
 
     // Makes the document hold those of the names that PluginCore has activated. Returns them.
@@ -86,6 +92,10 @@ public:
     // The file through which the name is active in the folder; "" if it isn't.
     std::string FindActiveFile(const std::string& name);
 
+    // The file by which the name was active until this object found that the file is gone; "" if
+    // there is none.
+    std::string FindGoneFile(const std::string& name) const;
+
     // All holds of the name, sorted by document.
     std::vector<HoldOfDocument> ListHolds(const std::string& name);
 
@@ -109,6 +119,9 @@ private:
     void RepairInTransaction(Repairs& repairs);
     void DeleteHoldsOfGonePrograms(Repairs& repairs);
     std::vector<std::string> DeactivateUnheld();
+    bool IsNextFileGone();
+    std::vector<std::string> DeactivateGone();
+    void DeactivateGoneAmong(const std::vector<std::string>& names);
     void MakeFolderMatch(Repairs& repairs);
     Outcome ActivateInTransaction(const std::string& document,
                                   const std::vector<std::string>& names);
@@ -118,7 +131,9 @@ private:
     Programs& mPrograms;
     ActivationFolder mFolder;
     std::string mHolder;
-    bool mMayDiffer = false;  // the folder was changed and the tables may not have been
+    std::map<std::string, std::string> mGoneFiles;  // by name
+    std::string mLastLookedAt;  // the last active file of which RepairIfNeeded knows that it exists
+    bool mMayDiffer = false;    // the folder was changed and the tables may not have been
 };
 
 }  // namespace plugincore

@@ -2,9 +2,12 @@
 
 #include <fcntl.h>
 #include <stdio.h>
+#include <sys/stat.h>
+#include <time.h>
 
 #include <algorithm>
 #include <cctype>
+#include <set>
 
 #include "plugin-core/storage/Failure.h"
 
@@ -75,6 +78,29 @@ void Rename(const fs::path& from, const fs::path& to)
     if (error) Throw(to, "cannot be replaced", error);
 }
 
+bool IsAfter(const timespec& left, const timespec& right)
+{
+    return left.tv_sec > right.tv_sec ||
+           (left.tv_sec == right.tv_sec && left.tv_nsec > right.tv_nsec);
+}
+
+// Gives the folder a modification time that it never had: the time by the clock with fine steps,
+// and later than the present one. A missing folder is no error.
+void TouchFolder(const fs::path& folder)
+{
+    constexpr long kMostNanoseconds = 999999999;
+    struct stat status = {};
+    timespec now = {};
+    if (stat(folder.c_str(), &status) != 0 || clock_gettime(CLOCK_REALTIME, &now) != 0) return;
+    if (!IsAfter(now, status.st_mtim)) {
+        now = status.st_mtim;
+        if (++now.tv_nsec > kMostNanoseconds) now = {now.tv_sec + 1, 0};
+    }
+    const timespec times[] = {{0, UTIME_OMIT}, now};
+    // Fails only for a folder of another user, in which the change itself would have failed.
+    (void)utimensat(AT_FDCWD, folder.c_str(), times, 0);
+}
+
 }  // namespace
 
 std::string ActivationFolder::MakeLinkName(size_t position, const std::string& file)
@@ -94,6 +120,33 @@ fs::path ActivationFolder::GetParent(int64_t group) const
     return mFolder / std::string{kDigits[(group >> 4) & 15], kDigits[group & 15]};
 }
 
+// Creates the folder above a group. The user's font folder gets a new entry by the first group.
+void ActivationFolder::MakeParent(int64_t group) const
+{
+    std::error_code error;
+    const bool isFirst = fs::create_directories(mFolder, error);
+    if (!error) fs::create_directories(GetParent(group), error);
+    if (error) Throw(GetParent(group), "cannot be created", error);
+    if (isFirst) TouchFolder(mFolder.parent_path());
+}
+
+void ActivationFolder::TouchAbove(int64_t group) const
+{
+    TouchFolder(GetParent(group));
+    TouchFolder(mFolder);
+}
+
+void ActivationFolder::Touch() const
+{
+    std::set<fs::path> parents;
+    for (const fs::path& entry : ListEntries()) {
+        TouchFolder(entry);
+        parents.insert(entry.parent_path());
+    }
+    for (const fs::path& parent : parents) TouchFolder(parent);
+    TouchFolder(mFolder);
+}
+
 void ActivationFolder::Show(int64_t group, const Links& links) const
 {
     const fs::path parent = GetParent(group);
@@ -101,8 +154,11 @@ void ActivationFolder::Show(int64_t group, const Links& links) const
     Remove(prepared);
     Hide(group);
     try {
+        MakeParent(group);
         MakeLinks(prepared, links);
+        TouchFolder(prepared);
         Rename(prepared, parent / GetGroupName(group));
+        TouchAbove(group);
     } catch (...) {
         std::error_code error;
         (void)fs::remove_all(prepared, error);  // invisible; the first error is thrown
@@ -116,13 +172,18 @@ void ActivationFolder::KeepOnly(int64_t group, const Links& links) const
     const fs::path prepared = GetParent(group) / ("." + GetGroupName(group) + ".new");
     Remove(prepared);
     MakeLinks(prepared, links);
+    TouchFolder(prepared);
     // Exchanged and not replaced: the path always exists, so that a reader that has listed it finds
     // the remaining links.
     const bool isExchanged =
         renameat2(AT_FDCWD, prepared.c_str(), AT_FDCWD, visible.c_str(), RENAME_EXCHANGE) == 0;
     std::error_code error;
-    if (!isExchanged) RemoveOthers(visible, links);  // not every file system can exchange
-    (void)fs::remove_all(prepared, error);           // invisible; RemoveLeftovers tries again
+    if (!isExchanged) {  // not every file system can exchange
+        RemoveOthers(visible, links);
+        TouchFolder(visible);
+    }
+    (void)fs::remove_all(prepared, error);  // invisible; RemoveLeftovers tries again
+    TouchAbove(group);
 }
 
 void ActivationFolder::Hide(int64_t group) const
@@ -136,6 +197,7 @@ void ActivationFolder::Hide(int64_t group) const
     Rename(visible, hidden);
     (void)fs::remove_all(hidden, error);  // invisible; RemoveLeftovers tries again
     (void)fs::remove(parent, error);      // fails if another group is in it
+    TouchAbove(group);
 }
 
 bool ActivationFolder::Holds(int64_t group, const Links& links) const

@@ -15,6 +15,11 @@ namespace plugincore {
 // under a name with a leading dot, which fontconfig ignores. (Exception: a reader without a cache
 // that is reading the files of a group when it is removed misses the files that it hasn't reached.)
 //
+// fontconfig uses its cache of a folder as long as the folder has the modification time that it had
+// when the cache was written. The file system's clock has coarse steps, so two changes can leave
+// the same time. Each change therefore ends by giving the changed folders a new time, which no
+// earlier change gave them (unless the system's clock is set back).
+//
 // Only one process at a time may change the folder: callers hold the database's write lock. Errors
 // are thrown as Failure.
 class ActivationFolder {
@@ -40,6 +45,10 @@ public:
     // Whether the group exists and has exactly these links.
     bool Holds(int64_t group, const Links& links) const;
 
+    // Gives all folders new times, so that fontconfig reads them again. For the repair after a
+    // process was killed, possibly between a change and its new time.
+    void Touch() const;
+
     // The numbers of all groups.
     std::vector<int64_t> List() const;
 
@@ -52,6 +61,8 @@ public:
 private:
     std::filesystem::path GetParent(int64_t group) const;
     std::vector<std::filesystem::path> ListEntries() const;
+    void MakeParent(int64_t group) const;
+    void TouchAbove(int64_t group) const;
 
     std::filesystem::path mFolder;
 };

@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "documents/model/FileKind.h"
+#include "plugin-core/documents/HostDocuments.h"
 #include "plugin-core/storage/ErrorLog.h"
 #include "plugin-core/storage/Failure.h"
 
@@ -40,6 +41,7 @@ Names DocumentFonts::AddLinked(const std::string& path, const Usage& usage)
 
 Names DocumentFonts::Open(const std::string& path, Usage usage, ActivationMode mode)
 {
+    ReleaseClosed();
     if (usage.fonts) {
         mRefusals.Continue(path);
     } else {
@@ -56,6 +58,7 @@ Names DocumentFonts::Open(const std::string& path, Usage usage, ActivationMode m
     const Names names = AddLinked(path, usage);
     SetUsed(path, names);
     mOpen.insert(path);
+    mSaved.erase(path);
     mSavedAmong.erase(path);
     if (names.empty()) return {};
 
@@ -138,6 +141,7 @@ void DocumentFonts::ActivateNew(const std::string& path, const Names& names, Act
 
 void DocumentFonts::Save(const std::string& path, const std::string& usageText, ActivationMode mode)
 {
+    ReleaseClosed();
     if (usageText.empty()) {
         mServices.documentStore.Remember(path);
         return;
@@ -147,8 +151,11 @@ void DocumentFonts::Save(const std::string& path, const std::string& usageText, 
     if (!usage.fonts) return;
     const Names names = AddLinked(path, usage);
     SetUsed(path, names);
-    // With blank documents around it may be one of them, and then nothing says when it is closed.
-    if (mOpen.count(path) == 0 && !mHasBlanks) mSavedAmong.emplace(path, mOpen);
+    if (mOpen.count(path) == 0) {
+        mSaved.insert(path);
+        // With blank documents around it may be one of them, whose close isn't reported.
+        if (!mHasBlanks) mSavedAmong.emplace(path, mOpen);
+    }
     ActivateNew(path, names, mode);
     const std::set<std::string>& used = mUsed[path];
     Names gone;
@@ -161,10 +168,25 @@ void DocumentFonts::Save(const std::string& path, const std::string& usageText, 
 void DocumentFonts::Release(const std::string& path)
 {
     mOpen.erase(path);
+    mSaved.erase(path);
     mSavedAmong.erase(path);
     mRefusals.Forget(path);
     mUsed.erase(path);
     mServices.activation.Release(path);
+}
+
+void DocumentFonts::ReleaseClosed()
+{
+    for (const std::string& path : Names(mSaved.begin(), mSaved.end())) {
+        if (!IsOpenInHost(path).value_or(true)) Release(path);
+    }
+}
+
+void DocumentFonts::ReleaseSaved()
+{
+    for (const std::string& path : Names(mSaved.begin(), mSaved.end())) {
+        if (!IsOpenInHost(path).value_or(false)) Release(path);
+    }
 }
 
 std::string DocumentFonts::AddBlank()

@@ -18,10 +18,18 @@ namespace plugincore {
 // The fonts of a document are those of its own text and those in the files that it places. A
 // document holds them from its opening to its close.
 //
-// No close event names a document that was first saved in this session: a new one, or one saved
-// under another name. Such a document is one of those that were open when it was saved, so it is
-// released when all of them are closed. If one of these was a blank document, whose close isn't
-// reported either, it holds its fonts until the host ends.
+// No close event names a document that was first saved in this session: a new one, a copy of a
+// template, or one saved under another name. Such a document is released as soon as one of these
+// shows that it is closed:
+//
+//  - The host answers whether a path is open (see HostDocuments.h). It is asked at each idle time
+//    and before each opening and saving. Only paths that were saved without having been opened are
+//    asked for: a template's path isn't open itself while a copy of it is.
+//  - All documents that were open when it was saved are closed: it is one of them. If one of them
+//    was a blank document, whose close isn't reported either, this shows nothing.
+//  - The host asks for the menus without a document: none is open.
+//
+// Until then it holds its fonts, at the longest until the host ends.
 class DocumentFonts {
 public:
     // The services have to outlive this object.
@@ -57,6 +65,14 @@ public:
     // Releases the document in this process and stores the usage report, unless it is "" or the
     // document is a template: the report at its close is that of a document made from it.
     void Close(const std::string& path, const std::string& usage);
+
+    // Releases the documents that were saved without having been opened and that the host doesn't
+    // have open any more. Does nothing if the host doesn't say what is open.
+    void ReleaseClosed();
+
+    // The same when the host has shown that no document is open, also if it doesn't say what is
+    // open.
+    void ReleaseSaved();
 
     // Registers a new document without a path. Returns its id.
     std::string AddBlank();
@@ -99,11 +115,12 @@ private:
     Services& mServices;
     Refusals mRefusals;
     bool mHasBlanks = false;
-    std::set<std::string> mOpen;  // opened and not closed
+    std::set<std::string> mOpen;   // opened and not closed
+    std::set<std::string> mSaved;  // saved without having been opened, and not released
     // The last known fonts of each document that holds fonts in this process.
     std::map<std::string, std::set<std::string>> mUsed;
-    // For each document that was saved without having been opened: the documents open at that time
-    // that aren't closed yet. It is one of them.
+    // For each document in mSaved that was no blank one: the documents open at that time that
+    // aren't closed yet. It is one of them.
     std::map<std::string, std::set<std::string>> mSavedAmong;
 };
 

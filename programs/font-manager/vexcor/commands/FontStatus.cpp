@@ -26,6 +26,9 @@ bool IsOff(Services& services)
 
 std::string GetReasonOfInactive(Services& services, const FontStatus& status)
 {
+    if (!services.activation.FindGoneFile(status.name).empty()) {
+        return std::string(plugincore::kUnreadableFile) + " any more";
+    }
     const std::string reason =
         plugincore::GetReasonUnavailable(services.library, status.name, status.file);
     if (!reason.empty()) return reason;
@@ -88,6 +91,7 @@ FontStatus ExplainFont(Services& services, const ActiveFiles& active, const std:
         status.file =
             services.library.Find(name).value_or(services.library.FindAnywhere(name).value_or(""));
         status.reason = GetReasonOfInactive(services, status);
+        if (status.file.empty()) status.file = services.activation.FindGoneFile(name);
     }
     if (status.otherFiles.empty()) {
         status.similarNames = services.library.ListSimilarNames(name);

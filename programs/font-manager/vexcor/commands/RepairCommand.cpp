@@ -28,6 +28,7 @@ Lines Describe(const Activation::Repairs& repairs)
     Append(lines, "a program is gone: ", repairs.gonePrograms);
     Append(lines, "dropped its hold: ", repairs.droppedHolds);
     Append(lines, "deactivated, as nobody holds it: ", repairs.deactivatedFiles);
+    Append(lines, "deactivated, as its file is gone: ", repairs.goneFiles);
     Append(lines, "folder: ", repairs.folderChanges);
     return lines;
 }

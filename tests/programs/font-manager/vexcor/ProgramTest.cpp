@@ -115,7 +115,22 @@ TEST_F(ProgramTest, WhyReportsThatTheFileIsGone)
     OpenServices().activation.Activate("/a.ai", {"DejaVuSans"});
     fs::remove(file);
     EXPECT_EQ(vexcor::kNegative, Run({"why", "DejaVuSans"}));
-    EXPECT_THAT(output, StartsWith("DejaVuSans: inactive: its file cannot be read any more\n"));
+    EXPECT_THAT(output, HasSubstr(": the font file is gone; no longer active: DejaVuSans\n"));
+    EXPECT_THAT(output, HasSubstr("DejaVuSans: inactive: its file cannot be read any more\n"));
+    EXPECT_THAT(output, HasSubstr("    file: " + file.string() + "\n"));
+    EXPECT_THAT(FontTestHome::ListOfOtherProcess(), testing::IsEmpty());
+}
+
+TEST_F(ProgramTest, RepairReportsThatAFileIsGone)
+{
+    const fs::path file = AddFont("DejaVuSans");
+    OpenServices().activation.Activate("/a.ai", {"DejaVuSans"});
+    fs::remove(file);
+    EXPECT_EQ(vexcor::kSuccess, Run({"repair"}));
+    EXPECT_THAT(output, HasSubstr("deactivated, as its file is gone: " + file.string() + "\n"));
+    EXPECT_THAT(FontTestHome::ListOfOtherProcess(), testing::IsEmpty());
+    EXPECT_EQ(vexcor::kSuccess, Run({"repair"}));
+    EXPECT_EQ("nothing to repair\n", output);
 }
 
 TEST_F(ProgramTest, AddKeepsAFolderAndReportsOneThatCannotBeRead)

@@ -74,6 +74,27 @@ TEST_F(KilledProcessTest, ActivationOfAnotherProcessRevertsAnUncommittedOne)
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSansMono"));
 }
 
+// A process that is killed between its change and the new time of the folder can leave the time
+// that fontconfig's cache has.
+TEST_F(KilledProcessTest, RepairShowsFontsToAFontconfigWhoseCacheHasTheTimeOfTheFolder)
+{
+    namespace fs = std::filesystem;
+    Services services(plugincore::GetLocations());
+    (void)services.Start();  // there is nothing to repair
+    (void)services.activation.Activate("/a.ai", {"DejaVuSansMono"});
+    const fs::path folder = services.locations.activationFolder / "01";
+    const fs::file_time_type time = fs::last_write_time(folder) - std::chrono::hours(1);
+    fs::rename(folder / "g1", mHome.GetPath() / "g1");
+    fs::last_write_time(folder, time);
+    ASSERT_THAT(FontTestHome::ListOfOtherProcess(), IsEmpty());
+    fs::rename(mHome.GetPath() / "g1", folder / "g1");
+    fs::last_write_time(folder, time);
+    ASSERT_THAT(FontTestHome::ListOfOtherProcess(), IsEmpty());
+    RunKilled(DoNothing, [](Services& killed) { killed.programs.Enter("killed"); });
+    EXPECT_EQ(1U, services.activation.RepairIfNeeded().gonePrograms.size());
+    EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSansMono"));
+}
+
 TEST_F(KilledProcessTest, StartFinishesAnUncommittedDeactivation)
 {
     RunKilled(ActivateTwo, [](Services& services) { services.activation.ReleaseAll(); });

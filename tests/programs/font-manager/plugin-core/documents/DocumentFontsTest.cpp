@@ -138,6 +138,16 @@ TEST_F(DocumentFontsTest, SavedDocumentThatWasNotOpenedHoldsItsFontsToTheEnd)
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), IsEmpty());
 }
 
+TEST_F(DocumentFontsTest, SavedDocumentIsReleasedWhenTheMenusShowThatNoneIsOpen)
+{
+    Open("/a.ai", {"DejaVuSansMono"});
+    Save("/new.ai", {"DejaVuSans"});
+    (void)mSession.GetMenus("/new.ai");
+    EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSans", "DejaVuSansMono"));
+    (void)mSession.GetMenus("");
+    EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSansMono"));
+}
+
 TEST_F(DocumentFontsTest, DocumentSavedUnderAnotherNameIsReleasedWithItsOriginal)
 {
     Open("/a.ai", {"DejaVuSans"});
