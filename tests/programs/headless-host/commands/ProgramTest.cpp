@@ -28,7 +28,7 @@ protected:
         const std::string command = "cd '" + folder + "' && " + before +
                                     " '" HEADLESS_HOST_PROGRAM "' " + arguments + " --home '" +
                                     folder + "/home' --plugin '" TEST_PLUGINS_FOLDER "/" + plugin +
-                                    ".aip' >out 2>err </dev/null";
+                                    ".aip' >" + outputFile + " 2>err </dev/null";
         const int status = std::system(command.c_str());
         output = ReadFile("out");
         errors = ReadFile("err");
@@ -53,6 +53,7 @@ protected:
 
     const ScratchFolder scratch;
     const std::string folder = scratch.Path();
+    std::string outputFile = "out";
     std::string output;
     std::string errors;
 };
@@ -151,4 +152,12 @@ TEST_F(Program, ReportsAJournalThatCannotBeWritten)
 {
     EXPECT_EQ(headless::kWrongUse, Run("open a.eps --journal core"));
     EXPECT_THAT(errors, HasSubstr("/core: "));
+}
+
+TEST_F(Program, AHangUpThatTheParentIgnoresDoesNotEndTheHost)
+{
+    WriteEps("a.eps", "Surely-NotInstalled-Font");
+    EXPECT_EQ(headless::kFontMissing,
+              Run("open a.eps --exec 'kill -HUP $PPID'", "well-behaved", "trap '' HUP;"))
+        << errors;
 }
