@@ -1,6 +1,8 @@
 #include "console/Console.h"
 
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 
 #include "base/Strings.h"
 #include "console/Log.h"
@@ -31,9 +33,14 @@ void PrintError(const std::string& text)
 
 bool Print(const std::string& text)
 {
+    errno = 0;
     const bool isWritten = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
     if (isWritten && std::fflush(stdout) == 0) return true;
-    PrintError("standard output: cannot be written");
+    const int reason = errno;
+    // A reader that ends early, such as head(1), has what it wants.
+    if (reason != EPIPE) {
+        PrintError(std::string("standard output: cannot be written: ") + std::strerror(reason));
+    }
     return false;
 }
 

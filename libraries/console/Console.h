@@ -14,7 +14,7 @@ void SetProgramName(const char* name);
 void PrintError(const std::string& text);
 
 // Writes the text to standard output and flushes it. Returns false after an error, which is
-// reported by PrintError.
+// reported by PrintError, except for a pipe that nobody reads.
 bool Print(const std::string& text);
 
 // Returns the text with each control character replaced by '?'.

@@ -58,17 +58,19 @@ void EndToEnd::Install() const
               "vexcor.path=" + (installed / "Vexcor").string() + "\n");
 }
 
-int EndToEnd::Run(const std::string& commandLine)
+std::string EndToEnd::MakeCommand(const std::string& commandLine) const
 {
     if (!pluginCore.empty()) Install();
-    const std::string command =
-        "cd " + Quote(runFolder) + "; " + EnvironmentOfHome() + "exec " + Quote(program) + " " +
-        commandLine + " --home " + Quote(home) +
-        " --frameworks '" PRIVATE_FRAMEWORKS_FOLDER "' --library " + Quote(scratch / "library") +
-        " --plugin '" PLUG_IN_FOLDER
-        "'"
-        " >" +
-        Quote(scratch / "out") + " 2>" + Quote(scratch / "err") + " </dev/null";
+    return "cd " + Quote(runFolder) + "; " + EnvironmentOfHome() + "exec " + Quote(program) + " " +
+           commandLine + " --home " + Quote(home) +
+           " --frameworks '" PRIVATE_FRAMEWORKS_FOLDER "' --library " + Quote(scratch / library) +
+           " --plugin '" PLUG_IN_FOLDER "'";
+}
+
+int EndToEnd::Run(const std::string& commandLine)
+{
+    const std::string command = MakeCommand(commandLine) + " >" + Quote(scratch / "out") + " 2>" +
+                                Quote(scratch / "err") + " </dev/null";
     const int status = std::system(command.c_str());
     output = ReadFile(scratch / "out");
     errors = ReadFile(scratch / "err");

@@ -28,6 +28,9 @@ protected:
     // The same for any subcommand, such as "script FILE".
     int Run(const std::string& commandLine);
 
+    // The shell command that Run runs, without the redirections.
+    std::string MakeCommand(const std::string& commandLine) const;
+
     // The JSON lines of the last run: one per file, in order.
     std::vector<nlohmann::json> Reports() const;
 
@@ -54,6 +57,8 @@ protected:
     std::filesystem::path home;
     std::filesystem::path
         runFolder;  // the current folder of programs; the scratch folder by default
+
+    std::filesystem::path library = "library";  // in the scratch folder
 
     std::filesystem::path program = HEADLESS_HOST_PROGRAM;
 

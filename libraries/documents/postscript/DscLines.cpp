@@ -41,7 +41,7 @@ void DscLines::SkipResource(const DscComment& begin)
     DscLines ahead(mRest);
     size_t depth = 1;
     while (!ahead.mRest.empty()) {
-        const std::string_view line = ahead.TakeLine();
+        const std::string_view line = base::TakeLine(ahead.mRest);
         if (line.substr(0, 2) != "%%") continue;
         const DscComment comment = SplitDscComment(line);
         if (comment.keyword == kEnds[kind]) {

@@ -19,8 +19,14 @@ void CatchInterrupts()
 {
     struct sigaction action = {};
     action.sa_handler = NoteInterrupt;  // no SA_RESTART: waiting calls return EINTR
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
-        (void)sigaction(signal, &action, nullptr);  // cannot fail for a valid signal
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGPIPE}) {
+        struct sigaction before = {};
+        // Neither call can fail for a valid signal.
+        (void)sigaction(signal, nullptr, &before);
+        // nohup(1) ignores SIGHUP, and a shell ignores SIGINT for what it runs in the background.
+        // An ignored SIGPIPE means nothing: many programs leave it ignored for their children.
+        if (before.sa_handler == SIG_IGN && signal != SIGPIPE) continue;
+        (void)sigaction(signal, &action, nullptr);
     }
 }
 

@@ -12,9 +12,10 @@ ProgramFixture::ProgramFixture() { std::filesystem::create_directory(folder + "/
 int ProgramFixture::RunProgram(const std::string& arguments, const std::string& plugin,
                                const std::string& input)
 {
-    const std::string command = "cd '" + folder + "' && '" HEADLESS_HOST_PROGRAM "' " + arguments +
-                                " --home '" + folder + "/home' --plugin '" TEST_PLUGINS_FOLDER "/" +
-                                plugin + ".aip' >out 2>err <" + input;
+    const std::string command = "cd '" + folder + "' && " + before +
+                                " '" HEADLESS_HOST_PROGRAM "' " + arguments + " --home '" + folder +
+                                "/home' --plugin '" TEST_PLUGINS_FOLDER "/" + plugin + ".aip' >" +
+                                outputFile + " 2>err <" + input;
     const int status = std::system(command.c_str());
     output = ReadFile("out");
     errors = ReadFile("err");

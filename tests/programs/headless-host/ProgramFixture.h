@@ -24,6 +24,8 @@ protected:
 
     const ScratchFolder scratch;
     const std::string folder = scratch.Path();
+    std::string before;              // commands of the shell that come before the program
+    std::string outputFile = "out";  // its standard output; relative to `folder`
     std::string output;
     std::string errors;
 };

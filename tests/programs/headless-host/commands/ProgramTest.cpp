@@ -125,3 +125,10 @@ TEST_F(Program, ReportsAJournalThatCannotBeWritten)
     EXPECT_EQ(headless::kWrongUse, Run("open a.eps --journal core"));
     EXPECT_THAT(errors, HasSubstr("/core: "));
 }
+
+TEST_F(Program, AHangUpThatTheParentIgnoresDoesNotEndTheHost)
+{
+    WriteEps("a.eps", "Surely-NotInstalled-Font");
+    before = "trap '' HUP;";
+    EXPECT_EQ(headless::kFontMissing, Run("open a.eps --exec 'kill -HUP $PPID'")) << errors;
+}
