@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <memory>
 #include <stdexcept>
 
@@ -79,8 +80,9 @@ PanelAttack HalfClose(const PanelPlace& place)
                 // The system's queue takes 128 at once.
                 for (int client = 0; tick % 10 == 0 && client < 100; ++client) {
                     if (clients->size() == 300) clients->pop_front();
-                    clients->emplace_back(place.port).EndOutput();
+                    clients->emplace_back(place.port);
                 }
+                for (AttackingClient& client : *clients) client.EndOutput();
             }};
 }
 
@@ -101,13 +103,15 @@ PanelAttack Flood(const PanelPlace& place)
 
 }  // namespace
 
-AttackingClient::AttackingClient(int port) : mSocket(socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0))
+AttackingClient::AttackingClient(int port)
+    : mSocket(socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0))
 {
     sockaddr_in address = {};
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     address.sin_port = htons(static_cast<uint16_t>(port));
-    if (connect(mSocket.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0) {
+    if (connect(mSocket.Get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0 &&
+        errno != EINPROGRESS) {
         throw std::runtime_error("the panel's socket cannot be opened");
     }
 }
@@ -121,7 +125,7 @@ void AttackingClient::Send()
 
 void AttackingClient::EndOutput()
 {
-    (void)shutdown(mSocket.Get(), SHUT_WR);  // the attack goes on without this client
+    (void)shutdown(mSocket.Get(), SHUT_WR);  // fails until the connection is open
 }
 
 size_t AttackingClient::CountLines()

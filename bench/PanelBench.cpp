@@ -4,6 +4,7 @@
 // attack the number of ticks and the longest tick: the time that passed, in which the machine may
 // have done something else, and the time of the host's thread alone.
 #include <dlfcn.h>
+#include <sys/resource.h>
 
 #include <algorithm>
 #include <chrono>
@@ -65,24 +66,35 @@ double GetThreadMilliseconds()
     return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
 }
 
+// How often the thread has waited until now.
+long CountWaits()
+{
+    rusage usage = {};
+    (void)getrusage(RUSAGE_THREAD, &usage);  // fails for wrong arguments only
+    return usage.ru_nvcsw;
+}
+
 void Measure(const Framework& core, const PanelAttack& attack)
 {
     double longest = 0;
     double longestOfThread = 0;
     int ticks = 0;
+    int ticksThatWaited = 0;
     const Clock::time_point start = Clock::now();
     for (; ticks < kMostTicks && Clock::now() - start < kLongestAttack; ++ticks) {
         attack.act(ticks);
+        const long waits = CountWaits();
         const Clock::time_point before = Clock::now();
         const double beforeOfThread = GetThreadMilliseconds();
         (void)core.pProcessPanelMessages(1);  // its errors are part of the attack
         longestOfThread = std::max(longestOfThread, GetThreadMilliseconds() - beforeOfThread);
         const std::chrono::duration<double, std::milli> passed = Clock::now() - before;
         longest = std::max(longest, passed.count());
+        ticksThatWaited += CountWaits() != waits ? 1 : 0;
         std::this_thread::sleep_for(kBetweenTicks);
     }
-    std::printf("| %s | %d | %.2f | %.2f |\n", attack.name.c_str(), ticks, longest,
-                longestOfThread);
+    std::printf("| %s | %d | %.2f | %.2f | %d |\n", attack.name.c_str(), ticks, longest,
+                longestOfThread, ticksThatWaited);
     (void)std::fflush(stdout);
 }
 
@@ -104,7 +116,9 @@ int Run(int count, char** arguments)
     place.port = core.GetPort();
     place.tokenLine = home.MakeTokenLine();
     place.names = home.GetNames();
-    std::printf("| attack | ticks | longest tick, ms | of the thread, ms |\n|---|---|---|---|\n");
+    std::printf(
+        "| attack | ticks | longest tick, ms | of the thread, ms | ticks that waited |\n"
+        "|---|---|---|---|---|\n");
     for (const auto& make : ListPanelAttacks(place)) {
         Measure(core, make());
         Rest(core);

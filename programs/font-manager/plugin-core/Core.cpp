@@ -33,7 +33,7 @@ int Core::Running::GetPanelPort()
 {
     if (!panel) {
         auto worker = std::make_unique<PanelWorker>(services.locations);
-        panel = std::make_unique<PanelServer>(worker->GetQueue(), services.database,
+        panel = std::make_unique<PanelServer>(worker->GetQueue(),
                                               LoadOrMakePanelToken(services.locations.panelToken));
         panelWorker = std::move(worker);
     }

@@ -12,7 +12,7 @@ struct PanelLimits {
     static constexpr size_t kOutput = 1U << 20;      // bytes queued for a client
     static constexpr size_t kBusyOutput = 1U << 16;  // queued bytes beyond which requests wait
     static constexpr size_t kClients = 32;
-    static constexpr size_t kNewClientsInATick = 4;
+    static constexpr size_t kNewClientsInATick = 16;
     static constexpr int64_t kTickMicroseconds = 1000;  // see PanelBudget
     // Of a client, in a step of the budget: bytes.
     static constexpr size_t kReadInAStep = 16U << 10;

@@ -1,5 +1,8 @@
 #include "plugin-core/panel/PanelQueue.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace plugincore {
 namespace {
 
@@ -7,19 +10,19 @@ constexpr const char* kOutOfMemory = "{\"error\":\"out of memory\",\"ok\":false}
 
 }  // namespace
 
-void PanelQueue::Submit(uint64_t client, std::string line)
-{
-    const std::lock_guard<std::mutex> lock(mMutex);
-    if (mIsStopped) return;
-    mRequests.push_back({client, std::move(line)});
-    mArrived.notify_one();
-}
-
-std::vector<PanelQueue::Result> PanelQueue::TakeResults()
+std::vector<PanelQueue::Result> PanelQueue::Exchange(std::vector<Request>& requests)
 {
     std::vector<Result> results;
-    const std::lock_guard<std::mutex> lock(mMutex);
-    results.swap(mResults);
+    {
+        // The other thread holds the lock for a moment only, but the system may interrupt it then.
+        const std::unique_lock<std::mutex> lock(mMutex, std::try_to_lock);
+        if (!lock.owns_lock()) return results;
+        results.swap(mResults);
+        if (mIsStopped || requests.empty()) return results;
+        std::move(requests.begin(), requests.end(), std::back_inserter(mRequests));
+    }
+    requests.clear();
+    mArrived.notify_one();
     return results;
 }
 

@@ -17,7 +17,7 @@ using PanelLine = std::shared_ptr<const std::string>;
 
 // The requests that wait to be served and the answers that wait to be sent. A tick of the host only
 // puts requests in and takes answers out. ServeNext, which reads the database, fontconfig and font
-// files, runs in another thread (PanelWorker). Requests are served in the order of Submit.
+// files, runs in another thread (PanelWorker). Requests are served in their order.
 // Thread-safe.
 class PanelQueue {
 public:
@@ -25,21 +25,21 @@ public:
     explicit PanelQueue(PanelProtocol& protocol) : mProtocol(protocol) {}
 
     struct Result {
-        uint64_t client = 0;            // as in Submit; 0 after SubmitLook
-        PanelLine answer;               // null after SubmitLook
+        uint64_t client = 0;            // as in the request
+        PanelLine answer;               // null for client 0
         bool subscribes = false;        // the client receives events that come after this result
         std::vector<PanelLine> events;  // for the clients that subscribed before this result
         std::string failure;            // why changes couldn't be looked for; otherwise ""
     };
 
-    // Queues a request. `client` isn't 0.
-    void Submit(uint64_t client, std::string line);
+    struct Request {
+        uint64_t client = 0;  // identifies the client; 0 asks for a look for events
+        std::string line;     // without the line feed
+    };
 
-    // Queues a look for changes that are events.
-    void SubmitLook() { Submit(0, {}); }
-
-    // Returns the results since the last call. Doesn't wait for requests that are being served.
-    std::vector<Result> TakeResults();
+    // Queues the requests and empties `requests`. Returns the results since the last call. Never
+    // waits: if another thread uses the queue just now, nothing happens until the next call.
+    std::vector<Result> Exchange(std::vector<Request>& requests);
 
     // Serves the first request that waits. Returns false if none does. Throws nothing.
     bool ServeNext();
@@ -51,10 +51,6 @@ public:
     void Stop();
 
 private:
-    struct Request {
-        uint64_t client = 0;
-        std::string line;
-    };
     void LookForEvents(Result& result);
 
     PanelProtocol& mProtocol;

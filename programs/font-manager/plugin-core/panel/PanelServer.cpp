@@ -8,8 +8,8 @@
 
 namespace plugincore {
 
-PanelServer::PanelServer(PanelQueue& queue, Database& database, std::string token, Clock clock)
-    : mQueue(queue), mDatabase(database), mToken(std::move(token)), mClock(std::move(clock))
+PanelServer::PanelServer(PanelQueue& queue, std::string token, Clock clock)
+    : mQueue(queue), mToken(std::move(token)), mClock(std::move(clock))
 {
 }
 
@@ -66,10 +66,10 @@ void PanelServer::AnnounceLibraryChange()
     SendEvent(std::make_shared<const std::string>("{\"event\":\"libraries\"}\n"));
 }
 
-void PanelServer::TakeResults()
+void PanelServer::ExchangeWithQueue()
 {
     std::string failure;
-    for (const PanelQueue::Result& result : mQueue.TakeResults()) {
+    for (const PanelQueue::Result& result : mQueue.Exchange(mRequests)) {
         for (const PanelLine& event : result.events) SendEvent(event);
         if (!result.failure.empty()) failure = result.failure;
         if (result.client == 0) mIsLooking = false;
@@ -84,11 +84,8 @@ void PanelServer::TakeResults()
 void PanelServer::LookForChanges()
 {
     if (mIsLooking || !HasSubscribers()) return;
-    std::string mark = mDatabase.GetChangeMark();
-    if (mark == mMark) return;
-    mMark = std::move(mark);
     mIsLooking = true;
-    mQueue.SubmitLook();
+    mRequests.push_back({});
 }
 
 void PanelServer::StepClients(const PanelBudget& budget, int64_t now)
@@ -101,7 +98,7 @@ void PanelServer::StepClients(const PanelBudget& budget, int64_t now)
         if (client == mClients.end()) client = mClients.begin();
         const uint64_t number = client->GetNumber();
         const auto submit = [this, number](std::string line) {
-            mQueue.Submit(number, std::move(line));
+            mRequests.push_back({number, std::move(line)});
         };
         mNextStep = number + 1;
         client = client->Step(mToken, submit, now) ? std::next(client) : mClients.erase(client);
@@ -114,9 +111,10 @@ void PanelServer::Serve(const PanelBudget& budget)
     const int64_t now = mClock();
     AcceptClients(budget, now);
     if (mClients.empty()) return;
-    TakeResults();
+    ExchangeWithQueue();  // so that answers are sent in this tick
     LookForChanges();
     StepClients(budget, now);
+    ExchangeWithQueue();  // so that requests are served until the next one
 }
 
 }  // namespace plugincore

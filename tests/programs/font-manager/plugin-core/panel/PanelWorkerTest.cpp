@@ -23,10 +23,15 @@ protected:
     }
     void TearDown() override { mServices.Stop(); }
 
+    static std::vector<PanelQueue::Result> Exchange(PanelQueue& queue,
+                                                    std::vector<PanelQueue::Request> requests)
+    {
+        return queue.Exchange(requests);
+    }
     static PanelQueue::Result WaitForResult(PanelQueue& queue)
     {
         for (int wait = 0; wait < 5000; ++wait) {
-            const std::vector<PanelQueue::Result> results = queue.TakeResults();
+            const std::vector<PanelQueue::Result> results = Exchange(queue, {});
             if (!results.empty()) return results.front();
             std::this_thread::sleep_for(std::chrono::milliseconds(2));
         }
@@ -40,7 +45,7 @@ protected:
 TEST_F(PanelWorkerTest, ActivatesForThisProcess)
 {
     PanelWorker worker(mServices.locations);
-    worker.GetQueue().Submit(7, "{\"op\":\"activate\",\"fonts\":[\"DejaVuSans\"]}");
+    Exchange(worker.GetQueue(), {{7, "{\"op\":\"activate\",\"fonts\":[\"DejaVuSans\"]}"}});
     const PanelQueue::Result result = WaitForResult(worker.GetQueue());
     EXPECT_EQ(7U, result.client);
     ASSERT_NE(nullptr, result.answer);
@@ -56,10 +61,10 @@ TEST_F(PanelWorkerTest, StopDropsTheRequestsThatWait)
 {
     plugincore::PanelProtocol protocol(mServices);
     PanelQueue queue(protocol);
-    queue.Submit(1, "{}");
+    Exchange(queue, {{1, "{}"}});
     EXPECT_TRUE(queue.WaitForRequest());
     queue.Stop();
-    queue.Submit(1, "{}");
+    Exchange(queue, {{1, "{}"}});
     EXPECT_FALSE(queue.WaitForRequest());
     EXPECT_FALSE(queue.ServeNext());
 }
@@ -70,9 +75,9 @@ TEST_F(PanelWorkerTest, ReportsWhyItCannotLookForChanges)
     PanelQueue queue(protocol);
     mServices.activation.Activate("/a.ai", {"DejaVuSans"});
     mServices.database.Execute("ALTER TABLE active_face RENAME TO moved");
-    queue.SubmitLook();
+    Exchange(queue, {{}});
     ASSERT_TRUE(queue.ServeNext());
-    EXPECT_THAT(queue.TakeResults().at(0).failure, testing::HasSubstr("no such table"));
+    EXPECT_THAT(Exchange(queue, {}).at(0).failure, testing::HasSubstr("no such table"));
     mServices.database.Execute("ALTER TABLE moved RENAME TO active_face");
 }
 
