@@ -56,10 +56,13 @@ stage: bootstrap
 	rm -rf stage
 	cmake --install build/release --prefix stage >/dev/null
 
+PLUGIN_CORE = build/release/programs/installed/Vexcor/PluginFiles/PluginCore.framework/PluginCore
+BENCH_FONT = /usr/share/fonts/truetype/dejavu/DejaVuSansMono-BoldOblique.ttf
 bench: bootstrap
 	cmake --preset release -DTYPELOFT_BUILD_BENCH=ON >/dev/null
-	cmake --build --preset release --target plugin-bench
+	cmake --build --preset release --target plugin-bench panel-bench
 	build/release/bench/plugin-bench
+	build/release/bench/panel-bench $(PLUGIN_CORE) $(BENCH_FONT)
 
 # Measures how fast real documents are read, compared with pdffonts on the same files.
 bench-documents: bootstrap

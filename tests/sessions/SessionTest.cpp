@@ -2,6 +2,7 @@
 #include <cstdlib>
 #include <regex>
 #include <sstream>
+#include <vector>
 
 #include "EndToEnd.h"
 #include "SessionNames.h"
@@ -33,6 +34,24 @@ std::string Condense(const std::string& journal, const std::string& scratch)
     return std::regex_replace(text, std::regex("#[0-9]+"), "#N");
 }
 
+// Leaves one of several ticks that follow one another: PluginCore serves the panel in a thread of
+// its own, so that the number of ticks until an answer differs from run to run.
+std::string LeaveOneTick(const std::string& road)
+{
+    std::vector<std::string> kept;
+    std::istringstream lines(road);
+    for (std::string line; std::getline(lines, line);) {
+        kept.push_back(line);
+        const size_t count = kept.size();
+        if (count < 4 || line.find("\"selector\":\"AI Go\"") == std::string::npos) continue;
+        if (line != kept[count - 3] || kept[count - 2] != kept[count - 4]) continue;
+        kept.resize(count - 2);
+    }
+    std::string text;
+    for (const std::string& line : kept) text += line + "\n";
+    return text;
+}
+
 }  // namespace
 
 class Session : public EndToEnd, public testing::WithParamInterface<const char*> {
@@ -62,7 +81,8 @@ TEST_P(Session, JournalEqualsTheGoldenFile)
     }
     fs::copy(fs::path(SESSIONS_FOLDER) / (name + ".session"), scratch / "session");
     EXPECT_EQ(0, Run("script session --journal journal")) << output << errors;
-    const std::string road = Condense(ReadFile(scratch / "journal"), scratch.string());
+    std::string road = Condense(ReadFile(scratch / "journal"), scratch.string());
+    if (name == "panel") road = LeaveOneTick(road);
     const fs::path golden = fs::path(SESSIONS_FOLDER) / "golden" / (name + ".txt");
     if (std::getenv("UPDATE_GOLDEN") != nullptr) WriteFile(golden, road);
     EXPECT_EQ(road, ReadFile(golden));

@@ -16,12 +16,9 @@ Core& GetCore()
 }
 
 Core::Running::Running(const Locations& places, Settings& settings)
-    : services(places),
-      documents(services),
-      panelProtocol(services),
-      commands(services, documents, settings, [this] {
+    : services(places), documents(services), commands(services, documents, settings, [this] {
           watch.SetFolders(services.folders.GetFolders());
-          panelProtocol.AnnounceLibraryChange();
+          if (panel) panel->AnnounceLibraryChange();
       })
 {
     (void)services.Start();  // the host has no use for the list of repairs; Vexcor logs it
@@ -35,10 +32,18 @@ Core::Running::Running(const Locations& places, Settings& settings)
 int Core::Running::GetPanelPort()
 {
     if (!panel) {
-        panel = std::make_unique<PanelServer>(panelProtocol,
+        auto worker = std::make_unique<PanelWorker>(services.locations);
+        panel = std::make_unique<PanelServer>(worker->GetQueue(),
                                               LoadOrMakePanelToken(services.locations.panelToken));
+        panelWorker = std::move(worker);
     }
     return panel->GetPort();
+}
+
+void Core::Running::ClosePanel()
+{
+    panel.reset();
+    panelWorker.reset();
 }
 
 Core::Running& Core::GetRunning()
@@ -57,6 +62,8 @@ void Core::Stop()
     if (!mRunning) return;
     // Moved out first, so that Core is stopped even if the database fails now.
     const std::unique_ptr<Running> running = std::move(mRunning);
+    // Before the holds are released: no request may add one afterwards.
+    running->ClosePanel();
     running->services.Stop();
 }
 
@@ -72,7 +79,7 @@ void Core::Idle()
     }
     mRunning->documents.ReleaseClosed();
     if (!mRunning->watch.HasChanged()) return;
-    mRunning->panelProtocol.AnnounceLibraryChange();
+    if (mRunning->panel) mRunning->panel->AnnounceLibraryChange();
     if (mRebuild) mRebuild();
 }
 

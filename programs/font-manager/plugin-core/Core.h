@@ -6,8 +6,8 @@
 #include "plugin-core/documents/DocumentFonts.h"
 #include "plugin-core/library/LibraryWatch.h"
 #include "plugin-core/menus/MenuCommands.h"
-#include "plugin-core/panel/PanelProtocol.h"
 #include "plugin-core/panel/PanelServer.h"
+#include "plugin-core/panel/PanelWorker.h"
 #include "plugin-core/services/Services.h"
 #include "plugin-core/storage/Settings.h"
 
@@ -25,12 +25,15 @@ public:
         // Opens the panel's socket at the first call and returns its port. Throws Failure.
         int GetPanelPort();
 
+        // Closes the panel's socket. Waits for the request that is being served.
+        void ClosePanel();
+
         Services services;
         DocumentFonts documents;
         LibraryWatch watch;
-        PanelProtocol panelProtocol;
         MenuCommands commands;
-        std::unique_ptr<PanelServer> panel;  // null until the first GetPanelPort
+        std::unique_ptr<PanelWorker> panelWorker;  // null until the first GetPanelPort
+        std::unique_ptr<PanelServer> panel;        // the same
         std::chrono::steady_clock::time_point lastRepair;
     };
 

@@ -12,6 +12,8 @@
 #include "plugin-core/documents/FontJson.h"
 #include "plugin-core/menus/MenuJson.h"
 #include "plugin-core/menus/MenuModel.h"
+#include "plugin-core/panel/PanelBudget.h"
+#include "plugin-core/panel/PanelLimits.h"
 #include "plugin-core/storage/ErrorLog.h"
 #include "plugin-core/storage/Failure.h"
 #include "plugin-core/storage/Locations.h"
@@ -350,7 +352,10 @@ unsigned int ProcessPanelMessages(int value)
     (void)value;  // every caller passes 1
     return Guard(__func__, [] {
         Core::Running* const running = GetCore().FindRunning();
-        if (running && running->panel) running->panel->Serve();
+        if (running && running->panel) {
+            running->panel->Serve(
+                plugincore::PanelBudget(plugincore::PanelLimits::kTickMicroseconds));
+        }
         return StatusCodes::kSuccess;
     });
 }

@@ -17,8 +17,9 @@ constexpr char kResponseType[] = "com.corvanta.portnumberresponse";
 constexpr std::size_t kTokenLength = 64;
 constexpr int kHighestPort = 65535;
 
-// How long to wait for data on the connection after a tick, in which the server sends it.
-constexpr int kSystemMilliseconds = 1;
+// How long to wait for data on the connection after a tick. The server prepares answers between
+// ticks, so that the ticks of one wait have to last some time.
+constexpr int kBetweenTicks = 10;  // milliseconds
 
 // Thrown to end Ask with an error line.
 struct Failure {
@@ -92,7 +93,7 @@ nlohmann::json Receive(PanelConnection& connection, const std::string& awaited,
         }
         connection.Pump(0);
         tick();
-        connection.Pump(kSystemMilliseconds);
+        connection.Pump(kBetweenTicks);
         line = connection.TakeLine();
     }
     if (!line) throw Failure{"no answer to " + awaited + ": " + connection.GetError()};

@@ -25,21 +25,35 @@ bool PresentsToken(const std::string& line, const std::string& token)
 
 }  // namespace
 
-PanelClient::PanelClient(PanelConnection connection, int64_t now)
-    : mConnection(std::move(connection)), mSince(now)
+PanelClient::PanelClient(PanelConnection connection, uint64_t number, int64_t now)
+    : mConnection(std::move(connection)), mNumber(number), mSince(now)
 {
 }
 
-void PanelClient::Queue(const std::string& line)
+void PanelClient::Queue(const PanelLine& line)
 {
     if (mPhase == Phase::kGone) return;
-    mOutput += line + "\n";
-    if (mOutput.size() > PanelLimits::kOutput) mPhase = Phase::kGone;
+    mOutput.push_back(line);
+    mOutputBytes += line->size();
+    if (mOutputBytes > PanelLimits::kOutput) mPhase = Phase::kGone;
+}
+
+void PanelClient::QueueText(std::string text)
+{
+    text += '\n';
+    Queue(std::make_shared<const std::string>(std::move(text)));
+}
+
+void PanelClient::Answer(const PanelLine& line, bool subscribes)
+{
+    mIsAwaitingAnswer = false;
+    mSubscribed = mSubscribed || subscribes;
+    Queue(line);
 }
 
 void PanelClient::Refuse(const std::string& error, int64_t now)
 {
-    Queue(base::PrintJson(json::object({{"ok", false}, {"error", error}})));
+    QueueText(base::PrintJson(json::object({{"ok", false}, {"error", error}})));
     mPhase = Phase::kLeaving;
     mSince = now;
     mInput.clear();
@@ -70,35 +84,47 @@ void PanelClient::Authenticate(const std::string& token, int64_t now)
     std::string line;
     if (!isTooLong && TakeLine(line) && PresentsToken(line, token)) {
         mPhase = Phase::kServed;
-        Queue(kWelcome);
+        QueueText(kWelcome);
         return;
     }
     Refuse(kRefusal, now);
 }
 
-void PanelClient::ServeRequests(const Serve& serve, int64_t now)
+void PanelClient::SubmitRequest(const Submit& submit, int64_t now)
 {
+    if (mIsAwaitingAnswer || mOutputBytes > PanelLimits::kBusyOutput) return;
+    const size_t end = mInput.find('\n');
+    if (std::min(end, mInput.size()) > PanelLimits::kLine) {
+        Refuse("the line is too long", now);
+        return;
+    }
     std::string line;
-    for (size_t served = 0; served < PanelLimits::kRequestsInATick; ++served) {
-        if (mOutput.size() > PanelLimits::kBusyOutput) return;
-        const size_t end = mInput.find('\n');
-        if (std::min(end, mInput.size()) > PanelLimits::kLine) {
-            Refuse("the line is too long", now);
-            return;
-        }
-        if (!TakeLine(line)) break;
-        const PanelProtocol::Answer answer = serve(line);
-        mSubscribed = mSubscribed || answer.subscribes;
-        Queue(answer.line);
-        if (mPhase != Phase::kServed) return;
+    if (TakeLine(line)) {
+        mIsAwaitingAnswer = true;
+        submit(std::move(line));
+        return;
     }
     // A client may close its side after its last request and still receive all answers.
-    if (mInputEnded && mInput.find('\n') == std::string::npos) mPhase = Phase::kLeaving;
+    if (mInputEnded) mPhase = Phase::kLeaving;
 }
 
 void PanelClient::Flush()
 {
-    if (mConnection.Send(mOutput) == PanelConnection::State::kEnded) mPhase = Phase::kGone;
+    for (size_t rest = PanelLimits::kSentInAStep; rest > 0 && !mOutput.empty();) {
+        const std::string& line = *mOutput.front();
+        const size_t size = std::min(rest, line.size() - mSent);
+        size_t sent = 0;
+        if (mConnection.Send(line.data() + mSent, size, sent) == PanelConnection::State::kEnded) {
+            mPhase = Phase::kGone;
+        }
+        mSent += sent;
+        mOutputBytes -= sent;
+        rest -= sent;
+        if (sent < size) return;
+        if (mSent < line.size()) continue;
+        mOutput.pop_front();
+        mSent = 0;
+    }
 }
 
 // Waits for the client to close its side: if a connection is closed while input is unread, TCP
@@ -111,14 +137,14 @@ void PanelClient::Leave()
     if (mInputEnded || mDiscarded > PanelLimits::kDiscarded) mPhase = Phase::kGone;
 }
 
-bool PanelClient::Step(const std::string& token, const Serve& serve, int64_t now)
+bool PanelClient::Step(const std::string& token, const Submit& submit, int64_t now)
 {
     if (mPhase != Phase::kGone && !mInputEnded && mInput.size() <= PanelLimits::kLine) {
-        mInputEnded = mConnection.Receive(mInput, PanelLimits::kReadInATick) ==
+        mInputEnded = mConnection.Receive(mInput, PanelLimits::kReadInAStep) ==
                       PanelConnection::State::kEnded;
     }
     if (mPhase == Phase::kNew) Authenticate(token, now);
-    if (mPhase == Phase::kServed) ServeRequests(serve, now);
+    if (mPhase == Phase::kServed) SubmitRequest(submit, now);
     if (mPhase == Phase::kLeaving) {
         mDiscarded += mInput.size();
         mInput.clear();

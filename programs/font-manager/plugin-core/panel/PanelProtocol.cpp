@@ -53,11 +53,9 @@ Names ReadFonts(const json& request)
         throw MakeFailure("\"fonts\" has more than " + std::to_string(kMostFonts) + " names");
     }
     Names names;
+    std::set<std::string> known;
     for (const json& name : *member) {
-        if (std::find(names.begin(), names.end(), name.get_ref<const std::string&>()) ==
-            names.end()) {
-            names.push_back(name.get<std::string>());
-        }
+        if (known.insert(name.get<std::string>()).second) names.push_back(name.get<std::string>());
     }
     return names;
 }
@@ -112,11 +110,10 @@ json PanelProtocol::Activate(const json& request)
             .push_back(name);
     }
     const Names wanted = mServices.SelectFromLibrary(inactive);
+    const std::set<std::string> known(wanted.begin(), wanted.end());
     Names missing;
     std::copy_if(inactive.begin(), inactive.end(), std::back_inserter(missing),
-                 [&](const std::string& name) {
-                     return std::find(wanted.begin(), wanted.end(), name) == wanted.end();
-                 });
+                 [&known](const std::string& name) { return known.count(name) == 0; });
     Activation::Outcome outcome;
     if (!wanted.empty()) outcome = mServices.activation.Activate(kPanel, wanted);
     missing.insert(missing.end(), outcome.failed.begin(), outcome.failed.end());
@@ -179,21 +176,15 @@ void PanelProtocol::BeginEvents()
 {
     mMark = mServices.database.GetChangeMark();
     mActive = mServices.activation.GetActive();
-    mLibrariesChanged = false;
 }
 
 std::vector<std::string> PanelProtocol::TakeEvents()
 {
-    std::vector<std::string> events;
-    if (mLibrariesChanged) {
-        events.push_back(base::PrintJson(json::object({{"event", "libraries"}})));
-    }
-    mLibrariesChanged = false;
     std::string mark = mServices.database.GetChangeMark();
-    if (mark == mMark) return events;
+    if (mark == mMark) return {};
     mMark = std::move(mark);
     std::set<std::string> active = mServices.activation.GetActive();
-    if (active == mActive) return events;
+    if (active == mActive) return {};
     Names activated;
     Names deactivated;
     std::set_difference(active.begin(), active.end(), mActive.begin(), mActive.end(),
@@ -201,9 +192,8 @@ std::vector<std::string> PanelProtocol::TakeEvents()
     std::set_difference(mActive.begin(), mActive.end(), active.begin(), active.end(),
                         std::back_inserter(deactivated));
     mActive = std::move(active);
-    events.push_back(base::PrintJson(json::object(
-        {{"event", "fonts"}, {"activated", activated}, {"deactivated", deactivated}})));
-    return events;
+    return {base::PrintJson(json::object(
+        {{"event", "fonts"}, {"activated", activated}, {"deactivated", deactivated}}))};
 }
 
 }  // namespace plugincore

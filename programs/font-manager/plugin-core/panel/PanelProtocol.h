@@ -10,7 +10,7 @@
 namespace plugincore {
 
 // The requests and events of the panel's protocol, without the transport of lines. docs/PANEL.md
-// describes the protocol. [main-thread]
+// describes the protocol. [the thread of the services]
 class PanelProtocol {
 public:
     // The services have to outlive this object.
@@ -27,11 +27,9 @@ public:
     // Makes the present state the one that TakeEvents compares with.
     void BeginEvents();
 
-    // Returns the lines for changes since the last call. Costs one query if nothing has changed.
+    // Returns the lines for changes of fonts since the last call. Costs one query if nothing has
+    // changed.
     std::vector<std::string> TakeEvents();
-
-    // Makes the next TakeEvents report that the libraries or the selection have changed.
-    void AnnounceLibraryChange() { mLibrariesChanged = true; }
 
 private:
     nlohmann::json ListLibraries();
@@ -42,7 +40,6 @@ private:
     Services& mServices;
     std::string mMark;              // of the database at the last TakeEvents
     std::set<std::string> mActive;  // the names that were active then
-    bool mLibrariesChanged = false;
 };
 
 }  // namespace plugincore

@@ -4,11 +4,12 @@
 #include <chrono>
 
 #include "plugin-core/panel/PanelLimits.h"
+#include "plugin-core/storage/Failure.h"
 
 namespace plugincore {
 
-PanelServer::PanelServer(PanelProtocol& protocol, std::string token, Clock clock)
-    : mProtocol(protocol), mToken(std::move(token)), mClock(std::move(clock))
+PanelServer::PanelServer(PanelQueue& queue, std::string token, Clock clock)
+    : mQueue(queue), mToken(std::move(token)), mClock(std::move(clock))
 {
 }
 
@@ -32,12 +33,13 @@ bool PanelServer::MakeRoom()
     return true;
 }
 
-void PanelServer::AcceptClients(int64_t now)
+void PanelServer::AcceptClients(const PanelBudget& budget, int64_t now)
 {
     for (size_t accepted = 0; accepted < PanelLimits::kNewClientsInATick; ++accepted) {
+        if (accepted > 0 && budget.IsSpent()) return;
         std::optional<PanelConnection> connection = mListener.Accept();
         if (!connection) return;
-        PanelClient client(*std::move(connection), now);
+        PanelClient client(*std::move(connection), ++mLastNumber, now);
         if (MakeRoom()) {
             mClients.push_back(std::move(client));
         } else {
@@ -46,35 +48,73 @@ void PanelServer::AcceptClients(int64_t now)
     }
 }
 
-void PanelServer::SendEvents()
+bool PanelServer::HasSubscribers() const
 {
-    if (!mHasSubscribers) return;
-    for (const std::string& event : mProtocol.TakeEvents()) {
-        for (PanelClient& client : mClients) {
-            if (client.IsSubscriber()) client.Queue(event);
-        }
+    return std::any_of(mClients.begin(), mClients.end(),
+                       [](const PanelClient& client) { return client.IsSubscriber(); });
+}
+
+void PanelServer::SendEvent(const PanelLine& event)
+{
+    for (PanelClient& client : mClients) {
+        if (client.IsSubscriber()) client.Queue(event);
     }
 }
 
-void PanelServer::CountSubscribers()
+void PanelServer::AnnounceLibraryChange()
 {
-    const bool had = mHasSubscribers;
-    mHasSubscribers = std::any_of(mClients.begin(), mClients.end(),
-                                  [](const PanelClient& client) { return client.IsSubscriber(); });
-    if (mHasSubscribers && !had) mProtocol.BeginEvents();
+    SendEvent(std::make_shared<const std::string>("{\"event\":\"libraries\"}\n"));
 }
 
-void PanelServer::Serve()
+void PanelServer::ExchangeWithQueue()
+{
+    std::string failure;
+    for (const PanelQueue::Result& result : mQueue.Exchange(mRequests)) {
+        for (const PanelLine& event : result.events) SendEvent(event);
+        if (!result.failure.empty()) failure = result.failure;
+        if (result.client == 0) mIsLooking = false;
+        const auto client = std::find_if(
+            mClients.begin(), mClients.end(),
+            [&result](const PanelClient& each) { return each.GetNumber() == result.client; });
+        if (client != mClients.end()) client->Answer(result.answer, result.subscribes);
+    }
+    if (!failure.empty()) throw Failure(StatusCodes::kDatabaseError, failure);
+}
+
+void PanelServer::LookForChanges()
+{
+    if (mIsLooking || !HasSubscribers()) return;
+    mIsLooking = true;
+    mRequests.push_back({});
+}
+
+void PanelServer::StepClients(const PanelBudget& budget, int64_t now)
+{
+    // The clients are in the order of their numbers: from the next one to the end, then the others.
+    auto client = std::find_if(mClients.begin(), mClients.end(), [this](const PanelClient& each) {
+        return each.GetNumber() >= mNextStep;
+    });
+    for (size_t rest = mClients.size(); rest > 0; --rest) {
+        if (client == mClients.end()) client = mClients.begin();
+        const uint64_t number = client->GetNumber();
+        const auto submit = [this, number](std::string line) {
+            mRequests.push_back({number, std::move(line)});
+        };
+        mNextStep = number + 1;
+        client = client->Step(mToken, submit, now) ? std::next(client) : mClients.erase(client);
+        if (budget.IsSpent()) return;
+    }
+}
+
+void PanelServer::Serve(const PanelBudget& budget)
 {
     const int64_t now = mClock();
-    AcceptClients(now);
+    AcceptClients(budget, now);
     if (mClients.empty()) return;
-    const auto serve = [this](const std::string& line) { return mProtocol.Serve(line); };
-    SendEvents();
-    for (auto client = mClients.begin(); client != mClients.end();) {
-        client = client->Step(mToken, serve, now) ? std::next(client) : mClients.erase(client);
-    }
-    CountSubscribers();
+    ExchangeWithQueue();  // so that answers are sent in this tick
+    LookForChanges();
+    StepClients(budget, now);
+    ExchangeWithQueue();  // so that requests are served until the next one
 }
 
 }  // namespace plugincore

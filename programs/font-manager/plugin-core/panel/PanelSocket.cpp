@@ -37,19 +37,11 @@ PanelConnection::State PanelConnection::Receive(std::string& bytes, size_t limit
     return State::kOpen;
 }
 
-PanelConnection::State PanelConnection::Send(std::string& bytes)
+PanelConnection::State PanelConnection::Send(const char* bytes, size_t size, size_t& sent)
 {
-    size_t sent = 0;
-    State state = State::kOpen;
-    while (sent < bytes.size()) {
-        const ssize_t count = send(mSocket.Get(), bytes.data() + sent, bytes.size() - sent,
-                                   MSG_DONTWAIT | MSG_NOSIGNAL);
-        if (count < 0 && !WouldBlock()) state = State::kEnded;
-        if (count <= 0) break;
-        sent += static_cast<size_t>(count);
-    }
-    bytes.erase(0, sent);
-    return state;
+    const ssize_t count = send(mSocket.Get(), bytes, size, MSG_DONTWAIT | MSG_NOSIGNAL);
+    sent = count > 0 ? static_cast<size_t>(count) : 0;
+    return count < 0 && !WouldBlock() ? State::kEnded : State::kOpen;
 }
 
 void PanelConnection::EndOutput()

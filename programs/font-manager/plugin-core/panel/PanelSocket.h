@@ -19,9 +19,9 @@ public:
     // Appends received bytes to `bytes`, at most `limit`. Returns kEnded if no more can arrive.
     State Receive(std::string& bytes, size_t limit);
 
-    // Sends as much of `bytes` as is possible now and removes it there. Returns kEnded if no more
-    // can be sent.
-    State Send(std::string& bytes);
+    // Sends as many of the `size` bytes as is possible now; `sent` is their number. Returns kEnded
+    // if no more can be sent.
+    State Send(const char* bytes, size_t size, size_t& sent);
 
     // Shuts down the sending side. The peer reads to the end of the sent bytes.
     void EndOutput();

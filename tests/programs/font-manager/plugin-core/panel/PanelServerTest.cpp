@@ -11,7 +11,9 @@
 #include "FontTestHome.h"
 #include "PanelPeer.h"
 
+using plugincore::PanelBudget;
 using plugincore::PanelProtocol;
+using plugincore::PanelQueue;
 using plugincore::PanelServer;
 using plugincore::Services;
 
@@ -31,9 +33,20 @@ protected:
     }
     void TearDown() override { mServices.Stop(); }
 
+    // Ticks without a limit of time, and serves all requests before each.
     void Tick(int times = 1)
     {
-        for (int tick = 0; tick < times; ++tick) mServer.Serve();
+        for (int tick = 0; tick < times; ++tick) {
+            while (mQueue.ServeNext()) {
+            }
+            mServer.Serve(PanelBudget(1, [] { return 0; }));
+        }
+    }
+    // Ticks with a budget of some looks at the clock, which is the number of steps. Serves nothing.
+    void TickOfSteps(int steps)
+    {
+        int64_t time = 0;
+        mServer.Serve(PanelBudget(steps, [&time] { return time++; }));
     }
     // Ticks until the peer has received as many bytes as `expected` has, or the connection ends.
     // Returns the received bytes.
@@ -98,7 +111,8 @@ protected:
     PanelProtocol mProtocol{mServices};
     int64_t mNow = 1000;
     std::string mToken = std::string(64, 'a');
-    PanelServer mServer{mProtocol, mToken, [this] { return mNow; }};
+    PanelQueue mQueue{mProtocol};
+    PanelServer mServer{mQueue, mToken, [this] { return mNow; }};
 };
 
 TEST_F(PanelServerTest, ServesAClientWithTheToken)
@@ -207,26 +221,75 @@ TEST_F(PanelServerTest, ServesALineOfExactlyTheLimit)
     EXPECT_EQ(kTooLong, Exchange(peer, "{" + blanks + " }\n", kTooLong));
 }
 
-TEST_F(PanelServerTest, OneTickServesEightRequests)
+TEST_F(PanelServerTest, TickDoesNoWorkOfARequest)
 {
-    plugincore::PanelListener listener;
-    PanelPeer peer(listener.GetPort());
-    std::optional<plugincore::PanelConnection> connection;
-    while (!connection) connection = listener.Accept();
-    plugincore::PanelClient client(*std::move(connection), 0);
-    std::string lines = MakeTokenLine();
-    for (int request = 0; request < 20; ++request) lines += "{}\n";
-    ASSERT_EQ(static_cast<int64_t>(lines.size()), peer.Send(lines));
-    int served = 0;
-    const auto serve = [&served](const std::string&) {
-        ++served;
-        return PanelProtocol::Answer{"{}", false};
-    };
-    while (served < 20) {
-        const int before = served;
-        ASSERT_TRUE(client.Step(mToken, serve, 0));
-        EXPECT_LE(served, before + 8);
+    PanelPeer peer(mServer.GetPort());
+    ASSERT_EQ(kWelcome, Present(peer));
+    const std::string activate = "{\"op\":\"activate\",\"fonts\":[\"DejaVuSans\"]}\n";
+    ASSERT_EQ(static_cast<int64_t>(activate.size()), peer.Send(activate + activate) / 2);
+    const std::string mark = mServices.database.GetChangeMark();
+    for (int tick = 0; tick < 50; ++tick) TickOfSteps(100);
+    EXPECT_EQ("", peer.Receive(10));
+    EXPECT_EQ(mark, mServices.database.GetChangeMark());
+    // One request of a client is in the queue, so that its answers have the order of its requests.
+    EXPECT_TRUE(mQueue.ServeNext());
+    EXPECT_FALSE(mQueue.ServeNext());
+    EXPECT_NE(mark, mServices.database.GetChangeMark());
+    const std::string answer =
+        "{\"activated\":[\"DejaVuSans\"],\"alreadyActive\":[],\"missing\":[],\"ok\":true}\n";
+    EXPECT_EQ(answer, ReceiveUntil(peer, answer));
+}
+
+TEST_F(PanelServerTest, TickEndsWithItsBudgetAndTheNextOneContinues)
+{
+    std::deque<PanelPeer> peers;
+    for (int client = 0; client < 10; ++client) {
+        peers.emplace_back(mServer.GetPort());
+        ASSERT_EQ(kWelcome, Present(peers.back()));
     }
+    for (const PanelPeer& peer : peers) EXPECT_EQ(3, peer.Send("{}\n"));
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    const auto countRequests = [this] {
+        int requests = 0;
+        while (mQueue.ServeNext()) ++requests;
+        return requests;
+    };
+    TickOfSteps(3);
+    EXPECT_EQ(3, countRequests());
+    TickOfSteps(0);
+    EXPECT_EQ(1, countRequests());
+    TickOfSteps(100);
+    EXPECT_EQ(6, countRequests());
+    for (PanelPeer& peer : peers) EXPECT_EQ(kUnknown, ReceiveUntil(peer, kUnknown));
+}
+
+TEST_F(PanelServerTest, TickAcceptsOneClientThoughItsBudgetIsSpent)
+{
+    std::deque<PanelPeer> peers;
+    for (int client = 0; client < 3; ++client) peers.emplace_back(mServer.GetPort());
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    for (const size_t clients : {1U, 2U, 3U}) {
+        TickOfSteps(0);
+        EXPECT_EQ(clients, mServer.GetClientCount());
+    }
+}
+
+TEST_F(PanelServerTest, ChangesCostSubscribersOneLookForAll)
+{
+    std::deque<PanelPeer> peers;
+    for (int client = 0; client < 20; ++client) {
+        peers.emplace_back(mServer.GetPort());
+        ASSERT_EQ(kWelcome, Present(peers.back()));
+        Subscribe(peers.back());
+    }
+    Tick(3);
+    mServices.activation.Activate("/a.ai", {"DejaVuSans"});
+    for (int tick = 0; tick < 10; ++tick) TickOfSteps(100);
+    EXPECT_TRUE(mQueue.ServeNext());
+    EXPECT_FALSE(mQueue.ServeNext());
+    const std::string event =
+        "{\"activated\":[\"DejaVuSans\"],\"deactivated\":[],\"event\":\"fonts\"}\n";
+    for (PanelPeer& peer : peers) EXPECT_EQ(event, ReceiveUntil(peer, event));
 }
 
 TEST_F(PanelServerTest, ClientThatClosesItsSideReceivesAllAnswers)
@@ -297,7 +360,7 @@ TEST_F(PanelServerTest, SubscribersReceiveEventsForFontsAndLibraries)
     ASSERT_EQ(kWelcome, Present(other));
     Subscribe(subscriber);
     mServices.activation.Activate("/a.ai", {"DejaVuSans"});
-    mProtocol.AnnounceLibraryChange();
+    mServer.AnnounceLibraryChange();
     std::string events =
         "{\"event\":\"libraries\"}\n"
         "{\"activated\":[\"DejaVuSans\"],\"deactivated\":[],\"event\":\"fonts\"}\n";

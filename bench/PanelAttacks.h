@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "base/FileDescriptor.h"
+
+// A client of the panel's socket. Non-blocking.
+class AttackingClient {
+public:
+    // Throws std::runtime_error if the connection cannot be opened.
+    explicit AttackingClient(int port);
+
+    // Sends the line as soon as the socket takes it.
+    void Queue(const std::string& line) { mOutput += line + "\n"; }
+    void Send();
+    void EndOutput();
+
+    // Returns the number of lines that have arrived since the last call.
+    size_t CountLines();
+
+private:
+    base::FileDescriptor mSocket;
+    std::string mOutput;
+};
+
+struct PanelPlace {
+    int port = 0;
+    std::string tokenLine;
+    std::vector<std::string> names;  // the fonts of the library
+};
+
+// What one attacker does before each tick, and its name in the report.
+struct PanelAttack {
+    std::string name;
+    std::function<void(int tick)> act;
+};
+
+// Returns the attacks, which share no clients. A client disconnects with its attack.
+std::vector<std::function<PanelAttack()>> ListPanelAttacks(const PanelPlace& place);
