@@ -14,6 +14,12 @@ public:
     // Throws LimitExceeded or std::bad_alloc and then leaves the buffer unchanged.
     void Append(std::string_view bytes);
 
+    // Does the same for bytes that were taken from the ReadBudget before.
+    void AppendTaken(std::string_view bytes);
+
+    // Drops what is behind the first `size` bytes.
+    void Truncate(size_t size) { mSize = size < mSize ? size : mSize; }
+
     std::string_view GetView() const { return {mBytes.get(), mSize}; }
     size_t GetSize() const { return mSize; }
     bool IsEmpty() const { return mSize == 0; }

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <mutex>
+#include <new>
 #include <string>
 
 namespace documents {
@@ -15,6 +17,29 @@ thread_local ReadBudget* sCurrent = nullptr;
 // Cap (about a year) that can't overflow when added to now().
 constexpr double kLongestSeconds = 4e7;
 
+std::mutex sHandlerMutex;
+size_t sBudgets = 0;  // of all threads
+std::new_handler sFormerHandler = nullptr;
+
+void HandleNoMemory()
+{
+    ReadBudget::NoteNoMemory();
+    throw std::bad_alloc();
+}
+
+// The handler goes with the last budget: this code may be in a library that is unloaded.
+void InstallHandler()
+{
+    const std::lock_guard<std::mutex> lock(sHandlerMutex);
+    if (sBudgets++ == 0) sFormerHandler = std::set_new_handler(HandleNoMemory);
+}
+
+void RemoveHandler()
+{
+    const std::lock_guard<std::mutex> lock(sHandlerMutex);
+    if (--sBudgets == 0) (void)std::set_new_handler(sFormerHandler);
+}
+
 }  // namespace
 
 ReadBudget::ReadBudget(size_t bytes, double seconds)
@@ -25,9 +50,25 @@ ReadBudget::ReadBudget(size_t bytes, double seconds)
                               std::clamp(seconds, 0.0, kLongestSeconds))))
 {
     sCurrent = this;
+    InstallHandler();
 }
 
-ReadBudget::~ReadBudget() { sCurrent = nullptr; }
+ReadBudget::~ReadBudget()
+{
+    RemoveHandler();
+    sCurrent = nullptr;
+}
+
+void ReadBudget::Refuse(const std::string& error)
+{
+    if (sCurrent != nullptr) sCurrent->mRefusal = error;
+    throw LimitExceeded(error);
+}
+
+void ReadBudget::NoteNoMemory()
+{
+    if (sCurrent != nullptr) sCurrent->mHasNoMemory = true;
+}
 
 void ReadBudget::Take(size_t bytes)
 {
@@ -45,6 +86,8 @@ void ReadBudget::Check() const
         throw LimitExceeded("too large: inflates to more than " + std::to_string(mLimit >> 20) +
                             " MiB");
     }
+    if (!mRefusal.empty()) throw LimitExceeded(mRefusal);
+    if (mHasNoMemory) throw std::bad_alloc();
     if (!mIsLate) return;
     char text[64];
     (void)std::snprintf(text, sizeof text, "%g", mSeconds);  // a number always fits

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cstddef>
 #include <stdexcept>
+#include <string>
 
 namespace documents {
 
@@ -14,9 +15,10 @@ public:
 
 // Limits the total output of decompression and the time for reading one document.
 //
-// From construction to destruction, the object is the budget of the thread that created it: every
-// stream filter that runs there takes the size of its output from it. A thread may have at most one
-// at a time.
+// While it lives, it is the budget of the thread that created it, and every stream filter takes its
+// output from it. At most one per thread at a time. It also records if operator new finds no memory
+// on that thread: the PDF library swallows std::bad_alloc as a damage of the file. For that, the
+// process has a new-handler as long as any budget lives.
 class ReadBudget {
 public:
     ReadBudget(size_t bytes, double seconds);
@@ -28,10 +30,17 @@ public:
     // is left or the time is over.
     static void Take(size_t bytes);
 
-    // Throws LimitExceeded if a limit was exceeded. Call it at the end of reading: the PDF library
-    // swallows some exceptions of filters.
+    // Throws LimitExceeded with this error, now and from every later Take and Check of the calling
+    // thread's budget.
+    [[noreturn]] static void Refuse(const std::string& error);
+
+    // Records that the calling thread found no memory, for allocations other than operator new.
+    static void NoteNoMemory();
+
+    // Throws LimitExceeded if a limit was exceeded, std::bad_alloc if there was no memory. Call it
+    // at the end of reading: the PDF library swallows some exceptions of filters.
     void Check() const;
-    bool IsExceeded() const { return mExceeded || mIsLate; }
+    bool IsExceeded() const { return mExceeded || mIsLate || !mRefusal.empty() || mHasNoMemory; }
 
 private:
     size_t mLeft;
@@ -40,6 +49,8 @@ private:
     std::chrono::steady_clock::time_point mEnd;
     bool mExceeded = false;
     bool mIsLate = false;
+    bool mHasNoMemory = false;
+    std::string mRefusal;
 };
 
 }  // namespace documents

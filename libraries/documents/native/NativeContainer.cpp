@@ -55,9 +55,9 @@ NativePart JoinPrivateData(PdfFile& file)
     for (size_t i = 1; i <= kMostBlocks; ++i) {
         QPDFObjectHandle block = GetKeyOrNull(data, record::kPrivateData + std::to_string(i));
         if (!block.isStream()) break;
-        std::string bytes;
+        ByteBuffer bytes;
         file.AppendStream(block, bytes);
-        joined->Append(bytes);
+        joined->Append(bytes.GetView());
     }
     QPDFObjectHandle count = GetKeyOrNull(data, record::kBlockCount);
     if (count.isInteger() && count.getIntValue() > 0) {

@@ -45,12 +45,12 @@ void ContentWalker::WalkPage(QPDFObjectHandle page)
     QPDFObjectHandle dictionary =
         QPDFPageObjectHelper(page).getAttribute("/Resources", /*copy_if_shared=*/false);
     PdfResources resources(dictionary, mFonts, ++mResourceCount);
-    std::string content;
+    ByteBuffer content;
     for (const QPDFObjectHandle& stream : page.getPageContents()) {
         mFile.AppendStream(stream, content);
-        content += '\n';
+        content.AppendTaken("\n");
     }
-    Walk(content, resources, nullptr, 0);
+    Walk(content.GetView(), resources, nullptr, 0);
     QPDFObjectHandle annotations = page.getKey("/Annots");
     if (!annotations.isArray()) return;
     for (int index = 0; index < annotations.getArrayNItems(); ++index) {
@@ -215,13 +215,13 @@ void ContentWalker::WalkForm(QPDFObjectHandle form, PdfResources& outer, const P
     QPDFObjectHandle dictionary = form.getDict().getKey("/Resources");
     const bool inherits = !dictionary.isDictionary();
     if (!mWalkedForms.emplace(form.getObjGen(), font, inherits ? outer.GetId() : 0).second) return;
-    std::string content;
+    ByteBuffer content;
     mFile.AppendStream(form, content);
     if (inherits) {
-        Walk(content, outer, font, depth);
+        Walk(content.GetView(), outer, font, depth);
     } else {
         PdfResources resources(dictionary, mFonts, ++mResourceCount);
-        Walk(content, resources, font, depth);
+        Walk(content.GetView(), resources, font, depth);
     }
 }
 

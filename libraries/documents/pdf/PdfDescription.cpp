@@ -50,10 +50,10 @@ std::string GetExternalFile(QPDFObjectHandle dictionary)
 void DescribePdf(PdfFile& file, Document& document)
 {
     QPDF& pdf = file.GetPdf();
-    std::string packet;
+    ByteBuffer packet;
     QPDFObjectHandle metadata = GetKeyOrNull(pdf.getRoot(), "/Metadata");
     if (metadata.isStream()) file.AppendStream(metadata, packet);
-    const XmpFacts facts = ReadXmpPacket(packet);
+    const XmpFacts facts = ReadXmpPacket(packet.GetView());
     document.linkedFiles = facts.manifestFiles;
     document.creator = GetText(GetKeyOrNull(GetKeyOrNull(pdf.getTrailer(), "/Info"), "/Creator"));
     if (document.creator.empty()) document.creator = facts.creatorTool;

@@ -1,6 +1,7 @@
 #include "documents/pdf/PdfFile.h"
 
 #include <exception>
+#include <new>
 #include <qpdf/QPDFExc.hh>
 
 #include "base/Utf8.h"
@@ -13,17 +14,17 @@ namespace {
 
 constexpr size_t kTailBytes = 2048;
 
-class StringSink : public Pipeline {
+class ByteSink : public Pipeline {
 public:
-    explicit StringSink(std::string& data) : Pipeline("sink", nullptr), mData(data) {}
+    explicit ByteSink(ByteBuffer& data) : Pipeline("sink", nullptr), mData(data) {}
     void write(unsigned char const* data, size_t length) override
     {
-        mData.append(reinterpret_cast<const char*>(data), length);
+        mData.AppendTaken({reinterpret_cast<const char*>(data), length});
     }
     void finish() override {}
 
 private:
-    std::string& mData;
+    ByteBuffer& mData;
 };
 
 bool HasEndMark(std::string_view bytes)
@@ -54,6 +55,8 @@ std::string PdfFile::Open()
         return GetDamage(exception.getMessageDetail());
     } catch (const LimitExceeded& exception) {
         return exception.what();
+    } catch (const std::bad_alloc&) {
+        throw;
     } catch (const std::exception& exception) {
         return GetDamage(exception.what());
     }
@@ -86,22 +89,24 @@ std::vector<std::string> PdfFile::TakeNotes()
     return notes;
 }
 
-void PdfFile::AppendStream(QPDFObjectHandle stream, std::string& data)
+void PdfFile::AppendStream(QPDFObjectHandle stream, ByteBuffer& data)
 {
-    const size_t start = data.size();
-    StringSink sink(data);
+    const size_t start = data.GetSize();
+    ByteSink sink(data);
     bool filtered = false;
     bool whole = false;
     try {
         whole = stream.pipeStreamData(&sink, &filtered, 0, qpdf_dl_specialized, true, false);
     } catch (const LimitExceeded&) {
         throw;
+    } catch (const std::bad_alloc&) {
+        throw;
     } catch (const std::exception&) {
         // What was decoded before the damage is used; mBrokenStreams includes the stream.
         whole = false;
     }
     // For an unknown filter the library writes the stored data, which isn't content.
-    if (!filtered) data.resize(start);
+    if (!filtered) data.Truncate(start);
     if (!whole || !filtered) ++mBrokenStreams;
 }
 

@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "documents/bytes/ByteBuffer.h"
+
 namespace documents {
 
 // A PDF opened with the PDF library, whose warnings become notes instead of output. `bytes` must
@@ -13,7 +15,8 @@ class PdfFile {
 public:
     explicit PdfFile(std::string_view bytes);
 
-    // Opens the file. Returns "", or the reason in one line: encrypted, cut off or damaged.
+    // Opens the file. Returns "", or the reason in one line: encrypted, cut off or damaged. Throws
+    // std::bad_alloc.
     std::string Open();
 
     // Returns the problems found since the last call: at most one line for the library's warnings
@@ -23,9 +26,9 @@ public:
     QPDF& GetPdf() { return mPdf; }
     const std::vector<QPDFObjectHandle>& GetPages() const { return mPages; }
 
-    // Appends the decoded data of a stream to `data`. Keeps what a damaged stream has before
-    // the damage; TakeNotes reports the number of such streams. Throws LimitExceeded.
-    void AppendStream(QPDFObjectHandle stream, std::string& data);
+    // Appends the decoded data of a stream to `data`. What a damaged stream gives before the damage
+    // is kept; TakeNotes reports the number of such streams. Throws LimitExceeded, std::bad_alloc.
+    void AppendStream(QPDFObjectHandle stream, ByteBuffer& data);
 
 private:
     std::string GetDamage(const std::string& reason) const;

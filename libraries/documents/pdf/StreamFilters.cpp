@@ -3,6 +3,7 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <qpdf/Pl_Buffer.hh>
 #include <qpdf/Pl_Flate.hh>
 #include <qpdf/Pl_RunLength.hh>
 #include <qpdf/QPDF.hh>
@@ -17,17 +18,33 @@ namespace documents {
 namespace {
 
 constexpr long long kMaximumRowBytes = 1 << 24;
+// What one stream may give that the PDF library decodes for itself (a cross-reference or object
+// stream). The library has such data in memory twice, and objects take far more than their text.
+constexpr size_t kMaximumLibraryBytes = size_t{64} << 20;
 
 // Takes the number of bytes that pass through it from the ReadBudget.
 class BudgetPipeline : public Pipeline {
 public:
-    explicit BudgetPipeline(Pipeline* output) : Pipeline("budget", output) {}
+    // The PDF library decodes into a Pl_Buffer, and nothing else does.
+    BudgetPipeline(Pipeline* output, const Pipeline* receiver)
+        : Pipeline("budget", output), mIsForLibrary(dynamic_cast<const Pl_Buffer*>(receiver))
+    {
+    }
     void write(unsigned char const* data, size_t length) override
     {
         ReadBudget::Take(length);
+        mBytes += length;
+        if (mIsForLibrary && mBytes > kMaximumLibraryBytes) {
+            ReadBudget::Refuse("too large: an object stream inflates to more than " +
+                               std::to_string(kMaximumLibraryBytes >> 20) + " MiB");
+        }
         getNext()->write(data, length);
     }
     void finish() override { getNext()->finish(); }
+
+private:
+    bool mIsForLibrary;
+    size_t mBytes = 0;
 };
 
 // The parameters that Flate and LZW share.
@@ -76,12 +93,13 @@ public:
 
     Pipeline* getDecodePipeline(Pipeline* next) override
     {
+        const Pipeline* const receiver = next;
         if (mParameters.rowBytes > 0) {
             mPredictor =
                 std::make_unique<PngPredictor>(next, mParameters.rowBytes, mParameters.pixelBytes);
             next = mPredictor.get();
         }
-        mBudget = std::make_unique<BudgetPipeline>(next);
+        mBudget = std::make_unique<BudgetPipeline>(next, receiver);
         mDecoder = MakeDecoder(mBudget.get(), mParameters);
         return mDecoder.get();
     }
@@ -118,7 +136,7 @@ class RunLengthFilter : public QPDFStreamFilter {
 public:
     Pipeline* getDecodePipeline(Pipeline* next) override
     {
-        mBudget = std::make_unique<BudgetPipeline>(next);
+        mBudget = std::make_unique<BudgetPipeline>(next, next);
         mDecoder =
             std::make_unique<Pl_RunLength>("run length", mBudget.get(), Pl_RunLength::a_decode);
         return mDecoder.get();

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
+#include <new>
 #include <optional>
 #include <pugixml.hpp>
 
@@ -14,7 +15,8 @@ namespace documents {
 namespace {
 
 // Metadata can consist of millions of empty elements, whose tree takes many times their bytes.
-constexpr size_t kMostTreeBytes = size_t{256} << 20;
+// It is in memory beside the packet and a copy of its start.
+constexpr size_t kMostTreeBytes = size_t{128} << 20;
 
 // Returns as much of the start of the packet as pugixml can parse within kMostTreeBytes.
 std::string_view LimitTree(std::string_view packet)
@@ -155,6 +157,7 @@ void LoadXmpTree(std::string_view packet, unsigned options, pugi::xml_document& 
     std::replace(bytes.begin(), bytes.end(), '\0', ' ');  // pugixml stops at a zero byte
     const pugi::xml_parse_result result =
         document.load_buffer(bytes.data(), bytes.size(), options, pugi::encoding_utf8);
+    if (result.status == pugi::status_out_of_memory) throw std::bad_alloc();
     RemoveCutOff(bytes, result.status, document);
 }
 

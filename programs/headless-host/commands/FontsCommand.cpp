@@ -1,6 +1,7 @@
 #include "commands/FontsCommand.h"
 
 #include <algorithm>
+#include <new>
 #include <unordered_set>
 #include <utility>
 
@@ -25,13 +26,16 @@ constexpr char kNoMemory[] = "too large: not enough memory";
 // Each worker can run one Ghostscript, which gets the remaining fifth of its share.
 size_t GetWorkerMemory(size_t workers) { return kMemoryBytes / workers / 5 * 4; }
 
-// Reads one file, in a worker. Returns its report as JSON.
+// Reads one file, in a worker. Returns its report as JSON. Throws std::bad_alloc if the file needs
+// more memory than the worker has.
 std::string ReadOne(const std::string& path, double seconds, size_t helperBytes)
 {
     documents::Limits limits;
     limits.seconds = seconds;
     limits.helperBytes = helperBytes;
-    return WriteFontsReportAsJson(MakeFontsReport(path, documents::OpenDocument(path, limits)));
+    const documents::OpenResult result = documents::OpenDocument(path, limits);
+    if (!result.ok && result.error == kNoMemory) throw std::bad_alloc();
+    return WriteFontsReportAsJson(MakeFontsReport(path, result));
 }
 
 std::string GetSecondsText(double seconds)
@@ -67,8 +71,8 @@ public:
         }
         const size_t workers =
             std::clamp<size_t>(std::min(wanted.size(), GetCoreCount()), 1, kMostWorkers);
-        bool isWhole = ReadAll(wanted, workers, workers > 1);
-        // A file that was too large for one worker of several gets all the memory.
+        bool isWhole = ReadAll(wanted, workers, wanted.size() > 1);
+        // A file that was too large beside others gets all the memory.
         if (isWhole && !mTooLarge.empty()) {
             isWhole = ReadAll(std::exchange(mTooLarge, {}), 1, false);
         }
@@ -101,11 +105,13 @@ private:
             },
             [&](size_t i, WorkerAnswer answer) {
                 const size_t index = wanted[i];
-                FontsReport report = TakeAnswer(index, std::move(answer));
-                if (triesAgain && report.error == kNoMemory) {
+                // The abort of a process can be a failed allocation where none may fail.
+                const bool mayLackMemory = answer.outcome == WorkerAnswer::Outcome::kNoMemory ||
+                                           answer.outcome == WorkerAnswer::Outcome::kDied;
+                if (triesAgain && mayLackMemory) {
                     mTooLarge.push_back(index);
                 } else {
-                    Finish(index, std::move(report));
+                    Finish(index, TakeAnswer(index, std::move(answer)));
                 }
             },
             IsInterrupted);
@@ -119,6 +125,8 @@ private:
             case WorkerAnswer::Outcome::kTooLong:
                 return MakeFailure(
                     index, "takes longer than " + GetSecondsText(mOptions.timeout) + " s to read");
+            case WorkerAnswer::Outcome::kNoMemory:
+                return MakeFailure(index, kNoMemory);
             case WorkerAnswer::Outcome::kDied:
                 break;
         }

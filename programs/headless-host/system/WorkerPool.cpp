@@ -12,6 +12,7 @@
 #include <csignal>
 #include <cstdint>
 #include <cstring>
+#include <new>
 #include <stdexcept>
 #include <string_view>
 #include <utility>
@@ -28,6 +29,7 @@ using Clock = std::chrono::steady_clock;
 
 constexpr int kPollMilliseconds = 100;
 constexpr size_t kNoRequest = static_cast<size_t>(-1);
+constexpr uint64_t kNoMemorySize = UINT64_MAX;  // in place of an answer's size
 
 // Under a sanitizer the limit would fail: its shadow memory is far larger than the program's own.
 #if defined(__has_feature)
@@ -56,9 +58,15 @@ void Serve(int socket, const WorkerLimits& limits, const std::function<std::stri
     }
     uint64_t request = 0;
     while (base::ReadExactly(socket, &request, sizeof request)) {
-        const std::string text = work(static_cast<size_t>(request));
-        const uint64_t size = text.size();
-        if (base::SendAll(socket, AsBytes(size)) || base::SendAll(socket, text)) break;
+        try {
+            const std::string text = work(static_cast<size_t>(request));
+            const uint64_t size = text.size();
+            if (base::SendAll(socket, AsBytes(size)) || base::SendAll(socket, text)) break;
+        } catch (const std::bad_alloc&) {
+            // The process ends in either case, and the parent finds out if this wasn't sent.
+            (void)base::SendAll(socket, AsBytes(kNoMemorySize));
+            break;
+        }
     }
     _exit(0);
 }
@@ -115,15 +123,20 @@ public:
         (void)base::SendAll(mSocket.Get(), AsBytes(number));
     }
 
-    // Waits for the whole answer. Returns false if the process has ended.
-    bool ReceiveAnswer(std::string& text)
+    // Waits for the whole answer. Unless the outcome is kAnswered, the process must be ended.
+    WorkerAnswer::Outcome ReceiveAnswer(std::string& text)
     {
         uint64_t size = 0;
-        if (!base::ReadExactly(mSocket.Get(), &size, sizeof size)) return false;
+        if (!base::ReadExactly(mSocket.Get(), &size, sizeof size)) {
+            return WorkerAnswer::Outcome::kDied;
+        }
+        if (size == kNoMemorySize) return WorkerAnswer::Outcome::kNoMemory;
         text.resize(static_cast<size_t>(size));
-        if (!base::ReadExactly(mSocket.Get(), text.data(), text.size())) return false;
+        if (!base::ReadExactly(mSocket.Get(), text.data(), text.size())) {
+            return WorkerAnswer::Outcome::kDied;
+        }
         mRequest = kNoRequest;
-        return true;
+        return WorkerAnswer::Outcome::kAnswered;
     }
 
 private:
@@ -175,8 +188,9 @@ private:
     {
         const size_t request = worker.GetRequest();
         WorkerAnswer answer;
-        if (!worker.ReceiveAnswer(answer.text)) {
-            Finish(worker, WorkerAnswer::Outcome::kDied);
+        answer.outcome = worker.ReceiveAnswer(answer.text);
+        if (answer.outcome != WorkerAnswer::Outcome::kAnswered) {
+            Finish(worker, answer.outcome);
             return;
         }
         --mPending;

@@ -15,14 +15,15 @@ struct WorkerLimits {
 };
 
 struct WorkerAnswer {
-    enum class Outcome { kAnswered, kTooLong, kDied };
+    enum class Outcome { kAnswered, kTooLong, kDied, kNoMemory };
     Outcome outcome = Outcome::kAnswered;
     std::string text;  // the result of `work`; for kDied, how the process ended
 };
 
 // Calls `work` for the requests 0 to `count` - 1, several at a time, in processes that are forked
 // from this one and end with it. A process that exceeds the time limit is killed with all that it
-// started, and replaced.
+// started, and replaced. So is a process whose `work` throws std::bad_alloc: earlier requests may
+// have fragmented its memory.
 //
 // done            called in this process for each request, in the order in which they finish
 // isInterrupted   polled; true ends the work

@@ -81,12 +81,12 @@ documents::OpenResult PdfMaker::Open(const documents::Limits& limits) const
     return OpenBytes(Make(), "made.pdf", limits);
 }
 
-std::string Deflate(const std::string& data)
+std::string Deflate(const std::string& data, int level)
 {
     uLongf size = compressBound(data.size());
     std::string packed(size, '\0');
     if (compress2(reinterpret_cast<Bytef*>(packed.data()), &size,
-                  reinterpret_cast<const Bytef*>(data.data()), data.size(), 9) != Z_OK) {
+                  reinterpret_cast<const Bytef*>(data.data()), data.size(), level) != Z_OK) {
         throw std::runtime_error("cannot deflate");
     }
     packed.resize(size);

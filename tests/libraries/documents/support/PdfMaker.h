@@ -32,7 +32,8 @@ private:
 };
 
 // Compresses `data` as zlib does, for /FlateDecode.
-std::string Deflate(const std::string& data);
+// `level` is zlib's.
+std::string Deflate(const std::string& data, int level = 9);
 
 // Returns the runs of all frames, such as "Alpha-Regular:3 Beta-Bold:1 | Alpha-Regular:2".
 std::string DescribeFrames(const documents::OpenResult& result);

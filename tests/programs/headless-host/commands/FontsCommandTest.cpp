@@ -150,6 +150,21 @@ TEST_F(FontsCommand, RefusesToRunWithoutFiles)
     EXPECT_EQ(headless::kWrongUse, Run("--json --names a.pdf"));
 }
 
+// Each of two workers has less than half of the memory, which is too little for the second file.
+TEST_F(FontsCommand, ReadsAFileAloneThatNeedsTheMemoryOfAllWorkers)
+{
+    constexpr size_t kImageBytes = size_t{340} << 20;
+    const std::string content = "BI /L " + std::to_string(kImageBytes) + " ID " +
+                                std::string(kImageBytes, ' ') + " EI BT /F2 9 Tf (abc) Tj ET";
+    Write("small.pdf", MakePdf("F1"));
+    Write("large.pdf", PdfMaker().SetStream(4, "/Filter /FlateDecode", Deflate(content, 1)).Make());
+    EXPECT_EQ(0, Run("small.pdf large.pdf"));
+    EXPECT_EQ(
+        "small.pdf: pdf (pdf), 1 font\n    Alpha-Regular\n"
+        "large.pdf: pdf (pdf), 1 font\n    Beta-Bold\n",
+        output);
+}
+
 TEST_F(FontsCommand, ContinuesAfterADecompressionBomb)
 {
     Write("bomb.ai", WrapInPdf(PackZstandard(std::string(size_t{600} << 20, ' '))));

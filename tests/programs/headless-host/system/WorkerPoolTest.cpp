@@ -81,6 +81,17 @@ TEST(WorkerPool, EndsAProcessThatIsLateAndContinues)
     EXPECT_EQ("3", answers.at(3).text);
 }
 
+TEST(WorkerPool, ReplacesAProcessWithoutMemoryAndContinues)
+{
+    const Answers answers = RunAll(3, MakeLimits(1), [](size_t request) {
+        if (request == 1) throw std::bad_alloc();
+        return std::to_string(getpid());
+    });
+    EXPECT_EQ(WorkerAnswer::Outcome::kNoMemory, answers.at(1).outcome);
+    EXPECT_EQ(WorkerAnswer::Outcome::kAnswered, answers.at(2).outcome);
+    EXPECT_NE(answers.at(0).text, answers.at(2).text);
+}
+
 TEST(WorkerPool, EndsWhenInterrupted)
 {
     EXPECT_FALSE(RunInWorkers(
