@@ -29,7 +29,7 @@ Container GetContainer(std::string_view head)
     if (base::StartsWith(head, "%!PS")) return Container::kPostScript;
     if (head.substr(0, kHeadBytes).find("%PDF-") != std::string_view::npos) return Container::kPDF;
     // Some programs leave out "PS". A PDF may begin with such a line, but not with "%!PS".
-    if (StartsWith(head, "%!")) return Container::kPostScript;
+    if (base::StartsWith(head, "%!")) return Container::kPostScript;
     return Container::kNone;
 }
 
