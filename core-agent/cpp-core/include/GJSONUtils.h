@@ -25,6 +25,10 @@ public:
     // nested too deep, and logs nothing.
     static json ParseOrThrow(const std::string& text);
 
+    // Empties `value`, an array or object that ParseOrThrow returned, without allocating memory.
+    // The destructor of one that isn't empty allocates, and ends the process if it can't.
+    static void Clear(json& value) noexcept;
+
     // Copies the member `key` of the object `source` into `value`. T is json or std::string.
     //
     // On failure `value` is unchanged and the result is

@@ -33,6 +33,13 @@ json GJSONUtils::ParseOrThrow(const std::string& text)
     return json::parse(text);
 }
 
+void GJSONUtils::Clear(json& value) noexcept
+{
+    if (!value.is_structured()) return;
+    for (json& element : value) Clear(element);
+    value.clear();
+}
+
 unsigned int GJSONUtils::Parse(const std::string& text, json& value)
 {
     try {

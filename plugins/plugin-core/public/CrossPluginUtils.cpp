@@ -33,6 +33,16 @@ bool HasFontWithName(const FontList& fonts, const std::string& name)
     return false;
 }
 
+// Settings are read at startup, which must not end the process for want of memory.
+struct ParsedSettings {
+    explicit ParsedSettings(const char* text) : value(GJSONUtils::ParseOrThrow(text)) {}
+    ~ParsedSettings() { GJSONUtils::Clear(value); }
+    ParsedSettings(const ParsedSettings&) = delete;
+    ParsedSettings& operator=(const ParsedSettings&) = delete;
+
+    json value;
+};
+
 const char* TextOrNull(const char* text) { return text != nullptr ? text : "NULL"; }
 
 // Indexing an array by a string throws, so no array form of the settings works: this always ends
@@ -104,7 +114,8 @@ std::string JSONStringRepresentation(const FontList& fonts,
 int GetSettingFromJSONBuffer(const char* buffer, const char* key, int* value)
 {
     try {
-        const json settings = GJSONUtils::ParseOrThrow(buffer != nullptr ? buffer : "");
+        const ParsedSettings parsed(buffer != nullptr ? buffer : "");
+        const json& settings = parsed.value;
         if (settings.is_array()) return GetSettingFromArray(settings, key, value);
         if (settings.is_object()) return GetSettingFromObject(settings, key, value);
         if (settings.is_string()) {

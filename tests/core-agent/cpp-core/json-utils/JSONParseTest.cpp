@@ -101,4 +101,17 @@ TEST_F(JSONParse, ThrowingFormThrowsTheLibrarysParseErrorAndLogsNothing)
     EXPECT_TRUE(Reports().empty());
 }
 
+TEST_F(JSONParse, ClearEmptiesArraysAndObjectsOnly)
+{
+    json object = {{"a", {1, {{"b", json::array({"c"})}}}}};
+    GJSONUtils::Clear(object);
+    EXPECT_EQ(json::object(), object);
+    json array = GJSONUtils::ParseOrThrow(Nested(GJSONUtils::kMaximumNesting));
+    GJSONUtils::Clear(array);
+    EXPECT_EQ(json::array(), array);
+    json text = "text";
+    GJSONUtils::Clear(text);
+    EXPECT_EQ("text", text);
+}
+
 }  // namespace

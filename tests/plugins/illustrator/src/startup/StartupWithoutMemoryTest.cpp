@@ -24,6 +24,7 @@ protected:
     {
         WrapHost();
         WrapPluginCore(core.Loader());
+        core->settings = R"({"DialogSuppression":"0","Other":{"List":[[1],"text"]}})";
         core->menus = R"({"id":"root","title":"Root","label":"","child":[]})";
         core->onCall["CreateMenusFromJSONBuffer"] = [this] {
             for (const char* title :
