@@ -39,19 +39,6 @@ TEST_F(JournalTest, WritesLinesOfPluginCore)
     EXPECT_TRUE(lines[1]["result"].is_null());
 }
 
-// The other function that PluginCore looks up by name.
-TEST_F(JournalTest, PluginCoreCanAskWhetherADocumentIsOpen)
-{
-    headless::DocumentObject* const document = host->AddDocument({}, "/a/b.ai");
-    (void)host->AddDocument({}, "");
-    EXPECT_TRUE(HeadlessHostIsDocumentOpen("/a/b.ai"));
-    EXPECT_TRUE(HeadlessHostIsDocumentOpen("Untitled-1"));
-    EXPECT_FALSE(HeadlessHostIsDocumentOpen("/a/c.ai"));
-    EXPECT_FALSE(HeadlessHostIsDocumentOpen(nullptr));
-    host->RemoveDocument(document);
-    EXPECT_FALSE(HeadlessHostIsDocumentOpen("/a/b.ai"));
-}
-
 TEST_F(JournalTest, ReportsWhyTheFileCannotBeWritten)
 {
     std::string error;
