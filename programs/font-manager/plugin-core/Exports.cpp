@@ -14,6 +14,7 @@
 #include "plugin-core/menus/MenuModel.h"
 #include "plugin-core/panel/PanelBudget.h"
 #include "plugin-core/panel/PanelLimits.h"
+#include "plugin-core/storage/Database.h"
 #include "plugin-core/storage/ErrorLog.h"
 #include "plugin-core/storage/Failure.h"
 #include "plugin-core/storage/Locations.h"
@@ -56,6 +57,9 @@ unsigned int Guard(const char* name, Work work) noexcept
 {
     try {
         return work();
+    } catch (const plugincore::DamagedDatabase& damage) {
+        LogError(std::string(name) + ": " + damage.what() + "; " + plugincore::kHintForDamage);
+        return damage.GetStatus();
     } catch (const Failure& failure) {
         LogError(std::string(name) + ": " + failure.what());
         return failure.GetStatus();
@@ -94,9 +98,10 @@ unsigned int ActivateChosenFonts(const char* documentPath, const char* fontsJson
     if (IsAnyNull(documentPath, fontsJson, outValue)) return StatusCodes::kNullPointer;
     return call.Return(Guard(__func__, [&] {
         DocumentFonts& documents = GetCore().GetRunning().documents;
-        *outValue = DocumentFonts::CanActivate(documentPath, GetMode())
-                        ? documents.Activate(documentPath, plugincore::ReadFontNames(fontsJson))
-                        : 0;
+        *outValue =
+            DocumentFonts::CanActivate(documentPath, GetMode())
+                ? documents.Activate(documentPath, plugincore::ReadFontNamesBeforeCut(fontsJson))
+                : 0;
         return StatusCodes::kSuccess;
     }));
 }
@@ -250,9 +255,9 @@ unsigned int HandleOpenExistingDocument(const char* path, char* ioJson, size_t* 
         DocumentFonts& documents = GetCore().GetRunning().documents;
         const ActivationMode mode = GetMode();
         const plugincore::Usage usage =
-            text.empty() ? plugincore::Usage() : plugincore::ReadUsageWithFonts(text);
-        const std::vector<std::string> names = documents.Open(path, usage, mode);
-        WriteBuffer(plugincore::WriteFontNames(names), ioJson, *ioSize);
+            text.empty() ? plugincore::Usage() : plugincore::ReadUsageWithFontsBeforeCut(text);
+        std::vector<std::string> names = documents.Open(path, usage, mode);
+        WriteBuffer(plugincore::WriteFontNamesWithin(names, *ioSize), ioJson, *ioSize);
         *outValue = static_cast<int>(names.size());
         return StatusCodes::kSuccess;
     });
@@ -320,7 +325,7 @@ unsigned int InvokeResolveDialog(char* ioJson, size_t* ioSize)
         const std::string text = TakeBuffer(ioJson, *ioSize);
         DocumentFonts& documents = GetCore().GetRunning().documents;
         const ActivationMode mode = GetMode();
-        const std::vector<std::string> names = plugincore::ReadFontNames(text);
+        const std::vector<std::string> names = plugincore::ReadFontNamesBeforeCut(text);
         // If all are wanted, the text goes back unchanged, with members that we don't know.
         const std::string chosen = mode == ActivationMode::kAutomatic
                                        ? text

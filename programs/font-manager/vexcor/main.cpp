@@ -1,7 +1,11 @@
+#include <unistd.h>
+
 #include <exception>
+#include <string_view>
 
 #include "console/Console.h"
 #include "console/Log.h"
+#include "plugin-core/storage/Database.h"
 #include "plugin-core/storage/ErrorLog.h"
 #include "plugin-core/storage/Failure.h"
 #include "vexcor/commands/CommandLine.h"
@@ -12,6 +16,19 @@ namespace {
 
 using plugincore::Failure;
 using plugincore::StatusCodes;
+
+// Without memory not even an exception can be thrown, which ends in std::terminate.
+[[noreturn]] void EndAtOnce()
+{
+    const std::string_view line =
+        std::current_exception() ? "Vexcor: an unexpected error\n" : "Vexcor: out of memory\n";
+    // Nothing can be done if standard error can't be written.
+    if (write(STDERR_FILENO, line.data(), line.size()) < 0) _exit(vexcor::kFileFailed);
+    _exit(vexcor::kFileFailed);
+}
+
+// Before all other constructors, which need memory.
+[[gnu::constructor(101)]] void SetTerminateHandler() { (void)std::set_terminate(EndAtOnce); }
 
 int RunWithServices(const vexcor::Options& options,
                     int (*body)(plugincore::Services&, const vexcor::Options&))
@@ -69,6 +86,9 @@ try {
     }
     console::PrintError(text + " (see Vexcor --help)");
     return vexcor::kWrongUse;
+} catch (const plugincore::DamagedDatabase& damage) {
+    console::PrintError(damage.what() + std::string("; ") + plugincore::kHintForDamage);
+    return vexcor::kDatabaseFailed;
 } catch (const Failure& failure) {
     console::PrintError(failure.what());
     return failure.GetStatus() == StatusCodes::kDatabaseError ? vexcor::kDatabaseFailed

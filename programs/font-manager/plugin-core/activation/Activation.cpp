@@ -7,6 +7,12 @@
 #include "plugin-core/storage/ErrorLog.h"
 
 namespace plugincore {
+namespace {
+
+constexpr const char* kFindActiveFile =
+    "SELECT file FROM active_face WHERE name = ? ORDER BY file LIMIT 1";
+
+}  // namespace
 
 Activation::Activation(Database& database, FontLibrary& library, Programs& programs,
                        ActivationFolder folder, std::string holder)
@@ -61,8 +67,7 @@ void Activation::RestoreFolder() noexcept
 
 std::string Activation::FindActiveFile(const std::string& name)
 {
-    Statement statement(mDatabase,
-                        "SELECT file FROM active_face WHERE name = ? ORDER BY file LIMIT 1");
+    Statement statement(mDatabase, kFindActiveFile);
     return statement.Bind(name).Step() ? statement.GetText(0) : std::string();
 }
 
@@ -126,13 +131,15 @@ std::set<std::string> Activation::Hold(const std::string& document,
                                        const std::vector<std::string>& names)
 {
     return Change([&] {
-        DeactivateGoneAmong(names);
+        (void)DeactivateGone();  // reports the files
         std::set<std::string> held;
+        Statement active(mDatabase, kFindActiveFile);
         for (const std::string& name : names) {
-            const std::string file = FindActiveFile(name);
-            if (file.empty()) continue;
-            AddHold(document, name, file);
-            held.insert(name);
+            if (active.Bind(name).Step()) {
+                AddHold(document, name, active.GetText(0));
+                held.insert(name);
+            }
+            active.Reset();
         }
         return held;
     });
@@ -148,7 +155,7 @@ Activation::Outcome Activation::Activate(const std::string& document,
     });
     if (isIndexOld) mLibrary.Refresh();
     return Change([&] {
-        DeactivateGoneAmong(names);
+        (void)DeactivateGone();  // reports the files
         return ActivateInTransaction(document, names);
     });
 }
@@ -359,15 +366,6 @@ std::vector<std::string> Activation::DeactivateGone()
     }
     if (!gone.empty()) (void)DeactivateUnheld();  // the caller reports the files as gone
     return gone;
-}
-
-void Activation::DeactivateGoneAmong(const std::vector<std::string>& names)
-{
-    const bool isAnyGone = std::any_of(names.begin(), names.end(), [this](const auto& name) {
-        const std::string file = FindActiveFile(name);
-        return !file.empty() && !base::IsReadableFile(file);
-    });
-    if (isAnyGone) (void)DeactivateGone();  // reports the files
 }
 
 std::string Activation::FindGoneFile(const std::string& name) const

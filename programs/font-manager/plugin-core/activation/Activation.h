@@ -121,7 +121,6 @@ private:
     std::vector<std::string> DeactivateUnheld();
     bool IsNextFileGone();
     std::vector<std::string> DeactivateGone();
-    void DeactivateGoneAmong(const std::vector<std::string>& names);
     void MakeFolderMatch(Repairs& repairs);
     Outcome ActivateInTransaction(const std::string& document,
                                   const std::vector<std::string>& names);

@@ -33,8 +33,10 @@ Names DocumentFonts::AddLinked(const std::string& path, const Usage& usage)
 {
     Names names = *usage.fonts;
     const Names placed = usage.linkedDocuments.value_or(Names());
+    const std::set<std::string> own(names.begin(), names.end());
+    // Those in the placed files are different from each other.
     for (const std::string& name : mServices.linkedDocuments.GetFonts(path, placed)) {
-        if (std::find(names.begin(), names.end(), name) == names.end()) names.push_back(name);
+        if (own.count(name) == 0) names.push_back(name);
     }
     return names;
 }
@@ -86,8 +88,9 @@ Names DocumentFonts::Choose(const Names& names, ActivationMode mode)
         LogError("cannot ask which fonts to activate: no terminal; not activated: " +
                  JoinNames(open));
     }
+    const std::set<std::string> wanted(chosen.begin(), chosen.end());
     for (const std::string& name : open) {
-        if (std::find(chosen.begin(), chosen.end(), name) == chosen.end()) mRefusals.Add(name);
+        if (wanted.count(name) == 0) mRefusals.Add(name);
     }
     return chosen;
 }
@@ -240,10 +243,9 @@ DocumentFonts::Result DocumentFonts::ActivateAll(const std::string& path,
         return held.count(name) == 0 && active.others.count(name) == 0;
     });
     const Names wanted = mServices.SelectFromLibrary(inactive);
+    const std::set<std::string> inLibrary(wanted.begin(), wanted.end());
     Result result;
-    result.missing = Select(inactive, [&](const auto& name) {
-        return std::find(wanted.begin(), wanted.end(), name) == wanted.end();
-    });
+    result.missing = Select(inactive, [&](const auto& name) { return inLibrary.count(name) == 0; });
     if (wanted.empty()) return result;
     Activation::Outcome outcome = mServices.activation.Activate(path, wanted);
     result.activated = std::move(outcome.activated);

@@ -143,6 +143,22 @@ std::optional<std::string> FontLibrary::Find(const std::string& postScriptName)
     return FindIn(mSelection, postScriptName);
 }
 
+// One statement for all names: compiling it takes much longer than a look-up.
+std::vector<std::string> FontLibrary::SelectKnown(const std::vector<std::string>& postScriptNames)
+{
+    Statement statement(mDatabase, std::string("SELECT 1") + kFromFaces + "name = ? AND " +
+                                       MakeInFolders(mFolders) + " AND " + kBelow + " LIMIT 1");
+    std::vector<std::string> known;
+    for (const std::string& name : postScriptNames) {
+        statement.Bind(name);
+        BindAll(statement, mFolders);
+        BindBelow(statement, mSelection);
+        if (statement.Step()) known.push_back(name);
+        statement.Reset();
+    }
+    return known;
+}
+
 std::optional<std::string> FontLibrary::FindAnywhere(const std::string& postScriptName)
 {
     return FindIn("", postScriptName);

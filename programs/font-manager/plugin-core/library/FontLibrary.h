@@ -40,7 +40,10 @@ public:
     // first by path.
     std::optional<std::string> Find(const std::string& postScriptName);
 
-    // The same in all folders, regardless of the selection.
+    // Returns the names for which Find returns a file, in their order.
+    std::vector<std::string> SelectKnown(const std::vector<std::string>& postScriptNames);
+
+    // As Find, in all folders, regardless of the selection.
     std::optional<std::string> FindAnywhere(const std::string& postScriptName);
 
     // Returns all files in all folders that have the name, the one to use first.

@@ -96,11 +96,10 @@ std::multimap<std::string, Services::ActiveFile> Services::ListActiveFiles() con
 std::vector<std::string> Services::SelectFromLibrary(const std::vector<std::string>& names)
 {
     ApplyLibraryChoice();
-    const auto isKnown = [this](const std::string& name) { return library.Find(name).has_value(); };
-    if (!std::all_of(names.begin(), names.end(), isKnown)) library.Refresh();
-    std::vector<std::string> found;
-    std::copy_if(names.begin(), names.end(), std::back_inserter(found), isKnown);
-    return found;
+    std::vector<std::string> found = library.SelectKnown(names);
+    if (found.size() == names.size()) return found;
+    library.Refresh();
+    return library.SelectKnown(names);
 }
 
 std::string JoinNames(const std::vector<std::string>& names)

@@ -23,6 +23,10 @@ public:
     }
 };
 
+// What the user can do about that. For the line that reports it.
+constexpr const char* kHintForDamage =
+    "'Vexcor repair' keeps it under another name and creates a new one";
+
 // A connection to the font database, which several processes may use at the same time. A statement
 // waits up to 10 seconds for the locks of other processes.
 class Database {

@@ -194,7 +194,8 @@ TEST_F(ExportsTest, StartFailsWithOneLineIfTheDatabaseIsDamaged)
     testing::internal::CaptureStderr();
     EXPECT_EQ(StatusCodes::kDatabaseError, mCore.pInitializePluginCoreInterface("test", "24"));
     EXPECT_EQ("PluginCore: InitializePluginCoreInterface: " + database.string() +
-                  ": file is not a database\n",
+                  ": file is not a database; 'Vexcor repair' keeps it under another name and "
+                  "creates a new one\n",
               testing::internal::GetCapturedStderr());
     EXPECT_EQ(8192U, fs::file_size(database));
 }

@@ -1,5 +1,6 @@
 #include <signal.h>
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 #include <sstream>
 
@@ -172,12 +173,36 @@ TEST_F(ProgramTest, RepairKeepsADamagedDatabaseUnderAnotherName)
     const fs::path database = home.GetData() / "Corvanta/fonts.db";
     FontTestHome::WriteFile(database, std::string(8192, 'x'));
     EXPECT_EQ(vexcor::kDatabaseFailed, Run({"list"}));
-    EXPECT_EQ("Vexcor: " + database.string() + ": file is not a database\n", output);
+    EXPECT_EQ("Vexcor: " + database.string() +
+                  ": file is not a database; 'Vexcor repair' keeps it under another name and "
+                  "creates a new one\n",
+              output);
     EXPECT_EQ(vexcor::kSuccess, Run({"repair"})) << output;
     EXPECT_THAT(output, HasSubstr("renamed to " + database.string() + ".damaged-1"));
     EXPECT_EQ(std::string(8192, 'x'), ReadFile(database.string() + ".damaged-1"));
     EXPECT_EQ(vexcor::kSuccess, Run({"list"}));
     EXPECT_THAT(output, HasSubstr("DejaVuSans"));
+}
+
+// From too little memory to load the program up to enough for it. In between there is a range in
+// which not even an exception can be allocated. (Programs with sanitizers need terabytes.)
+TEST_F(ProgramTest, WithoutMemoryItEndsWithOneLine)
+{
+    int worked = 0;
+    for (int kibibytes = 8000; kibibytes < 30000 && worked < 5; kibibytes += 16) {
+        ChildProcess program({"/bin/sh", "-c", "ulimit -c 0; ulimit -v $0; exec \"$@\"",
+                              std::to_string(kibibytes), VEXCOR_PROGRAM, "list"},
+                             home.GetPath() / "output");
+        const int status = program.Wait();
+        if (status == 127) continue;  // the loader's: a library can't be loaded
+        if (status == 0) ++worked;
+        const std::string text = program.GetOutput();
+        ASSERT_NE(-SIGABRT, status) << kibibytes << ": " << text;
+        // Libraries in C may crash without memory.
+        if (status != vexcor::kFileFailed && status != vexcor::kDatabaseFailed) continue;
+        ASSERT_THAT(text, StartsWith("Vexcor: ")) << kibibytes;
+        ASSERT_EQ(1, std::count(text.begin(), text.end(), '\n')) << kibibytes << ": " << text;
+    }
 }
 
 TEST_F(ProgramTest, TheLogHasALineForEachActionAndEachError)

@@ -11,6 +11,12 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
+// A font list in the form in which PluginCore returns it.
+std::string MakeUsageOfFonts(const std::vector<std::string>& names)
+{
+    return "{\"DocumentFonts\":" + MakeFontList(names) + "}";
+}
+
 class DocumentFontsTest : public testing::Test {
 protected:
     void Open(const std::string& path, const std::vector<std::string>& fonts) const
@@ -223,6 +229,50 @@ TEST_F(DocumentFontsTest, ModeAskWithoutATerminalActivatesNothing)
     });
     EXPECT_THAT(errors, HasSubstr("no terminal; not activated: DejaVuSans"));
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), IsEmpty());
+}
+
+// As the plug-in cuts a text that is longer than its buffer of 1 MiB.
+TEST_F(DocumentFontsTest, OfACutFontListTheFontsBeforeTheCutAreUsed)
+{
+    std::vector<std::string> names = {"DejaVuSans", "DejaVuSerif"};
+    while (names.size() < 40000) names.push_back("Nowhere-" + std::to_string(names.size()));
+    names.emplace_back("DejaVuSansMono");
+    std::string buffer = MakeUsage(names);
+    ASSERT_LT(1048576U, buffer.size());
+    buffer.resize(1048576);
+    size_t size = buffer.size();
+    int count = 0;
+    const std::string errors = CaptureErrors([&] {
+        EXPECT_EQ(0U, mCore.pHandleOpenExistingDocument("/a.ai", buffer.data(), &size, &count));
+    });
+    EXPECT_EQ(MakeUsageOfFonts({"DejaVuSans", "DejaVuSerif"}), std::string(buffer.c_str()));
+    EXPECT_EQ(2, count);
+    EXPECT_THAT(errors, testing::MatchesRegex(
+                            "PluginCore: the font list was cut off after 1048576 bytes; used are "
+                            "the [0-9]+ fonts before that\n"));
+    const std::string cut = MakeUsage(names).substr(0, 1048576);
+    EXPECT_THAT(
+        CaptureErrors([&] { EXPECT_EQ(0U, mCore.pActivateChosenFonts("", cut.c_str(), &count)); }),
+        HasSubstr("was cut off after 1048576 bytes"));
+    EXPECT_EQ(2, count);
+}
+
+// The list that is returned may be longer than the caller's buffer.
+TEST_F(DocumentFontsTest, OfAListThatDoesNotFitTheFirstFontsAreUsed)
+{
+    std::string buffer = MakeFontList({"DejaVuSans", "DejaVuSerif"});
+    const std::string one = MakeUsageOfFonts({"DejaVuSans"});
+    ASSERT_LT(one.size(), buffer.size());
+    ASSERT_GT(MakeUsageOfFonts({"DejaVuSans", "DejaVuSerif"}).size(), buffer.size());
+    size_t size = buffer.size();
+    int count = 0;
+    const std::string errors = CaptureErrors([&] {
+        EXPECT_EQ(0U, mCore.pHandleOpenExistingDocument("/a.ai", buffer.data(), &size, &count));
+    });
+    EXPECT_EQ(one, std::string(buffer.c_str()));
+    EXPECT_EQ(1, count);
+    EXPECT_THAT(errors, HasSubstr("PluginCore: the list of 2 fonts is longer than the buffer of " +
+                                  std::to_string(size) + " bytes; used are the first 1\n"));
 }
 
 }  // namespace
