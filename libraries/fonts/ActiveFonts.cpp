@@ -9,6 +9,7 @@
 #include <mutex>
 
 #include "fonts/FontFaces.h"
+#include "fonts/FontconfigMessages.h"
 
 namespace fonts {
 namespace {
@@ -19,7 +20,12 @@ using FontSet = std::unique_ptr<FcFontSet, void (*)(FcFontSet*)>;
 using ObjectSet = std::unique_ptr<FcObjectSet, void (*)(FcObjectSet*)>;
 
 // The process-wide configuration belongs to the host, which may not expect it to change.
-Config LoadConfig() { return {FcInitLoadConfigAndFonts(), FcConfigDestroy}; }
+Config LoadConfig()
+{
+    FcConfig* config = nullptr;
+    CollectFontconfigMessages([&config] { config = FcInitLoadConfigAndFonts(); });
+    return {config, FcConfigDestroy};
+}
 
 std::string GetText(const FcPattern* pattern, const char* object)
 {

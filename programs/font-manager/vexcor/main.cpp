@@ -6,6 +6,7 @@
 #include "console/Console.h"
 #include "console/Log.h"
 #include "plugin-core/storage/Database.h"
+#include "fonts/FontconfigMessages.h"
 #include "plugin-core/storage/ErrorLog.h"
 #include "plugin-core/storage/Failure.h"
 #include "vexcor/commands/CommandLine.h"
@@ -64,6 +65,15 @@ int RunCommand(const vexcor::Options& options)
     return vexcor::kWrongUse;
 }
 
+// Runs the command and prints what fontconfig reported meanwhile.
+int RunAndReport(const vexcor::Options& options)
+{
+    const int status = RunCommand(options);
+    const std::string problem = fonts::GetFontconfigProblem();
+    if (!problem.empty()) console::PrintError("fontconfig: " + problem);
+    return status;
+}
+
 }  // namespace
 
 int main(int argc, char** argv)
@@ -78,7 +88,7 @@ try {
                 console::PrintError(text);
                 return vexcor::kFileFailed;
             }
-            return RunCommand(options);
+            return RunAndReport(options);
         case console::ParseOutcome::kDone:
             return console::Print(text) ? vexcor::kSuccess : vexcor::kFileFailed;
         case console::ParseOutcome::kWrongUse:

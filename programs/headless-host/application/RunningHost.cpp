@@ -75,6 +75,8 @@ int RunHost(const Options& given, const std::function<int(RunningHost&)>& body)
     }
     ReportViolationsAndAlerts(host);
     CatchInterrupts();
+    const std::string problem = fonts.GetProblem();
+    if (!problem.empty()) console::PrintError(problem);
 
     int status = kAllOpened;
     Application application(host, options.language);

@@ -1,6 +1,7 @@
 #include "model/HostFonts.h"
 
 #include "fonts/ActiveFonts.h"
+#include "fonts/FontconfigMessages.h"
 
 namespace headless {
 
@@ -37,6 +38,14 @@ std::map<std::string, documents::FontFile> SystemFonts::ListFiles()
         (void)files.emplace(font.postScriptName, documents::FontFile{font.file, font.index});
     }
     return files;
+}
+
+std::string SystemFonts::GetProblem()
+{
+    const bool isEmpty = fonts::ListActiveFonts().empty();
+    const std::string problem = fonts::GetFontconfigProblem();
+    if (!problem.empty()) return "fontconfig: " + problem;
+    return isEmpty ? "fontconfig: there are no fonts on this system" : "";
 }
 
 const std::set<std::string>& HostFonts::RefreshActiveNames()

@@ -20,6 +20,8 @@ public:
     virtual std::string GetDefaultName(const std::string& language) = 0;
     // The files of the active fonts, by name.
     virtual std::map<std::string, documents::FontFile> ListFiles() = 0;
+    // One line about what is wrong with the system's fonts in all; empty if nothing is.
+    virtual std::string GetProblem() { return {}; }
 };
 
 // The fonts of the system, from fontconfig.
@@ -28,6 +30,8 @@ public:
     std::set<std::string> ListActiveNames() override;
     std::string GetDefaultName(const std::string& language) override;
     std::map<std::string, documents::FontFile> ListFiles() override;
+    // What fontconfig reported about its configuration so far, or that it lists no font.
+    std::string GetProblem() override;
 };
 
 // The fonts that the host knows: the active ones, its default fonts, and a key for each name that

@@ -10,6 +10,8 @@ namespace headless {
 
 namespace {
 
+constexpr AIFaceScript kSystemFontScript = -1;
+
 const SuiteRow& kFontSuite = *FindSuiteRow("AI Font Suite");
 
 AIErr GetDefaultFontForScript(AIFaceScript script, AIFontKey* key)
@@ -30,6 +32,10 @@ AIErr GetPostScriptFontName(AIFontKey key, char* buffer, short bufferSize)
     return Answer(kFontSuite, "GetPostScriptFontName", [&](SuiteCall& call) {
         call.Handle("key", key);
         call.Arg("bufferSize", bufferSize);
+        // Without any font there is no key that the plug-in could ask about. That is no violation.
+        if (key == nullptr && call.host.fonts.GetDefaultName(kSystemFontScript).empty()) {
+            return kHostBadParameter;
+        }
         const auto* const font = call.Find<FontKeyObject>(key);
         if (font == nullptr || !call.Require(buffer, "buffer")) return kHostBadParameter;
         if (bufferSize <= 0) return call.Refuse("the buffer size is not positive");
