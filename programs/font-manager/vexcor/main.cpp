@@ -5,8 +5,8 @@
 
 #include "console/Console.h"
 #include "console/Log.h"
-#include "plugin-core/storage/Database.h"
 #include "fonts/FontconfigMessages.h"
+#include "plugin-core/storage/Database.h"
 #include "plugin-core/storage/ErrorLog.h"
 #include "plugin-core/storage/Failure.h"
 #include "vexcor/commands/CommandLine.h"
