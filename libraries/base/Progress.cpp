@@ -12,6 +12,8 @@ namespace {
 
 constexpr char kClearLine[] = "\r\033[K";
 
+Progress* sShown = nullptr;
+
 }  // namespace
 
 Progress::Progress(size_t total, size_t least)
@@ -28,12 +30,19 @@ void Progress::Show(size_t number, std::string_view text)
     (void)std::fprintf(stderr, "%s%zu of %zu  %s", kClearLine, number, mTotal,
                        MakePrintable(text).c_str());
     mIsShown = true;
+    sShown = this;
 }
 
 void Progress::Clear()
 {
     if (mIsShown) (void)std::fputs(kClearLine, stderr);  // as above
     mIsShown = false;
+    if (sShown == this) sShown = nullptr;
+}
+
+void Progress::ClearShown()
+{
+    if (sShown != nullptr) sShown->Clear();
 }
 
 }  // namespace base

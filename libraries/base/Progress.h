@@ -6,7 +6,7 @@
 namespace base {
 
 // The line "3 of 20  PATH" on standard error, which each call replaces. It exists on a terminal
-// only. Anything else that prints must call Clear first. One thread.
+// only. Anything else that prints must call ClearShown first. One thread.
 class Progress {
 public:
     // total   the number of things to do
@@ -25,6 +25,9 @@ public:
 
     // Removes the line if it is shown.
     void Clear();
+
+    // The same for whichever object's line is shown. console::Print and console::PrintError call it.
+    static void ClearShown();
 
 private:
     const size_t mTotal;

@@ -18,25 +18,44 @@ public:
     }
 };
 
-// Returns the first argument if it is neither an option nor a command, else "". CLI11 would report
-// that no command was given.
-std::string FindUnknownCommand(const CLI::App& app, int argc, const char* const* argv)
+bool IsCommand(const CLI::App& app, const std::string& word)
 {
-    const std::string word = argc > 1 ? argv[1] : "";
-    if (word.empty() || word[0] == '-') return {};
     const auto commands = app.get_subcommands({});
-    const bool isKnown = std::any_of(commands.begin(), commands.end(), [&](const CLI::App* known) {
-        return known->check_name(word);
-    });
-    return isKnown ? std::string() : word;
+    return std::any_of(commands.begin(), commands.end(),
+                       [&](const CLI::App* known) { return known->check_name(word); });
+}
+
+// Returns what is wrong with the arguments before the command, else "": the first that is neither
+// an option of the program nor a command. CLI11 would report that no command was given.
+std::string FindMistakeBeforeCommand(const CLI::App& app, int argc, const char* const* argv)
+{
+    std::string mistake;
+    for (int i = 1; i < argc; ++i) {
+        const std::string word = argv[i];
+        if (word == "--" || IsCommand(app, word)) break;
+        if (word.empty() || word[0] != '-') return "unknown command \"" + word + "\"";
+        const std::string name = word.substr(0, word.find('='));
+        const CLI::Option* const option = app.get_option_no_throw(name);
+        if (option == nullptr) {
+            // The word after it may be its argument, or the command.
+            if (mistake.empty()) mistake = "unknown option \"" + name + "\" before the command";
+            const bool isNextKnown = i + 1 < argc && IsCommand(app, argv[i + 1]);
+            if (!isNextKnown && i + 1 < argc && argv[i + 1][0] != '-') {
+                return "unknown command \"" + std::string(argv[i + 1]) + "\"";
+            }
+        } else if (option->get_items_expected_max() > 0 && name == word) {
+            ++i;  // its argument
+        }
+    }
+    return mistake;
 }
 
 }  // namespace
 
 ParseOutcome ParseCommandLine(CLI::App& app, int argc, const char* const* argv, std::string& text)
 {
-    if (const std::string word = FindUnknownCommand(app, argc, argv); !word.empty()) {
-        text = "unknown command \"" + word + "\"";
+    if (const std::string mistake = FindMistakeBeforeCommand(app, argc, argv); !mistake.empty()) {
+        text = mistake;
         return ParseOutcome::kWrongUse;
     }
     try {

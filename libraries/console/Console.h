@@ -13,6 +13,10 @@ void SetProgramName(const char* name);
 // and logs it as an error.
 void PrintError(const std::string& text);
 
+// The same for a text of several lines: writes the title after the program's name, and below it the
+// lines of the text, indented. Logs everything as one line.
+void PrintErrorLines(const std::string& title, const std::string& text);
+
 // Writes the text to standard output and flushes it. Returns false after an error, which is
 // reported by PrintError, except for a pipe that nobody reads.
 bool Print(const std::string& text);

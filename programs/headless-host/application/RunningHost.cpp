@@ -20,6 +20,29 @@ namespace {
 // The plug-in's alert when it finds no PluginCore.
 constexpr char kMissingPluginCore[] = "Missing PluginCore";
 
+// Sets `error` if the folder that `option` names cannot be listed. Returns whether it can.
+bool CheckFolder(const std::string& option, const std::string& folder, std::string& error)
+{
+    const std::string reason = GetListError(folder);
+    if (!reason.empty()) error = option + ": " + folder + ": " + reason;
+    return reason.empty();
+}
+
+// The folders as PluginCore reads them: separated by colons, with a backslash before each colon and
+// backslash of a name.
+std::string JoinFolders(const std::vector<std::string>& folders)
+{
+    std::string text;
+    for (const std::string& folder : folders) {
+        if (!text.empty()) text += ':';
+        for (const char c : MakeAbsolute(folder)) {
+            if (c == ':' || c == '\\') text += '\\';
+            text += c;
+        }
+    }
+    return text;
+}
+
 // The path that the user gave, or the default one in the installation of this program.
 std::string Choose(const std::string& given, const std::string& fallback)
 {
@@ -28,16 +51,18 @@ std::string Choose(const std::string& given, const std::string& fallback)
 
 bool SetUp(Options& options, std::string& error)
 {
+    if (!options.frameworks.empty() &&
+        !CheckFolder("--frameworks", MakeAbsolute(options.frameworks), error)) {
+        return false;
+    }
     options.plugin = Choose(options.plugin, "Plug-ins/TypeloftSPEA.aip");
     options.frameworks = MakeAbsolute(Choose(options.frameworks, "Frameworks"));
     if (!IsFolder(options.frameworks)) options.frameworks.clear();
     if (!options.journal.empty()) options.journal = MakeAbsolute(options.journal);
     if (!options.home.empty() && !UseHome(MakeAbsolute(options.home), error)) return false;
-    std::string libraries;
-    for (const std::string& library : options.libraries) {
-        libraries += (libraries.empty() ? "" : ":") + MakeAbsolute(library);
+    if (!options.libraries.empty()) {
+        SetEnvironment("CORVANTA_FONT_LIBRARY", JoinFolders(options.libraries));
     }
-    if (!libraries.empty()) SetEnvironment("CORVANTA_FONT_LIBRARY", libraries);
     if (options.interactive) SetEnvironment("CORVANTA_INTERACTIVE", "1");
     return true;
 }
@@ -49,9 +74,14 @@ void ReportViolationsAndAlerts(Host& host)
         console::PrintError("plug-in error: " + line);
     });
     host.alertSink = [](const Alert& alert) {
-        console::PrintError(
-            "alert: " + alert.message +
-            (alert.information.empty() ? std::string() : " (" + alert.information + ")"));
+        const std::string title = "alert: " + alert.message;
+        if (alert.information.find('\n') != std::string::npos) {
+            console::PrintErrorLines(title, alert.information);
+        } else {
+            console::PrintError(title + (alert.information.empty()
+                                             ? std::string()
+                                             : " (" + alert.information + ")"));
+        }
     };
 }
 
@@ -97,6 +127,10 @@ int RunHost(const Options& given, const std::function<int(RunningHost&)>& body)
     }
     application.ShutDown();
     console::LogAction("ends");
+    if (!host.journal.GetError().empty()) {
+        console::PrintError(host.journal.GetError());
+        status = std::max<int>(status, kFileNotOpened);
+    }
     if (host.violations.Count() > 0) {
         status = std::max<int>(status, kPluginBrokeRule);
         if (host.violations.Count() > host.violations.Lines().size()) {

@@ -18,7 +18,9 @@ int OpenAll(RunningHost& running)
     const std::vector<std::string>& files = running.options.files;
     int status = kAllOpened;
     running.application.Tick();
-    base::Progress progress(files.size(), kLeastDocumentsForProgress);
+    // PluginCore's questions on the terminal leave no line for the progress.
+    const size_t shown = running.options.interactive ? 0 : files.size();
+    base::Progress progress(shown, kLeastDocumentsForProgress);
     for (size_t i = 0; i < files.size() && !IsInterrupted(); ++i) {
         progress.Show(i + 1, files[i]);
         OpenReport report;

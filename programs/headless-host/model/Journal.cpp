@@ -30,6 +30,8 @@ bool Journal::Open(const std::string& path, std::string& error)
         error = path + ": " + std::strerror(errno);
         return false;
     }
+    mPath = path;
+    mError.clear();
     mSequence = 0;
     mStart = std::chrono::steady_clock::now();
     return true;
@@ -47,7 +49,10 @@ void Journal::Write(const char* side, const std::string& op, const json& args, c
     line["op"] = op;
     line["args"] = args;
     line["result"] = result;
-    if (base::WriteAll(mFile, base::PrintJson(line) + "\n")) Close();
+    const std::error_code failure = base::WriteAll(mFile, base::PrintJson(line) + "\n");
+    if (!failure) return;
+    mError = mPath + ": cannot be written: " + failure.message();
+    Close();
 }
 
 }  // namespace headless

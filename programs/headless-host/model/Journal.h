@@ -29,6 +29,9 @@ public:
     // Whether there is a file or an observer, so that lines are worth making.
     bool IsOpen() const { return mFile >= 0 || mObserver; }
 
+    // One line if a write failed, which names the file; else empty.
+    const std::string& GetError() const { return mError; }
+
     // Writes a line. Bytes that aren't UTF-8 are replaced. After a failed write, as on a full disk,
     // nothing more is written to the file.
     void Write(const char* side, const std::string& op, const nlohmann::json& args,
@@ -38,6 +41,8 @@ private:
     void Close();
 
     int mFile = -1;
+    std::string mPath;
+    std::string mError;
     Observer mObserver;
     unsigned long mSequence = 0;
     std::chrono::steady_clock::time_point mStart;

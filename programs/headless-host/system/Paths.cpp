@@ -36,6 +36,13 @@ bool IsFolder(const std::string& path)
     return fs::is_directory(path, ignored);
 }
 
+std::string GetListError(const std::string& folder)
+{
+    std::error_code error;
+    const fs::directory_iterator entry(folder, error);
+    return error ? error.message() : std::string();
+}
+
 std::vector<std::string> ListPaths(const std::string& folder, const std::string& start)
 {
     const size_t slash = start.rfind('/');

@@ -17,6 +17,9 @@ std::string MakeAbsolute(const std::string& folder, const std::string& path);
 
 bool IsFolder(const std::string& path);
 
+// Why the folder cannot be listed, such as "Permission denied"; empty if it can.
+std::string GetListError(const std::string& folder);
+
 // Path completion: the entries whose path begins with `start`, sorted; folders end with "/". Hidden
 // entries are included only if `start` names a hidden one.
 //

@@ -43,6 +43,19 @@ TEST(CommandLineTest, AnUnknownCommandIsNamed)
     const Parsed parsed = Parse({"fold", "a"}, options);
     EXPECT_EQ(ParseOutcome::kWrongUse, parsed.outcome);
     EXPECT_EQ("unknown command \"fold\"", parsed.text);
+    EXPECT_EQ("unknown command \"fold\"", Parse({"--loud", "fold", "a"}, options).text);
+    EXPECT_EQ("unknown command \"\"", Parse({""}, options).text);
+}
+
+TEST(CommandLineTest, AnUnknownOptionBeforeTheCommandIsNamed)
+{
+    SampleOptions options;
+    for (const std::vector<const char*>& arguments :
+         {std::vector<const char*>{"--loud", "draw", "a"}, {"--loud"}, {"--loud=yes", "draw"}}) {
+        const Parsed parsed = Parse(arguments, options);
+        EXPECT_EQ(ParseOutcome::kWrongUse, parsed.outcome);
+        EXPECT_EQ("unknown option \"--loud\" before the command", parsed.text);
+    }
 }
 
 TEST(CommandLineTest, AnUnknownOptionIsNamedInOneLine)

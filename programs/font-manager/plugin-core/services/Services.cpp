@@ -31,7 +31,11 @@ void ReportMissingLibraries(const Locations& locations)
     if (locations.librariesAreDefault) return;
     for (const std::string& folder : locations.libraries) {
         std::error_code error;
-        if (fs::is_directory(folder, error)) continue;
+        if (fs::is_directory(folder, error)) {
+            const fs::directory_iterator entry(folder, error);
+            if (error) LogError(folder + ": cannot be read: " + error.message());
+            continue;
+        }
         LogError(folder + ": not a font library: " + (error ? error.message() : "not a folder"));
     }
 }

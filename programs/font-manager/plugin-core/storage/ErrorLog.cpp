@@ -1,5 +1,7 @@
 #include "plugin-core/storage/ErrorLog.h"
 
+#include <unistd.h>
+
 #include <iostream>
 
 namespace plugincore {
@@ -16,7 +18,9 @@ void LogError(const std::string& line)
     if (sSink) {
         sSink(line);
     } else {
-        std::cerr << "PluginCore: " + line + "\n" << std::flush;
+        // On a terminal the host may show its progress, or a prompt: the line takes its place.
+        std::cerr << (isatty(STDERR_FILENO) == 1 ? "\r\033[K" : "") << "PluginCore: " + line + "\n"
+                  << std::flush;
     }
 }
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <sstream>
 
 #include "plugin-core/storage/Failure.h"
 
@@ -29,11 +28,28 @@ fs::path GetFolder(const char* variable, const char* belowHome)
     return home / belowHome;
 }
 
+// Splits the text at colons. A backslash before a colon or a backslash makes it a part of the name;
+// any other backslash is one itself.
+std::vector<std::string> SplitFolders(const std::string& text)
+{
+    std::vector<std::string> parts(1);
+    for (size_t at = 0; at < text.size(); ++at) {
+        const bool isEscape = text[at] == '\\' && at + 1 < text.size() &&
+                              (text[at + 1] == ':' || text[at + 1] == '\\');
+        if (isEscape) ++at;
+        if (text[at] == ':' && !isEscape) {
+            parts.emplace_back();
+        } else {
+            parts.back() += text[at];
+        }
+    }
+    return parts;
+}
+
 std::vector<std::string> GetLibrariesOfEnvironment()
 {
     std::vector<std::string> folders;
-    std::istringstream parts(GetVariable("CORVANTA_FONT_LIBRARY"));
-    for (std::string part; std::getline(parts, part, ':');) {
+    for (const std::string& part : SplitFolders(GetVariable("CORVANTA_FONT_LIBRARY"))) {
         if (part.empty()) continue;
         // One spelling for each folder: "/a/b/" and "/a//b" are "/a/b".
         fs::path folder = fs::absolute(part).lexically_normal();

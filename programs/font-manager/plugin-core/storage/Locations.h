@@ -16,8 +16,9 @@ struct Locations {
     std::filesystem::path panelToken;        // Corvanta/panel-token in the state folder
 
     // The root folders of the font library: those in CORVANTA_FONT_LIBRARY, separated by colons,
-    // as absolute paths without duplicates; empty parts are ignored. The default is
-    // Corvanta/Library in the data folder.
+    // as absolute paths without duplicates; empty parts are ignored. A backslash before a colon or
+    // a backslash makes that character a part of the name. The default is Corvanta/Library in the
+    // data folder.
     std::vector<std::string> libraries;
     bool librariesAreDefault = false;
 };

@@ -126,6 +126,30 @@ TEST_F(Program, ReportsAJournalThatCannotBeWritten)
     EXPECT_THAT(errors, HasSubstr("/core: "));
 }
 
+TEST_F(Program, AFullDiskIsReportedAsThat)
+{
+    WriteEps("a.eps", "Surely-NotInstalled-Font");
+    const std::string reason = "cannot be written: No space left on device\n";
+    EXPECT_EQ(headless::kFileNotOpened, Run("open a.eps --journal /dev/full"));
+    EXPECT_EQ("headless-host: /dev/full: " + reason, errors);
+    outputFile = "/dev/full";
+    EXPECT_EQ(headless::kFileNotOpened, Run("open a.eps"));
+    EXPECT_EQ("headless-host: standard output: " + reason, errors);
+}
+
+TEST_F(Program, FrameworksMustBeAFolder)
+{
+    std::ofstream(folder + "/file") << "";
+    for (const std::string name : {"none", "file"}) {
+        EXPECT_EQ(headless::kWrongUse, Run("open a.eps --frameworks " + name));
+        EXPECT_EQ("headless-host: --frameworks: " + folder + "/" + name + ": " +
+                      (name == "file" ? "Not a directory" : "No such file or directory") + "\n",
+                  errors);
+    }
+    EXPECT_EQ(headless::kWrongUse, Run("open a.eps --frameworks"));
+    EXPECT_THAT(errors, HasSubstr("--frameworks: "));
+}
+
 TEST_F(Program, AHangUpThatTheParentIgnoresDoesNotEndTheHost)
 {
     WriteEps("a.eps", "Surely-NotInstalled-Font");
