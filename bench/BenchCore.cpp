@@ -9,10 +9,17 @@ namespace bench_core {
 namespace {
 
 std::string sMenus;
+std::string sFonts;
+size_t sDialogs = 0;
+size_t sActivations = 0;
 
 }  // namespace
 
 void SetMenus(const std::string& menus) { sMenus = menus; }
+
+void SetFonts(const std::string& fonts) { sFonts = fonts; }
+
+size_t CountActivations() { return sActivations; }
 
 void Use()
 {
@@ -25,7 +32,15 @@ void Use()
         return 0U;
     };
     sLoader.pfHandleOpenExistingDocument = [](const char*, char* json, size_t*, int*) {
-        *json = '\0';
+        std::memcpy(json, sFonts.c_str(), sFonts.size() + 1);
+        return 0U;
+    };
+    sLoader.pfInvokeResolveDialog = [](char*, size_t*) {
+        ++sDialogs;
+        return 0U;
+    };
+    sLoader.pfActivateChosenFonts = [](const char*, const char* json, int*) {
+        if (sDialogs > sActivations && *json != '\0') ++sActivations;
         return 0U;
     };
     sLoader.pfHandleSaveDocument = [](const char*, const char*) { return 0U; };

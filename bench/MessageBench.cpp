@@ -2,6 +2,7 @@
 
 #include "BenchCore.h"
 #include "BenchHost.h"
+#include "BenchTraces.h"
 #include "DocumentHandlers.h"
 #include "HostPlatform_Linux.h"
 #include "PluginStartup.h"
@@ -29,9 +30,13 @@ void IdleTick(benchmark::State& state)
     // GoTimer's result is always success.
     (void)GoTimer(&message);
     const size_t before = bench_host::GetAllocationCount();
+    const size_t tracesBefore = bench_traces::GetCount();
     for (auto _ : state) benchmark::DoNotOptimize(GoTimer(&message));
     state.counters["allocations"] =
         benchmark::Counter(static_cast<double>(bench_host::GetAllocationCount() - before),
+                           benchmark::Counter::kAvgIterations);
+    state.counters["traces"] =
+        benchmark::Counter(static_cast<double>(bench_traces::GetCount() - tracesBefore),
                            benchmark::Counter::kAvgIterations);
 }
 BENCHMARK(IdleTick);

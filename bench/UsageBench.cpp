@@ -1,7 +1,10 @@
 #include <benchmark/benchmark.h>
 
+#include <chrono>
+
 #include "BenchCore.h"
 #include "BenchHost.h"
+#include "BenchTraces.h"
 #include "DebugUtils.h"
 #include "FileFormatHook.h"
 #include "IllustratorUtilities.h"
@@ -23,6 +26,7 @@ void UseLargeDocument()
     }
     bench_host::Use(document);
     bench_core::Use();
+    bench_core::SetFonts("");
 }
 
 void SetRunCounter(benchmark::State& state)
@@ -79,11 +83,65 @@ void UsageReport(benchmark::State& state)
 }
 BENCHMARK(UsageReport)->Unit(benchmark::kMillisecond);
 
-void FileCheck(benchmark::State& state)
+double GetSeconds()
+{
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    return std::chrono::duration<double>(now).count();
+}
+
+void WalkBareDocument()
+{
+    bench_host::WalkBare([](const char* name) { benchmark::DoNotOptimize(name); });
+}
+
+// What the usage report takes, divided by what the bare walk takes, alternately measured: without
+// the traces, which the host calls don't need, and with them.
+void RatioOfReportToBareWalk(benchmark::State& state)
+{
+    UseLargeDocument();
+    double walks = 0;
+    double reports = 0;
+    double reportsWithTraces = 0;
+    const auto add = [](double& sum, const auto& work) {
+        const double before = GetSeconds();
+        work();
+        sum += GetSeconds() - before;
+    };
+    const auto report = [] { benchmark::DoNotOptimize(CurrentDocumentFontUsage()); };
+    for (auto _ : state) {
+        add(walks, WalkBareDocument);
+        add(reportsWithTraces, report);
+        bench_traces::SetEnabled(false);
+        add(reports, report);
+        bench_traces::SetEnabled(true);
+    }
+    state.counters["without traces"] = reports / walks;
+    state.counters["with traces"] = reportsWithTraces / walks;
+}
+BENCHMARK(RatioOfReportToBareWalk)->Unit(benchmark::kMillisecond);
+
+void FileCheckWithoutFonts(benchmark::State& state)
 {
     UseLargeDocument();
     for (auto _ : state) HandleCheckFileFormat("/bench/large.ai", json());
 }
-BENCHMARK(FileCheck)->Unit(benchmark::kMicrosecond);
+BENCHMARK(FileCheckWithoutFonts)->Unit(benchmark::kMicrosecond);
+
+// With the filter, which removes the host's default font, the dialog and the activation.
+void FileCheck(benchmark::State& state)
+{
+    UseLargeDocument();
+    json fonts = json::array({json::object({{"PostScriptName", "HostSans-Regular"}})});
+    for (int64_t font = 1; font < state.range(0); ++font) {
+        fonts.push_back({{"PostScriptName", "Family" + std::to_string(font) + "-Regular"}});
+    }
+    bench_core::SetFonts(json::object({{"DocumentFonts", fonts}}).dump());
+    const size_t before = bench_core::CountActivations();
+    for (auto _ : state) HandleCheckFileFormat("/bench/large.ai", json());
+    state.counters["activations"] =
+        benchmark::Counter(static_cast<double>(bench_core::CountActivations() - before),
+                           benchmark::Counter::kAvgIterations);
+}
+BENCHMARK(FileCheck)->Arg(3)->Arg(kFonts)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
