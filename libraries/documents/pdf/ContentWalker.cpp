@@ -113,6 +113,10 @@ void ContentWalker::Walk(std::string_view content, PdfResources& resources, cons
 
 void ContentWalker::Execute(std::string_view operation, State& state, ContentLexer& lexer)
 {
+    if (operation == "Tf" || operation == "gs" || operation == "Do" || operation == "scn" ||
+        operation == "SCN") {
+        ++mLookups;
+    }
     if (operation == "Tj" || operation == "TJ" || operation == "'" || operation == "\"") {
         ShowText(state);
     } else if (operation == "Tf") {
@@ -156,7 +160,9 @@ void ContentWalker::Restore(State& state)
 
 void ContentWalker::ShowText(State& state)
 {
-    if (state.stringBytes == 0 || state.font == nullptr || !state.font->isNamed) return;
+    if (state.stringBytes == 0 || state.font == nullptr) return;
+    if (state.font->isType3) WalkGlyphs(*state.font, state);
+    if (!state.font->isNamed) return;
     const size_t codeBytes = state.font->codeBytes;
     const size_t length = (state.stringBytes + codeBytes - 1) / codeBytes;
     if (!state.runs.empty() && state.runs.back().postScriptName == state.font->name) {
@@ -165,6 +171,22 @@ void ContentWalker::ShowText(State& state)
     }
     if (state.runs.size() >= DocumentBuilder::kMaximumRuns) EndFrame(state);
     state.runs.push_back({state.font->name, length});
+}
+
+void ContentWalker::WalkGlyphs(const PdfFont& font, State& state)
+{
+    if (mFontsWithoutResources.count(&font) != 0) return;
+    QPDFObjectHandle glyphs = GetKeyOrNull(font.dictionary, "/CharProcs");
+    QPDFObjectHandle dictionary = GetKeyOrNull(font.dictionary, "/Resources");
+    const bool inherits = !dictionary.isDictionary();
+    const size_t outerId = inherits ? state.resources.GetId() : 0;
+    if (!glyphs.isDictionary() || !mWalkedFonts.emplace(&font, outerId).second) return;
+    const size_t lookups = mLookups;
+    PdfResources own(dictionary, mFonts, ++mResourceCount);
+    for (const auto& [name, glyph] : glyphs.getDictAsMap()) {
+        WalkForm(glyph, inherits ? state.resources : own, nullptr, state.depth + 1);
+    }
+    if (lookups == mLookups) mFontsWithoutResources.insert(&font);
 }
 
 void ContentWalker::EndFrame(State& state)

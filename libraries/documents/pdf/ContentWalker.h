@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 #include "documents/model/DocumentBuilder.h"
@@ -24,8 +25,9 @@ namespace documents {
 // A font is used if a string that isn't empty is shown in it, in any rendering mode.
 //
 // Follows form XObjects, tiling patterns set as a colour, soft masks, and the appearances of
-// annotations that aren't hidden. Ignores the glyph procedures of Type 3 fonts and the default
-// resources of interactive forms. Reads a form once, however often it is drawn.
+// annotations that aren't hidden, and all glyph procedures of a Type 3 font that a string is shown
+// in. Ignores the default resources of interactive forms. Reads a form or glyph once, however often
+// it is drawn.
 class ContentWalker {
 public:
     ContentWalker(PdfFile& file, const Limits& limits, DocumentBuilder& builder);
@@ -59,6 +61,7 @@ private:
     static void Save(State& state);
     static void Restore(State& state);
     void ShowText(State& state);
+    void WalkGlyphs(const PdfFont& font, State& state);
     void EndFrame(State& state);
     void ApplyGraphicsState(State& state);
     void Draw(State& state);
@@ -76,6 +79,10 @@ private:
     // (form, font at its start, id of the resources that it inherits or 0 if it has its own): the
     // form's text depends on all three.
     std::set<std::tuple<QPDFObjGen, const PdfFont*, size_t>> mWalkedForms;
+    // (Type 3 font, id of the resources that it inherits or 0).
+    std::set<std::pair<const PdfFont*, size_t>> mWalkedFonts;
+    std::set<const PdfFont*> mFontsWithoutResources;  // their glyphs ask for none: walked once
+    size_t mLookups = 0;                              // operators that ask for a resource
     size_t mResourceCount = 0;
     std::vector<std::string> mLinkedFiles;
     size_t mWork = 0;

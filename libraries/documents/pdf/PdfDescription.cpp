@@ -51,7 +51,7 @@ void DescribePdf(PdfFile& file, Document& document)
 {
     QPDF& pdf = file.GetPdf();
     ByteBuffer packet;
-    QPDFObjectHandle metadata = GetKeyOrNull(pdf.getRoot(), "/Metadata");
+    QPDFObjectHandle metadata = GetKeyOrNull(GetKeyOrNull(pdf.getTrailer(), "/Root"), "/Metadata");
     if (metadata.isStream()) file.AppendStream(metadata, packet);
     const XmpFacts facts = ReadXmpPacket(packet.GetView());
     document.linkedFiles = facts.manifestFiles;

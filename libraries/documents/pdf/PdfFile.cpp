@@ -1,11 +1,15 @@
 #include "documents/pdf/PdfFile.h"
 
+#include <algorithm>
 #include <exception>
 #include <new>
 #include <qpdf/QPDFExc.hh>
+#include <stdexcept>
+#include <utility>
 
 #include "base/Utf8.h"
 #include "documents/bytes/ReadBudget.h"
+#include "documents/pdf/PdfDictionary.h"
 #include "documents/pdf/StreamFilters.h"
 
 namespace documents {
@@ -13,6 +17,7 @@ namespace documents {
 namespace {
 
 constexpr size_t kTailBytes = 2048;
+constexpr size_t kMostRepairedBytes = size_t{128} << 20;  // a repaired file is in memory twice
 
 class ByteSink : public Pipeline {
 public:
@@ -27,6 +32,30 @@ private:
     ByteBuffer& mData;
 };
 
+// Warnings of 61 of 1,907 sound files.
+bool IsHarmless(const QPDFExc& warning)
+{
+    const std::string text = warning.getMessageDetail();
+    return text.find("reported number of objects") != std::string::npos ||
+           text.find("duplicated key") != std::string::npos;
+}
+
+// Returns the file with a trailer that names its catalog; an empty catalog if it has none.
+std::string AddTrailer(std::string_view bytes)
+{
+    std::string root = "<< /Type /Catalog >>";
+    const size_t catalog = bytes.rfind("/Catalog");
+    if (catalog != std::string_view::npos) {
+        const size_t object = bytes.substr(0, catalog).rfind(" obj");
+        const size_t end = object == std::string_view::npos ? 0 : object;
+        // "12 0" in front of " obj"
+        const size_t before = bytes.substr(0, end).find_last_not_of("0123456789 ");
+        const size_t start = before == std::string_view::npos ? 0 : before + 1;
+        if (start < end) root = std::string(bytes.substr(start, end - start)) + " R";
+    }
+    return std::string(bytes) + "\ntrailer\n<< /Root " + root + " >>\nstartxref\n0\n%%EOF\n";
+}
+
 bool HasEndMark(std::string_view bytes)
 {
     const size_t start = bytes.size() > kTailBytes ? bytes.size() - kTailBytes : 0;
@@ -35,20 +64,63 @@ bool HasEndMark(std::string_view bytes)
 
 }  // namespace
 
-PdfFile::PdfFile(std::string_view bytes) : mBytes(bytes)
+PdfFile::PdfFile(std::string_view bytes) : mBytes(bytes), mPdf(std::make_unique<QPDF>())
 {
     InstallStreamFilters();
-    mPdf.setSuppressWarnings(true);
+}
+
+void PdfFile::ReadStructure()
+{
+    mPdf->setSuppressWarnings(true);
+    try {
+        mPdf->processMemoryFile("document", mBytes.data(), mBytes.size());
+    } catch (const QPDFExc& exception) {
+        const bool hasNoTrailer =
+            exception.getMessageDetail().find("unable to find trailer") != std::string::npos;
+        if (!hasNoTrailer || mBytes.size() > kMostRepairedBytes) throw;
+        mRepaired = AddTrailer(mBytes);
+        mPdf = std::make_unique<QPDF>();
+        mPdf->setSuppressWarnings(true);
+        mPdf->processMemoryFile("document", mRepaired.data(), mRepaired.size());
+        mRecovery = GetDamage("it has no trailer");
+    }
+}
+
+void PdfFile::ReadPages()
+{
+    std::string reason;
+    try {
+        mPages = mPdf->getAllPages();
+        if (mPages.empty()) throw std::runtime_error("no page in it");
+        return;
+    } catch (const QPDFExc& exception) {
+        reason = exception.getMessageDetail();
+    }
+    mPages = FindPageObjects();
+    if (mPages.empty()) {
+        throw QPDFExc(qpdf_e_damaged_pdf, "", "", 0, reason);
+    }
+    mRecovery = GetDamage(reason) + "; the pages are in the order of their objects";
+}
+
+std::vector<QPDFObjectHandle> PdfFile::FindPageObjects()
+{
+    std::vector<QPDFObjectHandle> pages;
+    for (QPDFObjectHandle object : mPdf->getAllObjects()) {
+        QPDFObjectHandle type = GetKeyOrNull(object, "/Type");
+        if (type.isName() && type.getName() == "/Page") pages.push_back(object);
+    }
+    return pages;
 }
 
 std::string PdfFile::Open()
 {
     try {
-        mPdf.processMemoryFile("document", mBytes.data(), mBytes.size());
-        mPages = mPdf.getAllPages();
+        ReadStructure();
+        ReadPages();
     } catch (const QPDFExc& exception) {
         if (exception.getErrorCode() == qpdf_e_password) return "encrypted: needs a password";
-        if (exception.getErrorCode() == qpdf_e_unsupported && mPdf.isEncrypted()) {
+        if (exception.getErrorCode() == qpdf_e_unsupported && mPdf->isEncrypted()) {
             return "encrypted in an unknown way: " +
                    base::ToMessageText(exception.getMessageDetail());
         }
@@ -60,7 +132,6 @@ std::string PdfFile::Open()
     } catch (const std::exception& exception) {
         return GetDamage(exception.what());
     }
-    if (mPages.empty()) return GetDamage("no page in it");
     return {};
 }
 
@@ -73,7 +144,9 @@ std::string PdfFile::GetDamage(const std::string& reason) const
 std::vector<std::string> PdfFile::TakeNotes()
 {
     std::vector<std::string> notes;
-    const std::vector<QPDFExc> warnings = mPdf.getWarnings();
+    if (!mRecovery.empty()) notes.push_back(std::exchange(mRecovery, {}));
+    std::vector<QPDFExc> warnings = mPdf->getWarnings();
+    warnings.erase(std::remove_if(warnings.begin(), warnings.end(), IsHarmless), warnings.end());
     if (!warnings.empty()) {
         const char* fault = HasEndMark(mBytes) ? "damaged: " : "cut off: ";
         notes.push_back(fault + base::ToMessageText(warnings.front().getMessageDetail()));

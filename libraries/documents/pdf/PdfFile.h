@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <qpdf/QPDF.hh>
 #include <string>
 #include <string_view>
@@ -9,8 +10,10 @@
 
 namespace documents {
 
-// A PDF opened with the PDF library, whose warnings become notes instead of output. `bytes` must
-// outlive the object. [one thread at a time]
+// A PDF opened with the PDF library, whose warnings become notes instead of output, except for
+// those that the library gives of many sound files. A damaged file without a trailer or with a page
+// tree that can't be read is recovered as far as possible, with a note. `bytes` must outlive the
+// object. [one thread at a time]
 class PdfFile {
 public:
     explicit PdfFile(std::string_view bytes);
@@ -23,7 +26,7 @@ public:
     // and one for streams.
     std::vector<std::string> TakeNotes();
 
-    QPDF& GetPdf() { return mPdf; }
+    QPDF& GetPdf() { return *mPdf; }
     const std::vector<QPDFObjectHandle>& GetPages() const { return mPages; }
 
     // Appends the decoded data of a stream to `data`. What a damaged stream gives before the damage
@@ -31,12 +34,18 @@ public:
     void AppendStream(QPDFObjectHandle stream, ByteBuffer& data);
 
 private:
+    // Throw what the PDF library throws.
+    void ReadStructure();
+    void ReadPages();
+    std::vector<QPDFObjectHandle> FindPageObjects();
     std::string GetDamage(const std::string& reason) const;
 
     std::string_view mBytes;
-    QPDF mPdf;
+    std::string mRepaired;  // the bytes with a trailer; empty if they have one
+    std::unique_ptr<QPDF> mPdf;
     std::vector<QPDFObjectHandle> mPages;
     size_t mBrokenStreams = 0;
+    std::string mRecovery;  // a note
 };
 
 }  // namespace documents

@@ -15,6 +15,45 @@ std::string GetName(QPDFObjectHandle dictionary, const char* key)
     return value.isName() ? value.getName().substr(1) : std::string();
 }
 
+// Returns a font's name without subset prefix. A prefix alone ("ABCDEF+") is no name.
+std::string GetFontName(QPDFObjectHandle dictionary, const char* key)
+{
+    const std::string name = GetName(dictionary, key);
+    const bool isPrefix = StripSubsetPrefix(name + "x") == "x" && name.size() > 1;
+    return isPrefix ? std::string() : StripSubsetPrefix(name);
+}
+
+bool RemoveEnd(std::string& name, const std::string& end)
+{
+    const bool hasEnd =
+        name.size() > end.size() && name.compare(name.size() - end.size(), end.size(), end) == 0;
+    if (hasEnd) name.resize(name.size() - end.size());
+    return hasEnd;
+}
+
+// The name of a Type 0 font is that of its descendant font and, behind a hyphen, of the encoding.
+std::string RemoveEncoding(std::string name, const std::string& encoding)
+{
+    if (!encoding.empty() && RemoveEnd(name, "-" + encoding)) return name;
+    for (const char* end : {"-Identity-H", "-Identity-V", "-H", "-V"}) {
+        if (RemoveEnd(name, end)) break;
+    }
+    return name;
+}
+
+// Two Type 3 fonts that aren't indirect objects are the same if their glyphs are.
+std::string GetGlyphsKey(QPDFObjectHandle font)
+{
+    QPDFObjectHandle glyphs = GetKeyOrNull(font, "/CharProcs");
+    std::string key = "glyphs";
+    if (glyphs.isIndirect()) return key + ' ' + glyphs.getObjGen().unparse();
+    if (!glyphs.isDictionary()) return key;
+    for (const auto& [name, glyph] : glyphs.getDictAsMap()) {
+        key += ' ' + QPDFObjectHandle(glyph).getObjGen().unparse();
+    }
+    return key;
+}
+
 size_t GetCodeBytes(QPDFObjectHandle encoding)
 {
     if (!encoding.isName()) return 2;
@@ -32,7 +71,11 @@ PdfFont ReadPdfFont(QPDFObjectHandle font)
 {
     PdfFont result;
     const std::string type = GetName(font, "/Subtype");
-    if (type == "Type3") return result;
+    if (type == "Type3") {
+        result.isType3 = true;
+        result.dictionary = font;
+        return result;
+    }
     QPDFObjectHandle described = font;
     if (type == "Type0") {
         QPDFObjectHandle descendants = GetKeyOrNull(font, "/DescendantFonts");
@@ -41,10 +84,12 @@ PdfFont ReadPdfFont(QPDFObjectHandle font)
         }
         result.codeBytes = GetCodeBytes(GetKeyOrNull(font, "/Encoding"));
     }
-    std::string name = GetName(described, "/BaseFont");
-    if (name.empty()) name = GetName(font, "/BaseFont");
-    if (name.empty()) name = GetName(GetKeyOrNull(described, "/FontDescriptor"), "/FontName");
-    result.name = StripSubsetPrefix(name);
+    std::string& name = result.name;
+    name = GetFontName(described, "/BaseFont");
+    if (name.empty() && type == "Type0") {
+        name = RemoveEncoding(GetFontName(font, "/BaseFont"), GetName(font, "/Encoding"));
+    }
+    if (name.empty()) name = GetFontName(GetKeyOrNull(described, "/FontDescriptor"), "/FontName");
     result.isNamed = !result.name.empty();
     return result;
 }
@@ -54,8 +99,9 @@ const PdfFont* PdfFontTable::Get(QPDFObjectHandle font)
     if (!font.isDictionary()) return nullptr;
     if (!font.isIndirect()) {
         PdfFont read = ReadPdfFont(font);
-        const std::string key =
-            read.name + '/' + std::to_string(read.codeBytes) + (read.isNamed ? "" : "-");
+        const std::string key = read.isType3 ? GetGlyphsKey(font)
+                                             : read.name + '/' + std::to_string(read.codeBytes) +
+                                                   (read.isNamed ? "" : "-");
         return &mDirectFonts.emplace(key, std::move(read)).first->second;
     }
     const auto found = mFonts.find(font.getObjGen());

@@ -11,9 +11,12 @@ struct PdfFont {
     std::string name;      // PostScript name without subset prefix; may be invalid UTF-8
     size_t codeBytes = 1;  // bytes per character of a shown string
     bool isNamed = false;  // false for Type 3 and for fonts without a name: never reported
+    bool isType3 = false;
+    QPDFObjectHandle dictionary;  // of a Type 3 font only: glyphs can show text in other fonts
 };
 
-// Reads a font dictionary of any type. A Type 0 font gets the name of its descendant font.
+// Reads a font dictionary of any type. A Type 0 font gets the name of its descendant font;
+// if that has none, its own name without the name of the encoding behind it.
 PdfFont ReadPdfFont(QPDFObjectHandle font);
 
 // The fonts of one file. Reads each font once. The pointers remain valid as long as the table

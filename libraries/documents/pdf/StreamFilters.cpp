@@ -8,6 +8,7 @@
 #include <qpdf/Pl_RunLength.hh>
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFStreamFilter.hh>
+#include <string>
 
 #include "documents/bytes/ReadBudget.h"
 #include "documents/pdf/LzwDecoder.h"

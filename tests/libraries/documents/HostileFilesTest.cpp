@@ -156,9 +156,30 @@ TEST(HostileFiles, DeepNestingInObjectsIsSkipped)
     EXPECT_EQ("Alpha-Regular:1", DescribeFrames(result));
 }
 
-TEST(HostileFiles, PageTreeThatContainsItselfIsRefused)
+TEST(HostileFiles, PagesOfATreeThatContainsItselfAreFoundByTheirType)
 {
-    EXPECT_FALSE(PdfMaker().Set(2, "<< /Type /Pages /Kids [2 0 R 2 0 R] /Count 2 >>").Open().ok);
+    const OpenResult result = PdfMaker()
+                                  .Set(2, "<< /Type /Pages /Kids [2 0 R 2 0 R] /Count 2 >>")
+                                  .SetContent("BT /F1 9 Tf (a) Tj ET")
+                                  .Open();
+    EXPECT_EQ("Alpha-Regular:1", DescribeFrames(result));
+    EXPECT_THAT(result.document.notes, Contains(StartsWith("damaged: ")));
+}
+
+TEST(HostileFiles, PageTreeWithoutAnyPageIsRefused)
+{
+    const OpenResult result =
+        PdfMaker().Set(2, "<< /Type /Pages /Kids [2 0 R] /Count 1 >>").Set(3, "null").Open();
+    EXPECT_THAT(result.error, StartsWith("damaged: "));
+}
+
+TEST(HostileFiles, FileWithoutTrailerIsRecovered)
+{
+    const std::string pdf = PdfMaker().SetContent("BT /F1 9 Tf (a) Tj ET").Make();
+    const OpenResult result = OpenBytes(pdf.substr(0, pdf.rfind("xref\n0 1\n")));
+    EXPECT_EQ("Alpha-Regular:1", DescribeFrames(result));
+    EXPECT_THAT(result.document.notes,
+                Contains("cut off, and the rest cannot be read: it has no trailer"));
 }
 
 TEST(HostileFiles, HugeCountsAndLengthsAreIgnored)

@@ -146,3 +146,34 @@ TEST(PdfContent, FontsMayBeDirectObjects)
                                  .SetContent("BT /F1 9 Tf (a) Tj /F2 9 Tf (b) Tj ET")
                                  .Open()));
 }
+
+TEST(PdfContent, CidFontWithoutNameHasTheOuterNameWithoutTheEncoding)
+{
+    const auto getFrames = [](const std::string& outer, const std::string& encoding) {
+        return DescribeFrames(PdfMaker()
+                                  .Set(12, "<< /Type /Font /Subtype /Type0 /BaseFont /" + outer +
+                                               " /Encoding /" + encoding +
+                                               " /DescendantFonts [13 0 R] >>")
+                                  .Set(13, "<< /Type /Font /Subtype /CIDFontType0 >>")
+                                  .SetContent("BT /F3 9 Tf (aa) Tj ET")
+                                  .Open());
+    };
+    EXPECT_EQ("Gamma:1", getFrames("Gamma-Identity-H", "Identity-H"));
+    EXPECT_EQ("Gamma:1", getFrames("QWERTY+Gamma-Identity-V", "Identity-V"));
+    EXPECT_EQ("Gamma:2", getFrames("Gamma-H", "Other"));
+    EXPECT_EQ("Gamma:2", getFrames("Gamma-V", "V"));
+    EXPECT_EQ("Gamma:1", getFrames("Gamma-UniJIS-UTF16-H", "UniJIS-UTF16-H"));
+    EXPECT_EQ("Gamma:1", getFrames("Gamma", "Identity-H"));
+}
+
+TEST(PdfContent, SubsetPrefixAloneIsNoName)
+{
+    PdfMaker maker;
+    maker.SetContent("BT /F1 9 Tf (a) Tj ET");
+    maker.Set(10, "<< /Type /Font /Subtype /Type1 /BaseFont /ABCDEE+ >>");
+    EXPECT_EQ("", DescribeFrames(maker.Open()));
+    maker.Set(10,
+              "<< /Type /Font /Subtype /Type1 /BaseFont /ABCDEE+ "
+              "/FontDescriptor << /FontName /ABCDEE+Delta >> >>");
+    EXPECT_EQ("Delta:1", DescribeFrames(maker.Open()));
+}

@@ -48,6 +48,17 @@ TEST(PdfFacts, ManifestReplacesTheFilesThatAreDrawn)
     EXPECT_THAT(maker.Open().document.linkedFiles, ElementsAre("/b & c.eps", "/a.eps", "/a.eps"));
 }
 
+TEST(PdfFacts, WarningsOfSoundFilesAreNoNotes)
+{
+    const OpenResult result = PdfMaker()
+                                  .AddResources("/ColorSpace << >> /ColorSpace << >>")
+                                  .AddTrailerEntries("/Size 5")
+                                  .SetContent("BT /F1 9 Tf (a) Tj ET")
+                                  .Open();
+    EXPECT_EQ("Alpha-Regular:1", DescribeFrames(result));
+    EXPECT_EQ("", JoinNotes(result.document));
+}
+
 TEST(PdfFacts, NativePartDeterminesTheKind)
 {
     EXPECT_EQ(Kind::kIllustrator, PdfMaker()

@@ -123,3 +123,23 @@ TEST(PdfForms, ExternalFilesAreListedForEachDrawing)
         .SetContent("/B Do /A Do /B Do");
     EXPECT_THAT(maker.Open().document.linkedFiles, ElementsAre("b.eps", "a.tif", "b.eps"));
 }
+
+TEST(PdfForms, GlyphsOfType3FontsAreReadWhenShown)
+{
+    PdfMaker maker;
+    maker.Set(14,
+              "<< /Type /Font /Subtype /Type3 /CharProcs << /a 20 0 R >> "
+              "/Resources << /Font << /F1 11 0 R >> >> >>");
+    maker.SetStream(20, "", "9 0 d0 BT /F1 9 Tf (b) Tj ET");
+    EXPECT_EQ("Beta-Bold:1",
+              DescribeFrames(maker.SetContent("BT /F4 9 Tf (a) Tj (a) Tj ET").Open()));
+    EXPECT_EQ("", DescribeFrames(maker.SetContent("BT /F4 9 Tf () Tj ET").Open()));
+}
+
+TEST(PdfForms, GlyphsWithoutResourcesUseThoseOfThePage)
+{
+    PdfMaker maker;
+    maker.Set(14, "<< /Type /Font /Subtype /Type3 /CharProcs << /a 20 0 R >> >>");
+    maker.SetStream(20, "", "9 0 d0 BT /F4 9 Tf (a) Tj /F2 9 Tf (b) Tj ET");
+    EXPECT_EQ("Beta-Bold:1", DescribeFrames(maker.SetContent("BT /F4 9 Tf (a) Tj ET").Open()));
+}
