@@ -26,7 +26,8 @@ public:
     // Removes the line if it is shown.
     void Clear();
 
-    // The same for whichever object's line is shown. console::Print and console::PrintError call it.
+    // The same for whichever object's line is shown. console::Print and console::PrintError call
+    // it.
     static void ClearShown();
 
 private:

@@ -37,7 +37,8 @@ std::string WriteFontsReportAsJson(const FontsReport& report)
     line["frames"] = report.frames;
     line["stories"] = report.stories;
     line["runs"] = report.runs;
-    line["fonts"] = report.fonts;
+    line["documentFonts"] = report.fonts;
+    line["fonts"] = report.fonts;  // the former name, for existing scripts
     line["linkedDocuments"] = report.linkedDocuments;
     return base::PrintJson(line);
 }
@@ -57,7 +58,7 @@ FontsReport ReadFontsReport(const std::string& json)
     report.frames = line.at("frames");
     report.stories = line.at("stories");
     report.runs = line.at("runs");
-    report.fonts = line.at("fonts").get<std::vector<std::string>>();
+    report.fonts = line.at("documentFonts").get<std::vector<std::string>>();
     report.linkedDocuments = line.at("linkedDocuments").get<std::vector<std::string>>();
     return report;
 }

@@ -26,7 +26,8 @@ struct FontsReport {
 
 FontsReport MakeFontsReport(const std::string& path, const documents::OpenResult& result);
 
-// One JSON object on one line, without the line end. All reports have the same members.
+// One JSON object on one line, without the line end. All reports have the same members, called as
+// those of OpenReport; `fonts` repeats `documentFonts` and goes with the next version.
 std::string WriteFontsReportAsJson(const FontsReport& report);
 
 // Reads what WriteFontsReportAsJson wrote. Throws nlohmann::json::exception for anything else.

@@ -77,7 +77,7 @@ TEST_F(FontsCommand, ReportsThatTheNativeReaderWasUsed)
     EXPECT_EQ(0, Run("--json a.ai"));
     const auto line = nlohmann::json::parse(output);
     EXPECT_EQ("native", line["reader"]);
-    EXPECT_EQ("Native-Bold", line["fonts"][0]);
+    EXPECT_EQ("Native-Bold", line["documentFonts"][0]);
 }
 
 TEST_F(FontsCommand, KeepsTheOrderOfTheArguments)

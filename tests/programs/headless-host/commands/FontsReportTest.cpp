@@ -30,7 +30,8 @@ TEST(FontsReport, IsWrittenAsJsonOnOneLine)
 {
     EXPECT_EQ(R"({"path":"a.ai","status":"read","error":"","kind":"ai","reader":"native",)"
               R"("note":"cut off","creator":"somebody","template":true,"frames":2,"stories":1,)"
-              R"("runs":3,"fonts":["A","B"],"linkedDocuments":["/p.png","/p.png"]})",
+              R"("runs":3,"documentFonts":["A","B"],"fonts":["A","B"],)"
+              R"("linkedDocuments":["/p.png","/p.png"]})",
               WriteFontsReportAsJson(MakeReport()));
 }
 
