@@ -1,10 +1,12 @@
 #include "documents/model/DocumentBuilder.h"
 
 #include <algorithm>
+#include <string>
 #include <utility>
 
 #include "base/Utf8.h"
 #include "documents/bytes/ReadBudget.h"
+#include "documents/model/FontName.h"
 
 namespace documents {
 
@@ -33,12 +35,25 @@ void DocumentBuilder::AddFrameWithStory(std::vector<TextRun> runs)
     (void)AddFrame(story, mDocument.stories[story].runs);  // the index isn't needed
 }
 
+void DocumentBuilder::NoteLongNames()
+{
+    if (mHasLongNames) return;
+    mHasLongNames = true;
+    mDocument.notes.push_back("font names that are empty or have more than " +
+                              std::to_string(kMostFontNameBytes) + " bytes are left out");
+}
+
 void DocumentBuilder::Clean(std::vector<TextRun>& runs)
 {
     // Stories and frames are counted too, because an empty one needs memory. A run is counted
     // twice: in its story and in a frame.
     mRuns += runs.size() + 1;
     if (mRuns > kMaximumRuns * 2) throw LimitExceeded("too large: more text than can be read");
+    const auto named = std::remove_if(runs.begin(), runs.end(), [](const TextRun& run) {
+        return !IsFontName(run.postScriptName);
+    });
+    if (named != runs.end()) NoteLongNames();
+    runs.erase(named, runs.end());
     for (TextRun& run : runs) {
         run.postScriptName = base::ToValidUtf8(run.postScriptName);
         run.length = std::max<size_t>(run.length, 1);

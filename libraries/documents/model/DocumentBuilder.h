@@ -10,7 +10,8 @@
 namespace documents {
 
 // Adds frames and stories to a document and keeps its list of fonts consistent with them. Replaces
-// invalid UTF-8 in font names. The document must outlive the builder and have no text at first.
+// invalid UTF-8 in font names, and leaves out runs whose font's name is none (see FontName.h). The
+// document must outlive the builder and have no text at first.
 class DocumentBuilder {
 public:
     // A document with more runs than about this makes the functions below throw LimitExceeded.
@@ -26,12 +27,14 @@ public:
     void AddFrameWithStory(std::vector<TextRun> runs);
 
 private:
+    void NoteLongNames();
     // Corrects names and lengths, and enforces the limit.
     void Clean(std::vector<TextRun>& runs);
 
     Document& mDocument;
     std::unordered_set<std::string> mFonts;
     size_t mRuns = 0;
+    bool mHasLongNames = false;
 };
 
 }  // namespace documents

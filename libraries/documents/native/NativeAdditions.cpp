@@ -59,7 +59,7 @@ void ReadLine(std::string_view line, NativeAdditions& additions)
         line.remove_prefix(static_cast<size_t>(number.ptr - line.data()));
     }
     DscWord word;
-    if (!TakeDscWord(line, word) || word.text.empty()) return;
+    if (!TakeDscWord(line, word, kMostDscBytes) || word.text.empty()) return;
     if (isText) {
         additions.texts.push_back({base::ToValidUtf8(word.text), ToLength(length)});
     } else {

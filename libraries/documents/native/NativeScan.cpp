@@ -201,7 +201,7 @@ private:
         if (comment.keyword != "+") mIsFileList = comment.keyword == "DocumentFiles";
         const bool isIncluded = comment.keyword == "IncludeFile";
         if ((!mIsFileList && !isIncluded) || IsAtEnd(comment.value)) return;
-        std::string path = base::ToValidUtf8(GetDscText(comment.value));
+        std::string path = GetDscPath(comment.value);
         if (!path.empty()) (isIncluded ? mIncludedFiles : mListedFiles).push_back(std::move(path));
     }
 
@@ -225,7 +225,7 @@ private:
             if (first == record::kShow || first == record::kShowAtEnd ||
                 first == record::kShowJustified) {
                 if (mObjects.IsOpen()) mObjects.Show(word.text);
-            } else if (!mIsStyled && !word.text.empty()) {
+            } else if (!mIsStyled && !word.text.empty() && word.text.size() <= kMostDscBytes) {
                 const bool isPlaced = isMarked ||
                                       operation == std::string_view(&record::kPlaced, 1) ||
                                       operation == record::kLinkedRaster;
@@ -238,9 +238,11 @@ private:
     void JoinLines(std::string_view& line)
     {
         constexpr size_t kMostLines = 4096;
-        if (line.empty() || line.back() != '\\') return;
+        constexpr size_t kMostJoined = size_t{16} << 20;  // bytes that are copied for this
+        if (line.empty() || line.back() != '\\' || line.size() > kMostJoined) return;
         mJoined.assign(line);
         for (size_t count = 0; count < kMostLines && mJoined.back() == '\\'; ++count) {
+            if (mJoined.size() > kMostJoined) break;
             mJoined.pop_back();
             if (!mLines.Next(line)) break;
             if (mIsStyled && base::StartsWith(line, record::kStyled)) {

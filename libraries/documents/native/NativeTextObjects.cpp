@@ -25,7 +25,8 @@ void NativeTextObjects::DefineAlias(std::string_view line)
     if (first == std::string_view::npos) return;
     const std::string_view alias = GetName(line.substr(first));
     if (alias.empty() || first + 1 + alias.size() != last) return;
-    mAliases[std::string(alias)] = std::string(GetName(line.substr(last)));
+    if (!IsFontName(alias)) return;
+    mAliases[std::string(alias)] = std::string(CutFontName(GetName(line.substr(last))));
 }
 
 std::string NativeTextObjects::ResolveAlias(std::string_view alias) const
@@ -34,7 +35,7 @@ std::string NativeTextObjects::ResolveAlias(std::string_view alias) const
     if (found != mAliases.end() && !found->second.empty()) return found->second;
     // Without a definition, an alias is the PostScript name with an underscore before it.
     if (alias.substr(0, 1) == "_") alias.remove_prefix(1);
-    return std::string(alias);
+    return std::string(CutFontName(alias));
 }
 
 void NativeTextObjects::SetFont(std::string_view line, bool isStyled)

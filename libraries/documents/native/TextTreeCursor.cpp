@@ -126,7 +126,7 @@ std::string TextTreeCursor::TakeText()
     Skip();
     if (start >= mTree.size() || mTree[start] != '(') return {};
     std::string bytes;
-    for (size_t i = start + 1; i + 1 < mPosition; ++i) {
+    for (size_t i = start + 1; i + 1 < mPosition && bytes.size() < kMostTextBytes; ++i) {
         if (mTree[i] == '\\' && i + 2 < mPosition) ++i;
         bytes += mTree[i];
     }

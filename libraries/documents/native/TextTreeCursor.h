@@ -55,7 +55,9 @@ public:
     std::string_view TakeName();
 
     // Takes the next value; returns it as UTF-8, or "" if it isn't a text. A text that begins with
-    // FE FF is stored as big-endian UTF-16.
+    // FE FF is stored as big-endian UTF-16. Of a text with more than kMostTextBytes in the file,
+    // the rest is left out.
+    static constexpr size_t kMostTextBytes = 4096;
     std::string TakeText();
 
     // Takes the next value; returns its length as a text, in characters (units of UTF-16, as in the

@@ -4,6 +4,7 @@
 
 #include "documents/bytes/ReadBudget.h"
 #include "documents/model/DocumentBuilder.h"
+#include "documents/model/FontName.h"
 #include "documents/native/NativeKeys.h"
 #include "documents/native/TextTreeCursor.h"
 
@@ -77,7 +78,7 @@ private:
         mCursor.ForEachEntry([&](std::string_view key) {
             if (key != treekey::kIdentifier) return;
             mCursor.ForEachEntry([&](std::string_view part) {
-                if (part == treekey::kName) name = mCursor.TakeText();
+                if (part == treekey::kName) name = CutFontName(mCursor.TakeText());
             });
         });
         mTree.fonts.push_back(std::move(name));

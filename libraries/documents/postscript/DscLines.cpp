@@ -73,8 +73,9 @@ void DscLines::SkipData(const DscComment& begin)
     DscWord number;
     DscWord type;
     DscWord unit;
-    if (!TakeDscWord(rest, number)) return;
-    (void)(TakeDscWord(rest, type) && TakeDscWord(rest, unit));  // optional; the default is bytes
+    if (!TakeDscWord(rest, number, kMostDscBytes)) return;
+    (void)(TakeDscWord(rest, type, kMostDscBytes) &&
+           TakeDscWord(rest, unit, kMostDscBytes));  // optional; the default is bytes
     size_t count = 0;
     const char* last = number.text.data() + number.text.size();
     if (std::from_chars(number.text.data(), last, count).ec != std::errc()) return;

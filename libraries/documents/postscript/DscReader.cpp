@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <string>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
 #include "base/Utf8.h"
+#include "documents/bytes/ReadBudget.h"
 #include "documents/model/DocumentBuilder.h"
 #include "documents/model/FontName.h"
 #include "documents/postscript/DscLines.h"
@@ -56,11 +58,19 @@ Meaning GetMeaning(std::string_view keyword)
     return Meaning::kNone;
 }
 
-void AddOnce(Texts& texts, std::string text)
-{
-    if (text.empty() || std::find(texts.begin(), texts.end(), text) != texts.end()) return;
-    texts.push_back(std::move(text));
-}
+// Texts in order, each once.
+class UniqueTexts {
+public:
+    void Add(std::string text)
+    {
+        if (mSeen.insert(text).second) mTexts.push_back(std::move(text));
+    }
+    const Texts& Get() const { return mTexts; }
+
+private:
+    Texts mTexts;
+    std::unordered_set<std::string> mSeen;
+};
 
 // The facts from all comments of a file.
 class Comments {
@@ -80,9 +90,9 @@ public:
         isCutOff = lines.IsCutOff();
     }
 
-    Texts fonts;
-    Texts embeddedFonts;
-    Texts listedFiles;
+    UniqueTexts fonts;
+    UniqueTexts embeddedFonts;
+    UniqueTexts listedFiles;
     Texts includedFiles;
     std::string creator;
     bool isCutOff = false;
@@ -90,7 +100,10 @@ public:
     bool listsUsedFonts = false;  // a list names a font that it doesn't say is contained
 
     // All names, or if there are none those of embedded fonts.
-    const Texts& GetFonts() const { return fonts.empty() ? embeddedFonts : fonts; }
+    const Texts& GetFonts() const
+    {
+        return fonts.Get().empty() ? embeddedFonts.Get() : fonts.Get();
+    }
 
 private:
     void Take(Meaning meaning, std::string_view value)
@@ -114,7 +127,7 @@ private:
                 TakeResources(value, meaning);
                 break;
             case Meaning::kListedFile:
-                AddOnce(listedFiles, base::ToValidUtf8(GetDscText(value)));
+                AddListedFile(value);
                 break;
             case Meaning::kIncludedFile:
                 TakeIncludedFile(value);
@@ -136,8 +149,8 @@ private:
         const bool isSupplied = isEmbedded || meaning == Meaning::kSuppliedFonts ||
                                 meaning == Meaning::kSuppliedResources;
         if (!isSupplied) listsUsedFonts = true;
-        AddOnce(isEmbedded ? embeddedFonts : fonts,
-                base::ToValidUtf8(StripSubsetPrefix(std::string(name))));
+        Count(name.size());
+        (isEmbedded ? embeddedFonts : fonts).Add(StripSubsetPrefix(name));
     }
 
     // "PDF Font obj_18" is a font that has no name in the PDF that this file was made from.
@@ -161,7 +174,7 @@ private:
     void TakeFonts(std::string_view value, Meaning meaning)
     {
         DscWord word;
-        for (SkipNameless(value); TakeDscWord(value, word); SkipNameless(value)) {
+        for (SkipNameless(value); TakeDscWord(value, word, kMostDscBytes); SkipNameless(value)) {
             AddFont(word.text, meaning);
         }
     }
@@ -171,7 +184,7 @@ private:
     {
         DscWord word;
         SkipNameless(value);
-        if (TakeDscWord(value, word)) AddFont(word.text, Meaning::kEmbeddedFont);
+        if (TakeDscWord(value, word, kMostDscBytes)) AddFont(word.text, Meaning::kEmbeddedFont);
     }
 
     // A continuation line may omit the type word; the last one remains valid. Files that the
@@ -182,7 +195,7 @@ private:
         constexpr std::string_view kTypes[] = {"font", "file",     "procset",
                                                "form", "encoding", "pattern"};
         DscWord word;
-        for (SkipNameless(value); TakeDscWord(value, word); SkipNameless(value)) {
+        for (SkipNameless(value); TakeDscWord(value, word, kMostDscBytes); SkipNameless(value)) {
             const bool isType = !word.quoted && std::find(std::begin(kTypes), std::end(kTypes),
                                                           word.text) != std::end(kTypes);
             if (isType) {
@@ -190,20 +203,40 @@ private:
             } else if (mResourceType == "font") {
                 AddFont(word.text, meaning);
             } else if (mResourceType == "file" && meaning == Meaning::kNeededResources) {
-                AddOnce(listedFiles, base::ToValidUtf8(word.text));
+                AddListedFile(word.text);
             }
         }
     }
 
     void TakeIncludedFile(std::string_view value)
     {
-        std::string file = base::ToValidUtf8(GetDscText(value));
+        std::string file = GetDscPath(value);
+        Count(file.size());
         if (!file.empty()) includedFiles.push_back(std::move(file));
+    }
+
+    void AddListedFile(std::string_view value)
+    {
+        std::string file = GetDscPath(value);
+        Count(file.size());
+        if (!file.empty()) listedFiles.Add(std::move(file));
+    }
+
+    // Every text is copied several times until the document is complete.
+    void Count(size_t bytes)
+    {
+        constexpr size_t kMostBytes = size_t{32} << 20;
+        constexpr size_t kBytesPerText = 64;
+        mBytes += bytes + kBytesPerText;
+        if (mBytes > kMostBytes) {
+            throw LimitExceeded("too large: its comments name more than can be read");
+        }
     }
 
     static constexpr std::string_view kNameless = "PDF Font obj_";
 
     std::string mResourceType;
+    size_t mBytes = 0;
 };
 
 // Comments don't say where a font is used: one frame with one run of length 1 per font.
@@ -226,11 +259,10 @@ void DescribePostScript(std::string_view bytes, Document& document)
     document.kind = isIllustrator && !isEPS ? Kind::kIllustrator : Kind::kEPS;
     document.creator = std::move(comments.creator);
     document.linkedFiles = comments.includedFiles;
-    const Texts& included = comments.includedFiles;
-    for (std::string& file : comments.listedFiles) {
-        if (std::find(included.begin(), included.end(), file) == included.end()) {
-            document.linkedFiles.push_back(std::move(file));
-        }
+    const std::unordered_set<std::string> included(comments.includedFiles.begin(),
+                                                   comments.includedFiles.end());
+    for (const std::string& file : comments.listedFiles.Get()) {
+        if (included.count(file) == 0) document.linkedFiles.push_back(file);
     }
     if (comments.isCutOff) document.notes.emplace_back("cut off within its data");
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/Strings.h"
+#include "base/Utf8.h"
 
 namespace documents {
 
@@ -31,13 +32,17 @@ size_t TakeEscape(std::string_view text, std::string& out)
     return 1;
 }
 
-// Removes a string from `rest`, which begins with "(". A string without ")" ends with the line.
-std::string TakeString(std::string_view& rest)
+// Removes a string from `rest`, which begins with "(", and returns at most `most` bytes of it. A
+// string without ")" ends with the line.
+std::string TakeString(std::string_view& rest, size_t most)
 {
     std::string text;
+    // A string that grows by doubling would need up to three times its size.
+    text.reserve(std::min({most, rest.find(')'), rest.size()}) + 1);
     size_t depth = 1;
     size_t position = 1;
     for (; position < rest.size(); ++position) {
+        if (text.size() > most) text.resize(most);
         const char c = rest[position];
         if (c == '\\') {
             position += TakeEscape(rest.substr(position + 1), text);
@@ -47,6 +52,7 @@ std::string TakeString(std::string_view& rest)
         if (c == ')' && --depth == 0) break;
         text += c;
     }
+    if (text.size() > most) text.resize(most);
     rest.remove_prefix(std::min(position + 1, rest.size()));
     return text;
 }
@@ -62,17 +68,17 @@ DscComment SplitDscComment(std::string_view line)
     return {line.substr(0, end), base::Trim(line.substr(hasColon ? end + 1 : end), kSpaces)};
 }
 
-bool TakeDscWord(std::string_view& rest, DscWord& word)
+bool TakeDscWord(std::string_view& rest, DscWord& word, size_t most)
 {
     rest.remove_prefix(std::min(rest.find_first_not_of(kSpaces), rest.size()));
     if (rest.empty()) return false;
     word.quoted = rest.front() == '(';
     if (word.quoted) {
-        word.text = TakeString(rest);
+        word.text = TakeString(rest, most);
         return true;
     }
     const size_t length = std::min(rest.find_first_of(kSpaces), rest.size());
-    word.text = rest.substr(0, length);
+    word.text = rest.substr(0, std::min(length, most));
     rest.remove_prefix(length);
     return true;
 }
@@ -82,11 +88,17 @@ std::string GetDscText(std::string_view value)
     value = base::Trim(value, kSpaces);
     if (!value.empty() && value.front() == '(') {
         std::string_view rest = value;
-        std::string text = TakeString(rest);
+        std::string text = TakeString(rest, kMostDscBytes + 1);
         // The value is a string only if nothing follows: "(C) 1999 A. Writer" isn't one.
         if (base::Trim(rest, kSpaces).empty()) return text;
     }
-    return std::string(value);
+    return std::string(value.substr(0, kMostDscBytes + 1));
+}
+
+std::string GetDscPath(std::string_view value)
+{
+    const std::string text = GetDscText(value);
+    return text.size() > kMostDscBytes ? std::string() : base::ToValidUtf8(text);
 }
 
 std::string QuoteAsString(const std::string& text)

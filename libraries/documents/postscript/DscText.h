@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -19,12 +20,21 @@ struct DscWord {
     bool quoted = false;  // was a PostScript string in parentheses
 };
 
-// Removes the next word from `rest`: a PostScript string such as "(My \(bold\) Font)", which is
-// decoded, or the text up to the next space. Returns false if no word is left.
-bool TakeDscWord(std::string_view& rest, DscWord& word);
+// The longest text of a comment that is used, the system's limit for a path. A line may be as long
+// as the file; without a limit its copies would fill the memory.
+constexpr size_t kMostDscBytes = 4096;
 
-// Returns the whole value as one text, decoded if it is a PostScript string.
+// Removes the next word from `rest`: a PostScript string such as "(My \(bold\) Font)", which is
+// decoded, or the text up to the next space. `word` gets at most `most` bytes of it. Returns false
+// if no word is left.
+bool TakeDscWord(std::string_view& rest, DscWord& word, size_t most = std::string_view::npos);
+
+// Returns the whole value as one text, decoded if it is a PostScript string; at most
+// kMostDscBytes + 1 bytes of it.
 std::string GetDscText(std::string_view value);
+
+// The same for a path: valid UTF-8, and empty if it is longer than kMostDscBytes.
+std::string GetDscPath(std::string_view value);
 
 // Returns the text as a PostScript string on one line, for example "(My \(bold\) Font)".
 std::string QuoteAsString(const std::string& text);

@@ -1,12 +1,18 @@
 #include <gmock/gmock.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <fstream>
 #include <string>
 
+#include "NativeMaker.h"
 #include "OpenBytes.h"
 #include "PdfMaker.h"
 
 using namespace documents;
 using testing::Contains;
+using testing::ElementsAre;
 using testing::StartsWith;
 
 namespace {
@@ -27,7 +33,86 @@ std::string Repeat(const std::string& text, size_t count)
     return all;
 }
 
+constexpr char kLongNames[] = "font names that are empty or have more than 127 bytes are left out";
+
+// Whether a file that is in memory can be read with so much more of it.
+bool IsReadWithin(const std::string& bytes, size_t memory)
+{
+    const pid_t child = fork();
+    if (child == 0) {
+        std::ifstream sizes("/proc/self/statm");
+        size_t pages = 0;
+        sizes >> pages;
+        const size_t most = pages * static_cast<size_t>(sysconf(_SC_PAGESIZE)) + memory;
+        const rlimit limit = {most, most};
+        if (setrlimit(RLIMIT_AS, &limit) != 0) _exit(2);
+        Limits limits;
+        limits.helperSeconds = 0;
+        _exit(OpenDocumentBytes(bytes, limits).ok ? 0 : 1);
+    }
+    int status = -1;
+    if (child < 0 || waitpid(child, &status, 0) != child) return false;
+    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
 }  // namespace
+
+TEST(HostileFiles, LineOfTheSizeOfTheFileIsNotCopied)
+{
+    if (IS_SANITIZED) GTEST_SKIP() << "a sanitizer needs more memory than the limit";
+    constexpr size_t kFile = size_t{12} << 20;
+    const std::string head = "%!PS-Adobe-3.0\n%%Creator: Adobe Illustrator(R) 8.0\n";
+    for (const char* start :
+         {"%%DocumentFonts: ", "%%DocumentFonts: (", "%%DocumentNeededResources: font ",
+          "%%DocumentNeededResources: file (", "%%BeginFont: ", "%%Creator: (",
+          "%%IncludeFile: ", "%%DocumentFiles: (", "%%BeginData: ", "%HeadlessHost_Text: 1 ",
+          "%HeadlessHost_File: ("}) {
+        const std::string file = head + start + std::string(kFile, 'A');
+        EXPECT_TRUE(IsReadWithin(file, kFile / 4)) << start;
+    }
+    const std::string old = head + "%AI5_FileFormat 4.0\n%%EndComments\n0 To\n";
+    for (const char* start : {"/", "[/", "%%IncludeFile: ("}) {
+        for (const char* end : {" 11 8 -2 Tf\n(a) Tx\nTO\n", "/A 0 0 1 TZ\n"}) {
+            const std::string file = old + start + std::string(kFile, 'A') + end;
+            EXPECT_TRUE(IsReadWithin(file, kFile / 4)) << start << end;
+        }
+    }
+    // A text is copied once.
+    for (const char* end : {") Tx\nTO\n", "\\\n", ") 0 XG\n"}) {
+        EXPECT_TRUE(IsReadWithin(old + "(" + std::string(kFile, 'A') + end, kFile * 5 / 4)) << end;
+    }
+}
+
+TEST(HostileFiles, CommentsThatNameTooMuchAreRefused)
+{
+    std::string file = "%!PS-Adobe-3.0 EPSF-3.0\n%%DocumentFonts:";
+    for (int i = 0; i < 1000000; ++i) file += " F" + std::to_string(i);
+    EXPECT_EQ("too large: its comments name more than can be read", OpenBytes(file).error);
+}
+
+TEST(HostileFiles, NameThatIsTooLongIsNoFont)
+{
+    const std::string most(127, 'A');
+    const std::string more(128, 'A');
+    const auto test = [&](const OpenResult& result) {
+        EXPECT_THAT(result.document.fonts, ElementsAre(most));
+        EXPECT_THAT(result.document.notes, ElementsAre(kLongNames));
+        EXPECT_EQ(1U, result.document.frames.size());
+    };
+    test(OpenBytes("%!PS-Adobe-3.0\n%%DocumentFonts: ABCDEF+" + most + " " + more + "\n"));
+    test(OpenNative(NativeMaker()
+                        .SetFonts({most, more})
+                        .AddStyle(0)
+                        .AddStory({{0, 2}, {1, 3}, {0, 2}})
+                        .AddFrame(0)));
+    test(OpenNative(NativeMaker().AddLines("0 To\n/_" + most + " 9 8 -2 Tf\n(a) Tx\n/_" + more +
+                                           " 9 8 -2 Tf\n(b) Tx\nTO")));
+    test(PdfMaker()
+             .Set(10, "<< /Type /Font /Subtype /TrueType /BaseFont /ABCDEF+" + most + " >>")
+             .Set(11, "<< /Type /Font /Subtype /Type1 /BaseFont /" + more + " >>")
+             .SetContent("BT /F1 9 Tf (a) Tj /F2 9 Tf (b) Tj ET")
+             .Open());
+}
 
 TEST(HostileFiles, ContentThatInflatesBeyondTheLimitIsRefused)
 {

@@ -76,7 +76,7 @@ TEST(OptionsTest, WrongUseIsReportedInOneLineThatNamesIt)
         {{"watch", "--json"}, "--json"},
         {{"list", "--log"}, "--log"},
         {{"watch", "list"}, "list"},
-        {{"--readme"}, "subcommand"}};
+        {{"--readme"}, "--readme"}};
     for (const auto& [arguments, word] : wrong) {
         Options options;
         std::string text;
