@@ -147,8 +147,8 @@ OpenResult Guard(Reading reading)
 const std::vector<DocumentReader>& GetDocumentReaders()
 {
     static const std::vector<DocumentReader> readers = {
-        {"native", ReadNative},    {"pdf", ReadPdfContent},
-        {"dsc", ReadDscComments},  {"ghostscript", ReadThroughGhostscript},
+        {"native", ReadNative},     {"pdf", ReadPdfContent},
+        {"dsc", ReadDscComments},   {"ghostscript", ReadThroughGhostscript},
         {"dsc", ReadSuppliedFonts},
     };
     return readers;

@@ -13,11 +13,7 @@ using namespace documents;
 namespace {
 
 // Under a sanitizer the limit would fail, and its shadow memory would be measured.
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool kMeasuresMemory = false;
-#else
-constexpr bool kMeasuresMemory = true;
-#endif
+constexpr bool kMeasuresMemory = !IS_SANITIZED;
 
 struct ProcessResult {
     std::string text;
