@@ -35,7 +35,7 @@ private:
 // Warnings of 61 of 1,907 sound files.
 bool IsHarmless(const QPDFExc& warning)
 {
-    const std::string text = warning.getMessageDetail();
+    const std::string& text = warning.getMessageDetail();
     return text.find("reported number of objects") != std::string::npos ||
            text.find("duplicated key") != std::string::npos;
 }
@@ -106,7 +106,7 @@ void PdfFile::ReadPages()
 std::vector<QPDFObjectHandle> PdfFile::FindPageObjects()
 {
     std::vector<QPDFObjectHandle> pages;
-    for (QPDFObjectHandle object : mPdf->getAllObjects()) {
+    for (const QPDFObjectHandle& object : mPdf->getAllObjects()) {
         QPDFObjectHandle type = GetKeyOrNull(object, "/Type");
         if (type.isName() && type.getName() == "/Page") pages.push_back(object);
     }

@@ -359,9 +359,11 @@ std::vector<std::string> Activation::DeactivateGone()
         faces.Bind(file);
         std::string names;
         for (; faces.Step(); mGoneFiles[faces.GetText(0)] = file) {
-            names += (names.empty() ? "" : ", ") + faces.GetText(0);
+            if (!names.empty()) names += ", ";
+            names += faces.GetText(0);
         }
-        LogError(file + ": the font file is gone; no longer active: " + names);
+        LogError(
+            std::string(file).append(": the font file is gone; no longer active: ").append(names));
         Statement(mDatabase, "DELETE FROM hold WHERE file = ?").Bind(file).Run();
     }
     if (!gone.empty()) (void)DeactivateUnheld();  // the caller reports the files as gone

@@ -1,6 +1,5 @@
 #include "plugin-core/services/Services.h"
 
-#include <algorithm>
 #include <filesystem>
 
 #include "fonts/ActiveFonts.h"

@@ -29,7 +29,7 @@ std::string GetReasonOfInactive(Services& services, const FontStatus& status)
     if (!services.activation.FindGoneFile(status.name).empty()) {
         return std::string(plugincore::kUnreadableFile) + " any more";
     }
-    const std::string reason =
+    std::string reason =
         plugincore::GetReasonUnavailable(services.library, status.name, status.file);
     if (!reason.empty()) return reason;
     if (IsOff(services)) return "activation is off";
