@@ -9,6 +9,7 @@
 #include <cstring>
 
 #include "base/DraftFile.h"
+#include "documents/write/DraftRecord.h"
 
 namespace documents {
 
@@ -27,7 +28,8 @@ mode_t GetNewFileMode()
 
 }  // namespace
 
-std::string ReplaceFile(const std::string& path, const std::string& bytes)
+std::string ReplaceFile(const std::string& path, const std::string& bytes,
+                        const std::string& recordFolder)
 {
     struct stat status = {};
     const bool isThere = stat(path.c_str(), &status) == 0;
@@ -43,7 +45,8 @@ std::string ReplaceFile(const std::string& path, const std::string& bytes)
     }
     const size_t slash = target.rfind('/');
     const std::string folder = slash == std::string::npos ? "." : target.substr(0, slash + 1);
-    base::DraftFile draft(folder + "/.saving-XXXXXX");
+    const DraftRecord record(recordFolder, folder);
+    base::DraftFile draft(record.GetPattern());
     std::error_code error = draft.Write(bytes, isThere ? status.st_mode & 07777 : GetNewFileMode());
     if (!error) error = draft.MoveTo(target);
     if (error) return error.message();

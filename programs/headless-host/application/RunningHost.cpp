@@ -8,6 +8,7 @@
 #include "application/OpenReport.h"
 #include "console/Console.h"
 #include "console/Log.h"
+#include "documents/write/DraftRecord.h"
 #include "system/Environment.h"
 #include "system/Interrupts.h"
 #include "system/Paths.h"
@@ -107,6 +108,10 @@ int RunHost(const Options& given, const std::function<int(RunningHost&)>& body)
     CatchInterrupts();
     const std::string problem = fonts.GetProblem();
     if (!problem.empty()) console::PrintError(problem);
+
+    for (const std::string& path : documents::DeleteAbandonedDrafts(GetDraftRecordFolder())) {
+        console::PrintError(path + ": deleted; a save that was killed left it");
+    }
 
     int status = kAllOpened;
     Application application(host, options.language);

@@ -9,6 +9,7 @@
 #include "documents/model/FileKind.h"
 #include "documents/write/WriteDocument.h"
 #include "documents/write/WriteFile.h"
+#include "system/Environment.h"
 
 namespace headless {
 
@@ -94,7 +95,7 @@ std::string Write(Host& host, DocumentObject& document, const std::string& path)
     const documents::WriteOrder order = MakeOrder(host, document, path);
     std::string bytes =
         family == Family::kPDF ? documents::WritePdf(order) : documents::WriteEps(order);
-    error = documents::ReplaceFile(path, bytes);
+    error = documents::ReplaceFile(path, bytes, GetDraftRecordFolder());
     if (!error.empty()) return "cannot be saved: " + error;
     document.base = std::move(bytes);
     document.hasBase = true;

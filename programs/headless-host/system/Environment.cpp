@@ -11,6 +11,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr char kStateVariable[] = "XDG_STATE_HOME";
+constexpr char kStateBelowHome[] = ".local/state";
+
 // $`variable`, else $HOME/`belowHome`. Relative paths are ignored, as the XDG specification wants.
 fs::path GetUserFolder(const char* variable, const char* belowHome)
 {
@@ -38,7 +41,7 @@ bool UseHome(const std::string& folder, std::string& error)
                     {"XDG_DATA_HOME", ".local/share"},
                     {"XDG_CONFIG_HOME", ".config"},
                     {"XDG_CACHE_HOME", ".cache"},
-                    {"XDG_STATE_HOME", ".local/state"}};
+                    {kStateVariable, kStateBelowHome}};
     for (const auto& row : kFolders) {
         const fs::path path = *row.below == '\0' ? fs::path(folder) : fs::path(folder) / row.below;
         std::error_code code;
@@ -57,10 +60,16 @@ bool UseHome(const std::string& folder, std::string& error)
 
 std::string GetStateFolder()
 {
-    const fs::path folder = GetUserFolder("XDG_STATE_HOME", ".local/state");
+    const fs::path folder = GetUserFolder(kStateVariable, kStateBelowHome);
     std::error_code error;
     if (!folder.empty()) (void)fs::create_directories(folder, error);  // false if it exists
     return error ? std::string() : folder.string();
+}
+
+std::string GetDraftRecordFolder()
+{
+    const fs::path state = GetUserFolder(kStateVariable, kStateBelowHome);
+    return state.empty() ? std::string() : (state / "headless-host/saves").string();
 }
 
 std::string GetDataFolder() { return GetUserFolder("XDG_DATA_HOME", ".local/share").string(); }

@@ -156,3 +156,13 @@ TEST_F(Program, AHangUpThatTheParentIgnoresDoesNotEndTheHost)
     before = "trap '' HUP;";
     EXPECT_EQ(headless::kFontMissing, Run("open a.eps --exec 'kill -HUP $PPID'")) << errors;
 }
+
+TEST_F(Program, TheStartDeletesWhatAKilledSaveLeft)
+{
+    (void)scratch.Write("home/.local/state/headless-host/saves/save-abcdef", folder + "/letters");
+    const std::string left = scratch.Write("letters/.save-abcdef-123456", "half a document");
+    WriteEps("a.eps", "Surely-NotInstalled-Font");
+    (void)Run("open a.eps");
+    EXPECT_FALSE(std::filesystem::exists(left));
+    EXPECT_THAT(errors, HasSubstr("headless-host: " + left + ": deleted; a save"));
+}
