@@ -1,6 +1,6 @@
 # `make run` and `make test` install what is missing, build and run.
-.PHONY: run test test-asan test-tsan test-mac test-corpus mac lint stage bench bench-documents
-.PHONY: bootstrap clean
+.PHONY: run test test-asan test-tsan test-mac test-corpus test-fuzz test-damaged test-long
+.PHONY: mac lint stage bench bench-documents bootstrap clean
 
 run: stage
 	tools/run-demo
@@ -44,6 +44,30 @@ test-corpus:
 	tools/corpus
 	tools/check-corpus build/dev/programs/headless-host/headless-host \
 	    build/dev/tests/libraries/documents/document-fonts .deps/corpus docs/CORPUS.md
+
+# Runs each fuzzer of the document readers for FUZZ_SECONDS, from seeds that are generated.
+FUZZ_SECONDS = 30
+test-fuzz: bootstrap
+	tests/fuzz/run $(FUZZ_SECONDS)
+
+# Reads damaged copies of real documents under sanitizers; of the samples if the real ones cannot be
+# fetched.
+DAMAGED_COPIES = 100
+test-damaged: bootstrap
+	cmake --preset asan >/dev/null
+	cmake --build --preset asan --target headless-host
+	documents=samples; if tools/corpus >/dev/null; then documents=.deps/corpus; fi; \
+	    ASAN_OPTIONS=detect_leaks=1:intercept_tls_get_addr=0 \
+	    tests/fuzz/mutate build/asan/programs/headless-host/headless-host $$documents \
+	    $(DAMAGED_COPIES)
+
+# Takes about 25 minutes: what each change needn't wait for.
+test-long: bootstrap
+	cmake --preset dev >/dev/null
+	cmake --build --preset dev
+	KILLS=200 ctest --preset dev --tests-regex '^KillScene'
+	$(MAKE) test-damaged DAMAGED_COPIES=400
+	$(MAKE) test-fuzz FUZZ_SECONDS=1200
 
 lint: bootstrap
 	cmake --preset dev >/dev/null
