@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <new>
 #include <sstream>
 
 #include "base/Progress.h"
@@ -32,6 +33,12 @@ void PrintError(const std::string& text)
     // An error of standard error itself can't be reported anywhere.
     (void)std::fprintf(stderr, "%s: %s\n", sProgramName, line.c_str());
     LogError(line);
+}
+
+void PrintException(const std::exception& exception)
+{
+    const bool isMemory = dynamic_cast<const std::bad_alloc*>(&exception) != nullptr;
+    PrintError(isMemory ? "out of memory" : exception.what());
 }
 
 void PrintErrorLines(const std::string& title, const std::string& text)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <exception>
 #include <string>
 
 // What a program writes to the terminal. One thread.
@@ -12,6 +13,9 @@ void SetProgramName(const char* name);
 // Writes one line to standard error, after the program's name, with control characters replaced,
 // and logs it as an error.
 void PrintError(const std::string& text);
+
+// The same for an exception: prints its text, or "out of memory" for std::bad_alloc.
+void PrintException(const std::exception& exception);
 
 // The same for a text of several lines: writes the title after the program's name, and below it the
 // lines of the text, indented. Logs everything as one line.

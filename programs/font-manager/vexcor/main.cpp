@@ -104,6 +104,6 @@ try {
     return failure.GetStatus() == StatusCodes::kDatabaseError ? vexcor::kDatabaseFailed
                                                               : vexcor::kFileFailed;
 } catch (const std::exception& failure) {
-    console::PrintError(failure.what());
+    console::PrintException(failure);
     return vexcor::kFileFailed;
 }

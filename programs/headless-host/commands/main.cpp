@@ -29,7 +29,7 @@ int main(int argc, char** argv)
         console::PrintError(text + " (see headless-host --help)");
         return headless::kWrongUse;
     } catch (const std::exception& exception) {
-        console::PrintError(exception.what());
+        console::PrintException(exception);
         return headless::kWrongUse;
     }
 }

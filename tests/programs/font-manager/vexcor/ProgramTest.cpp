@@ -198,11 +198,13 @@ TEST_F(ProgramTest, WithoutMemoryItEndsWithOneLine)
                              home.GetPath() / "output");
         const int status = program.Wait();
         const std::string text = program.GetOutput();
+        // SIGSEGV is possible: fontconfig dereferences null if it cannot allocate a rule of its own
+        // configuration.
         ASSERT_NE(-SIGABRT, status) << kibibytes << ": " << text;
         if (status == 0) ++worked;
         if (status != vexcor::kFileFailed && status != vexcor::kDatabaseFailed) continue;
         ++refused;
-        ASSERT_THAT(text, StartsWith("Vexcor: ")) << kibibytes;
+        ASSERT_THAT(text, AllOf(StartsWith("Vexcor: "), Not(HasSubstr("bad_alloc")))) << kibibytes;
         ASSERT_EQ(1, std::count(text.begin(), text.end(), '\n')) << kibibytes << ": " << text;
     }
     EXPECT_EQ(3, worked);
