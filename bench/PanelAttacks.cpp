@@ -3,7 +3,6 @@
 #include <netinet/in.h>
 #include <sys/socket.h>
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <memory>
@@ -38,13 +37,20 @@ public:
     }
     void Act()
     {
-        for (size_t lines = mClient.CountLines(); lines > 0; --lines) {
+        for (const std::string& line : mClient.ReadLines()) {
+            // The first line is the answer to the token.
+            if (mNext > 0) {
+                const bool isRefused = line.find("\"ok\":true") == std::string::npos;
+                ++(isRefused ? mAnswers->refused : mAnswers->served);
+            }
             mClient.Queue(mRequests[mNext++ % mRequests.size()]);
         }
         mClient.Send();
     }
+    std::shared_ptr<const PanelAnswers> GetAnswers() const { return mAnswers; }
 
 private:
+    std::shared_ptr<PanelAnswers> mAnswers = std::make_shared<PanelAnswers>();
     AttackingClient mClient;
     std::vector<std::string> mRequests;
     size_t mNext = 0;
@@ -54,7 +60,7 @@ PanelAttack Ask(const PanelPlace& place, const std::string& name,
                 const std::vector<std::string>& requests)
 {
     const auto asker = std::make_shared<Asker>(place, requests);
-    return {name, [asker](int) { asker->Act(); }};
+    return {name, [asker](int) { asker->Act(); }, asker->GetAnswers()};
 }
 
 PanelAttack Subscribe(const PanelPlace& place)
@@ -67,23 +73,27 @@ PanelAttack Subscribe(const PanelPlace& place)
         subscribers->emplace_back(place.port).Queue(place.tokenLine);
         subscribers->back().Queue("{\"op\":\"subscribe\"}");
     }
-    return {"20 subscribers that never read, fonts change", [asker, subscribers](int) {
+    return {"20 subscribers that never read, fonts change",
+            [asker, subscribers](int) {
                 for (AttackingClient& client : *subscribers) client.Send();
                 asker->Act();
-            }};
+            },
+            asker->GetAnswers()};
 }
 
 PanelAttack HalfClose(const PanelPlace& place)
 {
     const auto clients = std::make_shared<std::deque<AttackingClient>>();
-    return {"300 half-closed connections", [clients, place](int tick) {
+    return {"300 half-closed connections",
+            [clients, place](int tick) {
                 // The system's queue takes 128 at once.
                 for (int client = 0; tick % 10 == 0 && client < 100; ++client) {
                     if (clients->size() == 300) clients->pop_front();
                     clients->emplace_back(place.port);
                 }
                 for (AttackingClient& client : *clients) client.EndOutput();
-            }};
+            },
+            nullptr};
 }
 
 PanelAttack Flood(const PanelPlace& place)
@@ -93,12 +103,14 @@ PanelAttack Flood(const PanelPlace& place)
     for (int client = 0; client < 31; ++client) {
         clients->emplace_back(place.port).Queue(place.tokenLine);
     }
-    return {"31 clients that send 60 KB requests and never read", [clients, request](int tick) {
+    return {"31 clients that send 60 KB requests and never read",
+            [clients, request](int tick) {
                 for (AttackingClient& client : *clients) {
                     if (tick % 4 == 0 && tick < 160) client.Queue(request);
                     client.Send();
                 }
-            }};
+            },
+            nullptr};
 }
 
 }  // namespace
@@ -128,22 +140,28 @@ void AttackingClient::EndOutput()
     (void)shutdown(mSocket.Get(), SHUT_WR);  // fails until the connection is open
 }
 
-size_t AttackingClient::CountLines()
+std::vector<std::string> AttackingClient::ReadLines()
 {
-    size_t lines = 0;
     std::array<char, 65536> chunk;
     for (;;) {
         const ssize_t count = recv(mSocket.Get(), chunk.data(), chunk.size(), MSG_DONTWAIT);
-        if (count <= 0) return lines;
-        lines += static_cast<size_t>(std::count(chunk.data(), chunk.data() + count, '\n'));
+        if (count <= 0) break;
+        mInput.append(chunk.data(), static_cast<size_t>(count));
     }
+    std::vector<std::string> lines;
+    size_t start = 0;
+    for (size_t end; (end = mInput.find('\n', start)) != std::string::npos; start = end + 1) {
+        lines.push_back(mInput.substr(start, end - start));
+    }
+    mInput.erase(0, start);
+    return lines;
 }
 
 std::vector<std::function<PanelAttack()>> ListPanelAttacks(const PanelPlace& place)
 {
     return {
         [] {
-            return PanelAttack{"no client", [](int) {}};
+            return PanelAttack{"no client", [](int) {}, nullptr};
         },
         [=] { return Ask(place, "one client, fonts", {"{\"op\":\"fonts\",\"limit\":1000}"}); },
         [=] {

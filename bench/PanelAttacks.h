@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -19,11 +20,12 @@ public:
     void Send();
     void EndOutput();
 
-    // Returns the number of lines that have arrived since the last call.
-    size_t CountLines();
+    // Returns the lines that have arrived completely since the last call.
+    std::vector<std::string> ReadLines();
 
 private:
     base::FileDescriptor mSocket;
+    std::string mInput;
     std::string mOutput;
 };
 
@@ -33,10 +35,17 @@ struct PanelPlace {
     std::vector<std::string> names;  // the fonts of the library
 };
 
+// The answers to the requests of an attack. An attack without answers proves nothing.
+struct PanelAnswers {
+    size_t served = 0;
+    size_t refused = 0;
+};
+
 // What one attacker does before each tick, and its name in the report.
 struct PanelAttack {
     std::string name;
     std::function<void(int tick)> act;
+    std::shared_ptr<const PanelAnswers> answers;  // null if it sends no requests to wait for
 };
 
 // Returns the attacks, which share no clients. A client disconnects with its attack.

@@ -93,8 +93,13 @@ void Measure(const Framework& core, const PanelAttack& attack)
         ticksThatWaited += CountWaits() != waits ? 1 : 0;
         std::this_thread::sleep_for(kBetweenTicks);
     }
-    std::printf("| %s | %d | %.2f | %.2f | %d |\n", attack.name.c_str(), ticks, longest,
+    std::printf("| %s | %d | %.2f | %.2f | %d |", attack.name.c_str(), ticks, longest,
                 longestOfThread, ticksThatWaited);
+    if (attack.answers) {
+        std::printf(" %zu | %zu |\n", attack.answers->served, attack.answers->refused);
+    } else {
+        std::printf(" - | - |\n");
+    }
     (void)std::fflush(stdout);
 }
 
@@ -117,8 +122,9 @@ int Run(int count, char** arguments)
     place.tokenLine = home.MakeTokenLine();
     place.names = home.GetNames();
     std::printf(
-        "| attack | ticks | longest tick, ms | of the thread, ms | ticks that waited |\n"
-        "|---|---|---|---|---|\n");
+        "| attack | ticks | longest tick, ms | of the thread, ms | ticks that waited | served "
+        "| refused |\n"
+        "|---|---|---|---|---|---|---|\n");
     for (const auto& make : ListPanelAttacks(place)) {
         Measure(core, make());
         Rest(core);
