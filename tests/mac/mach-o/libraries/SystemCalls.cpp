@@ -34,8 +34,9 @@ struct AtExitFunction {
 
 std::vector<AtExitFunction>& AtExitFunctions()
 {
-    static std::vector<AtExitFunction> functions;
-    return functions;
+    // Never destroyed, because this module's own variables end before its last function runs.
+    static auto* const functions = new std::vector<AtExitFunction>;
+    return *functions;
 }
 
 }  // namespace
