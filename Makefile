@@ -1,6 +1,6 @@
 # `make run` and `make test` install what is missing, build and run.
-.PHONY: run test test-asan test-tsan test-mac test-corpus test-fuzz test-damaged test-long
-.PHONY: mac lint stage bench bench-documents bootstrap clean
+.PHONY: run test test-asan test-tsan test-mac test-mach-o test-corpus test-fuzz test-damaged test-long
+.PHONY: mac mac-cross lint stage bench bench-documents bootstrap clean
 
 run: stage
 	tools/run-demo
@@ -35,6 +35,12 @@ mac: bootstrap
 	cmake --preset mac >/dev/null
 	cmake --build --preset mac
 	ctest --preset mac
+
+# Builds the bundle for macOS on Linux; tools/mac-cross/README.md explains how.
+mac-cross:
+	@tools/bootstrap --mac-cross
+	cmake --preset mac-cross >/dev/null
+	cmake --build --preset mac-cross
 
 # Reads real documents, which tools/corpus fetches from Debian packages into .deps/corpus.
 test-corpus:
