@@ -4,6 +4,19 @@
 
 #include "cocoa/HostWindows.h"
 
+// GNUstep's description of an exception has its address, that of macOS is the reason.
+@interface HostWindowException : NSException
+@end
+
+@implementation HostWindowException
+
+- (NSString*)description
+{
+    return [self reason];
+}
+
+@end
+
 namespace {
 
 // Returns the title. If the host's window throws, the result is empty and `reason` is the text.
@@ -30,7 +43,7 @@ void Deliver(ModalWindow& window, const SKeyEvent& event, std::string& reason)
 void RaiseIfSet(const std::string& reason)
 {
     if (reason.empty()) return;
-    [NSException raise:@"ModalWindowException" format:@"%s", reason.c_str()];
+    [HostWindowException raise:@"ModalWindowException" format:@"%s", reason.c_str()];
 }
 
 }  // namespace
