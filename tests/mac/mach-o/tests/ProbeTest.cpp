@@ -1,0 +1,127 @@
+#include <dlfcn.h>
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <thread>
+
+#include "../probe/Probe.h"
+#include "ScratchFolder.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// A small bundle in the loader. Without the tools that build it the tests are skipped.
+class MachOProbe : public testing::TestWithParam<const char*> {
+protected:
+    void SetUp() override
+    {
+        if (!fs::exists(MACH_O_PROBE)) {
+            GTEST_SKIP() << MACH_O_PROBE << ": not run: the probe is not built (make mac-cross)";
+        }
+        const fs::path bundle = folder.Path("Probe.aip");
+        fs::create_directories(bundle / "Contents/MacOS");
+        fs::create_symlink(MACH_O_LOADER, bundle / "Probe");
+        fs::create_symlink(MACH_O_PROBE, bundle / "Contents/MacOS/Probe");
+        void* const module = dlopen((bundle / "Probe").c_str(), RTLD_NOW | RTLD_LOCAL);
+        ASSERT_NE(nullptr, module) << dlerror();
+        entry = reinterpret_cast<Entry>(dlsym(module, "PluginMain"));
+        ASSERT_NE(nullptr, entry);
+    }
+
+    int Call(std::string selector, void* message) const
+    {
+        char caller[] = "probe";
+        return entry(caller, selector.data(), message);
+    }
+
+    int CallForInt(const std::string& selector) const
+    {
+        int value = 0;
+        EXPECT_EQ(0, Call(selector, &value));
+        return value;
+    }
+
+    const ScratchFolder folder;
+
+private:
+    typedef int (*Entry)(char* caller, char* selector, void* message);
+    Entry entry = nullptr;
+};
+
+TEST_F(MachOProbe, EachThreadHasItsOwnVariables)
+{
+    EXPECT_EQ(142, CallForInt("thread-local"));
+    EXPECT_EQ(243, CallForInt("thread-local"));
+    int ofOther = 0;
+    std::thread([&] { ofOther = CallForInt("thread-local"); }).join();
+    EXPECT_EQ(142, ofOther);
+    EXPECT_EQ(344, CallForInt("thread-local"));
+}
+
+TEST_F(MachOProbe, AStaticMutexAndConditionWork) { EXPECT_EQ(42, CallForInt("static-mutex")); }
+
+TEST_F(MachOProbe, ObjectsAreDestroyedAtTheEndTheLastOneFirst)
+{
+    EXPECT_EXIT(
+        {
+            (void)setenv("MACH_O_REPORT", "1", 1);
+            (void)Call("at-exit", nullptr);
+            std::exit(0);
+        },
+        testing::ExitedWithCode(0), "^second first\nmach-o: 2 functions ran at exit\n$");
+}
+
+TEST_F(MachOProbe, ReadsTheStatusOfAFile)
+{
+    const std::string file = folder.Write("file", "12345");
+    ProbeStatus status = {file.c_str(), -2, true, 0, 0};
+    EXPECT_EQ(0, Call("status", &status));
+    EXPECT_EQ(0, status.result);
+    EXPECT_FALSE(status.isFolder);
+    EXPECT_EQ(5, status.size);
+    EXPECT_NEAR(static_cast<double>(std::time(nullptr)), static_cast<double>(status.seconds), 60);
+    ProbeStatus ofFolder = {"/", -2, false, 0, 0};
+    EXPECT_EQ(0, Call("status", &ofFolder));
+    EXPECT_TRUE(ofFolder.isFolder);
+    ProbeStatus missing = {"/no/such/file", 0, false, 0, 0};
+    EXPECT_EQ(0, Call("status", &missing));
+    EXPECT_EQ(-1, missing.result);
+}
+
+TEST_F(MachOProbe, AppendsToAFileThatItCreates)
+{
+    const std::string path = folder.Path("new");
+    for (const char* text : {"one ", "two"}) {
+        ProbeAppend request = {path.c_str(), text, 0, 0};
+        EXPECT_EQ(0, Call("append", &request));
+        EXPECT_EQ(static_cast<int>(std::string(text).size()), request.result);
+    }
+    std::ifstream file(path);
+    EXPECT_EQ("one two", std::string(std::istreambuf_iterator<char>(file), {}));
+    EXPECT_EQ(0640U, static_cast<unsigned>(fs::status(path).permissions()));
+    ProbeAppend refused = {"/no/such/folder/file", "", 0, 0};
+    EXPECT_EQ(0, Call("append", &refused));
+    EXPECT_EQ(ENOENT, refused.error);
+}
+
+class MachOProbeException : public MachOProbe {};
+
+TEST_P(MachOProbeException, CrossesThreeFrames)
+{
+    ProbeThrow result = {};
+    EXPECT_EQ(0, Call(GetParam(), &result));
+    EXPECT_EQ(3, result.destroyed);
+    EXPECT_TRUE(result.kept);
+    const std::string kind = GetParam();
+    EXPECT_EQ(kind == "int" ? 4711 : kind == "object" ? 4712 : 35, result.caught);
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, MachOProbeException,
+                         testing::Values("int", "object", "standard"),
+                         [](const auto& row) { return std::string(row.param); });
+
+}  // namespace
