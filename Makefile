@@ -30,6 +30,14 @@ test-mac:
 	cmake --build --preset mac-gnustep
 	ctest --preset mac-gnustep
 
+# Runs the bundle of `make mac-cross` in the headless host; x86_64 Linux only.
+test-mach-o: bootstrap mac-cross
+	@tools/bootstrap --mac
+	@tools/bootstrap --mach-o
+	cmake --preset dev -DTYPELOFT_MACH_O=ON >/dev/null
+	cmake --build --preset dev --target mach-o-all
+	ctest --preset dev --label-regex mach-o
+
 # Builds and tests the bundle on a Mac.
 mac: bootstrap
 	cmake --preset mac >/dev/null

@@ -45,7 +45,8 @@ TEST_F(MachOCalls, OnlyTheDialogWithinThePeriodIsSentAnEvent)
     EXPECT_THAT(machO.output, HasSubstr("live: 0 strings, 0 paths, 0 references"));
 }
 
-// The host's exception becomes an NSException, which crosses the bundle's C++ frames to its handler.
+// The host's exception becomes an NSException, which crosses the bundle's C++ frames to its
+// handler.
 TEST_F(MachOCalls, AnExceptionOfTheWindowEndsInTheBundlesHandler)
 {
     Play("throwing-window");
@@ -75,17 +76,18 @@ TEST_P(MachOException, CrossesTheFramesAsOnLinux)
     EXPECT_NE(std::string::npos, machO.output.find("ATE ArrayFontRef.Item", failed));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Operations, MachOException,
-    testing::Values("AIArtSetSuite.NewArtSet", "AITextFrameSuite.GetATETextFrame",
-                    "AIFontSuite.FontKeyFromFontRef", "ATE TextFrame.GetStory",
-                    "ATE CharInspector.GetFont", "ATE ArrayFontRef.Item",
-                    "AIFilePathSuite.GetFullPath", "AIUnicodeStringSuite.GetAs",
-                    "AIDocumentSuite.GetDocumentFileSpecification"),
-    [](const auto& row) {
-        std::string name = row.param;
-        for (char& c : name) {
-            if (c == '.' || c == ' ') c = '_';
-        }
-        return name;
-    });
+INSTANTIATE_TEST_SUITE_P(Operations, MachOException,
+                         testing::Values("AIArtSetSuite.NewArtSet",
+                                         "AITextFrameSuite.GetATETextFrame",
+                                         "AIFontSuite.FontKeyFromFontRef", "ATE TextFrame.GetStory",
+                                         "ATE CharInspector.GetFont", "ATE ArrayFontRef.Item",
+                                         "AIFilePathSuite.GetFullPath",
+                                         "AIUnicodeStringSuite.GetAs",
+                                         "AIDocumentSuite.GetDocumentFileSpecification"),
+                         [](const auto& row) {
+                             std::string name = row.param;
+                             for (char& c : name) {
+                                 if (c == '.' || c == ' ') c = '_';
+                             }
+                             return name;
+                         });

@@ -1,13 +1,16 @@
+#include "../probe/Probe.h"
+
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
-#include <chrono>
+#include <cstdlib>
+#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <thread>
+#include <utility>
 
-#include "../probe/Probe.h"
 #include "ScratchFolder.h"
 
 namespace fs = std::filesystem;
@@ -15,17 +18,20 @@ namespace fs = std::filesystem;
 namespace {
 
 // A small bundle in the loader. Without the tools that build it the tests are skipped.
-class MachOProbe : public testing::TestWithParam<const char*> {
+class MachOProbe : public testing::Test {
 protected:
-    void SetUp() override
+    void SetUp() override { Load("Probe"); }
+
+    void Load(const std::string& name)
     {
-        if (!fs::exists(MACH_O_PROBE)) {
-            GTEST_SKIP() << MACH_O_PROBE << ": not run: the probe is not built (make mac-cross)";
+        const fs::path probe = fs::path(MACH_O_PROBES) / name;
+        if (!fs::exists(probe)) {
+            GTEST_SKIP() << probe << ": not run: the probe is not built (make mac-cross)";
         }
         const fs::path bundle = folder.Path("Probe.aip");
         fs::create_directories(bundle / "Contents/MacOS");
         fs::create_symlink(MACH_O_LOADER, bundle / "Probe");
-        fs::create_symlink(MACH_O_PROBE, bundle / "Contents/MacOS/Probe");
+        fs::create_symlink(probe, bundle / "Contents/MacOS/Probe");
         void* const module = dlopen((bundle / "Probe").c_str(), RTLD_NOW | RTLD_LOCAL);
         ASSERT_NE(nullptr, module) << dlerror();
         entry = reinterpret_cast<Entry>(dlsym(module, "PluginMain"));
@@ -108,20 +114,31 @@ TEST_F(MachOProbe, AppendsToAFileThatItCreates)
     EXPECT_EQ(ENOENT, refused.error);
 }
 
-class MachOProbeException : public MachOProbe {};
+// The bundle, and what is thrown.
+typedef std::pair<std::string, std::string> ProbeAndKind;
+
+class MachOProbeException : public MachOProbe, public testing::WithParamInterface<ProbeAndKind> {
+protected:
+    void SetUp() override { Load(GetParam().first); }
+};
 
 TEST_P(MachOProbeException, CrossesThreeFrames)
 {
+    const std::string kind = GetParam().second;
     ProbeThrow result = {};
-    EXPECT_EQ(0, Call(GetParam(), &result));
+    EXPECT_EQ(0, Call(kind, &result));
     EXPECT_EQ(3, result.destroyed);
     EXPECT_TRUE(result.kept);
-    const std::string kind = GetParam();
     EXPECT_EQ(kind == "int" ? 4711 : kind == "object" ? 4712 : 35, result.caught);
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, MachOProbeException,
-                         testing::Values("int", "object", "standard"),
-                         [](const auto& row) { return std::string(row.param); });
+                         testing::Values(ProbeAndKind("Probe", "int"),
+                                         ProbeAndKind("Probe", "object"),
+                                         ProbeAndKind("Probe", "standard"),
+                                         ProbeAndKind("FramelessProbe", "int"),
+                                         ProbeAndKind("FramelessProbe", "object"),
+                                         ProbeAndKind("FramelessProbe", "standard")),
+                         [](const auto& row) { return row.param.first + "_" + row.param.second; });
 
 }  // namespace

@@ -57,12 +57,12 @@ public:
                     host.modalSessions.back() == &window ? "the same window" : "another window");
         for (size_t index = 0; index < window.events.size(); ++index) {
             const SKeyEvent& event = window.events[index];
-            std::printf("  event %d at %g %g, flags %u, time %g, window %ld, %zu and %zu characters"
-                        ", repeat %d, key %d\n",
-                        event.type, event.x, event.y, event.modifierFlags, event.timestamp,
-                        event.windowNumber, window.characters[index].size(),
-                        window.charactersIgnoringModifiers[index].size(), event.isARepeat,
-                        event.keyCode);
+            std::printf(
+                "  event %d at %g %g, flags %u, time %g, window %ld, %zu and %zu characters"
+                ", repeat %d, key %d\n",
+                event.type, event.x, event.y, event.modifierFlags, event.timestamp,
+                event.windowNumber, window.characters[index].size(),
+                window.charactersIgnoringModifiers[index].size(), event.isARepeat, event.keyCode);
         }
         window.events.clear();
     }
@@ -111,8 +111,9 @@ void PlayDialogs(Run& run, const std::function<void()>& action)
     run.Session("of another title", untitled);
     run.Check("/b.ai");
     run.Session("of missing fonts", window);
-    FakeWindow japanese("\xE7\x92\xB0\xE5\xA2\x83\xE3\x81\xAB\xE7\x84\xA1\xE3\x81\x84"
-                        "\xE3\x83\x95\xE3\x82\xA9\xE3\x83\xB3\xE3\x83\x88");
+    FakeWindow japanese(
+        "\xE7\x92\xB0\xE5\xA2\x83\xE3\x81\xAB\xE7\x84\xA1\xE3\x81\x84"
+        "\xE3\x83\x95\xE3\x82\xA9\xE3\x83\xB3\xE3\x83\x88");
     run.Session("in Japanese", japanese);
     run.Interface("Shutdown");
     run.Session("after the end", window);
