@@ -36,7 +36,7 @@ mac: bootstrap
 	cmake --build --preset mac
 	ctest --preset mac
 
-# Reads real documents, which tools/corpus fetches from Debian packages into .deps/corpus.
+# Reads real documents, which tools/corpus fetches from Debian and npm packages into .deps/corpus.
 test-corpus:
 	@tools/bootstrap --corpus
 	cmake --preset dev >/dev/null
