@@ -107,8 +107,14 @@ std::set<std::string> EndToEnd::ActiveFonts() const
     const std::string command =
         EnvironmentOfHome() + "fc-list --format '%{postscriptname}\\n' >" + Quote(scratch / "list");
     EXPECT_EQ(0, std::system(command.c_str()));
+    return ReadNames("list");
+}
+
+std::set<std::string> EndToEnd::ReadNames(const fs::path& file) const
+{
+    EXPECT_TRUE(fs::exists(scratch / file)) << file;
     std::set<std::string> names;
-    std::istringstream lines(ReadFile(scratch / "list"));
+    std::istringstream lines(ReadFile(scratch / file));
     for (std::string line; std::getline(lines, line);) names.insert(line);
     return names;
 }

@@ -43,6 +43,10 @@ protected:
     // The PostScript names of the active fonts, from fc-list with this home folder.
     std::set<std::string> ActiveFonts() const;
 
+    // The lines of a file in the scratch folder, such as the names that fc-list printed. A missing
+    // file fails the test.
+    std::set<std::string> ReadNames(const std::filesystem::path& file) const;
+
     // Copies PluginCore.framework to a folder that the test may add files to; returns the folder.
     std::filesystem::path CopyOfPluginCore() const;
 
