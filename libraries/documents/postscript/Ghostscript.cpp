@@ -77,6 +77,11 @@ bool WaitForEnd(int pipe, double seconds)
 
 }  // namespace
 
+std::string DescribeLateDrawing(double seconds)
+{
+    return "Ghostscript took longer than " + std::to_string(static_cast<long>(seconds)) + " s";
+}
+
 GhostscriptResult DrawWithGhostscript(std::string_view postScript, double seconds,
                                       size_t memoryBytes, size_t mostPdfBytes)
 {
@@ -111,8 +116,8 @@ GhostscriptResult DrawWithGhostscript(std::string_view postScript, double second
     // A program that ignores SIGCHLD gets neither a status nor a signal: then the PDF decides.
     const bool hasFailed = processEnd.status > 0 || processEnd.signal != 0;
     if (!hasEnded) {
-        result.error =
-            "Ghostscript took longer than " + std::to_string(static_cast<long>(seconds)) + " s";
+        result.error = DescribeLateDrawing(seconds);
+        result.isLate = true;
     } else if (hasFailed) {
         result.error = "Ghostscript cannot draw it";
     } else if (!ReadBack(output.Get(), mostPdfBytes, result.pdf) || result.pdf.empty()) {
