@@ -94,7 +94,7 @@ static NSButton* FindDefaultButton(NSView* view)
     (void)timer;
     [FindDefaultButton([[NSApp modalWindow] contentView]) performClick:nil];
     // Wakes the modal loop, which handles the click only between events.
-    [NSApp postEvent:[NSEvent otherEventWithType:NSApplicationDefined
+    [NSApp postEvent:[NSEvent otherEventWithType:NSEventTypeApplicationDefined
                                         location:NSZeroPoint
                                    modifierFlags:0
                                        timestamp:0

@@ -137,9 +137,15 @@ CFURLRef CFBundleCopyPrivateFrameworksURL(CFBundleRef bundle)
     return CopyURL([path stringByAppendingPathComponent:@"Contents/Frameworks"]);
 }
 
-CFTypeRef CFBundleGetValueForInfoDictionaryKey(CFBundleRef bundle, CFStringRef key)
+CFDictionaryRef CFBundleGetInfoDictionary(CFBundleRef bundle)
 {
-    return [As<StandInBundle>(bundle)->information objectForKey:As<NSString>(key)];
+    if (MustFail(__func__)) return nullptr;
+    return reinterpret_cast<CFDictionaryRef>(As<StandInBundle>(bundle)->information);
+}
+
+const void* CFDictionaryGetValue(CFDictionaryRef dictionary, const void* key)
+{
+    return [As<NSDictionary>(dictionary) objectForKey:As<NSString>(key)];
 }
 
 void* CFBundleGetFunctionPointerForName(CFBundleRef bundle, CFStringRef name)

@@ -35,8 +35,10 @@ BundleRef OSOpenBundle(const std::string& path)
 
 bool OSGetBundleVersion(BundleRef bundle, std::string& version)
 {
-    const CFTypeRef value = CFBundleGetValueForInfoDictionaryKey(
-        ToCFBundle(bundle), CFSTR("CFBundleShortVersionString"));
+    // The dictionary itself: a look-up by key through the bundle prefers localized values.
+    const CFDictionaryRef information = CFBundleGetInfoDictionary(ToCFBundle(bundle));
+    if (information == nullptr) return false;
+    const CFTypeRef value = CFDictionaryGetValue(information, CFSTR("CFBundleShortVersionString"));
     // A property list may have a number in place of the text.
     if (value == nullptr || CFGetTypeID(value) != CFStringGetTypeID()) return false;
     version = GetStdString(static_cast<CFStringRef>(value));
