@@ -104,6 +104,7 @@ CFBundleRef CFBundleCreate(CFAllocatorRef, CFURLRef url)
 
 CFBundleRef CFBundleGetMainBundle(void)
 {
+    if (MustFail(__func__)) return nullptr;
     if (gMainBundle.empty()) {
         char program[4096] = {};
         if (readlink("/proc/self/exe", program, sizeof program - 1) < 0) return nullptr;

@@ -26,6 +26,8 @@ std::string GetStdString(CFStringRef text)
 
 BundleRef OSOpenBundle(const std::string& path)
 {
+    // The URL of an empty path may be that of the working directory, and every folder is a bundle.
+    if (path.empty()) return nullptr;
     const CFHolder<CFStringRef> text = MakeString(path.c_str());
     if (!text) return nullptr;
     const CFHolder<CFURLRef> url(
