@@ -1,6 +1,6 @@
 # `make run` and `make test` install what is missing, build and run.
-.PHONY: run test test-asan test-tsan test-mac test-corpus mac mac-cross lint stage bench
-.PHONY: bench-documents bootstrap clean
+.PHONY: run test test-asan test-tsan test-libcxx test-mac test-corpus mac mac-cross lint stage
+.PHONY: bench bench-documents bootstrap clean
 
 run: stage
 	tools/run-demo
@@ -22,6 +22,13 @@ test-tsan: bootstrap
 	cmake --preset tsan >/dev/null
 	cmake --build --preset tsan
 	ctest --preset tsan
+
+# Tests the plug-in and its foundation with libc++, the C++ library of macOS.
+test-libcxx:
+	@tools/bootstrap --libcxx
+	cmake --preset libcxx >/dev/null
+	cmake --build --preset libcxx
+	ctest --preset libcxx
 
 # Tests the macOS files on Linux, over GNUstep.
 test-mac:
