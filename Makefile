@@ -1,6 +1,6 @@
 # `make run` and `make test` install what is missing, build and run.
-.PHONY: run test test-asan test-tsan test-mac test-corpus test-fuzz test-damaged test-long
-.PHONY: mac lint stage bench bench-documents bootstrap clean
+.PHONY: run test test-asan test-tsan test-libcxx test-mac test-corpus test-fuzz test-damaged
+.PHONY: test-long mac mac-cross lint stage bench bench-documents bootstrap clean
 
 run: stage
 	tools/run-demo
@@ -23,6 +23,13 @@ test-tsan: bootstrap
 	cmake --build --preset tsan
 	ctest --preset tsan
 
+# Tests the plug-in and its foundation with libc++, the C++ library of macOS.
+test-libcxx:
+	@tools/bootstrap --libcxx
+	cmake --preset libcxx >/dev/null
+	cmake --build --preset libcxx
+	ctest --preset libcxx
+
 # Tests the macOS files on Linux, over GNUstep.
 test-mac:
 	@tools/bootstrap --mac
@@ -35,6 +42,15 @@ mac: bootstrap
 	cmake --preset mac >/dev/null
 	cmake --build --preset mac
 	ctest --preset mac
+
+# Builds the bundle for macOS on Linux, twice, and checks it; tools/mac-cross/README.md explains how.
+mac-cross:
+	@tools/bootstrap --mac-cross
+	cmake --preset mac-cross >/dev/null
+	cmake --build --preset mac-cross
+	cmake --preset mac-cross -B build/mac-cross/again >/dev/null
+	cmake --build build/mac-cross/again --target TypeloftSPEA
+	ctest --preset mac-cross
 
 # Reads real documents, which tools/corpus fetches from Debian and npm packages into .deps/corpus.
 test-corpus:

@@ -10,12 +10,12 @@ function(use_plug_plug target)
     endforeach()
 endfunction()
 
-# Tests of macOS-only code. They use the stand-ins for CoreFoundation and for the workspace.
-mac_test(mac-only-test
-    SOURCES only/CalendarTest.cpp only/GScopedManagedMemoryTest.mm only/OSGuardTest.mm
-        only/ReferencesTest.cpp only/RunningApplicationsTest.cpp
-    LIBRARIES recordinglog recordingtrace typeloft)
-target_include_directories(mac-only-test PRIVATE ${PROJECT_SOURCE_DIR}/core-agent/cpp-core/src)
+# These tests need the stand-ins for CoreFoundation, for the workspace or for system functions.
+target_sources(mac-only-test PRIVATE
+    only/CalendarFailuresTest.cpp only/LibraryFolderTest.mm only/MissingPoolTest.mm
+    only/ReferencesTest.cpp only/RunningApplicationsTest.cpp)
+target_sources(mac-foundation-test PRIVATE ${foundation_tests}/locks/SystemHelpersTest.cpp)
+target_link_libraries(mac-foundation-test PRIVATE scriptedsystemcalls)
 
 # Sends messages to the plug-in with the macOS files.
 set(artefacts ${CMAKE_CURRENT_BINARY_DIR}/artefacts)

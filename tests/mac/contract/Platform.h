@@ -29,6 +29,13 @@ extern const bool kDecomposesPaths;
 // True if a byte order mark at the start of a path is dropped.
 extern const bool kDropsByteOrderMark;
 
+// True if the file system refuses file names that aren't UTF-8.
+extern const bool kFileNamesAreUTF8;
+
+// True if it isn't known whether the platform keeps a byte order mark at the start of a path and
+// double slashes in it. Tests accept both, and write to their report what they have seen.
+extern const bool kMayCleanPaths;
+
 // Returns the folder that replaces a leading tilde.
 std::string HomeFolder();
 

@@ -1,0 +1,6 @@
+#pragma once
+
+#include <Foundation/NSFiles.h>
+#include <Foundation/NSGeometry.h>
+#include <Foundation/NSObject.h>
+#include <Foundation/NSString.h>
