@@ -1,6 +1,6 @@
 # `make run` and `make test` install what is missing, build and run.
-.PHONY: run test test-asan test-tsan test-libcxx test-mac test-corpus test-fuzz test-damaged
-.PHONY: test-long mac mac-cross lint stage bench bench-documents bootstrap clean
+.PHONY: run test test-asan test-tsan test-libcxx test-mac test-mach-o test-corpus test-fuzz
+.PHONY: test-damaged test-long mac mac-cross lint stage bench bench-documents bootstrap clean
 
 run: stage
 	tools/run-demo

@@ -2,19 +2,20 @@
 #
 # macOS uses the _Mac files. TYPELOFT_MAC_HALF uses them on another system: GNUstep replaces
 # Foundation and AppKit, and a stand-in from tests/mac replaces CoreFoundation.
+option(TYPELOFT_MACH_O "Run the bundle for macOS in the headless host; x86_64 Linux only" OFF)
 option(TYPELOFT_MAC_HALF "Compile the macOS files over GNUstep, for their tests" OFF)
 
 if(APPLE OR TYPELOFT_MAC_HALF)
     set(TYPELOFT_PLATFORM Mac)
-    if(NOT APPLE)
+    if(APPLE)
+        enable_language(OBJC)
+        enable_language(OBJCXX)
+        set(CMAKE_OBJCXX_STANDARD 17)
+        set(CMAKE_OBJCXX_STANDARD_REQUIRED ON)
+    else()
         # GNUstep is built for the Objective-C runtime of gcc.
-        find_program(CMAKE_OBJC_COMPILER gcc REQUIRED)
-        find_program(CMAKE_OBJCXX_COMPILER g++ REQUIRED)
+        include(GNUstep)
     endif()
-    enable_language(OBJC)
-    enable_language(OBJCXX)
-    set(CMAKE_OBJCXX_STANDARD 17)
-    set(CMAKE_OBJCXX_STANDARD_REQUIRED ON)
 else()
     set(TYPELOFT_PLATFORM Linux)
 endif()
@@ -26,21 +27,12 @@ if(APPLE)
         "-framework AppKit" "-framework Foundation" "-framework CoreServices"
         "-framework CoreFoundation" objc)
 elseif(TYPELOFT_MAC_HALF)
-    find_path(GNUSTEP_INCLUDE_DIR AppKit/AppKit.h PATHS /usr/include/GNUstep REQUIRED)
-    target_include_directories(typeloftplatform SYSTEM INTERFACE ${GNUSTEP_INCLUDE_DIR})
-    set(gnustep_flags
-        -DGNUSTEP -DGNUSTEP_BASE_LIBRARY=1 -DGNU_GUI_LIBRARY=1 -DGNU_RUNTIME=1
-        -D_NATIVE_OBJC_EXCEPTIONS -fobjc-exceptions -fexceptions
-        -fconstant-string-class=NSConstantString)
     # Defines a name that GNUstep has only in its older form.
     set(newer_names ${PROJECT_SOURCE_DIR}/tests/mac/gnustep/NewerNames.h)
     target_compile_options(typeloftplatform INTERFACE
-        "$<$<COMPILE_LANGUAGE:OBJC,OBJCXX>:${gnustep_flags}>"
-        "$<$<COMPILE_LANGUAGE:OBJC,OBJCXX>:SHELL:-include ${newer_names}>"
-        # Without it, Objective-C is compiled as C of 1990.
-        $<$<COMPILE_LANGUAGE:OBJC>:-std=gnu11>)
+        "$<$<COMPILE_LANGUAGE:OBJC,OBJCXX>:SHELL:-include ${newer_names}>")
     target_link_libraries(typeloftplatform INTERFACE
-        corefoundationstandin gnustep-gui gnustep-base objc)
+        corefoundationstandin gnustep-gui gnustep)
 else()
     find_package(PkgConfig REQUIRED)
     pkg_check_modules(PLIST REQUIRED IMPORTED_TARGET GLOBAL libplist-2.0)

@@ -64,7 +64,7 @@ std::string EndToEnd::MakeCommand(const std::string& commandLine) const
     return "cd " + Quote(runFolder) + "; " + EnvironmentOfHome() + "exec " + Quote(program) + " " +
            commandLine + " --home " + Quote(home) +
            " --frameworks '" PRIVATE_FRAMEWORKS_FOLDER "' --library " + Quote(scratch / library) +
-           " --plugin '" PLUG_IN_FOLDER "'";
+           " --plugin " + Quote(plugin);
 }
 
 int EndToEnd::Run(const std::string& commandLine)

@@ -65,6 +65,7 @@ protected:
     std::filesystem::path library = "library";  // in the scratch folder
 
     std::filesystem::path program = HEADLESS_HOST_PROGRAM;
+    std::filesystem::path plugin = PLUG_IN_FOLDER;
 
     // The folder that contains PluginCore.framework, which each run writes a launch information
     // file for. Empty: no such file is written.

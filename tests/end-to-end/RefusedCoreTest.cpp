@@ -1,4 +1,5 @@
 #include "EndToEnd.h"
+#include "RefusedCores.h"
 
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -12,7 +13,6 @@ TEST_F(EndToEnd, WithoutPluginCoreNothingIsOpened)
     EXPECT_THAT(ActiveFonts(), testing::ElementsAre("DejaVuSansMono"));
 }
 
-// PluginCores that the plug-in must refuse, by the name of their folder.
 class RefusedCore : public EndToEnd, public testing::WithParamInterface<const char*> {};
 
 TEST_P(RefusedCore, GivesAnAlertAndExitStatus4)
@@ -27,23 +27,5 @@ TEST_P(RefusedCore, GivesAnAlertAndExitStatus4)
 
 INSTANTIATE_TEST_SUITE_P(
     Variants, RefusedCore,
-    testing::Values("missing-ActivateChosenFonts", "missing-CreateMenusFromJSONBuffer",
-                    "missing-GetAPIVersion", "missing-GetIDForDocument", "missing-GetMenus",
-                    "missing-GetSettings", "missing-GetSocketPort", "missing-HandleCloseDocument",
-                    "missing-HandleCreateNewDocument", "missing-HandleMenuSelection",
-                    "missing-HandleOpenExistingDocument", "missing-HandleSaveDocument",
-                    "missing-IdleEvent", "missing-InitializePluginCoreInterface",
-                    "missing-InvokeCommandDialog", "missing-InvokeResolveDialog",
-                    "missing-InvokeRestrictedFontsDialog", "missing-PluginIsEnabled",
-                    "missing-ProcessPanelMessages", "missing-RegisterPlugPlug",
-                    "missing-SetPathForDocument", "missing-TerminatePluginCoreInterface",
-                    "missing-UpdateDocumentFontUsage", "missing-SetRebuildWorkgroupsMenuCallback",
-                    "missing-ShowNotLoggedInMessageBox", "missing-ShouldShowLogin", "only-two",
-                    "empty", "version-refused"),
-    [](const auto& information) {
-        std::string name = information.param;
-        for (char& c : name) {
-            if (c == '-') c = '_';
-        }
-        return name;
-    });
+    testing::ValuesIn(kRefusedCores),
+    [](const auto& information) { return GetNameOfCore(information.param); });

@@ -1,10 +1,9 @@
-#include <chrono>
 #include <cstdlib>
 #include <regex>
 #include <sstream>
 #include <vector>
 
-#include "EndToEnd.h"
+#include "SessionFiles.h"
 #include "SessionNames.h"
 
 namespace fs = std::filesystem;
@@ -54,32 +53,12 @@ std::string LeaveOneTick(const std::string& road)
 
 }  // namespace
 
-class Session : public EndToEnd, public testing::WithParamInterface<const char*> {
-protected:
-    Session()
-    {
-        // A year ago, so that a save changes the file's time.
-        for (const char* name : {"leaflet.eps", "letterhead.ait", "missing-font.pdf"}) {
-            fs::last_write_time(scratch / Sample(name),
-                                fs::file_time_type::clock::now() - std::chrono::hours(24 * 365));
-        }
-        WriteFile(scratch / "version8.eps",
-                  "%!PS-Adobe-3.0 EPSF-3.0\n%%Creator: Adobe Illustrator(R) 8.0\n"
-                  "%%BoundingBox: 0 0 100 100\n%%DocumentFonts: DejaVuSans\n%%EndComments\n"
-                  "showpage\n%%EOF\n");
-        fs::last_write_time(scratch / "version8.eps",
-                            fs::file_time_type::clock::now() - std::chrono::hours(24 * 365));
-        fs::create_directory(scratch / "library/First");
-    }
-};
+class Session : public SessionFiles, public testing::WithParamInterface<const char*> {};
 
 TEST_P(Session, JournalEqualsTheGoldenFile)
 {
     const std::string name = GetParam();
-    if (name == "disabled") {
-        WriteFile(home / ".config/Corvanta/settings.json", R"({"PluginEnabled":"0"})");
-    }
-    fs::copy(fs::path(SESSIONS_FOLDER) / (name + ".session"), scratch / "session");
+    CopySession(name);
     EXPECT_EQ(0, Run("script session --journal journal")) << output << errors;
     std::string road = Condense(ReadFile(scratch / "journal"), scratch.string());
     if (name == "panel") road = LeaveOneTick(road);

@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <map>
+#include <optional>
 #include <string>
 
 #include "CoreFoundationStandIn.h"
@@ -38,6 +39,7 @@ std::map<std::string, StandInBundle*>& Bundles()
 }
 
 std::string gMainBundle;
+std::optional<std::string> gPrivateFrameworks;
 
 bool IsFolder(const char* path)
 {
@@ -95,6 +97,11 @@ void OpenLibrary(StandInBundle* bundle)
 
 void CoreFoundationStandIn::SetMainBundle(const std::string& path) { gMainBundle = path; }
 
+void CoreFoundationStandIn::SetPrivateFrameworks(const std::string& path)
+{
+    gPrivateFrameworks = path;
+}
+
 CFBundleRef CFBundleCreate(CFAllocatorRef, CFURLRef url)
 {
     const char* const path = PathOf(url);
@@ -134,6 +141,10 @@ CFURLRef CFBundleCopyBundleURL(CFBundleRef bundle)
 CFURLRef CFBundleCopyPrivateFrameworksURL(CFBundleRef bundle)
 {
     if (MustFail(__func__)) return nullptr;
+    if (gPrivateFrameworks) {
+        if (gPrivateFrameworks->empty()) return nullptr;
+        return CopyURL([NSString stringWithUTF8String:gPrivateFrameworks->c_str()]);
+    }
     NSString* const path = As<StandInBundle>(bundle)->path;
     return CopyURL([path stringByAppendingPathComponent:@"Contents/Frameworks"]);
 }
