@@ -175,6 +175,7 @@ void DocumentFonts::Release(const std::string& path)
     mSavedAmong.erase(path);
     mRefusals.Forget(path);
     mUsed.erase(path);
+    mServices.linkedDocuments.Forget(path);
     mServices.activation.Release(path);
 }
 
