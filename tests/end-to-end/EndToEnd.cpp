@@ -62,9 +62,8 @@ std::string EndToEnd::MakeCommand(const std::string& commandLine) const
 {
     if (!pluginCore.empty()) Install();
     return "cd " + Quote(runFolder) + "; " + EnvironmentOfHome() + "exec " + Quote(program) + " " +
-           commandLine + " --home " + Quote(home) +
-           " --frameworks '" PRIVATE_FRAMEWORKS_FOLDER "' --library " + Quote(scratch / library) +
-           " --plugin " + Quote(plugin);
+           commandLine + " --home " + Quote(home) + " --frameworks " + Quote(frameworks) +
+           " --library " + Quote(scratch / library) + " --plugin " + Quote(plugin);
 }
 
 int EndToEnd::Run(const std::string& commandLine)

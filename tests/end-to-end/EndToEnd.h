@@ -64,6 +64,8 @@ protected:
 
     std::filesystem::path library = "library";  // in the scratch folder
 
+    std::filesystem::path frameworks = PRIVATE_FRAMEWORKS_FOLDER;  // of the host
+
     std::filesystem::path program = HEADLESS_HOST_PROGRAM;
     std::filesystem::path plugin = PLUG_IN_FOLDER;
 

@@ -92,6 +92,10 @@ int RunLines(RunningHost& running, Place place, const std::string& name, std::st
         status = std::max(status, GetStatus(result.outcome));
         if (result.outcome == LineOutcome::kWrong) break;
     }
+    for (const auto& [operation, failure] : running.host.failures) {
+        console::PrintError(name + ": fail " + operation + ": the plug-in made no such call");
+        status = std::max(status, GetStatus(LineOutcome::kNotAsExpected));
+    }
     return status;
 }
 
