@@ -41,7 +41,7 @@ test-mac:
 mac: bootstrap
 	cmake --preset mac >/dev/null
 	cmake --build --preset mac
-	ctest --preset mac
+	ctest --preset mac --output-junit tests.xml
 
 # Reads real documents, which tools/corpus fetches from Debian packages into .deps/corpus.
 test-corpus:
