@@ -32,11 +32,12 @@ use_plug_plug(mac-messages-test)
 
 # Loads the module; none of the plug-in's code is linked.
 mac_test(mac-module-test
-    SOURCES ${platform} messages/ModuleTest.cpp
+    SOURCES ${platform} bundle/CheckBundle.mm messages/ModuleTest.cpp
     LIBRARIES scriptedhost)
-target_include_directories(mac-module-test PRIVATE contract)
+target_include_directories(mac-module-test PRIVATE bundle contract)
 target_compile_definitions(mac-module-test PRIVATE
     PLUGIN_MODULE="$<TARGET_FILE:TypeloftSPEA>"
+    PLUGIN_BUNDLE="$<TARGET_FILE_DIR:TypeloftSPEA>"
     $<TARGET_PROPERTY:scriptedplugincore,INTERFACE_COMPILE_DEFINITIONS>)
 add_dependencies(mac-module-test TypeloftSPEA)
 

@@ -33,7 +33,7 @@ extern const bool kDropsByteOrderMark;
 extern const bool kFileNamesAreUTF8;
 
 // True if it isn't known whether the platform keeps a byte order mark at the start of a path and
-// double slashes in it. Tests accept both, and write to their report what they have seen.
+// double slashes in it. Tests accept both and print what they have seen.
 extern const bool kMayCleanPaths;
 
 // Returns the folder that replaces a leading tilde.
@@ -55,6 +55,9 @@ struct ShownAlert {
 
 // Runs `body`, dismisses each alert that it shows and returns the alerts in order.
 std::vector<ShownAlert> AlertsOf(const std::function<void()>& body);
+
+// True if LiveReferences counts. Where it doesn't, tests of nothing else are skipped.
+extern const bool kCountsReferences;
 
 // Returns the number of references to platform objects that haven't been released; 0 where
 // references cannot be counted.

@@ -17,6 +17,7 @@ const bool kDecomposesPaths = false;
 const bool kDropsByteOrderMark = false;
 const bool kFileNamesAreUTF8 = false;
 const bool kMayCleanPaths = false;
+const bool kCountsReferences = false;
 
 namespace {
 

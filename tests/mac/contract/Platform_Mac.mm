@@ -38,8 +38,10 @@ std::string HomeFolder() { return [NSHomeDirectory() UTF8String]; }
 
 std::string LibraryFolder()
 {
-    const char* const home = std::getenv("HOME");
-    return kIsGNUstep && home != nullptr ? home + std::string("/Library") : "";
+    // CoreFoundation takes the home folder from this variable, which isn't documented.
+    const char* const home = std::getenv(kIsGNUstep ? "HOME" : "CFFIXED_USER_HOME");
+    if (home == nullptr || (!kIsGNUstep && HomeFolder() != home)) return "";
+    return home + std::string("/Library");
 }
 
 std::vector<ShownAlert> AlertsOf(const std::function<void()>& body)
