@@ -57,9 +57,9 @@ mac: bootstrap
 # Builds the bundle for macOS on Linux, twice, and checks it; tools/mac-cross/README.md explains how.
 mac-cross:
 	@tools/bootstrap --mac-cross
-	cmake --preset mac-cross >/dev/null
+	cmake --preset mac-cross --fresh >/dev/null
 	cmake --build --preset mac-cross
-	cmake --preset mac-cross -B build/mac-cross/again >/dev/null
+	cmake --preset mac-cross --fresh -B build/mac-cross/again >/dev/null
 	cmake --build build/mac-cross/again --target TypeloftSPEA
 	ctest --preset mac-cross
 

@@ -1,9 +1,8 @@
 #pragma once
 
 #include <CoreFoundation/CoreFoundation.h>
-#include <objc/objc.h>
-
 #include <limits.h>
+#include <objc/objc.h>
 
 @class NSString;
 
@@ -30,7 +29,8 @@ enum : NSInteger { NSNotFound = LONG_MAX };
 @end
 
 // Objective-C Runtime, "NSObject" (class)
-__attribute__((objc_root_class)) @interface NSObject<NSObject> {
+__attribute__((objc_root_class))
+@interface NSObject<NSObject> {
     Class isa;
 }
 // "alloc"
@@ -46,7 +46,8 @@ __attribute__((objc_root_class)) @interface NSObject<NSObject> {
 @end
 
 // Foundation, "NSException". The attribute says that the library has the type to catch it by.
-__attribute__((objc_exception)) @interface NSException : NSObject
+__attribute__((objc_exception))
+@interface NSException : NSObject
 @end
 
 // Foundation, "NSClassFromString"
