@@ -108,7 +108,8 @@ OpenReport Application::Open(const std::string& path, const std::string& givenPa
         return finish();
     }
 
-    const std::vector<std::string> names = read.document.fonts;
+    const std::vector<documents::DocumentFont> fonts = documents::GetAllFonts(read.document);
+    const std::vector<std::string> names = documents::GetAllFontNames(read.document);
     report.opened = true;
     report.reader = read.document.reader;
     report.note = documents::JoinNotes(read.document);
@@ -125,8 +126,9 @@ OpenReport Application::Open(const std::string& path, const std::string& givenPa
     // The plug-in may have activated fonts in the dialog and in the notifier.
     if (!atReading.empty()) (void)mHost.fonts.RefreshActiveNames();  // read by GetFontState
     document->activeBefore = activeBefore;
-    for (const std::string& name : names) {
-        report.fonts.push_back({name, mDocuments->GetFontState(*document, name)});
+    for (const documents::DocumentFont& font : fonts) {
+        const FontState state = mDocuments->GetFontState(*document, font.postScriptName);
+        report.fonts.push_back({font.postScriptName, state, font.isListed});
     }
     mPump->NotifyMenuChanges();
     return finish();

@@ -28,16 +28,19 @@ void DocumentFonts::SetUsed(const std::string& path, const Names& names)
     mUsed[path] = {names.begin(), names.end()};
 }
 
-// The fonts of the text, which are known here, and then those in the placed files.
-Names DocumentFonts::AddLinked(const std::string& path, const Usage& usage)
+// The fonts of the text, which reports name, then the listed ones, then those in the placed files.
+Names DocumentFonts::GetAll(const std::string& path, const Usage& usage)
 {
     Names names = *usage.fonts;
-    const Names placed = usage.linkedDocuments.value_or(Names());
-    const std::set<std::string> own(names.begin(), names.end());
-    // Those in the placed files are different from each other.
-    for (const std::string& name : mServices.linkedDocuments.GetFonts(path, placed)) {
-        if (own.count(name) == 0) names.push_back(name);
-    }
+    std::set<std::string> seen(names.begin(), names.end());
+    const auto add = [&](const Names& others) {
+        for (const std::string& name : others) {
+            if (seen.insert(name).second) names.push_back(name);
+        }
+    };
+    const auto listed = mListed.find(path);
+    if (listed != mListed.end()) add(listed->second);
+    add(mServices.linkedDocuments.GetFonts(path, usage.linkedDocuments.value_or(Names())));
     return names;
 }
 
@@ -53,11 +56,12 @@ Names DocumentFonts::Open(const std::string& path, Usage usage, ActivationMode m
         const std::optional<DocumentContent> content = mServices.linkedDocuments.Read(path);
         // Not an error here: the host reads the file next and reports what is wrong with it.
         if (!content && !usage.fonts) return {};
+        if (content) mListed[path] = content->listedFonts;
         if (content && !usage.fonts) usage.fonts = content->fonts;
         if (content && !usage.linkedDocuments) usage.linkedDocuments = content->linkedFiles;
     }
     mServices.documentStore.Remember(path);
-    const Names names = AddLinked(path, usage);
+    const Names names = GetAll(path, usage);
     SetUsed(path, names);
     mOpen.insert(path);
     mSaved.erase(path);
@@ -152,7 +156,7 @@ void DocumentFonts::Save(const std::string& path, const std::string& usageText, 
     const Usage usage = ReadUsage(usageText);
     mServices.documentStore.StoreUsage(path, usageText);
     if (!usage.fonts) return;
-    const Names names = AddLinked(path, usage);
+    const Names names = GetAll(path, usage);
     SetUsed(path, names);
     if (mOpen.count(path) == 0) {
         mSaved.insert(path);
@@ -176,6 +180,7 @@ void DocumentFonts::Release(const std::string& path)
     mRefusals.Forget(path);
     mUsed.erase(path);
     mServices.linkedDocuments.Forget(path);
+    mListed.erase(path);
     mServices.activation.Release(path);
 }
 
@@ -220,7 +225,7 @@ void DocumentFonts::Update(const std::string& id, const std::string& usageText)
     }
     const std::string path = mServices.documentStore.GetPath(id);
     if (path.empty() || !usage.fonts) return;
-    SetUsed(path, AddLinked(path, usage));
+    SetUsed(path, GetAll(path, usage));
 }
 
 Names DocumentFonts::GetFonts(const std::string& path, const std::string& usageText)
@@ -229,7 +234,7 @@ Names DocumentFonts::GetFonts(const std::string& path, const std::string& usageT
     Usage usage = stored.empty() ? Usage() : ReadUsage(stored);
     if (!usageText.empty()) usage.fonts = ReadFontNames(usageText);
     if (!usage.fonts) usage.fonts.emplace();
-    return AddLinked(path, usage);
+    return GetAll(path, usage);
 }
 
 DocumentFonts::Result DocumentFonts::ActivateAll(const std::string& path,

@@ -92,7 +92,10 @@ const LinkedDocuments::Entry& LinkedDocuments::Load(const std::string& path, dou
     entry.error = result.ok ? std::string() : result.error;
     entry.content = {};
     if (!result.ok) return entry;
-    entry.content.fonts = std::move(result.document.fonts);
+    for (documents::DocumentFont& font : documents::GetAllFonts(result.document)) {
+        (font.isListed ? entry.content.listedFonts : entry.content.fonts)
+            .push_back(std::move(font.postScriptName));
+    }
     entry.content.linkedFiles = std::move(result.document.linkedFiles);
     return entry;
 }
@@ -159,6 +162,7 @@ void LinkedDocuments::Visit(const std::string& file, Walk& walk)
     }
     const DocumentContent content = entry.content;  // a copy: the visits below may clear the cache
     walk.Add(content.fonts);
+    walk.Add(content.listedFonts);
     walk.above.push_back(real);
     for (const std::string& inner : content.linkedFiles) {
         Visit(fs::path(real).parent_path() / inner, walk);

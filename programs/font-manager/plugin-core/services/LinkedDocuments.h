@@ -11,7 +11,8 @@ namespace plugincore {
 
 // The content of a document's file.
 struct DocumentContent {
-    std::vector<std::string> fonts;
+    std::vector<std::string> fonts;        // of the text
+    std::vector<std::string> listedFonts;  // others that the program misses at the opening
     std::vector<std::string> linkedFiles;
 };
 
@@ -31,8 +32,8 @@ public:
     // Reads a document's own file. Returns nothing if it can't be read.
     std::optional<DocumentContent> Read(const std::string& path);
 
-    // Returns the fonts in the files `placed` of the document at path `document`, each once, in the
-    // order of the files.
+    // Returns the fonts in the files `placed` of the document at path `document`, those of the text
+    // and the listed ones, each once, in the order of the files.
     std::vector<std::string> GetFonts(const std::string& document,
                                       const std::vector<std::string>& placed);
 

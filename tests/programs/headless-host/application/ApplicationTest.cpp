@@ -91,6 +91,20 @@ TEST_F(ApplicationTest, RunsNoDialogWithoutAMissingFont)
     EXPECT_FALSE(reports[0].HasMissingFont());
 }
 
+TEST_F(ApplicationTest, MissesFontsThatOnlyTheDocumentsOwnListHas)
+{
+    AddFrame({"Default-Regular"});
+    content.document.fontList = {"Gone", "Default-Regular"};
+    RunPlugin("well-behaved", {"a.pdf"});
+    ASSERT_EQ(2U, reports[0].fonts.size());
+    EXPECT_FALSE(reports[0].fonts[0].isListed);
+    EXPECT_EQ("Gone", reports[0].fonts[1].postScriptName);
+    EXPECT_TRUE(reports[0].fonts[1].isListed);
+    EXPECT_EQ(FontState::kMissing, reports[0].fonts[1].state);
+    EXPECT_EQ(DialogOutcome::kDismissed, reports[0].dialog);
+    EXPECT_EQ(1U, reports[0].runs);
+}
+
 TEST_F(ApplicationTest, ShowsADialogThatIsNotDismissed)
 {
     AddFrame({"Gone"});

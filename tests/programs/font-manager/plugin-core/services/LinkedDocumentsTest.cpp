@@ -68,6 +68,15 @@ TEST_F(LinkedDocumentsTest, FontsOfTheTextPrecedeThoseOfPlacedFiles)
         mSession.core.Open(mDocument, ""));
 }
 
+TEST_F(LinkedDocumentsTest, ListedFontsOfPlacedFilesAreActive)
+{
+    WriteEps(mDocument, {"DejaVuSans"}, {"a.ai"});
+    WriteNative(mFolder / "a.ai", "DejaVuSerif", {"DejaVuSerif", "DejaVuSansMono"});
+    EXPECT_EQ("", Open(""));
+    EXPECT_THAT(FontTestHome::ListOfOtherProcess(),
+                ElementsAre("DejaVuSans", "DejaVuSansMono", "DejaVuSerif"));
+}
+
 TEST_F(LinkedDocumentsTest, SecondOpenKeepsTheFontsOfPlacedFiles)
 {
     WriteEps(mDocument, {"DejaVuSans"}, {"a.eps"});
