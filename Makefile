@@ -48,6 +48,14 @@ coverage-mac:
 	ctest --test-dir build/mac-coverage --label-exclude lint
 	tests/mac/coverage build/mac-coverage
 
+# Runs the bundle of `make mac-cross` in the headless host; x86_64 Linux only.
+test-mach-o: bootstrap mac-cross
+	@tools/bootstrap --mac
+	@tools/bootstrap --mach-o
+	cmake --preset dev -DTYPELOFT_MACH_O=ON >/dev/null
+	cmake --build --preset dev --target mach-o-all
+	ctest --preset dev --label-regex mach-o
+
 # Builds and tests the bundle on a Mac.
 mac: bootstrap
 	cmake --preset mac >/dev/null

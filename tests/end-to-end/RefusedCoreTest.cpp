@@ -25,7 +25,5 @@ TEST_P(RefusedCore, GivesAnAlertAndExitStatus4)
     EXPECT_THAT(output, IsEmpty());
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Variants, RefusedCore,
-    testing::ValuesIn(kRefusedCores),
-    [](const auto& information) { return GetNameOfCore(information.param); });
+INSTANTIATE_TEST_SUITE_P(Variants, RefusedCore, testing::ValuesIn(kRefusedCores),
+                         [](const auto& information) { return GetNameOfCore(information.param); });

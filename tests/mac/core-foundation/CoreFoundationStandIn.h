@@ -17,8 +17,8 @@ STAND_IN_EXPORT void FailNextCall(const std::string& function);
 // Makes the folder `path` the main bundle. Until the first call that is the program's own folder.
 STAND_IN_EXPORT void SetMainBundle(const std::string& path);
 
-// Makes `path` the private frameworks folder of every bundle; "" for none. Until the first call that
-// is the bundle's own folder.
+// Makes `path` the private frameworks folder of every bundle; "" for none. Until the first call
+// that is the bundle's own folder.
 STAND_IN_EXPORT void SetPrivateFrameworks(const std::string& path);
 
 // Makes CFAbsoluteTimeGetCurrent return `seconds`.

@@ -66,8 +66,7 @@ LoadedBundle::LoadedBundle(const std::string& folder)
     macho::RegisterFrames(frames);
     memory.Protect();
     macho::ConnectWindows();
-    main = reinterpret_cast<PluginMainFunction>(
-        memory.At(macho::FindExport(image, "_PluginMain")));
+    main = reinterpret_cast<PluginMainFunction>(memory.At(macho::FindExport(image, "_PluginMain")));
     RunInitialisers();
 }
 
@@ -81,8 +80,7 @@ void LoadedBundle::BindAll()
                                    " has the unknown ordinal " + std::to_string(bind.library));
         }
         const std::string& library = image.libraries[static_cast<size_t>(index)];
-        const auto address =
-            reinterpret_cast<uint64_t>(macho::FindSymbol(library, bind.symbol));
+        const auto address = reinterpret_cast<uint64_t>(macho::FindSymbol(library, bind.symbol));
         memory.PointerAt(bind.address) = address + static_cast<uint64_t>(bind.addend);
         libraryOfName[bind.symbol] = library.substr(library.rfind('/') + 1);
     }

@@ -4,8 +4,8 @@
 
 #include "HostPlatform_Linux.h"
 
-// The classes of AppKit that the plug-in uses, over the services of the headless host. Foundation is
-// GNUstep's. [main-thread]
+// The classes of AppKit that the plug-in uses, over the services of the headless host. Foundation
+// is GNUstep's. [main-thread]
 
 // A window of the host; a DVAMacDialog if the host says that it is one.
 @interface NSWindow : NSObject {
@@ -35,15 +35,15 @@
     NSString* unmodified;
 }
 + (NSEvent*)keyEventWithType:(NSUInteger)type
-                    location:(NSPoint)location
-               modifierFlags:(NSUInteger)flags
-                   timestamp:(NSTimeInterval)timestamp
-                windowNumber:(NSInteger)windowNumber
-                     context:(id)context
-                  characters:(NSString*)characters
- charactersIgnoringModifiers:(NSString*)unmodified
-                   isARepeat:(BOOL)isARepeat
-                     keyCode:(unsigned short)keyCode;
+                       location:(NSPoint)location
+                  modifierFlags:(NSUInteger)flags
+                      timestamp:(NSTimeInterval)timestamp
+                   windowNumber:(NSInteger)windowNumber
+                        context:(id)context
+                     characters:(NSString*)characters
+    charactersIgnoringModifiers:(NSString*)unmodified
+                      isARepeat:(BOOL)isARepeat
+                        keyCode:(unsigned short)keyCode;
 @end
 
 @interface NSAlert : NSObject {

@@ -1,10 +1,9 @@
 #import <Foundation/Foundation.h>
+#import <objc/runtime.h>
 
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
-
-#import <objc/runtime.h>
 
 #include "libraries/Symbols.h"
 

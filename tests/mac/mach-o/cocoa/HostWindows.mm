@@ -14,8 +14,7 @@ ModalSession BeginSession(ModalWindow* window)
     const bool isDialog = window != nullptr && window->IsKindOfClass("DVAMacDialog");
     Class const type = isDialog ? [DVAMacDialog class] : [NSWindow class];
     NSWindow* const wrapper = [[type alloc] initWithWindow:window];
-    void* const session =
-        [[NSApplication sharedApplication] beginModalSessionForWindow:wrapper];
+    void* const session = [[NSApplication sharedApplication] beginModalSessionForWindow:wrapper];
     [wrapper release];
     [pool release];
     return session;

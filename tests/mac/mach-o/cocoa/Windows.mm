@@ -1,8 +1,20 @@
-#import "cocoa/AppKit.h"
-
 #include <string>
 
+#import "cocoa/AppKit.h"
 #include "cocoa/HostWindows.h"
+
+// GNUstep's description of an exception has its address, that of macOS is the reason.
+@interface HostWindowException : NSException
+@end
+
+@implementation HostWindowException
+
+- (NSString*)description
+{
+    return [self reason];
+}
+
+@end
 
 namespace {
 
@@ -30,7 +42,7 @@ void Deliver(ModalWindow& window, const SKeyEvent& event, std::string& reason)
 void RaiseIfSet(const std::string& reason)
 {
     if (reason.empty()) return;
-    [NSException raise:@"ModalWindowException" format:@"%s", reason.c_str()];
+    [HostWindowException raise:@"ModalWindowException" format:@"%s", reason.c_str()];
 }
 
 }  // namespace
@@ -93,15 +105,15 @@ void RaiseIfSet(const std::string& reason)
 @implementation NSEvent
 
 + (NSEvent*)keyEventWithType:(NSUInteger)type
-                    location:(NSPoint)location
-               modifierFlags:(NSUInteger)flags
-                   timestamp:(NSTimeInterval)timestamp
-                windowNumber:(NSInteger)windowNumber
-                     context:(id)context
-                  characters:(NSString*)characters
- charactersIgnoringModifiers:(NSString*)unmodified
-                   isARepeat:(BOOL)isARepeat
-                     keyCode:(unsigned short)keyCode
+                       location:(NSPoint)location
+                  modifierFlags:(NSUInteger)flags
+                      timestamp:(NSTimeInterval)timestamp
+                   windowNumber:(NSInteger)windowNumber
+                        context:(id)context
+                     characters:(NSString*)characters
+    charactersIgnoringModifiers:(NSString*)unmodified
+                      isARepeat:(BOOL)isARepeat
+                        keyCode:(unsigned short)keyCode
 {
     (void)context;  // always nil
     NSEvent* const made = [[[self alloc] init] autorelease];

@@ -74,8 +74,7 @@ std::vector<unsigned long> ListProcessNumbers()
         if (readlink(link.c_str(), target, sizeof target - 1) <= 0) continue;
         NSString* const path = [NSString stringWithUTF8String:target];
         if (path == nil) continue;
-        MachOApplication* const application =
-            [[MachOApplication alloc] initWithExecutable:path];
+        MachOApplication* const application = [[MachOApplication alloc] initWithExecutable:path];
         [applications addObject:application];
         [application release];
     }

@@ -18,7 +18,8 @@ constexpr uint32_t kPersonalityMask = 3;
 // The section __unwind_info: numbers of 16 and 32 bits at offsets from its start.
 class UnwindInfo {
 public:
-    explicit UnwindInfo(const Image& image, const Section& section) : mImage(image), mSize(section.size)
+    explicit UnwindInfo(const Image& image, const Section& section)
+        : mImage(image), mSize(section.size)
     {
         for (const Segment& segment : image.segments) {
             if (section.address < segment.address ||
@@ -53,7 +54,8 @@ private:
 };
 
 // Adds the functions of one page. The end of each is the start of the next one and set later.
-void AddPage(const UnwindInfo& info, uint64_t page, uint64_t base, std::vector<CompactFrame>& frames)
+void AddPage(const UnwindInfo& info, uint64_t page, uint64_t base,
+             std::vector<CompactFrame>& frames)
 {
     const uint32_t kind = info.U32(page);
     const uint64_t entries = page + info.U16(page + 4);

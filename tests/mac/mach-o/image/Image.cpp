@@ -111,11 +111,11 @@ int GetProtection(uint32_t initial)
 void AddSegment(Image& image, uint64_t at)
 {
     const Fields fields(image);
-    Segment segment{fields.Name(at + 8),     fields.U64(at + 24), fields.U64(at + 32),
-                    fields.U64(at + 40),     fields.U64(at + 48), GetProtection(fields.U32(at + 60))};
+    Segment segment{fields.Name(at + 8), fields.U64(at + 24), fields.U64(at + 32),
+                    fields.U64(at + 40), fields.U64(at + 48), GetProtection(fields.U32(at + 60))};
     if (segment.fileSize > segment.size || segment.fileOffset > image.bytes.size() ||
-        segment.fileSize > image.bytes.size() - segment.fileOffset ||
-        segment.size > UINT32_MAX || segment.address > UINT32_MAX) {
+        segment.fileSize > image.bytes.size() - segment.fileOffset || segment.size > UINT32_MAX ||
+        segment.address > UINT32_MAX) {
         Refuse(image, "segment " + segment.name + " is not inside of the file");
     }
     const uint32_t count = fields.U32(at + 64);

@@ -11,8 +11,8 @@ namespace macho {
 
 Memory::Memory(const Image& image) : mImage(image), mStart(nullptr)
 {
-    void* const start = mmap(nullptr, image.GetSize(), PROT_READ | PROT_WRITE,
-                             MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    void* const start =
+        mmap(nullptr, image.GetSize(), PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     if (start == MAP_FAILED) {
         throw LoadError(image.path + ": cannot be mapped: " + std::strerror(errno));
     }

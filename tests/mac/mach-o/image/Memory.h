@@ -6,12 +6,12 @@
 
 namespace macho {
 
-// The image in memory, as the code finds it. It is never unmapped: dyld doesn't unload a bundle with
-// Objective-C in it either. [main-thread]
+// The image in memory, as the code finds it. It is never unmapped: dyld doesn't unload a bundle
+// with Objective-C in it either. [main-thread]
 class Memory {
 public:
-    // Reserves memory and copies the segments. All of it is writable until Protect. Throws LoadError
-    // if there is no memory. The image must outlive this object.
+    // Reserves memory and copies the segments. All of it is writable until Protect. Throws
+    // LoadError if there is no memory. The image must outlive this object.
     explicit Memory(const Image& image);
 
     // The address in memory of an address of the image.

@@ -22,7 +22,8 @@ size_t sTemplateSize;
 }  // namespace
 
 // Called by TlvGetAddress.
-extern "C" __attribute__((visibility("hidden"))) void* MachOFindThreadLocal(const Descriptor* wanted)
+extern "C" __attribute__((visibility("hidden"))) void* MachOFindThreadLocal(
+    const Descriptor* wanted)
 {
     auto* block = static_cast<uint8_t*>(pthread_getspecific(sKey));
     if (block == nullptr) {

@@ -72,8 +72,8 @@ size_t WriteCommonEntry(Writer& writer, uint64_t personality)
     writer.U32(0);  // the kind: common
     writer.U8(1);   // version
     writer.Text(personality != 0 ? "zPLR" : "zR");
-    writer.Uleb(1);               // a unit of code
-    writer.U8(0x78);              // a unit of data: -8
+    writer.Uleb(1);   // a unit of code
+    writer.U8(0x78);  // a unit of data: -8
     writer.U8(kReturnAddress);
     writer.Uleb(personality != 0 ? 11 : 1);
     if (personality != 0) {
@@ -119,7 +119,8 @@ std::vector<uint8_t> DecodePermutation(uint32_t count, uint32_t number)
     std::vector<uint8_t> registers;
     for (uint32_t index = 0; index < count; ++index) {
         uint32_t factor = 1;
-        for (uint32_t later = index + 1; later < count; ++later) factor *= kMaximumRegisters - later;
+        for (uint32_t later = index + 1; later < count; ++later)
+            factor *= kMaximumRegisters - later;
         const auto chosen = unused.begin() + number / factor;
         number %= factor;
         registers.push_back(kRegisters[*chosen]);

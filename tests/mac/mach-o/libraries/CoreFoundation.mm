@@ -1,6 +1,6 @@
 #include <CoreFoundation/CoreFoundation.h>
-#include <dlfcn.h>
 #import <Foundation/Foundation.h>
+#include <dlfcn.h>
 #import <objc/runtime.h>
 
 #include "CoreFoundationStandIn.h"

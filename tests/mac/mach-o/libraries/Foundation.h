@@ -8,8 +8,8 @@ namespace macho {
 // of the host's private frameworks ("" for none).
 void SetBundles(const std::string& plugin, const std::string& privateFrameworks);
 
-// An autorelease pool for a scope. A host on macOS has one around each message, because its run loop
-// makes one for each event.
+// An autorelease pool for a scope. A host on macOS has one around each message, because its run
+// loop makes one for each event.
 class PoolOfMessage {
 public:
     PoolOfMessage();

@@ -73,7 +73,7 @@ id Send(id receiver, const char* selector)
 {
     SEL const registered = sel_registerName(selector);
     return reinterpret_cast<id (*)(id, SEL)>(objc_msg_lookup(receiver, registered))(receiver,
-                                                                                     registered);
+                                                                                    registered);
 }
 
 id Alloc(Class type) { return Send(reinterpret_cast<id>(type), "alloc"); }

@@ -47,7 +47,10 @@ void* Address(Function* function)
     return reinterpret_cast<void*>(function);
 }
 
-#define SAME(function) {#function, Address(&::function)}
+#define SAME(function)                  \
+    {                                   \
+#function, Address(&::function) \
+    }
 
 // Made by the first call: the bundle is loaded before this file's variables are set.
 const Row* GetRow(const std::string& symbol)

@@ -30,9 +30,8 @@ struct Category {
 
 // The parts of Objective-C that the loader has code for, or that need none.
 constexpr const char* kKnownSections[] = {"__objc_catlist",   "__objc_classrefs", "__objc_const",
-                                          "__objc_imageinfo", "__objc_selrefs",
-                                          "__objc_methname",  "__objc_methtype",
-                                          "__objc_classname"};
+                                          "__objc_imageinfo", "__objc_selrefs",   "__objc_methname",
+                                          "__objc_methtype",  "__objc_classname"};
 
 void RefuseUnknownSections(const Image& image)
 {

@@ -12,9 +12,12 @@ struct Library {
 };
 
 constexpr Library kLibraries[] = {
-    {"libSystem.B.dylib", FindInLibSystem}, {"libc++.1.dylib", FindInLibCxx},
-    {"libobjc.A.dylib", FindInLibObjC},     {"CoreFoundation", FindInCoreFoundation},
-    {"CoreServices", FindInCoreFoundation}, {"Foundation", FindInCocoa},
+    {"libSystem.B.dylib", FindInLibSystem},
+    {"libc++.1.dylib", FindInLibCxx},
+    {"libobjc.A.dylib", FindInLibObjC},
+    {"CoreFoundation", FindInCoreFoundation},
+    {"CoreServices", FindInCoreFoundation},
+    {"Foundation", FindInCocoa},
     {"AppKit", FindInCocoa},
 };
 

@@ -67,9 +67,9 @@ int MachOStat(const char* path, macho::DarwinStat* result)
 int MachOOpen(const char* path, int flags, ...)
 {
     constexpr std::pair<int, int> kFlags[] = {
-        {macho::kDarwinNonBlock, O_NONBLOCK},      {macho::kDarwinAppend, O_APPEND},
-        {macho::kDarwinCreate, O_CREAT},           {macho::kDarwinTruncate, O_TRUNC},
-        {macho::kDarwinExclusive, O_EXCL},         {macho::kDarwinCloseOnExec, O_CLOEXEC},
+        {macho::kDarwinNonBlock, O_NONBLOCK}, {macho::kDarwinAppend, O_APPEND},
+        {macho::kDarwinCreate, O_CREAT},      {macho::kDarwinTruncate, O_TRUNC},
+        {macho::kDarwinExclusive, O_EXCL},    {macho::kDarwinCloseOnExec, O_CLOEXEC},
     };
     int converted = flags & O_ACCMODE;
     int rest = flags & ~O_ACCMODE;

@@ -1,4 +1,4 @@
-#include <fstream>
+#include <chrono>
 
 #include "RefusedCores.h"
 #include "SessionNames.h"
@@ -11,7 +11,9 @@ class MachO : public TwoPlugins {};
 
 TEST_F(MachO, OpensTheSamplesAsOnLinux)
 {
-    ExpectTheSame("open '" SAMPLES_FOLDER "'/*.*");
+    (void)onLinux.Sample("business-card.ai");
+    (void)machO.Sample("business-card.ai");
+    ExpectTheSame("open business-card.ai leaflet.eps letterhead.ait missing-font.pdf");
     if (IsSkipped()) return;
     EXPECT_EQ(1, machO.status);  // a font is missing
     EXPECT_THAT(machO.output, HasSubstr("business-card.ai: pdf (pdf), 1 text frame, 3 runs"));
@@ -32,14 +34,18 @@ TEST_F(MachO, PlaysTheDemonstrationAsOnLinux)
             fs::copy(entry, place->scratch / "library");
         }
         (void)place->Sample("business-card.ai");
+        // So that the save changes the file's time.
+        fs::last_write_time(place->scratch / "business-card.ai",
+                            fs::file_time_type::clock::now() - std::chrono::hours(24));
         place->WriteFile(place->scratch / "actions",
                          "open characters.ai\nexpect font YuseiMagic-Regular activated\n"
                          "open business-card.ai\n"
                          "text DejaVuSansMono \"Set in a font that was not in the file\"\n"
                          "save\nclose\nexpect no font DejaVuSerif-Bold\nopen leaflet.eps\n"
                          "open letterhead.ait\nopen missing-font.pdf\nexpect dialog dismissed\n"
-                         "tick 2\nshow menu\nmenu \"Select Library/First\"\nshow menu\npanel\n"
-                         "expect panel YuseiMagic-Regular\n");
+                         "tick 2\nshow menu\npanel\n"
+                         "expect panel YuseiMagic-Regular\n"
+                         "menu \"Select Library/First\"\nshow menu\n");
     }
     ExpectTheSame("script actions");
     if (IsSkipped()) return;
@@ -55,7 +61,6 @@ TEST_F(MachO, DismissesTheMissingFontsDialog)
     EXPECT_THAT(machO.output, HasSubstr("missing-fonts dialog: dismissed"));
     EXPECT_THAT(machO.Journal(), HasSubstr(R"("op":"key event","args":{"keyCode":53,"type":10},)"
                                            R"("result":"dismissed"})"));
-    EXPECT_THAT(machO.Journal(), HasSubstr(R"("result":"dismissed"})"));
 }
 
 TEST_F(MachO, AJournalWithOneOtherArgumentIsFound)
@@ -113,9 +118,19 @@ class MachOOtherCore : public MachOCore {};
 TEST_P(MachOOtherCore, IsUsedAsOnLinux) { ExpectTheSame("open leaflet.eps"); }
 
 INSTANTIATE_TEST_SUITE_P(All, MachOOtherCore,
-                         testing::Values("complete", "initialization-fails", "no-version-text",
-                                         "not-a-library"),
+                         testing::Values("complete", "initialization-fails", "no-version-text"),
                          [](const auto& information) { return GetNameOfCore(information.param); });
+
+// The difference that docs/MACOS.md lists: a bundle opens without its library, and has no function.
+TEST_F(MachO, OpensAFrameworkWithoutALibrary)
+{
+    machO.pluginCore = fs::path(SCRIPTED_PLUGIN_CORE_FOLDER) / "not-a-library";
+    machO.RunWithJournal("open leaflet.eps");
+    SkipIfNotRun(machO.status);
+    if (IsSkipped()) return;
+    EXPECT_EQ(4, machO.status);
+    EXPECT_THAT(machO.errors, HasSubstr("Incompatible PluginCore"));
+}
 
 TEST_F(MachO, WithoutPluginCoreShowsTheAlertOfLinux)
 {

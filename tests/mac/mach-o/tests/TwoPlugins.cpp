@@ -54,8 +54,8 @@ int TwoPlugins::CompareJournals()
 {
     const std::string command = COMPARE_JOURNALS " '" + (onLinux.scratch / "journal").string() +
                                 "' '" + (machO.scratch / "journal").string() + "' '" +
-                                onLinux.scratch.string() + "' '" + machO.scratch.string() +
-                                "' >'" + (machO.scratch / "comparison").string() + "' 2>&1";
+                                onLinux.scratch.string() + "' '" + machO.scratch.string() + "' >'" +
+                                (machO.scratch / "comparison").string() + "' 2>&1";
     const int status = std::system(command.c_str());
     comparison = machO.ReadFile(machO.scratch / "comparison");
     return WEXITSTATUS(status);

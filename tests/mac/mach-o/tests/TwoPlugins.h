@@ -2,8 +2,9 @@
 
 #include "SessionFiles.h"
 
-// A folder with a home and a library of its own, in which programs run with one of two plug-ins: the
-// one for Linux, or the bundle for macOS in its loader. Both are in the folder TypeloftSPEA.aip.
+// A folder with a home and a library of its own, in which programs run with one of two plug-ins:
+// the one for Linux, or the bundle for macOS in its loader. Both are in the folder
+// TypeloftSPEA.aip.
 class PluginPlace : public SessionFiles {
 public:
     enum Kind { kLinux, kMachO };
