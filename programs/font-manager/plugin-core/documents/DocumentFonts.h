@@ -17,7 +17,8 @@ namespace plugincore {
 //
 // The fonts of a document are those of its own text, those that its file lists without using them
 // (see documents::GetAllFonts), and those in the files that it places. A document holds them from
-// its opening to its close.
+// its opening to its close. A name that ends in -Identity-H or -Identity-V and is unknown stands for
+// the font without that end, if there is one; stored usage reports keep the document's own name.
 //
 // No close event names a document that was first saved in this session: a new one, a copy of a
 // template, or one saved under another name. Such a document is released as soon as one of these
@@ -107,6 +108,9 @@ public:
     }
 
 private:
+    // Returns the names under which the fonts exist (FontName.h: ChooseFontName), without repeats
+    // if one differs.
+    std::vector<std::string> MatchFonts(const std::vector<std::string>& names);
     std::vector<std::string> GetAll(const std::string& path, const Usage& usage);
     int ActivateInactive(const std::string& path, const std::vector<std::string>& wanted);
     void ActivateNew(const std::string& path, const std::vector<std::string>& names,

@@ -55,6 +55,18 @@ TEST_F(ApplicationTest, DocumentsRemainOpenUntilTheShutdown)
     EXPECT_EQ((std::vector<std::string>{"opened", "opened", "closed", "closed"}), kinds);
 }
 
+TEST_F(ApplicationTest, AFontIsFoundWithoutTheEncodingBehindItsName)
+{
+    fonts.active = {"Default-Regular", "Here"};
+    AddFrame({"Here-Identity-H", "Default-Regular-Identity-V"});
+    RunPlugin("well-behaved", {"a.pdf"});
+    ASSERT_EQ(2U, reports[0].fonts.size());
+    EXPECT_EQ("Here-Identity-H", reports[0].fonts[0].postScriptName);
+    EXPECT_EQ(FontState::kActive, reports[0].fonts[0].state);
+    EXPECT_EQ(FontState::kDefault, reports[0].fonts[1].state);
+    EXPECT_EQ(DialogOutcome::kNone, reports[0].dialog);
+}
+
 TEST_F(ApplicationTest, ReportsTheStateOfEachFont)
 {
     fonts.active = {"Default-Regular", "Here"};

@@ -102,6 +102,20 @@ TEST_F(DocumentFontsTest, NameWithoutAFolderGetsNoId)
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), IsEmpty());
 }
 
+TEST_F(DocumentFontsTest, FontIsFoundWithoutTheEncodingBehindItsName)
+{
+    Open("/a.pdf", {"DejaVuSans-Identity-H", "NoSuch-Identity-H"});
+    EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSans"));
+    // The host reads the document and reports its fonts again, as the document names them.
+    Open("/a.pdf", {"DejaVuSans-Identity-H", "NoSuch-Identity-H"});
+    Save("/a.pdf", {"DejaVuSans-Identity-H", "DejaVuSans", "DejaVuSerif-Identity-V"});
+    EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSans", "DejaVuSerif"));
+    Save("/a.pdf", {"DejaVuSerif-Identity-V"});
+    EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSerif"));
+    EXPECT_EQ(0U, mCore.pHandleCloseDocument("/a.pdf", ""));
+    EXPECT_THAT(FontTestHome::ListOfOtherProcess(), IsEmpty());
+}
+
 TEST_F(DocumentFontsTest, SaveReplacesTheHolds)
 {
     Open("/a.ai", {"DejaVuSans", "DejaVuSansMono"});
