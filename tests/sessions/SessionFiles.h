@@ -23,8 +23,8 @@ protected:
         fs::create_directory(scratch / "library/First");
     }
 
-    // Copies a script to the file "session", and prepares the settings, PluginCore and event bus that
-    // it needs.
+    // Copies a script to the file "session", and prepares the settings, PluginCore and event bus
+    // that it needs.
     void CopySession(const std::string& name)
     {
         if (name == "disabled") {

@@ -25,7 +25,12 @@ std::string MakeList(const std::string& keyword, const std::vector<std::string>&
 {
     std::string list;
     for (const std::string& item : items) {
-        list += (list.empty() ? "%%" + keyword + ": " : "\n%%+ ") + item;
+        if (list.empty()) {
+            list.append("%%").append(keyword).append(": ");
+        } else {
+            list += "\n%%+ ";
+        }
+        list += item;
     }
     return list;
 }

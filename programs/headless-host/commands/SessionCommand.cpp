@@ -93,7 +93,11 @@ int RunLines(RunningHost& running, Place place, const std::string& name, std::st
         if (result.outcome == LineOutcome::kWrong) break;
     }
     for (const auto& [operation, failure] : running.host.failures) {
-        console::PrintError(name + ": fail " + operation + ": the plug-in made no such call");
+        std::string line = name;
+        line += ": fail ";
+        line += operation;
+        line += ": the plug-in made no such call";
+        console::PrintError(line);
         status = std::max(status, GetStatus(LineOutcome::kNotAsExpected));
     }
     return status;

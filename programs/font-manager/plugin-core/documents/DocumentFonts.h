@@ -17,8 +17,9 @@ namespace plugincore {
 //
 // The fonts of a document are those of its own text, those that its file lists without using them
 // (see documents::GetAllFonts), and those in the files that it places. A document holds them from
-// its opening to its close. A name that ends in -Identity-H or -Identity-V and is unknown stands for
-// the font without that end, if there is one; stored usage reports keep the document's own name.
+// its opening to its close. A name that ends in -Identity-H or -Identity-V and is unknown stands
+// for the font without that end, if there is one; stored usage reports keep the document's own
+// name.
 //
 // No close event names a document that was first saved in this session: a new one, a copy of a
 // template, or one saved under another name. Such a document is released as soon as one of these

@@ -68,6 +68,7 @@ bool OpenInFileManager(const std::vector<std::string>& folders)
     std::vector<std::string> words = {"gio", "open"};
     words.insert(words.end(), folders.begin(), folders.end());
     std::vector<char*> arguments;
+    arguments.reserve(words.size() + 1);
     for (std::string& word : words) arguments.push_back(word.data());
     arguments.push_back(nullptr);
     return StartDetached(program.c_str(), arguments.data());
