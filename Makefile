@@ -1,6 +1,6 @@
 # `make run` and `make test` install what is missing, build and run.
 .PHONY: run test test-asan test-tsan test-libcxx test-mac test-corpus mac mac-cross lint stage
-.PHONY: bench bench-documents bootstrap clean
+.PHONY: bench bench-documents coverage-mac bootstrap clean
 
 run: stage
 	tools/run-demo
@@ -37,11 +37,21 @@ test-mac:
 	cmake --build --preset mac-gnustep
 	ctest --preset mac-gnustep
 
+# Fails if no test over GNUstep runs a line of the _Mac and _Posix files.
+coverage-mac:
+	@tools/bootstrap --mac
+	cmake --preset mac-gnustep -B build/mac-coverage -DTYPELOFT_UNITY_TESTS=ON \
+	    -DCMAKE_CXX_FLAGS=--coverage -DCMAKE_OBJC_FLAGS=--coverage \
+	    -DCMAKE_OBJCXX_FLAGS=--coverage >/dev/null
+	cmake --build build/mac-coverage
+	ctest --test-dir build/mac-coverage --label-exclude lint
+	tests/mac/coverage build/mac-coverage
+
 # Builds and tests the bundle on a Mac.
 mac: bootstrap
 	cmake --preset mac >/dev/null
 	cmake --build --preset mac
-	ctest --preset mac
+	ctest --preset mac --output-junit tests.xml
 
 # Builds the bundle for macOS on Linux, twice, and its tests, and checks the bundle.
 # tools/mac-cross/README.md explains how.

@@ -1,5 +1,5 @@
-# Checks both slices of the bundle on a Mac. The program and its PluginCore are universal too, and use
-# no googletest, which is installed for one architecture only.
+# Checks both slices of the bundle on a Mac. The program and its PluginCore are universal too, and
+# use no googletest, which is installed for one architecture only.
 set(scripted_host ScriptedHost.cpp ScriptedHostArt.cpp ScriptedHostMenus.cpp
     ScriptedHostPlatform.cpp ScriptedHostStrings.cpp ScriptedHostSuites.cpp ScriptedHostText.cpp)
 list(TRANSFORM scripted_host PREPEND ${PROJECT_SOURCE_DIR}/tests/doubles/)
