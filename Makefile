@@ -62,13 +62,16 @@ mac: bootstrap
 	cmake --build --preset mac
 	ctest --preset mac --output-junit tests.xml
 
-# Builds the bundle for macOS on Linux, twice, and checks it; tools/mac-cross/README.md explains how.
+# Builds the bundle for macOS on Linux, twice, and its tests, and checks the bundle.
+# tools/mac-cross/README.md explains how.
 mac-cross:
 	@tools/bootstrap --mac-cross
 	cmake --preset mac-cross --fresh >/dev/null
 	cmake --build --preset mac-cross
 	cmake --preset mac-cross --fresh -B build/mac-cross/again >/dev/null
 	cmake --build build/mac-cross/again --target TypeloftSPEA
+	cmake --preset mac-cross-tests --fresh >/dev/null
+	cmake --build --preset mac-cross-tests
 	ctest --preset mac-cross
 
 # Reads real documents, which tools/corpus fetches from Debian and npm packages into .deps/corpus.

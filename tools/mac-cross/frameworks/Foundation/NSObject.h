@@ -4,6 +4,7 @@
 #include <limits.h>
 #include <objc/objc.h>
 
+@class NSDictionary;
 @class NSString;
 
 // Foundation, "NSInteger" and "NSUInteger"
@@ -24,6 +25,8 @@ enum : NSInteger { NSNotFound = LONG_MAX };
 - (instancetype)autorelease SINCE(10.0);
 // "description"
 - (NSString*)description SINCE(10.0);
+// "isEqual:"
+- (BOOL)isEqual:(id)other SINCE(10.0);
 // "isKindOfClass:"
 - (BOOL)isKindOfClass:(Class)type SINCE(10.0);
 @end
@@ -39,6 +42,8 @@ __attribute__((objc_root_class))
 + (Class)class SINCE(10.0);
 // "init"
 - (instancetype)init SINCE(10.0);
+// "dealloc"
+- (void)dealloc SINCE(10.0);
 @end
 
 // Foundation, "NSAutoreleasePool"
@@ -48,7 +53,25 @@ __attribute__((objc_root_class))
 // Foundation, "NSException". The attribute says that the library has the type to catch it by.
 __attribute__((objc_exception))
 @interface NSException : NSObject
+// "exceptionWithName:reason:userInfo:"
++ (NSException*)exceptionWithName:(NSString*)name
+                           reason:(NSString*)reason
+                         userInfo:(NSDictionary*)info SINCE(10.0);
+// "initWithName:reason:userInfo:"
+- (instancetype)initWithName:(NSString*)name
+                      reason:(NSString*)reason
+                    userInfo:(NSDictionary*)info SINCE(10.0);
+// "raise:format:"
++ (void)raise:(NSString*)name format:(NSString*)format, ... SINCE(10.0);
+// "raise"
+- (void)raise SINCE(10.0);
+// "name"
+- (NSString*)name SINCE(10.0);
+// "reason"
+- (NSString*)reason SINCE(10.0);
 @end
+// Foundation, "NSCharacterConversionException"
+CF_EXPORT NSString* const NSCharacterConversionException SINCE(10.0);
 
 // Foundation, "NSClassFromString"
 CF_EXPORT Class NSClassFromString(NSString* name) SINCE(10.0);
