@@ -51,12 +51,25 @@ struct Destroyed {
     return values[0];
 }
 
+// Saves some of the registers, destroys them, and throws. Only its own frame can restore them.
+[[gnu::noinline]] void ThrowDirectly()
+{
+    asm volatile("movq $1, %%r12\n\tmovq $1, %%r13\n\tmovq $1, %%r15"
+                 :
+                 :
+                 : "r12", "r13", "r15", "memory");
+    throw 4713;
+}
+
 void Catch(const char* kind, ProbeThrow& result)
 {
     sDestroyed = 0;
     volatile int seed = 5;
-    const int a = seed + 1, b = seed + 2, c = seed + 3, d = seed + 4, e = seed + 5;
+    int a = seed + 1, b = seed + 2, c = seed + 3, d = seed + 4, e = seed + 5;
+    // Five variables that live in registers while the exception passes.
+    asm volatile("" : "+r"(a), "+r"(b), "+r"(c), "+r"(d), "+r"(e));
     try {
+        if (std::strcmp(kind, "direct") == 0) ThrowDirectly();
         result.caught = PassOn(kind, 1);
     } catch (const Thrown& thrown) {
         result.caught = thrown.value + (thrown.text.size() == 35 ? 0 : 1);
@@ -65,6 +78,7 @@ void Catch(const char* kind, ProbeThrow& result)
     } catch (const std::logic_error& error) {
         result.caught = static_cast<int>(std::strlen(error.what()));
     }
+    asm volatile("" : "+r"(a), "+r"(b), "+r"(c), "+r"(d), "+r"(e));
     result.destroyed = sDestroyed;
     result.kept = a == 6 && b == 7 && c == 8 && d == 9 && e == 10;
 }

@@ -5,7 +5,8 @@
 // What the probe's PluginMain takes as its message, by selector. The probe is a bundle for macOS
 // with what the shipped one has little of; the test that loads it is a program for Linux.
 
-struct ProbeThrow {  // "int", "object" or "standard": what is thrown through three frames
+struct ProbeThrow {  // "int", "object", "standard": what is thrown through three frames; "direct":
+                     // through one
     int destroyed;   // the objects of these frames that were destroyed
     int caught;      // the value that the handler received
     bool kept;       // the variables of the frame with the handler have their values

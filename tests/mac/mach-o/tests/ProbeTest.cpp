@@ -132,6 +132,15 @@ TEST_P(MachOProbeException, CrossesThreeFrames)
     EXPECT_EQ(kind == "int" ? 4711 : kind == "object" ? 4712 : 35, result.caught);
 }
 
+// The frame of the function that throws has saved three registers.
+TEST_P(MachOProbeException, RestoresTheRegistersOfOneFrame)
+{
+    ProbeThrow result = {};
+    EXPECT_EQ(0, Call("direct", &result));
+    EXPECT_EQ(4713, result.caught);
+    EXPECT_TRUE(result.kept);
+}
+
 INSTANTIATE_TEST_SUITE_P(Kinds, MachOProbeException,
                          testing::Values(ProbeAndKind("Probe", "int"),
                                          ProbeAndKind("Probe", "object"),
