@@ -1,6 +1,7 @@
 # `make run` and `make test` install what is missing, build and run.
-.PHONY: run test test-asan test-tsan test-mac test-mach-o test-corpus test-fuzz test-damaged test-long
-.PHONY: mac mac-cross lint stage bench bench-documents bootstrap clean
+.PHONY: run test test-asan test-tsan test-libcxx test-mac test-mach-o test-corpus test-fuzz
+.PHONY: test-damaged test-long coverage-mac mac mac-cross lint stage bench bench-documents
+.PHONY: bootstrap clean
 
 run: stage
 	tools/run-demo
@@ -23,12 +24,29 @@ test-tsan: bootstrap
 	cmake --build --preset tsan
 	ctest --preset tsan
 
+# Tests the plug-in and its foundation with libc++, the C++ library of macOS.
+test-libcxx:
+	@tools/bootstrap --libcxx
+	cmake --preset libcxx >/dev/null
+	cmake --build --preset libcxx
+	ctest --preset libcxx
+
 # Tests the macOS files on Linux, over GNUstep.
 test-mac:
 	@tools/bootstrap --mac
 	cmake --preset mac-gnustep >/dev/null
 	cmake --build --preset mac-gnustep
 	ctest --preset mac-gnustep
+
+# Fails if no test over GNUstep runs a line of the _Mac and _Posix files.
+coverage-mac:
+	@tools/bootstrap --mac
+	cmake --preset mac-gnustep -B build/mac-coverage -DTYPELOFT_UNITY_TESTS=ON \
+	    -DCMAKE_CXX_FLAGS=--coverage -DCMAKE_OBJC_FLAGS=--coverage \
+	    -DCMAKE_OBJCXX_FLAGS=--coverage >/dev/null
+	cmake --build build/mac-coverage
+	ctest --test-dir build/mac-coverage --label-exclude lint
+	tests/mac/coverage build/mac-coverage
 
 # Runs the bundle of `make mac-cross` in the headless host; x86_64 Linux only.
 test-mach-o: bootstrap mac-cross
@@ -42,15 +60,21 @@ test-mach-o: bootstrap mac-cross
 mac: bootstrap
 	cmake --preset mac >/dev/null
 	cmake --build --preset mac
-	ctest --preset mac
+	ctest --preset mac --output-junit tests.xml
 
-# Builds the bundle for macOS on Linux; tools/mac-cross/README.md explains how.
+# Builds the bundle for macOS on Linux, twice, and its tests, and checks the bundle.
+# tools/mac-cross/README.md explains how.
 mac-cross:
 	@tools/bootstrap --mac-cross
-	cmake --preset mac-cross >/dev/null
+	cmake --preset mac-cross --fresh >/dev/null
 	cmake --build --preset mac-cross
+	cmake --preset mac-cross --fresh -B build/mac-cross/again >/dev/null
+	cmake --build build/mac-cross/again --target TypeloftSPEA
+	cmake --preset mac-cross-tests --fresh >/dev/null
+	cmake --build --preset mac-cross-tests
+	ctest --preset mac-cross
 
-# Reads real documents, which tools/corpus fetches from Debian packages into .deps/corpus.
+# Reads real documents, which tools/corpus fetches from Debian and npm packages into .deps/corpus.
 test-corpus:
 	@tools/bootstrap --corpus
 	cmake --preset dev >/dev/null

@@ -2,6 +2,8 @@
 
 #include <unistd.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <system_error>
 
 #include "base/Strings.h"
@@ -17,6 +19,19 @@ bool IsReadableFile(const std::filesystem::path& path)
 std::string GetLowerExtension(const std::filesystem::path& path)
 {
     return ToLower(path.extension().native());
+}
+
+std::string FindProgram(const std::string& name)
+{
+    const char* const path = std::getenv("PATH");
+    std::string rest = path == nullptr ? "" : path;
+    while (!rest.empty()) {
+        const size_t end = std::min(rest.find(':'), rest.size());
+        std::string program = rest.substr(0, end) + "/" + name;
+        rest.erase(0, end + 1);
+        if (program.front() == '/' && access(program.c_str(), X_OK) == 0) return program;
+    }
+    return {};
 }
 
 }  // namespace base

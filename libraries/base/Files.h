@@ -13,4 +13,8 @@ bool IsReadableFile(const std::filesystem::path& path);
 // there is none; a name whose only dot is its first character has none.
 std::string GetLowerExtension(const std::filesystem::path& path);
 
+// The absolute path of a program in the folders of the environment's PATH; "" if there is none.
+// Ignores relative folders: with them, the result would depend on the current folder.
+std::string FindProgram(const std::string& name);
+
 }  // namespace base

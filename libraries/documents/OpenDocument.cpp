@@ -9,6 +9,7 @@
 #include "documents/bytes/FileBytes.h"
 #include "documents/bytes/ReadBudget.h"
 #include "documents/model/DocumentReader.h"
+#include "documents/native/NativeAdditions.h"
 #include "documents/native/NativeReader.h"
 #include "documents/pdf/PdfDescription.h"
 #include "documents/pdf/PdfFile.h"
@@ -65,6 +66,15 @@ OpenResult AskReaders(const DocumentSource& source, const Limits& limits, const 
     return result;
 }
 
+// Without a native part, this host stores the files that it places with the first page.
+void AddHostFiles(PdfFile& file, Document& document)
+{
+    if (file.GetPages().empty()) return;
+    for (std::string& path : ReadAdditions(file.GetPages().front()).files) {
+        document.linkedFiles.push_back(std::move(path));
+    }
+}
+
 OpenResult ReadPdf(std::string_view bytes, const Limits& limits, Document described)
 {
     OpenResult result;
@@ -74,10 +84,14 @@ OpenResult ReadPdf(std::string_view bytes, const Limits& limits, Document descri
     budget.Check();
     if (!result.error.empty()) return result;
     DescribePdf(file, described);
+    const bool hasNativePart = !FindNativePage(file.GetPages()).isNull();
+    // The manifest of any other PDF lists what its original linked; the PDF contains copies of it.
+    if (!hasNativePart) described.linkedFiles.clear();
     DocumentSource source;
     source.container = Container::kPDF;
     source.pdf = &file;
     result = AskReaders(source, limits, described);
+    if (!hasNativePart) AddHostFiles(file, result.document);
     budget.Check();
     for (std::string& note : file.TakeNotes()) result.document.notes.push_back(std::move(note));
     return result;

@@ -7,6 +7,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <utility>
 
 #include "fonts/FontFaces.h"
 #include "fonts/FontconfigMessages.h"
@@ -58,10 +59,13 @@ public:
         const std::lock_guard<std::mutex> lock(mMutex);
         Entry& entry = mEntries[file];
         if (!entry.IsOf(status)) {
+            FontFaces content = ReadFontFaces(file);
+            entry.faces = std::move(content.faces);
+            // With more memory the file may be readable.
+            if (content.lacksMemory) return entry.faces;
             entry.inode = status.st_ino;
             entry.size = status.st_size;
             entry.modified = status.st_mtim;
-            entry.faces = ReadFontFaces(file).faces;
         }
         return entry.faces;
     }

@@ -3,13 +3,19 @@
 #include <ft2build.h>
 #include FT_FREETYPE_H
 #include FT_FONT_FORMATS_H
+#include FT_MODULE_H
 #include FT_MULTIPLE_MASTERS_H
 #include FT_SFNT_NAMES_H
+#include FT_SYSTEM_H
 
 #include <algorithm>
 #include <cctype>
+#include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <new>
+
+#include "fonts/MappedFile.h"
 
 namespace fonts {
 namespace {
@@ -26,15 +32,46 @@ std::string GetReason(FT_Error error)
     const char* text = FT_Error_String(error);
     if (text) return text;
     if (error == FT_Err_Unknown_File_Format) return "not a font, or damaged";
-    if (error == FT_Err_Cannot_Open_Resource) return "cannot be opened";
-    if (error == FT_Err_Cannot_Open_Stream) return "empty, or cannot be opened";
     return "damaged (FreeType error " + std::to_string(error) + ")";
 }
 
-Face OpenFace(FT_Library library, const std::string& path, FT_Long index, FT_Error& error)
+// Memory for FreeType that records whether it ran out: FreeType may take a font whose table it
+// cannot load for one of another format, or for one without that table. Must not move.
+class Memory {
+public:
+    Memory() : mFunctions{this, Allocate, Free, Reallocate} {}
+    Memory(const Memory&) = delete;
+    Memory& operator=(const Memory&) = delete;
+
+    FT_Memory Get() { return &mFunctions; }
+    bool HasFailed() const { return mHasFailed; }
+
+private:
+    static void* Check(FT_Memory memory, void* block)
+    {
+        if (!block) static_cast<Memory*>(memory->user)->mHasFailed = true;
+        return block;
+    }
+    // FreeType asks for at least one byte.
+    static void* Allocate(FT_Memory memory, long size)
+    {
+        return Check(memory, std::malloc(static_cast<size_t>(size)));
+    }
+    static void Free(FT_Memory, void* block) { std::free(block); }
+    static void* Reallocate(FT_Memory memory, long, long size, void* block)
+    {
+        return Check(memory, std::realloc(block, static_cast<size_t>(size)));
+    }
+
+    FT_MemoryRec_ mFunctions;
+    bool mHasFailed = false;
+};
+
+Face OpenFace(FT_Library library, const MappedFile& file, FT_Long index, FT_Error& error)
 {
     FT_Face face = nullptr;
-    error = FT_New_Face(library, path.c_str(), index, &face);
+    error = FT_New_Memory_Face(library, file.GetBytes(), static_cast<FT_Long>(file.GetSize()),
+                               index, &face);
     return Face(error == FT_Err_Ok ? face : nullptr, FT_Done_Face);
 }
 
@@ -122,14 +159,14 @@ void AddInstances(FT_Library library, FT_Face face, FT_Long index, FontFaces& re
     }
 }
 
-FontFaces ReadAll(FT_Library library, const std::string& path)
+FontFaces ReadAll(FT_Library library, const MappedFile& file)
 {
     FontFaces result;
     FT_Error firstError = FT_Err_Ok;
     FT_Long count = 1;
     for (FT_Long index = 0; index < count; ++index) {
         FT_Error error = FT_Err_Ok;
-        const Face face = OpenFace(library, path, index, error);
+        const Face face = OpenFace(library, file, index, error);
         if (!face) {
             if (firstError == FT_Err_Ok) firstError = error;
             continue;
@@ -145,17 +182,35 @@ FontFaces ReadAll(FT_Library library, const std::string& path)
     return result;
 }
 
+FontFaces MakeLackOfMemory()
+{
+    FontFaces result;
+    result.problem = "out of memory";
+    result.lacksMemory = true;
+    return result;
+}
+
 }  // namespace
 
 FontFaces ReadFontFaces(const std::string& path)
 {
     try {
+        const MappedFile file(path);
+        if (file.LacksMemory()) return MakeLackOfMemory();
+        if (file.GetError()) return {{}, file.GetError(), false};
+        Memory memory;
         FT_Library raw = nullptr;
-        if (FT_Init_FreeType(&raw) != FT_Err_Ok) return {{}, "FreeType cannot be started"};
-        const Library library(raw, FT_Done_FreeType);
-        return ReadAll(library.get(), path);
+        if (FT_New_Library(memory.Get(), &raw) != FT_Err_Ok) return MakeLackOfMemory();
+        const Library library(raw, FT_Done_Library);
+        FT_Add_Default_Modules(raw);
+        FT_Set_Default_Properties(raw);
+        FontFaces result;
+        if (!memory.HasFailed()) result = ReadAll(raw, file);
+        return memory.HasFailed() ? MakeLackOfMemory() : result;
+    } catch (const std::bad_alloc&) {
+        return MakeLackOfMemory();
     } catch (const std::exception& failure) {
-        return {{}, failure.what()};
+        return {{}, failure.what(), false};
     }
 }
 

@@ -16,11 +16,13 @@ struct FontFace {
 struct FontFaces {
     std::vector<FontFace> faces;  // in the order of the file
     std::string problem;          // why the file can't be used; "" if `faces` isn't empty
+    bool lacksMemory = false;     // the problem is "out of memory", which says nothing of the file
 };
 
 // Reads all faces of the file at `path`: every member of a collection and every named instance of a
 // variable font, with the name that documents use for it. Skips faces without a name. For any file,
-// the result has either faces or a problem, a line without the path. Throws nothing. Thread-safe.
+// the result has either faces or a problem, a line without the path. A file that can be read only
+// in part for lack of memory has no faces. Throws nothing. Thread-safe.
 FontFaces ReadFontFaces(const std::string& path);
 
 }  // namespace fonts

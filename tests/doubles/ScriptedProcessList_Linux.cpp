@@ -7,6 +7,5 @@ std::vector<std::string>& ScriptedExecutables()
 }
 
 // The linker's --wrap option redirects calls of OSGetRunningExecutables() to this name.
-std::vector<std::string> ListScriptedExecutables() asm(
-    "__wrap__Z23OSGetRunningExecutablesB5cxx11v");
+std::vector<std::string> ListScriptedExecutables() asm(WRAPPED_NAME);
 std::vector<std::string> ListScriptedExecutables() { return ScriptedExecutables(); }

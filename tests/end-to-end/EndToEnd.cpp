@@ -62,9 +62,8 @@ std::string EndToEnd::MakeCommand(const std::string& commandLine) const
 {
     if (!pluginCore.empty()) Install();
     return "cd " + Quote(runFolder) + "; " + EnvironmentOfHome() + "exec " + Quote(program) + " " +
-           commandLine + " --home " + Quote(home) +
-           " --frameworks '" PRIVATE_FRAMEWORKS_FOLDER "' --library " + Quote(scratch / library) +
-           " --plugin " + Quote(plugin);
+           commandLine + " --home " + Quote(home) + " --frameworks " + Quote(frameworks) +
+           " --library " + Quote(scratch / library) + " --plugin " + Quote(plugin);
 }
 
 int EndToEnd::Run(const std::string& commandLine)
@@ -107,8 +106,14 @@ std::set<std::string> EndToEnd::ActiveFonts() const
     const std::string command =
         EnvironmentOfHome() + "fc-list --format '%{postscriptname}\\n' >" + Quote(scratch / "list");
     EXPECT_EQ(0, std::system(command.c_str()));
+    return ReadNames("list");
+}
+
+std::set<std::string> EndToEnd::ReadNames(const fs::path& file) const
+{
+    EXPECT_TRUE(fs::exists(scratch / file)) << file;
     std::set<std::string> names;
-    std::istringstream lines(ReadFile(scratch / "list"));
+    std::istringstream lines(ReadFile(scratch / file));
     for (std::string line; std::getline(lines, line);) names.insert(line);
     return names;
 }

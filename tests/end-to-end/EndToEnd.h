@@ -43,6 +43,10 @@ protected:
     // The PostScript names of the active fonts, from fc-list with this home folder.
     std::set<std::string> ActiveFonts() const;
 
+    // The lines of a file in the scratch folder, such as the names that fc-list printed. A missing
+    // file fails the test.
+    std::set<std::string> ReadNames(const std::filesystem::path& file) const;
+
     // Copies PluginCore.framework to a folder that the test may add files to; returns the folder.
     std::filesystem::path CopyOfPluginCore() const;
 
@@ -59,6 +63,8 @@ protected:
         runFolder;  // the current folder of programs; the scratch folder by default
 
     std::filesystem::path library = "library";  // in the scratch folder
+
+    std::filesystem::path frameworks = PRIVATE_FRAMEWORKS_FOLDER;  // of the host
 
     std::filesystem::path program = HEADLESS_HOST_PROGRAM;
     std::filesystem::path plugin = PLUG_IN_FOLDER;

@@ -10,12 +10,12 @@ function(use_plug_plug target)
     endforeach()
 endfunction()
 
-# Tests of macOS-only code. They use the stand-ins for CoreFoundation and for the workspace.
-mac_test(mac-only-test
-    SOURCES only/CalendarTest.cpp only/GScopedManagedMemoryTest.mm only/OSGuardTest.mm
-        only/ReferencesTest.cpp only/RunningApplicationsTest.cpp
-    LIBRARIES recordinglog recordingtrace typeloft)
-target_include_directories(mac-only-test PRIVATE ${PROJECT_SOURCE_DIR}/core-agent/cpp-core/src)
+# These tests need the stand-ins for CoreFoundation, for the workspace or for system functions.
+target_sources(mac-only-test PRIVATE
+    only/CalendarFailuresTest.cpp only/LibraryFolderTest.mm only/MissingPoolTest.mm
+    only/ReferencesTest.cpp only/RunningApplicationsTest.cpp)
+target_sources(mac-foundation-test PRIVATE ${foundation_tests}/locks/SystemHelpersTest.cpp)
+target_link_libraries(mac-foundation-test PRIVATE scriptedsystemcalls)
 
 # Sends messages to the plug-in with the macOS files.
 set(artefacts ${CMAKE_CURRENT_BINARY_DIR}/artefacts)
@@ -32,11 +32,12 @@ use_plug_plug(mac-messages-test)
 
 # Loads the module; none of the plug-in's code is linked.
 mac_test(mac-module-test
-    SOURCES ${platform} messages/ModuleTest.cpp
+    SOURCES ${platform} bundle/CheckBundle.mm messages/ModuleTest.cpp
     LIBRARIES scriptedhost)
-target_include_directories(mac-module-test PRIVATE contract)
+target_include_directories(mac-module-test PRIVATE bundle contract)
 target_compile_definitions(mac-module-test PRIVATE
     PLUGIN_MODULE="$<TARGET_FILE:TypeloftSPEA>"
+    PLUGIN_BUNDLE="$<TARGET_FILE_DIR:TypeloftSPEA>"
     $<TARGET_PROPERTY:scriptedplugincore,INTERFACE_COMPILE_DEFINITIONS>)
 add_dependencies(mac-module-test TypeloftSPEA)
 

@@ -10,7 +10,8 @@ else()
 endif()
 typeloft_target(macsupport)
 target_include_directories(macsupport PUBLIC support)
-target_compile_definitions(macsupport PUBLIC TYPELOFT_OVER_GNUSTEP=$<NOT:$<BOOL:${APPLE}>>)
+target_compile_definitions(macsupport PUBLIC
+    TYPELOFT_OVER_GNUSTEP=$<NOT:$<BOOL:${APPLE}>> TYPELOFT_CASE_IS_A_PROCESS)
 target_link_libraries(macsupport PUBLIC testsupport typeloftplatform GTest::gmock)
 
 function(mac_test target)

@@ -23,11 +23,16 @@ protected:
         fs::create_directory(scratch / "library/First");
     }
 
-    // Copies a script to the file "session", and writes the settings that it needs.
+    // Copies a script to the file "session", and prepares the settings, PluginCore and event bus
+    // that it needs.
     void CopySession(const std::string& name)
     {
         if (name == "disabled") {
             WriteFile(home / ".config/Corvanta/settings.json", R"({"PluginEnabled":"0"})");
+        }
+        if (name == "bad-menus") pluginCore = MENUS_OF_FILE_FOLDER;
+        if (name == "listener-fails-once") {
+            frameworks = std::filesystem::path(SCRIPTED_PLUG_PLUG_FOLDER) / name;
         }
         std::filesystem::copy(std::filesystem::path(SESSIONS_FOLDER) / (name + ".session"),
                               scratch / "session");

@@ -16,9 +16,11 @@ endforeach()
 find_program(clangxx clang++-14 REQUIRED)
 foreach(language CXX OBJCXX)
     set(CMAKE_${language}_COMPILER ${clangxx})
-    # The headers of libc++ come without their file of settings.
-    set(CMAKE_${language}_FLAGS_INIT
-        "-stdlib=libc++ -D_LIBCPP_ABI_VERSION=1 -D_LIBCPP_ABI_NAMESPACE=__1")
+    # Without -stdlib++-isystem, clang prefers the libc++ of this machine. The headers come without
+    # their file of settings.
+    string(CONCAT CMAKE_${language}_FLAGS_INIT
+        "-stdlib=libc++ -stdlib++-isystem ${deps}/sdk/usr/include/c++/v1"
+        " -D_LIBCPP_ABI_VERSION=1 -D_LIBCPP_ABI_NAMESPACE=__1")
 endforeach()
 foreach(language C CXX OBJC OBJCXX)
     set(CMAKE_${language}_COMPILER_TARGET x86_64-apple-darwin)

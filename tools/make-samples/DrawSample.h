@@ -7,8 +7,9 @@
 struct SampleLine {
     std::string fontFile;
     std::string text;
-    double size;  // in points
-    double x, y;  // in points from the upper left corner
+    double size;    // in points
+    double x, y;    // in points from the upper left corner
+    int story = 0;  // number of the story that the line is a paragraph of
 };
 
 struct SamplePage {

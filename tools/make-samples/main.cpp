@@ -9,6 +9,7 @@
 
 #include "DrawSample.h"
 #include "EpsSample.h"
+#include "NativeSample.h"
 #include "PdfSample.h"
 
 namespace {
@@ -34,8 +35,10 @@ std::string MakeBusinessCard(const Fonts& fonts)
                           140,
                           {{fonts.library, "Jo Miller", 24, 20, 45},
                            {fonts.bold, "Engraver", 12, 20, 70},
-                           {fonts.sans, "12 Mill Lane, Kingsbridge", 9, 20, 110}}};
-    return FinishPdf(DrawPdf(page), {"Business card", {"leaflet.eps"}, {}});
+                           {fonts.sans, "12 Mill Lane, Kingsbridge", 9, 20, 110, 1}}};
+    const std::vector<std::string> placed = {"leaflet.eps"};
+    return FinishPdf(DrawPdf(page),
+                     {"Business card", placed, {}, MakeNativePart(page, placed, Packing::kZlib)});
 }
 
 std::string MakeLetterhead(const Fonts& fonts)
@@ -44,7 +47,9 @@ std::string MakeLetterhead(const Fonts& fonts)
                           842,
                           {{fonts.bold, "Miller & Daughters", 18, 60, 60},
                            {fonts.library, "Engravers since 1903", 12, 60, 85}}};
-    return FinishPdf(DrawPdf(page), {"Letterhead", {"business-card.ai", "business-card.ai"}, {}});
+    const std::vector<std::string> placed = {"business-card.ai", "business-card.ai"};
+    return FinishPdf(DrawPdf(page),
+                     {"Letterhead", placed, {}, MakeNativePart(page, placed, Packing::kZstandard)});
 }
 
 std::string MakeMissingFont(const Fonts& fonts)
@@ -55,7 +60,7 @@ std::string MakeMissingFont(const Fonts& fonts)
         {{fonts.sans, "Set in a font", 14, 20, 40}, {fonts.mono, "nobody has", 14, 20, 70}}};
     return FinishPdf(
         DrawPdf(page),
-        {"A missing font", {}, {{GetPostScriptName(fonts.mono), "NoSuchFace-Regular"}}});
+        {"A missing font", {}, {{GetPostScriptName(fonts.mono), "NoSuchFace-Regular"}}, {}});
 }
 
 std::string MakeLeaflet(const Fonts& fonts)

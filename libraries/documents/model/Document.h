@@ -42,7 +42,27 @@ struct Document {
     std::vector<Story> stories;
     std::vector<std::string> fonts;        // of all stories, without repeats, by first appearance
     std::vector<std::string> linkedFiles;  // placed files in order, repeats included
+
+    // The fonts that the illustration program lists in the header of its own document, without
+    // repeats; empty if there is no such list. It includes fonts of frames that hold nothing but a
+    // return, which have no run: the program misses them when it opens the document. Lists in other
+    // containers aren't the document's own: an EPS, also one around a native part, names what its
+    // drawing code needs or an interpreter has. The reader of those comments takes their names as
+    // text, a PDF has none.
+    std::vector<std::string> fontList;
 };
+
+struct DocumentFont {
+    std::string postScriptName;
+    bool isListed = false;  // only in Document::fontList: no run has it
+};
+
+// Returns every font that a program must have to open the document, each once: Document::fonts,
+// then the others of fontList, each in its order.
+std::vector<DocumentFont> GetAllFonts(const Document& document);
+
+// Returns the names of GetAllFonts.
+std::vector<std::string> GetAllFontNames(const Document& document);
 
 // Returns the notes in one line, separated by "; ".
 std::string JoinNotes(const Document& document);

@@ -35,6 +35,30 @@ void DocumentBuilder::AddFrameWithStory(std::vector<TextRun> runs)
     (void)AddFrame(story, mDocument.stories[story].runs);  // the index isn't needed
 }
 
+void DocumentBuilder::SetFontList(const std::vector<std::string>& names)
+{
+    std::unordered_set<std::string> listed;
+    for (const std::string& name : names) {
+        if (!IsFontName(name)) {
+            NoteLongNames();
+            continue;
+        }
+        std::string valid = base::ToValidUtf8(name);
+        if (listed.insert(valid).second) mDocument.fontList.push_back(std::move(valid));
+    }
+    if (listed.empty()) return;
+    constexpr size_t kMostNamed = 3;
+    size_t count = 0;
+    std::string unlisted;
+    for (const std::string& font : mDocument.fonts) {
+        if (listed.count(font) != 0 || ++count > kMostNamed) continue;
+        unlisted += (unlisted.empty() ? "" : ", ") + font;
+    }
+    if (count == 0) return;
+    if (count > kMostNamed) unlisted += " and " + std::to_string(count - kMostNamed) + " more";
+    mDocument.notes.push_back("fonts of its text that its own list of fonts lacks: " + unlisted);
+}
+
 void DocumentBuilder::NoteLongNames()
 {
     if (mHasLongNames) return;

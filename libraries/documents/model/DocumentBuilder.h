@@ -26,6 +26,10 @@ public:
     // Adds a story with these runs and a frame that shows all of it.
     void AddFrameWithStory(std::vector<TextRun> runs);
 
+    // Sets the document's own list of fonts, without repeats and names that are none. Fonts of the
+    // text so far that a list with names lacks get a note.
+    void SetFontList(const std::vector<std::string>& names);
+
 private:
     void NoteLongNames();
     // Corrects names and lengths, and enforces the limit.

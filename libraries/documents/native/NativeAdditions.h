@@ -13,7 +13,7 @@ namespace documents {
 // keeps it byte for byte and stores the additions beside it: in a PDF as its own private data of
 // the page (/PieceInfo /HeadlessHost), in PostScript as comments of its own. The native reader
 // appends them to what the native part holds. They are lost when the illustration program saves the
-// document.
+// document. A PDF without a native part has only the placed files, on its first page.
 struct NativeAdditions {
     std::vector<TextRun> texts;      // each becomes a frame with its own story
     std::vector<std::string> files;  // placed files

@@ -24,6 +24,7 @@ constexpr std::string_view kCompressedData = "%AI12_CompressedData";
 constexpr std::string_view kZStandardData = "%AI24_ZStandard_Data";
 constexpr std::string_view kBeginData = "%%BeginData:";
 constexpr std::string_view kEndData = "%%EndData";
+constexpr std::string_view kEndComments = "%%EndComments";
 constexpr std::string_view kStyled = "%_";  // the line is the user's own form of styled art
 
 // Records of version 11 and later.
@@ -45,6 +46,10 @@ constexpr std::string_view kShow = "Tx";
 constexpr std::string_view kShowAtEnd = "TX";
 constexpr std::string_view kShowJustified = "Tj";
 constexpr std::string_view kEndText = "TO";
+
+// The header's list of fonts, and a font in it that only the program itself has.
+constexpr std::string_view kDocumentFonts = "DocumentFonts";
+constexpr std::string_view kInvisibleFont = "AdobeInvisFont";
 
 // Placed files.
 constexpr char kPlaced = '`';

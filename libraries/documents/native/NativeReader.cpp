@@ -6,6 +6,7 @@
 #include "documents/model/DocumentBuilder.h"
 #include "documents/native/NativeAdditions.h"
 #include "documents/native/NativeContainer.h"
+#include "documents/native/NativeFontList.h"
 #include "documents/native/NativeScan.h"
 #include "documents/native/NativeTextTree.h"
 #include "documents/pdf/ContentWalker.h"
@@ -25,9 +26,10 @@ ReadResult Fail(const std::string& reason)
 class Assembler {
 public:
     Assembler(const NativeContents& contents, const NativeAdditions& additions,
-              const Limits& limits, Document& document)
+              const std::vector<std::string>& fontList, const Limits& limits, Document& document)
         : mContents(contents),
           mAdditions(additions),
+          mFontList(fontList),
           mLimits(limits),
           mDocument(document),
           mBuilder(document),
@@ -51,6 +53,8 @@ public:
                     break;
             }
         }
+        // Before the additions, which only the list of a bare document includes.
+        mBuilder.SetFontList(mFontList);
         for (const TextRun& text : mAdditions.texts) mBuilder.AddFrameWithStory({text});
         Note("text frames without a story", mLostFrames);
         Note("runs without a known font", mTree.GetUnknownFonts());
@@ -102,6 +106,7 @@ private:
 
     const NativeContents& mContents;
     const NativeAdditions& mAdditions;
+    const std::vector<std::string>& mFontList;
     const Limits& mLimits;
     Document& mDocument;
     DocumentBuilder mBuilder;
@@ -140,7 +145,7 @@ ReadResult ReadNative(const DocumentSource& source, const Limits& limits, Docume
         document.linkedFiles.insert(document.linkedFiles.end(), additions.files.begin(),
                                     additions.files.end());
     }
-    Assembler(contents, additions, limits, document).Assemble();
+    Assembler(contents, additions, ReadFontList(part.text), limits, document).Assemble();
     return {ReadStatus::kRead, {}};
 }
 

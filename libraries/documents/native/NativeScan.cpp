@@ -215,7 +215,9 @@ private:
         DscWord word;
         while (!line.empty() && line.front() == '(') {
             JoinLines(line);
-            (void)TakeDscWord(line, word);  // never false: the line begins with a parenthesis
+            // One byte more than a path may have, to recognise a longer one. Never false: the line
+            // begins with a parenthesis.
+            (void)TakeDscWord(line, word, kMostDscBytes + 1);
             const size_t next = std::min(line.find('('), line.size());
             std::string_view operation = line.substr(0, next);
             line.remove_prefix(next);
@@ -224,7 +226,7 @@ private:
             const std::string_view first = operation.substr(0, 2);
             if (first == record::kShow || first == record::kShowAtEnd ||
                 first == record::kShowJustified) {
-                if (mObjects.IsOpen()) mObjects.Show(word.text);
+                if (mObjects.IsOpen()) mObjects.Show(word);
             } else if (!mIsStyled && !word.text.empty() && word.text.size() <= kMostDscBytes) {
                 const bool isPlaced = isMarked ||
                                       operation == std::string_view(&record::kPlaced, 1) ||
@@ -240,17 +242,21 @@ private:
         constexpr size_t kMostLines = 4096;
         constexpr size_t kMostJoined = size_t{16} << 20;  // bytes that are copied for this
         if (line.empty() || line.back() != '\\' || line.size() > kMostJoined) return;
-        mJoined.assign(line);
-        for (size_t count = 0; count < kMostLines && mJoined.back() == '\\'; ++count) {
-            if (mJoined.size() > kMostJoined) break;
-            mJoined.pop_back();
+        std::string joined;  // `line` may be a part of mJoined
+        // Without space for the next line, appending it would copy a long line again.
+        joined.reserve(line.size() + line.size() / 8);
+        joined.assign(line);
+        for (size_t count = 0; count < kMostLines && joined.back() == '\\'; ++count) {
+            if (joined.size() > kMostJoined) break;
+            joined.pop_back();
             if (!mLines.Next(line)) break;
             if (mIsStyled && base::StartsWith(line, record::kStyled)) {
                 line.remove_prefix(record::kStyled.size());
             }
-            mJoined += line;
-            if (mJoined.empty()) break;
+            joined += line;
+            if (joined.empty()) break;
         }
+        mJoined = std::move(joined);
         line = mJoined;
     }
 

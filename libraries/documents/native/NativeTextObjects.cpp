@@ -52,17 +52,17 @@ void NativeTextObjects::Begin(bool isStyled)
     mContent.clear();
 }
 
-void NativeTextObjects::Show(const std::string& text)
+void NativeTextObjects::Show(const DscWord& text)
 {
     const std::string& font = mFonts[mIsStyled ? 1 : 0];
-    if (text.empty() || font.empty()) return;
+    if (text.length == 0 || font.empty()) return;
     if (mRuns.empty() || mRuns.back().postScriptName != font) {
         mRuns.push_back({font, 0});
         if (mContent.size() < kMostKeptBytes) mContent += font + '\0';
     }
-    mRuns.back().length += text.size();
-    mEndsInReturn = text.back() == '\r' || text.back() == '\n';
-    if (mContent.size() < kMostKeptBytes) mContent += text.substr(0, kMostKeptBytes);
+    mRuns.back().length += text.length;
+    mEndsInReturn = text.last == '\r' || text.last == '\n';
+    if (mContent.size() < kMostKeptBytes) mContent += text.text.substr(0, kMostKeptBytes);
 }
 
 bool NativeTextObjects::End(std::vector<TextRun>& runs)

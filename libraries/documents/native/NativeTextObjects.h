@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "documents/model/Document.h"
+#include "documents/postscript/DscText.h"
 
 namespace documents {
 
@@ -23,7 +24,8 @@ public:
 
     void Begin(bool isStyled);
     bool IsOpen() const { return mIsOpen; }
-    void Show(const std::string& text);
+    // `text` is a string of the object, or the start of a long one.
+    void Show(const DscWord& text);
 
     // Ends the object. Returns true and sets `runs` unless the object is a repeat: the user's own
     // form of styled art ("%_") is reported only if no earlier object has the same fonts and text.

@@ -16,7 +16,8 @@ struct PdfFont {
 };
 
 // Reads a font dictionary of any type. A Type 0 font gets the name of its descendant font;
-// if that has none, its own name without the name of the encoding behind it.
+// if that has none, its own name without the name of the encoding behind it. FontName.h says what
+// applies to a descendant font whose own name ends in an encoding.
 PdfFont ReadPdfFont(QPDFObjectHandle font);
 
 // The fonts of one file. Reads each font once. The pointers remain valid as long as the table

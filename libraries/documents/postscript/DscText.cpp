@@ -34,27 +34,30 @@ size_t TakeEscape(std::string_view text, std::string& out)
 
 // Removes a string from `rest`, which begins with "(", and returns at most `most` bytes of it. A
 // string without ")" ends with the line.
-std::string TakeString(std::string_view& rest, size_t most)
+DscWord TakeString(std::string_view& rest, size_t most)
 {
-    std::string text;
-    // A string that grows by doubling would need up to three times its size.
-    text.reserve(std::min({most, rest.find(')'), rest.size()}) + 1);
+    DscWord word;
+    word.quoted = true;
+    std::string& text = word.text;
     size_t depth = 1;
     size_t position = 1;
     for (; position < rest.size(); ++position) {
-        if (text.size() > most) text.resize(most);
+        const size_t kept = text.size();
         const char c = rest[position];
         if (c == '\\') {
             position += TakeEscape(rest.substr(position + 1), text);
-            continue;
+        } else {
+            if (c == '(') ++depth;
+            if (c == ')' && --depth == 0) break;
+            text += c;
         }
-        if (c == '(') ++depth;
-        if (c == ')' && --depth == 0) break;
-        text += c;
+        if (text.size() == kept) continue;
+        ++word.length;
+        word.last = text.back();
+        if (text.size() > most) text.pop_back();
     }
-    if (text.size() > most) text.resize(most);
     rest.remove_prefix(std::min(position + 1, rest.size()));
-    return text;
+    return word;
 }
 
 }  // namespace
@@ -72,11 +75,11 @@ bool TakeDscWord(std::string_view& rest, DscWord& word, size_t most)
 {
     rest.remove_prefix(std::min(rest.find_first_not_of(kSpaces), rest.size()));
     if (rest.empty()) return false;
-    word.quoted = rest.front() == '(';
-    if (word.quoted) {
-        word.text = TakeString(rest, most);
+    if (rest.front() == '(') {
+        word = TakeString(rest, most);
         return true;
     }
+    word = {};
     const size_t length = std::min(rest.find_first_of(kSpaces), rest.size());
     word.text = rest.substr(0, std::min(length, most));
     rest.remove_prefix(length);
@@ -88,7 +91,7 @@ std::string GetDscText(std::string_view value)
     value = base::Trim(value, kSpaces);
     if (!value.empty() && value.front() == '(') {
         std::string_view rest = value;
-        std::string text = TakeString(rest, kMostDscBytes + 1);
+        std::string text = TakeString(rest, kMostDscBytes + 1).text;
         // The value is a string only if nothing follows: "(C) 1999 A. Writer" isn't one.
         if (base::Trim(rest, kSpaces).empty()) return text;
     }

@@ -18,6 +18,9 @@ DscComment SplitDscComment(std::string_view line);
 struct DscWord {
     std::string text;
     bool quoted = false;  // was a PostScript string in parentheses
+    // Of a quoted word as a whole, also if `text` is only its start.
+    size_t length = 0;  // in bytes
+    char last = '\0';   // its last byte
 };
 
 // The longest text of a comment that is used, the system's limit for a path. A line may be as long

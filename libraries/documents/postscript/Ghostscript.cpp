@@ -7,12 +7,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <array>
 #include <chrono>
-#include <cstdlib>
 
 #include "base/FileDescriptor.h"
+#include "base/Files.h"
 #include "base/ProcessGroup.h"
 #include "base/ReadWrite.h"
 
@@ -28,20 +27,6 @@ constexpr int kAlive = 12;  // end of a pipe; closes when the process and its ch
 // Descriptors of this process that the new one needs are moved here, above the numbers that dup2
 // overwrites.
 constexpr int kFirstFree = 20;
-
-std::string FindProgram()
-{
-    const char* const path = std::getenv("PATH");
-    std::string rest = path == nullptr ? "" : path;
-    while (!rest.empty()) {
-        const size_t end = std::min(rest.find(':'), rest.size());
-        std::string program = rest.substr(0, end) + "/gs";
-        rest.erase(0, end + 1);
-        // Ignore relative folders: the result would depend on the current directory.
-        if (program.front() == '/' && access(program.c_str(), X_OK) == 0) return program;
-    }
-    return {};
-}
 
 bool ReadBack(int descriptor, size_t most, std::string& bytes)
 {
@@ -92,11 +77,16 @@ bool WaitForEnd(int pipe, double seconds)
 
 }  // namespace
 
+std::string DescribeLateDrawing(double seconds)
+{
+    return "Ghostscript took longer than " + std::to_string(static_cast<long>(seconds)) + " s";
+}
+
 GhostscriptResult DrawWithGhostscript(std::string_view postScript, double seconds,
                                       size_t memoryBytes, size_t mostPdfBytes)
 {
     GhostscriptResult result;
-    const std::string program = FindProgram();
+    const std::string program = base::FindProgram("gs");
     if (program.empty()) {
         result.error = "Ghostscript isn't installed";
         return result;
@@ -126,8 +116,8 @@ GhostscriptResult DrawWithGhostscript(std::string_view postScript, double second
     // A program that ignores SIGCHLD gets neither a status nor a signal: then the PDF decides.
     const bool hasFailed = processEnd.status > 0 || processEnd.signal != 0;
     if (!hasEnded) {
-        result.error =
-            "Ghostscript took longer than " + std::to_string(static_cast<long>(seconds)) + " s";
+        result.error = DescribeLateDrawing(seconds);
+        result.isLate = true;
     } else if (hasFailed) {
         result.error = "Ghostscript cannot draw it";
     } else if (!ReadBack(output.Get(), mostPdfBytes, result.pdf) || result.pdf.empty()) {

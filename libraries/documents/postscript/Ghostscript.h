@@ -8,8 +8,12 @@ namespace documents {
 
 struct GhostscriptResult {
     std::string pdf;
-    std::string error;  // why there is no PDF, in a few words; empty on success
+    std::string error;    // why there is no PDF, in a few words; empty on success
+    bool isLate = false;  // the error is that it took too long
 };
+
+// The error of a drawing that took longer than `seconds`.
+std::string DescribeLateDrawing(double seconds);
 
 // Converts PostScript to a PDF with Ghostscript ("gs" in the PATH), in a separate process that
 // can't read or write other files. Waits for it.

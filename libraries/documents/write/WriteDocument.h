@@ -33,9 +33,10 @@ struct WriteOrder {
     std::string substituteFont;
 };
 
-// Returns a PDF: the base's pages, the added text drawn on the first one, and the placed files in
-// the manifest of its metadata. A native part remains unchanged and gets NativeAdditions beside it.
-// Throws std::exception with a message of one line.
+// Returns a PDF: the base's pages, with the added text drawn on the first one. A native part
+// remains unchanged and gets NativeAdditions beside it, and the manifest of the metadata lists all
+// placed files. Without a native part, the added placed files are stored as NativeAdditions and the
+// metadata remains unchanged. Throws std::exception with a message of one line.
 std::string WritePdf(const WriteOrder& order);
 
 // Returns an EPS whose comments list all fonts and placed files. What was added to a base is also

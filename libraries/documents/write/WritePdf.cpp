@@ -154,11 +154,24 @@ void SetPacket(QPDF& pdf, const std::string& packet)
 }
 
 // The host can't write a native part. It remains unchanged; the additions are stored beside it.
-void KeepNativePart(const WriteOrder& order, QPDF& pdf)
+// Without one, the pages hold the texts, and only the placed files are stored.
+void StoreAdditions(const WriteOrder& order, QPDF& pdf)
 {
+    NativeAdditions additions = MakeAdditions(order);
     QPDFObjectHandle page = FindNativePage(pdf.getAllPages());
-    const NativeAdditions additions = MakeAdditions(order);
+    if (page.isNull() && !pdf.getAllPages().empty()) {
+        page = pdf.getAllPages().front();
+        additions.texts.clear();
+    }
     if (!page.isNull() && !additions.IsEmpty()) AppendAdditions(additions, pdf, page);
+}
+
+// The manifest matters beside a native part only.
+void UpdateManifest(const WriteOrder& order, QPDF& pdf)
+{
+    if (order.addedLinks.empty() || FindNativePage(pdf.getAllPages()).isNull()) return;
+    const std::string packet = ReplaceManifest(GetPacket(pdf), order.linkedFiles);
+    SetPacket(pdf, packet.empty() ? MakeXmpPacket(kCreator, order.linkedFiles) : packet);
 }
 
 void AddEmptyPage(const WriteOrder& order, QPDF& pdf)
@@ -168,7 +181,7 @@ void AddEmptyPage(const WriteOrder& order, QPDF& pdf)
     information.replaceKey("/Creator", QPDFObjectHandle::newUnicodeString(kCreator));
     information.replaceKey("/Title", QPDFObjectHandle::newUnicodeString(order.title));
     pdf.getTrailer().replaceKey("/Info", pdf.makeIndirectObject(information));
-    SetPacket(pdf, MakeXmpPacket(kCreator, order.linkedFiles));
+    SetPacket(pdf, MakeXmpPacket(kCreator, {}));
 }
 
 }  // namespace
@@ -202,12 +215,9 @@ std::string WritePdf(const WriteOrder& order)
         AddEmptyPage(order, *pdf);
     } else {
         pdf->processMemoryFile("document", order.base.data(), order.base.size());
-        if (!order.addedLinks.empty()) {
-            const std::string packet = ReplaceManifest(GetPacket(*pdf), order.linkedFiles);
-            SetPacket(*pdf, packet.empty() ? MakeXmpPacket(kCreator, order.linkedFiles) : packet);
-        }
-        KeepNativePart(order, *pdf);
+        UpdateManifest(order, *pdf);
     }
+    StoreAdditions(order, *pdf);
     std::vector<std::unique_ptr<MemoryPdf>> drawn;
     AddTexts(order, *pdf, drawn);
 

@@ -4,7 +4,6 @@
 #include <cstddef>
 
 #include "HostInterface.h"
-#include "HostPlatform_Linux.h"
 #include "PCILoader.h"
 #include "PluginGlobals.h"
 #include "SDKPlugPlug.h"
@@ -71,11 +70,6 @@ PIN_SIZE(PlatformAddFileFormatExData, 5 * kWord);
 PIN_OFFSET(AIPlatformAddMenuItemDataUS, groupName, 0);
 PIN_OFFSET(AIPlatformAddMenuItemDataUS, itemText, kWord);
 PIN_SIZE(AIPlatformAddMenuItemDataUS, 2 * kWord);
-
-PIN_OFFSET(SHostPlatform, beginModalSession, 0);
-PIN_OFFSET(SHostPlatform, showAlert, kWord);
-PIN_OFFSET(SHostPlatform, privateFrameworksPath, 2 * kWord);
-PIN_SIZE(SHostPlatform, 3 * kWord);
 
 PIN_OFFSET(SGlobals, globalsVersion, 0);
 PIN_OFFSET(SGlobals, globalsString, kWord);

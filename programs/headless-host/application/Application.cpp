@@ -1,5 +1,6 @@
 #include "application/Application.h"
 
+#include <algorithm>
 #include <chrono>
 
 #include "HostPlatform_Linux.h"
@@ -23,14 +24,12 @@ documents::OpenResult Read(const Host& host, const std::string& path)
     }
 }
 
-std::set<std::string> FindMissing(const std::vector<std::string>& names,
-                                  const std::set<std::string>& active)
+// Looks among the fonts that were active at the last refresh.
+bool IsAnyMissing(const std::vector<std::string>& names, const HostFonts& fonts)
 {
-    std::set<std::string> missing;
-    for (const std::string& name : names) {
-        if (active.count(name) == 0) missing.insert(name);
-    }
-    return missing;
+    return std::any_of(names.begin(), names.end(), [&](const std::string& name) {
+        return fonts.GetActiveNames().count(fonts.Match(name)) == 0;
+    });
 }
 
 }  // namespace
@@ -108,7 +107,8 @@ OpenReport Application::Open(const std::string& path, const std::string& givenPa
         return finish();
     }
 
-    const std::vector<std::string> names = read.document.fonts;
+    const std::vector<documents::DocumentFont> fonts = documents::GetAllFonts(read.document);
+    const std::vector<std::string> names = documents::GetAllFontNames(read.document);
     report.opened = true;
     report.reader = read.document.reader;
     report.note = documents::JoinNotes(read.document);
@@ -116,17 +116,19 @@ OpenReport Application::Open(const std::string& path, const std::string& givenPa
     for (const documents::TextFrame& frame : read.document.frames) report.runs += frame.runs.size();
     report.linkedDocuments = read.document.linkedFiles;
 
-    const std::set<std::string> atReading = FindMissing(names, mHost.fonts.RefreshActiveNames());
-    if (!atReading.empty()) report.dialog = RunMissingFontsDialog(report.dialogTitle);
+    (void)mHost.fonts.RefreshActiveNames();  // read by IsAnyMissing
+    const bool isAnyMissing = IsAnyMissing(names, mHost.fonts);
+    if (isAnyMissing) report.dialog = RunMissingFontsDialog(report.dialogTitle);
     DocumentObject* const document = mHost.AddDocument(std::move(read.document), path);
     console::LogAction("opened " + path);
     mPump->Notify("AI Document Opened Notifier", document->handle);
 
     // The plug-in may have activated fonts in the dialog and in the notifier.
-    if (!atReading.empty()) (void)mHost.fonts.RefreshActiveNames();  // read by GetFontState
+    if (isAnyMissing) (void)mHost.fonts.RefreshActiveNames();  // read by GetFontState
     document->activeBefore = activeBefore;
-    for (const std::string& name : names) {
-        report.fonts.push_back({name, mDocuments->GetFontState(*document, name)});
+    for (const documents::DocumentFont& font : fonts) {
+        const FontState state = mDocuments->GetFontState(*document, font.postScriptName);
+        report.fonts.push_back({font.postScriptName, state, font.isListed});
     }
     mPump->NotifyMenuChanges();
     return finish();

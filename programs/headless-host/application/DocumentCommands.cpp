@@ -16,10 +16,10 @@ DocumentObject* DocumentCommands::New()
 FontState DocumentCommands::GetFontState(const DocumentObject& document,
                                          const std::string& postScriptName)
 {
-    if (mHost.fonts.GetActiveNames().count(postScriptName) == 0) return FontState::kMissing;
-    if (mHost.fonts.IsDefault(postScriptName)) return FontState::kDefault;
-    return document.activeBefore.count(postScriptName) == 0 ? FontState::kActivated
-                                                            : FontState::kActive;
+    const std::string name = mHost.fonts.Match(postScriptName);
+    if (mHost.fonts.GetActiveNames().count(name) == 0) return FontState::kMissing;
+    if (mHost.fonts.IsDefault(name)) return FontState::kDefault;
+    return document.activeBefore.count(name) == 0 ? FontState::kActivated : FontState::kActive;
 }
 
 void DocumentCommands::Change()

@@ -1,9 +1,13 @@
 #include "application/HostPlatformTable.h"
 
 #include <algorithm>
+#include <map>
+#include <mutex>
+#include <string>
 
 #include "HostPlatform_Linux.h"
 #include "application/MissingFontsDialog.h"
+#include "documents/postscript/SlowDrawings.h"
 #include "model/Host.h"
 
 namespace headless {
@@ -41,6 +45,9 @@ void ShowAlert(const char* messageText, const char* informativeText) noexcept
 
 SHostPlatform sPlatform = {BeginRealModalSession, ShowAlert, nullptr};
 
+std::mutex sDrawingMutex;
+std::map<std::string, double> sDrawingSeconds;  // by the name of the drawing
+
 nlohmann::json ParseOrQuote(const char* text)
 {
     if (text == nullptr) return nullptr;
@@ -54,6 +61,9 @@ void ResetHostPlatform()
 {
     sModalSessionCount = 0;
     sPlatform = {BeginRealModalSession, ShowAlert, nullptr};
+    const std::lock_guard<std::mutex> lock(sDrawingMutex);
+    sDrawingSeconds.clear();
+    documents::UseSlowDrawings({HeadlessHostGetDrawingSeconds, HeadlessHostAddDrawingSeconds});
 }
 
 void SetPrivateFrameworks(const std::string& folder)
@@ -90,4 +100,28 @@ extern "C" bool HeadlessHostIsDocumentOpen(const char* path)
     const auto& documents = host->GetDocuments();
     return std::any_of(documents.begin(), documents.end(),
                        [path](const auto& document) { return document->path == path; });
+}
+
+extern "C" double HeadlessHostGetDrawingSeconds(const char* drawing)
+{
+    if (drawing == nullptr) return 0;
+    try {
+        const std::lock_guard<std::mutex> lock(headless::sDrawingMutex);
+        const auto found = headless::sDrawingSeconds.find(drawing);
+        return found == headless::sDrawingSeconds.end() ? 0 : found->second;
+    } catch (...) {
+        return 0;  // the drawing is tried again
+    }
+}
+
+extern "C" void HeadlessHostAddDrawingSeconds(const char* drawing, double seconds)
+{
+    if (drawing == nullptr) return;
+    try {
+        const std::lock_guard<std::mutex> lock(headless::sDrawingMutex);
+        double& longest = headless::sDrawingSeconds[drawing];
+        longest = std::max(longest, seconds);
+    } catch (...) {
+        return;  // as above
+    }
 }

@@ -5,8 +5,8 @@
 namespace headless {
 
 // Restores the host's own functions in the platform table that the executable exports, forgets the
-// frameworks folder and sets the number of modal sessions to 0. A plug-in may have replaced an
-// entry by a function of its module, which is a dangling pointer after the unload.
+// frameworks folder and slow drawings, and sets the number of modal sessions to 0. A plug-in may
+// have replaced an entry by a function of its module, which is a dangling pointer after the unload.
 void ResetHostPlatform();
 
 // Sets the folder of the host's private frameworks, where the plug-in finds them, until the next
@@ -33,3 +33,12 @@ extern "C" __attribute__((visibility("default"))) void HeadlessHostJournal(const
 // PluginCore looks this function up by name in the executable. False for null. Never throws. Main
 // thread only.
 extern "C" __attribute__((visibility("default"))) bool HeadlessHostIsDocumentOpen(const char* path);
+
+// The host's memory of what Ghostscript didn't draw in time, see documents::SlowDrawings.
+// PluginCore looks these functions up by name in the executable and shares the memory, so that an
+// endless file costs one time limit and not one for the host and one for PluginCore. Null is
+// ignored. Never throw. Thread-safe.
+extern "C" __attribute__((visibility("default"))) double HeadlessHostGetDrawingSeconds(
+    const char* drawing);
+extern "C" __attribute__((visibility("default"))) void HeadlessHostAddDrawingSeconds(
+    const char* drawing, double seconds);

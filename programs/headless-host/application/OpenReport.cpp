@@ -70,8 +70,7 @@ std::string WriteReportAsJson(const OpenReport& report)
     line["runs"] = report.runs;
     line["documentFonts"] = nlohmann::ordered_json::array();
     for (const FontReport& font : report.fonts) {
-        nlohmann::ordered_json entry;
-        entry["PostScriptName"] = font.postScriptName;
+        nlohmann::ordered_json entry = BeginJsonFont(font);
         entry["state"] = GetStateName(font.state);
         line["documentFonts"].push_back(std::move(entry));
     }
@@ -94,7 +93,8 @@ std::string WriteReportAsTable(const OpenReport& report)
     for (const FontReport& font : report.fonts) {
         std::string name = console::MakePrintable(font.postScriptName);
         name.resize(width, ' ');
-        text += "    " + name + "  " + GetStateText(font.state) + "\n";
+        text +=
+            "    " + name + "  " + GetStateText(font.state) + (font.isListed ? ", listed\n" : "\n");
     }
     if (report.fonts.empty()) text += "    no fonts\n";
     for (const std::string& file : report.linkedDocuments) {

@@ -20,7 +20,8 @@ enum class DialogOutcome {
 
 struct FontReport {
     std::string postScriptName;
-    FontState state;
+    FontState state = FontState::kMissing;
+    bool isListed = false;  // only the document's own list has it: no run does
 };
 
 // The result of opening one file.

@@ -20,4 +20,16 @@ nlohmann::ordered_json BeginJsonReport(const Report& report, const char* status)
     return line;
 }
 
+// Returns the members that a font has in the JSON reports of all commands.
+//
+// font   a documents::DocumentFont, or a struct with the same members
+template <class Font>
+nlohmann::ordered_json BeginJsonFont(const Font& font)
+{
+    nlohmann::ordered_json entry;
+    entry["PostScriptName"] = font.postScriptName;
+    entry["listed"] = font.isListed;
+    return entry;
+}
+
 }  // namespace headless

@@ -66,7 +66,7 @@ documents::WriteOrder MakeOrder(Host& host, const DocumentObject& document, cons
     documents::WriteOrder order;
     order.base = document.base;
     order.texts = document.addedTexts;
-    order.fonts = document.content.fonts;
+    order.fonts = documents::GetAllFontNames(document.content);
     order.linkedFiles = document.content.linkedFiles;
     order.addedLinks = document.addedLinks;
     const size_t start = path.rfind('/') + 1;

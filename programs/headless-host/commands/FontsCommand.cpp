@@ -153,8 +153,9 @@ private:
         if (mOptions.json) {
             text = WriteFontsReportAsJson(report) + "\n";
         } else if (mOptions.names) {
-            for (const std::string& font : report.fonts) {
-                if (mNames.insert(font).second) text += console::MakePrintable(font) + "\n";
+            for (const documents::DocumentFont& font : report.fonts) {
+                const std::string& name = font.postScriptName;
+                if (mNames.insert(name).second) text += console::MakePrintable(name) + "\n";
             }
         } else {
             text = WriteFontsReportAsTable(report);

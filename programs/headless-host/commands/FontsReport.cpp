@@ -24,7 +24,7 @@ FontsReport MakeFontsReport(const std::string& path, const documents::OpenResult
     report.frames = document.frames.size();
     report.stories = document.stories.size();
     for (const documents::TextFrame& frame : document.frames) report.runs += frame.runs.size();
-    report.fonts = document.fonts;
+    report.fonts = documents::GetAllFonts(document);
     report.linkedDocuments = document.linkedFiles;
     return report;
 }
@@ -37,8 +37,11 @@ std::string WriteFontsReportAsJson(const FontsReport& report)
     line["frames"] = report.frames;
     line["stories"] = report.stories;
     line["runs"] = report.runs;
-    line["documentFonts"] = report.fonts;
-    line["fonts"] = report.fonts;  // the former name, for existing scripts
+    line["documentFonts"] = nlohmann::ordered_json::array();
+    for (const documents::DocumentFont& font : report.fonts) {
+        line["documentFonts"].push_back(BeginJsonFont(font));
+    }
+    line["fonts"] = line["documentFonts"];  // the former name, for existing scripts
     line["linkedDocuments"] = report.linkedDocuments;
     return base::PrintJson(line);
 }
@@ -58,7 +61,9 @@ FontsReport ReadFontsReport(const std::string& json)
     report.frames = line.at("frames");
     report.stories = line.at("stories");
     report.runs = line.at("runs");
-    report.fonts = line.at("documentFonts").get<std::vector<std::string>>();
+    for (const auto& font : line.at("documentFonts")) {
+        report.fonts.push_back({font.at("PostScriptName"), font.at("listed")});
+    }
     report.linkedDocuments = line.at("linkedDocuments").get<std::vector<std::string>>();
     return report;
 }
@@ -69,8 +74,9 @@ std::string WriteFontsReportAsTable(const FontsReport& report)
     if (!report.isRead) return text + "failed: " + console::MakePrintable(report.error) + "\n";
     text += report.kind + " (" + report.reader + "), " + base::Count(report.fonts.size(), "font");
     text += report.isTemplate ? ", template\n" : "\n";
-    for (const std::string& font : report.fonts) {
-        text += "    " + console::MakePrintable(font) + "\n";
+    for (const documents::DocumentFont& font : report.fonts) {
+        text += "    " + console::MakePrintable(font.postScriptName);
+        text += font.isListed ? "  listed\n" : "\n";
     }
     for (const std::string& file : report.linkedDocuments) {
         text += "    placed file: " + console::MakePrintable(file) + "\n";

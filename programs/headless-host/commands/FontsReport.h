@@ -20,20 +20,22 @@ struct FontsReport {
     size_t frames = 0;
     size_t stories = 0;
     size_t runs = 0;
-    std::vector<std::string> fonts;            // each once, in the order of first use
-    std::vector<std::string> linkedDocuments;  // repeats included
+    std::vector<documents::DocumentFont> fonts;  // as from documents::GetAllFonts
+    std::vector<std::string> linkedDocuments;    // repeats included
 };
 
 FontsReport MakeFontsReport(const std::string& path, const documents::OpenResult& result);
 
 // One JSON object on one line, without the line end. All reports have the same members, called as
-// those of OpenReport; `fonts` repeats `documentFonts` and goes with the next version.
+// those of OpenReport; `fonts` repeats `documentFonts` and goes with the next version. A font is an
+// object with the members PostScriptName and listed.
 std::string WriteFontsReportAsJson(const FontsReport& report);
 
 // Reads what WriteFontsReportAsJson wrote. Throws nlohmann::json::exception for anything else.
 FontsReport ReadFontsReport(const std::string& json);
 
-// A few lines for people, with the last line end and without control characters.
+// A few lines for people, with the last line end and without control characters. The
+// word "listed" is behind the name of a font that only the document's own list has.
 std::string WriteFontsReportAsTable(const FontsReport& report);
 
 }  // namespace headless

@@ -92,6 +92,14 @@ int RunLines(RunningHost& running, Place place, const std::string& name, std::st
         status = std::max(status, GetStatus(result.outcome));
         if (result.outcome == LineOutcome::kWrong) break;
     }
+    for (const auto& [operation, failure] : running.host.failures) {
+        std::string line = name;
+        line += ": fail ";
+        line += operation;
+        line += ": the plug-in made no such call";
+        console::PrintError(line);
+        status = std::max(status, GetStatus(LineOutcome::kNotAsExpected));
+    }
     return status;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -83,6 +84,9 @@ public:
     std::vector<void*> menuItems;
     std::vector<void*> menuGroups;
     size_t menuChanges = 0;  // number of items and groups added or removed so far
+
+    // Operations of suites, by their names, whose next call does nothing and returns this status.
+    std::map<std::string, AIErr> failures;
 
     std::vector<Alert> alerts;
     std::function<void(const Alert&)> alertSink;  // called for each alert; may be empty

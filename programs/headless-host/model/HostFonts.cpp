@@ -1,5 +1,6 @@
 #include "model/HostFonts.h"
 
+#include "documents/model/FontName.h"
 #include "fonts/ActiveFonts.h"
 #include "fonts/FontconfigMessages.h"
 
@@ -52,6 +53,12 @@ const std::set<std::string>& HostFonts::RefreshActiveNames()
 {
     mActive = mSource.ListActiveNames();
     return mActive;
+}
+
+std::string HostFonts::Match(const std::string& name) const
+{
+    return documents::ChooseFontName(
+        name, [this](const std::string& each) { return mActive.count(each) != 0; });
 }
 
 const std::string& HostFonts::GetDefaultName(AIFaceScript script)

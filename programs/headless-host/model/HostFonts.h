@@ -46,6 +46,10 @@ public:
     // As of the last refresh.
     const std::set<std::string>& GetActiveNames() const { return mActive; }
 
+    // Returns the name of the active font that a document calls `name`, as of the last refresh
+    // (documents::ChooseFontName); `name` if none is.
+    std::string Match(const std::string& name) const;
+
     // The host's default font for a script, or that of the system if the script is unknown. The
     // source is asked once per language, so the result doesn't change while the host runs. Empty if
     // the system has no fonts.

@@ -8,6 +8,7 @@
 #include "session/MenuTree.h"
 #include "session/SessionWords.h"
 #include "system/Interrupts.h"
+#include "system/Process.h"
 
 namespace headless {
 
@@ -194,6 +195,28 @@ LineResult RunWait(Session& session, const Words& words)
         return MakeWrong("\"" + words[0] + "\" is not a number of seconds (0 to 86400)");
     }
     session.running.application.Idle(seconds);
+    return {};
+}
+
+LineResult RunExec(Session& session, const Words& words)
+{
+    std::string command = words[0];
+    for (size_t i = 1; i < words.size(); ++i) command += " " + words[i];
+    const RunningHost& running = session.running;
+    const int status = RunCommand(command, running.startFolder, running.options.json);
+    if (status == 0) return {};
+    return {LineOutcome::kNotAsExpected,
+            status < 0 ? "exec: the command could not be run or was ended by a signal"
+                       : "exec: the command's exit status is " + std::to_string(status)};
+}
+
+LineResult RunFail(Session& session, const Words& words)
+{
+    int status = 1;
+    if (words.size() > 1 && (!ReadStatus(words[1], status) || status == 0)) {
+        return MakeWrong("\"" + words[1] + "\" is not a status of a failure (an integer except 0)");
+    }
+    session.running.host.failures[words[0]] = status;
     return {};
 }
 

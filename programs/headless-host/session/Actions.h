@@ -22,6 +22,8 @@ LineResult RunPanel(Session& session, const Words& arguments);
 LineResult RunFontsChanged(Session& session, const Words& arguments);
 LineResult RunAbout(Session& session, const Words& arguments);
 LineResult RunWait(Session& session, const Words& arguments);
+LineResult RunExec(Session& session, const Words& arguments);
+LineResult RunFail(Session& session, const Words& arguments);
 LineResult RunQuit(Session& session, const Words& arguments);
 
 }  // namespace headless

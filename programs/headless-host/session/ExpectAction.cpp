@@ -34,7 +34,7 @@ LineResult ExpectFont(Session& session, const Words& words)
     const std::string subject = "font " + words[0];
     const DocumentObject* const document = session.running.host.GetCurrentDocument();
     if (document == nullptr) return Compare(subject, words[1], "no document open");
-    const auto& fonts = document->content.fonts;
+    const std::vector<std::string> fonts = documents::GetAllFontNames(document->content);
     if (std::find(fonts.begin(), fonts.end(), words[0]) == fonts.end()) {
         return Compare(subject, words[1], "no such font in the current document");
     }

@@ -93,6 +93,12 @@ bool ReadSeconds(const std::string& text, double& seconds)
            seconds <= kLongest;
 }
 
+bool ReadStatus(const std::string& text, int& status)
+{
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), status);
+    return result.ec == std::errc() && result.ptr == text.data() + text.size();
+}
+
 std::string GetBareName(const std::string& path) { return path.substr(path.rfind('/') + 1); }
 
 }  // namespace headless

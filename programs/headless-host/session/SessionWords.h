@@ -30,6 +30,7 @@ std::string JoinUsage(const std::string& name, const std::string& arguments);
 // Read all of `text` as a number; return false if it is none. Seconds are from 0 to 86400.
 bool ReadCount(const std::string& text, unsigned long& number);
 bool ReadSeconds(const std::string& text, double& seconds);
+bool ReadStatus(const std::string& text, int& status);
 
 // The last component of a path.
 std::string GetBareName(const std::string& path);

@@ -6,6 +6,7 @@ SuiteCall::SuiteCall(Host& theHost, const SuiteRow& row, const char* operationNa
     : host(theHost),
       operation(std::string(row.name) + ", " + operationName),
       mRow(row),
+      mName(operationName),
       mWanted(theHost.journal.IsOpen())
 {
 }
@@ -28,6 +29,16 @@ bool SuiteCall::IsAllowed()
     if (host.suites.IsHeld(mRow)) return true;
     (void)Refuse("the suite is called without being acquired");
     return false;
+}
+
+bool SuiteCall::TakeFailure(AIErr& status)
+{
+    if (host.failures.empty()) return false;
+    const auto failure = host.failures.find(mName);
+    if (failure == host.failures.end()) return false;
+    status = failure->second;
+    host.failures.erase(failure);
+    return true;
 }
 
 void SuiteCall::Finish(int result)

@@ -50,6 +50,9 @@ public:
     // Returns false, and records a violation, if the plug-in hasn't acquired the suite.
     bool IsAllowed();
 
+    // Returns true, once, if this call shall fail, which Host::failures says.
+    bool TakeFailure(AIErr& status);
+
     // Writes the line to the journal.
     void Finish(int result);
 
@@ -58,6 +61,7 @@ public:
 
 private:
     const SuiteRow& mRow;
+    const char* const mName;  // of the operation alone
     const bool mWanted;
     nlohmann::json mArguments = nlohmann::json::object();
     nlohmann::json mResults = nlohmann::json::object();
@@ -72,7 +76,8 @@ AIErr Answer(const SuiteRow& row, const char* operation, Body body) noexcept
     if (host == nullptr) return kHostBadParameter;
     try {
         SuiteCall call(*host, row, operation);
-        const AIErr result = call.IsAllowed() ? body(call) : kHostBadParameter;
+        AIErr result = kHostBadParameter;
+        if (call.IsAllowed() && !call.TakeFailure(result)) result = body(call);
         call.Finish(result);
         return result;
     } catch (...) {

@@ -22,7 +22,8 @@ bool UseHome(const std::string& folder, std::string& error);
 // environment names no home, or if the folder cannot be created.
 std::string GetStateFolder();
 
-// The folder for documents::DraftRecord, which may not exist. Empty if the environment names no home.
+// The folder for documents::DraftRecord, which may not exist. Empty if the environment names no
+// home.
 std::string GetDraftRecordFolder();
 
 // The XDG data folder of the user, which may not exist. Empty if the environment names no home.

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <cstdlib>
+
 #include "ScratchFolder.h"
 #include "WithoutRootRights.h"
 
@@ -51,6 +53,24 @@ TEST(GetLowerExtensionTest, TheLastComponentHasIt)
     EXPECT_EQ(GetLowerExtension("/a.b/name"), "");
     EXPECT_EQ(GetLowerExtension("/a/.ai"), "");
     EXPECT_EQ(GetLowerExtension(""), "");
+}
+
+TEST(FindProgramTest, TheFirstAbsoluteFolderWithTheProgramHasIt)
+{
+    const ScratchFolder folder;
+    for (const char* const name : {"a/plain", "b/plain", "b/tool", "c/tool"}) {
+        fs::permissions(folder.Write(name, ""), fs::perms::owner_all);
+    }
+    fs::permissions(folder.Path("a/plain"), fs::perms::owner_read);
+    setenv(
+        "PATH",
+        ("relative:" + folder.Path("a") + "::" + folder.Path("b") + ":" + folder.Path("c")).c_str(),
+        1);
+    EXPECT_EQ(base::FindProgram("tool"), folder.Path("b/tool"));
+    EXPECT_EQ(base::FindProgram("plain"), folder.Path("b/plain"));
+    EXPECT_EQ(base::FindProgram("none"), "");
+    unsetenv("PATH");
+    EXPECT_EQ(base::FindProgram("tool"), "");
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "OpenBytes.h"
+#include "PdfMaker.h"
 #include "documents/OpenDocument.h"
 
 using namespace documents;
@@ -16,6 +17,8 @@ namespace {
 constexpr size_t kStep = 997;
 
 std::string GetSample(const std::string& name) { return std::string(SAMPLES_FOLDER "/") + name; }
+
+class NativeSample : public testing::TestWithParam<const char*> {};
 
 class CutOffSample : public testing::TestWithParam<const char*> {};
 
@@ -29,7 +32,9 @@ TEST(Samples, BusinessCardIsRead)
                 UnorderedElementsAre("YuseiMagic-Regular", "DejaVuSerif-Bold", "DejaVuSans"));
     EXPECT_THAT(result.document.linkedFiles, ElementsAre("leaflet.eps"));
     EXPECT_EQ("Headless Host", result.document.creator);
-    EXPECT_TRUE(result.document.notes.empty());
+    EXPECT_EQ("", JoinNotes(result.document));
+    EXPECT_EQ("native", result.document.reader);
+    EXPECT_EQ("YuseiMagic-Regular:10 DejaVuSerif-Bold:8 | DejaVuSans:25", DescribeFrames(result));
 }
 
 TEST(Samples, LeafletIsRead)
@@ -47,7 +52,26 @@ TEST(Samples, LetterheadIsRead)
     ASSERT_TRUE(result.ok) << result.error;
     EXPECT_TRUE(result.document.isTemplate);
     EXPECT_THAT(result.document.linkedFiles, ElementsAre("business-card.ai", "business-card.ai"));
+    EXPECT_EQ("native", result.document.reader);
+    EXPECT_EQ("DejaVuSerif-Bold:19 YuseiMagic-Regular:20", DescribeFrames(result));
+    EXPECT_EQ("", JoinNotes(result.document));
 }
+
+// Other programs read the pages of a native document, and this one does if the part is damaged.
+TEST_P(NativeSample, PagesShowTheFontsOfTheNativePart)
+{
+    const std::string path = GetSample(GetParam());
+    const OpenResult native = OpenDocument(path);
+    std::string bytes = ReadWholeFile(path);
+    const size_t place = bytes.find("/AIPrivateData1");
+    ASSERT_NE(std::string::npos, place);
+    bytes.replace(place, 15, "/AIPrivateDataX");
+    const OpenResult page = OpenBytes(bytes);
+    EXPECT_EQ("pdf", page.document.reader);
+    EXPECT_EQ(native.document.fonts, page.document.fonts);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, NativeSample, testing::Values("business-card.ai", "letterhead.ait"));
 
 TEST(Samples, DocumentWithAMissingFontIsRead)
 {

@@ -2,6 +2,12 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <fstream>
 
 #include "FontTestHome.h"
 
@@ -15,6 +21,43 @@ std::vector<std::string> GetNames(const fonts::FontFaces& content)
     std::vector<std::string> names;
     for (const fonts::FontFace& face : content.faces) names.push_back(face.postScriptName);
     return names;
+}
+
+enum Outcome { kRead, kLacksMemory, kWrong };
+
+// Takes all memory that this process can have, and then allows it so much more.
+void LeaveMemory(size_t bytes)
+{
+    std::ifstream sizes("/proc/self/statm");
+    size_t pages = 0;
+    sizes >> pages;
+    const size_t most = pages * static_cast<size_t>(sysconf(_SC_PAGESIZE));
+    rlimit limit = {most, most + bytes};
+    if (setrlimit(RLIMIT_AS, &limit) != 0) _exit(kWrong);
+    void* volatile taken = nullptr;  // volatile: compilers may leave out what isn't used
+    for (const size_t block : {size_t{1000}, size_t{16}}) {
+        do {
+            taken = std::malloc(block);
+        } while (taken != nullptr);
+    }
+    limit.rlim_cur = limit.rlim_max;
+    if (setrlimit(RLIMIT_AS, &limit) != 0) _exit(kWrong);
+}
+
+Outcome ReadWithin(const std::filesystem::path& file, const std::string& name, size_t bytes)
+{
+    const std::string path = file;
+    const pid_t child = fork();
+    if (child == 0) {
+        LeaveMemory(bytes);
+        const fonts::FontFaces content = fonts::ReadFontFaces(path);
+        if (content.lacksMemory) _exit(content.problem == "out of memory" ? kLacksMemory : kWrong);
+        _exit(content.faces.size() == 1 && content.faces[0].postScriptName == name ? kRead
+                                                                                   : kWrong);
+    }
+    int status = -1;
+    if (child < 0 || waitpid(child, &status, 0) != child || !WIFEXITED(status)) return kWrong;
+    return static_cast<Outcome>(WEXITSTATUS(status));
 }
 
 TEST(FontFaces, ReadsTheNameOfAPlainFile)
@@ -60,6 +103,22 @@ TEST(FontFaces, ReportsWhyAFileIsUnusable)
         EXPECT_THAT(content.faces, IsEmpty()) << name;
         EXPECT_FALSE(content.problem.empty()) << name;
     }
+}
+
+TEST(FontFaces, LackOfMemoryIsNotTakenForDamage)
+{
+    if (IS_SANITIZED) GTEST_SKIP() << "a sanitizer needs more memory than the limit";
+    const FontTestHome home;
+    const auto file = FontTestHome::CopyFont("DejaVuSans", home.GetLibrary());
+    size_t refused = 0;
+    size_t read = 0;
+    for (size_t kibibytes = 0; kibibytes < 3000; kibibytes += 20) {
+        const Outcome outcome = ReadWithin(file, "DejaVuSans", kibibytes << 10);
+        EXPECT_NE(kWrong, outcome) << kibibytes;
+        ++(outcome == kRead ? read : refused);
+    }
+    EXPECT_LT(0U, refused);
+    EXPECT_LT(0U, read);
 }
 
 TEST(FontFaces, ReadsFilesThatAreCutAnywhere)

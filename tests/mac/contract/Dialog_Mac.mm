@@ -88,7 +88,7 @@ Dialog::Dialog(const std::string& title, Kind kind) : mWindow(std::make_unique<W
     const Class classes[] = {[DVAMacDialog class], [DialogOfASubclass class], [NSPanel class]};
     NSPanel* const panel =
         [[classes[static_cast<int>(kind)] alloc] initWithContentRect:NSMakeRect(40, 40, 320, 120)
-                                                           styleMask:NSTitledWindowMask
+                                                           styleMask:NSWindowStyleMaskTitled
                                                              backing:NSBackingStoreBuffered
                                                                defer:NO];
     [panel setReleasedWhenClosed:NO];

@@ -51,7 +51,10 @@ TEST_F(FileDateContract, IsZeroForAFileThatCannotBeRead)
     EXPECT_EQ(0, GetFileModificationDate("Untitled-1"));
     EXPECT_EQ(0, GetFileModificationDate(""));
     EXPECT_EQ(0, GetFileModificationDate(nullptr));
-    EXPECT_EQ(0, GetFileModificationDate(FileOf(1500000000, 0, "caf\xE9.ai").c_str()));
+    const std::string name = "caf\xE9.ai";
+    const std::string path =
+        Platform::kFileNamesAreUTF8 ? scratch.Path(name) : FileOf(1500000000, 0, name);
+    EXPECT_EQ(0, GetFileModificationDate(path.c_str()));
     EXPECT_EQ(before, Platform::LiveReferences());
 }
 
@@ -67,6 +70,7 @@ TEST_F(FileDateContract, FollowsALinkIfThePlatformDoes)
 
 TEST_F(FileDateContract, LeaksNoReference)
 {
+    if (!Platform::kCountsReferences) GTEST_SKIP() << "references are not counted";
     const std::string path = FileOf(1234567890, 0);
     const long before = Platform::LiveReferences();
     EXPECT_NE(0, GetFileModificationDate(path.c_str()));

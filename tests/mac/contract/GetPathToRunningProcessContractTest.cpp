@@ -36,6 +36,7 @@ TEST(LaunchFileContract, IsReadFromTheUsersLibraryFolder)
     GetUsersAppDataDirectory(folder);
     EXPECT_EQ(library, folder);
 
+    std::filesystem::remove_all(library + "/Maker");
     std::string value = "as it was";
     EXPECT_EQ(CoreErrorCodes::kUnknownError, GetConfiguredPath("Maker", "a.conf", "key", value));
     EXPECT_EQ("as it was", value);

@@ -16,7 +16,7 @@ namespace {
 const char* const kTitle = "Missing Fonts";
 const std::string kFiveSeconds = "SetSuppressionOfMissingFontsDialog(until 5 seconds from now)";
 
-// Runs `body` in a child process with the hook installed, the built-in title hints and a
+// Runs `body` in a fresh process with the hook installed, the built-in title hints and a
 // suppression period of 15 seconds.
 template <class Body>
 void WithHook(Body body)

@@ -29,6 +29,13 @@ extern const bool kDecomposesPaths;
 // True if a byte order mark at the start of a path is dropped.
 extern const bool kDropsByteOrderMark;
 
+// True if the file system refuses file names that aren't UTF-8.
+extern const bool kFileNamesAreUTF8;
+
+// True if it isn't known whether the platform keeps a byte order mark at the start of a path and
+// double slashes in it. Tests accept both and print what they have seen.
+extern const bool kMayCleanPaths;
+
 // Returns the folder that replaces a leading tilde.
 std::string HomeFolder();
 
@@ -48,6 +55,9 @@ struct ShownAlert {
 
 // Runs `body`, dismisses each alert that it shows and returns the alerts in order.
 std::vector<ShownAlert> AlertsOf(const std::function<void()>& body);
+
+// True if LiveReferences counts. Where it doesn't, tests of nothing else are skipped.
+extern const bool kCountsReferences;
 
 // Returns the number of references to platform objects that haven't been released; 0 where
 // references cannot be counted.

@@ -7,6 +7,8 @@
 
 namespace Platform {
 
+const bool kCountsReferences = false;
+
 // CoreFoundation doesn't count live references.
 long LiveReferences() { return 0; }
 

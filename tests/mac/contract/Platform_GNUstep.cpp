@@ -20,6 +20,8 @@ void UsePrivateFrameworks(const std::string& folder)
     CoreFoundationStandIn::SetMainBundle(host);
 }
 
+const bool kCountsReferences = true;
+
 long LiveReferences() { return CoreFoundationStandIn::LiveReferences(); }
 
 std::string RunningExecutable()

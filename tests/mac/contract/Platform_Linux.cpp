@@ -15,6 +15,9 @@ const bool kEarlyDateIsCutUpwards = false;
 const bool kFindsEmptyText = false;
 const bool kDecomposesPaths = false;
 const bool kDropsByteOrderMark = false;
+const bool kFileNamesAreUTF8 = false;
+const bool kMayCleanPaths = false;
+const bool kCountsReferences = false;
 
 namespace {
 

@@ -13,11 +13,13 @@ const bool kEveryFolderIsABundle = true;
 const bool kDateFollowsLinks = false;
 const bool kEarlyDateIsCutUpwards = true;
 
-// True over GNUstep, which differs from macOS in the three constants below.
+// True over GNUstep, which differs from macOS in the constants below.
 constexpr bool kIsGNUstep = TYPELOFT_OVER_GNUSTEP;
 const bool kFindsEmptyText = kIsGNUstep;
 const bool kDecomposesPaths = !kIsGNUstep;
 const bool kDropsByteOrderMark = kIsGNUstep;
+const bool kFileNamesAreUTF8 = !kIsGNUstep;
+const bool kMayCleanPaths = !kIsGNUstep;
 
 namespace {
 
@@ -36,8 +38,10 @@ std::string HomeFolder() { return [NSHomeDirectory() UTF8String]; }
 
 std::string LibraryFolder()
 {
-    const char* const home = std::getenv("HOME");
-    return kIsGNUstep && home != nullptr ? home + std::string("/Library") : "";
+    // CoreFoundation takes the home folder from this variable, which isn't documented.
+    const char* const home = std::getenv(kIsGNUstep ? "HOME" : "CFFIXED_USER_HOME");
+    if (home == nullptr || (!kIsGNUstep && HomeFolder() != home)) return "";
+    return home + std::string("/Library");
 }
 
 std::vector<ShownAlert> AlertsOf(const std::function<void()>& body)
@@ -94,7 +98,7 @@ static NSButton* FindDefaultButton(NSView* view)
     (void)timer;
     [FindDefaultButton([[NSApp modalWindow] contentView]) performClick:nil];
     // Wakes the modal loop, which handles the click only between events.
-    [NSApp postEvent:[NSEvent otherEventWithType:NSApplicationDefined
+    [NSApp postEvent:[NSEvent otherEventWithType:NSEventTypeApplicationDefined
                                         location:NSZeroPoint
                                    modifierFlags:0
                                        timestamp:0

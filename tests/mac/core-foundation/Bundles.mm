@@ -111,6 +111,7 @@ CFBundleRef CFBundleCreate(CFAllocatorRef, CFURLRef url)
 
 CFBundleRef CFBundleGetMainBundle(void)
 {
+    if (MustFail(__func__)) return nullptr;
     if (gMainBundle.empty()) {
         char program[4096] = {};
         if (readlink("/proc/self/exe", program, sizeof program - 1) < 0) return nullptr;
@@ -148,9 +149,15 @@ CFURLRef CFBundleCopyPrivateFrameworksURL(CFBundleRef bundle)
     return CopyURL([path stringByAppendingPathComponent:@"Contents/Frameworks"]);
 }
 
-CFTypeRef CFBundleGetValueForInfoDictionaryKey(CFBundleRef bundle, CFStringRef key)
+CFDictionaryRef CFBundleGetInfoDictionary(CFBundleRef bundle)
 {
-    return [As<StandInBundle>(bundle)->information objectForKey:As<NSString>(key)];
+    if (MustFail(__func__)) return nullptr;
+    return reinterpret_cast<CFDictionaryRef>(As<StandInBundle>(bundle)->information);
+}
+
+const void* CFDictionaryGetValue(CFDictionaryRef dictionary, const void* key)
+{
+    return [As<NSDictionary>(dictionary) objectForKey:As<NSString>(key)];
 }
 
 void* CFBundleGetFunctionPointerForName(CFBundleRef bundle, CFStringRef name)

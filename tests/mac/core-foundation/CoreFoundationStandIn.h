@@ -11,7 +11,7 @@ namespace CoreFoundationStandIn {
 STAND_IN_EXPORT long LiveReferences();
 
 // Makes the next call of `function` fail with the result that it has on macOS: null, false or a
-// status.
+// status. "the value of CFURLCopyResourcePropertyForKey" makes that function succeed with null.
 STAND_IN_EXPORT void FailNextCall(const std::string& function);
 
 // Makes the folder `path` the main bundle. Until the first call that is the program's own folder.

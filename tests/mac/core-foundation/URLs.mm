@@ -14,9 +14,12 @@ static bool GetStatus(CFURLRef url, struct stat& status)
 CFURLRef CFURLCreateWithFileSystemPath(CFAllocatorRef, CFStringRef path, CFURLPathStyle,
                                        Boolean isDirectory)
 {
-    if (MustFail(__func__) || CFStringGetLength(path) == 0) return nullptr;
-    return Give<CFURLRef>([[NSURL fileURLWithPath:As<NSString>(path)
-                                      isDirectory:isDirectory] retain]);
+    if (MustFail(__func__)) return nullptr;
+    // macOS doesn't say what the URL of an empty path is. This is the worst that it can be.
+    NSString* const place = CFStringGetLength(path) != 0
+                                ? As<NSString>(path)
+                                : [[NSFileManager defaultManager] currentDirectoryPath];
+    return Give<CFURLRef>([[NSURL fileURLWithPath:place isDirectory:isDirectory] retain]);
 }
 
 CFURLRef CFURLCreateCopyAppendingPathComponent(CFAllocatorRef, CFURLRef url, CFStringRef component,
@@ -59,6 +62,10 @@ Boolean CFURLGetFileSystemRepresentation(CFURLRef url, Boolean, UInt8* buffer, C
 Boolean CFURLCopyResourcePropertyForKey(CFURLRef url, CFStringRef key, void* value, CFErrorRef*)
 {
     if (MustFail(__func__)) return false;
+    if (MustFail("the value of CFURLCopyResourcePropertyForKey")) {
+        *static_cast<CFDateRef*>(value) = nullptr;
+        return true;
+    }
     const bool isKnown = [As<NSString>(key) isEqual:As<NSString>(kCFURLContentModificationDateKey)];
     struct stat status;
     if (!isKnown || !GetStatus(url, status)) return false;

@@ -3,4 +3,5 @@
 
 #import <AppKit/NSEvent.h>
 
+#define NSEventTypeApplicationDefined NSApplicationDefined
 #define NSEventTypeKeyDown NSKeyDown

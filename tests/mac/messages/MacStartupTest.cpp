@@ -17,7 +17,7 @@ namespace {
 
 const char* const kTitle = "Missing Fonts";
 
-// The plug-in before its startup, without a PluginCore. Each body runs in a child process, because
+// The plug-in before its startup, without a PluginCore. Each body has a process of its own, because
 // an installed hook cannot be removed.
 class MacStartup : public MessageFixture {
 protected:

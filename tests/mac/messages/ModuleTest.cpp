@@ -1,6 +1,7 @@
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
+#include "CheckBundle.h"
 #include "FreshProcess.h"
 #include "InstalledCore.h"
 #include "Platform.h"
@@ -53,6 +54,19 @@ TEST(Module, ShowsAnAlertIfPluginCoreIsMissing)
         EXPECT_EQ("./CorvantaFontManagement...", alerts[0].informativeText);
         EXPECT_EQ(nullptr, module.host.globals);
     });
+}
+
+TEST(Module, PassesTheCheckOfItsBundle)
+{
+    const InstalledCore installed("complete");
+    InFreshProcess([&] { EXPECT_EQ(0, CheckBundle(PLUGIN_BUNDLE, installed.Executable())); });
+}
+
+TEST(Module, CheckOfABundleFindsAFolderWithoutAModule)
+{
+    const InstalledCore installed("complete");
+    const ScratchFolder folder;
+    InFreshProcess([&] { EXPECT_EQ(2, CheckBundle(folder.Path(), installed.Executable())); });
 }
 
 TEST(Module, InstallsItsHookInTheApplicationThatLoadsIt)

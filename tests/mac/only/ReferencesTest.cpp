@@ -66,13 +66,13 @@ TEST(BundlePath, IsThePathOfTheLoadedBundleWithTheIdentifier)
     EXPECT_EQ(before, LiveReferences());
 }
 
-// A host whose PlugPlugOwl.framework is an empty folder.
-class HostWithOwl {
+// A host whose only framework is an empty folder.
+class HostWithFramework {
 public:
-    HostWithOwl()
+    explicit HostWithFramework(const std::string& name)
     {
         std::filesystem::create_directories(
-            mScratch.Path("Host.app/Contents/Frameworks/PlugPlugOwl.framework"));
+            mScratch.Path("Host.app/Contents/Frameworks/" + name + ".framework"));
         CoreFoundationStandIn::SetMainBundle(mScratch.Path("Host.app"));
     }
 
@@ -85,7 +85,7 @@ class FailingStep : public testing::TestWithParam<const char*> {};
 
 TEST_P(FailingStep, OfTheEventBusLeavesNoBundleAndNoReference)
 {
-    const HostWithOwl host;
+    const HostWithFramework host("PlugPlugOwl");
     const long before = LiveReferences();
     // Some steps are done once for each of the two frameworks, so two calls must fail.
     FailNextCall(GetParam());
@@ -107,7 +107,7 @@ class FailingPlainName : public testing::TestWithParam<const char*> {};
 
 TEST_P(FailingPlainName, DoesNotPreventPlugPlugOwl)
 {
-    const HostWithOwl host;
+    const HostWithFramework host("PlugPlugOwl");
     FailNextCall(GetParam());
     SDKPlugPlug binding;
     // PlugPlugOwl is found, but has none of the functions.
@@ -119,6 +119,30 @@ INSTANTIATE_TEST_SUITE_P(Steps, FailingPlainName,
                          testing::Values("CFURLCreateCopyAppendingPathComponent",
                                          "CFURLCopyAbsoluteURL"),
                          [](const auto& row) { return std::string(row.param); });
+
+TEST(EventBus, NeedsAMainBundle)
+{
+    FailNextCall("CFBundleGetMainBundle");
+    EXPECT_EQ(nullptr, OSOpenEventBus());
+}
+
+TEST(EventBus, HasNoBundleIfPlugPlugHasNoURLAndPlugPlugOwlIsMissing)
+{
+    const HostWithFramework host("PlugPlug");
+    const long before = LiveReferences();
+    for (const char* step : {"CFURLCreateCopyAppendingPathComponent", "CFURLCopyAbsoluteURL"}) {
+        FailNextCall(step);
+        EXPECT_EQ(nullptr, OSOpenEventBus()) << step;
+    }
+    EXPECT_EQ(before, LiveReferences());
+}
+
+TEST(BundleFunction, IsNullWithoutABundleOrAName)
+{
+    const ScratchFolder scratch;
+    EXPECT_EQ(nullptr, OSFindFunction(nullptr, "name"));
+    EXPECT_EQ(nullptr, OSFindFunction(OSOpenBundle(scratch.Path()), nullptr));
+}
 
 class FailingBundleStep : public testing::TestWithParam<const char*> {};
 
@@ -135,6 +159,18 @@ INSTANTIATE_TEST_SUITE_P(Steps, FailingBundleStep,
                          testing::Values("CFStringCreateWithCString",
                                          "CFURLCreateWithFileSystemPath", "CFBundleCreate"),
                          [](const auto& row) { return std::string(row.param); });
+
+TEST(FileDateSteps, NullDateIsNoDate)
+{
+    const ScratchFolder scratch;
+    const std::string path = scratch.Write("a", "x");
+    const long before = LiveReferences();
+    FailNextCall("the value of CFURLCopyResourcePropertyForKey");
+    EXPECT_EQ(0, GetFileModificationDate(path.c_str()));
+    EXPECT_EQ(before, LiveReferences());
+}
+
+TEST(FileDateSteps, EmptyStringIsNoPath) { EXPECT_EQ(0, GetFileModificationDate(Text("").get())); }
 
 TEST(FileDateSteps, FailSilentlyAndLeakNoReference)
 {

@@ -14,7 +14,8 @@ long GetFileModificationDate(const char* path)
 
 long GetFileModificationDate(CFStringRef path)
 {
-    if (path == nullptr) return 0;
+    // The URL of an empty path may be that of the working directory.
+    if (path == nullptr || CFStringGetLength(path) == 0) return 0;
     const CFHolder<CFURLRef> url(
         CFURLCreateWithFileSystemPath(kCFAllocatorDefault, path, kCFURLPOSIXPathStyle, false));
     if (!url) return 0;

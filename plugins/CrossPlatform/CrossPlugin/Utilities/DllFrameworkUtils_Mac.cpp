@@ -26,6 +26,8 @@ std::string GetStdString(CFStringRef text)
 
 BundleRef OSOpenBundle(const std::string& path)
 {
+    // The URL of an empty path may be that of the working directory, and every folder is a bundle.
+    if (path.empty()) return nullptr;
     const CFHolder<CFStringRef> text = MakeString(path.c_str());
     if (!text) return nullptr;
     const CFHolder<CFURLRef> url(
@@ -35,8 +37,10 @@ BundleRef OSOpenBundle(const std::string& path)
 
 bool OSGetBundleVersion(BundleRef bundle, std::string& version)
 {
-    const CFTypeRef value = CFBundleGetValueForInfoDictionaryKey(
-        ToCFBundle(bundle), CFSTR("CFBundleShortVersionString"));
+    // The dictionary itself: a look-up by key through the bundle prefers localized values.
+    const CFDictionaryRef information = CFBundleGetInfoDictionary(ToCFBundle(bundle));
+    if (information == nullptr) return false;
+    const CFTypeRef value = CFDictionaryGetValue(information, CFSTR("CFBundleShortVersionString"));
     // A property list may have a number in place of the text.
     if (value == nullptr || CFGetTypeID(value) != CFStringGetTypeID()) return false;
     version = GetStdString(static_cast<CFStringRef>(value));

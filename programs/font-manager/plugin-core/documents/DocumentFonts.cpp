@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "documents/model/FileKind.h"
+#include "documents/model/FontName.h"
 #include "plugin-core/documents/HostDocuments.h"
 #include "plugin-core/storage/ErrorLog.h"
 #include "plugin-core/storage/Failure.h"
@@ -28,17 +29,42 @@ void DocumentFonts::SetUsed(const std::string& path, const Names& names)
     mUsed[path] = {names.begin(), names.end()};
 }
 
-// The fonts of the text, which are known here, and then those in the placed files.
-Names DocumentFonts::AddLinked(const std::string& path, const Usage& usage)
+Names DocumentFonts::MatchFonts(const Names& names)
+{
+    const auto hasSuffix = [](const std::string& name) {
+        return documents::HasEncodingSuffix(name);
+    };
+    // The active fonts are listed only for the few documents that need it.
+    if (std::none_of(names.begin(), names.end(), hasSuffix)) return names;
+    const Services::ActiveNames active = mServices.ListActive();
+    (void)mServices.SelectFromLibrary(names);  // updates the index, once for all names
+    const auto exists = [&](const std::string& name) {
+        return active.ours.count(name) != 0 || active.others.count(name) != 0 ||
+               mServices.library.Find(name).has_value();
+    };
+    Names matched;
+    std::set<std::string> added;
+    for (const std::string& name : names) {
+        std::string font = documents::ChooseFontName(name, exists);
+        if (added.insert(font).second) matched.push_back(std::move(font));
+    }
+    return matched;
+}
+
+// The fonts of the text, which reports name, then the listed ones, then those in the placed files.
+Names DocumentFonts::GetAll(const std::string& path, const Usage& usage)
 {
     Names names = *usage.fonts;
-    const Names placed = usage.linkedDocuments.value_or(Names());
-    const std::set<std::string> own(names.begin(), names.end());
-    // Those in the placed files are different from each other.
-    for (const std::string& name : mServices.linkedDocuments.GetFonts(path, placed)) {
-        if (own.count(name) == 0) names.push_back(name);
-    }
-    return names;
+    std::set<std::string> seen(names.begin(), names.end());
+    const auto add = [&](const Names& others) {
+        for (const std::string& name : others) {
+            if (seen.insert(name).second) names.push_back(name);
+        }
+    };
+    const auto listed = mListed.find(path);
+    if (listed != mListed.end()) add(listed->second);
+    add(mServices.linkedDocuments.GetFonts(path, usage.linkedDocuments.value_or(Names())));
+    return MatchFonts(names);
 }
 
 Names DocumentFonts::Open(const std::string& path, Usage usage, ActivationMode mode)
@@ -53,11 +79,12 @@ Names DocumentFonts::Open(const std::string& path, Usage usage, ActivationMode m
         const std::optional<DocumentContent> content = mServices.linkedDocuments.Read(path);
         // Not an error here: the host reads the file next and reports what is wrong with it.
         if (!content && !usage.fonts) return {};
+        if (content) mListed[path] = content->listedFonts;
         if (content && !usage.fonts) usage.fonts = content->fonts;
         if (content && !usage.linkedDocuments) usage.linkedDocuments = content->linkedFiles;
     }
     mServices.documentStore.Remember(path);
-    const Names names = AddLinked(path, usage);
+    const Names names = GetAll(path, usage);
     SetUsed(path, names);
     mOpen.insert(path);
     mSaved.erase(path);
@@ -125,7 +152,7 @@ int DocumentFonts::Activate(const std::string& path, const Names& names)
     mServices.ApplyLibraryChoice();
     const Services::ActiveNames before = mServices.ListActive();
     const Names inactive =
-        Select(names, [&](const auto& name) { return before.others.count(name) == 0; });
+        Select(MatchFonts(names), [&](const auto& name) { return before.others.count(name) == 0; });
     return ActivateInactive(path, path.empty() ? mServices.SelectFromLibrary(inactive) : inactive);
 }
 
@@ -152,7 +179,7 @@ void DocumentFonts::Save(const std::string& path, const std::string& usageText, 
     const Usage usage = ReadUsage(usageText);
     mServices.documentStore.StoreUsage(path, usageText);
     if (!usage.fonts) return;
-    const Names names = AddLinked(path, usage);
+    const Names names = GetAll(path, usage);
     SetUsed(path, names);
     if (mOpen.count(path) == 0) {
         mSaved.insert(path);
@@ -175,6 +202,8 @@ void DocumentFonts::Release(const std::string& path)
     mSavedAmong.erase(path);
     mRefusals.Forget(path);
     mUsed.erase(path);
+    mServices.linkedDocuments.Forget(path);
+    mListed.erase(path);
     mServices.activation.Release(path);
 }
 
@@ -219,7 +248,7 @@ void DocumentFonts::Update(const std::string& id, const std::string& usageText)
     }
     const std::string path = mServices.documentStore.GetPath(id);
     if (path.empty() || !usage.fonts) return;
-    SetUsed(path, AddLinked(path, usage));
+    SetUsed(path, GetAll(path, usage));
 }
 
 Names DocumentFonts::GetFonts(const std::string& path, const std::string& usageText)
@@ -228,7 +257,7 @@ Names DocumentFonts::GetFonts(const std::string& path, const std::string& usageT
     Usage usage = stored.empty() ? Usage() : ReadUsage(stored);
     if (!usageText.empty()) usage.fonts = ReadFontNames(usageText);
     if (!usage.fonts) usage.fonts.emplace();
-    return AddLinked(path, usage);
+    return GetAll(path, usage);
 }
 
 DocumentFonts::Result DocumentFonts::ActivateAll(const std::string& path,

@@ -15,8 +15,11 @@ namespace plugincore {
 // Activates and releases fonts as documents are opened, saved and closed. Errors are thrown as
 // Failure. [main-thread]
 //
-// The fonts of a document are those of its own text and those in the files that it places. A
-// document holds them from its opening to its close.
+// The fonts of a document are those of its own text, those that its file lists without using them
+// (see documents::GetAllFonts), and those in the files that it places. A document holds them from
+// its opening to its close. A name that ends in -Identity-H or -Identity-V and is unknown stands
+// for the font without that end, if there is one; stored usage reports keep the document's own
+// name.
 //
 // No close event names a document that was first saved in this session: a new one, a copy of a
 // template, or one saved under another name. Such a document is released as soon as one of these
@@ -58,7 +61,8 @@ public:
     int Activate(const std::string& path, const std::vector<std::string>& names);
 
     // Stores the usage report, a JSON text, and makes the document hold exactly its fonts: new ones
-    // are activated as at the opening, others are released. Without a report, only the path gets an
+    // are activated as at the opening, others are released. Reports don't name listed fonts: those
+    // of the opening remain. Without a report, only the path gets an
     // id. Idempotent: the report that the close repeats changes nothing.
     void Save(const std::string& path, const std::string& usage, ActivationMode mode);
 
@@ -95,7 +99,7 @@ public:
     std::vector<std::string> ReleaseUnused();
 
     // The known fonts of the document: those of the usage report `usage`, or of the stored one if
-    // `usage` is "", and those in placed files.
+    // `usage` is "", the listed ones if it is open, and those in placed files.
     std::vector<std::string> GetFonts(const std::string& path, const std::string& usage);
 
     // Whether the user refused the font for this document.
@@ -105,7 +109,10 @@ public:
     }
 
 private:
-    std::vector<std::string> AddLinked(const std::string& path, const Usage& usage);
+    // Returns the names under which the fonts exist (FontName.h: ChooseFontName), without repeats
+    // if one differs.
+    std::vector<std::string> MatchFonts(const std::vector<std::string>& names);
+    std::vector<std::string> GetAll(const std::string& path, const Usage& usage);
     int ActivateInactive(const std::string& path, const std::vector<std::string>& wanted);
     void ActivateNew(const std::string& path, const std::vector<std::string>& names,
                      ActivationMode mode);
@@ -119,6 +126,8 @@ private:
     std::set<std::string> mSaved;  // saved without having been opened, and not released
     // The last known fonts of each document that holds fonts in this process.
     std::map<std::string, std::set<std::string>> mUsed;
+    // The listed fonts of each open document, as of its last reading.
+    std::map<std::string, std::vector<std::string>> mListed;
     // For each document in mSaved that was no blank one: the documents open at that time that
     // aren't closed yet. It is one of them.
     std::map<std::string, std::set<std::string>> mSavedAmong;

@@ -8,6 +8,9 @@
 namespace plugincore {
 namespace {
 
+// The modification time of a file that the next Refresh reads again, changed or not.
+constexpr int64_t kReadAgain = -1;
+
 struct KnownFile {
     int64_t id;
     int64_t modified;
@@ -109,7 +112,9 @@ void FontLibrary::RefreshFolder(const std::string& folder)
         const bool isSame = known != gone.end() && known->second.modified == state.modified &&
                             known->second.size == state.size;
         if (known != gone.end()) gone.erase(known);
-        if (!isSame) changed.push_back({state, fonts::ReadFontFaces(state.path)});
+        if (isSame) continue;
+        changed.push_back({state, fonts::ReadFontFaces(state.path)});
+        if (changed.back().content.lacksMemory) changed.back().state.modified = kReadAgain;
     }
     mFilesRead += static_cast<int64_t>(changed.size());
     mFilesGone += static_cast<int64_t>(gone.size());

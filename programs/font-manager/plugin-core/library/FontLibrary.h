@@ -33,7 +33,8 @@ public:
     void SetSelection(std::string folder) { mSelection = std::move(folder); }
     const std::string& GetSelection() const { return mSelection; }
 
-    // Updates the index. Folders and files that can't be read are no error.
+    // Updates the index. Folders and files that can't be read are no error. A file that can't be
+    // read for lack of memory is a bad file until the next Refresh, which reads it again.
     void Refresh();
 
     // Returns the file to use for a name: OpenType before Type 1, then the newest one, then the

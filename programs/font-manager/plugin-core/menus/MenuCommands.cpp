@@ -6,6 +6,7 @@
 
 #include "base/Plural.h"
 #include "plugin-core/activation/UnavailableFont.h"
+#include "plugin-core/menus/FileManager.h"
 #include "plugin-core/menus/MenuModel.h"
 #include "plugin-core/storage/Failure.h"
 
@@ -113,12 +114,15 @@ void MenuCommands::ShowMissing(const std::string& documentId, const std::string&
 void MenuCommands::AddFolder()
 {
     constexpr const char* kTitle = "Add Font Folder";
-    if (!IsInteractive()) {
-        ShowAlert(kTitle, "There is no terminal to ask on. Put the folder into the font library: " +
-                              JoinNames(mServices.folders.GetRoots()));
+    const std::string answer =
+        IsInteractive() ? AskForText("Folder with fonts to add:", std::cin, std::cerr) : "";
+    if (!IsInteractive() || (answer.empty() && !std::cin)) {
+        ShowAlert(kTitle,
+                  "There is no terminal to ask on. Run 'Vexcor add FOLDER', or put the folder "
+                  "into the font library: " +
+                      JoinNames(mServices.folders.GetRoots()));
         return;
     }
-    const std::string answer = AskForText("Folder with fonts to add:", std::cin, std::cerr);
     if (answer.empty()) return;
     std::error_code error;
     // Folders are compared by path, so each must be stored under one spelling.
@@ -138,8 +142,9 @@ void MenuCommands::AddFolder()
 void MenuCommands::RevealLibrary()
 {
     const std::string selected = mServices.folders.GetSelected();
-    ShowAlert("Reveal Font Library",
-              selected.empty() ? JoinNames(mServices.folders.GetFolders()) : selected);
+    const std::vector<std::string> folders =
+        selected.empty() ? mServices.folders.GetFolders() : std::vector<std::string>{selected};
+    if (!OpenInFileManager(folders)) ShowAlert("Reveal Font Library", JoinNames(folders));
 }
 
 void MenuCommands::ToggleDialogSuppression()

@@ -9,7 +9,8 @@
 
 namespace plugincore {
 
-// Runs the commands of the menu items. Each shows its result in the host's alert. [main-thread]
+// Runs the commands of the menu items. Each shows its result in the host's alert, except where the
+// user sees it elsewhere: in the menu, or in the desktop's file manager. [main-thread]
 class MenuCommands {
 public:
     // `librariesChanged` is called after a command changed the set of libraries or the selected

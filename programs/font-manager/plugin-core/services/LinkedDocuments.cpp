@@ -30,6 +30,8 @@ bool IsDocumentByExtension(const fs::path& path)
            kExtensions.end();
 }
 
+double GetSeconds(Clock::duration time) { return std::chrono::duration<double>(time).count(); }
+
 // Text that differs if the file may have changed; "" if the file doesn't exist.
 std::string GetState(const fs::path& file)
 {
@@ -66,13 +68,20 @@ struct LinkedDocuments::Walk {
     }
 };
 
+// The entry of a file that hasn't changed since it was read, or null.
+const LinkedDocuments::Entry* LinkedDocuments::FindFresh(const std::string& path) const
+{
+    const auto found = mEntries.find(path);
+    if (found == mEntries.end() || found->second.state.empty()) return nullptr;
+    return found->second.state == GetState(path) ? &found->second : nullptr;
+}
+
 const LinkedDocuments::Entry& LinkedDocuments::Load(const std::string& path, double seconds)
 {
-    const std::string state = GetState(path);
     if (mEntries.size() > kMostEntries) mEntries.clear();
-    const auto [position, isNew] = mEntries.try_emplace(path);
-    Entry& entry = position->second;
-    if (!isNew && !state.empty() && entry.state == state) return entry;
+    if (const Entry* const fresh = FindFresh(path)) return *fresh;
+    const std::string state = GetState(path);
+    Entry& entry = mEntries[path];
     documents::Limits limits;
     const bool isCutShort = seconds < limits.seconds;
     limits.seconds = std::min(limits.seconds, seconds);
@@ -83,7 +92,10 @@ const LinkedDocuments::Entry& LinkedDocuments::Load(const std::string& path, dou
     entry.error = result.ok ? std::string() : result.error;
     entry.content = {};
     if (!result.ok) return entry;
-    entry.content.fonts = std::move(result.document.fonts);
+    for (documents::DocumentFont& font : documents::GetAllFonts(result.document)) {
+        (font.isListed ? entry.content.listedFonts : entry.content.fonts)
+            .push_back(std::move(font.postScriptName));
+    }
     entry.content.linkedFiles = std::move(result.document.linkedFiles);
     return entry;
 }
@@ -122,19 +134,35 @@ void LinkedDocuments::Visit(const std::string& file, Walk& walk)
         ReportOnce(walk.document, {}, "too many placed documents; some were not read");
         return;
     }
-    const double secondsLeft = std::chrono::duration<double>(walk.end - Clock::now()).count();
-    if (secondsLeft <= 0) {
+    // What was read before takes no time, and its fonts must not be lost.
+    const Entry* const known = FindFresh(real);
+    double& spent = mSecondsSpent[walk.document];
+    const auto before = mEntries.find(real);
+    const bool isFirst = before == mEntries.end();
+    // A file that the user changed is read even if the others have taken all the time.
+    const bool isChanged = !isFirst && !before->second.state.empty();
+    const double left = GetSeconds(walk.end - Clock::now());
+    const double secondsLeft = isChanged ? left : std::min(left, mSeconds - spent);
+    if (known == nullptr && secondsLeft <= 0) {
         ReportOnce(walk.document, {}, "its placed documents take too long; some were not read");
         return;
     }
     walk.visited.insert(real);
-    const Entry& entry = Load(real, secondsLeft);
+    const auto start = Clock::now();
+    const Entry& entry = known != nullptr ? *known : Load(real, secondsLeft);
+    const double seconds = GetSeconds(Clock::now() - start);
+    if (known == nullptr && !isChanged && seconds >= secondsLeft) {
+        spent = mSeconds;
+    } else if (isFirst) {  // an unreadable file is tried at each call
+        spent += seconds;
+    }
     if (!entry.error.empty()) {
         ReportOnce(walk.document, real, "cannot be read: " + entry.error);
         return;
     }
     const DocumentContent content = entry.content;  // a copy: the visits below may clear the cache
     walk.Add(content.fonts);
+    walk.Add(content.listedFonts);
     walk.above.push_back(real);
     for (const std::string& inner : content.linkedFiles) {
         Visit(fs::path(real).parent_path() / inner, walk);

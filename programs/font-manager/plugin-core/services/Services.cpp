@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "fonts/ActiveFonts.h"
+#include "plugin-core/services/HostDrawings.h"
 #include "plugin-core/storage/ErrorLog.h"
 
 namespace fs = std::filesystem;
@@ -51,6 +52,7 @@ Services::Services(const Locations& places)
                  GetIdentityOfThisProcess()),
       documentStore(database, GetIdentityOfThisProcess())
 {
+    ShareDrawingsWithHost();
 }
 
 Activation::Repairs Services::Start(const std::string& programName)

@@ -25,6 +25,9 @@ void PrintAll(const documents::Document& document)
                 document.creator.c_str(), document.isTemplate ? ", template" : "",
                 document.frames.size());
     for (const std::string& file : document.linkedFiles) std::printf("placed %s\n", file.c_str());
+    for (const documents::DocumentFont& font : documents::GetAllFonts(document)) {
+        if (font.isListed) std::printf("listed %s\n", font.postScriptName.c_str());
+    }
     for (const std::string& note : document.notes) std::printf("note %s\n", note.c_str());
 }
 

@@ -84,6 +84,7 @@ TEST(NativeObjects, ObjectInCommentsIsReadIfItHasNoCopy)
 TEST(NativeObjects, FileOfVersionEightIsRead)
 {
     const std::string file = NativeMaker()
+                                 .SetCreator("Adobe Illustrator(R) 8.0")
                                  .AddHeader("%%DocumentFonts: Listed-Only")
                                  .AddLines("0 To\n/_Courier 11 8 -2 Tf\n(abc) Tx\n(\\r) TX\nTO")
                                  .MakeText();

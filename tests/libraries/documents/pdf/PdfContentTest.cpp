@@ -166,6 +166,17 @@ TEST(PdfContent, CidFontWithoutNameHasTheOuterNameWithoutTheEncoding)
     EXPECT_EQ("Gamma:1", getFrames("Gamma", "Identity-H"));
 }
 
+TEST(PdfContent, CidFontsOwnNameIsHandedOnAsItIs)
+{
+    EXPECT_EQ("Gamma-Bold-Identity-H:1",
+              DescribeFrames(PdfMaker()
+                                 .Set(13,
+                                      "<< /Type /Font /Subtype /CIDFontType0 "
+                                      "/BaseFont /QWERTY+Gamma-Bold-Identity-H >>")
+                                 .SetContent("BT /F3 9 Tf (aa) Tj ET")
+                                 .Open()));
+}
+
 TEST(PdfContent, SubsetPrefixAloneIsNoName)
 {
     PdfMaker maker;

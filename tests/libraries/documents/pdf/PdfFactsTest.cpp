@@ -4,8 +4,13 @@
 
 using namespace documents;
 using testing::ElementsAre;
+using testing::IsEmpty;
 
 namespace {
+
+constexpr char kManifest[] =
+    "<m:Manifest><r:filePath>/b &amp; c.eps</r:filePath><r:filePath>/a.eps</r:filePath>"
+    "<r:filePath>/a.eps</r:filePath></m:Manifest>";
 
 PdfMaker MakeWithXmp(const std::string& packet)
 {
@@ -37,12 +42,28 @@ TEST(PdfFacts, CreatorOfTheXmpPacketIsTheFallback)
               MakeWithXmp("<xmp:CreatorTool>Drawer</xmp:CreatorTool>").Open().document.creator);
 }
 
-TEST(PdfFacts, ManifestReplacesTheFilesThatAreDrawn)
+TEST(PdfFacts, ManifestIsIgnoredWithoutANativePart)
 {
-    PdfMaker maker = MakeWithXmp(
-        "<m:Manifest><r:filePath>/b &amp; c.eps</r:filePath><r:filePath>/a.eps</r:filePath>"
-        "<r:filePath>/a.eps</r:filePath></m:Manifest>");
-    maker.AddResources("/XObject << /A 21 0 R >>")
+    EXPECT_THAT(MakeWithXmp(kManifest).Open().document.linkedFiles, IsEmpty());
+    EXPECT_THAT(MakeWithXmp(kManifest)
+                    .AddPageEntries("/PieceInfo << /Illustrator << /Private << >> >> >>")
+                    .Open()
+                    .document.linkedFiles,
+                IsEmpty());
+    PdfMaker drawing = MakeWithXmp(kManifest);
+    drawing.AddResources("/XObject << /A 21 0 R >>")
+        .SetStream(21, "/Subtype /Image /OPI << /1.3 << /F (z.tif) >> >>", "x")
+        .SetContent("/A Do");
+    EXPECT_THAT(drawing.Open().document.linkedFiles, ElementsAre("z.tif"));
+}
+
+TEST(PdfFacts, ManifestReplacesTheFilesThatAreDrawnIfTheNativePartIsDamaged)
+{
+    PdfMaker maker = MakeWithXmp(kManifest);
+    maker
+        .AddPageEntries("/PieceInfo << /Illustrator << /Private << /AIPrivateData1 22 0 R >> >> >>")
+        .SetStream(22, "", "damaged")
+        .AddResources("/XObject << /A 21 0 R >>")
         .SetStream(21, "/Subtype /Image /OPI << /1.3 << /F (z.tif) >> >>", "x")
         .SetContent("/A Do");
     EXPECT_THAT(maker.Open().document.linkedFiles, ElementsAre("/b & c.eps", "/a.eps", "/a.eps"));

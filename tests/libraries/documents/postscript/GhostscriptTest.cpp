@@ -1,14 +1,19 @@
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
 #include <string>
 #include <utility>
 
 #include "OpenBytes.h"
 #include "PdfMaker.h"
+#include "documents/postscript/SlowDrawings.h"
 
 using namespace documents;
 using testing::ElementsAre;
@@ -151,5 +156,72 @@ TEST_F(GhostscriptTest, IsEndedWithItsChildProcesses)
     // The reader waits until the pipe closes, which either process would keep open if it continued.
     Install("sleep 1000 &\nsleep 1000\n");
     EXPECT_THAT(Open(kForeign, 0.2).document.notes,
+                ElementsAre(std::string(kReason) + "Ghostscript took longer than 0 s"));
+}
+
+namespace {
+
+std::map<std::string, double> sSecondsInVain;
+
+// Ghostscript in a process that remembers what it didn't draw in time. It writes a line at each
+// start and never ends.
+class SlowDrawingsTest : public GhostscriptTest {
+protected:
+    void SetUp() override
+    {
+        GhostscriptTest::SetUp();
+        Install("echo started >>'" + mFolder.Path("starts") + "'\nexec sleep 1000\n");
+        UseSlowDrawings(
+            {[](const char* drawing) { return sSecondsInVain[drawing]; },
+             [](const char* drawing, double seconds) { sSecondsInVain[drawing] = seconds; }});
+    }
+
+    size_t CountStarts() const
+    {
+        std::ifstream lines(mFolder.Path("starts"));
+        return static_cast<size_t>(std::count(std::istreambuf_iterator<char>(lines), {}, '\n'));
+    }
+};
+
+}  // namespace
+
+TEST_F(SlowDrawingsTest, AreNotTriedAgainAndHaveTheSameNote)
+{
+    const OpenResult first = Open(kForeign, 0.3);
+    const OpenResult second = Open(kForeign, 0.3);
+    EXPECT_EQ(1U, CountStarts());
+    EXPECT_THAT(first.document.notes,
+                ElementsAre(std::string(kReason) + "Ghostscript took longer than 0 s"));
+    EXPECT_EQ(first.document.notes, second.document.notes);
+}
+
+TEST_F(SlowDrawingsTest, AreTriedAgainWithMoreTime)
+{
+    (void)Open(kForeign, 0.2);
+    (void)Open(kForeign, 0.4);
+    EXPECT_EQ(2U, CountStarts());
+    (void)Open(kForeign, 0.3);
+    EXPECT_EQ(2U, CountStarts());
+}
+
+TEST_F(SlowDrawingsTest, AreToldApartByTheirContent)
+{
+    (void)Open(kForeign, 0.2);
+    (void)Open(std::string(kForeign) + " ", 0.2);
+    EXPECT_EQ(2U, CountStarts());
+}
+
+TEST_F(SlowDrawingsTest, AreNotRememberedIfTheyFailAtOnce)
+{
+    Install("echo started >>'" + mFolder.Path("starts") + "'\nexit 1\n");
+    (void)Open(kForeign);
+    (void)Open(kForeign);
+    EXPECT_EQ(2U, CountStarts());
+}
+
+TEST_F(SlowDrawingsTest, EndAfterTheTimeThatTheEnvironmentSays)
+{
+    setenv("CORVANTA_DRAWING_SECONDS", "0.2", 1);
+    EXPECT_THAT(Open(kForeign).document.notes,
                 ElementsAre(std::string(kReason) + "Ghostscript took longer than 0 s"));
 }

@@ -1,10 +1,7 @@
 #include "PdfMaker.h"
 
-#include <zlib.h>
-
-#include <stdexcept>
-
 #include "OpenBytes.h"
+#include "documents/write/Compress.h"
 
 PdfMaker::PdfMaker()
 {
@@ -83,14 +80,7 @@ documents::OpenResult PdfMaker::Open(const documents::Limits& limits) const
 
 std::string Deflate(const std::string& data, int level)
 {
-    uLongf size = compressBound(data.size());
-    std::string packed(size, '\0');
-    if (compress2(reinterpret_cast<Bytef*>(packed.data()), &size,
-                  reinterpret_cast<const Bytef*>(data.data()), data.size(), level) != Z_OK) {
-        throw std::runtime_error("cannot deflate");
-    }
-    packed.resize(size);
-    return packed;
+    return documents::CompressZlib(data, level);
 }
 
 std::string DescribeFrames(const documents::OpenResult& result)

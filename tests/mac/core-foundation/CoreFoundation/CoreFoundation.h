@@ -22,6 +22,7 @@ typedef const struct __CFAllocator* CFAllocatorRef;
 typedef const struct __CFString* CFStringRef;
 typedef const struct __CFURL* CFURLRef;
 typedef const struct __CFDate* CFDateRef;
+typedef const struct __CFDictionary* CFDictionaryRef;
 typedef const struct __CFTimeZone* CFTimeZoneRef;
 typedef struct __CFCalendar* CFCalendarRef;
 typedef struct __CFBundle* CFBundleRef;
@@ -43,6 +44,8 @@ CF_EXPORT const CFCalendarIdentifier kCFGregorianCalendar;
 
 CF_EXPORT void CFRelease(CFTypeRef object);
 CF_EXPORT CFTypeID CFGetTypeID(CFTypeRef object);
+
+CF_EXPORT const void* CFDictionaryGetValue(CFDictionaryRef dictionary, const void* key);
 
 CF_EXPORT CFStringRef __CFStringMakeConstantString(const char* text);
 #define CFSTR(text) __CFStringMakeConstantString("" text "")
@@ -73,7 +76,7 @@ CF_EXPORT CFBundleRef CFBundleGetMainBundle(void);
 CF_EXPORT CFBundleRef CFBundleGetBundleWithIdentifier(CFStringRef identifier);
 CF_EXPORT CFURLRef CFBundleCopyBundleURL(CFBundleRef bundle);
 CF_EXPORT CFURLRef CFBundleCopyPrivateFrameworksURL(CFBundleRef bundle);
-CF_EXPORT CFTypeRef CFBundleGetValueForInfoDictionaryKey(CFBundleRef bundle, CFStringRef key);
+CF_EXPORT CFDictionaryRef CFBundleGetInfoDictionary(CFBundleRef bundle);
 CF_EXPORT void* CFBundleGetFunctionPointerForName(CFBundleRef bundle, CFStringRef name);
 
 CF_EXPORT CFAbsoluteTime CFDateGetAbsoluteTime(CFDateRef date);

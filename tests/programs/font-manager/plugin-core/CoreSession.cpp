@@ -85,6 +85,16 @@ void WriteEps(const std::filesystem::path& file, const std::vector<std::string>&
     FontTestHome::WriteFile(file, text + "%%EndComments\nshowpage\n%%EOF\n");
 }
 
+void WriteNative(const std::filesystem::path& file, const std::string& font,
+                 const std::vector<std::string>& listed)
+{
+    std::string text = "%!PS-Adobe-3.0\n%%Creator: Adobe Illustrator(R) 8.0\n%%DocumentFonts:";
+    for (const std::string& name : listed) text += " " + name;
+    text += "\n%AI5_FileFormat 4.0\n%%EndComments\n0 To\n/_" + font +
+            " 11 8 -2 Tf\n(abc) Tx\nTO\n%%EOF\n";
+    FontTestHome::WriteFile(file, text);
+}
+
 std::string CaptureErrors(const std::function<void()>& work)
 {
     testing::internal::CaptureStderr();

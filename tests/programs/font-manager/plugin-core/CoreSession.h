@@ -39,4 +39,8 @@ std::string MakeUsage(const std::vector<std::string>& fonts,
 void WriteEps(const std::filesystem::path& file, const std::vector<std::string>& fonts,
               const std::vector<std::string>& placed = {});
 
+// Writes a document of the illustration program with text in `font` that lists these fonts.
+void WriteNative(const std::filesystem::path& file, const std::string& font,
+                 const std::vector<std::string>& listed);
+
 std::string CaptureErrors(const std::function<void()>& work);

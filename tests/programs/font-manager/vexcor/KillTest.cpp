@@ -44,6 +44,7 @@ TEST_F(KillScene, TheOtherProgramsRepairWhatAKilledOneLeft)
             Sleep(10);
         }
         ASSERT_FALSE(HasFailure()) << "after kill " << kill << ", of " << victim;
+        if (kill % 100 == 0) std::cout << "kills: " << kill << std::endl;
     }
     StartAll();
     EndAll();

@@ -55,6 +55,18 @@ TEST_F(ApplicationTest, DocumentsRemainOpenUntilTheShutdown)
     EXPECT_EQ((std::vector<std::string>{"opened", "opened", "closed", "closed"}), kinds);
 }
 
+TEST_F(ApplicationTest, AFontIsFoundWithoutTheEncodingBehindItsName)
+{
+    fonts.active = {"Default-Regular", "Here"};
+    AddFrame({"Here-Identity-H", "Default-Regular-Identity-V"});
+    RunPlugin("well-behaved", {"a.pdf"});
+    ASSERT_EQ(2U, reports[0].fonts.size());
+    EXPECT_EQ("Here-Identity-H", reports[0].fonts[0].postScriptName);
+    EXPECT_EQ(FontState::kActive, reports[0].fonts[0].state);
+    EXPECT_EQ(FontState::kDefault, reports[0].fonts[1].state);
+    EXPECT_EQ(DialogOutcome::kNone, reports[0].dialog);
+}
+
 TEST_F(ApplicationTest, ReportsTheStateOfEachFont)
 {
     fonts.active = {"Default-Regular", "Here"};
@@ -89,6 +101,20 @@ TEST_F(ApplicationTest, RunsNoDialogWithoutAMissingFont)
     RunPlugin("well-behaved", {"a.pdf"});
     EXPECT_EQ(DialogOutcome::kNone, reports[0].dialog);
     EXPECT_FALSE(reports[0].HasMissingFont());
+}
+
+TEST_F(ApplicationTest, MissesFontsThatOnlyTheDocumentsOwnListHas)
+{
+    AddFrame({"Default-Regular"});
+    content.document.fontList = {"Gone", "Default-Regular"};
+    RunPlugin("well-behaved", {"a.pdf"});
+    ASSERT_EQ(2U, reports[0].fonts.size());
+    EXPECT_FALSE(reports[0].fonts[0].isListed);
+    EXPECT_EQ("Gone", reports[0].fonts[1].postScriptName);
+    EXPECT_TRUE(reports[0].fonts[1].isListed);
+    EXPECT_EQ(FontState::kMissing, reports[0].fonts[1].state);
+    EXPECT_EQ(DialogOutcome::kDismissed, reports[0].dialog);
+    EXPECT_EQ(1U, reports[0].runs);
 }
 
 TEST_F(ApplicationTest, ShowsADialogThatIsNotDismissed)

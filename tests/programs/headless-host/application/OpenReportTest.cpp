@@ -21,7 +21,7 @@ OpenReport MakeReport()
     report.fonts = {{"A", FontState::kDefault},
                     {"Bb", FontState::kActive},
                     {"C", FontState::kActivated},
-                    {"D", FontState::kMissing}};
+                    {"D", FontState::kMissing, true}};
     report.linkedDocuments = {"/p.png"};
     report.dialog = DialogOutcome::kShown;
     report.elapsedMs = 12;
@@ -34,11 +34,12 @@ TEST(OpenReport, IsWrittenAsJsonOnOneLine)
 {
     EXPECT_EQ(R"({"path":"a.ai","status":"opened","error":"","kind":"ai","reader":"native",)"
               R"("note":"cut off",)"
-              R"("frames":1,"runs":2,"documentFonts":[{"PostScriptName":"A","state":"default"},)"
-              R"({"PostScriptName":"Bb","state":"active"},)"
-              R"({"PostScriptName":"C","state":"activated"},)"
-              R"({"PostScriptName":"D","state":"missing"}],"linkedDocuments":["/p.png"],)"
-              R"("missingFontsDialog":"shown","elapsedMs":12})",
+              R"("frames":1,"runs":2,"documentFonts":[)"
+              R"({"PostScriptName":"A","listed":false,"state":"default"},)"
+              R"({"PostScriptName":"Bb","listed":false,"state":"active"},)"
+              R"({"PostScriptName":"C","listed":false,"state":"activated"},)"
+              R"({"PostScriptName":"D","listed":true,"state":"missing"}],)"
+              R"("linkedDocuments":["/p.png"],"missingFontsDialog":"shown","elapsedMs":12})",
               WriteReportAsJson(MakeReport()));
 }
 
@@ -62,7 +63,7 @@ TEST(OpenReport, IsWrittenAsATable)
         "    A   host default\n"
         "    Bb  already active\n"
         "    C   activated now\n"
-        "    D   missing\n"
+        "    D   missing, listed\n"
         "    placed file: /p.png\n"
         "    note: cut off\n"
         "    missing-fonts dialog: shown\n",

@@ -172,6 +172,24 @@ TEST_F(SaveTest, AnEpsStaysAnEps)
     EXPECT_THAT(bytes, HasSubstr(kept.substr(kept.find("%%BeginProlog"), 2000)));
 }
 
+TEST_F(SaveTest, ListedFontsOfADocumentThatIsItsOwnFileAreKept)
+{
+    std::ofstream(folder + "/old.eps")
+        << "%!PS-Adobe-3.0 EPSF-3.0\n%%Creator: Adobe Illustrator(R) 8.0\n"
+           "%%DocumentFonts: DejaVuSans Listed\n%AI5_FileFormat 4.0\n%%EndComments\n"
+           "0 To\n/_DejaVuSans 11 8 -2 Tf\n(abc) Tx\nTO\n%%EOF\n";
+    Do("open old.eps");
+    Do("expect font Listed missing");
+    Do("text DejaVuSansMono added");
+    Do("save new.eps");
+    const documents::Document after = Read("new.eps");
+    EXPECT_EQ("native", after.reader);
+    EXPECT_THAT(after.fonts, ElementsAre("DejaVuSans", "DejaVuSansMono"));
+    EXPECT_THAT(documents::GetAllFontNames(after),
+                ElementsAre("DejaVuSans", "DejaVuSansMono", "Listed"));
+    EXPECT_THAT(after.notes, testing::IsEmpty());
+}
+
 TEST_F(SaveTest, PdfAndEpsAreNotConvertedIntoEachOther)
 {
     CopySample("leaflet.eps");

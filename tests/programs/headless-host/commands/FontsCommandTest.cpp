@@ -77,7 +77,27 @@ TEST_F(FontsCommand, ReportsThatTheNativeReaderWasUsed)
     EXPECT_EQ(0, Run("--json a.ai"));
     const auto line = nlohmann::json::parse(output);
     EXPECT_EQ("native", line["reader"]);
-    EXPECT_EQ("Native-Bold", line["documentFonts"][0]);
+    EXPECT_EQ("Native-Bold", line["documentFonts"][0]["PostScriptName"]);
+    EXPECT_EQ(false, line["documentFonts"][0]["listed"]);
+}
+
+TEST_F(FontsCommand, ReportsFontsThatOnlyTheDocumentsOwnListHas)
+{
+    NativeMaker maker;
+    maker.AddHeader("%%DocumentFonts: Native-Bold Listed-Only");
+    maker.SetFonts({"Native-Bold"}).AddStyle(0).AddStory({{0, 5}}).AddFrame(0);
+    Write("a.ai", WrapInPdf(PackZlib(maker.MakeText())));
+    EXPECT_EQ(0, Run("a.ai"));
+    EXPECT_EQ("a.ai: ai (native), 2 fonts\n    Native-Bold\n    Listed-Only  listed\n", output);
+    EXPECT_EQ(0, Run("--names a.ai"));
+    EXPECT_EQ("Native-Bold\nListed-Only\n", output);
+    EXPECT_EQ(0, Run("--json a.ai"));
+    const auto line = nlohmann::json::parse(output);
+    EXPECT_EQ(1, line["runs"]);
+    EXPECT_EQ(nlohmann::json::parse(R"([{"PostScriptName":"Native-Bold","listed":false},)"
+                                    R"({"PostScriptName":"Listed-Only","listed":true}])"),
+              line["documentFonts"]);
+    EXPECT_EQ(line["documentFonts"], line["fonts"]);
 }
 
 TEST_F(FontsCommand, KeepsTheOrderOfTheArguments)

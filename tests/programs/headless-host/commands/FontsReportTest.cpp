@@ -19,7 +19,7 @@ FontsReport MakeReport()
     report.frames = 2;
     report.stories = 1;
     report.runs = 3;
-    report.fonts = {"A", "B"};
+    report.fonts = {{"A", false}, {"B", true}};
     report.linkedDocuments = {"/p.png", "/p.png"};
     return report;
 }
@@ -30,7 +30,9 @@ TEST(FontsReport, IsWrittenAsJsonOnOneLine)
 {
     EXPECT_EQ(R"({"path":"a.ai","status":"read","error":"","kind":"ai","reader":"native",)"
               R"("note":"cut off","creator":"somebody","template":true,"frames":2,"stories":1,)"
-              R"("runs":3,"documentFonts":["A","B"],"fonts":["A","B"],)"
+              R"("runs":3,"documentFonts":[{"PostScriptName":"A","listed":false},)"
+              R"({"PostScriptName":"B","listed":true}],"fonts":[{"PostScriptName":"A",)"
+              R"("listed":false},{"PostScriptName":"B","listed":true}],)"
               R"("linkedDocuments":["/p.png","/p.png"]})",
               WriteFontsReportAsJson(MakeReport()));
 }
@@ -46,7 +48,7 @@ TEST(FontsReport, IsWrittenAsATable)
     EXPECT_EQ(
         "a.ai: ai (native), 2 fonts, template\n"
         "    A\n"
-        "    B\n"
+        "    B  listed\n"
         "    placed file: /p.png\n"
         "    placed file: /p.png\n"
         "    note: cut off\n",

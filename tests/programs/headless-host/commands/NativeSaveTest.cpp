@@ -9,6 +9,7 @@
 
 using namespace documents;
 using testing::ElementsAre;
+using testing::HasSubstr;
 
 namespace {
 
@@ -67,6 +68,22 @@ TEST(NativeSave, ThePdfPageShowsAddedText)
     const OpenResult saved = OpenBytes(pdf);
     EXPECT_EQ("pdf", saved.document.reader);
     EXPECT_EQ("Alpha-Regular:3 | Added-Font:2", DescribeFrames(saved));
+}
+
+TEST(NativeSave, PdfWithoutANativePartKeepsItsMetadataAndRecordsPlacedFiles)
+{
+    const std::string packet =
+        "<r:RDF><m:Manifest><r:filePath>/original.eps</r:filePath></m:Manifest></r:RDF>";
+    PdfMaker maker;
+    maker.Set(1, "<< /Type /Catalog /Pages 2 0 R /Metadata 20 0 R >>")
+        .SetStream(20, "/Type /Metadata /Subtype /XML", packet)
+        .SetContent("BT /F1 9 Tf (abc) Tj ET");
+    const std::string once = WritePdf(MakeOrder(maker.Make()));
+    EXPECT_THAT(once, HasSubstr(packet));
+    const OpenResult saved = OpenBytes(WritePdf(MakeOrder(once, "/Art/c.eps")));
+    EXPECT_EQ("pdf", saved.document.reader);
+    EXPECT_EQ("Alpha-Regular:3 | Added-Font:2 | Added-Font:2", DescribeFrames(saved));
+    EXPECT_THAT(saved.document.linkedFiles, ElementsAre("/Art/b (1).eps", "/Art/c.eps"));
 }
 
 TEST(NativeSave, EpsKeepsTheNativePartAndRecordsAdditions)

@@ -17,6 +17,21 @@ TEST_F(JournalTest, NumbersItsLinesAndKeepsTheOrderOfMembers)
     EXPECT_GE(lines[1].at("t").get<double>(), lines[0].at("t").get<double>());
 }
 
+// The lines of an earlier run must not follow those of this one, which are fewer.
+TEST_F(JournalTest, EmptiesAFileThatExists)
+{
+    WriteJournal();
+    for (int line = 0; line < 100; ++line) host->journal.Write("host", "old", {}, nullptr);
+    ASSERT_EQ(100U, ReadJournal().size());
+    WriteJournal();
+    EXPECT_THAT(ReadJournal(), testing::IsEmpty()) << "Open empties the file";
+    host->journal.Write("host", "new", {}, nullptr);
+    const auto lines = ReadJournal();
+    ASSERT_EQ(1U, lines.size());
+    EXPECT_EQ("new", lines[0].at("op"));
+    EXPECT_EQ(1, lines[0].at("seq"));
+}
+
 TEST_F(JournalTest, ReplacesBytesThatAreNotUtf8)
 {
     WriteJournal();

@@ -42,6 +42,13 @@ TEST_F(SessionProgram, AnUnmetExpectationDoesNotEndTheScript)
     EXPECT_TRUE(std::filesystem::exists(folder + "/a.pdf"));
 }
 
+TEST_F(SessionProgram, AFailureThatNoCallHadIsReported)
+{
+    EXPECT_EQ(headless::kNotAsExpected, Run("fail NoSuchOperation\n"));
+    EXPECT_EQ("headless-host: session: fail NoSuchOperation: the plug-in made no such call\n",
+              errors);
+}
+
 TEST_F(SessionProgram, AFileThatCannotBeOpenedIsReported)
 {
     EXPECT_EQ(headless::kFileNotOpened, Run("open nowhere.ai\nexpect documents 0\n"));

@@ -56,6 +56,10 @@ TEST_F(SessionTest, AnInvalidLineGivesOneLineThatSaysWhatIsWrong)
         {"wait soon", "\"soon\" is not a number of seconds (0 to 86400)"},
         {"wait -1", "is not a number of seconds"},
         {"panel {", "is not a JSON object"},
+        {"exec", "usage: exec COMMAND"},
+        {"fail", "usage: fail OPERATION [STATUS]"},
+        {"fail EnableItem 0", "\"0\" is not a status of a failure"},
+        {"fail EnableItem many", "\"many\" is not a status of a failure"},
         {"text 'a", "a quote is not closed"},
         {"expect luck", "unknown expectation \"luck\"; use one of no font"},
         {"expect font", "usage: expect font NAME STATE"},
@@ -131,6 +135,26 @@ TEST_F(SessionTest, ExpectChecksTheLinesOfTheJournal)
     EXPECT_EQ("expected number of calls send 3, found 2", Try("expect calls send 3").text);
     EXPECT_EQ(LineOutcome::kNotAsExpected, Try("expect call NoSuchCall").outcome);
     EXPECT_EQ(LineOutcome::kNotAsExpected, Try("expect call send nonsense").outcome);
+}
+
+TEST_F(SessionTest, ExecRunsACommandInTheFolderOfTheProgramsStart)
+{
+    Do("exec echo 'two  words' '>made'");
+    Do("expect file made");
+    Do("exec \"rm made && mkdir 'a b'\"");
+    Do("expect no file made");
+    const headless::LineResult result = Try("exec exit 7");
+    EXPECT_EQ(LineOutcome::kNotAsExpected, result.outcome);
+    EXPECT_EQ("exec: the command's exit status is 7", result.text);
+    EXPECT_THAT(Try("exec 'kill -9 $$'").text, HasSubstr("ended by a signal"));
+}
+
+TEST_F(SessionTest, FailSetsTheStatusOfTheNextCall)
+{
+    Do("fail RemoveMenuItem");
+    Do("fail AddMenuItem -5");
+    EXPECT_THAT(host->failures, testing::ElementsAre(testing::Pair("AddMenuItem", -5),
+                                                     testing::Pair("RemoveMenuItem", 1)));
 }
 
 TEST_F(SessionTest, QuitEndsTheSession) { EXPECT_EQ(LineOutcome::kQuit, Try("quit").outcome); }

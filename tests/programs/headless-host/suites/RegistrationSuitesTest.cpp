@@ -88,6 +88,21 @@ TEST_F(RegistrationSuites, ARemovedItemIsNotListedAndExpires)
     EXPECT_EQ(1U, host->violations.Count());
 }
 
+TEST_F(RegistrationSuites, AFailureOfAnOperationIsReturnedOnceAndChangesNothing)
+{
+    const AIMenuItemHandle item = AddItem("a", "A");
+    host->failures["RemoveMenuItem"] = 77;
+    int count = 0;
+    EXPECT_EQ(kHostSuccess, menus.CheckItem(item, true)) << "another operation";
+    EXPECT_EQ(77, menus.RemoveMenuItem(item));
+    ASSERT_EQ(kHostSuccess, menus.CountMenuItems(&count));
+    EXPECT_EQ(1, count);
+    EXPECT_EQ(kHostSuccess, menus.RemoveMenuItem(item));
+    ASSERT_EQ(kHostSuccess, menus.CountMenuItems(&count));
+    EXPECT_EQ(0, count);
+    EXPECT_TRUE(host->violations.Lines().empty());
+}
+
 TEST_F(RegistrationSuites, AddMenuGroupAsSubMenuGivesTheItemAGroup)
 {
     const AIMenuItemHandle item = AddItem("a", "A");

@@ -1,4 +1,5 @@
 #pragma once
 
 #include <AppKit/NSApplication.h>
+#include <AppKit/NSView.h>
 #include <AppKit/NSWindow.h>

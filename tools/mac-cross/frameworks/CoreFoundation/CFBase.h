@@ -33,6 +33,8 @@ typedef const struct __CFAllocator* CFAllocatorRef;
 typedef struct __CFError* CFErrorRef;
 // Core Foundation, "CFStringRef"
 typedef const struct __CFString* CFStringRef;
+// Core Foundation, "CFDictionaryRef"
+typedef const struct __CFDictionary* CFDictionaryRef;
 
 // Core Foundation, "kCFAllocatorDefault"
 CF_EXPORT const CFAllocatorRef kCFAllocatorDefault SINCE(10.0);
@@ -40,3 +42,5 @@ CF_EXPORT const CFAllocatorRef kCFAllocatorDefault SINCE(10.0);
 CF_EXPORT void CFRelease(CFTypeRef object) SINCE(10.0);
 // Core Foundation, "CFGetTypeID"
 CF_EXPORT CFTypeID CFGetTypeID(CFTypeRef object) SINCE(10.0);
+// Core Foundation, "CFDictionaryGetValue"
+CF_EXPORT const void* CFDictionaryGetValue(CFDictionaryRef dictionary, const void* key) SINCE(10.0);

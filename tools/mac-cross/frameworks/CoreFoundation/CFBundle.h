@@ -15,8 +15,7 @@ CF_EXPORT CFBundleRef CFBundleGetBundleWithIdentifier(CFStringRef identifier) SI
 CF_EXPORT CFURLRef CFBundleCopyBundleURL(CFBundleRef bundle) SINCE(10.0);
 // Core Foundation, "CFBundleCopyPrivateFrameworksURL"
 CF_EXPORT CFURLRef CFBundleCopyPrivateFrameworksURL(CFBundleRef bundle) SINCE(10.0);
-// Core Foundation, "CFBundleGetValueForInfoDictionaryKey"
-CF_EXPORT CFTypeRef CFBundleGetValueForInfoDictionaryKey(CFBundleRef bundle, CFStringRef key)
-    SINCE(10.0);
+// Core Foundation, "CFBundleGetInfoDictionary"
+CF_EXPORT CFDictionaryRef CFBundleGetInfoDictionary(CFBundleRef bundle) SINCE(10.0);
 // Core Foundation, "CFBundleGetFunctionPointerForName"
 CF_EXPORT void* CFBundleGetFunctionPointerForName(CFBundleRef bundle, CFStringRef name) SINCE(10.0);

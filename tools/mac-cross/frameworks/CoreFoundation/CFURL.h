@@ -15,8 +15,8 @@ CF_EXPORT CFURLRef CFURLCreateWithFileSystemPath(CFAllocatorRef allocator, CFStr
     SINCE(10.0);
 // Core Foundation, "CFURLCreateCopyAppendingPathComponent"
 CF_EXPORT CFURLRef CFURLCreateCopyAppendingPathComponent(CFAllocatorRef allocator, CFURLRef url,
-                                                         CFStringRef component,
-                                                         Boolean isDirectory) SINCE(10.0);
+                                                         CFStringRef component, Boolean isDirectory)
+    SINCE(10.0);
 // Core Foundation, "CFURLCopyAbsoluteURL"
 CF_EXPORT CFURLRef CFURLCopyAbsoluteURL(CFURLRef url) SINCE(10.0);
 // Core Foundation, "CFURLCreateFilePathURL"

@@ -4,6 +4,10 @@
 
 // Foundation, "NSArray"
 @interface NSArray : NSObject
+// "array"
++ (instancetype)array SINCE(10.0);
+// "arrayWithObject:"
++ (instancetype)arrayWithObject:(id)object SINCE(10.0);
 // "count"
 - (NSUInteger)count SINCE(10.0);
 // "objectAtIndex:"
@@ -12,6 +16,8 @@
 
 // Foundation, "NSURL"
 @interface NSURL : NSObject
+// "fileURLWithPath:"
++ (NSURL*)fileURLWithPath:(NSString*)path SINCE(10.0);
 // "path"
 - (NSString*)path SINCE(10.0);
 @end
@@ -24,6 +30,8 @@
 - (BOOL)fileExistsAtPath:(NSString*)path SINCE(10.0);
 @end
 
+// Foundation, "NSHomeDirectory"
+CF_EXPORT NSString* NSHomeDirectory(void) SINCE(10.0);
 // Foundation, "NSSearchPathDirectory"
 typedef enum NSSearchPathDirectory : NSUInteger { NSLibraryDirectory = 5 } NSSearchPathDirectory;
 // Foundation, "NSSearchPathDomainMask"

@@ -1,10 +1,10 @@
 #pragma once
 
 #include <CoreFoundation/CoreFoundation.h>
+#include <limits.h>
 #include <objc/objc.h>
 
-#include <limits.h>
-
+@class NSDictionary;
 @class NSString;
 
 // Foundation, "NSInteger" and "NSUInteger"
@@ -25,12 +25,15 @@ enum : NSInteger { NSNotFound = LONG_MAX };
 - (instancetype)autorelease SINCE(10.0);
 // "description"
 - (NSString*)description SINCE(10.0);
+// "isEqual:"
+- (BOOL)isEqual:(id)other SINCE(10.0);
 // "isKindOfClass:"
 - (BOOL)isKindOfClass:(Class)type SINCE(10.0);
 @end
 
 // Objective-C Runtime, "NSObject" (class)
-__attribute__((objc_root_class)) @interface NSObject<NSObject> {
+__attribute__((objc_root_class))
+@interface NSObject<NSObject> {
     Class isa;
 }
 // "alloc"
@@ -39,6 +42,8 @@ __attribute__((objc_root_class)) @interface NSObject<NSObject> {
 + (Class)class SINCE(10.0);
 // "init"
 - (instancetype)init SINCE(10.0);
+// "dealloc"
+- (void)dealloc SINCE(10.0);
 @end
 
 // Foundation, "NSAutoreleasePool"
@@ -46,8 +51,27 @@ __attribute__((objc_root_class)) @interface NSObject<NSObject> {
 @end
 
 // Foundation, "NSException". The attribute says that the library has the type to catch it by.
-__attribute__((objc_exception)) @interface NSException : NSObject
+__attribute__((objc_exception))
+@interface NSException : NSObject
+// "exceptionWithName:reason:userInfo:"
++ (NSException*)exceptionWithName:(NSString*)name
+                           reason:(NSString*)reason
+                         userInfo:(NSDictionary*)info SINCE(10.0);
+// "initWithName:reason:userInfo:"
+- (instancetype)initWithName:(NSString*)name
+                      reason:(NSString*)reason
+                    userInfo:(NSDictionary*)info SINCE(10.0);
+// "raise:format:"
++ (void)raise:(NSString*)name format:(NSString*)format, ... SINCE(10.0);
+// "raise"
+- (void)raise SINCE(10.0);
+// "name"
+- (NSString*)name SINCE(10.0);
+// "reason"
+- (NSString*)reason SINCE(10.0);
 @end
+// Foundation, "NSCharacterConversionException"
+CF_EXPORT NSString* const NSCharacterConversionException SINCE(10.0);
 
 // Foundation, "NSClassFromString"
 CF_EXPORT Class NSClassFromString(NSString* name) SINCE(10.0);

@@ -139,7 +139,21 @@ TEST_F(FileFormatCheck, ActivatesTheFontsOfAFailedDialogWithoutAPeriod)
     core->openAnswer = kTwoFonts;
     core->statuses["InvokeResolveDialog"] = 9;
     EXPECT_EQ(-1, SendCheck("/a.ai"));
-    EXPECT_EQ("ActivateChosenFonts", core->CalledNames().back());
+    // The failed dialog left the text as it was: that text is the choice.
+    EXPECT_EQ("ActivateChosenFonts(\"/a.ai\", \"" + std::string(kTwoFonts) + "\", 0)",
+              core->calls.back());
+    EXPECT_FALSE(Suppressing());
+}
+
+TEST_F(FileFormatCheck, ActivatesTheFilteredFontsOfAFailedDialog)
+{
+    core->openAnswer =
+        R"([{"PostScriptName":"HostSans"},{"PostScriptName":"First"},{"PostScriptName":"B"}])";
+    core->statuses["InvokeResolveDialog"] = 9;
+    EXPECT_EQ(-1, SendCheck("/a.ai"));
+    EXPECT_EQ(R"(ActivateChosenFonts("/a.ai", "[{"PostScriptName":"First"},)"
+              R"({"PostScriptName":"B"}]", 0))",
+              core->calls.back());
     EXPECT_FALSE(Suppressing());
 }
 
@@ -228,16 +242,34 @@ TEST_F(FileFormatCheck, CutsTheFilteredTextAtTheSizeThatOpeningLeft)
 {
     core.Loader().pfHandleOpenExistingDocument = [](const char*, char* ioJson, size_t* ioSize,
                                                     int*) -> unsigned int {
-        const std::string text = R"([{"PostScriptName":"HostSans"},{"PostScriptName":"A"}])";
+        const std::string text =
+            R"([{"PostScriptName":"HostSans"},{"PostScriptName":"First"},{"PostScriptName":"B"}])";
         (void)text.copy(ioJson, text.size());
-        *ioSize = 10;
+        *ioSize = 22;
         return 0;
     };
     HandleCheckFileFormat("/a.ai", json());
-    // The bytes after the first ten don't matter.
-    const std::string call = core->calls[1];
-    EXPECT_EQ(0, call.compare(0, 31, "InvokeResolveDialog(\"[{\"PostScr")) << call;
-    EXPECT_EQ(" 10)", call.substr(call.size() - 4));
+    // The cut is inside the name of the first font that is left: neither the unfiltered text nor
+    // the whole filtered one begins or ends like this.
+    EXPECT_THAT(core->calls,
+                ElementsAre("PluginIsEnabled(true, false)",
+                            R"(InvokeResolveDialog("[{"PostScriptName":"Fi", 22))",
+                            R"(ActivateChosenFonts("/a.ai", "[{"PostScriptName":"Fi", 0))"));
+}
+
+// An unfiltered text isn't copied back, so it isn't cut.
+TEST_F(FileFormatCheck, DoesNotCutAnUnfilteredTextAtTheSizeThatOpeningLeft)
+{
+    core.Loader().pfHandleOpenExistingDocument = [](const char*, char* ioJson, size_t* ioSize,
+                                                    int*) -> unsigned int {
+        const std::string text = R"([{"PostScriptName":"First"},{"PostScriptName":"B"}])";
+        (void)text.copy(ioJson, text.size());
+        *ioSize = 22;
+        return 0;
+    };
+    HandleCheckFileFormat("/a.ai", json());
+    EXPECT_EQ(R"(InvokeResolveDialog("[{"PostScriptName":"First"},{"PostScriptName":"B"}]", 22))",
+              core->calls[1]);
 }
 
 TEST_F(FileFormatCheck, AcceptsASizeLargerThanTheBuffer)

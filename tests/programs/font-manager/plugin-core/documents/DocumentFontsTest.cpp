@@ -8,6 +8,7 @@ namespace {
 
 using plugincore::StatusCodes;
 using testing::ElementsAre;
+using testing::ElementsAreArray;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
@@ -101,11 +102,41 @@ TEST_F(DocumentFontsTest, NameWithoutAFolderGetsNoId)
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), IsEmpty());
 }
 
+TEST_F(DocumentFontsTest, FontIsFoundWithoutTheEncodingBehindItsName)
+{
+    Open("/a.pdf", {"DejaVuSans-Identity-H", "NoSuch-Identity-H"});
+    EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSans"));
+    // The host reads the document and reports its fonts again, as the document names them.
+    Open("/a.pdf", {"DejaVuSans-Identity-H", "NoSuch-Identity-H"});
+    Save("/a.pdf", {"DejaVuSans-Identity-H", "DejaVuSans", "DejaVuSerif-Identity-V"});
+    EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSans", "DejaVuSerif"));
+    Save("/a.pdf", {"DejaVuSerif-Identity-V"});
+    EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSerif"));
+    EXPECT_EQ(0U, mCore.pHandleCloseDocument("/a.pdf", ""));
+    EXPECT_THAT(FontTestHome::ListOfOtherProcess(), IsEmpty());
+}
+
 TEST_F(DocumentFontsTest, SaveReplacesTheHolds)
 {
     Open("/a.ai", {"DejaVuSans", "DejaVuSansMono"});
     Save("/a.ai", {"DejaVuSansMono", "DejaVuSerif"});
     EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAre("DejaVuSansMono", "DejaVuSerif"));
+}
+
+TEST_F(DocumentFontsTest, ListedFontsAreActiveUntilTheClose)
+{
+    const std::string file = mSession.home.GetPath() / "a.ai";
+    WriteNative(file, "DejaVuSans", {"DejaVuSans", "DejaVuSerif"});
+    const std::vector<std::string> both = {"DejaVuSans", "DejaVuSerif"};
+    EXPECT_EQ(MakeUsageOfFonts(both), mCore.Open(file, ""));
+    EXPECT_EQ(0U, mCore.OpenAndActivate(file, ""));
+    EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAreArray(both));
+    Open(file, {"DejaVuSans"});  // as the plug-in does with the fonts of its own scan
+    EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAreArray(both));
+    Save(file, {"DejaVuSans"});
+    EXPECT_THAT(FontTestHome::ListOfOtherProcess(), ElementsAreArray(both));
+    EXPECT_EQ(0U, mCore.pHandleCloseDocument(file.c_str(), ""));
+    EXPECT_THAT(FontTestHome::ListOfOtherProcess(), IsEmpty());
 }
 
 TEST_F(DocumentFontsTest, RepeatedUsageReportChangesNothing)

@@ -144,7 +144,7 @@ TEST_F(FontLibraryTest, ErrorNamesADatabaseThatCannotBeCreated)
 
 TEST_F(FontLibraryTest, RejectsADatabaseOfANewerVersion)
 {
-    mDatabase.Execute("PRAGMA user_version = 4");
+    mDatabase.Execute("PRAGMA user_version = 1000");
     EXPECT_THROW(Database(mHome.GetPath() / "state/fonts.db"), Failure);
 }
 
@@ -154,6 +154,7 @@ TEST_F(FontLibraryTest, UpdatesADatabaseOfTheFirstVersion)
     mLibrary.Refresh();
     mDatabase.Execute(
         "DROP TABLE added_folder; DROP TABLE choice; DROP TABLE program;"
+        "DROP INDEX font_file_path; DROP INDEX active_face_file; DROP INDEX active_file_group;"
         "PRAGMA user_version = 1;"
         "INSERT INTO document(id, path, usage) VALUES('7', '/a.ai', '{}')");
     Database database(mHome.GetPath() / "state/fonts.db");

@@ -41,6 +41,13 @@ private:
 
 class MenuCommandsTest : public testing::Test {
 protected:
+    // Without a desktop, even if the developer has one: no test opens a file manager on it.
+    void SetUp() override
+    {
+        unsetenv("DISPLAY");
+        unsetenv("WAYLAND_DISPLAY");
+    }
+
     json FindNode(const std::string& id, const std::string& path = "") const
     {
         std::vector<json> open = {json::parse(mSession.GetMenus(path))};
@@ -51,6 +58,12 @@ protected:
             for (const json& child : node.at("child")) open.push_back(child);
         }
         return {};
+    }
+    std::string GetTextWithoutTerminal() const
+    {
+        return "There is no terminal to ask on. Run 'Vexcor add FOLDER', or put the folder into "
+               "the font library: " +
+               mSession.home.GetLibrary().string() + "\n";
     }
     bool IsChecked(const std::string& id) const { return FindNode(id).at("checked").get<bool>(); }
 
@@ -153,19 +166,22 @@ TEST_F(MenuCommandsTest, AddsAFolderThatTheUserTypes)
     EXPECT_EQ(ask + "/nowhere: No such file or directory\n", mSession.Choose("addFolder"));
     EXPECT_EQ(ask + folder.string() + ": is in the font library already\n",
               mSession.Choose("addFolder"));
-    EXPECT_EQ("Folder with fonts to add: ", mSession.Choose("addFolder"));
+    EXPECT_EQ(ask + GetTextWithoutTerminal(), mSession.Choose("addFolder"));
     mSession.Restart();
     EXPECT_EQ("more", FindNode("library:" + folder.string()).at("title"));
     EXPECT_NE("", mCore.Open("/a.ai", MakeFontList({"DejaVuSans-Bold"})));
 }
 
-TEST_F(MenuCommandsTest, NamesTheLibraryIfThereIsNoTerminalToAddAFolder)
+TEST_F(MenuCommandsTest, AnEmptyLineAddsNoFolder)
 {
-    EXPECT_EQ(
-        "PluginCore: Add Font Folder: There is no terminal to ask on. Put the folder into "
-        "the font library: " +
-            mSession.home.GetLibrary().string() + "\n",
-        mSession.Choose("addFolder"));
+    const Terminal terminal("\n");
+    EXPECT_EQ("Folder with fonts to add: ", mSession.Choose("addFolder"));
+}
+
+TEST_F(MenuCommandsTest, NamesTheCommandIfThereIsNoTerminalToAddAFolder)
+{
+    EXPECT_EQ("PluginCore: Add Font Folder: " + GetTextWithoutTerminal(),
+              mSession.Choose("addFolder"));
 }
 
 TEST_F(MenuCommandsTest, RevealsTheLibrary)

@@ -2,6 +2,11 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
 
 #include "CoreSession.h"
 
@@ -12,6 +17,13 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+
+std::string ReadFile(const fs::path& file)
+{
+    std::stringstream text;
+    text << std::ifstream(file).rdbuf();
+    return text.str();
+}
 
 class LinkedDocumentsTest : public testing::Test {
 protected:
@@ -54,6 +66,15 @@ TEST_F(LinkedDocumentsTest, FontsOfTheTextPrecedeThoseOfPlacedFiles)
         "{\"DocumentFonts\":[{\"PostScriptName\":\"DejaVuSerif\"},"
         "{\"PostScriptName\":\"DejaVuSans\"}]}",
         mSession.core.Open(mDocument, ""));
+}
+
+TEST_F(LinkedDocumentsTest, ListedFontsOfPlacedFilesAreActive)
+{
+    WriteEps(mDocument, {"DejaVuSans"}, {"a.ai"});
+    WriteNative(mFolder / "a.ai", "DejaVuSerif", {"DejaVuSerif", "DejaVuSansMono"});
+    EXPECT_EQ("", Open(""));
+    EXPECT_THAT(FontTestHome::ListOfOtherProcess(),
+                ElementsAre("DejaVuSans", "DejaVuSansMono", "DejaVuSerif"));
 }
 
 TEST_F(LinkedDocumentsTest, SecondOpenKeepsTheFontsOfPlacedFiles)
@@ -159,6 +180,41 @@ TEST_F(LinkedDocumentsTest, SkipsFilesAfterTheTimeLimit)
               testing::internal::GetCapturedStderr());
     EXPECT_THAT(plugincore::LinkedDocuments().GetFonts(mDocument, {"a.eps"}),
                 ElementsAre("DejaVuSans"));
+}
+
+// Each of them takes all the time that a document's placed files have.
+TEST_F(LinkedDocumentsTest, TimeLimitHoldsForADocumentUntilItIsClosedAndNotForEachCall)
+{
+    const fs::path starts = mSession.home.GetPath() / "starts";
+    FontTestHome::WriteFile(mFolder / "gs", "#!/bin/sh\necho started >>'" + starts.string() +
+                                                "'\nexec /bin/sleep 1000\n");
+    ASSERT_EQ(0, chmod((mFolder / "gs").c_str(), 0755));
+    setenv("PATH", mFolder.c_str(), 1);
+    std::vector<std::string> placed;
+    for (const char* const name : {"a.eps", "b.eps", "c.eps", "d.eps"}) {
+        FontTestHome::WriteFile(mFolder / name, std::string("%!PS-Adobe-3.0 EPSF-3.0\n%") + name +
+                                                    "\n%%EndComments\n{} loop\n");
+        placed.emplace_back(name);
+    }
+    WriteEps(mFolder / "known.eps", {"DejaVuSans"});
+    placed.insert(placed.begin(), "known.eps");
+    plugincore::LinkedDocuments linked(0.4);
+    const std::string line = CaptureErrors([&] {
+        for (int call = 0; call < 3; ++call) {
+            EXPECT_THAT(linked.GetFonts(mDocument, placed), ElementsAre("DejaVuSans"));
+        }
+    });
+    EXPECT_EQ("PluginCore: " + mDocument.string() +
+                  ": its placed documents take too long; some were not read\n",
+              line);
+    EXPECT_EQ("started\n", ReadFile(starts));
+    // What the user changes is read, and after the close all files have time again.
+    WriteEps(mFolder / "known.eps", {"DejaVuSans", "DejaVuSerif"});
+    EXPECT_THAT(linked.GetFonts(mDocument, placed), ElementsAre("DejaVuSans", "DejaVuSerif"));
+    EXPECT_EQ("started\n", ReadFile(starts));
+    linked.Forget(mDocument);
+    (void)linked.GetFonts(mDocument, placed);
+    EXPECT_EQ("started\nstarted\n", ReadFile(starts));
 }
 
 }  // namespace

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+namespace fonts {
+
+// The bytes of a file, mapped into memory for reading.
+class MappedFile {
+public:
+    // An error is a line without the path, such as "empty".
+    explicit MappedFile(const std::string& path);
+    ~MappedFile();
+    MappedFile(const MappedFile&) = delete;
+    MappedFile& operator=(const MappedFile&) = delete;
+
+    const unsigned char* GetBytes() const { return static_cast<const unsigned char*>(mBytes); }
+    size_t GetSize() const { return mSize; }
+
+    // Null unless the file can't be used.
+    const char* GetError() const { return mError; }
+    bool LacksMemory() const { return mLacksMemory; }
+
+private:
+    void* mBytes = nullptr;
+    size_t mSize = 0;
+    const char* mError = nullptr;
+    bool mLacksMemory = false;
+};
+
+}  // namespace fonts
