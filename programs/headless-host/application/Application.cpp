@@ -121,7 +121,15 @@ OpenReport Application::Open(const std::string& path, const std::string& givenPa
     if (isAnyMissing) report.dialog = RunMissingFontsDialog(report.dialogTitle);
     DocumentObject* const document = mHost.AddDocument(std::move(read.document), path);
     console::LogAction("opened " + path);
+    document->isBeingOpened = true;
     mPump->Notify("AI Document Opened Notifier", document->handle);
+    if (document->tookTooLong) {
+        mDocuments->Close(document);
+        report.opened = false;
+        report.error = TextWalkLimit::Describe();
+        return finish();
+    }
+    document->isBeingOpened = false;
 
     // The plug-in may have activated fonts in the dialog and in the notifier.
     if (isAnyMissing) (void)mHost.fonts.RefreshActiveNames();  // read by GetFontState

@@ -37,6 +37,7 @@ AIErr MessagePump::Send(const char* caller, const char* selector, void* message,
     arguments["caller"] = caller;
     arguments["selector"] = selector;
     mHost.handles.BeginMessage(ScansFonts(caller, selector, arguments.value("type", "")));
+    mHost.walkLimit.BeginMessage();
     mHost.journal.Write("host", "send", arguments, nullptr);
     std::string callerText = caller;
     std::string selectorText = selector;

@@ -105,6 +105,12 @@ int RunHost(const Options& given, const std::function<int(RunningHost&)>& body)
         return kWrongUse;
     }
     ReportViolationsAndAlerts(host);
+    host.walkLimit.sink = [&host](const DocumentObject& document) {
+        // The report of the opening says it itself.
+        if (document.isBeingOpened) return;
+        console::PrintError(document.path + ": " + TextWalkLimit::Describe() +
+                            "; not all of its fonts are known");
+    };
     CatchInterrupts();
     const std::string problem = fonts.GetProblem();
     if (!problem.empty()) console::PrintError(problem);

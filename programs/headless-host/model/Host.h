@@ -13,6 +13,7 @@
 #include "model/HostFonts.h"
 #include "model/HostObjects.h"
 #include "model/Journal.h"
+#include "model/TextWalkLimit.h"
 
 namespace headless {
 
@@ -72,6 +73,7 @@ public:
     HandleRegister handles{violations};
     SuiteLedger suites{violations};
     HostFonts fonts;
+    TextWalkLimit walkLimit;
     DocumentReader reader;
 
     void* plugin = nullptr;       // the plug-in's handle, part of every message

@@ -35,6 +35,10 @@ struct DocumentObject {
     std::vector<documents::AddedText> addedTexts;
     std::vector<std::string> addedLinks;
 
+    double walkSeconds = 0;    // see TextWalkLimit
+    bool tookTooLong = false;  // it is over the limit
+    bool isBeingOpened = false;
+
     std::set<std::string> activeBefore;  // the fonts that were active before it was opened
 };
 

@@ -162,6 +162,7 @@ AIErr GetATETextRange(AIArtHandle handle, ATE::_TextRange** range)
     return Answer(kTextFrameSuite, "GetATETextRange", [&](SuiteCall& call) {
         const ArtItem* const art = FindArt(call, handle, kTextFrameArt);
         if (art == nullptr || !call.Require(range, "range")) return kHostBadParameter;
+        if (call.host.walkLimit.IsOver(*art->document)) return kHostTakesTooLong;
         const size_t runs = art->document->content.frames[art->index].runs.size();
         *range = IssueText(call.host.handles, TextRangeRef{{art->document}, art->index, 0, runs});
         call.OutHandle("range", *range);

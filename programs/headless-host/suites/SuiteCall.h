@@ -6,6 +6,9 @@
 
 namespace headless {
 
+// The text of a document that is over TextWalkLimit: 'TIME'.
+constexpr AIErr kHostTakesTooLong = 0x54494D45;
+
 // One call of a suite operation by the plug-in: collects what the journal gets, checks arguments
 // and records violations. Lives during the call.
 class SuiteCall {

@@ -198,6 +198,7 @@ ATEErr GetIteratorItem(ATE::_TextRunsIterator* iterator, ATE::_TextRange** run)
         call.Handle("reference", iterator);
         const auto* const object = call.Find<TextRunsIteratorRef>(iterator);
         if (object == nullptr || !call.Require(run, "run")) return kHostBadParameter;
+        if (call.host.walkLimit.IsOver(*object->document)) return kHostTakesTooLong;
         if (object->run >= object->endRun) return call.Refuse("the iterator is at its end");
         *run = IssueText(
             call.host.handles,

@@ -198,6 +198,8 @@ TEST_F(ProgramTest, WithoutMemoryItEndsWithOneLine)
                              home.GetPath() / "output");
         const int status = program.Wait();
         const std::string text = program.GetOutput();
+        // GnuTLS, which qpdf brings along, ends the process before any code of Vexcor runs.
+        if (text.find("Error in GnuTLS initialization") != std::string::npos) continue;
         // SIGSEGV is possible: fontconfig dereferences null if it cannot allocate a rule of its own
         // configuration.
         ASSERT_NE(-SIGABRT, status) << kibibytes << ": " << text;

@@ -173,3 +173,18 @@ TEST_F(ApplicationTest, AReaderThatThrowsFailsForItsFileOnly)
     RunPlugin("well-behaved", {"a.pdf", "b.pdf"});
     EXPECT_EQ("out of luck", reports[1].error);
 }
+
+TEST_F(ApplicationTest, ADocumentThatTakesThePluginTooLongIsClosedWithOneLine)
+{
+    AddFrame({"A"});
+    double now = 0;
+    host->walkLimit.clock = [&now] { return now += headless::TextWalkLimit::kSeconds + 1; };
+    headless::Application application(*host, "en");
+    std::string error;
+    ASSERT_TRUE(application.Start(GetPluginPath("reads-two-text-ranges"), error)) << error;
+    const headless::OpenReport report = application.Open(folder + "/a.pdf", "a.pdf");
+    EXPECT_FALSE(report.opened);
+    EXPECT_EQ("takes the plug-in longer than 30 s to read", report.error);
+    EXPECT_THAT(host->GetDocuments(), testing::IsEmpty());
+    EXPECT_THAT(host->violations.Lines(), testing::IsEmpty());
+}

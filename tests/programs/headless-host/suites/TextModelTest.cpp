@@ -1,5 +1,6 @@
 #include "ArtTypes.h"
 #include "HostFixture.h"
+#include "suites/SuiteCall.h"
 #include "suites/SuiteTable.h"
 
 using namespace ATE;
@@ -201,4 +202,38 @@ TEST_F(TextModel, WithoutADocumentTheDocumentOperationsFail)
     EXPECT_NE(kHostSuccess, headless::kDocumentTable.GetDocument(&current));
     EXPECT_NE(kHostSuccess, headless::kDocumentTable.GetDocumentModified(&modified));
     EXPECT_EQ(nullptr, current);
+}
+
+TEST_F(TextModel, AWalkThatTakesTooLongEnds)
+{
+    double now = 1000;
+    int told = 0;
+    host->walkLimit.clock = [&now] { return now; };
+    host->walkLimit.sink = [&](const headless::DocumentObject& one) {
+        EXPECT_EQ(document, &one);
+        ++told;
+    };
+    host->walkLimit.BeginMessage();
+    EXPECT_EQ(std::vector<std::string>{"C"}, WalkRuns(GetArt(2)));
+    now += headless::TextWalkLimit::kSeconds + 1;  // between two messages
+    host->walkLimit.BeginMessage();
+    _TextRange* range = nullptr;
+    EXPECT_EQ(kHostSuccess, headless::kArtTextFrameTable.GetATETextRange(GetArt(0), &range));
+    _TextRunsIterator* iterator = nullptr;
+    EXPECT_EQ(kHostSuccess, headless::kTextRangeTable.GetTextRunsIterator(range, &iterator));
+    now += headless::TextWalkLimit::kSeconds / 2;
+    _TextRange* run = nullptr;
+    EXPECT_EQ(kHostSuccess, headless::kTextRunsIteratorTable.Item(iterator, &run));
+    now += headless::TextWalkLimit::kSeconds / 2 + 1;
+    _TextRange* none = nullptr;
+    EXPECT_EQ(headless::kHostTakesTooLong, headless::kTextRunsIteratorTable.Item(iterator, &none));
+    EXPECT_EQ(headless::kHostTakesTooLong,
+              headless::kArtTextFrameTable.GetATETextRange(GetArt(2), &none));
+    EXPECT_EQ(nullptr, none);
+    EXPECT_TRUE(document->tookTooLong);
+    EXPECT_EQ(1, told);
+    for (_TextRange* const each : {range, run}) {
+        EXPECT_EQ(kHostSuccess, headless::kTextRangeTable.Release(each));
+    }
+    EXPECT_EQ(kHostSuccess, headless::kTextRunsIteratorTable.Release(iterator));
 }
