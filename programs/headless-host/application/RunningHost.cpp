@@ -105,7 +105,7 @@ int RunHost(const Options& given, const std::function<int(RunningHost&)>& body)
         return kWrongUse;
     }
     ReportViolationsAndAlerts(host);
-    host.walkLimit.sink = [&host](const DocumentObject& document) {
+    host.walkLimit.sink = [](const DocumentObject& document) {
         // The report of the opening says it itself.
         if (document.isBeingOpened) return;
         console::PrintError(document.path + ": " + TextWalkLimit::Describe() +
