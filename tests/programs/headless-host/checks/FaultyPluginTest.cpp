@@ -154,6 +154,7 @@ TEST_F(FaultyPlugin, EveryTestPluginIsListedHere)
                                           "refuses-to-start",
                                           "no-entry",
                                           "subscribes-all",
+                                          "reads-two-text-ranges",
                                           "well-behaved"};
     std::set<std::string> built;
     for (const auto& entry : std::filesystem::directory_iterator(TEST_PLUGINS_FOLDER)) {
