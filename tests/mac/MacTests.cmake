@@ -6,7 +6,7 @@ if(APPLE)
 else()
     target_sources(macsupport PRIVATE
         support/Display_GNUstep.cpp support/GNUstepHome.cpp support/GNUstepMain.mm
-        support/Workspace.mm support/XvfbDisplay.cpp)
+        support/StandInApplication.mm support/Workspace.mm support/XvfbDisplay.cpp)
 endif()
 typeloft_target(macsupport)
 target_include_directories(macsupport PUBLIC support)

@@ -2,7 +2,6 @@
 
 #include "base/Lines.h"
 #include "base/Strings.h"
-#include "documents/bytes/ReadBudget.h"
 #include "documents/model/FontName.h"
 #include "documents/native/NativeKeys.h"
 #include "documents/postscript/DscText.h"
@@ -52,20 +51,15 @@ private:
 
     void Add(std::string_view name)
     {
-        constexpr size_t kMostBytes = size_t{32} << 20;
-        constexpr size_t kBytesPerName = 64;
         if (!name.empty() && name.front() == '/') name.remove_prefix(1);
         if (name.empty() || name == record::kInvisibleFont) return;
-        mBytes += name.size() + kBytesPerName;
-        if (mBytes > kMostBytes) {
-            throw LimitExceeded("too large: its comments name more than can be read");
-        }
+        mLimit.Take(name.size());
         names.emplace_back(CutFontName(name));
     }
 
     bool mIsList = false;   // the last comment was %%DocumentFonts, which %%+ continues
     bool mIsAtEnd = false;  // the list is in the trailer
-    size_t mBytes = 0;
+    DscNameLimit mLimit;
 };
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "base/Strings.h"
 #include "documents/model/FontName.h"
 #include "documents/pdf/PdfDictionary.h"
 
@@ -25,8 +26,7 @@ std::string GetFontName(QPDFObjectHandle dictionary, const char* key)
 
 bool RemoveEnd(std::string& name, const std::string& end)
 {
-    const bool hasEnd =
-        name.size() > end.size() && name.compare(name.size() - end.size(), end.size(), end) == 0;
+    const bool hasEnd = name.size() > end.size() && base::EndsWith(name, end);
     if (hasEnd) name.resize(name.size() - end.size());
     return hasEnd;
 }

@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "base/Utf8.h"
-#include "documents/bytes/ReadBudget.h"
 #include "documents/model/DocumentBuilder.h"
 #include "documents/model/FontName.h"
 #include "documents/postscript/DscLines.h"
@@ -149,7 +148,7 @@ private:
         const bool isSupplied = isEmbedded || meaning == Meaning::kSuppliedFonts ||
                                 meaning == Meaning::kSuppliedResources;
         if (!isSupplied) listsUsedFonts = true;
-        Count(name.size());
+        mLimit.Take(name.size());
         (isEmbedded ? embeddedFonts : fonts).Add(StripSubsetPrefix(name));
     }
 
@@ -211,32 +210,21 @@ private:
     void TakeIncludedFile(std::string_view value)
     {
         std::string file = GetDscPath(value);
-        Count(file.size());
+        mLimit.Take(file.size());
         if (!file.empty()) includedFiles.push_back(std::move(file));
     }
 
     void AddListedFile(std::string_view value)
     {
         std::string file = GetDscPath(value);
-        Count(file.size());
+        mLimit.Take(file.size());
         if (!file.empty()) listedFiles.Add(std::move(file));
-    }
-
-    // Every text is copied several times until the document is complete.
-    void Count(size_t bytes)
-    {
-        constexpr size_t kMostBytes = size_t{32} << 20;
-        constexpr size_t kBytesPerText = 64;
-        mBytes += bytes + kBytesPerText;
-        if (mBytes > kMostBytes) {
-            throw LimitExceeded("too large: its comments name more than can be read");
-        }
     }
 
     static constexpr std::string_view kNameless = "PDF Font obj_";
 
     std::string mResourceType;
-    size_t mBytes = 0;
+    DscNameLimit mLimit;
 };
 
 // Comments don't say where a font is used: one frame with one run of length 1 per font.

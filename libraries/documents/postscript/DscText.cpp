@@ -4,6 +4,7 @@
 
 #include "base/Strings.h"
 #include "base/Utf8.h"
+#include "documents/bytes/ReadBudget.h"
 
 namespace documents {
 
@@ -102,6 +103,16 @@ std::string GetDscPath(std::string_view value)
 {
     const std::string text = GetDscText(value);
     return text.size() > kMostDscBytes ? std::string() : base::ToValidUtf8(text);
+}
+
+void DscNameLimit::Take(size_t bytes)
+{
+    constexpr size_t kMostBytes = size_t{32} << 20;
+    constexpr size_t kBytesPerName = 64;
+    mBytes += bytes + kBytesPerName;
+    if (mBytes > kMostBytes) {
+        throw LimitExceeded("too large: its comments name more than can be read");
+    }
 }
 
 std::string QuoteAsString(const std::string& text)

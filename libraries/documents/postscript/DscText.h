@@ -39,6 +39,17 @@ std::string GetDscText(std::string_view value);
 // The same for a path: valid UTF-8, and empty if it is longer than kMostDscBytes.
 std::string GetDscPath(std::string_view value);
 
+// Limits the memory for all that the comments of one document name, of which several copies are
+// made until the document is complete.
+class DscNameLimit {
+public:
+    // Counts a name. Throws LimitExceeded if all are too much.
+    void Take(size_t bytes);
+
+private:
+    size_t mBytes = 0;
+};
+
 // Returns the text as a PostScript string on one line, for example "(My \(bold\) Font)".
 std::string QuoteAsString(const std::string& text);
 

@@ -18,6 +18,7 @@ namespace documents {
 namespace {
 
 constexpr char kRecordPattern[] = "/save-XXXXXX";
+constexpr int kMostAttempts = 3;  // some file systems have no locks
 
 std::string GetDraftPrefix(const std::string& recordPath)
 {
@@ -72,16 +73,17 @@ DraftRecord::DraftRecord(const std::string& recordFolder, const std::string& dra
     if (recordFolder.empty()) return;
     std::error_code error;
     (void)fs::create_directories(recordFolder, error);  // an error shows when the file is made
-    do {
+    for (int attempt = 0; attempt < kMostAttempts && mPath.empty(); ++attempt) {
         std::string path = recordFolder + kRecordPattern;
         mFile = base::FileDescriptor(mkostemp(path.data(), O_CLOEXEC));
         if (!mFile.IsValid()) return;
-        mPath = path;
-    } while (!Lock(mFile) || !HasName(mFile));
-    if (base::WriteAll(mFile.Get(), draftFolder)) {
-        // A part of the path may name another folder.
-        (void)unlink(mPath.c_str());
-        mPath.clear();
+        const bool isOurs = Lock(mFile) && HasName(mFile);
+        // A part of the folder's path may name another folder.
+        if (isOurs && !base::WriteAll(mFile.Get(), draftFolder)) {
+            mPath = path;
+        } else {
+            (void)unlink(path.c_str());  // fails if another process has deleted it
+        }
     }
 }
 

@@ -25,10 +25,10 @@ documents::OpenResult Read(const Host& host, const std::string& path)
 }
 
 // Looks among the fonts that were active at the last refresh.
-bool IsAnyMissing(const std::vector<std::string>& names, const HostFonts& fonts)
+bool IsAnyMissing(const std::vector<documents::DocumentFont>& fonts, const HostFonts& known)
 {
-    return std::any_of(names.begin(), names.end(), [&](const std::string& name) {
-        return fonts.GetActiveNames().count(fonts.Match(name)) == 0;
+    return std::any_of(fonts.begin(), fonts.end(), [&](const documents::DocumentFont& font) {
+        return known.GetActiveNames().count(known.Match(font.postScriptName)) == 0;
     });
 }
 
@@ -108,7 +108,6 @@ OpenReport Application::Open(const std::string& path, const std::string& givenPa
     }
 
     const std::vector<documents::DocumentFont> fonts = documents::GetAllFonts(read.document);
-    const std::vector<std::string> names = documents::GetAllFontNames(read.document);
     report.opened = true;
     report.reader = read.document.reader;
     report.note = documents::JoinNotes(read.document);
@@ -117,7 +116,7 @@ OpenReport Application::Open(const std::string& path, const std::string& givenPa
     report.linkedDocuments = read.document.linkedFiles;
 
     (void)mHost.fonts.RefreshActiveNames();  // read by IsAnyMissing
-    const bool isAnyMissing = IsAnyMissing(names, mHost.fonts);
+    const bool isAnyMissing = IsAnyMissing(fonts, mHost.fonts);
     if (isAnyMissing) report.dialog = RunMissingFontsDialog(report.dialogTitle);
     DocumentObject* const document = mHost.AddDocument(std::move(read.document), path);
     console::LogAction("opened " + path);

@@ -15,9 +15,6 @@ namespace headless {
 
 namespace {
 
-// The script whose default font replaces missing fonts: the one of the system.
-constexpr AIFaceScript kSystemScript = -1;
-
 enum class Family { kNone, kPDF, kPostScript };
 
 struct Extension {
@@ -71,7 +68,7 @@ documents::WriteOrder MakeOrder(Host& host, const DocumentObject& document, cons
     order.addedLinks = document.addedLinks;
     const size_t start = path.rfind('/') + 1;
     order.title = path.substr(start, path.rfind('.') - start);
-    order.substituteFont = host.fonts.GetDefaultName(kSystemScript);
+    order.substituteFont = host.fonts.GetDefaultName(HostFonts::kSystemScript);
     if (!order.texts.empty()) {
         order.findFont = [files = host.fonts.ListFiles()](const std::string& name) {
             const auto found = files.find(name);

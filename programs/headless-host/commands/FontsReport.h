@@ -34,8 +34,8 @@ std::string WriteFontsReportAsJson(const FontsReport& report);
 // Reads what WriteFontsReportAsJson wrote. Throws nlohmann::json::exception for anything else.
 FontsReport ReadFontsReport(const std::string& json);
 
-// A few lines for people, with the last line end and without control characters. The
-// word "listed" is behind the name of a font that only the document's own list has.
+// A few lines for people, with the last line end and without control characters. The word "listed"
+// is behind the name of a font that only the document's own list has.
 std::string WriteFontsReportAsTable(const FontsReport& report);
 
 }  // namespace headless

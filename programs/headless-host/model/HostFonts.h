@@ -38,6 +38,9 @@ public:
 // was asked for. Main thread only.
 class HostFonts {
 public:
+    // The script of the system; its default font replaces missing fonts.
+    static constexpr AIFaceScript kSystemScript = -1;
+
     HostFonts(FontSource& source, HandleRegister& handles) : mSource(source), mHandles(handles) {}
 
     // Lists the active fonts again and returns their names.

@@ -10,8 +10,6 @@ namespace headless {
 
 namespace {
 
-constexpr AIFaceScript kSystemFontScript = -1;
-
 const SuiteRow& kFontSuite = *FindSuiteRow("AI Font Suite");
 
 AIErr GetDefaultFontForScript(AIFaceScript script, AIFontKey* key)
@@ -33,7 +31,7 @@ AIErr GetPostScriptFontName(AIFontKey key, char* buffer, short bufferSize)
         call.Handle("key", key);
         call.Arg("bufferSize", bufferSize);
         // Without any font there is no key that the plug-in could ask about. That is no violation.
-        if (key == nullptr && call.host.fonts.GetDefaultName(kSystemFontScript).empty()) {
+        if (key == nullptr && call.host.fonts.GetDefaultName(HostFonts::kSystemScript).empty()) {
             return kHostBadParameter;
         }
         const auto* const font = call.Find<FontKeyObject>(key);

@@ -2,35 +2,7 @@
 
 #import <AppKit/AppKit.h>
 
-@interface FixtureApplication : NSObject {
-    NSURL* mExecutable;
-}
-- (id)initWithExecutable:(const std::string&)path;
-- (NSURL*)executableURL;
-@end
-
-@implementation FixtureApplication
-
-- (id)initWithExecutable:(const std::string&)path
-{
-    self = [super init];
-    NSString* const text = [NSString stringWithUTF8String:path.c_str()];
-    if (self != nil && !path.empty()) mExecutable = [[NSURL fileURLWithPath:text] retain];
-    return self;
-}
-
-- (void)dealloc
-{
-    [mExecutable release];
-    [super dealloc];
-}
-
-- (NSURL*)executableURL
-{
-    return mExecutable;
-}
-
-@end
+#include "StandInApplication.h"
 
 static NSMutableArray* sApplications = nil;
 
@@ -39,8 +11,9 @@ void SetRunningApplications(const std::vector<std::string>& executables)
     [sApplications release];
     sApplications = [[NSMutableArray alloc] init];
     for (const std::string& path : executables) {
-        FixtureApplication* const application =
-            [[FixtureApplication alloc] initWithExecutable:path];
+        NSString* const text = path.empty() ? nil : [NSString stringWithUTF8String:path.c_str()];
+        StandInApplication* const application =
+            [[StandInApplication alloc] initWithExecutable:text];
         [sApplications addObject:application];
         [application release];
     }

@@ -62,8 +62,8 @@ public:
 
     // Stores the usage report, a JSON text, and makes the document hold exactly its fonts: new ones
     // are activated as at the opening, others are released. Reports don't name listed fonts: those
-    // of the opening remain. Without a report, only the path gets an
-    // id. Idempotent: the report that the close repeats changes nothing.
+    // of the opening remain. Without a report, only the path gets an id. Idempotent: the report
+    // that the close repeats changes nothing.
     void Save(const std::string& path, const std::string& usage, ActivationMode mode);
 
     // Releases the document in this process and stores the usage report, unless it is "" or the

@@ -1,9 +1,11 @@
 #include "documents/write/DraftRecord.h"
 
 #include <gmock/gmock.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
 #include <filesystem>
 #include <vector>
@@ -15,6 +17,20 @@
 using documents::DeleteAbandonedDrafts;
 using testing::IsEmpty;
 using testing::SizeIs;
+
+namespace {
+
+bool sHasLocks = true;
+
+}  // namespace
+
+// Takes the place of the C library's function in this program.
+extern "C" int flock(int descriptor, int operation) noexcept
+{
+    if (sHasLocks) return static_cast<int>(syscall(SYS_flock, descriptor, operation));
+    errno = ENOLCK;
+    return -1;
+}
 
 namespace {
 
@@ -104,6 +120,16 @@ TEST_F(DraftRecordTest, WithoutAPlaceForTheRecordTheFileIsSavedAllTheSame)
     EXPECT_EQ("", documents::ReplaceFile(documents + "/a.ai", "bytes", file + "/saves"));
     EXPECT_EQ("", documents::ReplaceFile(documents + "/b.ai", "bytes"));
     EXPECT_THAT(ListNames(documents), testing::UnorderedElementsAre("a.ai", "b.ai"));
+}
+
+TEST_F(DraftRecordTest, WithoutLocksTheFileIsSavedWithoutARecord)
+{
+    sHasLocks = false;
+    EXPECT_EQ("", documents::ReplaceFile(documents + "/a.ai", "bytes", records));
+    EXPECT_THAT(DeleteAbandonedDrafts(records), IsEmpty());
+    sHasLocks = true;
+    EXPECT_THAT(ListNames(documents), testing::ElementsAre("a.ai"));
+    EXPECT_THAT(ListNames(records), IsEmpty());
 }
 
 TEST_F(DraftRecordTest, MissingFolderOfRecordsIsNoError)

@@ -7,36 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "StandInApplication.h"
 #import "cocoa/AppKit.h"
-
-@interface MachOApplication : NSObject {
-    NSURL* mExecutable;
-}
-- (id)initWithExecutable:(NSString*)path;
-- (NSURL*)executableURL;
-@end
-
-@implementation MachOApplication
-
-- (id)initWithExecutable:(NSString*)path
-{
-    self = [super init];
-    if (self != nil) mExecutable = [[NSURL fileURLWithPath:path isDirectory:NO] retain];
-    return self;
-}
-
-- (void)dealloc
-{
-    [mExecutable release];
-    [super dealloc];
-}
-
-- (NSURL*)executableURL
-{
-    return mExecutable;
-}
-
-@end
 
 namespace {
 
@@ -74,7 +46,8 @@ std::vector<unsigned long> ListProcessNumbers()
         if (readlink(link.c_str(), target, sizeof target - 1) <= 0) continue;
         NSString* const path = [NSString stringWithUTF8String:target];
         if (path == nil) continue;
-        MachOApplication* const application = [[MachOApplication alloc] initWithExecutable:path];
+        StandInApplication* const application =
+            [[StandInApplication alloc] initWithExecutable:path];
         [applications addObject:application];
         [application release];
     }
