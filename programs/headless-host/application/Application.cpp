@@ -77,9 +77,11 @@ DialogOutcome Application::RunMissingFontsDialog(std::string& title)
     const unsigned long before = GetModalSessionCount();
     const ModalSession session = GetHostPlatform()->beginModalSession(&dialog);
     if (GetModalSessionCount() == before) {
-        mHost.violations.Add("beginModalSession: the host's own session was not begun");
+        mHost.violations.Add(kSessionNotBegun,
+                             "beginModalSession: the host's own session was not begun");
     } else if (session != &dialog) {
-        mHost.violations.Add("beginModalSession: the session of the host was not handed back");
+        mHost.violations.Add(kSessionNotReturned,
+                             "beginModalSession: the session of the host was not handed back");
     }
     return dialog.WasShown() ? DialogOutcome::kShown : DialogOutcome::kDismissed;
 }
@@ -195,14 +197,15 @@ void Application::ShutDown()
     (void)mPump->SendInterface("Shutdown");
     mHost.suites.AllowUnreleased(false);
     if (mPump->SendUnload() != kHostSuccess) {
-        mHost.violations.Add("Unload: the plug-in refuses to be unloaded after its shutdown");
+        mHost.violations.Add(kRefusesUnload,
+                             "Unload: the plug-in refuses to be unloaded after its shutdown");
         mModule->LeaveLoaded();
     }
     for (const std::string& line : mHost.suites.ListLeaks()) {
-        mHost.violations.Add("Unload: " + line);
+        mHost.violations.Add(kSuiteLeaked, "Unload: " + line);
     }
     for (const std::string& line : mHost.handles.ListLeaks()) {
-        mHost.violations.Add("Unload: " + line);
+        mHost.violations.Add(kReferenceLeaked, "Unload: " + line);
     }
     ResetHostPlatform();
     mDocuments.reset();

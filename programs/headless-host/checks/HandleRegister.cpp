@@ -51,21 +51,22 @@ HandleRegister::Record* HandleRegister::Check(const void* handle, HandleType typ
 {
     const std::string wanted = GetTypeName(type);
     if (handle == nullptr) {
-        mViolations.Add(operation + ": the " + wanted + " is null");
+        mViolations.Add(kNullHandle, operation + ": the " + wanted + " is null");
         return nullptr;
     }
     Record* const record = FindRecord(handle);
     if (record == nullptr) {
-        mViolations.Add(operation + ": the " + wanted + " was never handed out by the host");
+        mViolations.Add(kUnknownHandle,
+                        operation + ": the " + wanted + " was never handed out by the host");
         return nullptr;
     }
     if (record->type != type) {
-        mViolations.Add(operation + ": " + Describe(handle) +
-                        " is of the wrong type, wanted is: " + wanted);
+        mViolations.Add(kWrongHandleType, operation + ": " + Describe(handle) +
+                                              " is of the wrong type, wanted is: " + wanted);
         return nullptr;
     }
     if (!record->living) {
-        mViolations.Add(operation + ": " + Describe(handle) + " has expired");
+        mViolations.Add(kExpiredHandle, operation + ": " + Describe(handle) + " has expired");
         return nullptr;
     }
     return record;

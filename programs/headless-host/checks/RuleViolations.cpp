@@ -2,11 +2,12 @@
 
 namespace headless {
 
-void RuleViolations::Add(const std::string& line)
+void RuleViolations::Add(BrokenRule rule, const std::string& line)
 {
     ++mCount;
     if (mLines.size() >= kMostLines) return;
     mLines.push_back(line);
+    mRules.push_back(rule);
     if (mSink) mSink(line);
 }
 

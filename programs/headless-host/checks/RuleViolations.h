@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "checks/BrokenRule.h"
+
 namespace headless {
 
 // The rules of the host that the plug-in has broken, one line each. Not thread-safe.
@@ -17,10 +19,13 @@ public:
     void SetSink(Sink sink) { mSink = std::move(sink); }
 
     // Records a violation. After kMostLines lines, violations are only counted.
-    void Add(const std::string& line);
+    void Add(BrokenRule rule, const std::string& line);
 
     // In the order of Add.
     const std::vector<std::string>& Lines() const { return mLines; }
+
+    // The rule of each line.
+    const std::vector<BrokenRule>& Rules() const { return mRules; }
 
     // All violations, stored or not.
     size_t Count() const { return mCount; }
@@ -30,6 +35,7 @@ public:
 private:
     Sink mSink;
     std::vector<std::string> mLines;
+    std::vector<BrokenRule> mRules;
     size_t mCount = 0;
 };
 

@@ -18,8 +18,8 @@ bool SuiteLedger::Release(const SuiteRow& row)
 {
     Count& count = mCounts[&row];
     if (count.references == 0) {
-        mViolations.Add("ReleaseSuite: " + DescribeSuite(row) +
-                        " is released more often than acquired");
+        mViolations.Add(kSuiteNotHeld, "ReleaseSuite: " + DescribeSuite(row) +
+                                           " is released more often than acquired");
         return false;
     }
     --count.references;

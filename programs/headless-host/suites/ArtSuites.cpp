@@ -109,7 +109,7 @@ AIErr IndexArtSet(AIArtSet set, int index, AIArtHandle* art)
         const auto* const object = call.Find<ArtSetObject>(set);
         if (object == nullptr || !call.Require(art, "art")) return kHostBadParameter;
         if (index < 0 || static_cast<size_t>(index) >= object->art.size()) {
-            return call.Refuse("there is no member " + std::to_string(index));
+            return call.Refuse(kOutOfRange, "there is no member " + std::to_string(index));
         }
         *art = static_cast<AIArtHandle>(object->art[static_cast<size_t>(index)]);
         call.OutHandle("art", *art);
@@ -140,8 +140,9 @@ const ArtItem* FindArt(SuiteCall& call, AIArtHandle handle, int16_t type)
     call.Handle("art", handle);
     const auto* const art = call.Find<ArtItem>(handle);
     if (art == nullptr || art->type == type) return art;
-    (void)call.Refuse(call.host.handles.Describe(handle) + " is of art type " +
-                      std::to_string(art->type) + ", not " + std::to_string(type));
+    (void)call.Refuse(kBadArgument, call.host.handles.Describe(handle) + " is of art type " +
+                                        std::to_string(art->type) + ", not " +
+                                        std::to_string(type));
     return nullptr;
 }
 

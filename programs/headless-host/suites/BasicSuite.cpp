@@ -22,8 +22,10 @@ AIErr AcquireSuite(const char* name, int version, void* suite) noexcept
     try {
         AIErr result = kHostBadParameter;
         if (name == nullptr || suite == nullptr) {
-            host->violations.Add(std::string("AcquireSuite: the ") +
-                                 (name == nullptr ? "name" : "place for the suite") + " is null");
+            host->violations.Add(kBadAcquisition,
+                                 std::string("AcquireSuite: the ") +
+                                     (name == nullptr ? "name" : "place for the suite") +
+                                     " is null");
         } else if (const SuiteRow* const row = FindSuiteRow(name, version)) {
             host->suites.Acquire(*row);
             const void* const table = GetSuiteTable(*row);
@@ -51,9 +53,9 @@ AIErr ReleaseSuite(const char* name, int version) noexcept
         if (row != nullptr) {
             if (host->suites.Release(*row)) result = kHostSuccess;
         } else {
-            host->violations.Add("ReleaseSuite: the host has no suite \"" +
-                                 std::string(name == nullptr ? "(null)" : name) + "\" version " +
-                                 std::to_string(version));
+            host->violations.Add(kSuiteNotHeld, "ReleaseSuite: the host has no suite \"" +
+                                                    std::string(name == nullptr ? "(null)" : name) +
+                                                    "\" version " + std::to_string(version));
         }
         if (host->journal.IsOpen()) {
             host->journal.Write("suite", "ReleaseSuite", DescribeArguments(name, version), result);

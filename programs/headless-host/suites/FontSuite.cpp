@@ -36,7 +36,7 @@ AIErr GetPostScriptFontName(AIFontKey key, char* buffer, short bufferSize)
         }
         const auto* const font = call.Find<FontKeyObject>(key);
         if (font == nullptr || !call.Require(buffer, "buffer")) return kHostBadParameter;
-        if (bufferSize <= 0) return call.Refuse("the buffer size is not positive");
+        if (bufferSize <= 0) return call.Refuse(kBadArgument, "the buffer size is not positive");
         const size_t length =
             std::min(font->postScriptName.size(), static_cast<size_t>(bufferSize) - 1);
         std::memcpy(buffer, font->postScriptName.data(), length);

@@ -52,7 +52,7 @@ bool IsEncoding(SuiteCall& call, AICharacterEncoding encoding)
     if (encoding == kAIPlatformCharacterEncoding || encoding == kAIUTF8CharacterEncoding) {
         return true;
     }
-    (void)call.Refuse("the host has no encoding " + std::to_string(encoding));
+    (void)call.Refuse(kBadArgument, "the host has no encoding " + std::to_string(encoding));
     return false;
 }
 

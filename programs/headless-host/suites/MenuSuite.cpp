@@ -115,7 +115,7 @@ AIErr GetNthMenuItem(int index, AIMenuItemHandle* item)
         call.Arg("index", index);
         if (!call.Require(item, "item")) return kHostBadParameter;
         if (index < 0 || static_cast<size_t>(index) >= call.host.menuItems.size()) {
-            return call.Refuse("there is no item " + std::to_string(index));
+            return call.Refuse(kOutOfRange, "there is no item " + std::to_string(index));
         }
         *item = static_cast<AIMenuItemHandle>(call.host.menuItems[static_cast<size_t>(index)]);
         call.OutHandle("item", *item);

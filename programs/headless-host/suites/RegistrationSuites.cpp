@@ -53,7 +53,7 @@ AIErr AddFileFormatEx(SPPluginRef self, const char* name, PlatformAddFileFormatE
             return kHostBadParameter;
         }
         if (data->numTypes < 0 || (data->numTypes > 0 && data->typeList == nullptr)) {
-            return call.Refuse("the list of types is invalid");
+            return call.Refuse(kBadArgument, "the list of types is invalid");
         }
         FileFormatObject object;
         object.name = name;
@@ -92,7 +92,7 @@ AIErr AddTimer(SPPluginRef self, const char* name, int32_t period, AITimerHandle
             return kHostBadParameter;
         }
         call.Arg("name", std::string(name));
-        if (period < 0) return call.Refuse("the period is negative");
+        if (period < 0) return call.Refuse(kBadArgument, "the period is negative");
         Register(call, TimerObject{name, period, true}, call.host.timers, "timer", timer);
         return kHostSuccess;
     });

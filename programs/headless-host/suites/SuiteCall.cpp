@@ -11,23 +11,23 @@ SuiteCall::SuiteCall(Host& theHost, const SuiteRow& row, const char* operationNa
 {
 }
 
-AIErr SuiteCall::Refuse(const std::string& reason)
+AIErr SuiteCall::Refuse(BrokenRule rule, const std::string& reason)
 {
-    host.violations.Add(operation + ": " + reason);
+    host.violations.Add(rule, operation + ": " + reason);
     return kHostBadParameter;
 }
 
 bool SuiteCall::Require(const void* pointer, const char* name)
 {
     if (pointer != nullptr) return true;
-    (void)Refuse(std::string("the argument ") + name + " is null");
+    (void)Refuse(kNullArgument, std::string("the argument ") + name + " is null");
     return false;
 }
 
 bool SuiteCall::IsAllowed()
 {
     if (host.suites.IsHeld(mRow)) return true;
-    (void)Refuse("the suite is called without being acquired");
+    (void)Refuse(kSuiteNotAcquired, "the suite is called without being acquired");
     return false;
 }
 

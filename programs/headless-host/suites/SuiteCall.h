@@ -38,7 +38,7 @@ public:
     }
 
     // Records a violation and returns the status for a bad parameter.
-    AIErr Refuse(const std::string& reason);
+    AIErr Refuse(BrokenRule rule, const std::string& reason);
 
     // Returns false, and records a violation, if a required pointer argument is null.
     bool Require(const void* pointer, const char* name);

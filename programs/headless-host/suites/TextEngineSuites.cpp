@@ -106,7 +106,7 @@ ATEErr GetArrayItem(ATE::_ArrayFontRef* fonts, int index, ATE::_Font** font)
         if (object == nullptr || !call.Require(font, "font")) return kHostBadParameter;
         const std::vector<std::string>& names = object->document->content.fonts;
         if (index < 0 || static_cast<size_t>(index) >= names.size()) {
-            return call.Refuse("there is no font " + std::to_string(index));
+            return call.Refuse(kOutOfRange, "there is no font " + std::to_string(index));
         }
         *font = IssueText(call.host.handles,
                           FontRef{{object->document}, names[static_cast<size_t>(index)]});
@@ -186,7 +186,8 @@ ATEErr Next(ATE::_TextRunsIterator* iterator)
         call.Handle("reference", iterator);
         auto* const object = call.Find<TextRunsIteratorRef>(iterator);
         if (object == nullptr) return kHostBadParameter;
-        if (object->run >= object->endRun) return call.Refuse("the iterator is at its end");
+        if (object->run >= object->endRun)
+            return call.Refuse(kOutOfRange, "the iterator is at its end");
         ++object->run;
         return kHostSuccess;
     });
@@ -199,7 +200,8 @@ ATEErr GetIteratorItem(ATE::_TextRunsIterator* iterator, ATE::_TextRange** run)
         const auto* const object = call.Find<TextRunsIteratorRef>(iterator);
         if (object == nullptr || !call.Require(run, "run")) return kHostBadParameter;
         if (call.host.walkLimit.IsOver(*object->document)) return kHostTakesTooLong;
-        if (object->run >= object->endRun) return call.Refuse("the iterator is at its end");
+        if (object->run >= object->endRun)
+            return call.Refuse(kOutOfRange, "the iterator is at its end");
         *run = IssueText(
             call.host.handles,
             TextRangeRef{{object->document}, object->frame, object->run, object->run + 1});

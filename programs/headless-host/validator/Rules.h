@@ -1,0 +1,22 @@
+#pragma once
+
+#include <vector>
+
+namespace headless {
+
+// A rule that hosts rely on. docs/VALIDATOR.md explains each one.
+struct RuleRow {
+    int number;  // never changes its meaning
+    int level;   // 1 to 10: how thorough a validation is that includes it
+    bool isForTypeloftOnly;
+    const char* family;
+    const char* sentence;  // what the plug-in must do
+};
+
+// In the order of their numbers.
+extern const std::vector<RuleRow> kRules;
+
+// Null if there is no such rule.
+const RuleRow* FindRule(int number);
+
+}  // namespace headless
