@@ -31,6 +31,7 @@ int GetStatus(LineOutcome outcome)
             return kNotAsExpected;
         case LineOutcome::kFileFailed:
             return kFileNotOpened;
+        case LineOutcome::kImpossible:
         case LineOutcome::kWrong:
             return kWrongUse;
         case LineOutcome::kDone:
@@ -90,10 +91,12 @@ int RunLines(RunningHost& running, Place place, const std::string& name, std::st
                                     ? result.text
                                     : name + ":" + std::to_string(number) + ": " + result.text);
         }
+        const bool isWrong =
+            result.outcome == LineOutcome::kWrong || result.outcome == LineOutcome::kImpossible;
         // A typing error at the prompt doesn't end the session.
-        if (result.outcome == LineOutcome::kWrong && place == Place::kPrompt) continue;
+        if (isWrong && place == Place::kPrompt) continue;
         status = std::max(status, GetStatus(result.outcome));
-        if (result.outcome == LineOutcome::kWrong) break;
+        if (isWrong) break;
     }
     for (const auto& [operation, failure] : running.host.failures) {
         std::string line = name;
