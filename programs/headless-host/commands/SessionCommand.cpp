@@ -13,6 +13,7 @@
 #include "session/SessionLine.h"
 #include "system/Environment.h"
 #include "system/Paths.h"
+#include "system/TemporaryFolder.h"
 #include "validator/ScriptPlayer.h"
 
 namespace headless {
@@ -112,8 +113,7 @@ int RunLines(RunningHost& running, Place place, const std::string& name, std::st
 // Plays a script of a simulation, as the validator does.
 int RunSimulation(const Options& options, const std::string& script)
 {
-    std::string pattern = "/tmp/headless-host-XXXXXX";
-    if (mkdtemp(pattern.data()) == nullptr) return kFileNotOpened;
+    const TemporaryFolder folder;
     ValidatorCase which;
     which.script = script;
     const std::string plugin = options.plugin.empty()
@@ -121,7 +121,7 @@ int RunSimulation(const Options& options, const std::string& script)
                                    : MakeAbsolute(options.plugin);
     const std::string journal =
         options.journal.empty() ? options.journal : MakeAbsolute(options.journal);
-    const CaseOutcome outcome = PlayScript(which, plugin, pattern, journal);
+    const CaseOutcome outcome = PlayScript(which, plugin, folder.GetPath(), journal);
     int status = kAllOpened;
     for (const Finding& finding : outcome.findings) {
         const bool isRule = finding.rule != 0;
