@@ -1,10 +1,12 @@
 #include "validator/RandomMessages.h"
 
 #include <deque>
+#include <iterator>
 
 #include "session/SessionWords.h"
 #include "validator/random/HostModel.h"
 #include "validator/random/RandomCore.h"
+#include "validator/random/RandomDocument.h"
 #include "validator/random/RandomNumbers.h"
 #include "validator/random/RandomSend.h"
 
@@ -19,10 +21,6 @@ constexpr const char* kDocumentPaths[] = {"a.ai",      "b.ai",    "form.ait",   
                                           "c.ai",      "big.ait", "old.eps",      "\xC3\xA4.pdf"};
 constexpr size_t kFirstDocuments = 8;  // of kDocumentPaths, that are there from the start
 constexpr char kBrokenPath[] = "broken.ai";
-
-constexpr const char* kFonts[] = {"Default-Regular", "Alpha-Regular",           "Beta-Bold",
-                                  "Gamma-Italic",    "Delta-Regular",           "Missing-One",
-                                  "Missing-Two",     "Gr\303\266\303\237e-Fett"};
 
 // The items of the simulated PluginCore's own menu tree that can be chosen.
 constexpr const char* kCommands[] = {"Activate Fonts", "Deactivate Fonts", "About"};
@@ -150,8 +148,6 @@ private:
     }
     void Open(const std::string& path);
     void ResetCore(const std::string& function);
-    std::string PickFonts(uint64_t most);
-    std::string PickPaths();
 
     RandomNumbers mRandom;
     const bool mKeepsModel;
@@ -204,62 +200,10 @@ void ScriptMaker::MakeAct()
     (this->*kActs[chosen].make)();
 }
 
-std::string ScriptMaker::PickFonts(uint64_t most)
-{
-    std::string fonts = mRandom.Pick(kFonts);
-    for (uint64_t more = mRandom.Below(most); more > 0; --more) {
-        fonts += std::string(",") + mRandom.Pick(kFonts);
-    }
-    return fonts;
-}
-
-std::string ScriptMaker::PickPaths()
-{
-    std::string paths = mRandom.Pick(kDocumentPaths);
-    if (mRandom.Once(2)) paths += ",no such file.ai";
-    return paths;
-}
-
 void ScriptMaker::MakeDocument(const std::string& path)
 {
-    std::string line = "document " + QuoteSessionWord(path);
-    const auto add = [&line](const std::string& text) { line += " " + QuoteSessionWord(text); };
     const bool isReadable = path != kBrokenPath && !mRandom.Once(30);
-    if (!isReadable) add("unreadable");
-    switch (mRandom.Below(9)) {
-        case 0:
-            add("frames=0");
-            break;
-        case 1:
-            add("frames=" + std::to_string(mRandom.Between(1, 4)));
-            add("empty");
-            break;
-        case 2:
-            add("fonts=" + PickFonts(3));
-            add("runs=" + std::to_string(mRandom.Between(1, mRandom.Once(10) ? 2000 : 60)));
-            break;
-        case 3:
-            add("fonts=" + PickFonts(5));
-            add("frames=" + std::to_string(mRandom.Between(2, 40)));
-            break;
-        case 4:
-            add("fonts=Missing-One," + PickFonts(3));
-            break;
-        case 5:
-            add("fonts=" + PickFonts(2));
-            add("placed=" + PickPaths());
-            break;
-        case 6:
-            add("fonts=" + PickFonts(2));
-            add("listed=" + PickFonts(4));
-            break;
-        case 7:
-            break;
-        default:
-            add("fonts=" + PickFonts(4));
-            break;
-    }
-    Add(line);
+    Add(MakeDocumentLine(mRandom, path, isReadable));
     mModel.AddFile(path, isReadable);
 }
 
@@ -274,7 +218,7 @@ void ScriptMaker::MakeActive()
 {
     std::string line = "active";
     for (uint64_t count = mRandom.Between(1, 4); count > 0; --count) {
-        line += std::string(" ") + mRandom.Pick(kFonts);
+        line += " " + PickFont(mRandom);
     }
     Add(line);
 }
@@ -310,7 +254,7 @@ void ScriptMaker::MakeNew()
 
 void ScriptMaker::MakeText()
 {
-    std::string line = std::string("text ") + mRandom.Pick(kFonts);
+    std::string line = "text " + PickFont(mRandom);
     if (mRandom.Once(2)) line += " Some more words";
     Add(line);
 }
