@@ -14,7 +14,4 @@ void AddDialogPeriodCases(std::vector<ValidatorCase>& cases);
 void AddPanelPortCases(std::vector<ValidatorCase>& cases);
 void AddShutdownCases(std::vector<ValidatorCase>& cases);
 
-// All of the above.
-void AddTypeloftCases(std::vector<ValidatorCase>& cases);
-
 }  // namespace headless

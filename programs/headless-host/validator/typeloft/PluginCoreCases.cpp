@@ -78,12 +78,4 @@ void AddPluginCoreCases(std::vector<ValidatorCase>& cases)
     AppendByRule(cases, std::move(made));
 }
 
-void AddTypeloftCases(std::vector<ValidatorCase>& cases)
-{
-    AddPluginCoreCases(cases);
-    AddDialogPeriodCases(cases);
-    AddPanelPortCases(cases);
-    AddShutdownCases(cases);
-}
-
 }  // namespace headless
