@@ -6,12 +6,14 @@
 
 #include "application/ExitStatus.h"
 #include "application/RunningHost.h"
+#include "commands/Prompt.h"
 #include "console/Console.h"
 #include "documents/bytes/FileBytes.h"
-#include "session/Prompt.h"
 #include "session/Session.h"
 #include "session/SessionLine.h"
 #include "system/Environment.h"
+#include "system/Paths.h"
+#include "validator/ScriptPlayer.h"
 
 namespace headless {
 
@@ -33,6 +35,7 @@ int GetStatus(LineOutcome outcome)
             return kWrongUse;
         case LineOutcome::kDone:
         case LineOutcome::kQuit:
+        case LineOutcome::kRestart:
             break;
     }
     return kAllOpened;
@@ -103,6 +106,29 @@ int RunLines(RunningHost& running, Place place, const std::string& name, std::st
     return status;
 }
 
+// Plays a script of a simulation, as the validator does.
+int RunSimulation(const Options& options, const std::string& script)
+{
+    std::string pattern = "/tmp/headless-host-XXXXXX";
+    if (mkdtemp(pattern.data()) == nullptr) return kFileNotOpened;
+    ValidatorCase which;
+    which.script = script;
+    const std::string plugin = options.plugin.empty()
+                                   ? GetProgramFolder() + "/../Plug-ins/TypeloftSPEA.aip"
+                                   : MakeAbsolute(options.plugin);
+    const std::string journal =
+        options.journal.empty() ? options.journal : MakeAbsolute(options.journal);
+    const CaseOutcome outcome = PlayScript(which, plugin, pattern, journal);
+    int status = kAllOpened;
+    for (const Finding& finding : outcome.findings) {
+        const bool isRule = finding.rule != 0;
+        console::PrintError(isRule ? "rule " + std::to_string(finding.rule) + ": " + finding.message
+                                   : finding.message);
+        status = std::max<int>(status, isRule ? kPluginBrokeRule : kNotAsExpected);
+    }
+    return status;
+}
+
 }  // namespace
 
 int RunSessionCommand(const Options& options)
@@ -120,6 +146,7 @@ int RunSessionCommand(const Options& options)
         console::PrintError(options.session + ": " + file.error);
         return kWrongUse;
     }
+    if (IsSimulation(file.bytes)) return RunSimulation(options, file.bytes);
     return RunHost(options, [&](RunningHost& running) {
         return RunLines(running, Place::kFile, options.session, file.bytes);
     });

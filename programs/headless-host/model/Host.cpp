@@ -26,6 +26,16 @@ Host::Host(FontSource& fontSource, DocumentReader documentReader)
 
 Host::~Host() { sCurrent = nullptr; }
 
+void Host::BeginCall(const std::string& name)
+{
+    for (auto found = duringCalls.find(name); found != duringCalls.end();
+         found = duringCalls.find(name)) {
+        const std::function<void()> act = std::move(found->second);
+        duringCalls.erase(found);  // it may call the same operation
+        act();
+    }
+}
+
 Host* Host::GetCurrent() { return sCurrent; }
 
 DocumentObject* Host::AddDocument(documents::Document content, const std::string& path)

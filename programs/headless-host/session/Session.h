@@ -1,11 +1,16 @@
 #pragma once
 
+#include <map>
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "application/RunningHost.h"
 #include "session/JournalLines.h"
 
 namespace headless {
+
+class PanelBus;
 
 enum class LineOutcome {
     kDone,
@@ -13,6 +18,7 @@ enum class LineOutcome {
     kFileFailed,     // a file cannot be opened or saved; already reported
     kWrong,          // the line is invalid, or the action is not possible at present
     kQuit,
+    kRestart,  // of a simulation: the plug-in starts again with a new host
 };
 
 struct LineResult {
@@ -45,6 +51,12 @@ public:
     RunningHost& running;
     JournalLines journal;  // since the start of the session
     OpenReport lastOpened;
+    std::shared_ptr<PanelBus> portBus;  // of `ask-port`
+    // Performs another line, for actions that do so later; set by RunLine.
+    LineResult (*runLine)(Session& session, const std::string& line) = nullptr;
+    std::vector<std::string> nestedFailures;  // of lines of `during`
+    bool isAnswerSkipped = false;             // the last `send` sent nothing
+    std::map<std::string, std::vector<size_t>> remembered;
     std::string lastPanelAnswers;  // one JSON object per line
 };
 

@@ -1,6 +1,7 @@
 #include <cstring>
 
 #include "model/Host.h"
+#include "model/PluginCode.h"
 #include "suites/SuiteTable.h"
 #include "suites/SuiteTables.h"
 
@@ -15,17 +16,39 @@ nlohmann::json DescribeArguments(const char* name, int version)
     return {{"name", name == nullptr ? "(null)" : name}, {"version", version}};
 }
 
-AIErr AcquireSuite(const char* name, int version, void* suite) noexcept
+// Whether the call of the basic suite shall fail, which Host::failures and Host::suiteFaults say.
+bool TakesFailure(Host& host, const char* operation, AIErr& status, std::string& exceptionType)
+{
+    host.BeginCall(operation);
+    if (const Fault* const fault = host.suiteFaults.CountCall()) {
+        status = fault->exceptionType.empty() ? fault->status : kHostBadParameter;
+        exceptionType = fault->exceptionType;
+        return true;
+    }
+    const auto failure = host.failures.find(operation);
+    if (failure == host.failures.end()) return false;
+    status = failure->second;
+    host.failures.erase(failure);
+    return true;
+}
+
+AIErr AcquireSuite(const char* name, int version, void* suite)
 {
     Host* const host = Host::GetCurrent();
     if (host == nullptr) return kHostBadParameter;
+    const plugin_code::Scope scope(false);
+    AIErr result = kHostBadParameter;
+    std::string exceptionType;
     try {
-        AIErr result = kHostBadParameter;
-        if (name == nullptr || suite == nullptr) {
+        if (TakesFailure(*host, "AcquireSuite", result, exceptionType)) {
+            // nothing is acquired
+        } else if (name == nullptr || suite == nullptr) {
             host->violations.Add(kBadAcquisition,
                                  std::string("AcquireSuite: the ") +
                                      (name == nullptr ? "name" : "place for the suite") +
                                      " is null");
+        } else if (host->lackingSuites.count(name) != 0) {
+            result = kSuiteNotFoundErr;
         } else if (const SuiteRow* const row = FindSuiteRow(name, version)) {
             host->suites.Acquire(*row);
             const void* const table = GetSuiteTable(*row);
@@ -37,20 +60,26 @@ AIErr AcquireSuite(const char* name, int version, void* suite) noexcept
         if (host->journal.IsOpen()) {
             host->journal.Write("suite", "AcquireSuite", DescribeArguments(name, version), result);
         }
-        return result;
     } catch (...) {
         return kHostOutOfMemory;
     }
+    if (!exceptionType.empty()) ThrowFault(exceptionType);
+    return result;
 }
 
-AIErr ReleaseSuite(const char* name, int version) noexcept
+AIErr ReleaseSuite(const char* name, int version)
 {
     Host* const host = Host::GetCurrent();
     if (host == nullptr) return kHostBadParameter;
+    const plugin_code::Scope scope(false);
+    AIErr result = kHostBadParameter;
+    std::string exceptionType;
     try {
-        AIErr result = kHostBadParameter;
         const SuiteRow* const row = name == nullptr ? nullptr : FindSuiteRow(name, version);
-        if (row != nullptr) {
+        if (TakesFailure(*host, "ReleaseSuite", result, exceptionType)) {
+            // The suite is released all the same: the plug-in can't know that it isn't.
+            if (row != nullptr) (void)host->suites.Release(*row);
+        } else if (row != nullptr) {
             if (host->suites.Release(*row)) result = kHostSuccess;
         } else {
             host->violations.Add(kSuiteNotHeld, "ReleaseSuite: the host has no suite \"" +
@@ -60,10 +89,11 @@ AIErr ReleaseSuite(const char* name, int version) noexcept
         if (host->journal.IsOpen()) {
             host->journal.Write("suite", "ReleaseSuite", DescribeArguments(name, version), result);
         }
-        return result;
     } catch (...) {
         return kHostOutOfMemory;
     }
+    if (!exceptionType.empty()) ThrowFault(exceptionType);
+    return result;
 }
 
 int IsEqual(const char* a, const char* b) noexcept

@@ -79,15 +79,15 @@ void AddBytes(std::vector<ValidatorCase>& cases)
 {
     const std::vector<std::pair<std::string, std::string>> texts = {
         {"lone-continuation", "80"},
-        {"overlong", "C0AF"},
-        {"surrogate", "EDA080"},
-        {"beyond-unicode", "F5808080"},
-        {"cut-character", "E283"},
-        {"all-ones", "FFFF"},
+        {"overlong", "c0af"},
+        {"surrogate", "eda080"},
+        {"beyond-unicode", "f5808080"},
+        {"cut-character", "e283"},
+        {"all-ones", "ffff"},
         // [{"PostScriptName":"A\xFF"}]
-        {"in-a-list", "5B7B22506F73745363726970744E616D65223A2241FF227D5D"},
+        {"in-a-list", "5b7b22506f73745363726970744e616d65223a2241ff227d5d"},
         // [{"PostScriptName":"A\0B"}]
-        {"zero-in-a-list", "5B7B22506F73745363726970744E616D65223A22410042227D5D"},
+        {"zero-in-a-list", "5b7b22506f73745363726970744e616d65223a22410042227d5d"},
         {"zero-first", "0041"},
         {"zero-last", "4100"},
     };
@@ -105,7 +105,7 @@ void AddBytes(std::vector<ValidatorCase>& cases)
     }
     AddCase(cases, 1110, "list-without-utf-8-leads-to-no-dialog",
             Join(MakeWorld(), {"core HandleOpenExistingDocument hex="
-                               "5B7B22506F73745363726970744E616D65223A2241FF227D5D",
+                               "5b7b22506f73745363726970744e616d65223a2241ff227d5d",
                                "open a.ai", ExpectCore("InvokeResolveDialog", 0)}));
 }
 
