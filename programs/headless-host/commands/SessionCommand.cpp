@@ -13,6 +13,7 @@
 #include "session/SessionLine.h"
 #include "system/Environment.h"
 #include "system/Paths.h"
+#include "system/TemporaryFolder.h"
 #include "validator/ScriptPlayer.h"
 
 namespace headless {
@@ -31,6 +32,7 @@ int GetStatus(LineOutcome outcome)
             return kNotAsExpected;
         case LineOutcome::kFileFailed:
             return kFileNotOpened;
+        case LineOutcome::kImpossible:
         case LineOutcome::kWrong:
             return kWrongUse;
         case LineOutcome::kDone:
@@ -90,10 +92,12 @@ int RunLines(RunningHost& running, Place place, const std::string& name, std::st
                                     ? result.text
                                     : name + ":" + std::to_string(number) + ": " + result.text);
         }
+        const bool isWrong =
+            result.outcome == LineOutcome::kWrong || result.outcome == LineOutcome::kImpossible;
         // A typing error at the prompt doesn't end the session.
-        if (result.outcome == LineOutcome::kWrong && place == Place::kPrompt) continue;
+        if (isWrong && place == Place::kPrompt) continue;
         status = std::max(status, GetStatus(result.outcome));
-        if (result.outcome == LineOutcome::kWrong) break;
+        if (isWrong) break;
     }
     for (const auto& [operation, failure] : running.host.failures) {
         std::string line = name;
@@ -109,8 +113,7 @@ int RunLines(RunningHost& running, Place place, const std::string& name, std::st
 // Plays a script of a simulation, as the validator does.
 int RunSimulation(const Options& options, const std::string& script)
 {
-    std::string pattern = "/tmp/headless-host-XXXXXX";
-    if (mkdtemp(pattern.data()) == nullptr) return kFileNotOpened;
+    const TemporaryFolder folder;
     ValidatorCase which;
     which.script = script;
     const std::string plugin = options.plugin.empty()
@@ -118,7 +121,7 @@ int RunSimulation(const Options& options, const std::string& script)
                                    : MakeAbsolute(options.plugin);
     const std::string journal =
         options.journal.empty() ? options.journal : MakeAbsolute(options.journal);
-    const CaseOutcome outcome = PlayScript(which, plugin, pattern, journal);
+    const CaseOutcome outcome = PlayScript(which, plugin, folder.GetPath(), journal);
     int status = kAllOpened;
     for (const Finding& finding : outcome.findings) {
         const bool isRule = finding.rule != 0;

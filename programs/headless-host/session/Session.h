@@ -16,7 +16,8 @@ enum class LineOutcome {
     kDone,
     kNotAsExpected,  // an expectation is not met
     kFileFailed,     // a file cannot be opened or saved; already reported
-    kWrong,          // the line is invalid, or the action is not possible at present
+    kImpossible,     // the action is not possible at present
+    kWrong,          // the line is invalid
     kQuit,
     kRestart,  // of a simulation: the plug-in starts again with a new host
 };
@@ -26,8 +27,9 @@ struct LineResult {
     std::string text;  // one line about what is wrong; empty if there is nothing to report
 };
 
-// A result with the outcome kWrong.
+// Results with the outcomes kWrong and kImpossible.
 LineResult MakeWrong(const std::string& text);
+LineResult MakeImpossible(const std::string& text);
 
 // What the lines of a script share: the host they work on, and what later lines can ask about. Main
 // thread only.

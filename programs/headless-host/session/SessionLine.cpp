@@ -48,7 +48,7 @@ LineResult RunLine(Session& session, const std::string& line)
     }
     if (!row->isBeforeStart && running.ensureStarted) running.ensureStarted();
     if (row->needsDocument && session.running.host.GetCurrentDocument() == nullptr) {
-        return MakeWrong(name + ": no document is open");
+        return MakeImpossible(name + ": no document is open");
     }
     return row->run(session, arguments);
 }

@@ -234,7 +234,7 @@ LineResult RunVanish(Session& session, const Words& words)
 {
     const std::string path = session.running.world->GetPath(words[0]);
     if (unlink(path.c_str()) == 0) return {};
-    return MakeWrong("vanish: " + words[0] + ": " + std::strerror(errno));
+    return MakeImpossible("vanish: " + words[0] + ": " + std::strerror(errno));
 }
 
 LineResult RunLanguage(Session& session, const Words& words)

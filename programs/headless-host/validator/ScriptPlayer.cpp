@@ -70,6 +70,7 @@ public:
             session.nestedFailures.clear();
             if (result.outcome == LineOutcome::kRestart) return line + 1;
             if (result.outcome == LineOutcome::kQuit) return lines.size();
+            // What isn't possible is left out: scripts that were made at random, or shrunk.
             const bool isWrong = result.outcome == LineOutcome::kWrong;
             if (isWrong || result.outcome == LineOutcome::kNotAsExpected) {
                 AddFinding(mCase.rule, "line " + std::to_string(line + 1) + ": " + result.text);
