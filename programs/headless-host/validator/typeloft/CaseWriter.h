@@ -35,8 +35,8 @@ struct CoreCall {
     const char* function;
     Lines before;          // performed once, before the function is made to fail
     const char* act;       // a %s in it becomes the name of a document, a.ai or b.ai
-    unsigned calls;        // of the function in `before` and one act
-    unsigned callsBefore;  // of the function in `before` and at the start
+    unsigned calls;        // of the function in one act
+    unsigned callsBefore;  // of the function at the start and in `before`
 };
 extern const std::vector<CoreCall> kCoreCalls;
 

@@ -9,12 +9,11 @@ namespace {
 // performs the act again: both must reach PluginCore.
 Lines FailOnce(const CoreCall& call, const std::string& fault)
 {
-    Lines lines = Join(MakeWorld(), call.before);
+    Lines lines = Join(Join(MakeWorld(), {"start"}), call.before);
     lines.push_back(fault);
     lines.push_back(Fill(call.act, "a.ai"));
     lines.push_back(ExpectCore(call.function, call.callsBefore + call.calls));
     lines.push_back(std::string("core ") + call.function);
-    lines.insert(lines.end(), call.before.begin(), call.before.end());
     lines.push_back(Fill(call.act, "b.ai"));
     lines.push_back(ExpectCore(call.function, call.callsBefore + 2 * call.calls));
     lines.emplace_back("send \"AI Timer\" \"AI Go\"");
