@@ -1,4 +1,4 @@
-#include "validator/KnownResidue.h"
+#include "validator/sweep/KnownResidue.h"
 
 #include <algorithm>
 #include <vector>

@@ -1,7 +1,7 @@
-#include "validator/Sweep.h"
+#include "validator/sweep/Sweep.h"
 
 #include "model/CallFaults.h"
-#include "validator/KnownResidue.h"
+#include "validator/sweep/KnownResidue.h"
 
 namespace headless {
 
