@@ -22,6 +22,7 @@
 #include "validator/process/CaseEnd.h"
 #include "validator/process/CaseSeries.h"
 #include "validator/random/RandomCases.h"
+#include "validator/sweep/SweepCases.h"
 
 namespace headless {
 
@@ -142,11 +143,18 @@ private:
         CaseSeries series(
             mLimits, mOptions.seconds,
             [this](const ValidatorCase& which, const std::string& folder) {
-                return RunCase(which, mPlugin, folder);
+                CaseOutcome outcome = RunCase(which, mPlugin, folder);
+                if (which.rule >= kSuiteCallFails) LeaveOutKnown(outcome);
+                return outcome;
             },
             mReport);
         RunWritten(series);
-        // The sweeps of validator/Sweep.h belong here.
+        std::vector<SweepRule> sweeps;
+        for (const SweepRule rule :
+             {kSuiteCallFails, kSuiteCallThrows, kCoreCallFails, kAllocationFails}) {
+            if (IsChosen(rule)) sweeps.push_back(rule);
+        }
+        if (!IsInterrupted()) RunSweepCases(sweeps, mIsTypeloft, series, mReport);
         for (const int rule : {kRandomWithModel, kRandomWithoutModel}) {
             if (IsInterrupted() || !IsChosen(rule)) continue;
             RunRandomCases({rule, mIsTypeloft, mOptions.seed, mOptions.count}, series, mReport);

@@ -1,6 +1,7 @@
 #include "validator/process/CaseSeries.h"
 
 #include <utility>
+#include <vector>
 
 #include "base/Progress.h"
 
@@ -44,9 +45,25 @@ void CaseSeries::Run(size_t total, const Next& next, const Done& done)
 
 void CaseSeries::Run(size_t total, const Next& next)
 {
-    Run(total, next, [this](const ValidatorCase& which, const CaseOutcome& outcome) {
-        mReport.Add(which, outcome);
+    std::vector<std::pair<ValidatorCase, CaseOutcome>> failed;
+    Run(total, next, [&](const ValidatorCase& which, const CaseOutcome& outcome) {
+        if (outcome.result == CaseResult::kFailed) {
+            failed.emplace_back(which, outcome);
+        } else {
+            mReport.Add(which, outcome);
+        }
     });
+    for (const auto& [which, outcome] : failed) {
+        mReport.Add(which, RunWithJournal(which, outcome));
+    }
+}
+
+CaseOutcome CaseSeries::RunWithJournal(const ValidatorCase& which, const CaseOutcome& first)
+{
+    ValidatorCase again = which;
+    again.wantsJournal = true;
+    const std::optional<CaseOutcome> second = RunAlone(again);
+    return second && second->result == CaseResult::kFailed ? *second : first;
 }
 
 std::optional<CaseOutcome> CaseSeries::RunAlone(const ValidatorCase& which)

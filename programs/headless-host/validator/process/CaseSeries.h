@@ -31,12 +31,17 @@ public:
     // done    called with the outcome of each case that was run; it reports the case
     void Run(size_t total, const Next& next, const Done& done);
 
-    // The same; reports each case with its outcome.
+    // The same; reports each case with its outcome. A case that failed is run once more, with its
+    // journal.
     void Run(size_t total, const Next& next);
 
     // Runs one case and reports nothing. Returns nothing after an interrupt, or if the time is
     // over.
     std::optional<CaseOutcome> RunAlone(const ValidatorCase& which);
+
+    // The outcome of a second run of a case that failed, which writes a journal; the first outcome
+    // if the second run passes.
+    CaseOutcome RunWithJournal(const ValidatorCase& which, const CaseOutcome& first);
 
     bool IsTimeOver() const;
 

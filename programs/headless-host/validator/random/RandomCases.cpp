@@ -103,7 +103,7 @@ void RunRandomCases(const RandomSettings& settings, CaseSeries& series, Validato
     for (const FailedScript& failed : failures) {
         const bool isFirst = shrunk.insert(GetBrokenRule(failed.outcome)).second;
         const FailedScript reported = isFirst ? Shrink(failed, series) : failed;
-        report.Add(reported.which, reported.outcome);
+        report.Add(reported.which, series.RunWithJournal(reported.which, reported.outcome));
     }
 }
 
