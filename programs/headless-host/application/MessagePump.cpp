@@ -40,14 +40,17 @@ AIErr MessagePump::Send(const char* caller, const char* selector, void* message,
     std::string callerText = caller == nullptr ? "" : caller;
     std::string selectorText = selector == nullptr ? "" : selector;
     const HandleRegister::Message outer = mHost.handles.BeginMessage(
+        arguments.value("raw", false) ||
         ScansFonts(callerText, selectorText, arguments.value("type", "")));
     mHost.walkLimit.BeginMessage();
     mHost.journal.Write("host", "send", arguments, nullptr);
+    const bool hadGlobals = head.globals != nullptr;
     ++mDepth;
     const AIErr result = Call(caller == nullptr ? nullptr : callerText.data(),
                               selector == nullptr ? nullptr : selectorText.data(), message);
     if (--mDepth > 0) mHost.handles.ResumeMessage(outer);
-    mHost.globalsWord = head.globals;
+    // A message without globals, which only scripts send, doesn't make the plug-in forget them.
+    if (hadGlobals || head.globals != nullptr) mHost.globalsWord = head.globals;
     mHost.lastAnswer = result;
     mHost.journal.Write("host", "answer", arguments, result);
     return result;
@@ -84,6 +87,7 @@ AIErr MessagePump::SendRaw(const char* caller, const char* selector, RawMessage*
                            nlohmann::json arguments)
 {
     SPMessageData none = MakeHead();
+    arguments["raw"] = true;
     return Send(caller, selector, message, message == nullptr ? none : message->d,
                 std::move(arguments));
 }

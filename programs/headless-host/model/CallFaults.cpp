@@ -46,6 +46,11 @@ void CallFaults::FailCall(size_t number, Fault fault)
     mFault = std::move(fault);
 }
 
+void CallFaults::NoteFailedCall(const std::string& name, AIErr status)
+{
+    mFailedCall = name + " " + std::to_string(status);
+}
+
 const Fault* CallFaults::CountCall(const std::string& name)
 {
     if (++mCount != mFailingCall) return nullptr;

@@ -35,6 +35,9 @@ public:
     // name   of the operation
     const Fault* CountCall(const std::string& name);
 
+    // Notes a call that failed for another reason than an order to FailCall.
+    void NoteFailedCall(const std::string& name, AIErr status);
+
     // The call that failed: "GetMenus throw:int"; empty if none has.
     const std::string& GetFailedCall() const { return mFailedCall; }
 

@@ -28,6 +28,7 @@ bool TakesFailure(Host& host, const char* operation, AIErr& status, std::string&
     const auto failure = host.failures.find(operation);
     if (failure == host.failures.end()) return false;
     status = failure->second;
+    host.suiteFaults.NoteFailedCall(operation, status);
     host.failures.erase(failure);
     return true;
 }
@@ -57,6 +58,7 @@ AIErr AcquireSuite(const char* name, int version, void* suite)
                                      " is null");
         } else if (host->lackingSuites.count(name) != 0) {
             result = kSuiteNotFoundErr;
+            host->suiteFaults.NoteFailedCall("AcquireSuite", result);
         } else if (const SuiteRow* const row = FindOffered(*host, name, version)) {
             host->suites.Acquire(*row);
             const void* const table = GetSuiteTable(*row);
@@ -64,6 +66,7 @@ AIErr AcquireSuite(const char* name, int version, void* suite)
             result = kHostSuccess;
         } else {
             result = kSuiteNotFoundErr;
+            host->suiteFaults.NoteFailedCall("AcquireSuite", result);
         }
         if (host->journal.IsOpen()) {
             host->journal.Write("suite", "AcquireSuite", DescribeArguments(name, version), result);

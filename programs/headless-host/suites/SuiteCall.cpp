@@ -42,6 +42,7 @@ bool SuiteCall::TakeFailure(AIErr& status, std::string& exceptionType)
     const auto failure = host.failures.find(mName);
     if (failure == host.failures.end()) return false;
     status = failure->second;
+    host.suiteFaults.NoteFailedCall(mName, status);
     host.failures.erase(failure);
     return true;
 }

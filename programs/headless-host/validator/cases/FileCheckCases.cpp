@@ -117,7 +117,6 @@ void AddOrders(std::vector<ValidatorCase>& cases)
             "document a.ai fonts=A\n" + Check("a.ai") + "expect answer -1\nopen a.ai\n" +
                 Check("a.ai") + "expect answer -1\nclose\n" + Check("none.ai") +
                 "expect answer -1\n");
-    AddCase(cases, 1011, "without a path", Check("null") + "expect answer -1\n");
     AddCase(cases, 1011, "version 8",
             "exec 'printf \"%%!PS-Adobe-3.0 EPSF-3.0\\n%%%%Creator: x\\n\" > a.eps'\n" +
                 Check("a.eps") + "expect answer -1\n");
