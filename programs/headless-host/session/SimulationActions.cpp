@@ -289,9 +289,14 @@ LineResult RunAllow(Session& session, const Words& words)
     return {};
 }
 
-LineResult RunCount(Session& session, const Words&)
+LineResult RunCount(Session& session, const Words& words)
 {
-    session.running.world->CountFrom(session.running.host);
+    if (!words.empty() && words[0] != "end") return MakeUnknown("count", words[0]);
+    if (words.empty()) {
+        session.running.world->CountFrom(session.running.host);
+    } else {
+        session.running.world->CountUpTo(session.running.host);
+    }
     return {};
 }
 

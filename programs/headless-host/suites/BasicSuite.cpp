@@ -20,7 +20,7 @@ nlohmann::json DescribeArguments(const char* name, int version)
 bool TakesFailure(Host& host, const char* operation, AIErr& status, std::string& exceptionType)
 {
     host.BeginCall(operation);
-    if (const Fault* const fault = host.suiteFaults.CountCall()) {
+    if (const Fault* const fault = host.suiteFaults.CountCall(operation)) {
         status = fault->exceptionType.empty() ? fault->status : kHostBadParameter;
         exceptionType = fault->exceptionType;
         return true;

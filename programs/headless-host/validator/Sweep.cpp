@@ -120,6 +120,7 @@ ValidatorCase MakeProbe(const Scenario& scenario)
     probe.rule = kSuiteCallFails;
     probe.name = scenario.name;
     probe.script = scenario.script;
+    probe.script.replace(probe.script.find(kAfter), 0, "count end\n");
     probe.script.replace(probe.script.find(kFaultLine), sizeof kFaultLine - 1, "count\n");
     return probe;
 }
