@@ -5,6 +5,7 @@
 #include "commands/FontsCommand.h"
 #include "commands/OpenCommand.h"
 #include "commands/SessionCommand.h"
+#include "commands/ValidateCommand.h"
 #include "console/Console.h"
 
 int main(int argc, char** argv)
@@ -17,6 +18,9 @@ int main(int argc, char** argv)
             case console::ParseOutcome::kRun:
                 if (options.action == headless::Command::kFonts) {
                     return headless::RunFontsCommand(options);
+                }
+                if (options.action == headless::Command::kValidate) {
+                    return headless::RunValidateCommand(options);
                 }
                 return options.action == headless::Command::kScript
                            ? headless::RunSessionCommand(options)

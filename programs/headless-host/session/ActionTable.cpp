@@ -87,6 +87,8 @@ const std::vector<ActionRow> kActions = {
      true},
     {"lack-suite", "NAME", 1, 1, "The host has no suite with this name", false, nullptr,
      RunLackSuite, true, true},
+    {"suite-version", "NAME N", 2, 2, "The host has this suite only in version N", false, nullptr,
+     RunSuiteVersion, true, true},
     {"lack-function", "NAME", 1, 1, "PluginCore lacks a function", false, nullptr, RunLackFunction,
      true, true},
     {"lack-core", "", 0, 0, "There is no PluginCore", false, nullptr, RunLackCore, true, true},

@@ -255,6 +255,15 @@ LineResult RunLackSuite(Session& session, const Words& words)
     return {};
 }
 
+LineResult RunSuiteVersion(Session& session, const Words& words)
+{
+    int version = 0;
+    if (!ReadStatus(words[1], version)) return MakeUnknown("suite-version", words[1]);
+    session.running.world->suiteVersions[words[0]] = version;
+    session.running.host.suiteVersions[words[0]] = version;
+    return {};
+}
+
 LineResult RunLackFunction(Session& session, const Words& words)
 {
     if (session.running.world->LackFunction(words[0])) return {};

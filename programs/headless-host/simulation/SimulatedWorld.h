@@ -67,6 +67,7 @@ public:
     SimulatedCore core;
     std::string language = "en";  // a tag of kHostLanguages
     std::set<std::string> lackingSuites;
+    std::map<std::string, int> suiteVersions;  // see Host::suiteVersions
     bool isRefused = false;  // the plug-in has refused to start
     bool mayRefuse = false;  // a plug-in that refuses to start breaks no rule
 

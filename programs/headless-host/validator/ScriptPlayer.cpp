@@ -37,6 +37,7 @@ public:
     {
         mHost.suites.Inherit(held);
         mHost.lackingSuites = world.lackingSuites;
+        mHost.suiteVersions = world.suiteVersions;
         mHost.writer = [this](DocumentObject& document, const std::string& path) {
             return mWorld.Write(mHost, document, path);
         };

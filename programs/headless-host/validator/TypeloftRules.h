@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "validator/Rules.h"
+#include "validator/RuleRow.h"
 
 namespace headless {
 

@@ -1,7 +1,7 @@
-#include "validator/Sweep.h"
+#include "validator/sweep/Sweep.h"
 
 #include "model/CallFaults.h"
-#include "validator/KnownResidue.h"
+#include "validator/sweep/KnownResidue.h"
 
 namespace headless {
 
@@ -153,7 +153,7 @@ void LeaveOutKnown(CaseOutcome& outcome)
 {
     std::vector<Finding> left;
     for (Finding& finding : outcome.findings) {
-        if (!IsKnownResidue(finding)) left.push_back(std::move(finding));
+        if (!IsKnownResidue(finding, outcome.failedCall)) left.push_back(std::move(finding));
     }
     outcome.findings = std::move(left);
     if (outcome.findings.empty() && outcome.result == CaseResult::kFailed) {
