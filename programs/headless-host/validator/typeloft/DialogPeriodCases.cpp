@@ -68,7 +68,7 @@ void AddOutcomes(std::vector<ValidatorCase>& cases)
 }
 
 // Boundaries keep a second of distance, since the clock runs on while a script plays.
-void AddTimes(std::vector<ValidatorCase>& cases)
+void AddPeriodTimes(std::vector<ValidatorCase>& cases)
 {
     const auto at = [&](int rule, const std::string& name, const Lines& lines) {
         AddCase(cases, rule, name, Join(BeginPeriod(), lines));
@@ -150,7 +150,7 @@ void AddDialogPeriodCases(std::vector<ValidatorCase>& cases)
 {
     std::vector<ValidatorCase> made;
     AddOutcomes(made);
-    AddTimes(made);
+    AddPeriodTimes(made);
     AddSettingsOfUser(made);
     AppendByRule(cases, std::move(made));
 }

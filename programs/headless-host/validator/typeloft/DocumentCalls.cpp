@@ -1,3 +1,4 @@
+#include "session/SessionWords.h"
 #include "validator/typeloft/CaseWriter.h"
 #include "validator/typeloft/PluginCoreFamily.h"
 
@@ -83,18 +84,22 @@ void AddResolutions(std::vector<ValidatorCase>& cases)
 
     const std::string mixed =
         R"([{"PostScriptName":"Missing-One"},{"PostScriptName":"Default-Regular"}])";
+    // The whole list that the dialog gets.
+    const auto expectList = [](const std::string& list) {
+        return "expect call InvokeResolveDialog " + QuoteSessionWord(list);
+    };
     AddCase(cases, 1115, "one-of-two",
             Join(MakeWorld(), {MakeList(mixed), "open a.ai", ExpectCore("InvokeResolveDialog", 2),
-                               "expect call InvokeResolveDialog Missing-One"}));
+                               expectList(kFontList)}));
     AddCase(cases, 1115, "only-defaults",
-            Join(MakeWorld(),
-                 {MakeList(R"([{"PostScriptName":"Default-Regular"}])"),
-                  "core InvokeResolveDialog text=", "open a.ai",
-                  ExpectCore("InvokeResolveDialog", 2), ExpectCore("ActivateChosenFonts", 0)}));
+            Join(MakeWorld(), {MakeList(R"([{"PostScriptName":"Default-Regular"}])"),
+                               "core InvokeResolveDialog text=", "open a.ai",
+                               ExpectCore("InvokeResolveDialog", 2), expectList("[]"),
+                               ExpectCore("ActivateChosenFonts", 0)}));
     AddCase(cases, 1115, "in-an-object",
             Join(MakeWorld(), {MakeList(R"({"DocumentFonts":)" + mixed + "}"), "open a.ai",
                                ExpectCore("InvokeResolveDialog", 2),
-                               "expect call InvokeResolveDialog Missing-One"}));
+                               expectList(R"({"DocumentFonts":)" + kFontList + "}")}));
 }
 
 void AddReports(std::vector<ValidatorCase>& cases)

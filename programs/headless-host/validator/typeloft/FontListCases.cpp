@@ -43,7 +43,7 @@ void AddCutLists(std::vector<ValidatorCase>& cases)
 
 void AddDeepLists(std::vector<ValidatorCase>& cases)
 {
-    for (const size_t levels : {size_t{2000}, size_t{20000}, size_t{200000}}) {
+    for (const size_t levels : {size_t{2000}, size_t{20000}, size_t{150000}}) {
         const std::string name = std::to_string(levels) + "-";
         const Lines refused = {ExpectCore("InvokeResolveDialog", 0)};
         AddList(cases, 1117, name + "arrays", Repeat("[", levels) + Repeat("]", levels), refused);

@@ -180,7 +180,7 @@ void AddCommands(std::vector<ValidatorCase>& cases)
              "expect call HandleMenuSelection library:1"});
 }
 
-void AddSizes(std::vector<ValidatorCase>& cases)
+void AddTreeSizes(std::vector<ValidatorCase>& cases)
 {
     const std::string tooSmall = " status=" + std::to_string(int{kCoreBufferTooSmall});
     for (const std::string size : {"0", "1", "100", "67108864"}) {
@@ -207,7 +207,7 @@ void AddMenuTreeCases(std::vector<ValidatorCase>& cases)
     AddBrokenUpdates(cases);
     AddRebuilds(cases);
     AddCommands(cases);
-    AddSizes(cases);
+    AddTreeSizes(cases);
 }
 
 }  // namespace headless
