@@ -27,9 +27,8 @@ bool SuiteLedger::Release(const SuiteRow& row)
     return true;
 }
 
-void SuiteLedger::Inherit(const SuiteLedger& before)
+void SuiteLedger::ForgetLeaks()
 {
-    mCounts = before.mCounts;
     AllowUnreleased(true);
     mAllowsUnreleased = false;
 }

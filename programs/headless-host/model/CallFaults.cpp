@@ -48,15 +48,17 @@ void CallFaults::FailCall(size_t number, Fault fault)
 
 void CallFaults::NoteFailedCall(const std::string& name, AIErr status)
 {
-    mFailedCall = name + " " + std::to_string(status);
+    mFailedCalls.push_back(name + " " + std::to_string(status));
 }
 
 const Fault* CallFaults::CountCall(const std::string& name)
 {
     if (++mCount != mFailingCall) return nullptr;
-    mFailedCall = name + " " +
-                  (mFault.exceptionType.empty() ? std::to_string(mFault.status)
-                                                : kThrow + mFault.exceptionType);
+    if (mFault.exceptionType.empty()) {
+        NoteFailedCall(name, mFault.status);
+    } else {
+        mFailedCalls.push_back(name + " " + kThrow + mFault.exceptionType);
+    }
     return &mFault;
 }
 

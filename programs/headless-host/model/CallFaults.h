@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
 #include "HostTypes.h"
 
@@ -38,8 +39,8 @@ public:
     // Notes a call that failed for another reason than an order to FailCall.
     void NoteFailedCall(const std::string& name, AIErr status);
 
-    // The call that failed: "GetMenus throw:int"; empty if none has.
-    const std::string& GetFailedCall() const { return mFailedCall; }
+    // The calls that failed, as "GetMenus throw:int".
+    const std::vector<std::string>& GetFailedCalls() const { return mFailedCalls; }
 
     size_t GetCount() const { return mCount; }
 
@@ -48,7 +49,7 @@ public:
 
 private:
     Fault mFault;
-    std::string mFailedCall;
+    std::vector<std::string> mFailedCalls;
     size_t mCount = 0;
     size_t mFailingCall = 0;
 };

@@ -4,6 +4,7 @@
 #include <set>
 
 #include "panel/PanelBus.h"
+#include "simulation/SimulatedWorld.h"
 
 namespace headless {
 
@@ -171,6 +172,13 @@ LineResult RunSend(Session& session, const Words& words)
     Host& host = session.running.host;
     session.isAnswerSkipped = false;
     if (session.running.application.Pump() == nullptr) return MakeWrong("send: nothing is loaded");
+    const SimulatedWorld* const world = session.running.world;
+    // No host sends more to a plug-in that has refused to start and registered nothing.
+    const bool isForRunning = words[0] != "SP Interface" && words[0] != "SP Access";
+    if (world != nullptr && world->isRefused && isForRunning) {
+        session.isAnswerSkipped = true;
+        return {};
+    }
     MessagePump::RawMessage message = session.running.application.Pump()->MakeRaw();
     RawOrder order;
     for (size_t i = 2; i < words.size() && order.error.empty(); ++i) {

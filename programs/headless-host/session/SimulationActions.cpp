@@ -68,12 +68,18 @@ documents::Kind GetKindOfPath(const std::string& path)
     return extension == ".eps" ? documents::Kind::kEPS : documents::Kind::kIllustrator;
 }
 
+char AsLower(char letter)
+{
+    return letter >= 'A' && letter <= 'F' ? static_cast<char>(letter - 'A' + 'a') : letter;
+}
+
 bool ReadBytes(const std::string& text, std::string& bytes)
 {
+    constexpr std::string_view kDigits = "0123456789abcdef";
     if (text.size() % 2 != 0) return false;
     for (size_t i = 0; i < text.size(); i += 2) {
-        const auto high = std::string("0123456789abcdef").find(text[i]);
-        const auto low = std::string("0123456789abcdef").find(text[i + 1]);
+        const auto high = kDigits.find(AsLower(text[i]));
+        const auto low = kDigits.find(AsLower(text[i + 1]));
         if (high == std::string::npos || low == std::string::npos) return false;
         bytes += static_cast<char>(high * 16 + low);
     }

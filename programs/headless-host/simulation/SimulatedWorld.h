@@ -68,8 +68,8 @@ public:
     std::string language = "en";  // a tag of kHostLanguages
     std::set<std::string> lackingSuites;
     std::map<std::string, int> suiteVersions;  // see Host::suiteVersions
-    bool isRefused = false;  // the plug-in has refused to start
-    bool mayRefuse = false;  // a plug-in that refuses to start breaks no rule
+    bool isRefused = false;                    // the plug-in has refused to start
+    bool mayRefuse = false;                    // a plug-in that refuses to start breaks no rule
 
 private:
     const std::string mFolder;

@@ -36,7 +36,7 @@ struct CaseOutcome {
     std::string reason;                // why it was skipped
     std::vector<std::string> journal;  // the last lines; empty if the case passed
     CallCounts counts;
-    std::string failedCall;  // the call that failed on purpose: "GetMenus throw:int"; else empty
+    std::vector<std::string> failedCalls;  // on purpose, as "GetMenus throw:int"
 };
 
 }  // namespace headless

@@ -23,90 +23,124 @@ std::string FindFrameworks()
     return {};
 }
 
-// The lines of a script up to its next `restart`, with one host.
-class Life {
+// Plays the lines of one script. Lives of the plug-in follow each other in one host: it forgets the
+// notifiers, timers and file formats of a plug-in that is unloaded, but its menus remain.
+class Player {
 public:
-    Life(const ValidatorCase& which, const std::string& plugin, SimulatedWorld& world,
-         CaseOutcome& outcome, const SuiteLedger& held)
+    Player(const ValidatorCase& which, const std::string& plugin, SimulatedWorld& world)
         : mCase(which),
           mPlugin(plugin),
           mWorld(world),
-          mOutcome(outcome),
-          mHost(world, [&world](const std::string& path) { return world.Read(path); }),
-          mApplication(mHost, world.language)
+          mHost(world, [&world](const std::string& path) { return world.Read(path); })
     {
-        mHost.suites.Inherit(held);
-        mHost.lackingSuites = world.lackingSuites;
-        mHost.suiteVersions = world.suiteVersions;
         mHost.writer = [this](DocumentObject& document, const std::string& path) {
             return mWorld.Write(mHost, document, path);
         };
         mOptions.frameworks = FindFrameworks();
-        SetPrivateFrameworks(mOptions.frameworks);
     }
 
-    const Host& GetHost() const { return mHost; }
-
-    bool OpenJournal(const std::string& path)
+    CaseOutcome Play(const std::vector<std::string>& lines, const std::string& journal)
     {
         std::string error;
-        return path.empty() || mHost.journal.Open(path, error);
-    }
-
-    // Plays lines from `line` on. Returns the index behind the last line played.
-    size_t Play(const std::vector<std::string>& lines, size_t line)
-    {
-        RunningHost running{mHost, mApplication, mOptions, mFolder, &mWorld, [this] { Start(); }};
-        Session session(running, mCase.script.find("expect call") != std::string::npos);
-        for (; line < lines.size(); ++line) {
-            LineResult result;
-            try {
-                result = RunLine(session, lines[line]);
-            } catch (const std::exception& exception) {
-                result = {LineOutcome::kWrong, exception.what()};
-            }
-            for (const std::string& failure : session.nestedFailures) {
-                AddFinding(mCase.rule, "line " + std::to_string(line + 1) + ": " + failure);
-            }
-            session.nestedFailures.clear();
-            if (result.outcome == LineOutcome::kRestart) return line + 1;
-            if (result.outcome == LineOutcome::kQuit) return lines.size();
-            // What isn't possible is left out: scripts that were made at random, or shrunk.
-            const bool isWrong = result.outcome == LineOutcome::kWrong;
-            if (isWrong || result.outcome == LineOutcome::kNotAsExpected) {
-                AddFinding(mCase.rule, "line " + std::to_string(line + 1) + ": " + result.text);
-            }
-            if (isWrong) return lines.size();
-        }
-        return line;
-    }
-
-    // Shuts the plug-in down and collects what it broke.
-    void End()
-    {
-        Start();  // a script without a line that needs the plug-in
-        mApplication.ShutDown();
-        if (mWorld.isRefused && !mWorld.mayRefuse) AddFinding(mCase.rule, mRefusal);
-        for (size_t i = 0; i < mHost.violations.Lines().size(); ++i) {
-            AddFinding(mHost.violations.Rules()[i], mHost.violations.Lines()[i]);
-        }
-        const SimulatedWorld::Counts counts = mWorld.GetCounts(mHost);
-        for (const CallFaults* const faults : {&mHost.suiteFaults, &mHost.coreFaults}) {
-            if (!faults->GetFailedCall().empty()) mOutcome.failedCall = faults->GetFailedCall();
-        }
-        mOutcome.counts = {counts.suiteCalls, counts.coreCalls, counts.allocations};
+        // A journal that cannot be written is missed only where it is shown.
+        if (!journal.empty()) (void)mHost.journal.Open(journal, error);
+        size_t line = 0;
+        do {
+            line = PlayLife(lines, line);
+        } while (line < lines.size());
+        Collect();
+        return mOutcome;
     }
 
 private:
-    void Start()
+    // Plays lines from `line` on, up to the next `restart`. Returns the index behind the last one.
+    size_t PlayLife(const std::vector<std::string>& lines, size_t line)
+    {
+        Application application(mHost, mWorld.language);
+        SetPrivateFrameworks(mOptions.frameworks);
+        mIsStarted = false;
+        const auto start = [&] { Start(application); };
+        RunningHost running{mHost, application, mOptions, mFolder, &mWorld, start};
+        // Lives as long as the application: lines of `during` may be performed in the shutdown.
+        Session session(running, mCase.script.find("expect call") != std::string::npos);
+        bool isOver = false;
+        while (line < lines.size() && !isOver) {
+            isOver = !PlayLine(session, lines[line], line + 1);
+            ++line;
+        }
+        start();  // for a script without a line that needs the plug-in
+        application.ShutDown();
+        TakeNestedFailures(session, line);
+        mHost.duringCalls.clear();
+        if (mWorld.isRefused && !mWorld.mayRefuse) AddFinding(mCase.rule, mRefusal);
+        ForgetPlugin();
+        return mIsEnded ? lines.size() : line;
+    }
+
+    // Returns false at the end of the life.
+    bool PlayLine(Session& session, const std::string& line, size_t number)
+    {
+        LineResult result;
+        try {
+            result = RunLine(session, line);
+        } catch (const std::exception& exception) {
+            result = {LineOutcome::kWrong, exception.what()};
+        }
+        TakeNestedFailures(session, number);
+        if (result.outcome == LineOutcome::kRestart) return false;
+        // What isn't possible is left out: scripts that were made at random, or shrunk.
+        const bool isWrong = result.outcome == LineOutcome::kWrong;
+        if (isWrong || result.outcome == LineOutcome::kNotAsExpected) {
+            AddFinding(mCase.rule, "line " + std::to_string(number) + ": " + result.text);
+        }
+        mIsEnded = isWrong || result.outcome == LineOutcome::kQuit;
+        return !mIsEnded;
+    }
+
+    void TakeNestedFailures(Session& session, size_t number)
+    {
+        for (const std::string& failure : session.nestedFailures) {
+            AddFinding(mCase.rule, "line " + std::to_string(number) + ": " + failure);
+        }
+        session.nestedFailures.clear();
+    }
+
+    void Start(Application& application)
     {
         if (mIsStarted) return;
         mIsStarted = true;
         std::string error;
-        if (mApplication.Start(mPlugin, error)) return;
-        if (mApplication.Pump() == nullptr) AddFinding(kModuleNotLoaded, error);
+        if (application.Start(mPlugin, error)) return;
+        if (application.Pump() == nullptr) AddFinding(kModuleNotLoaded, error);
         mWorld.isRefused = true;
         mRefusal = error;
+    }
+
+    // A module that the system keeps in memory after the unload remembers the suites that it holds.
+    void ForgetPlugin()
+    {
+        for (std::vector<void*>* const handles :
+             {&mHost.notifiers, &mHost.timers, &mHost.fileFormats}) {
+            for (void* const handle : *handles) mHost.handles.Expire(handle);
+            handles->clear();
+        }
+        mHost.suites.ForgetLeaks();
+        mHost.globalsWord = nullptr;
+        mHost.alerts.clear();
+        mWorld.isRefused = false;
+    }
+
+    void Collect()
+    {
+        for (size_t i = 0; i < mHost.violations.Lines().size(); ++i) {
+            AddFinding(mHost.violations.Rules()[i], mHost.violations.Lines()[i]);
+        }
+        const SimulatedWorld::Counts counts = mWorld.GetCounts(mHost);
+        mOutcome.counts = {counts.suiteCalls, counts.coreCalls, counts.allocations};
+        for (const CallFaults* const faults : {&mHost.suiteFaults, &mHost.coreFaults}) {
+            const std::vector<std::string>& calls = faults->GetFailedCalls();
+            mOutcome.failedCalls.insert(mOutcome.failedCalls.end(), calls.begin(), calls.end());
+        }
     }
 
     void AddFinding(int rule, const std::string& message)
@@ -118,13 +152,13 @@ private:
     const ValidatorCase& mCase;
     const std::string& mPlugin;
     SimulatedWorld& mWorld;
-    CaseOutcome& mOutcome;
+    CaseOutcome mOutcome;
     Host mHost;
-    Application mApplication;
     Options mOptions;
     const std::string mFolder = MakeAbsolute(".");
-    bool mIsStarted = false;
     std::string mRefusal;
+    bool mIsStarted = false;
+    bool mIsEnded = false;  // the whole script
 };
 
 std::vector<std::string> SplitLines(const std::string& text)
@@ -143,23 +177,8 @@ std::vector<std::string> SplitLines(const std::string& text)
 CaseOutcome PlayScript(const ValidatorCase& which, const std::string& plugin,
                        const std::string& folder, const std::string& journal)
 {
-    CaseOutcome outcome;
     SimulatedWorld world(folder);
-    const std::vector<std::string> lines = SplitLines(which.script);
-    size_t line = 0;
-    RuleViolations none;
-    SuiteLedger held(none);
-    do {
-        Life life(which, plugin, world, outcome, held);
-        // A journal that cannot be written is missed only where it is shown.
-        (void)life.OpenJournal(line == 0 || journal.empty() ? journal
-                                                            : journal + "-" + std::to_string(line));
-        line = life.Play(lines, line);
-        life.End();
-        world.isRefused = false;
-        held.Inherit(life.GetHost().suites);
-    } while (line < lines.size());
-    return outcome;
+    return Player(which, plugin, world).Play(SplitLines(which.script), journal);
 }
 
 }  // namespace headless

@@ -86,7 +86,9 @@ void RunRandomCases(const RandomSettings& settings, CaseSeries& series, Validato
             next.seed = settings.seed + made;
             next.name = "seed " + std::to_string(next.seed);
             const size_t rest = settings.count - made * kMessagesPerScript;
-            next.script = JoinScript(MakeRandomScript(next.seed, std::min(rest, kMessagesPerScript),
+            // PluginCore may refuse after a `restart`.
+            next.script = "allow refusal\n" +
+                          JoinScript(MakeRandomScript(next.seed, std::min(rest, kMessagesPerScript),
                                                       settings.rule == kRandomWithModel,
                                                       settings.isTypeloft));
             ++made;

@@ -15,7 +15,7 @@ struct KnownMessage {
 };
 
 constexpr KnownMessage kMessages[] = {
-    {"SP Interface", "Startup"},  {"SP Interface", "About"},      {"AI Notifier", "AI Notify"},
+    {"SP Interface", "About"},    {"SP Interface", "About"},      {"AI Notifier", "AI Notify"},
     {"AI Notifier", "AI Notify"}, {"AI Notifier", "AI Notify"},   {"AI Menu", "AI Go"},
     {"AI Menu", "AI Update"},     {"AI File Format", "AI Check"}, {"AI Timer", "AI Go"},
 };
@@ -63,16 +63,16 @@ public:
             const bool isKnown = !mRandom.Once(4);
             caller = isKnown ? known.caller : MakeText(kCallers);
             selector = isKnown ? known.selector : MakeText(kSelectors);
-        } while (EndsPlugin(caller, selector));
+        } while (EndsLife(caller, selector));
         mLine = "send " + QuoteSessionWord(caller) + " " + QuoteSessionWord(selector);
         AddFields(caller);
         return std::move(mLine);
     }
 
 private:
-    static bool EndsPlugin(const std::string& caller, const std::string& selector)
+    static bool EndsLife(const std::string& caller, const std::string& selector)
     {
-        return (caller == "SP Interface" && selector == "Shutdown") ||
+        return (caller == "SP Interface" && (selector == "Startup" || selector == "Shutdown")) ||
                (caller == "SP Access" && selector == "Unload");
     }
 

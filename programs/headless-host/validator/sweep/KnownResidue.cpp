@@ -37,11 +37,14 @@ const std::vector<KnownResidue> kKnownResidues = {
 
 }  // namespace
 
-bool IsKnownResidue(const Finding& finding, const std::string& failedCall)
+bool IsKnownResidue(const Finding& finding, const std::vector<std::string>& failedCalls)
 {
-    if (failedCall.empty()) return false;
+    const auto hasFailed = [&](const std::string& name) {
+        return std::any_of(failedCalls.begin(), failedCalls.end(),
+                           [&](const std::string& call) { return call.rfind(name, 0) == 0; });
+    };
     return std::any_of(kKnownResidues.begin(), kKnownResidues.end(), [&](const KnownResidue& row) {
-        return row.rule == finding.rule && failedCall.rfind(row.call, 0) == 0 &&
+        return row.rule == finding.rule && hasFailed(row.call) &&
                finding.message.find(row.text) != std::string::npos;
     });
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "validator/Case.h"
 
@@ -10,11 +11,11 @@ namespace headless {
 // everything must be released.
 struct KnownResidue {
     int rule;
-    const char* call;  // that failed: the beginning of CaseOutcome::failedCall; "" for any
+    const char* call;  // that failed: the beginning of one of CaseOutcome::failedCalls; "" for any
     const char* text;  // that the finding's message contains
     const char* reason;
 };
 
-bool IsKnownResidue(const Finding& finding, const std::string& failedCall);
+bool IsKnownResidue(const Finding& finding, const std::vector<std::string>& failedCalls);
 
 }  // namespace headless

@@ -153,7 +153,7 @@ void LeaveOutKnown(CaseOutcome& outcome)
 {
     std::vector<Finding> left;
     for (Finding& finding : outcome.findings) {
-        if (!IsKnownResidue(finding, outcome.failedCall)) left.push_back(std::move(finding));
+        if (!IsKnownResidue(finding, outcome.failedCalls)) left.push_back(std::move(finding));
     }
     outcome.findings = std::move(left);
     if (outcome.findings.empty() && outcome.result == CaseResult::kFailed) {
