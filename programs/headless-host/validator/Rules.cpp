@@ -46,7 +46,7 @@ const std::vector<RuleRow> kHostRules = {
     {306, 5, false, "re-entry and exceptions",
      "A message that arrives inside of a suite call is answered."},
     {307, 6, false, "re-entry and exceptions",
-     "Documents can open and close inside of a suite call."},
+     "Documents can open, and others close, inside of a suite call."},
     {308, 5, true, "re-entry and exceptions", "A nested message does not reach PluginCore."},
     {309, 5, true, "re-entry and exceptions",
      "After a nested message the next message is handled."},

@@ -40,7 +40,8 @@ void AddSeveral(std::vector<ValidatorCase>& cases)
                 Repeat(3, "close"));
     AddCase(cases, 803, "with a new one",
             kThree + std::string("new\ncurrent 2\nchange\nclose 4\nchange\nclose 1\nchange"));
-    AddCase(cases, 804, "first to last", kThree + Repeat(3, "close 1\ntick\nchange"));
+    AddCase(cases, 804, "first to last",
+            kThree + Repeat(2, "close 1\ntick\nchange") + "close 1\ntick");
     AddCase(cases, 804, "last to first", kThree + std::string("close 3\nclose 2\nclose 1"));
     AddCase(cases, 804, "the middle one", kThree + std::string("close 2\nchange\nsave\ntick"));
     AddCase(cases, 804, "in the background",

@@ -16,8 +16,9 @@ const char kAfter[] = R"(
     change
     send "AI Menu" "AI Update" item=1
     send "AI Menu" "AI Go" item=1
-    save
     tick
+    open b.ai
+    save
     close
 )";
 
@@ -40,22 +41,26 @@ void AddNestedMessages(std::vector<ValidatorCase>& cases)
     }
 }
 
+// Closes only documents in the background: a host doesn't close a document while a plug-in reads
+// it.
 void AddNestedDocuments(std::vector<ValidatorCase>& cases)
 {
-    for (const std::string& operation : ListTextOperations()) {
-        AddCase(cases, 307, "close in " + operation, kBefore + During(operation, "close") + kAfter);
+    const std::string before = kBefore + std::string("new\n");
+    const auto add = [&](const std::string& operation) {
+        AddCase(cases, 307, "close in " + operation,
+                before + During(operation, "close 1") + kAfter);
         AddCase(cases, 307, "open in " + operation,
-                kBefore + During(operation, "open b.ai") + kAfter);
-        AddCase(cases, 307, "new in " + operation, kBefore + During(operation, "new") + kAfter);
+                before + During(operation, "open b.ai") + kAfter);
+        AddCase(cases, 307, "new in " + operation, before + During(operation, "new") + kAfter);
         AddCase(cases, 314, operation,
-                kBefore + During(operation, "open b.ai") + During("Release", "close") +
+                before + During(operation, "open b.ai") + During("Release", "close 1") +
                     During("GetStory", "new") + kAfter);
-    }
+    };
+    for (const std::string& operation : ListTextOperations()) add(operation);
     for (const std::string& operation : ListDocumentOperations()) {
-        AddCase(cases, 307, "close in " + operation, kBefore + During(operation, "close") + kAfter);
-        AddCase(
-            cases, 307, "switch in " + operation,
-            kBefore + std::string("open b.ai\nnew\n") + During(operation, "current 1") + kAfter);
+        add(operation);
+        AddCase(cases, 307, "switch in " + operation,
+                before + During(operation, "current 1") + kAfter);
     }
 }
 
@@ -75,9 +80,9 @@ void AddNestedTypeloft(std::vector<ValidatorCase>& cases)
           "HandleCloseDocument", "HandleSaveDocument"}) {
         const std::string name = function;
         AddCase(cases, 310, name,
-                kBefore + During(name, "tick") +
+                kBefore + std::string("new\n") + During(name, "close 1") + During(name, "tick") +
                     During(name, R"(send "AI Menu" "AI Update" item=1)") +
-                    During(name, "open b.ai") + During(name, "close") + kAfter + "about\nnew\n");
+                    During(name, "open b.ai") + kAfter + "about\nnew\n");
     }
 }
 
