@@ -71,8 +71,6 @@ public:
     void ShutDown();
 
 private:
-    DialogOutcome RunMissingFontsDialog(std::string& title);
-
     Host& mHost;
     std::string mLanguage;
     std::unique_ptr<PluginModule> mModule;
@@ -82,5 +80,11 @@ private:
     long mWindowNumber = 0;
     unsigned long mTick = 0;
 };
+
+// What follows the message "Unload", the last one: unloads the module, unless it refused, and
+// records what the plug-in has not released as violations.
+//
+// unloaded   the plug-in's answer to the message
+void FinishUnload(Host& host, std::unique_ptr<PluginModule> module, AIErr unloaded);
 
 }  // namespace headless

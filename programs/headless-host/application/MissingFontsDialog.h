@@ -3,7 +3,8 @@
 #include <string>
 
 #include "ModalWindow.h"
-#include "model/Journal.h"
+#include "application/OpenReport.h"
+#include "model/Host.h"
 
 namespace headless {
 
@@ -33,6 +34,12 @@ private:
     bool mDismissed = false;
     bool mShown = false;
 };
+
+// Runs the dialog in a modal session, as the plug-in lets it: through the platform table.
+//
+// title   out: the dialog's title
+DialogOutcome RunMissingFontsDialog(Host& host, const std::string& language, long windowNumber,
+                                    std::string& title);
 
 struct HostLanguage {
     const char* tag;

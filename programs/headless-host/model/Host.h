@@ -13,6 +13,7 @@
 #include "model/HostFonts.h"
 #include "model/HostObjects.h"
 #include "model/Journal.h"
+#include "model/RecordedFonts.h"
 #include "model/TextWalkLimit.h"
 
 namespace headless {
@@ -59,6 +60,14 @@ public:
     // Adds a placed file.
     void AddLink(DocumentObject& document, const std::string& path);
 
+    // Marks a document as changed by the user since it was saved, or as saved under a path.
+    void MarkChanged(DocumentObject& document);
+    void MarkSaved(DocumentObject& document, const std::string& path);
+
+    // Returns a handle of a file's path, which the host owns until RemovePath.
+    void* AddPath(const std::string& path);
+    void RemovePath(void* handle);
+
     // Null while no document is open.
     DocumentObject* GetCurrentDocument() const
     {
@@ -72,6 +81,7 @@ public:
     Journal journal;
     HandleRegister handles{violations};
     SuiteLedger suites{violations};
+    RecordedFonts recordedFonts;  // what `fonts` asks, in place of the source itself
     HostFonts fonts;
     TextWalkLimit walkLimit;
     DocumentReader reader;
@@ -90,11 +100,15 @@ public:
     // Operations of suites, by their names, whose next call does nothing and returns this status.
     std::map<std::string, AIErr> failures;
 
+    // Called with its name before an operation of a suite begins; may be empty.
+    std::function<void(const std::string& operation)> beforeCall;
+
     std::vector<Alert> alerts;
     std::function<void(const Alert&)> alertSink;  // called for each alert; may be empty
 
 private:
     void AddArt(DocumentObject& document, int16_t type, size_t index);
+    void Record(const char* change, const void* handle, nlohmann::json args);
 
     std::vector<std::shared_ptr<DocumentObject>> mDocuments;
     std::vector<DocumentObject*> mRecent;  // in the order of use; the current document is the last

@@ -37,9 +37,16 @@ bool Journal::Open(const std::string& path, std::string& error)
     return true;
 }
 
+void Journal::WriteHeader(json args)
+{
+    args["version"] = kVersion;
+    Write("host", "journal", args, nullptr);
+}
+
 void Journal::Write(const char* side, const std::string& op, const json& args, const json& result)
 {
     if (mObserver) mObserver(op, args, result);
+    if (mFollower) mFollower(side, op, args, result);
     if (mFile < 0) return;
     const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - mStart;
     nlohmann::ordered_json line;

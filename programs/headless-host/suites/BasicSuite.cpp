@@ -20,6 +20,7 @@ AIErr AcquireSuite(const char* name, int version, void* suite) noexcept
     Host* const host = Host::GetCurrent();
     if (host == nullptr) return kHostBadParameter;
     try {
+        if (host->beforeCall) host->beforeCall("AcquireSuite");
         AIErr result = kHostBadParameter;
         if (name == nullptr || suite == nullptr) {
             host->violations.Add(kBadAcquisition,
@@ -48,6 +49,7 @@ AIErr ReleaseSuite(const char* name, int version) noexcept
     Host* const host = Host::GetCurrent();
     if (host == nullptr) return kHostBadParameter;
     try {
+        if (host->beforeCall) host->beforeCall("ReleaseSuite");
         AIErr result = kHostBadParameter;
         const SuiteRow* const row = name == nullptr ? nullptr : FindSuiteRow(name, version);
         if (row != nullptr) {

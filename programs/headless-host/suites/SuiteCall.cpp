@@ -38,6 +38,7 @@ bool SuiteCall::TakeFailure(AIErr& status)
     if (failure == host.failures.end()) return false;
     status = failure->second;
     host.failures.erase(failure);
+    Out("injected", true);
     return true;
 }
 

@@ -79,6 +79,7 @@ AIErr Answer(const SuiteRow& row, const char* operation, Body body) noexcept
     if (host == nullptr) return kHostBadParameter;
     try {
         SuiteCall call(*host, row, operation);
+        if (host->beforeCall) host->beforeCall(call.operation);
         AIErr result = kHostBadParameter;
         if (call.IsAllowed() && !call.TakeFailure(result)) result = body(call);
         call.Finish(result);
