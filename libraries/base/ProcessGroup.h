@@ -43,6 +43,9 @@ public:
     // Whether there is a process that Wait or Kill must be called for. It may have ended.
     bool IsRunning() const { return mLeader > 0; }
 
+    // The id of the leader; -1 if IsRunning is false.
+    pid_t GetId() const { return mLeader; }
+
     // Whether the leader has ended, without waiting for it.
     bool HasEnded() const;
 

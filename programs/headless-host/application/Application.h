@@ -30,6 +30,9 @@ public:
     Application(const Application&) = delete;
     Application& operator=(const Application&) = delete;
 
+    // The language of the dialogs from now on: a tag of kHostLanguages.
+    void SetLanguage(const std::string& language) { mLanguage = language; }
+
     // Loads the plug-in, sends it Startup and, if it runs, the application-started notifier.
     //
     // pluginPath   the module, or a folder X.aip with the module X in it
@@ -46,6 +49,9 @@ public:
 
     // Everything else that is done with documents.
     DocumentCommands& Documents() { return *mDocuments; }
+
+    // For messages of scripts; null before Start.
+    MessagePump* Pump() { return mPump.get(); }
 
     // Sends an update message for each menu item that asks for it, as when the user opens the menu.
     void UpdateMenus();

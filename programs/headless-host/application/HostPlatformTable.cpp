@@ -9,6 +9,7 @@
 #include "application/MissingFontsDialog.h"
 #include "documents/postscript/SlowDrawings.h"
 #include "model/Host.h"
+#include "model/PluginCode.h"
 
 namespace headless {
 
@@ -20,6 +21,7 @@ unsigned long sModalSessionCount = 0;
 // closed at once.
 ModalSession BeginRealModalSession(ModalWindow* window) noexcept
 {
+    const plugin_code::Scope scope(false);
     ++sModalSessionCount;
     if (auto* const dialog = dynamic_cast<MissingFontsDialog*>(window)) dialog->Show();
     return window;
@@ -29,6 +31,7 @@ void ShowAlert(const char* messageText, const char* informativeText) noexcept
 {
     Host* const host = Host::GetCurrent();
     if (host == nullptr) return;
+    const plugin_code::Scope scope(false);
     try {
         const Alert alert{messageText == nullptr ? "" : messageText,
                           informativeText == nullptr ? "" : informativeText};

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "model/PluginCode.h"
 #include "suites/SuiteTables.h"
 
 namespace headless {
@@ -34,17 +35,34 @@ SPMessageData MessagePump::MakeHead() const
 AIErr MessagePump::Send(const char* caller, const char* selector, void* message,
                         SPMessageData& head, nlohmann::json arguments)
 {
-    arguments["caller"] = caller;
-    arguments["selector"] = selector;
-    mHost.handles.BeginMessage(ScansFonts(caller, selector, arguments.value("type", "")));
+    arguments["caller"] = caller == nullptr ? nlohmann::json() : nlohmann::json(caller);
+    arguments["selector"] = selector == nullptr ? nlohmann::json() : nlohmann::json(selector);
+    std::string callerText = caller == nullptr ? "" : caller;
+    std::string selectorText = selector == nullptr ? "" : selector;
+    mHost.handles.BeginMessage(ScansFonts(callerText, selectorText, arguments.value("type", "")));
     mHost.walkLimit.BeginMessage();
     mHost.journal.Write("host", "send", arguments, nullptr);
-    std::string callerText = caller;
-    std::string selectorText = selector;
-    const AIErr result = mMain(callerText.data(), selectorText.data(), message);
+    const AIErr result = Call(caller == nullptr ? nullptr : callerText.data(),
+                              selector == nullptr ? nullptr : selectorText.data(), message);
     mHost.globalsWord = head.globals;
+    mHost.lastAnswer = result;
     mHost.journal.Write("host", "answer", arguments, result);
     return result;
+}
+
+AIErr MessagePump::Call(char* caller, char* selector, void* message)
+{
+    const plugin_code::Scope scope(true);
+    try {
+        return mMain(caller, selector, message);
+    } catch (...) {
+        const plugin_code::Scope inHost(false);
+        mHost.violations.Add(kExceptionLeavesPlugin, std::string(caller == nullptr ? "" : caller) +
+                                                         "/" +
+                                                         (selector == nullptr ? "" : selector) +
+                                                         ": an exception leaves the plug-in");
+        return kHostBadParameter;
+    }
 }
 
 AIErr MessagePump::SendInterface(const char* selector)
@@ -57,6 +75,24 @@ AIErr MessagePump::SendUnload()
 {
     SPInterfaceMessage message{MakeHead()};
     return Send("SP Access", "Unload", &message, message.d, nlohmann::json::object());
+}
+
+AIErr MessagePump::SendRaw(const char* caller, const char* selector, RawMessage* message,
+                           nlohmann::json arguments)
+{
+    if (message != nullptr) {
+        arguments["raw"] = {{"self", message->d.self != nullptr},
+                            {"basic", message->d.basic != nullptr},
+                            {"globals", message->d.globals != nullptr},
+                            {"handle", mHost.handles.Describe(message->words[0])},
+                            {"type", message->words[1] != nullptr},
+                            {"data", mHost.handles.Describe(message->words[2])}};
+    } else {
+        arguments["raw"] = nullptr;
+    }
+    SPMessageData none = MakeHead();
+    return Send(caller, selector, message, message == nullptr ? none : message->d,
+                std::move(arguments));
 }
 
 void MessagePump::Notify(const std::string& type, void* notifyData)

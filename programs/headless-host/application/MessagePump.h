@@ -21,6 +21,20 @@ public:
     // main   must remain loaded as long
     MessagePump(Host& host, PluginMainFunction main) : mHost(host), mMain(main) {}
 
+    // A message with any content, for plug-ins that must survive it. The head is part of each
+    // message; the other words are what follows it in the messages that have them.
+    struct RawMessage {
+        SPMessageData d;
+        void* words[3];  // a handle; the type of a notifier; the document of a notifier
+    };
+
+    // Returns a message with the right head and null in all other words.
+    RawMessage MakeRaw() const { return {MakeHead(), {nullptr, nullptr, nullptr}}; }
+
+    // Sends a message of any kind. Each pointer may be null.
+    AIErr SendRaw(const char* caller, const char* selector, RawMessage* message,
+                  nlohmann::json arguments);
+
     // Sends "SP Interface" with "Startup", "About" or "Shutdown".
     AIErr SendInterface(const char* selector);
 
@@ -57,6 +71,7 @@ public:
 
 private:
     SPMessageData MakeHead() const;
+    AIErr Call(char* caller, char* selector, void* message);
     AIErr Send(const char* caller, const char* selector, void* message, SPMessageData& head,
                nlohmann::json arguments);
 

@@ -5,13 +5,15 @@
 
 namespace headless {
 
-enum class Command { kOpen, kScript, kFonts };
+enum class Command { kOpen, kScript, kFonts, kReplay };
 
 // What the command line asks for. Members that name no command belong to open and script.
 struct Options {
     Command action = Command::kOpen;
     std::vector<std::string> files;  // of open and fonts
     std::string session;             // of script: a file; "-" or empty for standard input
+                                     // of replay: the journal
+    std::string update;              // of replay: the new journal
     bool json = false;               // of all commands
     bool interactive = false;
     std::string home;

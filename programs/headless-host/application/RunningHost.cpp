@@ -131,7 +131,7 @@ int RunHost(const Options& given, const std::function<int(RunningHost&)>& body)
     if (!launchInformation.empty()) console::PrintError(launchInformation + ": created");
     if (application.Start(options.plugin, error)) {
         console::LogAction("started with " + options.plugin);
-        RunningHost running{host, application, options, startFolder};
+        RunningHost running{host, application, options, startFolder, nullptr, {}};
         status = body(running);
         if (options.keepOpen > 0) application.Idle(options.keepOpen);
     } else {

@@ -8,12 +8,18 @@
 
 namespace headless {
 
+class SimulatedWorld;
+
 // A started host, as the program's commands use it.
 struct RunningHost {
     Host& host;
     Application& application;
     const Options& options;
-    const std::string& startFolder;  // the user's paths are relative to it
+    const std::string& startFolder;   // the user's paths are relative to it
+    SimulatedWorld* world = nullptr;  // of a simulation, else null
+
+    // Starts the plug-in of a simulation if it isn't started yet. Empty outside of a simulation.
+    std::function<void()> ensureStarted = {};
 };
 
 // Sets up a host as `options` say, starts it with its plug-in, calls `body` and shuts it down.

@@ -118,7 +118,7 @@ std::string SaveDocument(Host& host, DocumentObject& document, const std::string
 {
     std::string error;
     try {
-        error = Write(host, document, path);
+        error = host.writer ? host.writer(document, path) : Write(host, document, path);
     } catch (const std::exception& exception) {
         error = std::string("cannot be saved: ") + exception.what();
         std::replace(error.begin(), error.end(), '\n', ' ');

@@ -21,6 +21,10 @@ public:
     // Records a violation. After kMostLines lines, violations are only counted.
     void Add(BrokenRule rule, const std::string& line);
 
+    // Whether null, unknown, expired and wrong handles break no rule for now, because the host
+    // itself has given them to the plug-in.
+    void AllowBadHandles(bool isAllowed) { mAllowsBadHandles = isAllowed; }
+
     // In the order of Add.
     const std::vector<std::string>& Lines() const { return mLines; }
 
@@ -37,6 +41,7 @@ private:
     std::vector<std::string> mLines;
     std::vector<BrokenRule> mRules;
     size_t mCount = 0;
+    bool mAllowsBadHandles = false;
 };
 
 }  // namespace headless

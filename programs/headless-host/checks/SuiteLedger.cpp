@@ -27,6 +27,13 @@ bool SuiteLedger::Release(const SuiteRow& row)
     return true;
 }
 
+void SuiteLedger::Inherit(const SuiteLedger& before)
+{
+    mCounts = before.mCounts;
+    AllowUnreleased(true);
+    mAllowsUnreleased = false;
+}
+
 bool SuiteLedger::IsHeld(const SuiteRow& row) const
 {
     const auto found = mCounts.find(&row);

@@ -29,6 +29,10 @@ public:
     // alsoBefore   whether the same applies to the references that it holds already
     void AllowUnreleased(bool alsoBefore);
 
+    // The plug-in holds what it held in the life before: a module that the system keeps in memory
+    // after the unload remembers its suites. None of it need be released.
+    void Inherit(const SuiteLedger& before);
+
     // One line for each suite with references that should have been released by now, in the order
     // of the suite table.
     std::vector<std::string> ListLeaks() const;

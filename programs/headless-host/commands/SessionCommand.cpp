@@ -6,12 +6,15 @@
 
 #include "application/ExitStatus.h"
 #include "application/RunningHost.h"
+#include "commands/Prompt.h"
 #include "console/Console.h"
 #include "documents/bytes/FileBytes.h"
-#include "session/Prompt.h"
 #include "session/Session.h"
 #include "session/SessionLine.h"
 #include "system/Environment.h"
+#include "system/Paths.h"
+#include "system/TemporaryFolder.h"
+#include "validator/ScriptPlayer.h"
 
 namespace headless {
 
@@ -29,10 +32,12 @@ int GetStatus(LineOutcome outcome)
             return kNotAsExpected;
         case LineOutcome::kFileFailed:
             return kFileNotOpened;
+        case LineOutcome::kImpossible:
         case LineOutcome::kWrong:
             return kWrongUse;
         case LineOutcome::kDone:
         case LineOutcome::kQuit:
+        case LineOutcome::kRestart:
             break;
     }
     return kAllOpened;
@@ -87,10 +92,12 @@ int RunLines(RunningHost& running, Place place, const std::string& name, std::st
                                     ? result.text
                                     : name + ":" + std::to_string(number) + ": " + result.text);
         }
+        const bool isWrong =
+            result.outcome == LineOutcome::kWrong || result.outcome == LineOutcome::kImpossible;
         // A typing error at the prompt doesn't end the session.
-        if (result.outcome == LineOutcome::kWrong && place == Place::kPrompt) continue;
+        if (isWrong && place == Place::kPrompt) continue;
         status = std::max(status, GetStatus(result.outcome));
-        if (result.outcome == LineOutcome::kWrong) break;
+        if (isWrong) break;
     }
     for (const auto& [operation, failure] : running.host.failures) {
         std::string line = name;
@@ -99,6 +106,28 @@ int RunLines(RunningHost& running, Place place, const std::string& name, std::st
         line += ": the plug-in made no such call";
         console::PrintError(line);
         status = std::max(status, GetStatus(LineOutcome::kNotAsExpected));
+    }
+    return status;
+}
+
+// Plays a script of a simulation, as the validator does.
+int RunSimulation(const Options& options, const std::string& script)
+{
+    const TemporaryFolder folder;
+    ValidatorCase which;
+    which.script = script;
+    const std::string plugin = options.plugin.empty()
+                                   ? GetProgramFolder() + "/../Plug-ins/TypeloftSPEA.aip"
+                                   : MakeAbsolute(options.plugin);
+    const std::string journal =
+        options.journal.empty() ? options.journal : MakeAbsolute(options.journal);
+    const CaseOutcome outcome = PlayScript(which, plugin, folder.GetPath(), journal);
+    int status = kAllOpened;
+    for (const Finding& finding : outcome.findings) {
+        const bool isRule = finding.rule != 0;
+        console::PrintError(isRule ? "rule " + std::to_string(finding.rule) + ": " + finding.message
+                                   : finding.message);
+        status = std::max<int>(status, isRule ? kPluginBrokeRule : kNotAsExpected);
     }
     return status;
 }
@@ -120,6 +149,7 @@ int RunSessionCommand(const Options& options)
         console::PrintError(options.session + ": " + file.error);
         return kWrongUse;
     }
+    if (IsSimulation(file.bytes)) return RunSimulation(options, file.bytes);
     return RunHost(options, [&](RunningHost& running) {
         return RunLines(running, Place::kFile, options.session, file.bytes);
     });

@@ -4,6 +4,7 @@
 #include "commands/CommandLine.h"
 #include "commands/FontsCommand.h"
 #include "commands/OpenCommand.h"
+#include "commands/ReplayCommand.h"
 #include "commands/SessionCommand.h"
 #include "console/Console.h"
 
@@ -17,6 +18,9 @@ int main(int argc, char** argv)
             case console::ParseOutcome::kRun:
                 if (options.action == headless::Command::kFonts) {
                     return headless::RunFontsCommand(options);
+                }
+                if (options.action == headless::Command::kReplay) {
+                    return headless::RunReplayCommand(options);
                 }
                 return options.action == headless::Command::kScript
                            ? headless::RunSessionCommand(options)

@@ -27,6 +27,17 @@ Host::Host(FontSource& fontSource, DocumentReader documentReader)
 
 Host::~Host() { sCurrent = nullptr; }
 
+void Host::BeginCall(const std::string& name)
+{
+    if (beforeCall) beforeCall(name);
+    for (auto found = duringCalls.find(name); found != duringCalls.end();
+         found = duringCalls.find(name)) {
+        const std::function<void()> act = std::move(found->second);
+        duringCalls.erase(found);  // it may call the same operation
+        act();
+    }
+}
+
 Host* Host::GetCurrent() { return sCurrent; }
 
 void Host::Record(const char* change, const void* handle, nlohmann::json args)

@@ -3,6 +3,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -10,6 +11,7 @@
 #include "checks/RuleViolations.h"
 #include "checks/SuiteLedger.h"
 #include "documents/OpenDocument.h"
+#include "model/CallFaults.h"
 #include "model/HostFonts.h"
 #include "model/HostObjects.h"
 #include "model/Journal.h"
@@ -87,6 +89,7 @@ public:
     DocumentReader reader;
 
     void* plugin = nullptr;       // the plug-in's handle, part of every message
+    AIErr lastAnswer = 0;         // what the plug-in returned for the last message
     void* globalsWord = nullptr;  // the plug-in's globals pointer, passed back in every message
 
     // Handles of what the plug-in has registered, in the order of registration.
@@ -100,8 +103,25 @@ public:
     // Operations of suites, by their names, whose next call does nothing and returns this status.
     std::map<std::string, AIErr> failures;
 
-    // Called with its name before an operation of a suite begins; may be empty.
+    // The same by number, for the suites and for PluginCore.
+    CallFaults suiteFaults;
+    CallFaults coreFaults;
+
+    // Suites that the host doesn't have.
+    std::set<std::string> lackingSuites;
+
+    // What happens inside of the next call of an operation or function of PluginCore, by its name.
+    std::multimap<std::string, std::function<void()>> duringCalls;
+
+    // Does what belongs to the beginning of a call: runs what happens inside of it.
+    void BeginCall(const std::string& name);
+
+    // Called by BeginCall with its argument; may be empty.
     std::function<void(const std::string& operation)> beforeCall;
+
+    // Saves a document in place of the host's own writers; may be empty. Returns "", or one line
+    // about what is wrong.
+    std::function<std::string(DocumentObject& document, const std::string& path)> writer;
 
     std::vector<Alert> alerts;
     std::function<void(const Alert&)> alertSink;  // called for each alert; may be empty

@@ -19,6 +19,8 @@ struct ActionRow {
     bool needsDocument;         // whether a document must be open
     CompleteFunction complete;  // for the arguments; may be null
     LineResult (*run)(Session& session, const Words& arguments);
+    bool isSimulated = false;    // only in a simulation
+    bool isBeforeStart = false;  // doesn't start the plug-in of a simulation
 };
 
 extern const std::vector<ActionRow> kActions;

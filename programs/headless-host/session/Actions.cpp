@@ -79,7 +79,7 @@ LineResult RunSave(Session& session, const Words& words)
     DocumentCommands& documents = session.running.application.Documents();
     const DocumentObject& document = *session.running.host.GetCurrentDocument();
     if (words.empty() && !document.hasFile) {
-        return MakeWrong("save: \"" + document.path + "\" has no file yet; use: save PATH");
+        return MakeImpossible("save: \"" + document.path + "\" has no file yet; use: save PATH");
     }
     const std::string name = words.empty() ? document.path : words[0];
     const std::string error =
@@ -91,7 +91,7 @@ LineResult RunCurrent(Session& session, const Words& words)
 {
     std::string error;
     DocumentObject* const document = session.FindDocument(words[0], error);
-    if (document == nullptr) return MakeWrong(error);
+    if (document == nullptr) return MakeImpossible(error);
     session.running.host.MakeCurrent(document);
     return {};
 }
@@ -101,7 +101,7 @@ LineResult RunClose(Session& session, const Words& words)
     std::string error = "close: no document is open";
     DocumentObject* const document = words.empty() ? session.running.host.GetCurrentDocument()
                                                    : session.FindDocument(words[0], error);
-    if (document == nullptr) return MakeWrong(error);
+    if (document == nullptr) return MakeImpossible(error);
     session.running.application.Documents().Close(document);
     return {};
 }
@@ -127,12 +127,12 @@ LineResult RunMenu(Session& session, const Words& words)
     std::string label = words[0];
     for (size_t i = 1; i < words.size(); ++i) label += " " + words[i];
     const MenuEntry entry = FindMenuItem(session.running.host, label);
-    if (entry.item == nullptr) return MakeWrong("no menu item is called \"" + label + "\"");
+    if (entry.item == nullptr) return MakeImpossible("no menu item is called \"" + label + "\"");
     if (!entry.item->isEnabled) {
-        return MakeWrong("the menu item \"" + label + "\" is disabled");
+        return MakeImpossible("the menu item \"" + label + "\" is disabled");
     }
     if (entry.item->submenu != nullptr) {
-        return MakeWrong("the menu item \"" + label + "\" is a submenu; choose an item in it");
+        return MakeImpossible("the menu item \"" + label + "\" is a submenu; choose an item in it");
     }
     session.running.application.Choose(entry.handle);
     return {};

@@ -5,7 +5,9 @@
 #include "application/OpenReport.h"
 #include "base/Files.h"
 #include "session/MenuTree.h"
+#include "session/MessageActions.h"
 #include "session/SessionWords.h"
+#include "session/SimulationActions.h"
 
 namespace headless {
 
@@ -159,6 +161,15 @@ const std::vector<ExpectRow> kExpectations = {
     {"menu", "LABEL checked|unchecked|enabled|disabled|absent", 2, kManyWords,
      "The state of a menu item at its last update", ExpectMenu},
     {"panel", "TEXT", 1, 1, "The last answers to the panel contain TEXT", ExpectPanel},
+    {"answer", "N|failure", 1, 1, "What the plug-in returned for the last message", ExpectAnswer},
+    {"alert", "TEXT", 1, 1, "The plug-in has shown an alert that contains TEXT", ExpectAlert},
+    {"refused", "[TEXT]", 0, 1,
+     "The plug-in has refused to start, with an alert that contains TEXT", ExpectRefused},
+    {"core", "FUNCTION N", 2, 2, "The number of calls of PluginCore's function is N", ExpectCore},
+    {"port", "N|none", 1, 1, "The port that the panel got", ExpectPort},
+    {"unchanged", "leaks|registrations", 1, 1, "The state is as at the last `remember`",
+     ExpectUnchanged},
+    {"unique", "registrations", 1, 1, "Nothing is registered twice", ExpectUnique},
 };
 
 std::string GetUsage(const ExpectRow& row)

@@ -7,6 +7,8 @@ namespace headless {
 
 LineResult MakeWrong(const std::string& text) { return {LineOutcome::kWrong, text}; }
 
+LineResult MakeImpossible(const std::string& text) { return {LineOutcome::kImpossible, text}; }
+
 Session::Session(RunningHost& runningHost) : running(runningHost)
 {
     running.host.journal.SetObserver(

@@ -1,18 +1,25 @@
 #pragma once
 
+#include <map>
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "application/RunningHost.h"
 #include "session/JournalLines.h"
 
 namespace headless {
 
+class PanelBus;
+
 enum class LineOutcome {
     kDone,
     kNotAsExpected,  // an expectation is not met
     kFileFailed,     // a file cannot be opened or saved; already reported
-    kWrong,          // the line is invalid, or the action is not possible at present
+    kImpossible,     // the action is not possible at present
+    kWrong,          // the line is invalid
     kQuit,
+    kRestart,  // of a simulation: the plug-in starts again with a new host
 };
 
 struct LineResult {
@@ -20,8 +27,9 @@ struct LineResult {
     std::string text;  // one line about what is wrong; empty if there is nothing to report
 };
 
-// A result with the outcome kWrong.
+// Results with the outcomes kWrong and kImpossible.
 LineResult MakeWrong(const std::string& text);
+LineResult MakeImpossible(const std::string& text);
 
 // What the lines of a script share: the host they work on, and what later lines can ask about. Main
 // thread only.
@@ -45,6 +53,12 @@ public:
     RunningHost& running;
     JournalLines journal;  // since the start of the session
     OpenReport lastOpened;
+    std::shared_ptr<PanelBus> portBus;  // of `ask-port`
+    // Performs another line, for actions that do so later; set by RunLine.
+    LineResult (*runLine)(Session& session, const std::string& line) = nullptr;
+    std::vector<std::string> nestedFailures;  // of lines of `during`
+    bool isAnswerSkipped = false;             // the last `send` sent nothing
+    std::map<std::string, std::vector<size_t>> remembered;
     std::string lastPanelAnswers;  // one JSON object per line
 };
 

@@ -28,6 +28,7 @@ std::vector<std::string> ListActionNames()
 
 LineResult RunLine(Session& session, const std::string& line)
 {
+    session.runLine = RunLine;
     const SessionWords split = SplitSessionLine(line);
     if (!split.error.empty()) return MakeWrong(split.error);
     if (split.words.empty()) return {};
@@ -41,10 +42,26 @@ LineResult RunLine(Session& session, const std::string& line)
     if (arguments.size() < row->minimum || arguments.size() > row->maximum) {
         return MakeWrong("usage: " + GetUsage(*row));
     }
+    const RunningHost& running = session.running;
+    if (row->isSimulated && running.world == nullptr) {
+        return MakeWrong(name + ": only in a file that begins with the line \"simulate\"");
+    }
+    if (!row->isBeforeStart && running.ensureStarted) running.ensureStarted();
     if (row->needsDocument && session.running.host.GetCurrentDocument() == nullptr) {
-        return MakeWrong(name + ": no document is open");
+        return MakeImpossible(name + ": no document is open");
     }
     return row->run(session, arguments);
+}
+
+bool IsSimulation(const std::string& script)
+{
+    for (size_t at = 0; at < script.size();) {
+        const size_t end = std::min(script.find('\n', at), script.size());
+        const Words words = SplitSessionLine(script.substr(at, end - at)).words;
+        if (!words.empty()) return words == Words{"simulate"};
+        at = end + 1;
+    }
+    return false;
 }
 
 std::vector<std::string> CompleteLine(const Session& session, const std::string& line,

@@ -18,4 +18,7 @@ LineResult RunLine(Session& session, const std::string& line);
 std::vector<std::string> CompleteLine(const Session& session, const std::string& line,
                                       const std::string& word);
 
+// Whether the first line with words is `simulate`.
+bool IsSimulation(const std::string& script);
+
 }  // namespace headless

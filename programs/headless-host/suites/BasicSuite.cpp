@@ -1,6 +1,7 @@
 #include <cstring>
 
 #include "model/Host.h"
+#include "model/PluginCode.h"
 #include "suites/SuiteTable.h"
 #include "suites/SuiteTables.h"
 
@@ -10,23 +11,47 @@ namespace {
 
 constexpr AIErr kSuiteNotFoundErr = 0x53214664;  // 'S!Fd'
 
-nlohmann::json DescribeArguments(const char* name, int version)
+// exceptionType   what the call throws on purpose; empty for nothing
+nlohmann::json DescribeArguments(const char* name, int version, const std::string& exceptionType)
 {
-    return {{"name", name == nullptr ? "(null)" : name}, {"version", version}};
+    nlohmann::json arguments = {{"name", name == nullptr ? "(null)" : name}, {"version", version}};
+    if (!exceptionType.empty()) arguments["injected"] = "throw:" + exceptionType;
+    return arguments;
 }
 
-AIErr AcquireSuite(const char* name, int version, void* suite) noexcept
+// Whether the call of the basic suite shall fail, which Host::failures and Host::suiteFaults say.
+bool TakesFailure(Host& host, const char* operation, AIErr& status, std::string& exceptionType)
+{
+    host.BeginCall(operation);
+    if (const Fault* const fault = host.suiteFaults.CountCall()) {
+        status = fault->exceptionType.empty() ? fault->status : kHostBadParameter;
+        exceptionType = fault->exceptionType;
+        return true;
+    }
+    const auto failure = host.failures.find(operation);
+    if (failure == host.failures.end()) return false;
+    status = failure->second;
+    host.failures.erase(failure);
+    return true;
+}
+
+AIErr AcquireSuite(const char* name, int version, void* suite)
 {
     Host* const host = Host::GetCurrent();
     if (host == nullptr) return kHostBadParameter;
+    const plugin_code::Scope scope(false);
+    AIErr result = kHostBadParameter;
+    std::string exceptionType;
     try {
-        if (host->beforeCall) host->beforeCall("AcquireSuite");
-        AIErr result = kHostBadParameter;
-        if (name == nullptr || suite == nullptr) {
+        if (TakesFailure(*host, "AcquireSuite", result, exceptionType)) {
+            // nothing is acquired
+        } else if (name == nullptr || suite == nullptr) {
             host->violations.Add(kBadAcquisition,
                                  std::string("AcquireSuite: the ") +
                                      (name == nullptr ? "name" : "place for the suite") +
                                      " is null");
+        } else if (host->lackingSuites.count(name) != 0) {
+            result = kSuiteNotFoundErr;
         } else if (const SuiteRow* const row = FindSuiteRow(name, version)) {
             host->suites.Acquire(*row);
             const void* const table = GetSuiteTable(*row);
@@ -36,23 +61,29 @@ AIErr AcquireSuite(const char* name, int version, void* suite) noexcept
             result = kSuiteNotFoundErr;
         }
         if (host->journal.IsOpen()) {
-            host->journal.Write("suite", "AcquireSuite", DescribeArguments(name, version), result);
+            host->journal.Write("suite", "AcquireSuite",
+                                DescribeArguments(name, version, exceptionType), result);
         }
-        return result;
     } catch (...) {
         return kHostOutOfMemory;
     }
+    if (!exceptionType.empty()) ThrowFault(exceptionType);
+    return result;
 }
 
-AIErr ReleaseSuite(const char* name, int version) noexcept
+AIErr ReleaseSuite(const char* name, int version)
 {
     Host* const host = Host::GetCurrent();
     if (host == nullptr) return kHostBadParameter;
+    const plugin_code::Scope scope(false);
+    AIErr result = kHostBadParameter;
+    std::string exceptionType;
     try {
-        if (host->beforeCall) host->beforeCall("ReleaseSuite");
-        AIErr result = kHostBadParameter;
         const SuiteRow* const row = name == nullptr ? nullptr : FindSuiteRow(name, version);
-        if (row != nullptr) {
+        if (TakesFailure(*host, "ReleaseSuite", result, exceptionType)) {
+            // The suite is released all the same: the plug-in can't know that it isn't.
+            if (row != nullptr) (void)host->suites.Release(*row);
+        } else if (row != nullptr) {
             if (host->suites.Release(*row)) result = kHostSuccess;
         } else {
             host->violations.Add(kSuiteNotHeld, "ReleaseSuite: the host has no suite \"" +
@@ -60,12 +91,14 @@ AIErr ReleaseSuite(const char* name, int version) noexcept
                                                     "\" version " + std::to_string(version));
         }
         if (host->journal.IsOpen()) {
-            host->journal.Write("suite", "ReleaseSuite", DescribeArguments(name, version), result);
+            host->journal.Write("suite", "ReleaseSuite",
+                                DescribeArguments(name, version, exceptionType), result);
         }
-        return result;
     } catch (...) {
         return kHostOutOfMemory;
     }
+    if (!exceptionType.empty()) ThrowFault(exceptionType);
+    return result;
 }
 
 int IsEqual(const char* a, const char* b) noexcept

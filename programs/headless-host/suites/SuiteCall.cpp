@@ -31,8 +31,15 @@ bool SuiteCall::IsAllowed()
     return false;
 }
 
-bool SuiteCall::TakeFailure(AIErr& status)
+bool SuiteCall::TakeFailure(AIErr& status, std::string& exceptionType)
 {
+    if (const Fault* const fault = host.suiteFaults.CountCall()) {
+        status = fault->exceptionType.empty() ? fault->status : kHostBadParameter;
+        exceptionType = fault->exceptionType;
+        Out("injected", exceptionType.empty() ? nlohmann::json(true)
+                                              : nlohmann::json("throw:" + exceptionType));
+        return true;
+    }
     if (host.failures.empty()) return false;
     const auto failure = host.failures.find(mName);
     if (failure == host.failures.end()) return false;

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "model/Host.h"
+#include "model/PluginCode.h"
 
 namespace headless {
 
@@ -53,8 +54,10 @@ public:
     // Returns false, and records a violation, if the plug-in hasn't acquired the suite.
     bool IsAllowed();
 
-    // Returns true, once, if this call shall fail, which Host::failures says.
-    bool TakeFailure(AIErr& status);
+    // Returns true if this call shall fail, which Host::failures and Host::suiteFaults say.
+    //
+    // exceptionType   out: what it shall throw; empty for nothing
+    bool TakeFailure(AIErr& status, std::string& exceptionType);
 
     // Writes the line to the journal.
     void Finish(int result);
@@ -71,22 +74,25 @@ private:
 };
 
 // Runs a suite operation: `body` gets the call and returns the status. Catches all exceptions,
-// because the caller is the plug-in.
+// because the caller is the plug-in, and throws only those that Host::suiteFaults orders.
 template <class Body>
-AIErr Answer(const SuiteRow& row, const char* operation, Body body) noexcept
+AIErr Answer(const SuiteRow& row, const char* operation, Body body)
 {
     Host* const host = Host::GetCurrent();
     if (host == nullptr) return kHostBadParameter;
+    const plugin_code::Scope scope(false);
+    AIErr result = kHostBadParameter;
+    std::string exceptionType;
     try {
         SuiteCall call(*host, row, operation);
-        if (host->beforeCall) host->beforeCall(call.operation);
-        AIErr result = kHostBadParameter;
-        if (call.IsAllowed() && !call.TakeFailure(result)) result = body(call);
+        host->BeginCall(operation);
+        if (call.IsAllowed() && !call.TakeFailure(result, exceptionType)) result = body(call);
         call.Finish(result);
-        return result;
     } catch (...) {
         return kHostOutOfMemory;
     }
+    if (!exceptionType.empty()) ThrowFault(exceptionType);
+    return result;
 }
 
 // The plug-in's classes for strings and paths contain one pointer, a handle of the host. The host

@@ -20,6 +20,7 @@
 #include "base/FileDescriptor.h"
 #include "base/ProcessGroup.h"
 #include "base/ReadWrite.h"
+#include "system/ShadowMemory.h"
 
 namespace headless {
 
@@ -31,18 +32,6 @@ constexpr int kPollMilliseconds = 100;
 constexpr size_t kNoRequest = static_cast<size_t>(-1);
 constexpr uint64_t kNoMemorySize = UINT64_MAX;  // in place of an answer's size
 
-// Under a sanitizer the limit would fail: its shadow memory is far larger than the program's own.
-#if defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define TYPELOFT_HAS_SHADOW_MEMORY
-#endif
-#endif
-#if defined(__SANITIZE_ADDRESS__) || defined(TYPELOFT_HAS_SHADOW_MEMORY)
-constexpr bool kLimitsMemory = false;
-#else
-constexpr bool kLimitsMemory = true;
-#endif
-
 std::string_view AsBytes(const uint64_t& number)
 {
     return {reinterpret_cast<const char*>(&number), sizeof number};
@@ -53,7 +42,7 @@ void Serve(int socket, const WorkerLimits& limits, const std::function<std::stri
 {
     (void)std::signal(SIGINT, SIG_DFL);
     (void)std::signal(SIGTERM, SIG_DFL);
-    if (limits.memoryBytes > 0 && kLimitsMemory) {
+    if (limits.memoryBytes > 0 && !kHasShadowMemory) {
         base::LimitResource(RLIMIT_DATA, limits.memoryBytes);
     }
     uint64_t request = 0;

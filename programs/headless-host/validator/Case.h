@@ -9,7 +9,7 @@ namespace headless {
 struct ValidatorCase {
     int rule = 0;        // that it tests: a number of kRules
     std::string name;    // unique among the cases of its rule; for a sweep, the place of the fault
-    std::string script;  // lines of `headless-host script --simulated`
+    std::string script;  // lines of `headless-host script`
     unsigned long seed = 0;  // that it was made from; 0 if it was written by hand
 };
 

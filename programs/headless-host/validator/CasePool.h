@@ -5,14 +5,9 @@
 #include <string>
 
 #include "validator/Case.h"
+#include "validator/process/CaseLimits.h"
 
 namespace headless {
-
-struct CaseLimits {
-    double seconds = 10;             // for one case; longer is a finding of rule 303
-    size_t bytes = size_t{1} << 30;  // of address space; not enforced under AddressSanitizer
-    unsigned jobs = 1;               // processes at a time
-};
 
 // Runs cases in processes of their own. What a case does to its process, whether it crashes, hangs
 // or ends it, becomes a finding of the case and never ends the caller.

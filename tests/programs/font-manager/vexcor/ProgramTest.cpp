@@ -192,18 +192,25 @@ TEST_F(ProgramTest, WithoutMemoryItEndsWithOneLine)
     if (IS_SANITIZED) GTEST_SKIP() << "a sanitizer needs more address space";
     int worked = 0;
     int refused = 0;
+    const auto run = [&](int kibibytes, const char* argument) {
+        return ChildProcess({"/bin/sh", "-c", "ulimit -c 0; ulimit -v $0; exec \"$@\"",
+                             std::to_string(kibibytes), VEXCOR_PROGRAM, argument},
+                            home.GetPath() / "output");
+    };
     for (int kibibytes = 8000; kibibytes < 60000 && worked < 3; kibibytes += 48) {
-        ChildProcess program({"/bin/sh", "-c", "ulimit -c 0; ulimit -v $0; exec \"$@\"",
-                              std::to_string(kibibytes), VEXCOR_PROGRAM, "list"},
-                             home.GetPath() / "output");
+        ChildProcess program = run(kibibytes, "list");
         const int status = program.Wait();
         const std::string text = program.GetOutput();
         // GnuTLS, which qpdf brings along, ends the process before any code of Vexcor runs.
         if (text.find("Error in GnuTLS initialization") != std::string::npos) continue;
+        if (status == -SIGABRT) {
+            // qpdf builds tables before any code of Vexcor runs, whatever Vexcor is asked to do.
+            ASSERT_EQ(-SIGABRT, run(kibibytes, "--version").Wait()) << kibibytes << ": " << text;
+            continue;
+        }
+        if (status == 0) ++worked;
         // SIGSEGV is possible: fontconfig dereferences null if it cannot allocate a rule of its own
         // configuration.
-        ASSERT_NE(-SIGABRT, status) << kibibytes << ": " << text;
-        if (status == 0) ++worked;
         if (status != vexcor::kFileFailed && status != vexcor::kDatabaseFailed) continue;
         ++refused;
         ASSERT_THAT(text, AllOf(StartsWith("Vexcor: "), Not(HasSubstr("bad_alloc")))) << kibibytes;

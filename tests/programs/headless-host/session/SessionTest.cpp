@@ -172,7 +172,7 @@ TEST_F(SessionTest, CompletesActionsPathsAndForms)
 {
     MakeFile("one.ai");
     MakeFile("other.ai");
-    EXPECT_THAT(CompleteLine(*session, "", "cl"), ElementsAre("close"));
+    EXPECT_THAT(CompleteLine(*session, "", "clos"), ElementsAre("close"));
     EXPECT_THAT(CompleteLine(*session, "open ", "o"), ElementsAre("one.ai", "other.ai"));
     EXPECT_THAT(CompleteLine(*session, "show ", ""), ElementsAre("documents", "menu"));
     EXPECT_THAT(CompleteLine(*session, "expect ", "cal"), ElementsAre("call", "calls"));

@@ -1,4 +1,4 @@
-#include "session/Prompt.h"
+#include "commands/Prompt.h"
 
 #include <histedit.h>
 #include <poll.h>

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "session/LineSource.h"
+#include "commands/LineSource.h"
 
 namespace headless {
 

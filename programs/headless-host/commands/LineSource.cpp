@@ -1,4 +1,4 @@
-#include "session/LineSource.h"
+#include "commands/LineSource.h"
 
 #include <poll.h>
 #include <unistd.h>

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+#include "HostTypes.h"
+
+namespace headless {
+
+// What goes wrong on purpose in a call that the plug-in makes: it does nothing, and returns a
+// status or throws.
+struct Fault {
+    AIErr status = 0;
+    std::string exceptionType;  // of kFaultExceptions; empty: it returns `status`
+};
+
+// What a call can throw: the exception types of the host's boundary, and two that it doesn't have.
+constexpr const char* kFaultExceptions[] = {"ai::Error", "ATE::Exception", "int", "std::exception",
+                                            "foreign"};
+
+// Reads a status, except 0, or "throw:" and an exception type. Returns false for anything else.
+bool ReadFault(const std::string& text, Fault& fault);
+
+// Throws an exception of a type of kFaultExceptions. Of any other it throws a foreign one.
+[[noreturn]] void ThrowFault(const std::string& exceptionType);
+
+// Counts calls and makes one of them fail. Main thread only.
+class CallFaults {
+public:
+    // The call `number` from now, counted from 1, fails with this fault. Replaces an earlier order.
+    void FailCall(size_t number, Fault fault);
+
+    // Counts a call. Returns its fault; null if it doesn't fail. Valid until the next order.
+    const Fault* CountCall();
+
+    size_t GetCount() const { return mCount; }
+
+    // Whether a fault was ordered that no call has had so far.
+    bool IsPending() const { return mFailingCall > mCount; }
+
+private:
+    Fault mFault;
+    size_t mCount = 0;
+    size_t mFailingCall = 0;
+};
+
+}  // namespace headless

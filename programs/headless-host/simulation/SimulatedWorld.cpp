@@ -1,0 +1,136 @@
+#include "simulation/SimulatedWorld.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+
+#include "model/PluginCode.h"
+#include "system/Environment.h"
+#include "system/Paths.h"
+
+namespace headless {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr char kFramework[] = "Vexcor/PluginFiles/PluginCore.framework";
+
+// Returns "" or one line about what is wrong.
+std::string CreateFile(const std::string& path, const std::string& bytes)
+{
+    std::error_code ignored;  // the file cannot be opened then
+    (void)fs::create_directories(fs::path(path).parent_path(), ignored);
+    std::ofstream file(path, std::ios::binary);
+    file << bytes;
+    file.close();
+    return file ? std::string() : path + ": " + std::strerror(errno);
+}
+
+std::string ReadWhole(const std::string& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream bytes;
+    bytes << file.rdbuf();
+    return bytes.str();
+}
+
+}  // namespace
+
+SimulatedWorld::SimulatedWorld(const std::string& folder)
+    : mFolder(folder), mModule(folder + "/" + kFramework + "/PluginCore")
+{
+    const fs::path installed = MakeAbsolute(GetProgramFolder(), "../Simulation");
+    std::string error;
+    if (!UseHome(folder + "/home", error)) throw std::runtime_error(error);
+    std::error_code failure;
+    fs::create_directories(fs::path(mModule).parent_path() / "Resources", failure);
+    if (!failure) {
+        const fs::path framework = installed / "PluginCore.framework";
+        // A link: the system reads a module once for all processes.
+        fs::create_symlink(framework / "PluginCore", mModule, failure);
+        if (!fs::exists(mModule)) {
+            throw std::runtime_error((framework / "PluginCore").string() + ": not installed");
+        }
+        fs::create_symlink(framework / "Resources/Info.plist",
+                           fs::path(mModule).parent_path() / "Resources/Info.plist", failure);
+    }
+    if (failure) throw std::runtime_error(folder + ": " + failure.message());
+    error = CreateFile(GetDataFolder() + "/Corvanta/com.corvanta.Vexcor-LaunchInfo.conf",
+                       "vexcor.path=" + folder + "/Vexcor/Vexcor\n");
+    if (error.empty() && chdir(folder.c_str()) != 0) error = folder + ": " + std::strerror(errno);
+    if (!error.empty()) throw std::runtime_error(error);
+    plugin_code::HideProcesses(true);
+}
+
+std::string SimulatedWorld::GetPath(const std::string& path) const
+{
+    return MakeAbsolute(mFolder, path);
+}
+
+void SimulatedWorld::SetActive(const std::vector<std::string>& names)
+{
+    mActive = {names.begin(), names.end()};
+    mActive.insert(kDefaultFont);
+}
+
+std::string SimulatedWorld::SetDocument(const std::string& path, documents::OpenResult result)
+{
+    const std::string absolute = GetPath(path);
+    mDocuments[absolute] = std::move(result);
+    return CreateFile(absolute, "%!PS-Adobe-3.0 EPSF-3.0\n");
+}
+
+documents::OpenResult SimulatedWorld::Read(const std::string& path) const
+{
+    const auto found = mDocuments.find(path);
+    if (found == mDocuments.end() || !fs::exists(path)) return {false, {}, "No such file"};
+    return found->second;
+}
+
+std::string SimulatedWorld::Write(Host& host, DocumentObject& document,
+                                  const std::string& path)
+{
+    for (const auto& other : host.GetDocuments()) {
+        if (other.get() != &document && other->hasFile && other->path == path) {
+            return "cannot be saved: another open document has this name";
+        }
+    }
+    std::string error = SetDocument(path, {true, document.content, {}});
+    if (!error.empty()) return "cannot be saved: " + error;
+    host.MarkSaved(document, path);
+    return {};
+}
+
+void SimulatedWorld::CountFrom(const Host& host)
+{
+    mStart = {host.suiteFaults.GetCount(), host.coreFaults.GetCount(),
+              plugin_code::GetAllocationCount()};
+}
+
+SimulatedWorld::Counts SimulatedWorld::GetCounts(const Host& host) const
+{
+    return {host.suiteFaults.GetCount() - mStart.suiteCalls,
+            host.coreFaults.GetCount() - mStart.coreCalls,
+            plugin_code::GetAllocationCount() - mStart.allocations};
+}
+
+bool SimulatedWorld::LackFunction(const std::string& name)
+{
+    // In the table of names, where each one ends with a zero byte; another letter hides it from the
+    // look-up.
+    std::string bytes = ReadWhole(mModule);
+    const size_t at = bytes.find('\0' + name + '\0');
+    if (name.empty() || at == std::string::npos) return false;
+    bytes[at + 1] = '?';
+    return unlink(mModule.c_str()) == 0 && CreateFile(mModule, bytes).empty();
+}
+
+bool SimulatedWorld::LackCore() { return unlink(mModule.c_str()) == 0; }
+
+}  // namespace headless

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "model/Host.h"
+#include "simulation/SimulatedCore.h"
+
+namespace headless {
+
+// A system for the host to run in, without fonts, documents and a font manager of a real one: the
+// script says what there is. Main thread only.
+class SimulatedWorld : public FontSource {
+public:
+    // Makes `folder` the home and the working folder of this process, and installs the simulated
+    // PluginCore in it. Throws std::runtime_error, with one line, if that fails.
+    //
+    // folder   an empty folder, absolute
+    explicit SimulatedWorld(const std::string& folder);
+
+    std::set<std::string> ListActiveNames() override { return mActive; }
+    std::string GetDefaultName(const std::string&) override { return kDefaultFont; }
+    std::map<std::string, documents::FontFile> ListFiles() override { return {}; }
+
+    // The active fonts become these and the default font.
+    void SetActive(const std::vector<std::string>& names);
+
+    // Creates a small file at `path`, which the host reads as `result` from now on.
+    //
+    // path   absolute or relative to the folder
+    // Returns "", or one line about why the file cannot be created.
+    std::string SetDocument(const std::string& path, documents::OpenResult result);
+
+    // What the host reads from a file.
+    documents::OpenResult Read(const std::string& path) const;
+
+    // Saves a document of `host`; see Host::writer.
+    std::string Write(Host& host, DocumentObject& document, const std::string& path);
+
+    // Before the plug-in is started: PluginCore lacks a function, or doesn't exist. Return false if
+    // the function isn't one of PluginCore, or if the file cannot be changed.
+    bool LackFunction(const std::string& name);
+    bool LackCore();
+
+    // The absolute form of a path of a script.
+    std::string GetPath(const std::string& path) const;
+
+    // The calls so far don't count, see GetCounts.
+    void CountFrom(const Host& host);
+
+    // The calls since CountFrom, or all: of suites, of PluginCore, and allocations of the plug-in.
+    struct Counts {
+        size_t suiteCalls = 0;
+        size_t coreCalls = 0;
+        size_t allocations = 0;
+    };
+    Counts GetCounts(const Host& host) const;
+
+    static constexpr char kDefaultFont[] = "Default-Regular";
+
+    SimulatedCore core;
+    std::string language = "en";  // a tag of kHostLanguages
+    std::set<std::string> lackingSuites;
+    bool isRefused = false;  // the plug-in has refused to start
+    bool mayRefuse = false;  // a plug-in that refuses to start breaks no rule
+
+private:
+    const std::string mFolder;
+    const std::string mModule;  // PluginCore's, in the folder
+    Counts mStart;
+    std::set<std::string> mActive = {kDefaultFont};
+    std::map<std::string, documents::OpenResult> mDocuments;
+};
+
+}  // namespace headless

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+
+namespace headless {
+
+// A new, empty folder in the system's folder for temporary files, which TMPDIR names. The
+// destructor deletes it with all that it contains.
+class TemporaryFolder {
+public:
+    // Throws std::runtime_error with one line if the folder cannot be created.
+    TemporaryFolder();
+    ~TemporaryFolder();
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+    // Absolute.
+    const std::string& GetPath() const { return mPath; }
+
+private:
+    std::string mPath;
+};
+
+// Deletes a folder with all that it contains, folders without write permission included. Symbolic
+// links are deleted and not followed. Leaves what the system refuses to delete.
+void DeleteFolder(const std::string& folder);
+
+}  // namespace headless

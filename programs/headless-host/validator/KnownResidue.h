@@ -1,0 +1,17 @@
+#pragma once
+
+#include "validator/Case.h"
+
+namespace headless {
+
+// What the plug-in may leave behind when a call of its fails, and why that is accepted. Only for
+// sweeps and random messages: where nothing fails, everything must be released.
+struct KnownResidue {
+    int rule;
+    const char* text;  // that the finding's message contains
+    const char* reason;
+};
+
+bool IsKnownResidue(const Finding& finding);
+
+}  // namespace headless

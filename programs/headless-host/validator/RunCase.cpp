@@ -1,0 +1,13 @@
+#include "validator/RunCase.h"
+
+#include "validator/ScriptPlayer.h"
+
+namespace headless {
+
+CaseOutcome RunCase(const ValidatorCase& which, const std::string& plugin,
+                    const std::string& folder)
+{
+    return PlayScript(which, plugin, folder + "/world", folder + "/journal");
+}
+
+}  // namespace headless
