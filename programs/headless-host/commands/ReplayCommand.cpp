@@ -130,7 +130,7 @@ int RunReplayCommand(const Options& options)
                                    ? GetProgramFolder() + "/../Plug-ins/TypeloftSPEA.aip"
                                    : MakeAbsolute(options.plugin);
     NewJournal newJournal(options.update.empty() ? "" : MakeAbsolute(options.update));
-    const ReplayPlace frame{"", ChooseFrameworks(options)};
+    const std::string frameworks = ChooseFrameworks(options);
     const TemporaryFolder folder;
     SimulatedWorld world(folder.GetPath());
     ReplayFonts fonts;
@@ -140,13 +140,14 @@ int RunReplayCommand(const Options& options)
         console::PrintError(error);
         return kFileNotOpened;
     }
+    const std::string files = folder.GetPath() + "/files/";
+    host.journal.LeaveOut(files);
     ResetHostPlatform();
     const bool hasFrameworks = journal.GetHeader().args.value("frameworks", false);
-    SetPrivateFrameworks(hasFrameworks ? frame.frameworks : "");
+    SetPrivateFrameworks(hasFrameworks ? frameworks : "");
     int status = kAllOpened;
     {
-        Replay replay(host, fonts, journal, {folder.GetPath() + "/files/", frame.frameworks},
-                      options.update.empty());
+        Replay replay(host, fonts, journal, {files, frameworks}, options.update.empty());
         world.core.SetAnswerer(
             [&replay](const std::string& function, const nlohmann::json& arguments,
                       HostAnswer& answer) { replay.AnswerCore(function, arguments, answer); });

@@ -56,7 +56,12 @@ void Journal::Write(const char* side, const std::string& op, const json& args, c
     line["op"] = op;
     line["args"] = args;
     line["result"] = result;
-    const std::error_code failure = base::WriteAll(mFile, base::PrintJson(line) + "\n");
+    std::string text = base::PrintJson(line) + "\n";
+    for (size_t at = mLeftOut.empty() ? std::string::npos : text.find(mLeftOut);
+         at != std::string::npos; at = text.find(mLeftOut, at)) {
+        text.erase(at, mLeftOut.size());
+    }
+    const std::error_code failure = base::WriteAll(mFile, text);
     if (!failure) return;
     mError = mPath + ": cannot be written: " + failure.message();
     Close();

@@ -36,6 +36,9 @@ public:
                                         const nlohmann::json& args, const nlohmann::json& result)>;
     void SetFollower(Follower follower) { mFollower = std::move(follower); }
 
+    // Leaves out this folder, which ends with '/', wherever a line of the file has it.
+    void LeaveOut(const std::string& folder) { mLeftOut = folder; }
+
     // Whether there is a file or an observer, so that lines are worth making.
     bool IsOpen() const { return mFile >= 0 || mObserver || mFollower; }
 
@@ -58,6 +61,7 @@ private:
     int mFile = -1;
     std::string mPath;
     std::string mError;
+    std::string mLeftOut;
     Observer mObserver;
     Follower mFollower;
     unsigned long mSequence = 0;

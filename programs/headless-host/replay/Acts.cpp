@@ -162,10 +162,13 @@ bool Replay::SendMessage(const RecordedLine& line)
     const auto selector = line.args.at("selector").get<std::string>();
     if (caller == "SP Interface") {
         const bool isEnd = selector == "Shutdown";
-        if (isEnd && mHost.globalsWord != nullptr) mHost.suites.AllowUnreleased(false);
+        // As Application does it.
+        if (isEnd && mIsRunning) mHost.suites.AllowUnreleased(false);
         const AIErr result = mPump->SendInterface(selector.c_str());
-        const bool isRefused = result != kHostSuccess || mHost.globalsWord == nullptr;
-        if (selector == "Startup" && isRefused) mHost.suites.AllowUnreleased(true);
+        if (selector == "Startup") {
+            mIsRunning = result == kHostSuccess && mHost.globalsWord != nullptr;
+            if (!mIsRunning) mHost.suites.AllowUnreleased(true);
+        }
         if (isEnd) mHost.suites.AllowUnreleased(false);
     } else if (caller == "SP Access" && selector == "Unload") {
         const AIErr unloaded = mPump->SendUnload();

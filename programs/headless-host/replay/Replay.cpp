@@ -243,13 +243,11 @@ void Replay::AnswerCore(const std::string& function, const json& arguments, Host
         GetHostPlatform()->showAlert(message.c_str(), information.c_str());
         if (!IsPlaying()) return;
     }
+    const RecordedLine* const next = PeekInMessage();
+    answer.rebuildsMenu = next != nullptr && next->side == "core" && next->op == "rebuild menu";
+    if (answer.rebuildsMenu) mHost.journal.Write("core", "rebuild menu", json::object(), nullptr);
     if (function == "IdleEvent" || function == "ProcessPanelMessages") {
-        const RecordedLine* const line = PeekInMessage();
-        answer.status = 0;
-        answer.rebuildsMenu = line != nullptr && line->side == "core" && line->op == "rebuild menu";
-        if (answer.rebuildsMenu) {
-            mHost.journal.Write("core", "rebuild menu", json::object(), nullptr);
-        }
+        answer.status = 0;  // ticks have no line in the journal
         return;
     }
     const RecordedLine* line = FindAnswer(function);

@@ -111,6 +111,7 @@ private:
     double mStart = 0;
     long mClockOffset = 0;
     size_t mPlayed = 0;
+    bool mIsRunning = false;  // the plug-in hasn't refused to start
     bool mHasStopped = false;
 };
 
