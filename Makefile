@@ -1,6 +1,6 @@
 # `make run` and `make test` install what is missing, build and run.
 .PHONY: run test test-asan test-tsan test-libcxx test-mac test-mach-o test-corpus test-fuzz
-.PHONY: test-damaged test-long coverage-mac mac mac-cross mac-cross-bundle lint stage
+.PHONY: test-damaged test-long coverage-mac mac mac-cross mac-cross-bundle lint stage validate
 .PHONY: bench bench-documents bootstrap clean
 
 run: stage
@@ -123,6 +123,13 @@ stage: bootstrap
 	cmake --build --preset release
 	rm -rf stage
 	cmake --install build/release --prefix stage >/dev/null
+
+# Breaks the staged plug-in on purpose, by the rules up to VALIDATE_LEVEL, within VALIDATE_SECONDS.
+VALIDATE_LEVEL = 10
+VALIDATE_SECONDS = 600
+validate: stage
+	stage/bin/headless-host validate --level $(VALIDATE_LEVEL) --time $(VALIDATE_SECONDS) \
+	    stage/Plug-ins/TypeloftSPEA.aip
 
 PLUGIN_CORE = build/release/programs/installed/Vexcor/PluginFiles/PluginCore.framework/PluginCore
 BENCH_FONT = /usr/share/fonts/truetype/dejavu/DejaVuSansMono-BoldOblique.ttf

@@ -18,7 +18,8 @@ enum ExitStatus : int {
 
 constexpr base::ProgramStatusRow kExitStatuses[] = {
     {kAllOpened,
-     "every file was opened and no font is missing; every expectation of the script was met"},
+     "every file was opened and no font is missing; every expectation of the script was met; "
+     "validate: no rule was broken"},
     {kFontMissing,
      "open: a font is missing; script: an expectation was not met; replay: the plug-in made another "
      "call"},

@@ -39,11 +39,14 @@ AIErr MessagePump::Send(const char* caller, const char* selector, void* message,
     arguments["selector"] = selector == nullptr ? nlohmann::json() : nlohmann::json(selector);
     std::string callerText = caller == nullptr ? "" : caller;
     std::string selectorText = selector == nullptr ? "" : selector;
-    mHost.handles.BeginMessage(ScansFonts(callerText, selectorText, arguments.value("type", "")));
+    const HandleRegister::Message outer = mHost.handles.BeginMessage(
+        ScansFonts(callerText, selectorText, arguments.value("type", "")));
     mHost.walkLimit.BeginMessage();
     mHost.journal.Write("host", "send", arguments, nullptr);
+    ++mDepth;
     const AIErr result = Call(caller == nullptr ? nullptr : callerText.data(),
                               selector == nullptr ? nullptr : selectorText.data(), message);
+    if (--mDepth > 0) mHost.handles.ResumeMessage(outer);
     mHost.globalsWord = head.globals;
     mHost.lastAnswer = result;
     mHost.journal.Write("host", "answer", arguments, result);

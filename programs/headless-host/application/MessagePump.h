@@ -78,6 +78,7 @@ private:
     Host& mHost;
     PluginMainFunction mMain;
     size_t mNotifiedMenuChanges = 0;
+    size_t mDepth = 0;  // messages that have not been answered
 };
 
 }  // namespace headless

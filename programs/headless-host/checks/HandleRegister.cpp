@@ -10,8 +10,8 @@ void HandleRegister::Fill(Record& record, HandleType type)
 {
     record.type = type;
     record.serial = ++mSerial;
-    record.message = mMessage;
-    record.scansArtSet = type == HandleType::kArtSet && mMayKeepArtSet;
+    record.message = mMessage.number;
+    record.scansArtSet = type == HandleType::kArtSet && mMessage.mayKeepArtSet;
 }
 
 void* HandleRegister::IssueHandle(HandleType type, std::shared_ptr<void> object, const void* owner)
@@ -121,10 +121,11 @@ void HandleRegister::KeepForHost(const void* handle)
     if (record != nullptr) record->isHostOwned = true;
 }
 
-void HandleRegister::BeginMessage(bool mayKeepArtSet)
+HandleRegister::Message HandleRegister::BeginMessage(bool mayKeepArtSet)
 {
-    ++mMessage;
-    mMayKeepArtSet = mayKeepArtSet;
+    const Message before = mMessage;
+    mMessage = {++mLastMessage, mayKeepArtSet};
+    return before;
 }
 
 std::vector<std::string> HandleRegister::ListLeaks() const

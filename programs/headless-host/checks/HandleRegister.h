@@ -68,10 +68,17 @@ public:
     // Marks the handle as one that the plug-in need not release.
     void KeepForHost(const void* handle);
 
-    // Begins a new message: handles from now on belong to it.
-    //
-    // mayKeepArtSet   whether the plug-in may leave one art set of this message unreleased
-    void BeginMessage(bool mayKeepArtSet);
+    struct Message {
+        size_t number = 0;
+        bool mayKeepArtSet = false;  // the plug-in may leave one art set of it unreleased
+    };
+
+    // Begins a new message: handles from now on belong to it. Returns the message before it, for
+    // ResumeMessage.
+    Message BeginMessage(bool mayKeepArtSet);
+
+    // A message inside of another one has ended: handles from now on belong to the outer one again.
+    void ResumeMessage(const Message& outer) { mMessage = outer; }
 
     // One line for each handle that the plug-in should have released by now.
     std::vector<std::string> ListLeaks() const;
@@ -111,8 +118,8 @@ private:
     std::unordered_map<const void*, Record> mBlocks;
     std::unordered_map<const void*, std::vector<void*>> mOwned;
     size_t mSerial = 0;
-    size_t mMessage = 0;
-    bool mMayKeepArtSet = false;
+    Message mMessage;
+    size_t mLastMessage = 0;
 };
 
 }  // namespace headless

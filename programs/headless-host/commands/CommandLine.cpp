@@ -13,6 +13,8 @@ namespace {
 
 constexpr double kLongestSeconds = 86400;
 
+constexpr int kMostJobs = 256;
+
 constexpr char kJsonHelp[] = "Write JSON, one object per file and line";
 
 constexpr char kPluginHelp[] = "Load this plug-in: a folder X.aip, or the module itself";
@@ -108,6 +110,43 @@ void AddReplayOptions(CLI::App& command, Options& options)
               "Compare nothing, and write the journal of this run to FILE");
 }
 
+void AddValidateOptions(CLI::App& command, Options& options)
+{
+    ValidateOptions& validate = options.validate;
+    command
+        .add_option("PLUGIN", options.plugin, "The plug-in: a folder X.aip, or the module itself")
+        ->option_text(" ");
+    AddOption(command, "--level", "N", validate.level,
+              "Test the rules of levels 1 to N; 10 is the most thorough (default: 5)")
+        .check(CLI::Range(1, 10));
+    AddOption(command, "--rule", "ID", validate.rules,
+              "Test this rule, whatever its level, and no others; may be given several times")
+        .expected(1)
+        ->take_all()
+        ->allow_extra_args(false);
+    command.add_flag("--list", validate.lists, "Print all rules and exit");
+    AddOption(command, "--seed", "N", validate.seed,
+              "Make the random messages from the seeds N and following (default: 1)")
+        .check(CLI::PositiveNumber);
+    AddOption(command, "--count", "N", validate.count,
+              "Send N random messages of each kind (default: 5000)");
+    AddOption(command, "--jobs", "N", validate.jobs,
+              "Run N cases at a time (default: the number of processors)")
+        .check(CLI::Range(1, kMostJobs));
+    AddOption(command, "--time", "SECONDS", validate.seconds,
+              "Begin no case after SECONDS; the table says how many were skipped")
+        .check(CLI::Range(0.0, kLongestSeconds));
+    command.add_flag("--json", options.json, "Write JSON, one object per case and line");
+    AddOption(command, "--junit", "FILE", validate.junit,
+              "Write the outcomes to FILE, as JUnit's XML");
+    AddOption(command, "--output-dir", "DIR", validate.outputFolder,
+              "Write the script, the journal and the outcome of each failed case to DIR");
+    AddOption(command, "--profile", "NAME", validate.profile,
+              "typeloft includes the rules that are special to TypeloftSPEA, any leaves them out "
+              "(default: typeloft if the module is called TypeloftSPEA, else any)")
+        .check(CLI::IsMember({"typeloft", "any"}));
+}
+
 console::HelpSection GetExitStatusSection()
 {
     return console::DescribeExitStatuses(kExitStatuses,
@@ -150,6 +189,14 @@ std::unique_ptr<CLI::App> MakeCommandLine(Options& options)
                    Command::kFonts, options);
     AddFiles(fonts, options);
     AddFontsOptions(fonts, options);
+
+    CLI::App& validate = AddCommand(*app, "validate", "Break a plug-in on purpose, rule by rule",
+                                    Command::kValidate, options);
+    AddValidateOptions(validate, options);
+    validate.callback([&options] {
+        options.action = Command::kValidate;
+        if (options.plugin.empty() && !options.validate.lists) throw CLI::RequiredError("PLUGIN");
+    });
     return app;
 }
 

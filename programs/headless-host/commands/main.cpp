@@ -6,6 +6,7 @@
 #include "commands/OpenCommand.h"
 #include "commands/ReplayCommand.h"
 #include "commands/SessionCommand.h"
+#include "commands/ValidateCommand.h"
 #include "console/Console.h"
 
 int main(int argc, char** argv)
@@ -21,6 +22,9 @@ int main(int argc, char** argv)
                 }
                 if (options.action == headless::Command::kReplay) {
                     return headless::RunReplayCommand(options);
+                }
+                if (options.action == headless::Command::kValidate) {
+                    return headless::RunValidateCommand(options);
                 }
                 return options.action == headless::Command::kScript
                            ? headless::RunSessionCommand(options)

@@ -46,6 +46,13 @@ void CallFaults::FailCall(size_t number, Fault fault)
     mFault = std::move(fault);
 }
 
-const Fault* CallFaults::CountCall() { return ++mCount == mFailingCall ? &mFault : nullptr; }
+const Fault* CallFaults::CountCall(const std::string& name)
+{
+    if (++mCount != mFailingCall) return nullptr;
+    mFailedCall = name + " " +
+                  (mFault.exceptionType.empty() ? std::to_string(mFault.status)
+                                                : kThrow + mFault.exceptionType);
+    return &mFault;
+}
 
 }  // namespace headless

@@ -31,7 +31,12 @@ public:
     void FailCall(size_t number, Fault fault);
 
     // Counts a call. Returns its fault; null if it doesn't fail. Valid until the next order.
-    const Fault* CountCall();
+    //
+    // name   of the operation
+    const Fault* CountCall(const std::string& name);
+
+    // The call that failed: "GetMenus throw:int"; empty if none has.
+    const std::string& GetFailedCall() const { return mFailedCall; }
 
     size_t GetCount() const { return mCount; }
 
@@ -40,6 +45,7 @@ public:
 
 private:
     Fault mFault;
+    std::string mFailedCall;
     size_t mCount = 0;
     size_t mFailingCall = 0;
 };

@@ -110,6 +110,9 @@ public:
     // Suites that the host doesn't have.
     std::set<std::string> lackingSuites;
 
+    // The versions of suites that the host offers in another version than usual.
+    std::map<std::string, int> suiteVersions;
+
     // What happens inside of the next call of an operation or function of PluginCore, by its name.
     std::multimap<std::string, std::function<void()>> duringCalls;
 

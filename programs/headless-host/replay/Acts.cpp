@@ -148,9 +148,12 @@ bool Replay::SendRaw(const RecordedLine& line)
     };
     const std::string caller = text("caller");
     const std::string selector = text("selector");
+    const bool hadGlobals = message.d.globals != nullptr;
     (void)mPump->SendRaw(line.args.at("caller").is_null() ? nullptr : caller.c_str(),
                          line.args.at("selector").is_null() ? nullptr : selector.c_str(),
                          raw.is_null() ? nullptr : &message, std::move(args));
+    // As the script's action does it.
+    if (hadGlobals && mHost.globalsWord == nullptr) mHost.suites.AllowUnreleased(false);
     return true;
 }
 

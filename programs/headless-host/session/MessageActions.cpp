@@ -125,6 +125,7 @@ void Send(Session& session, const Words& words, MessagePump::RawMessage& message
         path = host.AddPath(order.path);
         message.words[0] = path;
     }
+    const bool hadGlobals = message.d.globals != nullptr;
     const bool isEmpty = words[0] != "SP Interface" && message.words[0] == nullptr;
     host.violations.AllowBadHandles(order.hasBadHandle || isEmpty || message.d.self == nullptr);
     (void)session.running.application.Pump()->SendRaw(  // `expect answer` asks for the result
@@ -132,6 +133,8 @@ void Send(Session& session, const Words& words, MessagePump::RawMessage& message
         order.hasSelector ? words[1].c_str() : nullptr, order.hasMessage ? &message : nullptr,
         order.type.empty() ? nlohmann::json::object() : nlohmann::json{{"type", order.type}});
     host.violations.AllowBadHandles(false);
+    // As after the shutdown that the host itself performs.
+    if (hadGlobals && host.globalsWord == nullptr) host.suites.AllowUnreleased(false);
     if (path != nullptr) host.RemovePath(path);
 }
 

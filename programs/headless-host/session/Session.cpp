@@ -9,8 +9,9 @@ LineResult MakeWrong(const std::string& text) { return {LineOutcome::kWrong, tex
 
 LineResult MakeImpossible(const std::string& text) { return {LineOutcome::kImpossible, text}; }
 
-Session::Session(RunningHost& runningHost) : running(runningHost)
+Session::Session(RunningHost& runningHost, bool isObserving) : running(runningHost)
 {
+    if (!isObserving) return;
     running.host.journal.SetObserver(
         [this](const std::string& operation, const nlohmann::json& arguments,
                const nlohmann::json& result) { journal.Add(operation, arguments, result); });

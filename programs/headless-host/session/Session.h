@@ -35,10 +35,10 @@ LineResult MakeImpossible(const std::string& text);
 // thread only.
 class Session {
 public:
-    // Observes the host's journal as long as the session exists.
-    //
     // runningHost   must outlive the session
-    explicit Session(RunningHost& runningHost);
+    // isObserving   whether to observe the host's journal as long as the session exists, for
+    //               `expect call`; costs time
+    explicit Session(RunningHost& runningHost, bool isObserving = true);
     ~Session();
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;

@@ -257,6 +257,15 @@ LineResult RunLackSuite(Session& session, const Words& words)
     return {};
 }
 
+LineResult RunSuiteVersion(Session& session, const Words& words)
+{
+    int version = 0;
+    if (!ReadStatus(words[1], version)) return MakeUnknown("suite-version", words[1]);
+    session.running.world->suiteVersions[words[0]] = version;
+    session.running.host.suiteVersions[words[0]] = version;
+    return {};
+}
+
 LineResult RunLackFunction(Session& session, const Words& words)
 {
     if (session.running.world->LackFunction(words[0])) return {};
@@ -291,9 +300,14 @@ LineResult RunAllow(Session& session, const Words& words)
     return {};
 }
 
-LineResult RunCount(Session& session, const Words&)
+LineResult RunCount(Session& session, const Words& words)
 {
-    session.running.world->CountFrom(session.running.host);
+    if (!words.empty() && words[0] != "end") return MakeUnknown("count", words[0]);
+    if (words.empty()) {
+        session.running.world->CountFrom(session.running.host);
+    } else {
+        session.running.world->CountUpTo(session.running.host);
+    }
     return {};
 }
 

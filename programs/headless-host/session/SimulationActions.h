@@ -18,6 +18,7 @@ LineResult RunActive(Session& session, const Words& arguments);
 LineResult RunDocument(Session& session, const Words& arguments);
 LineResult RunVanish(Session& session, const Words& arguments);
 LineResult RunLanguage(Session& session, const Words& arguments);
+LineResult RunSuiteVersion(Session& session, const Words& words);
 LineResult RunLackSuite(Session& session, const Words& arguments);
 LineResult RunLackFunction(Session& session, const Words& arguments);
 LineResult RunLackCore(Session& session, const Words& arguments);

@@ -77,7 +77,8 @@ void SimulatedCore::Answer(const std::string& function, const nlohmann::json& ar
         return;
     }
     CoreBehaviour behaviour = Take(function);
-    if (const Fault* const fault = host == nullptr ? nullptr : host->coreFaults.CountCall()) {
+    if (const Fault* const fault =
+            host == nullptr ? nullptr : host->coreFaults.CountCall(function)) {
         behaviour = {};
         behaviour.status = static_cast<unsigned>(fault->status);
         behaviour.exceptionType = fault->exceptionType;

@@ -115,6 +115,7 @@ void SimulatedWorld::CountFrom(const Host& host)
 
 SimulatedWorld::Counts SimulatedWorld::GetCounts(const Host& host) const
 {
+    if (mEnd) return *mEnd;
     return {host.suiteFaults.GetCount() - mStart.suiteCalls,
             host.coreFaults.GetCount() - mStart.coreCalls,
             plugin_code::GetAllocationCount() - mStart.allocations};

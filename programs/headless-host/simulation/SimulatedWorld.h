@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -50,6 +51,9 @@ public:
     // The calls so far don't count, see GetCounts.
     void CountFrom(const Host& host);
 
+    // The calls from now on don't count either.
+    void CountUpTo(const Host& host) { mEnd = GetCounts(host); }
+
     // The calls since CountFrom, or all: of suites, of PluginCore, and allocations of the plug-in.
     struct Counts {
         size_t suiteCalls = 0;
@@ -63,6 +67,7 @@ public:
     SimulatedCore core;
     std::string language = "en";  // a tag of kHostLanguages
     std::set<std::string> lackingSuites;
+    std::map<std::string, int> suiteVersions;  // see Host::suiteVersions
     bool isRefused = false;  // the plug-in has refused to start
     bool mayRefuse = false;  // a plug-in that refuses to start breaks no rule
 
@@ -70,6 +75,7 @@ private:
     const std::string mFolder;
     const std::string mModule;  // PluginCore's, in the folder
     Counts mStart;
+    std::optional<Counts> mEnd;  // since mStart
     std::set<std::string> mActive = {kDefaultFont};
     std::map<std::string, documents::OpenResult> mDocuments;
 };

@@ -23,7 +23,7 @@ nlohmann::json DescribeArguments(const char* name, int version, const std::strin
 bool TakesFailure(Host& host, const char* operation, AIErr& status, std::string& exceptionType)
 {
     host.BeginCall(operation);
-    if (const Fault* const fault = host.suiteFaults.CountCall()) {
+    if (const Fault* const fault = host.suiteFaults.CountCall(operation)) {
         status = fault->exceptionType.empty() ? fault->status : kHostBadParameter;
         exceptionType = fault->exceptionType;
         return true;
@@ -33,6 +33,14 @@ bool TakesFailure(Host& host, const char* operation, AIErr& status, std::string&
     status = failure->second;
     host.failures.erase(failure);
     return true;
+}
+
+// The suite that the host offers in this version, or null.
+const SuiteRow* FindOffered(const Host& host, const char* name, int version)
+{
+    const auto other = host.suiteVersions.find(name);
+    if (other == host.suiteVersions.end()) return FindSuiteRow(name, version);
+    return other->second == version ? FindSuiteRow(name) : nullptr;
 }
 
 AIErr AcquireSuite(const char* name, int version, void* suite)
@@ -52,7 +60,7 @@ AIErr AcquireSuite(const char* name, int version, void* suite)
                                      " is null");
         } else if (host->lackingSuites.count(name) != 0) {
             result = kSuiteNotFoundErr;
-        } else if (const SuiteRow* const row = FindSuiteRow(name, version)) {
+        } else if (const SuiteRow* const row = FindOffered(*host, name, version)) {
             host->suites.Acquire(*row);
             const void* const table = GetSuiteTable(*row);
             std::memcpy(suite, &table, sizeof(table));
@@ -79,7 +87,7 @@ AIErr ReleaseSuite(const char* name, int version)
     AIErr result = kHostBadParameter;
     std::string exceptionType;
     try {
-        const SuiteRow* const row = name == nullptr ? nullptr : FindSuiteRow(name, version);
+        const SuiteRow* const row = name == nullptr ? nullptr : FindOffered(*host, name, version);
         if (TakesFailure(*host, "ReleaseSuite", result, exceptionType)) {
             // The suite is released all the same: the plug-in can't know that it isn't.
             if (row != nullptr) (void)host->suites.Release(*row);

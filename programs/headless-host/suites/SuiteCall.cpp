@@ -33,7 +33,7 @@ bool SuiteCall::IsAllowed()
 
 bool SuiteCall::TakeFailure(AIErr& status, std::string& exceptionType)
 {
-    if (const Fault* const fault = host.suiteFaults.CountCall()) {
+    if (const Fault* const fault = host.suiteFaults.CountCall(mName)) {
         status = fault->exceptionType.empty() ? fault->status : kHostBadParameter;
         exceptionType = fault->exceptionType;
         Out("injected", exceptionType.empty() ? nlohmann::json(true)

@@ -10,7 +10,8 @@ struct ValidatorCase {
     int rule = 0;        // that it tests: a number of kRules
     std::string name;    // unique among the cases of its rule; for a sweep, the place of the fault
     std::string script;  // lines of `headless-host script`
-    unsigned long seed = 0;  // that it was made from; 0 if it was written by hand
+    bool wantsJournal = false;  // which takes time: for a second run of a case that failed
+    unsigned long seed = 0;     // that it was made from; 0 if it was written by hand
 };
 
 // What a plug-in did wrong in a case.
@@ -35,6 +36,7 @@ struct CaseOutcome {
     std::string reason;                // why it was skipped
     std::vector<std::string> journal;  // the last lines; empty if the case passed
     CallCounts counts;
+    std::string failedCall;  // the call that failed on purpose: "GetMenus throw:int"; else empty
 };
 
 }  // namespace headless

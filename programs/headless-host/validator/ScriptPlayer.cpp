@@ -37,6 +37,7 @@ public:
     {
         mHost.suites.Inherit(held);
         mHost.lackingSuites = world.lackingSuites;
+        mHost.suiteVersions = world.suiteVersions;
         mHost.writer = [this](DocumentObject& document, const std::string& path) {
             return mWorld.Write(mHost, document, path);
         };
@@ -61,7 +62,7 @@ public:
     size_t Play(const std::vector<std::string>& lines, size_t line)
     {
         RunningHost running{mHost, mApplication, mOptions, mFolder, &mWorld, [this] { Start(); }};
-        Session session(running);
+        Session session(running, mCase.script.find("expect call") != std::string::npos);
         for (; line < lines.size(); ++line) {
             LineResult result;
             try {
@@ -95,6 +96,9 @@ public:
             AddFinding(mHost.violations.Rules()[i], mHost.violations.Lines()[i]);
         }
         const SimulatedWorld::Counts counts = mWorld.GetCounts(mHost);
+        for (const CallFaults* const faults : {&mHost.suiteFaults, &mHost.coreFaults}) {
+            if (!faults->GetFailedCall().empty()) mOutcome.failedCall = faults->GetFailedCall();
+        }
         mOutcome.counts = {counts.suiteCalls, counts.coreCalls, counts.allocations};
     }
 

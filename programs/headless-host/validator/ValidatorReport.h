@@ -39,6 +39,7 @@ public:
     void Finish(const std::string& plugin);
 
     size_t CountFailed() const { return mTotal.failed; }
+    size_t CountAll() const { return mTotal.passed + mTotal.failed + mTotal.skipped; }
     bool HasWritten() const { return mHasWritten; }
 
 private:

@@ -34,6 +34,7 @@ std::string WriteOutcome(const CaseOutcome& outcome)
     }
     value["reason"] = outcome.reason;
     value["journal"] = outcome.journal;
+    value["failedCall"] = outcome.failedCall;
     value["suiteCalls"] = outcome.counts.suiteCalls;
     value["coreCalls"] = outcome.counts.coreCalls;
     value["allocations"] = outcome.counts.allocations;
@@ -51,6 +52,7 @@ CaseOutcome ReadOutcome(const std::string& text)
     }
     outcome.reason = value.at("reason").get<std::string>();
     outcome.journal = value.at("journal").get<std::vector<std::string>>();
+    outcome.failedCall = value.at("failedCall").get<std::string>();
     outcome.counts.suiteCalls = value.at("suiteCalls").get<size_t>();
     outcome.counts.coreCalls = value.at("coreCalls").get<size_t>();
     outcome.counts.allocations = value.at("allocations").get<size_t>();

@@ -127,6 +127,18 @@ TEST_F(HandleRegisterTest, OneArtSetPerScanMayRemainUnreleased)
                 ElementsAre("art set#3 was not given back", "art set#4 was not given back"));
 }
 
+TEST_F(HandleRegisterTest, ANestedMessageLeavesTheArtSetToTheOuterOne)
+{
+    const auto issue = [this] { (void)handles.Issue(std::make_shared<headless::ArtSetObject>()); };
+    handles.BeginMessage(true);
+    const auto outer = handles.BeginMessage(false);
+    handles.ResumeMessage(outer);
+    issue();
+    handles.BeginMessage(true);
+    issue();
+    EXPECT_THAT(handles.ListLeaks(), IsEmpty());
+}
+
 TEST_F(HandleRegisterTest, BlocksAreZeroedAndWritable)
 {
     auto* const block = static_cast<char*>(handles.IssueBlock(HandleType::kBlock, 5000));

@@ -95,6 +95,41 @@ TEST(OptionsTest, FontsHasOptionsOfItsOwn)
     EXPECT_EQ(ParseOutcome::kWrongUse, Parse({"fonts", "a", "--names", "--json"}, options, text));
 }
 
+TEST(OptionsTest, ValidateHasOptionsOfItsOwn)
+{
+    Options options;
+    std::string text;
+    ASSERT_EQ(
+        ParseOutcome::kRun,
+        Parse({"validate",  "--rule", "302",    "p.aip",   "--rule", "101",          "--level",
+               "10",        "--seed", "3",      "--count", "400",    "--jobs",       "4",
+               "--time",    "1.5",    "--json", "--junit", "j",      "--output-dir", "o",
+               "--profile", "any"},
+              options, text))
+        << text;
+    EXPECT_EQ(Command::kValidate, options.action);
+    EXPECT_EQ("p.aip", options.plugin);
+    EXPECT_THAT(options.validate.rules, testing::ElementsAre(302, 101));
+    EXPECT_EQ(10, options.validate.level);
+    EXPECT_EQ(3U, options.validate.seed);
+    EXPECT_EQ(400U, options.validate.count);
+    EXPECT_EQ(4U, options.validate.jobs);
+    EXPECT_EQ(1.5, options.validate.seconds);
+    EXPECT_TRUE(options.json);
+    EXPECT_EQ("joany",
+              options.validate.junit + options.validate.outputFolder + options.validate.profile);
+}
+
+TEST(OptionsTest, ValidateNeedsAPluginUnlessItLists)
+{
+    Options options;
+    std::string text;
+    EXPECT_EQ(ParseOutcome::kWrongUse, Parse({"validate"}, options, text));
+    EXPECT_THAT(text, HasSubstr("PLUGIN"));
+    ASSERT_EQ(ParseOutcome::kRun, Parse({"validate", "--list"}, options, text)) << text;
+    EXPECT_TRUE(options.validate.lists);
+}
+
 TEST(OptionsTest, AScriptIsAFileOrStandardInput)
 {
     for (const char* const file : {"s.txt", "-"}) {
@@ -147,6 +182,11 @@ TEST(OptionsTest, WrongUseIsReportedInOneLine)
                                                          {"open", "a", "--keep-open", "-1"},
                                                          {"open", "a", "--hold", "-1"},
                                                          {"fonts", "a", "--timeout", "soon"},
+                                                         {"validate", "p", "--level", "11"},
+                                                         {"validate", "p", "--jobs", "0"},
+                                                         {"validate", "p", "--seed", "0"},
+                                                         {"validate", "p", "--rule", "x"},
+                                                         {"validate", "p", "--profile", "x"},
                                                          {"--man"},
                                                          {"--readme"}};
     for (const auto& arguments : wrong) {
@@ -196,7 +236,7 @@ TEST(CommandPagesTest, TheManualPageOfHeadlessHostNamesEverything)
     const auto app = MakeCommandLine(options);
     std::string page = console::WriteManPage(*app, ListHelpSections());
     page.erase(std::remove(page.begin(), page.end(), '\\'), page.end());
-    for (const char* const command : {"open", "script", "fonts"}) {
+    for (const char* const command : {"open", "script", "fonts", "validate"}) {
         for (const CLI::Option* const option : ListOptions(*app, command)) {
             EXPECT_THAT(page, HasSubstr(option->get_name()));
         }

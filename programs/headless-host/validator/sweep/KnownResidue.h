@@ -8,10 +8,11 @@ namespace headless {
 // sweeps and random messages: where nothing fails, everything must be released.
 struct KnownResidue {
     int rule;
+    const char* call;  // that failed: the beginning of CaseOutcome::failedCall
     const char* text;  // that the finding's message contains
     const char* reason;
 };
 
-bool IsKnownResidue(const Finding& finding);
+bool IsKnownResidue(const Finding& finding, const std::string& failedCall);
 
 }  // namespace headless

@@ -1,7 +1,7 @@
-#include "validator/Sweep.h"
+#include "validator/sweep/Sweep.h"
 
 #include "model/CallFaults.h"
-#include "validator/KnownResidue.h"
+#include "validator/sweep/KnownResidue.h"
 
 namespace headless {
 
@@ -120,6 +120,7 @@ ValidatorCase MakeProbe(const Scenario& scenario)
     probe.rule = kSuiteCallFails;
     probe.name = scenario.name;
     probe.script = scenario.script;
+    probe.script.replace(probe.script.find(kAfter), 0, "count end\n");
     probe.script.replace(probe.script.find(kFaultLine), sizeof kFaultLine - 1, "count\n");
     return probe;
 }
@@ -152,7 +153,7 @@ void LeaveOutKnown(CaseOutcome& outcome)
 {
     std::vector<Finding> left;
     for (Finding& finding : outcome.findings) {
-        if (!IsKnownResidue(finding)) left.push_back(std::move(finding));
+        if (!IsKnownResidue(finding, outcome.failedCall)) left.push_back(std::move(finding));
     }
     outcome.findings = std::move(left);
     if (outcome.findings.empty() && outcome.result == CaseResult::kFailed) {

@@ -1,0 +1,34 @@
+#include "validator/sweep/SweepCases.h"
+
+#include <iterator>
+#include <utility>
+
+namespace headless {
+
+void RunSweepCases(const std::vector<SweepRule>& rules, bool isTypeloft, CaseSeries& series,
+                   ValidatorReport& report)
+{
+    if (rules.empty()) return;
+    std::vector<ValidatorCase> cases;
+    for (const Scenario& scenario : ListScenarios(isTypeloft)) {
+        ValidatorCase probe = MakeProbe(scenario);
+        probe.rule = rules.front();
+        const std::optional<CaseOutcome> outcome = series.RunAlone(probe);
+        if (!outcome) return;
+        if (outcome->result != CaseResult::kPassed) {
+            report.Add(probe, *outcome);
+            continue;
+        }
+        for (const SweepRule rule : rules) {
+            std::vector<ValidatorCase> more = MakeSweepCases(scenario, rule, outcome->counts);
+            std::move(more.begin(), more.end(), std::back_inserter(cases));
+        }
+    }
+    size_t begun = 0;
+    series.Run(cases.size(), [&]() -> std::optional<ValidatorCase> {
+        if (begun == cases.size()) return std::nullopt;
+        return cases[begun++];
+    });
+}
+
+}  // namespace headless
