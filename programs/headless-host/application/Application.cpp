@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 
+#include "HostPlatform_Linux.h"
 #include "application/HostPlatformTable.h"
 #include "application/MissingFontsDialog.h"
 #include "base/Files.h"
@@ -67,6 +68,25 @@ bool Application::Start(const std::string& pluginPath, std::string& error)
     mPump->Notify("AI Application Started Notifier", nullptr);
     mPump->NotifyMenuChanges();
     return true;
+}
+
+DialogOutcome RunMissingFontsDialog(Host& host, const std::string& language, long windowNumber,
+                                    std::string& title)
+{
+    host.journal.Write("world", "dialog", {{"language", language}, {"window", windowNumber}},
+                       nullptr);
+    MissingFontsDialog dialog(host.journal, language, windowNumber);
+    title = dialog.GetTitle();
+    const unsigned long before = GetModalSessionCount();
+    const ModalSession session = GetHostPlatform()->beginModalSession(&dialog);
+    if (GetModalSessionCount() == before) {
+        host.violations.Add(kSessionNotBegun,
+                            "beginModalSession: the host's own session was not begun");
+    } else if (session != &dialog) {
+        host.violations.Add(kSessionNotReturned,
+                            "beginModalSession: the session of the host was not handed back");
+    }
+    return dialog.WasShown() ? DialogOutcome::kShown : DialogOutcome::kDismissed;
 }
 
 OpenReport Application::Open(const std::string& path, const std::string& givenPath)

@@ -87,6 +87,12 @@ private:
     unsigned long mTick = 0;
 };
 
+// Runs the missing-fonts dialog in a modal session, as the plug-in lets it: through the platform table.
+//
+// title   out: the dialog's title
+DialogOutcome RunMissingFontsDialog(Host& host, const std::string& language, long windowNumber,
+                                    std::string& title);
+
 // What follows the message "Unload", the last one: unloads the module, unless it refused, and
 // records what the plug-in has not released as violations.
 //

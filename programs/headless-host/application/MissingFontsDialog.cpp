@@ -2,9 +2,6 @@
 
 #include <cstring>
 
-#include "HostPlatform_Linux.h"
-#include "application/HostPlatformTable.h"
-
 namespace headless {
 
 namespace {
@@ -40,25 +37,6 @@ void MissingFontsDialog::Show()
 {
     mShown = !mDismissed;
     mJournal.Write("modal", "begin session", {{"title", mTitle}}, mShown ? "shown" : "dismissed");
-}
-
-DialogOutcome RunMissingFontsDialog(Host& host, const std::string& language, long windowNumber,
-                                    std::string& title)
-{
-    host.journal.Write("world", "dialog", {{"language", language}, {"window", windowNumber}},
-                       nullptr);
-    MissingFontsDialog dialog(host.journal, language, windowNumber);
-    title = dialog.GetTitle();
-    const unsigned long before = GetModalSessionCount();
-    const ModalSession session = GetHostPlatform()->beginModalSession(&dialog);
-    if (GetModalSessionCount() == before) {
-        host.violations.Add(kSessionNotBegun,
-                            "beginModalSession: the host's own session was not begun");
-    } else if (session != &dialog) {
-        host.violations.Add(kSessionNotReturned,
-                            "beginModalSession: the session of the host was not handed back");
-    }
-    return dialog.WasShown() ? DialogOutcome::kShown : DialogOutcome::kDismissed;
 }
 
 }  // namespace headless

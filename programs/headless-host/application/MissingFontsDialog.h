@@ -3,8 +3,7 @@
 #include <string>
 
 #include "ModalWindow.h"
-#include "application/OpenReport.h"
-#include "model/Host.h"
+#include "model/Journal.h"
 
 namespace headless {
 
@@ -34,12 +33,6 @@ private:
     bool mDismissed = false;
     bool mShown = false;
 };
-
-// Runs the dialog in a modal session, as the plug-in lets it: through the platform table.
-//
-// title   out: the dialog's title
-DialogOutcome RunMissingFontsDialog(Host& host, const std::string& language, long windowNumber,
-                                    std::string& title);
 
 struct HostLanguage {
     const char* tag;

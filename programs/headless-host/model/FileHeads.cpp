@@ -1,6 +1,7 @@
 #include "model/FileHeads.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 
 #include "base/FileDescriptor.h"
 #include "base/Files.h"
@@ -32,11 +33,15 @@ nlohmann::json ReadHead(const std::string& path)
 void FileHeads::Record(Journal& journal, const std::string& path)
 {
     if (!journal.IsOpen()) return;
-    nlohmann::json head = ReadHead(path);
+    nlohmann::json file = {{"path", path}, {"head", ReadHead(path)}};
+    struct stat status = {};
+    if (!file["head"].is_null() && stat(path.c_str(), &status) == 0) {
+        file["time"] = status.st_mtime;
+    }
     const auto written = mWritten.find(path);
-    if (written != mWritten.end() && written->second == head) return;
-    journal.Write("world", "file", {{"path", path}, {"head", head}}, nullptr);
-    mWritten[path] = std::move(head);
+    if (written != mWritten.end() && written->second == file) return;
+    journal.Write("world", "file", file, nullptr);
+    mWritten[path] = std::move(file);
 }
 
 }  // namespace headless

@@ -8,7 +8,7 @@
 namespace headless {
 
 // What a plug-in can read at the beginning of files: it opens documents itself, to look at the
-// comments in their first lines. Main thread only.
+// comments in their first lines, and at the time of their last change. Main thread only.
 class FileHeads {
 public:
     // Writes the beginning of the file to the journal, or null if it cannot be read, unless the

@@ -1,5 +1,8 @@
 // What the host does in a replay: the lines that are no calls of the plug-in.
 
+#include <fcntl.h>
+#include <sys/stat.h>
+
 #include <chrono>
 #include <cmath>
 #include <filesystem>
@@ -7,7 +10,6 @@
 #include <stdexcept>
 
 #include "application/Application.h"
-#include "application/MissingFontsDialog.h"
 #include "model/DocumentJson.h"
 #include "model/PluginCode.h"
 #include "replay/Replay.h"
@@ -69,6 +71,10 @@ bool Replay::WriteFile(const json& args)
     if (args.at("head").is_string()) {
         (void)fs::create_directories(path.parent_path(), ignored);
         std::ofstream(path, std::ios::binary) << args.at("head").get<std::string>();
+        // The plug-in sees by the time whether a document was saved.
+        const timespec time = {args.value("time", time_t{0}), 0};
+        const timespec times[2] = {time, time};
+        (void)utimensat(AT_FDCWD, path.c_str(), times, 0);  // as above
     } else {
         (void)fs::remove(path, ignored);
     }
