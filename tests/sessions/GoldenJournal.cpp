@@ -53,9 +53,16 @@ public:
     {
         const std::string side = entry.at("side");
         std::string operation = entry.at("op");
+        // These lines are for replays.
+        if (side == "world" || operation == "journal" || operation == "rebuild menu") return;
         if (side == "suite" && !IsKept(operation)) return;
         json arguments = entry.at("args");
         json result = entry.at("result");
+        if (side == "host" && arguments.is_object()) {
+            arguments.erase("handle");
+            arguments.erase("pathHandle");
+        }
+        if (result.is_object()) result.erase("injected");
         if (operation == "GetSocketPort") result = "a port";
         if (operation == "AI Menu Suite, AddMenuItem" && result.contains("item")) {
             const std::string text = arguments.at("text");

@@ -7,6 +7,7 @@
 //
 // - Of the suites, the calls remain by which the plug-in changes the host: menus, notifiers, timers
 //   and file formats. What it reads from the others is in the calls of PluginCore.
+// - What is there for replays only is left out.
 // - Handles have numbers in the order in which they appear, and menu items their text.
 // - A menu tree is printed once, with a line per item, and then called by its number.
 // - One line replaces update messages that have the same effect as the one before, and ticks in

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "plugin-core/CallRecord.h"
 #include "plugin-core/panel/PanelToken.h"
 #include "plugin-core/storage/Failure.h"
 #include "plugin-core/storage/Locations.h"
@@ -80,7 +81,10 @@ void Core::Idle()
     mRunning->documents.ReleaseClosed();
     if (!mRunning->watch.HasChanged()) return;
     if (mRunning->panel) mRunning->panel->AnnounceLibraryChange();
-    if (mRebuild) mRebuild();
+    if (!mRebuild) return;
+    // The journal has no line about an idle event. This one is before those of the callback's calls.
+    if (OSHasHostJournal()) OSWriteHostJournal("rebuild menu", nlohmann::json::object(), nullptr);
+    mRebuild();
 }
 
 }  // namespace plugincore

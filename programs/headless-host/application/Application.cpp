@@ -70,18 +70,21 @@ bool Application::Start(const std::string& pluginPath, std::string& error)
     return true;
 }
 
-DialogOutcome Application::RunMissingFontsDialog(std::string& title)
+DialogOutcome RunMissingFontsDialog(Host& host, const std::string& language, long windowNumber,
+                                    std::string& title)
 {
-    MissingFontsDialog dialog(mHost.journal, mLanguage, ++mWindowNumber);
+    host.journal.Write("world", "dialog", {{"language", language}, {"window", windowNumber}},
+                       nullptr);
+    MissingFontsDialog dialog(host.journal, language, windowNumber);
     title = dialog.GetTitle();
     const unsigned long before = GetModalSessionCount();
     const ModalSession session = GetHostPlatform()->beginModalSession(&dialog);
     if (GetModalSessionCount() == before) {
-        mHost.violations.Add(kSessionNotBegun,
-                             "beginModalSession: the host's own session was not begun");
+        host.violations.Add(kSessionNotBegun,
+                            "beginModalSession: the host's own session was not begun");
     } else if (session != &dialog) {
-        mHost.violations.Add(kSessionNotReturned,
-                             "beginModalSession: the session of the host was not handed back");
+        host.violations.Add(kSessionNotReturned,
+                            "beginModalSession: the session of the host was not handed back");
     }
     return dialog.WasShown() ? DialogOutcome::kShown : DialogOutcome::kDismissed;
 }
@@ -100,7 +103,10 @@ OpenReport Application::Open(const std::string& path, const std::string& givenPa
 
     const std::set<std::string> activeBefore = mHost.fonts.RefreshActiveNames();
     // File formats are only asked to check regular files.
-    if (base::IsReadableFile(path)) mPump->SendCheck(path);
+    if (base::IsReadableFile(path)) {
+        mDocuments->RecordFile(path);
+        mPump->SendCheck(path);
+    }
     documents::OpenResult read = Read(mHost, path);
     mHost.journal.Write("host", "read", {{"path", path}}, read.ok ? "" : read.error);
     report.kind = documents::GetKindName(read.document.kind);
@@ -119,7 +125,10 @@ OpenReport Application::Open(const std::string& path, const std::string& givenPa
 
     (void)mHost.fonts.RefreshActiveNames();  // read by IsAnyMissing
     const bool isAnyMissing = IsAnyMissing(fonts, mHost.fonts);
-    if (isAnyMissing) report.dialog = RunMissingFontsDialog(report.dialogTitle);
+    if (isAnyMissing) {
+        report.dialog =
+            RunMissingFontsDialog(mHost, mLanguage, ++mWindowNumber, report.dialogTitle);
+    }
     DocumentObject* const document = mHost.AddDocument(std::move(read.document), path);
     console::LogAction("opened " + path);
     document->isBeingOpened = true;
@@ -196,22 +205,28 @@ void Application::ShutDown()
     // The journal holds the result, which changes nothing.
     (void)mPump->SendInterface("Shutdown");
     mHost.suites.AllowUnreleased(false);
-    if (mPump->SendUnload() != kHostSuccess) {
-        mHost.violations.Add(kRefusesUnload,
-                             "Unload: the plug-in refuses to be unloaded after its shutdown");
-        mModule->LeaveLoaded();
-    }
-    for (const std::string& line : mHost.suites.ListLeaks()) {
-        mHost.violations.Add(kSuiteLeaked, "Unload: " + line);
-    }
-    for (const std::string& line : mHost.handles.ListLeaks()) {
-        mHost.violations.Add(kReferenceLeaked, "Unload: " + line);
-    }
-    ResetHostPlatform();
+    const AIErr unloaded = mPump->SendUnload();
     mDocuments.reset();
     mPump.reset();
-    mModule.reset();
-    mHost.journal.Write("host", "unloaded", nlohmann::json::object(), nullptr);
+    FinishUnload(mHost, std::move(mModule), unloaded);
+}
+
+void FinishUnload(Host& host, std::unique_ptr<PluginModule> module, AIErr unloaded)
+{
+    if (unloaded != kHostSuccess) {
+        host.violations.Add(kRefusesUnload,
+                            "Unload: the plug-in refuses to be unloaded after its shutdown");
+        module->LeaveLoaded();
+    }
+    for (const std::string& line : host.suites.ListLeaks()) {
+        host.violations.Add(kSuiteLeaked, "Unload: " + line);
+    }
+    for (const std::string& line : host.handles.ListLeaks()) {
+        host.violations.Add(kReferenceLeaked, "Unload: " + line);
+    }
+    ResetHostPlatform();
+    module.reset();
+    host.journal.Write("host", "unloaded", nlohmann::json::object(), nullptr);
 }
 
 }  // namespace headless

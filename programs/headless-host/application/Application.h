@@ -77,8 +77,6 @@ public:
     void ShutDown();
 
 private:
-    DialogOutcome RunMissingFontsDialog(std::string& title);
-
     Host& mHost;
     std::string mLanguage;
     std::unique_ptr<PluginModule> mModule;
@@ -88,5 +86,17 @@ private:
     long mWindowNumber = 0;
     unsigned long mTick = 0;
 };
+
+// Runs the missing-fonts dialog in a modal session, as the plug-in lets it: through the platform table.
+//
+// title   out: the dialog's title
+DialogOutcome RunMissingFontsDialog(Host& host, const std::string& language, long windowNumber,
+                                    std::string& title);
+
+// What follows the message "Unload", the last one: unloads the module, unless it refused, and
+// records what the plug-in has not released as violations.
+//
+// unloaded   the plug-in's answer to the message
+void FinishUnload(Host& host, std::unique_ptr<PluginModule> module, AIErr unloaded);
 
 }  // namespace headless

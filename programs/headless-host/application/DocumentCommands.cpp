@@ -25,7 +25,7 @@ FontState DocumentCommands::GetFontState(const DocumentObject& document,
 void DocumentCommands::Change()
 {
     DocumentObject* const document = mHost.GetCurrentDocument();
-    document->isModified = true;
+    mHost.MarkChanged(*document);
     (void)KeepBase(*document);  // SaveDocument tries again and reports the failure
     mPump.Notify("AI Document Changed Notifier", document->handle);
 }
@@ -58,6 +58,7 @@ std::string DocumentCommands::Save()
     std::string error = SaveDocument(mHost, document, document.path);
     if (!error.empty()) return error;
     console::LogAction("saved " + document.path);
+    mFiles.Record(mHost.journal, document.path);
     NotifySaved("AI Command Notifier: After Save");
     return {};
 }
@@ -67,6 +68,7 @@ std::string DocumentCommands::SaveAs(const std::string& path)
     std::string error = SaveDocument(mHost, *mHost.GetCurrentDocument(), path);
     if (!error.empty()) return error;
     console::LogAction("saved as " + path);
+    mFiles.Record(mHost.journal, path);
     NotifySaved("AI Command Notifier: After Save As");
     return {};
 }
@@ -76,6 +78,7 @@ void DocumentCommands::Close(DocumentObject* document)
     void* const handle = document->handle;
     console::LogAction("closes " +
                        (document->path.empty() ? "a document without a file" : document->path));
+    if (document->hasFile) mFiles.Record(mHost.journal, document->path);
     mPump.Notify("AI Document About To Close Notifier", handle);
     mHost.RemoveDocument(document);
     mPump.Notify("AI Document Closed Notifier", handle);

@@ -4,6 +4,7 @@
 
 #include "application/MessagePump.h"
 #include "application/OpenReport.h"
+#include "model/FileHeads.h"
 #include "model/Host.h"
 
 namespace headless {
@@ -39,12 +40,16 @@ public:
     // removed and again after it. Deletes `document`.
     void Close(DocumentObject* document);
 
+    // Writes to the journal what a plug-in can read in a file at present; see FileHeads.
+    void RecordFile(const std::string& path) { mFiles.Record(mHost.journal, path); }
+
     // The state of a font of `document` by the host's list of active fonts, which is not refreshed.
     FontState GetFontState(const DocumentObject& document, const std::string& postScriptName);
 
 private:
     void NotifySaved(const char* type);
 
+    FileHeads mFiles;
     Host& mHost;
     MessagePump& mPump;
 };

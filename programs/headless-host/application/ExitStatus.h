@@ -20,9 +20,11 @@ constexpr base::ProgramStatusRow kExitStatuses[] = {
     {kAllOpened,
      "every file was opened and no font is missing; every expectation of the script was met; "
      "validate: no rule was broken"},
-    {kFontMissing, "open: a font is missing; script: an expectation was not met"},
+    {kFontMissing,
+     "open: a font is missing; script: an expectation was not met; replay: the plug-in made another "
+     "call"},
     {kWrongUse, "wrong options or arguments; script: an invalid line"},
-    {kFileNotOpened, "a file cannot be opened or saved"},
+    {kFileNotOpened, "a file cannot be opened or saved; replay: the journal cannot be read"},
     {kPluginNotLoaded, "the plug-in or PluginCore cannot be loaded"},
     {kPluginBrokeRule, "the plug-in broke a rule of the host"},
     {kInterrupted, "interrupted; open documents were closed and the plug-in was shut down"},

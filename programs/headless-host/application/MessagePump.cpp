@@ -86,6 +86,16 @@ AIErr MessagePump::SendUnload()
 AIErr MessagePump::SendRaw(const char* caller, const char* selector, RawMessage* message,
                            nlohmann::json arguments)
 {
+    if (message != nullptr) {
+        arguments["raw"] = {{"self", message->d.self != nullptr},
+                            {"basic", message->d.basic != nullptr},
+                            {"globals", message->d.globals != nullptr},
+                            {"handle", mHost.handles.Describe(message->words[0])},
+                            {"type", message->words[1] != nullptr},
+                            {"data", mHost.handles.Describe(message->words[2])}};
+    } else {
+        arguments["raw"] = nullptr;
+    }
     SPMessageData none = MakeHead();
     arguments["raw"] = true;
     return Send(caller, selector, message, message == nullptr ? none : message->d,
@@ -98,15 +108,22 @@ void MessagePump::Notify(const std::string& type, void* notifyData)
     for (void* const handle : notifiers) {
         const auto* const notifier = mHost.handles.Peek<NotifierObject>(handle);
         if (notifier == nullptr || notifier->type != type) continue;
-        std::string typeText = type;
-        AINotifierMessage message{MakeHead(), static_cast<AINotifierHandle>(handle),
-                                  typeText.data(), notifyData};
         // A host ignores the result of a notifier; the journal holds it.
-        (void)Send("AI Notifier", "AI Notify", &message, message.d,
-                   {{"type", type},
-                    {"notifier", notifier->name},
-                    {"notifyData", mHost.handles.Describe(notifyData)}});
+        (void)SendNotifier(handle, type, notifyData);
     }
+}
+
+AIErr MessagePump::SendNotifier(void* notifier, const std::string& type, void* notifyData)
+{
+    std::string typeText = type;
+    AINotifierMessage message{MakeHead(), static_cast<AINotifierHandle>(notifier), typeText.data(),
+                              notifyData};
+    const auto* const object = mHost.handles.Peek<NotifierObject>(notifier);
+    return Send("AI Notifier", "AI Notify", &message, message.d,
+                {{"type", type},
+                 {"notifier", object == nullptr ? std::string() : object->name},
+                 {"handle", mHost.handles.Describe(notifier)},
+                 {"notifyData", mHost.handles.Describe(notifyData)}});
 }
 
 void MessagePump::NotifyMenuChanges()
@@ -123,16 +140,22 @@ void MessagePump::SendCheck(const std::string& path)
         return mHost.handles.Peek<FileFormatObject>(a)->priority >
                mHost.handles.Peek<FileFormatObject>(b)->priority;
     });
-    void* const pathHandle = mHost.handles.Issue(std::make_shared<PathObject>(PathObject{path}));
-    mHost.handles.KeepForHost(pathHandle);
-    for (void* const format : formats) {
-        CheckMessage message{MakeHead(), pathHandle};
-        const std::string name = mHost.handles.Peek<FileFormatObject>(format)->name;
-        // The result doesn't matter: the host reads the file with its own readers.
-        (void)Send("AI File Format", "AI Check", &message, message.d,
-                   {{"format", name}, {"path", path}});
-    }
-    mHost.handles.Expire(pathHandle);
+    void* const pathHandle = mHost.AddPath(path);
+    // The result doesn't matter: the host reads the file with its own readers.
+    for (void* const format : formats) (void)SendCheck(format, pathHandle);
+    mHost.RemovePath(pathHandle);
+}
+
+AIErr MessagePump::SendCheck(void* format, void* path)
+{
+    CheckMessage message{MakeHead(), path};
+    const auto* const object = mHost.handles.Peek<FileFormatObject>(format);
+    const auto* const file = mHost.handles.Peek<PathObject>(path);
+    return Send("AI File Format", "AI Check", &message, message.d,
+                {{"format", object == nullptr ? std::string() : object->name},
+                 {"handle", mHost.handles.Describe(format)},
+                 {"path", file == nullptr ? std::string() : file->path},
+                 {"pathHandle", mHost.handles.Describe(path)}});
 }
 
 void MessagePump::SendTimers(unsigned long tick)
@@ -142,10 +165,17 @@ void MessagePump::SendTimers(unsigned long tick)
         const auto* const timer = mHost.handles.Peek<TimerObject>(handle);
         if (timer == nullptr || !timer->isActive) continue;
         if (timer->period > 1 && tick % static_cast<unsigned long>(timer->period) != 0) continue;
-        AITimerMessage message{MakeHead()};
-        // A host ignores the result of a timer.
-        (void)Send("AI Timer", "AI Go", &message, message.d, {{"timer", timer->name}});
+        (void)SendTimer(handle);  // a host ignores the result of a timer
     }
+}
+
+AIErr MessagePump::SendTimer(void* timer)
+{
+    AITimerMessage message{MakeHead()};
+    const auto* const object = mHost.handles.Peek<TimerObject>(timer);
+    return Send("AI Timer", "AI Go", &message, message.d,
+                {{"timer", object == nullptr ? std::string() : object->name},
+                 {"handle", mHost.handles.Describe(timer)}});
 }
 
 AIErr MessagePump::SendMenu(const char* selector, void* item)

@@ -62,6 +62,13 @@ public:
     // item   the handle of the menu item
     AIErr SendMenu(const char* selector, void* item);
 
+    // Send one message each to a notifier, a file format or a timer, given as its handle.
+    //
+    // notifyData, path   handles; may be null
+    AIErr SendNotifier(void* notifier, const std::string& type, void* notifyData);
+    AIErr SendCheck(void* format, void* path);
+    AIErr SendTimer(void* timer);
+
 private:
     SPMessageData MakeHead() const;
     AIErr Call(char* caller, char* selector, void* message);

@@ -6,7 +6,7 @@
 
 namespace headless {
 
-enum class Command { kOpen, kScript, kFonts, kValidate };
+enum class Command { kOpen, kScript, kFonts, kReplay, kValidate };
 
 // What only validate has.
 struct ValidateOptions {
@@ -27,6 +27,8 @@ struct Options {
     Command action = Command::kOpen;
     std::vector<std::string> files;  // of open and fonts
     std::string session;             // of script: a file; "-" or empty for standard input
+                                     // of replay: the journal
+    std::string update;              // of replay: the new journal
     bool json = false;               // of all commands
     bool interactive = false;
     std::string home;

@@ -104,6 +104,11 @@ int RunHost(const Options& given, const std::function<int(RunningHost&)>& body)
         console::PrintError(error);
         return kWrongUse;
     }
+    if (!options.journal.empty()) {
+        host.journal.WriteHeader({{"host", "headless-host " HEADLESS_HOST_VERSION},
+                                  {"language", options.language},
+                                  {"frameworks", !options.frameworks.empty()}});
+    }
     ReportViolationsAndAlerts(host);
     host.walkLimit.sink = [](const DocumentObject& document) {
         // The report of the opening says it itself.

@@ -96,12 +96,7 @@ std::string Write(Host& host, DocumentObject& document, const std::string& path)
     if (!error.empty()) return "cannot be saved: " + error;
     document.base = std::move(bytes);
     document.hasBase = true;
-    document.source = path;
-    document.path = path;
-    document.hasFile = true;
-    document.isModified = false;
-    document.addedTexts.clear();
-    document.addedLinks.clear();
+    host.MarkSaved(document, path);
     return {};
 }
 

@@ -45,8 +45,13 @@ void* GuardedHandles::NewHandle()
     if (mHandleCount == mHandleRegions.size() * kHandlesPerRegion) {
         mHandleRegions.push_back(Reserve(kRegionSize));
     }
-    const size_t place = mHandleCount++ % kHandlesPerRegion;
-    return mHandleRegions.back().start + place * kHandleStep;
+    return GetHandle(mHandleCount++);
+}
+
+void* GuardedHandles::GetHandle(size_t number) const
+{
+    const Region& region = mHandleRegions[number / kHandlesPerRegion];
+    return region.start + number % kHandlesPerRegion * kHandleStep;
 }
 
 bool GuardedHandles::FindHandle(const void* address, size_t& number) const

@@ -24,6 +24,9 @@ public:
     // Sets `number` to the number of the handle with this address. Returns false if there is none.
     bool FindHandle(const void* address, size_t& number) const;
 
+    // The handle of a number below the count of those handed out.
+    void* GetHandle(size_t number) const;
+
     // A zeroed, writable block that begins on a page of its own. Throws std::bad_alloc.
     //
     // size   in bytes; may be 0

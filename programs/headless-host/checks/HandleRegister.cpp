@@ -1,6 +1,7 @@
 #include "checks/HandleRegister.h"
 
 #include <algorithm>
+#include <charconv>
 #include <set>
 
 namespace headless {
@@ -146,6 +147,22 @@ std::vector<std::string> HandleRegister::ListLeaks() const
               [](const Record* a, const Record* b) { return a->serial < b->serial; });
     for (const Record* const record : blocks) look(*record);
     return lines;
+}
+
+void* HandleRegister::FindDescribed(const std::string& text) const
+{
+    const size_t mark = text.rfind('#');
+    size_t serial = 0;
+    if (mark == std::string::npos) return nullptr;
+    const char* const end = text.data() + text.size();
+    const auto read = std::from_chars(text.data() + mark + 1, end, serial);
+    if (read.ec != std::errc() || read.ptr != end) return nullptr;
+    const auto found = std::lower_bound(
+        mHandles.begin(), mHandles.end(), serial,
+        [](const Record& record, size_t wanted) { return record.serial < wanted; });
+    if (found == mHandles.end() || found->serial != serial) return nullptr;
+    if (text.compare(0, mark, GetTypeName(found->type)) != 0) return nullptr;
+    return mMemory.GetHandle(static_cast<size_t>(found - mHandles.begin()));
 }
 
 std::string HandleRegister::Describe(const void* handle) const

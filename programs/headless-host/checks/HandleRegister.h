@@ -83,6 +83,10 @@ public:
     // One line for each handle that the plug-in should have released by now.
     std::vector<std::string> ListLeaks() const;
 
+    // The handle, valid or not, that Describe gives this text for; null if there is none. Blocks
+    // aren't looked for.
+    void* FindDescribed(const std::string& text) const;
+
     // "text range#12"; "null"; "unknown" for an address that is no handle.
     std::string Describe(const void* handle) const;
 

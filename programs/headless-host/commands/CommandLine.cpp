@@ -17,6 +17,8 @@ constexpr int kMostJobs = 256;
 
 constexpr char kJsonHelp[] = "Write JSON, one object per file and line";
 
+constexpr char kPluginHelp[] = "Load this plug-in: a folder X.aip, or the module itself";
+
 constexpr char kScriptText[] =
     "A script has one action per line. Words are separated by spaces; spaces within double or "
     "single quotes belong to the word. A word that begins with # starts a comment, which ends "
@@ -60,8 +62,7 @@ void AddHostOptions(CLI::App& command, Options& options)
         .expected(1)
         ->take_all()
         ->allow_extra_args(false);
-    AddOption(command, "--plugin", "PATH", options.plugin,
-              "Load this plug-in: a folder X.aip, or the module itself");
+    AddOption(command, "--plugin", "PATH", options.plugin, kPluginHelp);
     AddOption(command, "--frameworks", "DIR", options.frameworks,
               "Load the host's private frameworks, PlugPlugOwl.framework and others, from DIR "
               "(default: Frameworks beside the program's folder)");
@@ -94,6 +95,19 @@ void AddFontsOptions(CLI::App& command, Options& options)
     AddOption(command, "--timeout", "SECONDS", options.timeout,
               "Give up on a file after SECONDS (default: 30)")
         .check(CLI::Range(0.0, kLongestSeconds));
+}
+
+void AddReplayOptions(CLI::App& command, Options& options)
+{
+    command.add_option("JOURNAL", options.session, "What --journal has written")
+        ->required()
+        ->option_text(" ");
+    command.add_flag("--json", options.json, "Write the result as a JSON object");
+    AddOption(command, "--plugin", "PATH", options.plugin, kPluginHelp);
+    AddOption(command, "--frameworks", "DIR", options.frameworks,
+              "Load the event bus from DIR (default: Frameworks beside the program's folder)");
+    AddOption(command, "--update", "FILE", options.update,
+              "Compare nothing, and write the journal of this run to FILE");
 }
 
 void AddValidateOptions(CLI::App& command, Options& options)
@@ -164,6 +178,11 @@ std::unique_ptr<CLI::App> MakeCommandLine(Options& options)
         ->option_text(" ");
     AddHostOptions(script, options);
     script.footer("Actions:\n" + DescribeActions() + "\n" + statuses);
+
+    CLI::App& replay =
+        AddCommand(*app, "replay", "Play a journal to the plug-in and compare its calls",
+                   Command::kReplay, options);
+    AddReplayOptions(replay, options);
 
     CLI::App& fonts =
         AddCommand(*app, "fonts", "Report the fonts of documents, without the plug-in",

@@ -4,6 +4,7 @@
 #include "commands/CommandLine.h"
 #include "commands/FontsCommand.h"
 #include "commands/OpenCommand.h"
+#include "commands/ReplayCommand.h"
 #include "commands/SessionCommand.h"
 #include "commands/ValidateCommand.h"
 #include "console/Console.h"
@@ -18,6 +19,9 @@ int main(int argc, char** argv)
             case console::ParseOutcome::kRun:
                 if (options.action == headless::Command::kFonts) {
                     return headless::RunFontsCommand(options);
+                }
+                if (options.action == headless::Command::kReplay) {
+                    return headless::RunReplayCommand(options);
                 }
                 if (options.action == headless::Command::kValidate) {
                     return headless::RunValidateCommand(options);

@@ -5,6 +5,7 @@
 
 #include "ArtTypes.h"
 #include "base/Utf8.h"
+#include "model/DocumentJson.h"
 
 namespace headless {
 
@@ -15,7 +16,7 @@ Host* sCurrent = nullptr;
 }  // namespace
 
 Host::Host(FontSource& fontSource, DocumentReader documentReader)
-    : fonts(fontSource, handles), reader(std::move(documentReader))
+    : recordedFonts(fontSource, journal), fonts(recordedFonts, handles), reader(std::move(documentReader))
 {
     if (sCurrent != nullptr) throw std::logic_error("a host exists already");
     sCurrent = this;
@@ -28,6 +29,7 @@ Host::~Host() { sCurrent = nullptr; }
 
 void Host::BeginCall(const std::string& name)
 {
+    if (beforeCall) beforeCall(name);
     for (auto found = duringCalls.find(name); found != duringCalls.end();
          found = duringCalls.find(name)) {
         const std::function<void()> act = std::move(found->second);
@@ -37,6 +39,13 @@ void Host::BeginCall(const std::string& name)
 }
 
 Host* Host::GetCurrent() { return sCurrent; }
+
+void Host::Record(const char* change, const void* handle, nlohmann::json args)
+{
+    if (!journal.IsOpen()) return;
+    args["handle"] = handles.Describe(handle);
+    journal.Write("world", change, args, nullptr);
+}
 
 DocumentObject* Host::AddDocument(documents::Document content, const std::string& path)
 {
@@ -51,6 +60,10 @@ DocumentObject* Host::AddDocument(documents::Document content, const std::string
     for (size_t i = 0; i < kept.linkedFiles.size(); ++i) AddArt(*document, kPlacedArt, i);
     mDocuments.push_back(document);
     mRecent.push_back(document.get());
+    if (journal.IsOpen()) {
+        Record("document added", document->handle,
+               {{"path", path}, {"content", WriteContent(kept)}});
+    }
     return document.get();
 }
 
@@ -73,6 +86,7 @@ void Host::AddText(DocumentObject& document, const documents::AddedText& text)
     }
     document.addedTexts.push_back(text);
     AddArt(document, kTextFrameArt, content.frames.size() - 1);
+    Record("text added", document.handle, {{"font", text.postScriptName}, {"words", text.words}});
 }
 
 void Host::AddLink(DocumentObject& document, const std::string& path)
@@ -80,12 +94,46 @@ void Host::AddLink(DocumentObject& document, const std::string& path)
     document.content.linkedFiles.push_back(path);
     document.addedLinks.push_back(path);
     AddArt(document, kPlacedArt, document.content.linkedFiles.size() - 1);
+    Record("file placed", document.handle, {{"path", path}});
+}
+
+void Host::MarkChanged(DocumentObject& document)
+{
+    document.isModified = true;
+    Record("document changed", document.handle, nlohmann::json::object());
+}
+
+void Host::MarkSaved(DocumentObject& document, const std::string& path)
+{
+    document.source = path;
+    document.path = path;
+    document.hasFile = true;
+    document.isModified = false;
+    document.addedTexts.clear();
+    document.addedLinks.clear();
+    Record("document saved", document.handle, {{"path", path}});
+}
+
+void* Host::AddPath(const std::string& path)
+{
+    void* const handle = handles.Issue(std::make_shared<PathObject>(PathObject{path}));
+    handles.KeepForHost(handle);
+    Record("path added", handle, {{"path", path}});
+    return handle;
+}
+
+void Host::RemovePath(void* handle)
+{
+    Record("path removed", handle, nlohmann::json::object());
+    handles.Expire(handle);
 }
 
 void Host::MakeCurrent(DocumentObject* document)
 {
     const auto place = std::find(mRecent.begin(), mRecent.end(), document);
-    if (place != mRecent.end()) std::rotate(place, place + 1, mRecent.end());
+    if (place == mRecent.end()) return;
+    std::rotate(place, place + 1, mRecent.end());
+    Record("document made current", document->handle, nlohmann::json::object());
 }
 
 void Host::RemoveDocument(DocumentObject* document)
@@ -97,6 +145,7 @@ void Host::RemoveDocument(DocumentObject* document)
     const std::shared_ptr<DocumentObject> kept = *place;
     mDocuments.erase(place);
     mRecent.erase(std::remove(mRecent.begin(), mRecent.end(), document), mRecent.end());
+    Record("document removed", kept->handle, nlohmann::json::object());
     handles.Expire(kept->handle);
 }
 

@@ -15,6 +15,7 @@
 #include "model/HostFonts.h"
 #include "model/HostObjects.h"
 #include "model/Journal.h"
+#include "model/RecordedFonts.h"
 #include "model/TextWalkLimit.h"
 
 namespace headless {
@@ -61,6 +62,14 @@ public:
     // Adds a placed file.
     void AddLink(DocumentObject& document, const std::string& path);
 
+    // Marks a document as changed by the user since it was saved, or as saved under a path.
+    void MarkChanged(DocumentObject& document);
+    void MarkSaved(DocumentObject& document, const std::string& path);
+
+    // Returns a handle of a file's path, which the host owns until RemovePath.
+    void* AddPath(const std::string& path);
+    void RemovePath(void* handle);
+
     // Null while no document is open.
     DocumentObject* GetCurrentDocument() const
     {
@@ -74,6 +83,7 @@ public:
     Journal journal;
     HandleRegister handles{violations};
     SuiteLedger suites{violations};
+    RecordedFonts recordedFonts;  // what `fonts` asks, in place of the source itself
     HostFonts fonts;
     TextWalkLimit walkLimit;
     DocumentReader reader;
@@ -109,6 +119,9 @@ public:
     // Does what belongs to the beginning of a call: runs what happens inside of it.
     void BeginCall(const std::string& name);
 
+    // Called by BeginCall with its argument; may be empty.
+    std::function<void(const std::string& operation)> beforeCall;
+
     // Saves a document in place of the host's own writers; may be empty. Returns "", or one line
     // about what is wrong.
     std::function<std::string(DocumentObject& document, const std::string& path)> writer;
@@ -118,6 +131,7 @@ public:
 
 private:
     void AddArt(DocumentObject& document, int16_t type, size_t index);
+    void Record(const char* change, const void* handle, nlohmann::json args);
 
     std::vector<std::shared_ptr<DocumentObject>> mDocuments;
     std::vector<DocumentObject*> mRecent;  // in the order of use; the current document is the last

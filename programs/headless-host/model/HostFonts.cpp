@@ -67,6 +67,11 @@ const std::string& HostFonts::GetDefaultName(AIFaceScript script)
     for (const ScriptRow& row : kScripts) {
         if (row.script == script) language = row.language;
     }
+    return GetDefaultNameOf(language);
+}
+
+const std::string& HostFonts::GetDefaultNameOf(const std::string& language)
+{
     const auto found = mDefaults.find(language);
     if (found != mDefaults.end()) return found->second;
     return mDefaults[language] = mSource.GetDefaultName(language);

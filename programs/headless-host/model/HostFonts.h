@@ -58,6 +58,9 @@ public:
     // the system has no fonts.
     const std::string& GetDefaultName(AIFaceScript script);
 
+    // The same for a language tag, as FontSource has it.
+    const std::string& GetDefaultNameOf(const std::string& language);
+
     // Whether the font is the default of one of the host's scripts.
     bool IsDefault(const std::string& postScriptName);
 

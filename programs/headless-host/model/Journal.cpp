@@ -37,9 +37,16 @@ bool Journal::Open(const std::string& path, std::string& error)
     return true;
 }
 
+void Journal::WriteHeader(json args)
+{
+    args["version"] = kVersion;
+    Write("host", "journal", args, nullptr);
+}
+
 void Journal::Write(const char* side, const std::string& op, const json& args, const json& result)
 {
     if (mObserver) mObserver(op, args, result);
+    if (mFollower) mFollower(side, op, args, result);
     if (mFile < 0) return;
     const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - mStart;
     nlohmann::ordered_json line;
@@ -49,7 +56,12 @@ void Journal::Write(const char* side, const std::string& op, const json& args, c
     line["op"] = op;
     line["args"] = args;
     line["result"] = result;
-    const std::error_code failure = base::WriteAll(mFile, base::PrintJson(line) + "\n");
+    std::string text = base::PrintJson(line) + "\n";
+    for (size_t at = mLeftOut.empty() ? std::string::npos : text.find(mLeftOut);
+         at != std::string::npos; at = text.find(mLeftOut, at)) {
+        text.erase(at, mLeftOut.size());
+    }
+    const std::error_code failure = base::WriteAll(mFile, text);
     if (!failure) return;
     mError = mPath + ": cannot be written: " + failure.message();
     Close();

@@ -163,6 +163,7 @@ LineResult RunPanel(Session& session, const Words& words)
         requests.push_back(std::move(request));
     }
     session.lastPanelAnswers.clear();
+    session.running.host.journal.Write("world", "panel asks", nlohmann::json::object(), nullptr);
     PanelPlayer player(session.running.options.frameworks);
     const PanelAnswer answer =
         player.Ask(requests, [&session] { session.running.application.Tick(); });

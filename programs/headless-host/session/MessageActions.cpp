@@ -50,8 +50,8 @@ void* ChooseHandle(Host& host, const std::string& value, const std::vector<void*
     if (value == "null") return nullptr;
     if (value == "unknown") return &sNoHandle;
     if (value == "stale") {
-        void* const handle = host.handles.Issue(std::make_shared<PathObject>());
-        host.handles.Expire(handle);
+        void* const handle = host.AddPath("");
+        host.RemovePath(handle);
         return handle;
     }
     order.error = "\"" + value + "\" is not a number, null, unknown or stale";
@@ -123,8 +123,7 @@ void Send(Session& session, const Words& words, MessagePump::RawMessage& message
     if (!order.type.empty()) message.words[1] = type.data();
     void* path = nullptr;
     if (order.hasPath) {
-        path = host.handles.Issue(std::make_shared<PathObject>(PathObject{order.path}));
-        host.handles.KeepForHost(path);
+        path = host.AddPath(order.path);
         message.words[0] = path;
     }
     const bool hadGlobals = message.d.globals != nullptr;
@@ -137,7 +136,7 @@ void Send(Session& session, const Words& words, MessagePump::RawMessage& message
     host.violations.AllowBadHandles(false);
     // As after the shutdown that the host itself performs.
     if (hadGlobals && host.globalsWord == nullptr) host.suites.AllowUnreleased(false);
-    if (path != nullptr) host.handles.Expire(path);
+    if (path != nullptr) host.RemovePath(path);
 }
 
 std::vector<size_t> Measure(const Host& host, const std::string& what)

@@ -176,12 +176,14 @@ LineResult RunDuring(Session& session, const Words& words)
     return {};
 }
 
-LineResult RunClock(Session&, const Words& words)
+LineResult RunClock(Session& session, const Words& words)
 {
     std::optional<long> seconds;
     const bool hasSign = words[0].front() == '+' || words[0].front() == '-';
     if (!hasSign || !TakeNumber(words[0], seconds)) return MakeUnknown("clock", words[0]);
     plugin_code::SetClockOffset(plugin_code::GetClockOffset() + *seconds);
+    session.running.host.journal.Write("world", "clock",
+                                       {{"offset", plugin_code::GetClockOffset()}}, nullptr);
     return {};
 }
 

@@ -103,6 +103,10 @@ void SimulatedCore::Answer(const std::string& function, const nlohmann::json& ar
     answer.hasFlag = behaviour.flag.has_value() || answer.status == 0;
     answer.flag = behaviour.flag.value_or(true);
     answer.rebuildsMenu = behaviour.rebuildsMenu;
+    if (answer.rebuildsMenu && host != nullptr) {
+        // As the real PluginCore does: a replay has to know when the callback was called.
+        host->journal.Write("core", "rebuild menu", nlohmann::json::object(), nullptr);
+    }
 }
 
 }  // namespace headless

@@ -93,7 +93,7 @@ documents::OpenResult SimulatedWorld::Read(const std::string& path) const
     return found->second;
 }
 
-std::string SimulatedWorld::Write(const Host& host, DocumentObject& document,
+std::string SimulatedWorld::Write(Host& host, DocumentObject& document,
                                   const std::string& path)
 {
     for (const auto& other : host.GetDocuments()) {
@@ -103,12 +103,7 @@ std::string SimulatedWorld::Write(const Host& host, DocumentObject& document,
     }
     std::string error = SetDocument(path, {true, document.content, {}});
     if (!error.empty()) return "cannot be saved: " + error;
-    document.source = path;
-    document.path = path;
-    document.hasFile = true;
-    document.isModified = false;
-    document.addedTexts.clear();
-    document.addedLinks.clear();
+    host.MarkSaved(document, path);
     return {};
 }
 

@@ -38,7 +38,7 @@ public:
     documents::OpenResult Read(const std::string& path) const;
 
     // Saves a document of `host`; see Host::writer.
-    std::string Write(const Host& host, DocumentObject& document, const std::string& path);
+    std::string Write(Host& host, DocumentObject& document, const std::string& path);
 
     // Before the plug-in is started: PluginCore lacks a function, or doesn't exist. Return false if
     // the function isn't one of PluginCore, or if the file cannot be changed.

@@ -11,9 +11,12 @@ namespace {
 
 constexpr AIErr kSuiteNotFoundErr = 0x53214664;  // 'S!Fd'
 
-nlohmann::json DescribeArguments(const char* name, int version)
+// exceptionType   what the call throws on purpose; empty for nothing
+nlohmann::json DescribeArguments(const char* name, int version, const std::string& exceptionType)
 {
-    return {{"name", name == nullptr ? "(null)" : name}, {"version", version}};
+    nlohmann::json arguments = {{"name", name == nullptr ? "(null)" : name}, {"version", version}};
+    if (!exceptionType.empty()) arguments["injected"] = "throw:" + exceptionType;
+    return arguments;
 }
 
 // Whether the call of the basic suite shall fail, which Host::failures and Host::suiteFaults say.
@@ -69,7 +72,8 @@ AIErr AcquireSuite(const char* name, int version, void* suite)
             host->suiteFaults.NoteFailedCall("AcquireSuite", result);
         }
         if (host->journal.IsOpen()) {
-            host->journal.Write("suite", "AcquireSuite", DescribeArguments(name, version), result);
+            host->journal.Write("suite", "AcquireSuite",
+                                DescribeArguments(name, version, exceptionType), result);
         }
     } catch (...) {
         return kHostOutOfMemory;
@@ -98,7 +102,8 @@ AIErr ReleaseSuite(const char* name, int version)
                                                     "\" version " + std::to_string(version));
         }
         if (host->journal.IsOpen()) {
-            host->journal.Write("suite", "ReleaseSuite", DescribeArguments(name, version), result);
+            host->journal.Write("suite", "ReleaseSuite",
+                                DescribeArguments(name, version, exceptionType), result);
         }
     } catch (...) {
         return kHostOutOfMemory;

@@ -36,6 +36,8 @@ bool SuiteCall::TakeFailure(AIErr& status, std::string& exceptionType)
     if (const Fault* const fault = host.suiteFaults.CountCall(mName)) {
         status = fault->exceptionType.empty() ? fault->status : kHostBadParameter;
         exceptionType = fault->exceptionType;
+        Out("injected", exceptionType.empty() ? nlohmann::json(true)
+                                              : nlohmann::json("throw:" + exceptionType));
         return true;
     }
     if (host.failures.empty()) return false;
@@ -44,6 +46,7 @@ bool SuiteCall::TakeFailure(AIErr& status, std::string& exceptionType)
     status = failure->second;
     host.suiteFaults.NoteFailedCall(mName, status);
     host.failures.erase(failure);
+    Out("injected", true);
     return true;
 }
 

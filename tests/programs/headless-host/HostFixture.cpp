@@ -46,7 +46,8 @@ std::vector<nlohmann::json> HostFixture::ReadJournal() const
     std::vector<nlohmann::json> lines;
     std::ifstream stream(folder + "/journal");
     for (std::string line; std::getline(stream, line);) {
-        lines.push_back(nlohmann::json::parse(line));
+        nlohmann::json parsed = nlohmann::json::parse(line);
+        if (parsed.at("side") != "world") lines.push_back(std::move(parsed));
     }
     return lines;
 }

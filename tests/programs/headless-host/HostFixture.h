@@ -43,7 +43,8 @@ protected:
     // Creates an empty file in the scratch folder and returns its path.
     std::string MakeFile(const std::string& name) const;
 
-    // Starts a journal in the scratch folder; ReadJournal returns its lines so far.
+    // Starts a journal in the scratch folder; ReadJournal returns its lines so far, except those of
+    // the side "world".
     void WriteJournal();
     std::vector<nlohmann::json> ReadJournal() const;
 

@@ -155,7 +155,10 @@ TEST_F(FaultyPlugin, EveryTestPluginIsListedHere)
                                           "no-entry",
                                           "subscribes-all",
                                           "reads-two-text-ranges",
-                                          "well-behaved"};
+                                          "well-behaved",
+                                          "makes-calls",
+                                          "makes-extra-call",
+                                          "makes-other-argument"};
     std::set<std::string> built;
     for (const auto& entry : std::filesystem::directory_iterator(TEST_PLUGINS_FOLDER)) {
         built.insert(entry.path().stem().string());

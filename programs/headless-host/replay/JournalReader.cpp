@@ -1,0 +1,149 @@
+#include "replay/JournalReader.h"
+
+#include <fcntl.h>
+
+#include <cerrno>
+#include <cstring>
+
+#include "base/ReadWrite.h"
+#include "model/Journal.h"
+
+namespace headless {
+
+namespace {
+
+using nlohmann::json;
+
+constexpr size_t kPiece = size_t{64} << 10;
+
+// Null if the text isn't JSON, or is nested too deeply.
+json Parse(const std::string& text)
+{
+    bool isTooDeep = false;
+    const auto limit = [&isTooDeep](int depth, json::parse_event_t, json&) {
+        isTooDeep = isTooDeep || depth > static_cast<int>(JournalReader::kDeepestJson);
+        return !isTooDeep;
+    };
+    json value = json::parse(text, limit, false);
+    return isTooDeep || !value.is_object() ? json() : value;
+}
+
+bool ReadMembers(const json& value, RecordedLine& line)
+{
+    const auto side = value.find("side");
+    const auto op = value.find("op");
+    const auto args = value.find("args");
+    const auto result = value.find("result");
+    if (side == value.end() || op == value.end() || args == value.end() || result == value.end() ||
+        !side->is_string() || !op->is_string()) {
+        return false;
+    }
+    const auto seconds = value.find("t");
+    if (seconds != value.end() && seconds->is_number()) line.seconds = seconds->get<double>();
+    line.side = *side;
+    line.op = *op;
+    line.args = *args;
+    line.result = *result;
+    return true;
+}
+
+}  // namespace
+
+bool JournalReader::Fail(const std::string& what)
+{
+    mHasEnded = true;
+    mError = mPath + ": line " + std::to_string(mNumber) + ": " + what;
+    return false;
+}
+
+bool JournalReader::Open(const std::string& path, std::string& error)
+{
+    mPath = path;
+    mFile = base::FileDescriptor(open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    if (!mFile.IsValid()) {
+        error = path + ": " + std::strerror(errno);
+        return false;
+    }
+    if (!ReadLine()) {
+        error = mError.empty() ? path + ": is empty, or cut off in its first line" : mError;
+        return false;
+    }
+    mHeader = Take();
+    const std::string needed = "a replay needs version " + std::to_string(Journal::kVersion);
+    if (mHeader.side != "host" || mHeader.op != "journal" || !mHeader.args.is_object()) {
+        error = path + ": is a journal of version 1, " + needed + "; record it again";
+        return false;
+    }
+    const auto version = mHeader.args.find("version");
+    if (version != mHeader.args.end() && *version == Journal::kVersion) return true;
+    error = path + ": is a journal of version " +
+            (version == mHeader.args.end() ? "?" : version->dump()) + ", " + needed;
+    return false;
+}
+
+// Returns false at the end of the file, within a line or not.
+bool JournalReader::ReadText(std::string& text)
+{
+    size_t looked = mAt;
+    for (;;) {
+        const size_t end = mBuffer.find('\n', looked);
+        if (end != std::string::npos) {
+            text = mBuffer.substr(mAt, end - mAt);
+            mAt = end + 1;
+            return true;
+        }
+        mBuffer.erase(0, mAt);
+        mAt = 0;
+        looked = mBuffer.size();
+        if (looked > kLongestLine) {
+            ++mNumber;
+            return Fail("is longer than " + std::to_string(kLongestLine >> 20) + " MiB");
+        }
+        const std::error_code failure = base::ReadUpTo(mFile.Get(), looked + kPiece, mBuffer);
+        if (failure) {
+            mHasEnded = true;
+            mError = mPath + ": " + failure.message();
+            return false;
+        }
+        if (mBuffer.size() > looked) continue;
+        mHasEnded = true;
+        text = std::move(mBuffer);
+        mBuffer.clear();
+        return false;
+    }
+}
+
+bool JournalReader::ReadLine()
+{
+    if (mHasEnded) return false;
+    std::string text;
+    const bool isWhole = ReadText(text);
+    if (!isWhole && (!mError.empty() || text.empty())) return false;
+    RecordedLine line;
+    line.number = ++mNumber;
+    const json value = Parse(text);
+    if (value.is_null() || !ReadMembers(value, line)) {
+        if (isWhole) return Fail("is not a line of a journal");
+        mCutLine = mNumber;
+        return false;
+    }
+    mLines.push_back(std::move(line));
+    return true;
+}
+
+const RecordedLine* JournalReader::Peek(size_t ahead)
+{
+    while (mLines.size() <= ahead) {
+        if (!ReadLine()) return nullptr;
+    }
+    return &mLines[ahead];
+}
+
+RecordedLine JournalReader::Take()
+{
+    RecordedLine line = std::move(mLines.front());
+    mLines.pop_front();
+    return line;
+}
+
+}  // namespace headless

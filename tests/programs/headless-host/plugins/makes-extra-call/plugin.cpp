@@ -1,0 +1,2 @@
+#define MAKES_EXTRA_CALL
+#include "../makes-calls/plugin.cpp"

@@ -1,0 +1,2 @@
+#define TIMER_PERIOD 4
+#include "../makes-calls/plugin.cpp"
