@@ -9,6 +9,7 @@ namespace headless {
 namespace {
 
 constexpr int kPort = 4711;
+constexpr size_t kNestedAnswers = 16;
 
 constexpr char kMenus[] =
     R"({"id":"root","label":"root","title":"","checked":false,"enabled":true,"child":[)"
@@ -91,9 +92,10 @@ void SimulatedCore::Answer(const std::string& function, const nlohmann::json& ar
     std::optional<std::string> text = std::move(behaviour.text);
     if (!text && answer.status == 0) text = GetSoundText(function, arguments);
     answer.hasText = text.has_value();
-    mText = text.value_or("");
-    answer.text = mText.c_str();
-    answer.textSize = mText.size();
+    mTexts.push_back(text.value_or(""));
+    if (mTexts.size() > kNestedAnswers) mTexts.pop_front();
+    answer.text = mTexts.back().c_str();
+    answer.textSize = mTexts.back().size();
     answer.isRaw = behaviour.isRaw;
     answer.hasSize = behaviour.size.has_value();
     answer.size = behaviour.size.value_or(0);

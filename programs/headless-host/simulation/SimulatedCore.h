@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <list>
 #include <map>
 #include <nlohmann/json.hpp>
 #include <optional>
@@ -56,7 +57,7 @@ private:
     Answerer mAnswerer;
     std::map<std::string, CoreBehaviour> mBehaviours;
     std::map<std::string, size_t> mCounts;
-    std::string mText;  // of the last answer
+    std::list<std::string> mTexts;  // of the last answers, which can be nested
 };
 
 }  // namespace headless

@@ -43,7 +43,11 @@ public:
     {
         std::string error;
         // A journal that cannot be written is missed only where it is shown.
-        if (!journal.empty()) (void)mHost.journal.Open(journal, error);
+        if (!journal.empty() && mHost.journal.Open(journal, error)) {
+            mHost.journal.WriteHeader({{"host", "headless-host " HEADLESS_HOST_VERSION},
+                                       {"language", mWorld.language},
+                                       {"frameworks", !mOptions.frameworks.empty()}});
+        }
         size_t line = 0;
         do {
             line = PlayLife(lines, line);
