@@ -92,8 +92,7 @@ AIErr ReleaseSuite(const char* name, int version)
     try {
         const SuiteRow* const row = name == nullptr ? nullptr : FindOffered(*host, name, version);
         if (TakesFailure(*host, "ReleaseSuite", result, exceptionType)) {
-            // The suite is released all the same: the plug-in can't know that it isn't.
-            if (row != nullptr) (void)host->suites.Release(*row);
+            // nothing is released
         } else if (row != nullptr) {
             if (host->suites.Release(*row)) result = kHostSuccess;
         } else {
