@@ -1,6 +1,7 @@
 # `make run` and `make test` install what is missing, build and run.
 .PHONY: run test test-asan test-tsan test-libcxx test-mac test-mach-o test-corpus test-fuzz
 .PHONY: test-damaged test-long coverage-mac mac mac-cross mac-cross-bundle lint stage validate
+.PHONY: validate-asan
 .PHONY: bench bench-documents bootstrap clean
 
 run: stage
@@ -130,6 +131,15 @@ VALIDATE_SECONDS = 600
 validate: stage
 	stage/bin/headless-host validate --level $(VALIDATE_LEVEL) --time $(VALIDATE_SECONDS) \
 	    stage/Plug-ins/TypeloftSPEA.aip
+
+# The same under sanitizers, over the plug-in as test-asan builds it.
+validate-asan: bootstrap
+	cmake --preset asan >/dev/null
+	cmake --build --preset asan --target headless-host TypeloftSPEA SimulatedPluginCore \
+	    PlugPlugFrameworks
+	ASAN_OPTIONS=detect_leaks=0:intercept_tls_get_addr=0 \
+	    build/asan/programs/headless-host/headless-host validate --level $(VALIDATE_LEVEL) \
+	    --time $(VALIDATE_SECONDS) build/asan/plugins/illustrator/src/TypeloftSPEA.aip
 
 PLUGIN_CORE = build/release/programs/installed/Vexcor/PluginFiles/PluginCore.framework/PluginCore
 BENCH_FONT = /usr/share/fonts/truetype/dejavu/DejaVuSansMono-BoldOblique.ttf

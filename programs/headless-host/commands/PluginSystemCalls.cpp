@@ -24,8 +24,27 @@ REPLACEMENT void* operator new(std::size_t size)
 
 REPLACEMENT void* operator new[](std::size_t size) { return operator new(size); }
 
+REPLACEMENT void* operator new(std::size_t size, const std::nothrow_t&) noexcept
+{
+    if (headless::plugin_code::CountAllocation()) return nullptr;
+    return std::malloc(size > 0 ? size : 1);
+}
+
+REPLACEMENT void* operator new[](std::size_t size, const std::nothrow_t& nothrow) noexcept
+{
+    return operator new(size, nothrow);
+}
+
 REPLACEMENT void operator delete(void* memory) noexcept { std::free(memory); }
 REPLACEMENT void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+REPLACEMENT void operator delete(void* memory, const std::nothrow_t&) noexcept
+{
+    std::free(memory);
+}
+REPLACEMENT void operator delete[](void* memory, const std::nothrow_t&) noexcept
+{
+    std::free(memory);
+}
 REPLACEMENT void operator delete[](void* memory) noexcept { std::free(memory); }
 REPLACEMENT void operator delete[](void* memory, std::size_t) noexcept { std::free(memory); }
 

@@ -123,12 +123,16 @@ SimulatedWorld::Counts SimulatedWorld::GetCounts(const Host& host) const
 
 bool SimulatedWorld::LackFunction(const std::string& name)
 {
-    // In the table of names, where each one ends with a zero byte; another letter hides it from the
+    // In each table of names, where a name ends with a zero byte; another letter hides it from the
     // look-up.
     std::string bytes = ReadWhole(mModule);
-    const size_t at = bytes.find('\0' + name + '\0');
-    if (name.empty() || at == std::string::npos) return false;
-    bytes[at + 1] = '?';
+    const std::string wanted = '\0' + name + '\0';
+    bool isFound = false;
+    for (size_t at = bytes.find(wanted); at != std::string::npos; at = bytes.find(wanted, at)) {
+        bytes[at + 1] = '?';
+        isFound = true;
+    }
+    if (name.empty() || !isFound) return false;
     return unlink(mModule.c_str()) == 0 && CreateFile(mModule, bytes).empty();
 }
 
