@@ -33,7 +33,9 @@ public:
           mWorld(world),
           mOutcome(outcome),
           mHost(world, [&world](const std::string& path) { return world.Read(path); }),
-          mApplication(mHost, world.language)
+          mApplication(mHost, world.language),
+          mRunning{mHost, mApplication, mOptions, mFolder, &mWorld, [this] { Start(); }},
+          mSession(mRunning, which.script.find("expect call") != std::string::npos)
     {
         mHost.suites.Inherit(held);
         mHost.lackingSuites = world.lackingSuites;
@@ -56,19 +58,14 @@ public:
     // Plays lines from `line` on. Returns the index behind the last line played.
     size_t Play(const std::vector<std::string>& lines, size_t line)
     {
-        RunningHost running{mHost, mApplication, mOptions, mFolder, &mWorld, [this] { Start(); }};
-        Session session(running, mCase.script.find("expect call") != std::string::npos);
         for (; line < lines.size(); ++line) {
             LineResult result;
             try {
-                result = RunLine(session, lines[line]);
+                result = RunLine(mSession, lines[line]);
             } catch (const std::exception& exception) {
                 result = {LineOutcome::kWrong, exception.what()};
             }
-            for (const std::string& failure : session.nestedFailures) {
-                AddFinding(mCase.rule, "line " + std::to_string(line + 1) + ": " + failure);
-            }
-            session.nestedFailures.clear();
+            AddNestedFailures("line " + std::to_string(line + 1) + ": ");
             if (result.outcome == LineOutcome::kRestart) return line + 1;
             if (result.outcome == LineOutcome::kQuit) return lines.size();
             // What isn't possible is left out: scripts that were made at random, or shrunk.
@@ -86,6 +83,7 @@ public:
     {
         Start();  // a script without a line that needs the plug-in
         mApplication.ShutDown();
+        AddNestedFailures("shutdown: ");
         if (mWorld.isRefused && !mWorld.mayRefuse) AddFinding(mCase.rule, mRefusal);
         for (size_t i = 0; i < mHost.violations.Lines().size(); ++i) {
             AddFinding(mHost.violations.Rules()[i], mHost.violations.Lines()[i]);
@@ -109,6 +107,15 @@ private:
         mRefusal = error;
     }
 
+    // Lines of `during` that weren't as expected.
+    void AddNestedFailures(const std::string& place)
+    {
+        for (const std::string& failure : mSession.nestedFailures) {
+            AddFinding(mCase.rule, place + failure);
+        }
+        mSession.nestedFailures.clear();
+    }
+
     void AddFinding(int rule, const std::string& message)
     {
         mOutcome.result = CaseResult::kFailed;
@@ -123,6 +130,9 @@ private:
     Application mApplication;
     Options mOptions;
     const std::string mFolder = MakeAbsolute(".");
+    RunningHost mRunning;
+    // Exists until the plug-in is unloaded: lines of `during` may come true in the shutdown.
+    Session mSession;
     bool mIsStarted = false;
     std::string mRefusal;
 };
