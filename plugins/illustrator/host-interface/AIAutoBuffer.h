@@ -1,5 +1,6 @@
 #pragma once
 
+#include "DropExceptions.h"
 #include "SPAlloc.h"
 
 namespace ai {
@@ -44,7 +45,7 @@ public:
     AutoBuffer& operator=(const AutoBuffer&) = delete;
     ~AutoBuffer()
     {
-        if (mBuffer != nullptr) A::DeleteBlock(mBuffer);
+        if (mBuffer != nullptr) DropExceptions([this] { A::DeleteBlock(mBuffer); });
     }
 
     // Returns the block, which the buffer still owns; null if the count is 0.

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "AIError.h"
+#include "DropExceptions.h"
 #include "SuiteGlobals.h"
 
 namespace ai {
@@ -10,7 +11,8 @@ namespace ai {
 FilePath::~FilePath()
 {
     // A destructor can't report a failure.
-    if (mImpl != nullptr && sAIFilePath != nullptr) (void)sAIFilePath->DisposeFilePath(this);
+    if (mImpl == nullptr || sAIFilePath == nullptr) return;
+    DropExceptions([this] { (void)sAIFilePath->DisposeFilePath(this); });
 }
 
 UnicodeString FilePath::GetFileName(bool displayForm) const

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "AIError.h"
+#include "DropExceptions.h"
 #include "SuiteGlobals.h"
 
 namespace ai {
@@ -18,7 +19,8 @@ UnicodeString::UnicodeString(const char* text, AICharacterEncoding encoding)
 UnicodeString::~UnicodeString()
 {
     // A destructor can't report a failure.
-    if (mImpl != nullptr && sAIUnicodeString != nullptr) (void)sAIUnicodeString->Destroy(this);
+    if (mImpl == nullptr || sAIUnicodeString == nullptr) return;
+    DropExceptions([this] { (void)sAIUnicodeString->Destroy(this); });
 }
 
 UnicodeString UnicodeString::FromUTF8(const char* text)

@@ -4,6 +4,7 @@
 
 #include "ATESuites.h"
 #include "ATETypes.h"
+#include "DropExceptions.h"
 #include "SuiteGlobals.h"
 
 // Scoped owners of text engine references. [main-thread]
@@ -40,7 +41,8 @@ public:
     virtual ~Wrapper()
     {
         // A destructor can't report a failure.
-        if (mReference != nullptr) (void)(*kSuite)->Release(mReference);
+        if (mReference == nullptr) return;
+        DropExceptions([this] { (void)(*kSuite)->Release(mReference); });
     }
 
 protected:

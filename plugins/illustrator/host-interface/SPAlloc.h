@@ -10,8 +10,8 @@ struct SPAlloc {
     // with kHostOutOfMemory if the host's call fails, for whatever reason, or the suite is missing.
     static void* AllocateBlock(size_t size);
 
-    // Frees a block; ignores null. Never throws: the host's code is ignored, and a block that
-    // outlives the suite leaks.
+    // Frees a block; ignores null. The host's code is ignored, and a block that outlives the
+    // suite leaks. Throws only what the host's operation throws.
     static void DeleteBlock(void* block);
 };
 

@@ -5,6 +5,7 @@
 #include "CurrentDocument.h"
 #include "DebugUtils.h"
 #include "DialogSuppression.h"
+#include "DropExceptions.h"
 #include "FileFormatHook.h"
 #include "HandlerTrace.h"
 #include "HostSuites.h"
@@ -102,7 +103,7 @@ public:
     ~StartedPlugin()
     {
         if (!mIsKept) Undo();
-        ReleaseBlocks();
+        DropExceptions([this] { ReleaseBlocks(); });
     }
 
     void Keep() { mIsKept = true; }

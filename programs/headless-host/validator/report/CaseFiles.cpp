@@ -50,7 +50,7 @@ std::string CaseFiles::Write(const ValidatorCase& which, int level, const CaseOu
     const std::string start = mFolder + "/" + MakeName(which);
 
     std::string script = "# rule " + std::to_string(which.rule) + ", " +
-                         base::MakePrintable(which.name) + "\n" + which.script;
+                         base::MakePrintable(which.name) + "\nsimulate\n" + which.script;
     if (script.back() != '\n') script += '\n';
     std::string journal;
     for (const std::string& line : outcome.journal) journal += line + "\n";

@@ -70,3 +70,9 @@ TEST_F(SessionProgram, AMissingScriptIsReported)
     EXPECT_EQ(headless::kWrongUse, Run("", "none"));
     EXPECT_THAT(errors, HasSubstr("headless-host: none: "));
 }
+
+TEST_F(SessionProgram, ALineInsideOfACallIsPlayedAfterTheLastLineToo)
+{
+    EXPECT_EQ(headless::kNotAsExpected, Run("simulate\nduring ReleaseSuite expect documents 7\n"));
+    EXPECT_THAT(errors, HasSubstr("expected number of documents 7, found 0"));
+}

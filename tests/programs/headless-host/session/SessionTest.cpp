@@ -157,6 +157,14 @@ TEST_F(SessionTest, FailSetsTheStatusOfTheNextCall)
                                                      testing::Pair("RemoveMenuItem", 1)));
 }
 
+TEST_F(SessionTest, LinesInsideOfCallsEndWithTheSession)
+{
+    Do("during GetTimerActive tick");
+    EXPECT_EQ(1U, host->duringCalls.size());
+    session.reset();
+    EXPECT_EQ(0U, host->duringCalls.size());
+}
+
 TEST_F(SessionTest, QuitEndsTheSession) { EXPECT_EQ(LineOutcome::kQuit, Try("quit").outcome); }
 
 TEST_F(SessionTest, HelpNamesEveryActionAndExpectation)

@@ -104,7 +104,7 @@ TEST_F(Report, TheTableShowsWhatFailedAndHowToPlayItAgain)
                                 "  script:\n"
                                 "    core GetMenus throw=int\n"
                                 "    open a.ai\n"));
-    EXPECT_THAT(text, HasSubstr("headless-host script --simulated FILE --plugin A.aip\n"));
+    EXPECT_THAT(text, HasSubstr("headless-host script FILE --plugin A.aip\n"));
 }
 
 TEST_F(Report, TheTableShowsTheStartOfLongScriptsAndSomeOfManyFailures)

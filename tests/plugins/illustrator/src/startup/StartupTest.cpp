@@ -129,6 +129,19 @@ TEST_F(Startup, OtherExceptionsReachTheBarrier)
     core->onCall.clear();
 }
 
+TEST_F(Startup, ExceptionOfTheReleaseDoesNotReplaceTheOneThatEndsTheStartup)
+{
+    core->onCall["PluginIsEnabled"] = [this] {
+        host.OnCall("SPBasicSuite.ReleaseSuite", [] { throw 4711; });
+        throw std::runtime_error("x");
+    };
+    EXPECT_EQ(0, SendInterface("Startup"));
+    EXPECT_TRUE(HasTrace("Unhandled exception in Typeloft plugin."));
+    EXPECT_EQ(nullptr, host.globals);
+    EXPECT_EQ(0U, host.LiveBlocks());
+    core->onCall.clear();
+}
+
 TEST_F(Startup, SetsUpTheSuppressionWithPluginCoresFlag)
 {
     EXPECT_EQ(0, SendInterface("Startup"));
