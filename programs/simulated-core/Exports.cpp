@@ -255,7 +255,8 @@ EXPORT SetRebuildWorkgroupsMenuCallback(RebuildWorkgroupsMenuFunction callback)
     return Call(__func__, json::object()).Return();
 }
 
-EXPORT InvokeRestrictedFontsDialog() { return 0; }
-EXPORT SetPathForDocument() { return 0; }
-EXPORT ShowNotLoggedInMessageBox() { return 0; }
-EXPORT ShouldShowLogin() { return 0; }
+// The plug-in must not call these four, and the host counts whether it does.
+EXPORT InvokeRestrictedFontsDialog() { return Call(__func__, json::object()).Return(); }
+EXPORT SetPathForDocument() { return Call(__func__, json::object()).Return(); }
+EXPORT ShowNotLoggedInMessageBox() { return Call(__func__, json::object()).Return(); }
+EXPORT ShouldShowLogin() { return Call(__func__, json::object()).Return(); }
