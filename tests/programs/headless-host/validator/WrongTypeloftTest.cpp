@@ -21,6 +21,7 @@ namespace {
 
 constexpr int kHighestLevel = 5;
 constexpr int kFirstSweep = 1500;
+constexpr size_t kMostFound = 5;  // cases by which a fault is found; more only take time
 
 struct WrongPlugin {
     int rule = 0;
@@ -110,10 +111,11 @@ TEST_P(WrongTypeloft, IsFoundByItsRule)
     RunCasesOver(GetPath(), ListCasesOf(GetParam().rule), [&](const CaseRun& run) {
         ++count;
         if (IsFoundBy(GetParam().rule, run)) found.push_back(run.which);
-        return found.empty();
+        return found.size() < kMostFound;
     });
-    ASSERT_EQ(1U, found.size()) << "found by none of " << count << " cases";
-    EXPECT_THAT(ListFailed(SOUND_PLUGIN, found), testing::IsEmpty()) << found[0].name;
+    ASSERT_FALSE(found.empty()) << "found by none of " << count << " cases";
+    const std::vector<ValidatorCase> sound = ListFailed(SOUND_PLUGIN, found);
+    EXPECT_LT(sound.size(), found.size()) << "the sound plug-in fails all of them, too";
 }
 
 // What the sound plug-in fails too is no effect of the fault.
