@@ -84,6 +84,7 @@ public:
     // Shuts the plug-in down and collects what it broke.
     void End()
     {
+        mHost.duringCalls.clear();  // of the session, which is gone
         Start();  // a script without a line that needs the plug-in
         mApplication.ShutDown();
         if (mWorld.isRefused && !mWorld.mayRefuse) AddFinding(mCase.rule, mRefusal);

@@ -41,10 +41,6 @@ void AddFailingCalls(std::vector<ValidatorCase>& cases)
 
 void AddExpired(std::vector<ValidatorCase>& cases)
 {
-    for (const char* const operation : {"GetATETextFrame", "GetStory", "Release", "IndexArtSet"}) {
-        AddCase(cases, 503, std::string("close in ") + operation,
-                kMixedArt + std::string("during ") + operation + " close\n" + kUse);
-    }
     AddCase(cases, 503, "messages after closing", R"(
         document a.ai fonts=Missing-Bold
         open a.ai
