@@ -50,15 +50,13 @@ void Open(void* handle, bool isNew)
     life.documents.push_back(added);
     life.document = &life.documents.back();
     ++life.opened;
+    if (!isNew) life.checked.clear();
     UseString();
     UseBlock();
     ReadFileFacts(*life.document);
     Walk();
     Tell(isNew ? Moment::kNew : Moment::kOpened);
-    if (!isNew) {
-        life.checked.clear();
-        life.sawDialog = false;
-    }
+    if (!isNew) life.sawDialog = false;
 }
 
 void Change(void* handle)

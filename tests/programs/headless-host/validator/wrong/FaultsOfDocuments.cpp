@@ -134,7 +134,8 @@ const std::vector<Fault> kFaultsOfDocuments = {
      }},
     {910, "takes-dialog-for-missing-text",
      [] {
-         if (life.Is(Moment::kOpened) && life.sawDialog && life.frames > 0 && !life.sawUnknown) {
+         if (life.Is(Moment::kOpened) && life.sawDialog && !life.frameFonts.empty() &&
+             !life.sawUnknown) {
              Break();
          }
      }},

@@ -69,7 +69,7 @@ struct Life {
     size_t frames = 0;
     size_t placed = 0;
     bool sawDialog = false;   // since the last opening
-    bool sawUnknown = false;  // the last walk found a font that isn't called Known-Regular
+    bool sawUnknown = false;  // the last walk found a font that isn't called Default-Regular
     std::string failedCall;
     std::string failedSuite;  // if it is AcquireSuite
     AIErr status = 0;

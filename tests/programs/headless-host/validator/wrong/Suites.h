@@ -29,7 +29,10 @@ public:
     }
     ~Suite()
     {
-        GiveBack([this] { return life.data->basic->ReleaseSuite(mName, mVersion); });
+        try {
+            (void)life.data->basic->ReleaseSuite(mName, mVersion);
+        } catch (...) {  // the host has released it, even so
+        }
     }
     Suite(const Suite&) = delete;
     Suite& operator=(const Suite&) = delete;

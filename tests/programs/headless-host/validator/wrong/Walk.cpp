@@ -51,7 +51,7 @@ void ReadRun(const TextSuites& suites, ATE::_TextRange* run)
     AIFontKey key = nullptr;
     suites.Expect("FontKeyFromFontRef", suites.names->FontKeyFromFontRef(font, &key));
     life.frameFonts.push_back(ReadName(suites, key));
-    if (life.frameFonts.back() != "Known-Regular") life.sawUnknown = true;
+    if (life.frameFonts.back() != "Default-Regular") life.sawUnknown = true;
 }
 
 void ReadFrame(const TextSuites& suites, AIArtHandle art)
@@ -137,6 +137,7 @@ void Walk()
     life.frames = 0;
     life.placed = 0;
     life.sawUnknown = false;
+    life.frameFonts.clear();
     const TextSuites suites;
     const ArtSet frames(kTextFrameArt);
     suites.guard.Check();
