@@ -145,7 +145,7 @@ void AddDispatchCases(std::vector<ValidatorCase>& cases)
     for (const NamedMessage& message : ListMessages()) {
         AddCase(cases, 213, message.name,
                 "document life.ai fonts=Missing-Bold\nopen life.ai\n" +
-                    Repeat(100, "send " + std::string(message.words)));
+                    Repeat(300, "send " + std::string(message.words)));
     }
 }
 

@@ -97,6 +97,8 @@ void AddFiles(std::vector<ValidatorCase>& cases)
             "document a.ai fonts=A\nopen a.ai\ndocument a.ai " + std::string(other) +
                 "\nsend \"AI Menu\" \"AI Go\" item=1\nfonts-changed\nchange\nclose\nopen a.ai\n");
     }
+    AddCase(cases, 813, "longer",
+            "document a.ai fonts=A\nopen a.ai\nexec 'echo more >> a.ai'\nfonts-changed\nchange\n");
     AddCase(cases, 814, "unreadable",
             "document a.ai unreadable\nopen a.ai\nexpect documents 0\ntick");
     AddCase(cases, 814, "missing", "start\nopen none.ai\nexpect documents 0\ntick");

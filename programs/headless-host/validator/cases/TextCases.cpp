@@ -38,6 +38,7 @@ void AddContents(std::vector<ValidatorCase>& cases)
     AddCase(cases, 906, "with text", Walk("fonts=A,B frames=3000"));
     AddCase(cases, 906, "empty", Walk("frames=3000 empty"));
     AddCase(cases, 910, "missing", Walk("fonts=Known-Regular listed=A,B"));
+    AddCase(cases, 910, "beside the default font", Walk("fonts=Default-Regular listed=A,B"));
     AddCase(cases, 910, "active", Walk("fonts=A listed=Known-Regular"));
     AddCase(cases, 910, "both in use", Walk("fonts=A,B listed=A,B,C"));
     AddCase(cases, 912, "all frames", Walk("fonts=A frames=50 runs=10"));
