@@ -26,9 +26,17 @@ TEST_F(EndToEnd, TheJournalOfOneFileEqualsTheGoldenFile)
     std::istringstream lines(ReadFile(scratch / "journal"));
     for (std::string line; std::getline(lines, line);) {
         auto entry = nlohmann::json::parse(line);
-        if (entry.at("op") == "GetSocketPort") entry["result"] = "a port";
-        road += entry.at("side").get<std::string>() + " | " + entry.at("op").get<std::string>() +
-                " | " + entry.at("args").dump() + " | " + entry.at("result").dump() + "\n";
+        // What is there for replays, such as the times of files, differs from run to run.
+        const std::string side = entry.at("side");
+        const std::string operation = entry.at("op");
+        if (side == "world" || operation == "journal" || operation == "rebuild menu") continue;
+        if (side == "host" && entry.at("args").is_object()) {
+            entry["args"].erase("handle");
+            entry["args"].erase("pathHandle");
+        }
+        if (operation == "GetSocketPort") entry["result"] = "a port";
+        road += side + " | " + operation + " | " + entry.at("args").dump() + " | " +
+                entry.at("result").dump() + "\n";
     }
     ReplaceAll(road, scratch.string(), "SCRATCH");
     const std::filesystem::path golden = std::string(GOLDEN_FOLDER) + "/road-of-one-file.txt";

@@ -1,15 +1,19 @@
 #include "GoldenJournal.h"
 
 #include <algorithm>
+#include <ctime>
 #include <map>
 #include <nlohmann/json.hpp>
 #include <regex>
+#include <set>
 #include <sstream>
 #include <vector>
 
 using nlohmann::json;
 
 namespace {
+
+constexpr std::time_t kFirstTime = 1000000000;
 
 // Whether the plug-in changes the host by this call of a suite, or asks for the state of a menu.
 bool IsKept(const std::string& operation)
@@ -158,7 +162,37 @@ private:
     std::vector<std::string> mLast;             // the message before
 };
 
+// The time of the file that a line is about; null if it is about none.
+json* FindFileTime(json& line)
+{
+    if (line.at("side") != "world" || line.at("op") != "file") return nullptr;
+    const auto time = line.at("args").find("time");
+    return time == line.at("args").end() ? nullptr : &*time;
+}
+
 }  // namespace
+
+std::string MakeReplay(const std::string& journal, const std::string& scratch)
+{
+    std::vector<json> lines;
+    std::set<std::time_t> times;
+    std::istringstream text(journal);
+    for (std::string line; std::getline(text, line);) {
+        lines.push_back(json::parse(line));
+        lines.back().erase("seq");
+        lines.back().erase("t");
+        if (const json* const time = FindFileTime(lines.back())) times.insert(time->get<time_t>());
+    }
+    std::string replay;
+    for (json& line : lines) {
+        // The plug-in compares times; their order is enough.
+        if (json* const time = FindFileTime(line)) {
+            *time = kFirstTime + std::distance(times.begin(), times.find(time->get<time_t>()));
+        }
+        replay += line.dump() + "\n";
+    }
+    return Replace(replay, scratch, "SCRATCH");
+}
 
 std::string MakeGolden(const std::string& journal, const std::string& scratch)
 {

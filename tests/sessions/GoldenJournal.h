@@ -15,3 +15,7 @@
 //
 // scratch   the folder of the test; replaced by SCRATCH
 std::string MakeGolden(const std::string& journal, const std::string& scratch);
+
+// The journal as it is kept for replays: all of its lines, without their numbers and times. The
+// times of files are replaced by others in the same order.
+std::string MakeReplay(const std::string& journal, const std::string& scratch);

@@ -1,11 +1,11 @@
 #include "replay/JournalReader.h"
 
-#include <fcntl.h>
+#include <zlib.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 
-#include "base/ReadWrite.h"
 #include "model/Journal.h"
 
 namespace headless {
@@ -14,7 +14,7 @@ namespace {
 
 using nlohmann::json;
 
-constexpr size_t kPiece = size_t{64} << 10;
+constexpr unsigned kPiece = 64 << 10;
 
 // Null if the text isn't JSON, or is nested too deeply.
 json Parse(const std::string& text)
@@ -49,6 +49,11 @@ bool ReadMembers(const json& value, RecordedLine& line)
 
 }  // namespace
 
+void JournalReader::Close::operator()(gzFile_s* file) const
+{
+    (void)gzclose_r(file);  // nothing was written
+}
+
 bool JournalReader::Fail(const std::string& what)
 {
     mHasEnded = true;
@@ -59,8 +64,8 @@ bool JournalReader::Fail(const std::string& what)
 bool JournalReader::Open(const std::string& path, std::string& error)
 {
     mPath = path;
-    mFile = base::FileDescriptor(open(path.c_str(), O_RDONLY | O_CLOEXEC));
-    if (!mFile.IsValid()) {
+    mFile.reset(gzopen(path.c_str(), "re"));  // "e": no program that is started inherits it
+    if (!mFile) {
         error = path + ": " + std::strerror(errno);
         return false;
     }
@@ -78,6 +83,23 @@ bool JournalReader::Open(const std::string& path, std::string& error)
     if (version != mHeader.args.end() && *version == Journal::kVersion) return true;
     error = path + ": is a journal of version " +
             (version == mHeader.args.end() ? "?" : version->dump()) + ", " + needed;
+    return false;
+}
+
+// Returns false, with the reason in mError, if the file cannot be read. At its end nothing is
+// added.
+bool JournalReader::ReadPiece()
+{
+    const size_t size = mBuffer.size();
+    mBuffer.resize(size + kPiece);
+    const int count = gzread(mFile.get(), &mBuffer[size], kPiece);
+    mBuffer.resize(size + static_cast<size_t>(std::max(count, 0)));
+    if (count >= 0) return true;
+    int code = 0;
+    const int systemError = errno;
+    const char* const message = gzerror(mFile.get(), &code);
+    if (code == Z_BUF_ERROR) return true;  // the end of the compressed file is missing
+    mError = mPath + ": " + (code == Z_ERRNO ? std::strerror(systemError) : message);
     return false;
 }
 
@@ -99,10 +121,8 @@ bool JournalReader::ReadText(std::string& text)
             ++mNumber;
             return Fail("is longer than " + std::to_string(kLongestLine >> 20) + " MiB");
         }
-        const std::error_code failure = base::ReadUpTo(mFile.Get(), looked + kPiece, mBuffer);
-        if (failure) {
+        if (!ReadPiece()) {
             mHasEnded = true;
-            mError = mPath + ": " + failure.message();
             return false;
         }
         if (mBuffer.size() > looked) continue;

@@ -2,10 +2,11 @@
 
 #include <cstddef>
 #include <deque>
+#include <memory>
 #include <nlohmann/json.hpp>
 #include <string>
 
-#include "base/FileDescriptor.h"
+struct gzFile_s;  // of zlib
 
 namespace headless {
 
@@ -19,8 +20,9 @@ struct RecordedLine {
     nlohmann::json result;
 };
 
-// Reads a journal line by line; in memory are the lines that are looked at ahead. A line whose end
-// is missing, because the program that wrote it was killed, ends the journal. Not thread-safe.
+// Reads a journal line by line, which gzip may have compressed; in memory are the lines that are
+// looked at ahead. A line whose end is missing, because the program that wrote it was killed, ends
+// the journal. Not thread-safe.
 class JournalReader {
 public:
     static constexpr size_t kLongestLine = size_t{64} << 20;
@@ -45,12 +47,17 @@ public:
     const std::string& GetError() const { return mError; }
 
 private:
+    struct Close {
+        void operator()(gzFile_s* file) const;
+    };
+
+    bool ReadPiece();
     bool ReadText(std::string& text);
     bool ReadLine();
     bool Fail(const std::string& what);
 
     std::string mPath;
-    base::FileDescriptor mFile;
+    std::unique_ptr<gzFile_s, Close> mFile;
     std::string mBuffer;  // what was read and isn't a line yet
     size_t mAt = 0;       // where the next line begins in mBuffer
     bool mHasEnded = false;
