@@ -32,6 +32,7 @@ bool RemoveFromArray(json& fonts)
     bool isChanged = false;
     for (size_t index = fonts.size(); index-- > 0;) {
         json font = fonts[index];
+        const GJSONScope scope(font);
         if (font.is_object()) {
             OutputIndentedAndFormattedString(0, "%s is %s", kPostScriptName,
                                              font[kPostScriptName].get<std::string>().c_str());
@@ -41,6 +42,7 @@ bool RemoveFromArray(json& fonts)
         if (!IsIllustratorDefaultFont(name)) continue;
         OutputIndentedAndFormattedString(0, "%s() removing '%s' from fonts needing resolution.",
                                          "RemoveIllustratorDefaultFonts", name.c_str());
+        GJSONUtils::Clear(fonts[index]);
         fonts.erase(index);
         isChanged = true;
     }
@@ -89,8 +91,9 @@ bool RemoveIllustratorDefaultFonts(json& fonts)
     if (fonts.is_object()) {
         // Indexing adds the member if it is missing.
         json documentFonts = fonts[kDocumentFonts];
+        const GJSONScope scope(documentFonts);
         const bool isChanged = RemoveIllustratorDefaultFonts(documentFonts);
-        if (isChanged) fonts[kDocumentFonts] = documentFonts;
+        if (isChanged) fonts[kDocumentFonts].swap(documentFonts);
         return isChanged;
     }
     return fonts.is_array() && RemoveFromArray(fonts);
@@ -100,6 +103,7 @@ bool RemoveIllustratorDefaultFonts(std::string& text)
 {
     OutputIndentedAndFormattedString(1, "Entering %s()", "RemoveIllustratorDefaultFonts");
     json fonts = GJSONUtils::ParseOrThrow(text);
+    const GJSONScope scope(fonts);
     const bool isChanged = !fonts.is_null() && RemoveIllustratorDefaultFonts(fonts);
     if (isChanged) text = fonts.dump();
     OutputIndentedAndFormattedString(-1, "Exiting %s() with result %d",
