@@ -37,6 +37,8 @@ bool RemoveFromArray(json& fonts)
             OutputIndentedAndFormattedString(0, "%s is %s", kPostScriptName,
                                              font[kPostScriptName].get<std::string>().c_str());
         }
+        // The JSON library leaves a null value unusable if it can't make it an object.
+        if (font.is_null()) font = json::object();
         // Throws for an element that isn't an object, since the array then isn't a list of fonts.
         const std::string name = font[kPostScriptName].get<std::string>();
         if (!IsIllustratorDefaultFont(name)) continue;

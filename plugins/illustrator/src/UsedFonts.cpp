@@ -42,6 +42,8 @@ void AppendName(json& fonts, const ATE::IFont& font)
     json record = json::object();
     const GJSONScope scope(record);
     record["PostScriptName"] = name;
+    // The JSON library leaves a null value unusable if it can't make it an array.
+    if (fonts.is_null()) fonts = json::array();
     fonts.push_back(std::move(record));
     OutputIndentedAndFormattedString(0, "Name of used font: %s", name);
 }
