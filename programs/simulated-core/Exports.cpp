@@ -7,6 +7,7 @@
 #include <cstring>
 #include <nlohmann/json.hpp>
 
+#include "CodeScope.h"
 #include "HostAnswer.h"
 #include "MenuWalk.h"
 #include "PluginCoreFunctions.h"
@@ -48,7 +49,9 @@ public:
         static const auto sAnswer =
             FindInHost<HeadlessHostAnswerCoreFunction>("HeadlessHostAnswerCore");
         if (sAnswer != nullptr) sAnswer(mFunction, mArguments.c_str(), &answer);
-        if (answer.rebuildsMenu && sRebuild != nullptr) sRebuild();
+        if (!answer.rebuildsMenu || sRebuild == nullptr) return;
+        const CodeScope inPlugin(true);
+        sRebuild();
     }
 
     // Writes the answer's text, or "" if it has none, to a buffer of this capacity.
@@ -90,6 +93,7 @@ private:
 
 EXPORT ActivateChosenFonts(const char* documentPath, const char* fontsJson, int* outValue)
 {
+    const CodeScope inCore(false);
     const Call call(__func__,
                     {{"documentPath", ToRecord(documentPath)}, {"fontsJson", ToRecord(fontsJson)}});
     if (call.answer.hasNumber) *outValue = call.answer.number;
@@ -99,6 +103,7 @@ EXPORT ActivateChosenFonts(const char* documentPath, const char* fontsJson, int*
 EXPORT CreateMenusFromJSONBuffer(const char* menusJson, AddIllustratorMenuFunction callback,
                                  MenuItemHelp* help)
 {
+    const CodeScope inCore(false);
     Call call(__func__, {{"menusJson", ToRecord(menusJson)}});
     const bool walks = call.answer.status == 0;
     if (walks && !WalkMenus(menusJson, callback, help)) call.answer.status = kInvalidJson;
@@ -107,6 +112,7 @@ EXPORT CreateMenusFromJSONBuffer(const char* menusJson, AddIllustratorMenuFuncti
 
 EXPORT GetAPIVersion(int* outVersion, int requiredVersion)
 {
+    const CodeScope inCore(false);
     const Call call(__func__, {{"requiredVersion", requiredVersion}});
     *outVersion = call.answer.hasNumber ? call.answer.number : kPluginCoreAPIVersion;
     return call.Return();
@@ -114,6 +120,7 @@ EXPORT GetAPIVersion(int* outVersion, int requiredVersion)
 
 EXPORT GetIDForDocument(const char* documentPath, char* idBuffer, size_t* ioSize)
 {
+    const CodeScope inCore(false);
     const size_t capacity = *ioSize;
     Call call(__func__, {{"documentPath", ToRecord(documentPath)}});
     call.PutText(idBuffer, ioSize);
@@ -122,6 +129,7 @@ EXPORT GetIDForDocument(const char* documentPath, char* idBuffer, size_t* ioSize
 
 EXPORT GetMenus(const char* documentPath, char* buffer, size_t* ioSize)
 {
+    const CodeScope inCore(false);
     Call call(__func__, {{"documentPath", ToRecord(documentPath)}});
     const size_t capacity = *ioSize;
     const bool fits = buffer != nullptr && (call.answer.isRaw || call.answer.textSize < capacity);
@@ -140,6 +148,7 @@ EXPORT GetMenus(const char* documentPath, char* buffer, size_t* ioSize)
 
 EXPORT GetSettings(char* buffer, size_t* ioSize)
 {
+    const CodeScope inCore(false);
     const size_t capacity = *ioSize;
     Call call(__func__, json::object());
     call.PutText(buffer, ioSize);
@@ -148,6 +157,7 @@ EXPORT GetSettings(char* buffer, size_t* ioSize)
 
 EXPORT GetSocketPort(int* outPort)
 {
+    const CodeScope inCore(false);
     const Call call(__func__, json::object());
     if (call.answer.hasNumber) *outPort = call.answer.number;
     return call.Return({{"port", *outPort}});
@@ -155,12 +165,14 @@ EXPORT GetSocketPort(int* outPort)
 
 EXPORT HandleCloseDocument(const char* path, const char* fontUsageJson)
 {
+    const CodeScope inCore(false);
     return Call(__func__, {{"path", ToRecord(path)}, {"fontUsageJson", ToRecord(fontUsageJson)}})
         .Return();
 }
 
 EXPORT HandleCreateNewDocument(char* idBuffer, size_t* ioSize)
 {
+    const CodeScope inCore(false);
     const size_t capacity = *ioSize;
     Call call(__func__, json::object());
     call.PutText(idBuffer, ioSize);
@@ -170,6 +182,7 @@ EXPORT HandleCreateNewDocument(char* idBuffer, size_t* ioSize)
 EXPORT HandleMenuSelection(const char* documentId, const char* lastKnownMenuState,
                            const char* menuKey, const char* fontUsageJson)
 {
+    const CodeScope inCore(false);
     (void)lastKnownMenuState;  // what GetMenus gave
     return Call(__func__, {{"documentId", ToRecord(documentId)},
                            {"menuKey", ToRecord(menuKey)},
@@ -179,6 +192,7 @@ EXPORT HandleMenuSelection(const char* documentId, const char* lastKnownMenuStat
 
 EXPORT HandleOpenExistingDocument(const char* path, char* ioJson, size_t* ioSize, int* outValue)
 {
+    const CodeScope inCore(false);
     const size_t capacity = *ioSize;
     Call call(__func__, {{"path", ToRecord(path)}, {"ioJson", ToRecord(ioJson, capacity)}});
     call.PutText(ioJson, ioSize);
@@ -188,15 +202,21 @@ EXPORT HandleOpenExistingDocument(const char* path, char* ioJson, size_t* ioSize
 
 EXPORT HandleSaveDocument(const char* path, const char* fontUsageJson)
 {
+    const CodeScope inCore(false);
     return Call(__func__, {{"path", ToRecord(path)}, {"fontUsageJson", ToRecord(fontUsageJson)}})
         .Return();
 }
 
 // As in the real PluginCore, ticks leave no line in the journal.
-EXPORT IdleEvent() { return Call(__func__, json::object()).answer.status; }
+EXPORT IdleEvent()
+{
+    const CodeScope inCore(false);
+    return Call(__func__, json::object()).answer.status;
+}
 
 EXPORT InitializePluginCoreInterface(const char* bundleIdentifier, const char* hostVersion)
 {
+    const CodeScope inCore(false);
     return Call(__func__, {{"bundleIdentifier", ToRecord(bundleIdentifier)},
                            {"hostVersion", ToRecord(hostVersion)}})
         .Return();
@@ -204,6 +224,7 @@ EXPORT InitializePluginCoreInterface(const char* bundleIdentifier, const char* h
 
 EXPORT InvokeCommandDialog(const char* documentPath, char* buffer, bool* outFlag)
 {
+    const CodeScope inCore(false);
     size_t capacity = 256;
     Call call(__func__, {{"documentPath", ToRecord(documentPath)}});
     if (call.answer.hasText) call.PutText(buffer, &capacity);
@@ -213,6 +234,7 @@ EXPORT InvokeCommandDialog(const char* documentPath, char* buffer, bool* outFlag
 
 EXPORT InvokeResolveDialog(char* ioJson, size_t* ioSize)
 {
+    const CodeScope inCore(false);
     const size_t capacity = *ioSize;
     Call call(__func__, {{"ioJson", ToRecord(ioJson, capacity)}});
     if (call.answer.hasText || call.answer.status != 0) call.PutText(ioJson, ioSize);
@@ -221,6 +243,7 @@ EXPORT InvokeResolveDialog(char* ioJson, size_t* ioSize)
 
 EXPORT PluginIsEnabled(bool request, bool* outEnabled)
 {
+    const CodeScope inCore(false);
     (void)request;  // every caller passes true
     const Call call(__func__, json::object());
     if (call.answer.hasFlag) *outEnabled = call.answer.flag;
@@ -229,21 +252,28 @@ EXPORT PluginIsEnabled(bool request, bool* outEnabled)
 
 EXPORT ProcessPanelMessages(int value)
 {
+    const CodeScope inCore(false);
     (void)value;  // every caller passes 1
     return Call(__func__, json::object()).answer.status;
 }
 
 EXPORT RegisterPlugPlug(SDKPlugPlug* plugPlug)
 {
+    const CodeScope inCore(false);
     Call call(__func__, json::object());
     if (plugPlug == nullptr && call.answer.status == 0) call.answer.status = kNullPointer;
     return call.Return();
 }
 
-EXPORT TerminatePluginCoreInterface() { return Call(__func__, json::object()).Return(); }
+EXPORT TerminatePluginCoreInterface()
+{
+    const CodeScope inCore(false);
+    return Call(__func__, json::object()).Return();
+}
 
 EXPORT UpdateDocumentFontUsage(const char* documentId, const char* fontUsageJson)
 {
+    const CodeScope inCore(false);
     return Call(__func__,
                 {{"documentId", ToRecord(documentId)}, {"fontUsageJson", ToRecord(fontUsageJson)}})
         .Return();
@@ -251,6 +281,7 @@ EXPORT UpdateDocumentFontUsage(const char* documentId, const char* fontUsageJson
 
 EXPORT SetRebuildWorkgroupsMenuCallback(RebuildWorkgroupsMenuFunction callback)
 {
+    const CodeScope inCore(false);
     sRebuild = callback;
     return Call(__func__, json::object()).Return();
 }

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
+#include "CodeScope.h"
+
 using nlohmann::json;
 
 namespace {
@@ -34,9 +36,13 @@ void AddNodes(const json& nodes, const char* parent, AddIllustratorMenuFunction 
         const auto label = node["label"].get<std::string>();
         const auto title = node["title"].get<std::string>();
         const bool hasSubmenu = !node["child"].empty() || label == kSelectLibrary;
-        const unsigned int status =
-            callback(id.c_str(), label.c_str(), title.c_str(), node["checked"].get<bool>(),
-                     node["enabled"].get<bool>(), hasSubmenu, parent, help);
+        const bool isChecked = node["checked"].get<bool>();
+        const bool isEnabled = node["enabled"].get<bool>();
+        const unsigned int status = [&] {
+            const CodeScope inPlugin(true);
+            return callback(id.c_str(), label.c_str(), title.c_str(), isChecked, isEnabled,
+                            hasSubmenu, parent, help);
+        }();
         if (status == 0) AddNodes(node["child"], label.c_str(), callback, help);
     }
 }

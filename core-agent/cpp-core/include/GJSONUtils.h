@@ -25,8 +25,8 @@ public:
     // nested too deep, and logs nothing.
     static json ParseOrThrow(const std::string& text);
 
-    // Empties `value`, an array or object that ParseOrThrow returned, without allocating memory.
-    // The destructor of one that isn't empty allocates, and ends the process if it can't.
+    // Empties `value`, if it is an array or object, without allocating memory. The destructor of
+    // one that isn't empty allocates, and ends the process if it can't.
     static void Clear(json& value) noexcept;
 
     // Copies the member `key` of the object `source` into `value`. T is json or std::string.
@@ -61,4 +61,17 @@ private:
         ReportCoreError("Miscellaneous", level, code, expression, __FILE__, line);
         return code;
     }
+};
+
+// Empties a JSON value at the end of the scope, so that its destructor needs no memory.
+class GJSONScope {
+public:
+    // value   must outlive the scope
+    explicit GJSONScope(json& value) : mValue(value) {}
+    ~GJSONScope() { GJSONUtils::Clear(mValue); }
+    GJSONScope(const GJSONScope&) = delete;
+    GJSONScope& operator=(const GJSONScope&) = delete;
+
+private:
+    json& mValue;
 };

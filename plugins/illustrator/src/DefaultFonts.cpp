@@ -32,15 +32,19 @@ bool RemoveFromArray(json& fonts)
     bool isChanged = false;
     for (size_t index = fonts.size(); index-- > 0;) {
         json font = fonts[index];
+        const GJSONScope scope(font);
         if (font.is_object()) {
             OutputIndentedAndFormattedString(0, "%s is %s", kPostScriptName,
                                              font[kPostScriptName].get<std::string>().c_str());
         }
+        // The JSON library leaves a null value unusable if it can't make it an object.
+        if (font.is_null()) font = json::object();
         // Throws for an element that isn't an object, since the array then isn't a list of fonts.
         const std::string name = font[kPostScriptName].get<std::string>();
         if (!IsIllustratorDefaultFont(name)) continue;
         OutputIndentedAndFormattedString(0, "%s() removing '%s' from fonts needing resolution.",
                                          "RemoveIllustratorDefaultFonts", name.c_str());
+        GJSONUtils::Clear(fonts[index]);
         fonts.erase(index);
         isChanged = true;
     }
@@ -89,8 +93,9 @@ bool RemoveIllustratorDefaultFonts(json& fonts)
     if (fonts.is_object()) {
         // Indexing adds the member if it is missing.
         json documentFonts = fonts[kDocumentFonts];
+        const GJSONScope scope(documentFonts);
         const bool isChanged = RemoveIllustratorDefaultFonts(documentFonts);
-        if (isChanged) fonts[kDocumentFonts] = documentFonts;
+        if (isChanged) fonts[kDocumentFonts].swap(documentFonts);
         return isChanged;
     }
     return fonts.is_array() && RemoveFromArray(fonts);
@@ -100,6 +105,7 @@ bool RemoveIllustratorDefaultFonts(std::string& text)
 {
     OutputIndentedAndFormattedString(1, "Entering %s()", "RemoveIllustratorDefaultFonts");
     json fonts = GJSONUtils::ParseOrThrow(text);
+    const GJSONScope scope(fonts);
     const bool isChanged = !fonts.is_null() && RemoveIllustratorDefaultFonts(fonts);
     if (isChanged) text = fonts.dump();
     OutputIndentedAndFormattedString(-1, "Exiting %s() with result %d",

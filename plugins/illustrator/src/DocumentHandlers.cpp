@@ -7,6 +7,7 @@
 #include "CurrentDocument.h"
 #include "DocumentRegistry.h"
 #include "FileFormatHook.h"
+#include "GJSONUtils.h"
 #include "HandlerTrace.h"
 #include "PCILoader.h"
 #include "SuppressionPeriod.h"
@@ -36,7 +37,8 @@ std::string RecordOpenedDocument(_t_AIDocument* document, const std::string& pat
 AIErr HandleDocumentOpenedNotifier(AINotifierMessage* message)
 {
     return HandleDocumentMessage("HandleDocumentOpenedNotifier", message, [message] {
-        const json fonts = CollectUsedFonts();
+        json fonts = CollectUsedFonts();
+        const GJSONScope scope(fonts);
         std::string path;
         if (GetDocumentFileSpec(&path, false) == kHostSuccess) {
             auto* const document = static_cast<_t_AIDocument*>(message->notifyData);

@@ -1,7 +1,9 @@
 #include "LibraryMenu.h"
 
+#include <cstddef>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "DebugUtils.h"
 #include "GJSONUtils.h"
@@ -17,9 +19,28 @@ void TraceMissingHandle()
         0, "Skipping workgroup menu rebuild because the menu handle is NULL");
 }
 
+// Walks the submenu's items. The destructor takes those that were walked over off the list, also if
+// an exception ends the rebuild: the next one must not use their handles again.
+class LibraryItemWalk {
+public:
+    LibraryItemWalk() = default;
+    LibraryItemWalk(const LibraryItemWalk&) = delete;
+    LibraryItemWalk& operator=(const LibraryItemWalk&) = delete;
+    ~LibraryItemWalk() { mItems.erase(mItems.begin(), mItems.begin() + mCount); }
+
+    bool IsDone() const { return mItems.begin() + mCount == mItems.end(); }
+    AIMenuItemHandle TakeNext() { return *(mItems.begin() + mCount++); }
+
+private:
+    std::vector<AIMenuItemHandle>& mItems = gMenuState.sSelectLibraryMenuItems;
+    std::ptrdiff_t mCount = 0;
+};
+
 void RemoveLibraryItems(const AIMenuSuite* menus)
 {
-    for (const AIMenuItemHandle item : gMenuState.sSelectLibraryMenuItems) {
+    LibraryItemWalk walk;
+    while (!walk.IsDone()) {
+        const AIMenuItemHandle item = walk.TakeNext();
         gMenuState.sMenuHandleMap.erase(item);
         try {
             ThrowAIErr(menus->RemoveMenuItem(item));
@@ -27,7 +48,6 @@ void RemoveLibraryItems(const AIMenuSuite* menus)
             OutputIndentedAndFormattedString(0, "Error %d in clearing workgroups menu", error);
         }
     }
-    gMenuState.sSelectLibraryMenuItems.clear();
 }
 
 // Writes the child nodes of the "Select Library" item to `libraries`, or all nodes of the top level
@@ -35,6 +55,7 @@ void RemoveLibraryItems(const AIMenuSuite* menus)
 unsigned int FindLibraries(const std::string& menus, json& libraries)
 {
     json root;
+    const GJSONScope rootScope(root);
     unsigned int status = GJSONUtils::Parse(menus, root);
     if (status == 0) status = GJSONUtils::GetValueForKey(root, "child", libraries);
     if (status != 0) {
@@ -47,9 +68,11 @@ unsigned int FindLibraries(const std::string& menus, json& libraries)
         status = GJSONUtils::GetValueForKey(item, "label", label);
         if (status != 0) break;
         if (label != kSelectLibrary) continue;
-        // A copy, since `item` is part of `libraries`, which the next line replaces.
-        const json found = item;
-        status = GJSONUtils::GetValueForKey(found, "child", libraries);
+        json children;
+        const GJSONScope childrenScope(children);
+        status = GJSONUtils::GetValueForKey(item, "child", children);
+        // `item` is part of what the scope empties.
+        if (status == 0) libraries.swap(children);
         break;
     }
     return status;
@@ -94,6 +117,7 @@ void RebuildWith(MenuItemHelp& help)
     }
     RemoveLibraryItems(help.menuSuite);
     json libraries;
+    const GJSONScope scope(libraries);
     if (FindLibraries(menus, libraries) == 0) AddLibraryItems(libraries, help);
 }
 

@@ -32,7 +32,8 @@ void RefreshAllItems(const AIMenuSuite* menus, AIMenuItemHandle item)
     ai::UnicodeString text;
     if (menus->GetItemText(item, text) != kHostSuccess) return;
     const std::string title = text.as_UTF8();
-    const json root = GJSONUtils::ParseOrThrow(gMenuState.sLastKnownMenuState);
+    json root = GJSONUtils::ParseOrThrow(gMenuState.sLastKnownMenuState);
+    const GJSONScope scope(root);
     if (FindMenuNode(root, "title", title.c_str()) == nullptr) return;
     const MenuIndex index(root, "id");
     for (const auto& entry : gMenuState.sMenuHandleMap) {
@@ -63,7 +64,8 @@ std::string RefreshUsage(PCILoader* core, const char* id)
     const std::string usage = CurrentDocumentFontUsage();
     // The command is passed on even if PluginCore refuses the usage.
     (void)core->pfUpdateDocumentFontUsage(id, usage.c_str());
-    const json usedFonts = CollectUsedFonts();
+    json usedFonts = CollectUsedFonts();
+    const GJSONScope scope(usedFonts);
     return usedFonts.is_null() ? std::string() : usedFonts.dump();
 }
 

@@ -1,7 +1,10 @@
 #include "UsedFonts.h"
 
+#include <utility>
+
 #include "ArtTypes.h"
 #include "DebugUtils.h"
+#include "GJSONUtils.h"
 #include "PluginGlobals.h"
 
 namespace {
@@ -35,7 +38,13 @@ void AppendName(json& fonts, const ATE::IFont& font)
     // One byte more than the host may write, so that the text is always terminated.
     char name[kNameSize + 1] = {};
     ThrowAIErr(gFontSuite->GetPostScriptFontName(key, name, kNameSize));
-    fonts.push_back(json::object({{"PostScriptName", name}}));
+    // Not from a list of names and values, whose destructor allocates.
+    json record = json::object();
+    const GJSONScope scope(record);
+    record["PostScriptName"] = name;
+    // The JSON library leaves a null value unusable if it can't make it an array.
+    if (fonts.is_null()) fonts = json::array();
+    fonts.push_back(std::move(record));
     OutputIndentedAndFormattedString(0, "Name of used font: %s", name);
 }
 

@@ -33,16 +33,6 @@ bool HasFontWithName(const FontList& fonts, const std::string& name)
     return false;
 }
 
-// Settings are read at startup, which must not end the process for want of memory.
-struct ParsedSettings {
-    explicit ParsedSettings(const char* text) : value(GJSONUtils::ParseOrThrow(text)) {}
-    ~ParsedSettings() { GJSONUtils::Clear(value); }
-    ParsedSettings(const ParsedSettings&) = delete;
-    ParsedSettings& operator=(const ParsedSettings&) = delete;
-
-    json value;
-};
-
 const char* TextOrNull(const char* text) { return text != nullptr ? text : "NULL"; }
 
 // Indexing an array by a string throws, so no array form of the settings works: this always ends
@@ -102,6 +92,7 @@ std::string JSONStringRepresentation(const FontList& fonts,
                                      const std::vector<std::string>& linkedDocuments)
 {
     json report = json::object();
+    const GJSONScope scope(report);
     json documentFonts = json::array();
     for (const SFontRecord& font : fonts) documentFonts.push_back(json(font));
     report["DocumentFonts"] = std::move(documentFonts);
@@ -114,8 +105,8 @@ std::string JSONStringRepresentation(const FontList& fonts,
 int GetSettingFromJSONBuffer(const char* buffer, const char* key, int* value)
 {
     try {
-        const ParsedSettings parsed(buffer != nullptr ? buffer : "");
-        const json& settings = parsed.value;
+        json settings = GJSONUtils::ParseOrThrow(buffer != nullptr ? buffer : "");
+        const GJSONScope scope(settings);
         if (settings.is_array()) return GetSettingFromArray(settings, key, value);
         if (settings.is_object()) return GetSettingFromObject(settings, key, value);
         if (settings.is_string()) {

@@ -1,5 +1,7 @@
 #include "model/PluginCode.h"
 
+#include <utility>
+
 namespace headless::plugin_code {
 
 namespace {
@@ -13,7 +15,7 @@ bool sHidesProcesses = false;
 
 }  // namespace
 
-Scope::Scope(bool isPlugin) : mBefore(tIsPlugin) { tIsPlugin = isPlugin; }
+Scope::Scope(bool isPlugin) : mBefore(std::exchange(tIsPlugin, isPlugin)) {}
 
 Scope::~Scope() { tIsPlugin = mBefore; }
 
@@ -32,3 +34,11 @@ void HideProcesses(bool isHidden) { sHidesProcesses = isHidden; }
 bool AreProcessesHidden() noexcept { return sHidesProcesses && tIsPlugin; }
 
 }  // namespace headless::plugin_code
+
+// The same as Scope for the simulated PluginCore, a module of its own. Returns what was so before.
+extern "C" __attribute__((visibility("default"))) bool HeadlessHostSetPluginCode(
+    bool isPlugin) noexcept;
+bool HeadlessHostSetPluginCode(bool isPlugin) noexcept
+{
+    return std::exchange(headless::plugin_code::tIsPlugin, isPlugin);
+}

@@ -120,6 +120,19 @@ TEST_F(RebuildFailures, OtherExceptionsPassThroughAfterTheEntryIsErased)
     EXPECT_EQ("\"lib B\"", IdPassedFor(Item("B").handle));
 }
 
+TEST_F(RebuildFailures, DoesNotRemoveAnItemTwiceAfterAnotherException)
+{
+    int calls = 0;
+    host.OnCall("AIMenuSuite.RemoveMenuItem", [&calls] {
+        if (++calls == 2) throw std::runtime_error("x");
+    });
+    EXPECT_TRUE(RebuildThrows<std::runtime_error>(With({})));
+    Forget();
+    Rebuild(With(Libraries({"C"})));
+    EXPECT_EQ(0U, host.CountCalls("AIMenuSuite.RemoveMenuItem"));
+    EXPECT_THAT(Submenu(), ElementsAre("B", "C"));
+}
+
 struct BadText {
     const char* name;
     const char* text;
