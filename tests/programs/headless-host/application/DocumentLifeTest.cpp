@@ -109,7 +109,7 @@ TEST_F(DocumentLifeTest, ATemplateIsUntitledUntilItIsSaved)
     content.document.isTemplate = true;
     MakeFile("form.ait");
     Do("open form.ait");
-    EXPECT_EQ(LineOutcome::kWrong, Try("save").outcome);
+    EXPECT_EQ(LineOutcome::kImpossible, Try("save").outcome);
     Do("save filled.ai");
     EXPECT_TRUE(Current().hasFile);
     Do("expect file filled.ai");

@@ -184,7 +184,7 @@ TEST_F(Report, AFailedCaseHasFilesOfItsOwn)
     settings.outputFolder = scratch.Path("a/b");
     (void)ReportThree();
     const std::string start = settings.outputFolder + "/1103-GetMenus-throws-int";
-    EXPECT_EQ("# rule 1103, GetMenus throws int\ncore GetMenus throw=int\nopen a.ai\n",
+    EXPECT_EQ("# rule 1103, GetMenus throws int\nsimulate\ncore GetMenus throw=int\nopen a.ai\n",
               ReadFile(start + ".session"));
     EXPECT_EQ("line 1\nline 2\n", ReadFile(start + ".journal"));
     EXPECT_EQ("crashed: SIGSEGV", nlohmann::json::parse(ReadFile(start + ".json"))["message"]);
