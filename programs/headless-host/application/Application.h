@@ -87,7 +87,8 @@ private:
     unsigned long mTick = 0;
 };
 
-// Runs the missing-fonts dialog in a modal session, as the plug-in lets it: through the platform table.
+// Runs the missing-fonts dialog in a modal session, as the plug-in lets it: through the platform
+// table.
 //
 // title   out: the dialog's title
 DialogOutcome RunMissingFontsDialog(Host& host, const std::string& language, long windowNumber,

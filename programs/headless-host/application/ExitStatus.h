@@ -21,7 +21,8 @@ constexpr base::ProgramStatusRow kExitStatuses[] = {
      "every file was opened and no font is missing; every expectation of the script was met; "
      "validate: no rule was broken"},
     {kFontMissing,
-     "open: a font is missing; script: an expectation was not met; replay: the plug-in made another "
+     "open: a font is missing; script: an expectation was not met; replay: the plug-in made "
+     "another "
      "call"},
     {kWrongUse, "wrong options or arguments; script: an invalid line"},
     {kFileNotOpened, "a file cannot be opened or saved; replay: the journal cannot be read"},

@@ -16,7 +16,9 @@ Host* sCurrent = nullptr;
 }  // namespace
 
 Host::Host(FontSource& fontSource, DocumentReader documentReader)
-    : recordedFonts(fontSource, journal), fonts(recordedFonts, handles), reader(std::move(documentReader))
+    : recordedFonts(fontSource, journal),
+      fonts(recordedFonts, handles),
+      reader(std::move(documentReader))
 {
     if (sCurrent != nullptr) throw std::logic_error("a host exists already");
     sCurrent = this;

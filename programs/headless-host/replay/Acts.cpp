@@ -213,8 +213,8 @@ bool Replay::Perform(const RecordedLine& line)
     // The plug-in's clock is that of the recorded run.
     if (mStart == 0) mStart = GetNow();
     const double passed = GetNow() - mStart;
-    plugin_code::SetClockOffset(
-        mClockOffset + (line.seconds > 0 ? std::lround(line.seconds - passed) : 0));
+    plugin_code::SetClockOffset(mClockOffset +
+                                (line.seconds > 0 ? std::lround(line.seconds - passed) : 0));
     if (!mCompares) LoadMessage();
     mIsInMessage = true;
     const bool isSent = SendMessage(line);

@@ -72,8 +72,9 @@ std::string LineComparison::CompareValues(const json& recorded, const json& aris
     if (recorded.is_object() && arisen.is_object()) {
         for (const auto& [key, value] : recorded.items()) {
             const auto other = arisen.find(key);
-            std::string found = other == arisen.end() ? place + "/" + key
-                                                      : CompareValues(value, *other, place + "/" + key);
+            std::string found = other == arisen.end()
+                                    ? place + "/" + key
+                                    : CompareValues(value, *other, place + "/" + key);
             if (!found.empty()) return found;
         }
         for (const auto& [key, value] : arisen.items()) {
@@ -92,8 +93,7 @@ std::string LineComparison::CompareValues(const json& recorded, const json& aris
     return recorded == arisen ? "" : place;
 }
 
-std::string LineComparison::FindDifference(const RecordedLine& recorded,
-                                           const RecordedLine& arisen)
+std::string LineComparison::FindDifference(const RecordedLine& recorded, const RecordedLine& arisen)
 {
     if (recorded.side != arisen.side) return "side";
     if (recorded.op != arisen.op) return "op";

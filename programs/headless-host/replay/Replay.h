@@ -25,11 +25,11 @@ struct ReplayPlace {
 
 // The first line in which a run isn't the recorded one.
 struct ReplayDifference {
-    size_t line = 0;         // in the journal
-    std::string where;       // "op", "args/name" …; empty if one of the lines is missing
-    std::string expected;    // what the journal has, as DescribeLine says it
-    std::string came;        // what arose; empty for nothing
-    std::vector<std::string> before;      // the recorded lines before it, with their numbers
+    size_t line = 0;                  // in the journal
+    std::string where;                // "op", "args/name" …; empty if one of the lines is missing
+    std::string expected;             // what the journal has, as DescribeLine says it
+    std::string came;                 // what arose; empty for nothing
+    std::vector<std::string> before;  // the recorded lines before it, with their numbers
     std::vector<std::string> cameBefore;  // those that arose in their place
 };
 

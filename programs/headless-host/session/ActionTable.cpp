@@ -97,8 +97,9 @@ const std::vector<ActionRow> kActions = {
      "What a function of PluginCore does: status= throw= text= hex= fill= size= number= flag= "
      "rebuild times=",
      false, nullptr, RunCore, true, true},
-    {"allow", "refusal", 1, 1, "The plug-in may refuse to start", false, nullptr, RunAllow, true,
-     true},
+    {"allow", "refusal|silence", 1, 1,
+     "The plug-in may refuse to start; with silence, `send` then sends only what hosts send it",
+     false, nullptr, RunAllow, true, true},
     {"count", "[end]", 0, 1, "Count the calls for sweeps from here, or up to here", false, nullptr,
      RunCount, true, true},
     {"start", "", 0, 0, "Start the plug-in, as the first line does that needs it", false, nullptr,

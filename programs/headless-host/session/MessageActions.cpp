@@ -172,9 +172,8 @@ LineResult RunSend(Session& session, const Words& words)
     session.isAnswerSkipped = false;
     if (session.running.application.Pump() == nullptr) return MakeWrong("send: nothing is loaded");
     const SimulatedWorld* const world = session.running.world;
-    // No host sends more to a plug-in that has refused to start and registered nothing.
     const bool isForRunning = words[0] != "SP Interface" && words[0] != "SP Access";
-    if (world != nullptr && world->isRefused && isForRunning) {
+    if (world != nullptr && world->isRefused && world->isSilentAfterRefusal && isForRunning) {
         session.isAnswerSkipped = true;
         return {};
     }

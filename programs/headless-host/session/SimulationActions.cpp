@@ -301,8 +301,9 @@ LineResult RunCore(Session& session, const Words& words)
 
 LineResult RunAllow(Session& session, const Words& words)
 {
-    if (words[0] != "refusal") return MakeUnknown("allow", words[0]);
+    if (words[0] != "refusal" && words[0] != "silence") return MakeUnknown("allow", words[0]);
     session.running.world->mayRefuse = true;
+    session.running.world->isSilentAfterRefusal = words[0] == "silence";
     return {};
 }
 

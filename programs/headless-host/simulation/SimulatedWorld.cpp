@@ -93,8 +93,7 @@ documents::OpenResult SimulatedWorld::Read(const std::string& path) const
     return found->second;
 }
 
-std::string SimulatedWorld::Write(Host& host, DocumentObject& document,
-                                  const std::string& path)
+std::string SimulatedWorld::Write(Host& host, DocumentObject& document, const std::string& path)
 {
     for (const auto& other : host.GetDocuments()) {
         if (other.get() != &document && other->hasFile && other->path == path) {

@@ -69,7 +69,8 @@ public:
     std::set<std::string> lackingSuites;
     std::map<std::string, int> suiteVersions;  // see Host::suiteVersions
     bool isRefused = false;                    // the plug-in has refused to start
-    bool mayRefuse = false;                    // a plug-in that refuses to start breaks no rule
+    bool isSilentAfterRefusal = false;  // `send` sends a refusing plug-in only what hosts send it
+    bool mayRefuse = false;             // a plug-in that refuses to start breaks no rule
 
 private:
     const std::string mFolder;

@@ -189,8 +189,7 @@ void ValidatorReport::Finish(const std::string& plugin)
                 ": see --json or --output-dir\n";
     }
     if (mTotal.failed > 0) {
-        text += "\nto play a script again: headless-host script FILE --plugin " +
-                plugin + "\n\n";
+        text += "\nto play a script again: headless-host script FILE --plugin " + plugin + "\n\n";
     }
     Print(text + WriteTallies());
 }

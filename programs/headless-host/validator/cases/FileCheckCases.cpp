@@ -173,7 +173,8 @@ void AddBytes(std::vector<ValidatorCase>& cases)
             "exec 'head -c 5000000 /dev/zero > a.eps'\n" + Check("a.eps"));
     AddCase(cases, 1014, "only line ends",
             "exec 'head -c 100000 /dev/zero | tr \"\\\\0\" \"\\\\n\" > a.eps'\n" + Check("a.eps"));
-    AddCase(cases, 1014, "a sparse file of 200 MB", "exec 'truncate -s 200M a.eps'\n" + Check("a.eps"));
+    AddCase(cases, 1014, "a sparse file of 200 MB",
+            "exec 'truncate -s 200M a.eps'\n" + Check("a.eps"));
 }
 
 }  // namespace

@@ -87,7 +87,7 @@ void RunRandomCases(const RandomSettings& settings, CaseSeries& series, Validato
             next.name = "seed " + std::to_string(next.seed);
             const size_t rest = settings.count - made * kMessagesPerScript;
             // PluginCore may refuse after a `restart`.
-            next.script = "allow refusal\n" +
+            next.script = "allow silence\n" +
                           JoinScript(MakeRandomScript(next.seed, std::min(rest, kMessagesPerScript),
                                                       settings.rule == kRandomWithModel,
                                                       settings.isTypeloft));

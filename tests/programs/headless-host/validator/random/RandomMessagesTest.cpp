@@ -47,7 +47,7 @@ TEST(RandomMessagesTest, TheSameSeedGivesTheSameScriptOnEveryPlatform)
 {
     EXPECT_EQ(8390885485756542292U, Hash(MakeRandomScript(12, 5000, true, true)));
     EXPECT_EQ(1607449084840357802U, Hash(MakeRandomScript(12, 5000, true, false)));
-    EXPECT_EQ(15286778422627938909U, Hash(MakeRandomScript(12, 5000, false, true)));
+    EXPECT_EQ(2950013259231505724U, Hash(MakeRandomScript(12, 5000, false, true)));
     EXPECT_NE(MakeRandomScript(1, 100, true, true), MakeRandomScript(2, 100, true, true));
 }
 
