@@ -17,7 +17,11 @@ Session::Session(RunningHost& runningHost, bool isObserving) : running(runningHo
                const nlohmann::json& result) { journal.Add(operation, arguments, result); });
 }
 
-Session::~Session() { running.host.journal.SetObserver({}); }
+Session::~Session()
+{
+    running.host.journal.SetObserver({});
+    running.host.duringCalls.clear();  // they use the session
+}
 
 DocumentObject* Session::FindDocument(const std::string& numberOrName, std::string& error) const
 {
