@@ -40,7 +40,7 @@ AIErr MessagePump::Send(const char* caller, const char* selector, void* message,
     std::string callerText = caller == nullptr ? "" : caller;
     std::string selectorText = selector == nullptr ? "" : selector;
     const HandleRegister::Message outer = mHost.handles.BeginMessage(
-        arguments.value("raw", false) ||
+        arguments.contains("raw") ||
         ScansFonts(callerText, selectorText, arguments.value("type", "")));
     mHost.walkLimit.BeginMessage();
     mHost.journal.Write("host", "send", arguments, nullptr);
@@ -97,7 +97,6 @@ AIErr MessagePump::SendRaw(const char* caller, const char* selector, RawMessage*
         arguments["raw"] = nullptr;
     }
     SPMessageData none = MakeHead();
-    arguments["raw"] = true;
     return Send(caller, selector, message, message == nullptr ? none : message->d,
                 std::move(arguments));
 }

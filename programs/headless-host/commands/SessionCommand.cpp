@@ -123,10 +123,11 @@ int RunSimulation(const Options& options, const std::string& script)
         options.journal.empty() ? options.journal : MakeAbsolute(options.journal);
     const CaseOutcome outcome = PlayScript(which, plugin, folder.GetPath(), journal);
     int status = kAllOpened;
+    if (outcome.hasInvalidLine) status = kWrongUse;
     for (const Finding& finding : outcome.findings) {
         const bool isRule = finding.rule != 0;
-        console::PrintError(isRule ? "rule " + std::to_string(finding.rule) + ": " + finding.message
-                                   : finding.message);
+        const std::string rule = isRule ? "rule " + std::to_string(finding.rule) + ": " : "";
+        console::PrintError(options.session + ": " + rule + finding.message);
         status = std::max<int>(status, isRule ? kPluginBrokeRule : kNotAsExpected);
     }
     return status;

@@ -47,6 +47,9 @@ LineResult RunLine(Session& session, const std::string& line)
         return MakeWrong(name + ": only in a file that begins with the line \"simulate\"");
     }
     if (!row->isBeforeStart && running.ensureStarted) running.ensureStarted();
+    if (!row->isBeforeStart && running.application.Pump() == nullptr) {
+        return MakeImpossible(name + ": no plug-in is loaded");
+    }
     if (row->needsDocument && session.running.host.GetCurrentDocument() == nullptr) {
         return MakeImpossible(name + ": no document is open");
     }

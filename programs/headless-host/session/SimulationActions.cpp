@@ -97,6 +97,16 @@ bool TakeNumber(const std::string& text, std::optional<Number>& number)
     return !text.empty() && *end == '\0';
 }
 
+// A number of frames or runs, few enough for a small document.
+bool TakeLength(const std::string& text, std::optional<size_t>& length)
+{
+    constexpr size_t kMost = 100000;
+    unsigned long number = 0;
+    const bool isNumber = ReadCount(text, number);
+    length = number;
+    return isNumber && number <= kMost;
+}
+
 bool TakeBehaviour(const KeyAndValue& word, CoreBehaviour& behaviour)
 {
     constexpr size_t kFilled = size_t{1} << 21;  // more than any buffer of the interface
@@ -178,10 +188,13 @@ LineResult RunDuring(Session& session, const Words& words)
 
 LineResult RunClock(Session& session, const Words& words)
 {
-    std::optional<long> seconds;
-    const bool hasSign = words[0].front() == '+' || words[0].front() == '-';
-    if (!hasSign || !TakeNumber(words[0], seconds)) return MakeUnknown("clock", words[0]);
-    plugin_code::SetClockOffset(plugin_code::GetClockOffset() + *seconds);
+    constexpr unsigned long kMost = 1UL << 40;  // sums of it stay within 64 bits
+    const std::string sign = words[0].substr(0, 1);
+    unsigned long seconds = 0;
+    const bool isNumber = (sign == "+" || sign == "-") && ReadCount(words[0].substr(1), seconds);
+    if (!isNumber || seconds > kMost) return MakeUnknown("clock", words[0]);
+    const long change = static_cast<long>(seconds);
+    plugin_code::SetClockOffset(plugin_code::GetClockOffset() + (sign == "+" ? change : -change));
     session.running.host.journal.Write("world", "clock",
                                        {{"offset", plugin_code::GetClockOffset()}}, nullptr);
     return {};
@@ -211,9 +224,9 @@ LineResult RunDocument(Session& session, const Words& words)
         if (key == "fonts")
             fonts = SplitAtCommas(value);
         else if (key == "frames")
-            isKnown = TakeNumber(value, frames);
+            isKnown = TakeLength(value, frames);
         else if (key == "runs")
-            isKnown = TakeNumber(value, runs);
+            isKnown = TakeLength(value, runs);
         else if (key == "placed")
             document.linkedFiles = SplitAtCommas(value);
         else if (key == "listed")

@@ -37,6 +37,7 @@ struct CaseOutcome {
     std::vector<std::string> journal;  // the last lines; empty if the case passed
     CallCounts counts;
     std::vector<std::string> failedCalls;  // on purpose, as "GetMenus throw:int"
+    bool hasInvalidLine = false;           // the script; one of the findings says which
 };
 
 }  // namespace headless

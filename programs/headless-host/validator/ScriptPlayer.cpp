@@ -1,11 +1,12 @@
 #include "validator/ScriptPlayer.h"
 
-#include <optional>
+#include <algorithm>
 
 #include "application/HostPlatformTable.h"
 #include "checks/BrokenRule.h"
 #include "session/Session.h"
 #include "session/SessionLine.h"
+#include "session/SessionWords.h"
 #include "simulation/SimulatedWorld.h"
 #include "system/Paths.h"
 
@@ -21,6 +22,17 @@ std::string FindFrameworks()
         if (IsFolder(folder)) return folder;
     }
     return {};
+}
+
+// Whether a line has the words `expect call` or `expect calls`, perhaps behind `during`.
+bool AsksForCalls(const std::string& line)
+{
+    const Words words = SplitSessionLine(line).words;
+    for (size_t i = 1; i < words.size(); ++i) {
+        const bool isCall = words[i] == "call" || words[i] == "calls";
+        if (isCall && words[i - 1] == "expect") return true;
+    }
+    return false;
 }
 
 // Plays the lines of one script. Lives of the plug-in follow each other in one host: it forgets the
@@ -66,7 +78,7 @@ private:
         const auto start = [&] { Start(application); };
         RunningHost running{mHost, application, mOptions, mFolder, &mWorld, start};
         // Lives as long as the application: lines of `during` may be performed in the shutdown.
-        Session session(running, mCase.script.find("expect call") != std::string::npos);
+        Session session(running, std::any_of(lines.begin(), lines.end(), AsksForCalls));
         bool isOver = false;
         while (line < lines.size() && !isOver) {
             isOver = !PlayLine(session, lines[line], line + 1);
@@ -97,6 +109,7 @@ private:
         if (isWrong || result.outcome == LineOutcome::kNotAsExpected) {
             AddFinding(mCase.rule, "line " + std::to_string(number) + ": " + result.text);
         }
+        mOutcome.hasInvalidLine = mOutcome.hasInvalidLine || isWrong;
         mIsEnded = isWrong || result.outcome == LineOutcome::kQuit;
         return !mIsEnded;
     }
@@ -115,7 +128,10 @@ private:
         mIsStarted = true;
         std::string error;
         if (application.Start(mPlugin, error)) return;
-        if (application.Pump() == nullptr) AddFinding(kModuleNotLoaded, error);
+        if (application.Pump() == nullptr) {
+            AddFinding(kModuleNotLoaded, error);
+            return;
+        }
         mWorld.isRefused = true;
         mRefusal = error;
     }

@@ -104,7 +104,7 @@ const RuleRow kTypeloftRules[] = {
      "It shuts down with documents that were changed and not saved."},
     {1404, 4, kAnyPlugin, kShutdownFamily, "Messages after its shutdown do no harm."},
     {1405, 3, kOurPlugin, kShutdownFamily, "It terminates PluginCore once."},
-    {1406, 4, kOurPlugin, kShutdownFamily,
+    {1406, 5, kOurPlugin, kShutdownFamily,
      "A PluginCore that fails to end does not keep it from ending."},
     {1407, 4, kAnyPlugin, kShutdownFamily, "It can be started a second time in one process."},
     {1408, 6, kAnyPlugin, kShutdownFamily, "It can be started many times in one process."},

@@ -21,7 +21,7 @@ void AddFailures(std::vector<ValidatorCase>& cases)
          {"GetDocument", "GetMatchingArt", "NewArtSet", "IndexArtSet", "GetATETextFrame"}) {
         AddCase(
             cases, 302, operation,
-            kTwoFrames + std::string("start\nfail ") + operation + "\nopen a.ai\nchange\nclose\n");
+            kTwoFrames + std::string("start\nfail ") + operation + "\nopen a.ai\nchange\nclose\ntick\n");
     }
     AddCase(cases, 303, "ticks", "start\n" + Repeat(20, "tick 100"));
     for (const char* const operation : {"Next", "IsNotDone", "CountArtSet", "GetSize"}) {
