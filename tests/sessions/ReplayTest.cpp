@@ -84,6 +84,22 @@ TEST_P(SessionReplay, JournalIsThatOfTheGoldenFile)
 INSTANTIATE_TEST_SUITE_P(All, SessionReplay, testing::ValuesIn(kSessionNames),
                          [](const auto& information) { return GetCaseName(information.param); });
 
+// The port that a simulated script asks for is asked for at the same place.
+TEST(SimulatedSession, PortRequestsAreReplayed)
+{
+    const ScratchFolder scratch;
+    (void)scratch.Write("script", "simulate\ntick\nask-port\ntick\nask-port\nexpect port 4711\n");
+    const auto run = [&scratch](const std::string& arguments) {
+        return std::system(("cd '" + scratch.Path() + "'; '" HEADLESS_HOST_PROGRAM "' " +
+                            arguments +
+                            " --plugin '" PLUG_IN_FOLDER
+                            "' --frameworks '" PRIVATE_FRAMEWORKS_FOLDER "' >out 2>&1 </dev/null")
+                               .c_str());
+    };
+    ASSERT_EQ(0, run("script script --journal journal")) << ReadText(scratch.Path("out"));
+    EXPECT_EQ(0, run("replay journal")) << ReadText(scratch.Path("out"));
+}
+
 TEST(SessionJournals, BelongToSessions)
 {
     const std::set<std::string> sessions(std::begin(kSessionNames), std::end(kSessionNames));

@@ -99,7 +99,8 @@ bool JournalReader::ReadPiece()
     const int systemError = errno;
     const char* const message = gzerror(mFile.get(), &code);
     if (code == Z_BUF_ERROR) return true;  // the end of the compressed file is missing
-    mError = mPath + ": " + (code == Z_ERRNO ? std::strerror(systemError) : message);
+    // The messages of zlib itself begin with the path.
+    mError = code == Z_ERRNO ? mPath + ": " + std::strerror(systemError) : message;
     return false;
 }
 

@@ -212,6 +212,8 @@ LineResult RunRemember(Session& session, const Words& words)
 LineResult RunAskPort(Session& session, const Words&)
 {
     std::string error;
+    // So that a replay asks at the same place.
+    session.running.host.journal.Write("world", "panel asks", nlohmann::json::object(), nullptr);
     session.portBus = PanelBus::Open(session.running.options.frameworks, kPortResponse, error);
     if (session.portBus == nullptr || !session.portBus->Send(kPortRequest, error)) {
         return MakeUnmet("ask-port: " + error);

@@ -100,7 +100,8 @@ TEST_F(ReplayProgram, AnotherArgumentIsFoundAtItsLine)
 // The recorded plug-in made a call that this one leaves out.
 TEST_F(ReplayProgram, AMissingCallIsFoundAtItsLine)
 {
-    ASSERT_EQ(0, RunProgram("script script --journal '" + folder + "/journal'", "makes-extra-call"));
+    ASSERT_EQ(0,
+              RunProgram("script script --journal '" + folder + "/journal'", "makes-extra-call"));
     const size_t line = FindLine("AI Document Suite, GetDocumentModified", 2);
     EXPECT_EQ(1, Replay("makes-calls"));
     EXPECT_THAT(errors, HasSubstr("journal: line " + std::to_string(line) + ":"));
@@ -123,6 +124,22 @@ TEST_F(ReplayProgram, AJournalCutOffIsPlayedUpToThere)
     EXPECT_EQ("headless-host: journal: line " + std::to_string(lines) +
                   ": is cut off; played up to there\n",
               errors);
+}
+
+TEST_F(ReplayProgram, ACompressedJournalIsRead)
+{
+    ASSERT_EQ(0, std::system(("gzip '" + folder + "/journal'").c_str()));
+    EXPECT_EQ(0, Replay("makes-calls", "journal.gz")) << errors;
+    EXPECT_EQ(1, Replay("makes-extra-call", "journal.gz"));
+    // Of a file cut off, the lines before are played.
+    const std::string whole = ReadFile("journal.gz");
+    WriteFile("journal.gz", whole.substr(0, whole.size() - 100));
+    EXPECT_EQ(0, Replay("makes-calls", "journal.gz"));
+    EXPECT_THAT(errors, HasSubstr(": is cut off; played up to there\n"));
+    // Other bytes in place of the end don't agree with its checksum.
+    WriteFile("journal.gz", whole.substr(0, whole.size() - 8) + "12345678");
+    EXPECT_EQ(3, Replay("makes-calls", "journal.gz"));
+    EXPECT_EQ("headless-host: journal.gz: incorrect data check\n", errors);
 }
 
 TEST_F(ReplayProgram, FilesThatAreNoJournalEndInOneLine)
