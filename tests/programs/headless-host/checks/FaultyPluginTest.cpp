@@ -108,6 +108,12 @@ TEST_F(FaultyPlugin, SwallowsModalSession)
                 ElementsAre("beginModalSession: the host's own session was not begun"));
 }
 
+TEST_F(FaultyPlugin, Throws)
+{
+    EXPECT_THAT(GetErrors("throws"),
+                ElementsAre("AI Notifier/AI Notify: an exception leaves the plug-in"));
+}
+
 TEST_F(FaultyPlugin, RefusesUnload)
 {
     EXPECT_THAT(GetErrors("refuses-unload"),
@@ -155,6 +161,8 @@ TEST_F(FaultyPlugin, EveryTestPluginIsListedHere)
                                           "no-entry",
                                           "subscribes-all",
                                           "reads-two-text-ranges",
+                                          "meets-faults",
+                                          "throws",
                                           "well-behaved",
                                           "makes-calls",
                                           "makes-extra-call",

@@ -69,6 +69,17 @@ TEST_F(ReplayProgram, TheSamePluginMakesTheSameCalls)
     EXPECT_EQ("", errors);
 }
 
+TEST_F(ReplayProgram, RawMessagesAreSentAgain)
+{
+    WriteFile("script",
+              "simulate\nopen a.eps\nsend 'AI Timer' 'AI Go'\nsend Other Thing self=null\n"
+              "send 'AI Notifier' 'AI Notify' notifier=1 type=null\n");
+    ASSERT_EQ(0, RunProgram("script script --journal '" + folder + "/journal'", "makes-calls"))
+        << errors;
+    EXPECT_EQ(0, Replay("makes-calls")) << errors;
+    EXPECT_EQ("", errors);
+}
+
 TEST_F(ReplayProgram, AnExtraCallIsFoundAtItsLine)
 {
     const size_t line = FindLine("AI Document Suite, GetDocumentModified") + 1;

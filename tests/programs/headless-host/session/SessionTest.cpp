@@ -47,9 +47,6 @@ TEST_F(SessionTest, AnInvalidLineGivesOneLineThatSaysWhatIsWrong)
         {"new x", "usage: new"},
         {"text", "usage: text FONT [WORDS]"},
         {"text ''", "the name of the font is empty"},
-        {"save", "has no file yet; use: save PATH"},
-        {"current 2", "use a name or a number from 1 to 1"},
-        {"close nobody", "no open document is called \"nobody\""},
         {"show fonts", "use one of menu, documents"},
         {"tick x", "\"x\" is not a valid tick count (0 to 1000000)"},
         {"tick 2000000", "is not a valid tick count (0 to 1000000)"},
@@ -76,6 +73,27 @@ TEST_F(SessionTest, AnInvalidLineGivesOneLineThatSaysWhatIsWrong)
             << line;
         EXPECT_THAT(result.text, HasSubstr(text)) << line;
         EXPECT_EQ(result.text.find('\n'), std::string::npos) << line;
+    }
+    EXPECT_THAT(TakeMessages(), testing::IsEmpty());
+}
+
+TEST_F(SessionTest, ALineThatIsNotPossibleAtPresentIsNoInvalidOne)
+{
+    Do("new");
+    (void)TakeMessages();
+    const std::vector<std::pair<std::string, std::string>> impossible = {
+        {"save", "save: \"Untitled-1\" has no file yet; use: save PATH"},
+        {"current 2", "no open document is called \"2\"; use a name or a number from 1 to 1"},
+        {"close nobody",
+         "no open document is called \"nobody\"; use a name or a number from 1 to 1"},
+        {"menu Nothing", "no menu item is called \"Nothing\""},
+        {"menu Gray", "the menu item \"Gray\" is disabled"},
+        {"menu More", "the menu item \"More\" is a submenu; choose an item in it"},
+    };
+    for (const auto& [line, text] : impossible) {
+        const headless::LineResult result = Try(line);
+        EXPECT_EQ(LineOutcome::kImpossible, result.outcome) << line;
+        EXPECT_EQ(text, result.text) << line;
     }
     EXPECT_THAT(TakeMessages(), testing::IsEmpty());
 }
