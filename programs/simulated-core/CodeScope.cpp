@@ -9,8 +9,8 @@ using SetPluginCodeFunction = bool (*)(bool isPlugin);
 
 bool SetPluginCode(bool isPlugin) noexcept
 {
-    static const auto sSet = reinterpret_cast<SetPluginCodeFunction>(
-        dlsym(RTLD_DEFAULT, "HeadlessHostSetPluginCode"));
+    static const auto sSet =
+        reinterpret_cast<SetPluginCodeFunction>(dlsym(RTLD_DEFAULT, "HeadlessHostSetPluginCode"));
     return sSet != nullptr && sSet(isPlugin);
 }
 

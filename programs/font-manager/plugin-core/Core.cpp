@@ -82,7 +82,8 @@ void Core::Idle()
     if (!mRunning->watch.HasChanged()) return;
     if (mRunning->panel) mRunning->panel->AnnounceLibraryChange();
     if (!mRebuild) return;
-    // The journal has no line about an idle event. This one is before those of the callback's calls.
+    // The journal has no line about an idle event. This one is before those of the calls of the
+    // callback.
     if (OSHasHostJournal()) OSWriteHostJournal("rebuild menu", nlohmann::json::object(), nullptr);
     mRebuild();
 }

@@ -23,6 +23,11 @@ void FailAllocation(size_t number) { sFailingAllocation = sAllocationCount + num
 
 bool CountAllocation() noexcept { return tIsPlugin && ++sAllocationCount == sFailingAllocation; }
 
+bool HasAllocationFailed()
+{
+    return sFailingAllocation != 0 && sAllocationCount >= sFailingAllocation;
+}
+
 size_t GetAllocationCount() { return sAllocationCount; }
 
 void SetClockOffset(long seconds) { sClockOffset = seconds; }

@@ -31,6 +31,9 @@ bool CountAllocation() noexcept;
 
 size_t GetAllocationCount();
 
+// Whether the allocation that had to fail has failed.
+bool HasAllocationFailed();
+
 // What the plug-in's clock is ahead of the system's, in seconds.
 void SetClockOffset(long seconds);
 long GetClockOffset() noexcept;

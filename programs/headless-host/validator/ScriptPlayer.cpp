@@ -4,6 +4,7 @@
 
 #include "application/HostPlatformTable.h"
 #include "checks/BrokenRule.h"
+#include "model/PluginCode.h"
 #include "session/Session.h"
 #include "session/SessionLine.h"
 #include "session/SessionWords.h"
@@ -157,6 +158,7 @@ private:
         }
         const SimulatedWorld::Counts counts = mWorld.GetCounts(mHost);
         mOutcome.counts = {counts.suiteCalls, counts.coreCalls, counts.allocations};
+        if (plugin_code::HasAllocationFailed()) mOutcome.failedCalls.emplace_back("operator new");
         for (const CallFaults* const faults : {&mHost.suiteFaults, &mHost.coreFaults}) {
             const std::vector<std::string>& calls = faults->GetFailedCalls();
             mOutcome.failedCalls.insert(mOutcome.failedCalls.end(), calls.begin(), calls.end());

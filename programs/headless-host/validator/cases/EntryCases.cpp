@@ -19,9 +19,9 @@ void AddFailures(std::vector<ValidatorCase>& cases)
     }
     for (const char* const operation :
          {"GetDocument", "GetMatchingArt", "NewArtSet", "IndexArtSet", "GetATETextFrame"}) {
-        AddCase(
-            cases, 302, operation,
-            kTwoFrames + std::string("start\nfail ") + operation + "\nopen a.ai\nchange\nclose\ntick\n");
+        AddCase(cases, 302, operation,
+                kTwoFrames + std::string("start\nfail ") + operation + "\nopen a.ai\nchange\n" +
+                    "close\ntick\n");
     }
     AddCase(cases, 303, "ticks", "start\n" + Repeat(20, "tick 100"));
     for (const char* const operation : {"Next", "IsNotDone", "CountArtSet", "GetSize"}) {
