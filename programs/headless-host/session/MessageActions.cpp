@@ -67,20 +67,21 @@ std::vector<void*> ListDocumentHandles(const Host& host)
 
 bool TakeHead(const std::string& word, MessagePump::RawMessage& message, RawOrder& order)
 {
-    if (word == "message=null")
+    if (word == "message=null") {
         order.hasMessage = false;
-    else if (word == "caller=null")
+    } else if (word == "caller=null") {
         order.hasCaller = false;
-    else if (word == "selector=null")
+    } else if (word == "selector=null") {
         order.hasSelector = false;
-    else if (word == "globals=null")
+    } else if (word == "globals=null") {
         message.d.globals = nullptr;
-    else if (word == "basic=null")
+    } else if (word == "basic=null") {
         message.d.basic = nullptr;
-    else if (word == "self=null")
+    } else if (word == "self=null") {
         message.d.self = nullptr;
-    else
+    } else {
         return false;
+    }
     return true;
 }
 

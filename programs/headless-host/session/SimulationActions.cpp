@@ -114,18 +114,18 @@ bool TakeBehaviour(const KeyAndValue& word, CoreBehaviour& behaviour)
     if (key == "status") return TakeNumber(value, behaviour.status);
     if (key == "size") return TakeNumber(value, behaviour.size);
     if (key == "number") return TakeNumber(value, behaviour.number);
-    if (key == "text")
+    if (key == "text") {
         behaviour.text = value;
-    else if (key == "hex")
+    } else if (key == "hex") {
         return ReadBytes(value, behaviour.text.emplace());
-    else if (key == "fill" && value.size() == 1) {
+    } else if (key == "fill" && value.size() == 1) {
         behaviour.text = std::string(kFilled, value[0]);
         behaviour.isRaw = true;
     } else if (key == "flag" && (value == "true" || value == "false")) {
         behaviour.flag = value == "true";
-    } else if (key == "rebuild")
+    } else if (key == "rebuild") {
         behaviour.rebuildsMenu = true;
-    else if (key == "throw") {
+    } else if (key == "throw") {
         Fault fault;
         if (!ReadFault("throw:" + value, fault)) return false;
         behaviour.exceptionType = fault.exceptionType;
@@ -133,8 +133,9 @@ bool TakeBehaviour(const KeyAndValue& word, CoreBehaviour& behaviour)
         std::optional<size_t> times;
         if (!TakeNumber(value, times) || *times == 0) return false;
         behaviour.times = *times;
-    } else
+    } else {
         return false;
+    }
     return true;
 }
 
@@ -221,22 +222,23 @@ LineResult RunDocument(Session& session, const Words& words)
     for (size_t i = 1; i < words.size(); ++i) {
         const auto [key, value] = SplitWord(words[i]);
         bool isKnown = true;
-        if (key == "fonts")
+        if (key == "fonts") {
             fonts = SplitAtCommas(value);
-        else if (key == "frames")
+        } else if (key == "frames") {
             isKnown = TakeLength(value, frames);
-        else if (key == "runs")
+        } else if (key == "runs") {
             isKnown = TakeLength(value, runs);
-        else if (key == "placed")
+        } else if (key == "placed") {
             document.linkedFiles = SplitAtCommas(value);
-        else if (key == "listed")
+        } else if (key == "listed") {
             listed = SplitAtCommas(value);
-        else if (key == "unreadable")
+        } else if (key == "unreadable") {
             result = {false, {}, "damaged"};
-        else if (key == "empty")
+        } else if (key == "empty") {
             isEmpty = true;
-        else
+        } else {
             isKnown = false;
+        }
         if (!isKnown) return MakeUnknown("document", words[i]);
     }
     for (std::string& file : document.linkedFiles) file = session.running.world->GetPath(file);

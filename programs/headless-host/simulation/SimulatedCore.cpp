@@ -1,6 +1,5 @@
 #include "simulation/SimulatedCore.h"
 
-#include "PluginCoreFunctions.h"
 #include "model/Host.h"
 #include "model/PluginCode.h"
 

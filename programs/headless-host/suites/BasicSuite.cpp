@@ -39,6 +39,7 @@ bool TakesFailure(Host& host, const char* operation, AIErr& status, std::string&
 // The suite that the host offers in this version, or null.
 const SuiteRow* FindOffered(const Host& host, const char* name, int version)
 {
+    if (host.lackingSuites.count(name) != 0) return nullptr;
     const auto other = host.suiteVersions.find(name);
     if (other == host.suiteVersions.end()) return FindSuiteRow(name, version);
     return other->second == version ? FindSuiteRow(name) : nullptr;
@@ -59,9 +60,6 @@ AIErr AcquireSuite(const char* name, int version, void* suite)
                                  std::string("AcquireSuite: the ") +
                                      (name == nullptr ? "name" : "place for the suite") +
                                      " is null");
-        } else if (host->lackingSuites.count(name) != 0) {
-            result = kSuiteNotFoundErr;
-            host->suiteFaults.NoteFailedCall("AcquireSuite", result);
         } else if (const SuiteRow* const row = FindOffered(*host, name, version)) {
             host->suites.Acquire(*row);
             const void* const table = GetSuiteTable(*row);

@@ -186,8 +186,9 @@ ATEErr Next(ATE::_TextRunsIterator* iterator)
         call.Handle("reference", iterator);
         auto* const object = call.Find<TextRunsIteratorRef>(iterator);
         if (object == nullptr) return kHostBadParameter;
-        if (object->run >= object->endRun)
+        if (object->run >= object->endRun) {
             return call.Refuse(kOutOfRange, "the iterator is at its end");
+        }
         ++object->run;
         return kHostSuccess;
     });
@@ -200,8 +201,9 @@ ATEErr GetIteratorItem(ATE::_TextRunsIterator* iterator, ATE::_TextRange** run)
         const auto* const object = call.Find<TextRunsIteratorRef>(iterator);
         if (object == nullptr || !call.Require(run, "run")) return kHostBadParameter;
         if (call.host.walkLimit.IsOver(*object->document)) return kHostTakesTooLong;
-        if (object->run >= object->endRun)
+        if (object->run >= object->endRun) {
             return call.Refuse(kOutOfRange, "the iterator is at its end");
+        }
         *run = IssueText(
             call.host.handles,
             TextRangeRef{{object->document}, object->frame, object->run, object->run + 1});

@@ -147,7 +147,7 @@ private:
         Add(action + " " + QuoteSessionWord(word));
     }
     void Open(const std::string& path);
-    void ResetCore(const std::string& function);
+    void ResetCore(std::string function);
 
     RandomNumbers mRandom;
     const bool mKeepsModel;
@@ -352,9 +352,9 @@ void ScriptMaker::MakeCore()
     if (core.disablesItems) mModel.DisableItems();
 }
 
-void ScriptMaker::ResetCore(const std::string& given)
+// A copy: the list that the name comes from changes.
+void ScriptMaker::ResetCore(std::string function)
 {
-    const std::string function = given;  // the model's own list changes
     Add("core " + function);
     mModel.ResetCore(function);
 }

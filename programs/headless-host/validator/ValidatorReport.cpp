@@ -126,8 +126,9 @@ void ValidatorReport::AddSkipped(int rule, size_t cases, const std::string& reas
     CaseOutcome outcome;
     outcome.result = CaseResult::kSkipped;
     outcome.reason = reason;
-    if (mSettings.isJson)
+    if (mSettings.isJson) {
         Print(base::PrintJson(DescribeCase(which, GetLevel(rule), outcome)) + "\n");
+    }
     if (!mSettings.junitFile.empty()) {
         mJunit.push_back({GetFamily(rule), rule, which.name, outcome.result, reason, {}});
     }

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "validator/Case.h"
-#include "validator/Rules.h"
+#include "validator/RuleRow.h"
 #include "validator/report/CaseFiles.h"
 #include "validator/report/JunitFile.h"
 

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "base/Progress.h"
+#include "validator/CasePool.h"
 
 namespace headless {
 

@@ -5,8 +5,8 @@
 #include <optional>
 
 #include "validator/Case.h"
-#include "validator/CasePool.h"
 #include "validator/ValidatorReport.h"
+#include "validator/process/CaseLimits.h"
 #include "validator/process/CaseProcess.h"
 
 namespace headless {

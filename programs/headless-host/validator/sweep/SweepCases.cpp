@@ -1,7 +1,6 @@
 #include "validator/sweep/SweepCases.h"
 
 #include <iterator>
-#include <utility>
 
 namespace headless {
 

@@ -1,6 +1,7 @@
+#include "DropExceptions.h"
+
 #include <stdexcept>
 
-#include "DropExceptions.h"
 #include "HostInterfaceFixture.h"
 #include "ScriptedHostSuites.h"
 
@@ -18,11 +19,16 @@ protected:
         host.OnCall(operation, [this] {
             if (!isThrowing) return;
             switch (mCallCount++ % 5) {
-                case 0: throw ai::Error(4711);
-                case 1: throw ATE::Exception(4711);
-                case 2: throw 4711;
-                case 3: throw std::runtime_error("release");
-                default: throw ForeignException();
+                case 0:
+                    throw ai::Error(4711);
+                case 1:
+                    throw ATE::Exception(4711);
+                case 2:
+                    throw 4711;
+                case 3:
+                    throw std::runtime_error("release");
+                default:
+                    throw ForeignException();
             }
         });
     }
