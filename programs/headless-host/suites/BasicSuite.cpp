@@ -39,7 +39,6 @@ bool TakesFailure(Host& host, const char* operation, AIErr& status, std::string&
 // The suite that the host offers in this version, or null.
 const SuiteRow* FindOffered(const Host& host, const char* name, int version)
 {
-    if (host.lackingSuites.count(name) != 0) return nullptr;
     const auto other = host.suiteVersions.find(name);
     if (other == host.suiteVersions.end()) return FindSuiteRow(name, version);
     return other->second == version ? FindSuiteRow(name) : nullptr;
@@ -60,7 +59,9 @@ AIErr AcquireSuite(const char* name, int version, void* suite)
                                  std::string("AcquireSuite: the ") +
                                      (name == nullptr ? "name" : "place for the suite") +
                                      " is null");
-        } else if (const SuiteRow* const row = FindOffered(*host, name, version)) {
+        } else if (const SuiteRow* const row = host->lackingSuites.count(name) != 0
+                                                   ? nullptr
+                                                   : FindOffered(*host, name, version)) {
             host->suites.Acquire(*row);
             const void* const table = GetSuiteTable(*row);
             std::memcpy(suite, &table, sizeof(table));

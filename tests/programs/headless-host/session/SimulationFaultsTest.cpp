@@ -1,6 +1,7 @@
 #include <fstream>
 
 #include "SimulationFixture.h"
+#include "application/ExitStatus.h"
 
 // The plug-in meets-faults answers with what it met, see there.
 class SimulationFaults : public SimulationFixture {};
@@ -52,7 +53,10 @@ TEST_F(SimulationFaults, AnAllocationFailsOnce)
 TEST_F(SimulationFaults, AcquireSuiteAndReleaseSuiteCount)
 {
     Pass("fail-call 1 7\nstart\nexpect refused");
-    Pass("start\nfail-call 1 7\nsend 'SP Interface' Shutdown\nexpect answer 7");
+    Fail(headless::kPluginBrokeRule,
+         "rule 403: Unload: suite \"AI Document Suite\" version 1017 was not released, references "
+         "left: 1",
+         "start\nfail-call 1 7\nsend 'SP Interface' Shutdown\nexpect answer 7");
 }
 
 TEST_F(SimulationFaults, FaultsArriveOutsideOfASimulationToo)

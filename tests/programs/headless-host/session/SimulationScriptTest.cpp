@@ -47,7 +47,6 @@ TEST_F(SimulationScript, ARefusalToStartMustBeExpected)
     Fail(headless::kNotAsExpected,
          "line 2: expected an alert with \"Other\", found 1 alerts without it",
          "expect refused Other", "refuses-to-start");
-    Pass("expect refused\nsend 'AI Timer' 'AI Go'\nexpect answer 77", "refuses-to-start");
 }
 
 TEST_F(SimulationScript, APluginWithoutPluginMainIsABrokenRule)

@@ -36,7 +36,7 @@ TEST_F(SweepProgram, EachCountedCallFailsInEachWay)
 {
     const std::map<std::string, std::string> cases = Validate("1502");
     for (const auto& [name, result] : cases) EXPECT_EQ("passed", result) << name;
-    EXPECT_EQ(3U * 5, cases.size()) << "two scenarios start it, one shuts it down";
+    EXPECT_EQ(4U * 5, cases.size()) << "three scenarios start it, one shuts it down";
     EXPECT_EQ(1U, cases.count("startup: fail-call 1 throw:int"));
     EXPECT_EQ(1U, cases.count("shutdown: fail-call 1 throw:foreign"));
 }
@@ -45,6 +45,6 @@ TEST_F(SweepProgram, EachCountedAllocationFails)
 {
     const std::map<std::string, std::string> cases = Validate("1504");
     for (const auto& [name, result] : cases) EXPECT_EQ("passed", result) << name;
-    EXPECT_EQ(2U, cases.size());
+    EXPECT_EQ(3U, cases.size());
     EXPECT_EQ(1U, cases.count("startup: fail-allocation 1"));
 }

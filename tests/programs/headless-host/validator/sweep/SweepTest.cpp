@@ -54,6 +54,7 @@ TEST(SweepTest, EveryScenarioHasOnePlaceForAFaultAndANameOfItsOwn)
 TEST(SweepTest, AProbeCountsFromThePlaceOfTheFaultToTheMessagesAfterIt)
 {
     for (const Scenario& scenario : ListScenarios(true)) {
+        if (scenario.name == "shutdown") continue;  // nothing follows it
         const ValidatorCase probe = MakeProbe(scenario);
         EXPECT_EQ(scenario.name, probe.name);
         EXPECT_EQ(0U, CountOf(probe.script, "fault\n")) << probe.script;
