@@ -1,9 +1,7 @@
 #include "replay/Replay.h"
 
 #include "HostPlatform_Linux.h"
-#include "base/JsonText.h"
 #include "model/Journal.h"
-#include "simulation/SimulatedCore.h"
 #include "system/Interrupts.h"
 
 namespace headless {
