@@ -146,8 +146,9 @@ void Replay::BeginCall(const std::string& name)
             json injected = line->result.is_object() ? line->result.value("injected", json())
                                                      : line->args.value("injected", json());
             // The two operations of the basic suite have no other results.
-            if (line->result.is_number() && line->result != 0 && injected.is_null())
+            if (line->result.is_number() && line->result != 0 && injected.is_null()) {
                 injected = true;
+            }
             if (injected.is_null()) return;
             Fault fault;
             if (!injected.is_string() || !ReadFault(injected.get<std::string>(), fault)) {

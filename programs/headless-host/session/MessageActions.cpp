@@ -159,7 +159,7 @@ std::string FindTwice(const Host& host, const std::vector<void*>& handles, Descr
     for (void* const handle : handles) {
         const auto* const object = host.handles.Peek<Object>(handle);
         if (object == nullptr) continue;
-        const std::string name = describe(*object);
+        std::string name = describe(*object);
         if (!name.empty() && !names.insert(name).second) return name;
     }
     return {};
