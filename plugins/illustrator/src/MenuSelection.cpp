@@ -19,11 +19,21 @@ namespace {
 
 constexpr size_t kDocumentIdSize = 256;
 
+// Whether the value marks an item. Numbers count by their low byte; a fraction is cut off first,
+// and one that no 32-bit number holds is 0. Throws if the value is no number or boolean.
+bool IsMark(const json& value)
+{
+    if (!value.is_number_float()) return value.get<uint8_t>() != 0;
+    const auto number = value.get<double>();
+    const bool fits = number > -2147483649.0 && number < 2147483648.0;
+    return fits && static_cast<uint8_t>(static_cast<int32_t>(number)) != 0;
+}
+
 void RefreshItem(const AIMenuSuite* menus, AIMenuItemHandle item, const json& node)
 {
     // If the host refuses, the item keeps its state.
     (void)(node.at("enabled").get<bool>() ? menus->EnableItem(item) : menus->DisableItem(item));
-    (void)menus->CheckItem(item, node.at("checked").get<uint8_t>() != 0);
+    (void)menus->CheckItem(item, IsMark(node.at("checked")));
 }
 
 // Refreshes all items, provided that the menu tree has a node with the title of `item`.

@@ -171,7 +171,9 @@ INSTANTIATE_TEST_SUITE_P(Values, CheckedValues,
                                            Checked{"2", true}, Checked{"255", true},
                                            Checked{"256", false}, Checked{"257", true},
                                            Checked{"-1", true}, Checked{"-256", false},
-                                           Checked{"1.0", true}, Checked{"0.5", false}),
+                                           Checked{"1.0", true}, Checked{"0.5", false},
+                                           Checked{"257.5", true}, Checked{"256.5", false},
+                                           Checked{"1e300", false}, Checked{"-1e300", false}),
                          [](const auto& row) {
                              std::string name = row.param.text;
                              for (char& each : name) {
