@@ -27,11 +27,14 @@ struct UsedFont {
     std::string otherStyle;  // PostScript name of the style that is here; empty in other states
     std::string file;        // that provides the font or its other style; empty if missing
     int faceIndex = 0;       // as in FreeType: face in the low 16 bits, instance (from 1) above
-    uint64_t frames = 0;     // text frames with it
+    // The text in it; all 0 if only a list or a comment names the font. Characters are an estimate
+    // for some readers.
+    uint64_t frames = 0;
     uint64_t runs = 0;
-    uint64_t characters = 0;  // Unicode characters; 0 if the reader doesn't know them
+    uint64_t characters = 0;
     Embedding embedding = Embedding::kUnknown;  // in the PDF page
-    std::string words;  // the document's own text in this font: UTF-8, at most kMostWordsBytes
+    std::string words;      // the document's own text in this font: UTF-8, at most kMostWordsBytes
+    bool isListed = false;  // only the document's own list names it: no run has it
 };
 
 constexpr size_t kMostWordsBytes = 400;
@@ -54,7 +57,17 @@ struct DocumentReport {
     std::string error;   // one line without the path; empty if it was read
     std::vector<UsedFont> fonts;
     std::vector<PlacedFile> placed;
-    std::vector<DocumentReport> placedDocuments;  // with --placed; each document at most once
+    // With --placed: all documents that it places, and those that these place, each once. Only the
+    // outermost report has them, in the order in which they were found.
+    std::vector<DocumentReport> placedDocuments;
+
+    std::string reader;  // "native", "pdf", "dsc" or "ghostscript"
+    std::string note;    // what could not be read
+    std::string creator;
+    bool isTemplate = false;
+    uint64_t frames = 0;
+    uint64_t stories = 0;
+    uint64_t runs = 0;  // as the frames show them
 };
 
 }  // namespace docfonts

@@ -107,7 +107,7 @@ ToUnicode::ToUnicode(std::string_view map) : mHasMap(true)
             if (strings.size() >= 2) {
                 uint32_t code = GetCode(strings[strings.size() - 2]);
                 for (const std::string& text : array) Add(code++, text);
-                strings.clear();
+                strings.resize(strings.size() - 2);
             }
         } else if (token.type == TokenType::kOperator) {
             if (token.text == "endbfchar") {
