@@ -96,7 +96,7 @@ void DocumentHtml::AppendDocument(const DocumentReport& document, unsigned depth
 {
     ++mNumber;
     NoteDemand(document);
-    html += std::string("<article class=\"") + (depth == 0 ? "document " : "placed document ") +
+    html += std::string("<article class=\"") + (depth == 0 ? "document " : "placed ") +
             GetWords(GetState(document)).style + "\" id=\"d" + std::to_string(mNumber) + "\">\n";
     AppendHeading(document, depth, html);
     if (!document.error.empty()) {
