@@ -109,14 +109,13 @@ void WriteTable(Demand& demand, const DemandTable& table, const Write& write)
 {
     const auto things = demand.List();
     if (things.empty()) return;
-    write(std::string("<table class=\"demand ") + table.words->style + "\"><caption>" +
-          table.heading + " <b>" + FormatNumber(things.size()) +
+    std::string head = std::string("<table class=\"demand ") + table.words->style + "\"><caption>";
+    AppendBadge(*table.words, head, table.heading);
+    write(head + " <b>" + FormatNumber(things.size()) +
           "</b></caption><thead><tr><th scope=\"col\">" + table.thing +
           "</th><th scope=\"col\">Needed by</th></tr></thead><tbody>\n");
     for (const Demand::Thing* thing : things) {
-        std::string html = "<tr><th scope=\"row\">";
-        AppendBadge(*table.words, html);
-        html += " <bdi>";
+        std::string html = "<tr><th scope=\"row\"><bdi>";
         AppendName(thing->name, html);
         html += "</bdi>";
         if (!thing->detail.empty()) {
