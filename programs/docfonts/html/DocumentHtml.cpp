@@ -45,7 +45,7 @@ void AppendPath(const std::string& path, std::string& html)
     if (name > 0) {
         html += "<span class=\"folder\">";
         AppendName(path.substr(0, name), html);
-        html += "</span>";
+        html += "</span><wbr>";
     }
     AppendName(path.substr(name), html);
     html += "</bdi>";
