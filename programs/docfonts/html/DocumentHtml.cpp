@@ -76,10 +76,13 @@ void AppendHeading(const DocumentReport& document, unsigned depth, std::string& 
 std::vector<const UsedFont*> SortFonts(const std::vector<UsedFont>& fonts)
 {
     std::vector<const UsedFont*> sorted;
-    for (const UsedFont& font : fonts) sorted.push_back(&font);
-    std::stable_sort(sorted.begin(), sorted.end(), [](const UsedFont* a, const UsedFont* b) {
-        return static_cast<int>(a->state) > static_cast<int>(b->state);
-    });
+    sorted.reserve(fonts.size());
+    for (const FontState state : {FontState::kMissing, FontState::kOtherStyle,
+                                  FontState::kInLibrary, FontState::kInstalled}) {
+        for (const UsedFont& font : fonts) {
+            if (font.state == state) sorted.push_back(&font);
+        }
+    }
     return sorted;
 }
 

@@ -1,9 +1,7 @@
 #include "docfonts/html/SummaryHtml.h"
 
 #include <cstdint>
-#include <iterator>
 
-#include "base/Plural.h"
 #include "docfonts/html/HtmlText.h"
 #include "docfonts/html/StateWords.h"
 
