@@ -71,9 +71,9 @@ void AppendVerdict(const Totals& totals, std::string& html)
         text = all == 0 ? "No documents." : "Every font and placed file is here.";
     } else {
         if (incomplete > 0) {
-            text = all == 1 ? "Something that the document needs is not here."
-                            : "Something is not here for " + FormatNumber(incomplete) + " of " +
-                                  CountDocuments(all) + ".";
+            text = (all == 1 ? "The document"
+                             : FormatNumber(incomplete) + " of " + CountDocuments(all)) +
+                   (incomplete == 1 ? " needs" : " need") + " something that is not here.";
         }
         if (unread > 0) {
             text += (text.empty() ? "" : " ") + CountDocuments(unread) + " cannot be read.";

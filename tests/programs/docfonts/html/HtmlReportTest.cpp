@@ -81,7 +81,7 @@ TEST_F(HtmlReportTest, SaysWhatIsHereAndWhatIsNot)
                                   "at noon");
     EXPECT_THAT(page, HasSubstr("<title>Fonts of 4 documents</title>"));
     EXPECT_THAT(page, HasSubstr("<p class=\"note\">at noon</p>"));
-    EXPECT_THAT(page, HasSubstr("Something is not here for 2 of 4 documents. "
+    EXPECT_THAT(page, HasSubstr("2 of 4 documents need something that is not here. "
                                 "1 document cannot be read."));
     EXPECT_THAT(page, HasSubstr("the file ends in the middle of the document"));
     EXPECT_THAT(page, HasSubstr("Drawn in NimbusSans-Bold, the style that is here."));
