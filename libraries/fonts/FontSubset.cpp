@@ -75,6 +75,7 @@ std::vector<float> GetPlaces(hb_face_t* face, const std::vector<hb_ot_var_axis_i
                              unsigned instance)
 {
     std::vector<float> places;
+    places.reserve(axes.size());
     for (const hb_ot_var_axis_info_t& axis : axes) places.push_back(axis.default_value);
     if (instance == 0) return places;
     auto count = static_cast<unsigned>(places.size());

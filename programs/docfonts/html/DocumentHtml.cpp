@@ -45,7 +45,7 @@ void AppendPath(const std::string& path, std::string& html)
     if (name > 0) {
         html += "<span class=\"folder\">";
         AppendName(path.substr(0, name), html);
-        html += "</span>";
+        html += "</span><wbr>";
     }
     AppendName(path.substr(name), html);
     html += "</bdi>";
@@ -76,10 +76,13 @@ void AppendHeading(const DocumentReport& document, unsigned depth, std::string& 
 std::vector<const UsedFont*> SortFonts(const std::vector<UsedFont>& fonts)
 {
     std::vector<const UsedFont*> sorted;
-    for (const UsedFont& font : fonts) sorted.push_back(&font);
-    std::stable_sort(sorted.begin(), sorted.end(), [](const UsedFont* a, const UsedFont* b) {
-        return static_cast<int>(a->state) > static_cast<int>(b->state);
-    });
+    sorted.reserve(fonts.size());
+    for (const FontState state : {FontState::kMissing, FontState::kOtherStyle,
+                                  FontState::kInLibrary, FontState::kInstalled}) {
+        for (const UsedFont& font : fonts) {
+            if (font.state == state) sorted.push_back(&font);
+        }
+    }
     return sorted;
 }
 
@@ -96,7 +99,7 @@ void DocumentHtml::AppendDocument(const DocumentReport& document, unsigned depth
 {
     ++mNumber;
     NoteDemand(document);
-    html += std::string("<article class=\"") + (depth == 0 ? "document " : "placed document ") +
+    html += std::string("<article class=\"") + (depth == 0 ? "document " : "placed ") +
             GetWords(GetState(document)).style + "\" id=\"d" + std::to_string(mNumber) + "\">\n";
     AppendHeading(document, depth, html);
     if (!document.error.empty()) {

@@ -12,11 +12,11 @@
 #include "base/DraftFile.h"
 #include "docfonts/html/DocumentHtml.h"
 #include "docfonts/html/HtmlText.h"
-#include "docfonts/html/PageParts.h"
 #include "docfonts/html/Specimens.h"
 #include "docfonts/html/SpillFile.h"
 #include "docfonts/html/SummaryHtml.h"
 #include "docfonts/html/Totals.h"
+#include "docfonts/html/page/PageParts.h"
 
 namespace docfonts {
 namespace {
@@ -136,6 +136,13 @@ private:
         }
     }
 
+    // Browsers lay out only what is seen of so many documents.
+    const char* GetListClass() const
+    {
+        constexpr uint64_t kMany = 200;
+        return mTotals.GetDocuments() >= kMany ? "documents many" : "documents";
+    }
+
     void WritePage(const std::function<void(std::string_view)>& write)
     {
         const PageParts& parts = GetPageParts();
@@ -155,9 +162,9 @@ private:
         write(MakeSummary(mTotals, mNote));
         write("<main>\n");
         WriteDemands(mDemands, write);
-        write(
-            "<section class=\"documents\" aria-labelledby=\"documents\">"
-            "<h2 id=\"documents\" tabindex=\"-1\">Documents</h2>\n");
+        write(std::string("<section class=\"") + GetListClass() +
+              "\" aria-labelledby=\"documents\">"
+              "<h2 id=\"documents\" tabindex=\"-1\">Documents</h2>\n");
         write(MakeFilter(mTotals));
         WriteBody(write);
         write("</section>\n</main>\n<script>");

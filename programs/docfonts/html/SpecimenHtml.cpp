@@ -1,7 +1,6 @@
 #include "docfonts/html/SpecimenHtml.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <string_view>
 
 #include "base/Plural.h"

@@ -9,7 +9,7 @@
 namespace docfonts {
 namespace {
 
-bool IsIn(const std::vector<fonts::CharacterRange>& ranges, char32_t character)
+bool Contains(const std::vector<fonts::CharacterRange>& ranges, char32_t character)
 {
     const auto behind = std::upper_bound(
         ranges.begin(), ranges.end(), character,
@@ -75,7 +75,7 @@ Specimen Specimens::Add(const UsedFont& font, const std::u32string& words)
     result.problem = face->problem;
     if (!result.problem.empty()) return result;
     for (const char32_t character : words) {
-        const bool isAvailable = IsIn(face->available, character);
+        const bool isAvailable = Contains(face->available, character);
         const bool isNew = isAvailable && !std::binary_search(face->characters.begin(),
                                                               face->characters.end(), character);
         const bool fits = face->characters.size() < kMostCharacters;

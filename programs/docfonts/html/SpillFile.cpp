@@ -6,7 +6,6 @@
 
 #include <cerrno>
 #include <cstdlib>
-#include <utility>
 
 #include "base/ReadWrite.h"
 

@@ -1,9 +1,7 @@
 #include "docfonts/html/SummaryHtml.h"
 
 #include <cstdint>
-#include <iterator>
 
-#include "base/Plural.h"
 #include "docfonts/html/HtmlText.h"
 #include "docfonts/html/StateWords.h"
 
@@ -73,9 +71,9 @@ void AppendVerdict(const Totals& totals, std::string& html)
         text = all == 0 ? "No documents." : "Every font and placed file is here.";
     } else {
         if (incomplete > 0) {
-            text = all == 1 ? "Something that the document needs is not here."
-                            : "Something is not here for " + FormatNumber(incomplete) + " of " +
-                                  CountDocuments(all) + ".";
+            text = (all == 1 ? "The document"
+                             : FormatNumber(incomplete) + " of " + CountDocuments(all)) +
+                   (incomplete == 1 ? " needs" : " need") + " something that is not here.";
         }
         if (unread > 0) {
             text += (text.empty() ? "" : " ") + CountDocuments(unread) + " cannot be read.";
@@ -109,14 +107,13 @@ void WriteTable(Demand& demand, const DemandTable& table, const Write& write)
 {
     const auto things = demand.List();
     if (things.empty()) return;
-    write(std::string("<table class=\"demand ") + table.words->style + "\"><caption>" +
-          table.heading + " <b>" + FormatNumber(things.size()) +
+    std::string head = std::string("<table class=\"demand ") + table.words->style + "\"><caption>";
+    AppendBadge(*table.words, head, table.heading);
+    write(head + " <b>" + FormatNumber(things.size()) +
           "</b></caption><thead><tr><th scope=\"col\">" + table.thing +
           "</th><th scope=\"col\">Needed by</th></tr></thead><tbody>\n");
     for (const Demand::Thing* thing : things) {
-        std::string html = "<tr><th scope=\"row\">";
-        AppendBadge(*table.words, html);
-        html += " <bdi>";
+        std::string html = "<tr><th scope=\"row\"><bdi>";
         AppendName(thing->name, html);
         html += "</bdi>";
         if (!thing->detail.empty()) {

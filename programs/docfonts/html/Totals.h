@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstdint>
-#include <string>
 #include <unordered_set>
 
 #include "docfonts/report/DocumentReport.h"

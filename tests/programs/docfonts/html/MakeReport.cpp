@@ -1,4 +1,5 @@
 // make-report PAGE [COPIES]: writes a report about sample documents, for tests in a browser.
+// Without copies the documents are hostile.
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -14,6 +15,10 @@ int main(int count, char** arguments)
     }
     const int copies = count > 2 ? std::atoi(arguments[2]) : 1;
     docfonts::HtmlReport report(arguments[1], "22 November 2026, 15:30, on prepress-2");
+    if (copies == 0) {
+        report.Add(samplereport::MakeHostile());
+        report.Add(samplereport::MakeHostile());
+    }
     for (int copy = 0; copy < copies; ++copy) {
         docfonts::DocumentReport documents[] = {
             samplereport::MakePoster(), samplereport::MakeLeaflet(), samplereport::MakeTickets(),

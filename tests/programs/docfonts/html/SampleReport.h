@@ -92,4 +92,21 @@ inline docfonts::DocumentReport MakeUnread()
     return unread;
 }
 
+// Its names and words try to become a part of the page.
+inline docfonts::DocumentReport MakeHostile()
+{
+    const std::string evil =
+        "</title></style></td></table></article><script>document.title='taken'</script>"
+        "<img src=https://example.org/x onerror=\"document.title='taken'\">' "
+        "onload='x\xE2\x80\xAE\x07";
+    docfonts::DocumentReport hostile;
+    hostile.path = hostile.format = evil;
+    hostile.fonts = {MakeFont(evil, kDejaVu + "DejaVuSerif.ttf", evil), MakeFont(evil, "", evil)};
+    hostile.placed = {{evil, docfonts::PlacedState::kMissing, ""}};
+    docfonts::DocumentReport unread;
+    unread.path = unread.error = evil;
+    hostile.placedDocuments = {unread};
+    return hostile;
+}
+
 }  // namespace samplereport
