@@ -69,7 +69,8 @@ std::string WriteBashCompletion(const CLI::App& app)
            "    local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}\n"
            "    local command= options='" +
            names + " " + own.options +
-           "' kind= candidate\n"
+           "' kind=" + (names.empty() ? own.positional : std::string()) +
+           " candidate\n"
            "    COMPREPLY=()\n"
            "    for candidate in \"${COMP_WORDS[@]:1:COMP_CWORD - 1}\"; do\n"
            "        if [[ \" " +

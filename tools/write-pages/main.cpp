@@ -13,6 +13,7 @@
 #include "commands/CommandLine.h"
 #include "console/BashCompletion.h"
 #include "console/CommandPages.h"
+#include "docfonts/commands/CommandLine.h"
 #include "vexcor/commands/CommandLine.h"
 
 namespace {
@@ -39,7 +40,12 @@ Pages MakePages(const std::string& program)
         vexcor::Options options;
         return MakePages(*vexcor::MakeCommandLine(options), vexcor::ListHelpSections());
     }
-    throw std::runtime_error(program + ": unknown program; expected headless-host or Vexcor");
+    if (program == "docfonts") {
+        docfonts::Options options;
+        return MakePages(*docfonts::MakeCommandLine(options), docfonts::ListHelpSections());
+    }
+    throw std::runtime_error(program +
+                             ": unknown program; expected docfonts, headless-host or Vexcor");
 }
 
 std::string Read(const std::string& path)
@@ -64,7 +70,7 @@ int main(int argc, char** argv)
     const std::string first = argc > 1 ? argv[1] : "";
     try {
         if (argc == 2 && first != "--readme") {
-            for (const std::string program : {"headless-host", "Vexcor"}) {
+            for (const std::string program : {"docfonts", "headless-host", "Vexcor"}) {
                 const Pages pages = MakePages(program);
                 std::string start = first;
                 start.append("/").append(program);
