@@ -107,7 +107,7 @@ int Job::Wait()
                                 ": has ended; waiting for what it left running");
         }
     }
-    if (mTerminal.IsValid() && tcgetpgrp(mTerminal.Get()) == mGroup) GiveTerminal(getpgrp());
+    if (HasJobTerminal()) GiveTerminal(getpgrp());
     ReportDetached();
     const auto failed = std::find_if(mCommands.begin(), mCommands.end(),
                                      [](const Command& command) { return command.status != 0; });
@@ -139,8 +139,10 @@ void Job::Note(pid_t process, int status)
 void Job::HandleStop(int signal)
 {
     const bool isForTerminal = signal == SIGTTIN || signal == SIGTTOU;
-    if (!isForTerminal || !HasTerminal()) {
-        if (mTerminal.IsValid() && tcgetpgrp(mTerminal.Get()) == mGroup) GiveTerminal(getpgrp());
+    // A command that was quicker than Start has the terminal already.
+    const bool canHaveTerminal = HasTerminal() || HasJobTerminal();
+    if (!isForTerminal || !canHaveTerminal) {
+        if (HasJobTerminal()) GiveTerminal(getpgrp());
         (void)raise(SIGSTOP);  // returns when the shell continues this process
     }
     if (HasTerminal()) GiveTerminal(mGroup);
@@ -151,6 +153,11 @@ void Job::HandleStop(int signal)
 bool Job::HasTerminal() const
 {
     return mTerminal.IsValid() && tcgetpgrp(mTerminal.Get()) == getpgrp();
+}
+
+bool Job::HasJobTerminal() const
+{
+    return mTerminal.IsValid() && tcgetpgrp(mTerminal.Get()) == mGroup;
 }
 
 void Job::GiveTerminal(pid_t group) const

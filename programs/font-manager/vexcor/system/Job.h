@@ -51,6 +51,7 @@ private:
     void Note(pid_t process, int status);
     void HandleStop(int signal);
     bool HasTerminal() const;
+    bool HasJobTerminal() const;
     void GiveTerminal(pid_t group) const;
     bool HaveCommandsEnded() const;
     bool IsGroupEmpty() const;
