@@ -4,6 +4,7 @@
 .PHONY: validate-asan
 .PHONY: test-report
 .PHONY: bench bench-documents bootstrap clean
+.PHONY: test-clients
 
 run: stage
 	tools/run-demo
@@ -82,6 +83,13 @@ mac-cross:
 	cmake --preset mac-cross-tests --fresh >/dev/null
 	cmake --build --preset mac-cross-tests
 	ctest --preset mac-cross
+
+# Real programs of Debian open documents with and without `Vexcor with`.
+test-clients: bootstrap
+	@tools/bootstrap --clients
+	cmake --preset dev >/dev/null
+	cmake --build --preset dev --target Vexcor
+	tests/clients/run-tests build/dev/programs/installed/Vexcor/Vexcor
 
 # Reads real documents, which tools/corpus fetches from Debian and npm packages into .deps/corpus.
 test-corpus:
