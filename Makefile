@@ -131,7 +131,7 @@ VALIDATE_LEVEL = 10
 VALIDATE_SECONDS = 600
 validate: stage
 	stage/bin/headless-host validate --level $(VALIDATE_LEVEL) --time $(VALIDATE_SECONDS) \
-	    stage/Plug-ins/TypeloftSPEA.aip
+	    stage/lib/typeloft/Plug-ins/TypeloftSPEA.aip
 
 # The same under sanitizers, over the plug-in as test-asan builds it.
 validate-asan: bootstrap
