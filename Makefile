@@ -1,7 +1,7 @@
 # `make run` and `make test` install what is missing, build and run.
 .PHONY: run test test-asan test-tsan test-libcxx test-mac test-mach-o test-corpus test-fuzz
 .PHONY: test-damaged test-long coverage-mac mac mac-cross mac-cross-bundle lint stage validate
-.PHONY: validate-asan
+.PHONY: validate-asan package test-package
 .PHONY: bench bench-documents bootstrap clean
 
 run: stage
@@ -125,6 +125,16 @@ stage: bootstrap
 	cmake --build --preset release
 	rm -rf stage
 	cmake --install build/release --prefix stage >/dev/null
+
+# Builds the Debian package in build/release/package, with the time of the last commit as the time of
+# its files, and checks it.
+package:
+	@tools/bootstrap --package
+	tools/make-package
+
+# Installs it into a minimal tree of this machine's release, runs it there and removes it.
+test-package: package
+	tests/package/test-package build/release/package/typeloft_*.deb
 
 # Breaks the staged plug-in on purpose, by the rules up to VALIDATE_LEVEL, within VALIDATE_SECONDS.
 VALIDATE_LEVEL = 10
