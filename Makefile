@@ -1,10 +1,8 @@
 # `make run` and `make test` install what is missing, build and run.
 .PHONY: run test test-asan test-tsan test-libcxx test-mac test-mach-o test-corpus test-fuzz
-.PHONY: test-damaged test-long coverage-mac mac mac-cross mac-cross-bundle lint stage validate
-.PHONY: validate-asan
-.PHONY: test-report
+.PHONY: test-damaged test-long test-report test-panel test-clients test-package coverage-mac mac
+.PHONY: mac-cross mac-cross-bundle lint stage validate validate-asan package
 .PHONY: bench bench-documents bootstrap clean
-.PHONY: test-clients
 
 run: stage
 	tools/run-demo
@@ -143,12 +141,22 @@ stage: bootstrap
 	rm -rf stage
 	cmake --install build/release --prefix stage >/dev/null
 
+# Builds the Debian package in build/release/package, with the time of the last commit as the time of
+# its files, and checks it.
+package:
+	@tools/bootstrap --package
+	tools/make-package
+
+# Installs it into a minimal tree of this machine's release, runs it there and removes it.
+test-package: package
+	tests/package/test-package build/release/package/typeloft_*.deb
+
 # Breaks the staged plug-in on purpose, by the rules up to VALIDATE_LEVEL, within VALIDATE_SECONDS.
 VALIDATE_LEVEL = 10
 VALIDATE_SECONDS = 600
 validate: stage
 	stage/bin/headless-host validate --level $(VALIDATE_LEVEL) --time $(VALIDATE_SECONDS) \
-	    stage/Plug-ins/TypeloftSPEA.aip
+	    stage/lib/typeloft/Plug-ins/TypeloftSPEA.aip
 
 # The same under sanitizers, over the plug-in as test-asan builds it.
 validate-asan: bootstrap

@@ -12,6 +12,12 @@ function(typeloft_target target)
     # __FILE__ is relative to the project, so that binaries contain no path of the build machine.
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow
         -fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=)
+    # Documents come from anywhere, so that a release has the checks that Debian's packages have.
+    if(TYPELOFT_HARDENING AND TYPELOFT_PLATFORM STREQUAL Linux)
+        target_compile_options(${target} PRIVATE $<$<CONFIG:Release>:-fstack-protector-strong
+            -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2>)
+        target_link_options(${target} PRIVATE $<$<CONFIG:Release>:LINKER:-z,relro,-z,now>)
+    endif()
     if(TYPELOFT_WERROR)
         target_compile_options(${target} PRIVATE -Werror)
     endif()

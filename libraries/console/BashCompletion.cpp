@@ -1,77 +1,102 @@
 #include "console/BashCompletion.h"
 
-#include <CLI/CLI.hpp>
-#include <cctype>
+#include <string_view>
+
+#include "console/CompletionWords.h"
 
 namespace console {
 
 namespace {
 
-// Returns the option of compgen that completes an argument of this name; "" for none.
-std::string GetCompletion(const std::string& argument)
+// Completes `word` with `options` or `kinds`. Names of fonts are whatever a font file contains, so
+// they are not passed to compgen -W, which would evaluate them.
+constexpr std::string_view kEnd = R"(    if [[ -n $options && ( -z $kinds || $word == -* ) ]]; then
+        mapfile -t COMPREPLY < <(compgen -W "$options" -- "$word")
+        return
+    fi
+    [[ -z $kinds ]] || compopt -o filenames 2>/dev/null
+    case $kinds in
+        *files*) mapfile -t COMPREPLY < <(compgen -f -- "$word") ;;
+        *folders*) mapfile -t COMPREPLY < <(compgen -d -- "$word") ;;
+    esac
+    if [[ $kinds == *fonts* ]]; then
+        while IFS= read -r candidate; do
+            [[ $candidate != "$word"* ]] || COMPREPLY+=("$candidate")
+        done < <("$1" list --names 2>/dev/null)
+    fi
+}
+)";
+
+std::string ListKinds(const ArgumentWords& argument)
 {
-    if (argument == "FILE" || argument == "PATH") return "-f";
-    if (argument == "DIR" || argument == "FOLDER") return "-d";
-    return {};
+    std::string kinds = argument.files ? "files" : argument.folders ? "folders" : "";
+    if (argument.fonts) kinds += kinds.empty() ? "fonts" : "+fonts";
+    return kinds;
 }
 
-struct Words {
-    std::string options;     // all names, separated by spaces
-    std::string positional;  // the option of compgen for positional arguments; "" for none
-    std::string arguments;   // cases of the shell for options that take an argument
-};
-
-Words ListWords(const CLI::App& command, const std::string& commandName)
+std::string Join(const std::vector<std::string>& words)
 {
-    Words words;
-    const auto isVisible = [](const CLI::Option* option) { return !option->get_group().empty(); };
-    for (const CLI::Option* option : command.get_options(isVisible)) {
-        if (option->get_positional()) {
-            words.positional = GetCompletion(option->get_name(true));
-            continue;
-        }
-        for (const std::string& name : option->get_lnames()) {
-            words.options += words.options.empty() ? "--" : " --";
-            words.options += name;
-            if (option->get_items_expected_max() == 0) continue;
-            const std::string completion = GetCompletion(option->get_option_text());
-            words.arguments.append("        ").append(commandName).append(":--").append(name);
-            words.arguments +=
-                completion.empty() ? ") return ;;\n" : ") kind=" + completion + " options= ;;\n";
+    std::string text;
+    for (const std::string& word : words) text += (text.empty() ? "" : " ") + word;
+    return text;
+}
+
+// Only the long names: one letter needs no completion.
+std::string ListOptionNames(const CommandWords& command)
+{
+    std::string names;
+    for (const OptionWords& option : command.options) {
+        for (const std::string& name : option.names) {
+            if (name.rfind("--", 0) == 0) names += (names.empty() ? "" : " ") + name;
         }
     }
-    return words;
+    return names;
+}
+
+std::string MakeArgumentCases(const CommandWords& command, const std::string& pattern)
+{
+    std::string cases;
+    for (const OptionWords& option : command.options) {
+        if (!option.takesArgument) continue;
+        for (const std::string& name : option.names) {
+            cases += "        " + pattern + ":" + name + ") options='" +
+                     Join(option.argument.choices) + "' kinds=" + ListKinds(option.argument);
+            // Nothing completes a number or a free text.
+            cases += option.argument.choices.empty() && ListKinds(option.argument).empty()
+                         ? "; return ;;\n"
+                         : " ;;\n";
+        }
+    }
+    return cases;
 }
 
 }  // namespace
 
 std::string WriteBashCompletion(const CLI::App& app)
 {
-    std::string function = "_";
-    for (const char c : app.get_name()) {
-        function += std::isalnum(static_cast<unsigned char>(c)) != 0 ? c : '_';
-    }
-    const Words own = ListWords(app, "*");
+    const ProgramWords words = ListCompletionWords(app);
+    const std::string function = "_" + MakeFunctionName(words.own.name);
     std::string names;
     std::string cases;
-    std::string arguments = own.arguments;
-    for (const CLI::App* command : app.get_subcommands(
-             [](const CLI::App* subcommand) { return !subcommand->get_group().empty(); })) {
-        const Words words = ListWords(*command, command->get_name());
-        names += (names.empty() ? "" : " ") + command->get_name();
-        cases += "        " + command->get_name() + ") options='" + words.options +
-                 "' kind=" + words.positional + " ;;\n";
-        arguments += words.arguments;
+    std::string arguments = MakeArgumentCases(words.own, "*");
+    for (const CommandWords& command : words.commands) {
+        names += (names.empty() ? "" : " ") + command.name;
+        cases += "        " + command.name + ") options='" + ListOptionNames(command) +
+                 "' kinds=" + ListKinds(command.operands) + " ;;\n";
+        arguments += MakeArgumentCases(command, command.name);
     }
-    return "# Completion of " + app.get_name() + " for bash.\n" + function +
+    const std::string own = ListOptionNames(words.own);
+    return "# Completion of " + words.own.name + " for bash.\n" + function +
            "()\n"
            "{\n"
            "    local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}\n"
            "    local command= options='" +
-           names + " " + own.options +
-           "' kind=" + (names.empty() ? own.positional : std::string()) +
+           (names.empty() ? own : names + " " + own) + "' kinds=" + ListKinds(words.own.operands) +
            " candidate\n"
            "    COMPREPLY=()\n"
+           "    # bash takes --option=word for three words.\n"
+           "    [[ $word != = ]] || word=\n"
+           "    [[ $previous != = ]] || previous=${COMP_WORDS[COMP_CWORD - 2]}\n"
            "    for candidate in \"${COMP_WORDS[@]:1:COMP_CWORD - 1}\"; do\n"
            "        if [[ \" " +
            names +
@@ -82,19 +107,13 @@ std::string WriteBashCompletion(const CLI::App& app)
            "    done\n"
            "    case $command in\n" +
            cases +
+           "        *) ;;\n"
            "    esac\n"
            "    case $command:$previous in\n" +
            arguments +
-           "    esac\n"
-           "    if [[ -n $options && ( -z $kind || $word == -* ) ]]; then\n"
-           "        mapfile -t COMPREPLY < <(compgen -W \"$options\" -- \"$word\")\n"
-           "    elif [[ -n $kind ]]; then\n"
-           "        compopt -o filenames 2>/dev/null\n"
-           "        mapfile -t COMPREPLY < <(compgen \"$kind\" -- \"$word\")\n"
-           "    fi\n"
-           "}\n"
-           "complete -F " +
-           function + " " + app.get_name() + "\n";
+           "        *) ;;\n"
+           "    esac\n" +
+           std::string(kEnd) + "complete -F " + function + " " + words.own.name + "\n";
 }
 
 }  // namespace console

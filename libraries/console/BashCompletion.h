@@ -10,9 +10,7 @@ namespace console {
 
 // Returns a script for bash(1) that completes the commands of `app`, their options and arguments.
 //
-// The name of an argument decides what completes it: file names for FILE and PATH, folder names for
-// DIR and FOLDER, nothing for any other. Commands and options that are hidden from help (those with
-// an empty group) are left out.
+// ListCompletionWords decides what completes what.
 std::string WriteBashCompletion(const CLI::App& app);
 
 }  // namespace console

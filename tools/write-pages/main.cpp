@@ -1,6 +1,6 @@
 // write-pages FOLDER
-//     Writes for each program the manual page PROGRAM.1, the completion for bash PROGRAM.bash and
-//     the reference part of its README PROGRAM.md into FOLDER.
+//     Writes for each program the manual page PROGRAM.1, the completions PROGRAM.bash, PROGRAM.fish
+//     and PROGRAM.zsh, and the reference part of its README PROGRAM.md into FOLDER.
 // write-pages --readme PROGRAM README
 //     Replaces the reference part of the file README, which the tests compare.
 #include <CLI/CLI.hpp>
@@ -13,6 +13,8 @@
 #include "commands/CommandLine.h"
 #include "console/BashCompletion.h"
 #include "console/CommandPages.h"
+#include "console/FishCompletion.h"
+#include "console/ZshCompletion.h"
 #include "docfonts/commands/CommandLine.h"
 #include "vexcor/commands/CommandLine.h"
 
@@ -21,13 +23,16 @@ namespace {
 struct Pages {
     std::string manual;
     std::string readmeSection;
-    std::string completion;
+    std::string bash;
+    std::string fish;
+    std::string zsh;
 };
 
 Pages MakePages(const CLI::App& app, const std::vector<console::HelpSection>& sections)
 {
     return {console::WriteManPage(app, sections), console::WriteReadmeSection(app, sections),
-            console::WriteBashCompletion(app)};
+            console::WriteBashCompletion(app), console::WriteFishCompletion(app),
+            console::WriteZshCompletion(app)};
 }
 
 Pages MakePages(const std::string& program)
@@ -75,7 +80,9 @@ int main(int argc, char** argv)
                 std::string start = first;
                 start.append("/").append(program);
                 Write(start + ".1", pages.manual);
-                Write(start + ".bash", pages.completion);
+                Write(start + ".bash", pages.bash);
+                Write(start + ".fish", pages.fish);
+                Write(start + ".zsh", pages.zsh);
                 Write(start + ".md", pages.readmeSection);
             }
             return 0;

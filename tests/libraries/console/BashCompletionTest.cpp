@@ -1,59 +1,31 @@
 #include "console/BashCompletion.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include "CompletionFixture.h"
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <string>
-#include <vector>
-
-#include "SampleCommandLine.h"
-
-namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
 
 namespace {
 
-class BashCompletionTest : public testing::Test {
+class BashCompletionTest : public CompletionFixture {
 protected:
-    BashCompletionTest()
-    {
-        std::string pattern = testing::TempDir() + "completion-XXXXXX";
-        mFolder = mkdtemp(pattern.data());
-        fs::create_directory(mFolder / "drawings");
-        std::ofstream(mFolder / "dog 1.ai") << "";
-        SampleOptions options;
-        std::ofstream(mFolder / "script")
-            << console::WriteBashCompletion(*MakeSampleCommandLine(options));
-    }
-    ~BashCompletionTest() override { fs::remove_all(mFolder); }
+    BashCompletionTest() { Write("script", console::WriteBashCompletion(*MakeApp())); }
 
     // What bash offers for the last of the words, which follow the name of the program.
     std::vector<std::string> Complete(const std::string& words) const
     {
-        const std::string command = "cd '" + mFolder.string() +
-                                    "' && bash -c '. ./script; COMP_WORDS=(pen-case " + words +
-                                    "); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); _pen_case; "
-                                    "((${#COMPREPLY[@]} == 0)) || "
-                                    "printf \"%s\\n\" \"${COMPREPLY[@]}\"' >offers";
-        EXPECT_EQ(0, std::system(command.c_str()));
-        std::ifstream stream(mFolder / "offers");
-        std::vector<std::string> offers;
-        for (std::string line; std::getline(stream, line);) offers.push_back(line);
-        return offers;
+        Write("complete", ". ./script; COMP_WORDS=(pen-case " + words +
+                              "); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); _pen_case pen-case; "
+                              "((${#COMPREPLY[@]} == 0)) || printf '%s\\n' \"${COMPREPLY[@]}\"\n");
+        return RunInFolder("bash ./complete");
     }
-
-private:
-    fs::path mFolder;
 };
 
 TEST_F(BashCompletionTest, CommandsAndOptionsOfTheProgram)
 {
-    EXPECT_THAT(Complete("\"\""), UnorderedElementsAre("draw", "erase", "--help", "--version"));
+    EXPECT_THAT(Complete("''"),
+                UnorderedElementsAre("draw", "erase", "use", "why", "--help", "--version"));
     EXPECT_THAT(Complete("dr"), ElementsAre("draw"));
 }
 
@@ -71,7 +43,37 @@ TEST_F(BashCompletionTest, FilesOfACommand)
 TEST_F(BashCompletionTest, ArgumentsOfAnOption)
 {
     EXPECT_THAT(Complete("draw --into d"), ElementsAre("drawings"));
+    EXPECT_THAT(Complete("draw --into = d"), ElementsAre("drawings"));
+    EXPECT_THAT(Complete("draw --into ="), ElementsAre("drawings"));
     EXPECT_THAT(Complete("draw --ink d"), IsEmpty());
+    EXPECT_THAT(Complete("why --tone ''"), UnorderedElementsAre("light", "dark"));
+}
+
+TEST_F(BashCompletionTest, NamesOfFontsAreNotEvaluated)
+{
+    EXPECT_THAT(Complete("why De"), UnorderedElementsAre("DejaVuSans", "DejaVuSerif"));
+    EXPECT_THAT(Complete("why x"), UnorderedElementsAre("x$(touch evil)", "x`touch evil`"));
+    EXPECT_THAT(Complete("why i"), ElementsAre("it's"));
+}
+
+TEST_F(BashCompletionTest, FontsOrFiles)
+{
+    EXPECT_THAT(Complete("use d"), UnorderedElementsAre("dog 1.ai", "drawings"));
+    EXPECT_THAT(Complete("use D"), UnorderedElementsAre("DejaVuSans", "DejaVuSerif"));
+}
+
+TEST_F(BashCompletionTest, NothingWithoutTheProgram)
+{
+    std::filesystem::remove(folder / "pen-case");
+    EXPECT_THAT(Complete("why De"), IsEmpty());
+}
+
+TEST_F(BashCompletionTest, AProgramWithoutCommands)
+{
+    Write("script", console::WriteBashCompletion(*MakePlainApp()));
+    EXPECT_THAT(Complete("d"), UnorderedElementsAre("dog 1.ai", "drawings"));
+    EXPECT_THAT(Complete("--"), UnorderedElementsAre("--help", "--into"));
+    EXPECT_THAT(Complete("--into d"), ElementsAre("drawings"));
 }
 
 }  // namespace
