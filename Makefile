@@ -2,7 +2,7 @@
 .PHONY: run test test-asan test-tsan test-libcxx test-mac test-mach-o test-corpus test-fuzz
 .PHONY: test-damaged test-long test-report test-panel test-clients test-package coverage-mac mac
 .PHONY: mac-cross mac-cross-bundle lint stage validate validate-asan package
-.PHONY: bench bench-documents bootstrap clean
+.PHONY: bench bench-check bench-growth bench-documents bootstrap clean
 
 run: stage
 	tools/run-demo
@@ -171,9 +171,23 @@ PLUGIN_CORE = build/release/programs/installed/Vexcor/PluginFiles/PluginCore.fra
 BENCH_FONT = /usr/share/fonts/truetype/dejavu/DejaVuSansMono-BoldOblique.ttf
 bench: bootstrap
 	cmake --preset release -DTYPELOFT_BUILD_BENCH=ON >/dev/null
-	cmake --build --preset release --target plugin-bench panel-bench
-	build/release/bench/plugin-bench
+	cmake --build --preset release --target plugin-bench panel-bench library-bench Vexcor \
+	    headless-host TypeloftSPEA PluginCoreFramework PlugPlugFrameworks
+	bench/measure build/release --json build/bench.json
 	build/release/bench/panel-bench $(PLUGIN_CORE) $(BENCH_FONT)
+
+# How time grows with the library and the document; writes docs/growth.svg. Takes some minutes.
+bench-growth: bench
+	bench/measure-growth build/release --json build/growth.json
+
+# Runs the scripts of `make bench` once with small sizes, over the build of `make stage`.
+bench-check: bootstrap
+	cmake --preset release -DTYPELOFT_BUILD_BENCH=ON >/dev/null
+	cmake --build --preset release --target plugin-bench library-bench Vexcor headless-host \
+	    TypeloftSPEA PluginCoreFramework PlugPlugFrameworks
+	bench/measure build/release --fonts 40 --memory-fonts 40 --pairs 1 --seconds 0.001 \
+	    --json build/bench-check.json
+	bench/measure-growth build/release --most 100 --runs 1 --plot build/growth-check.svg
 
 # Measures how fast real documents are read, compared with pdffonts on the same files.
 bench-documents: bootstrap

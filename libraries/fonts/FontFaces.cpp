@@ -9,11 +9,13 @@
 #include FT_SYSTEM_H
 
 #include <algorithm>
+#include <atomic>
 #include <cctype>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
 #include <new>
+#include <thread>
 
 #include "fonts/MappedFile.h"
 
@@ -192,26 +194,77 @@ FontFaces MakeLackOfMemory()
 
 }  // namespace
 
-FontFaces ReadFontFaces(const std::string& path)
+// FreeType with all its modules.
+class FontFaceReader::FreeType {
+public:
+    FreeType() : mLibrary(nullptr, FT_Done_Library)
+    {
+        FT_Library raw = nullptr;
+        if (FT_New_Library(mMemory.Get(), &raw) != FT_Err_Ok) return;
+        mLibrary.reset(raw);
+        FT_Add_Default_Modules(raw);
+        FT_Set_Default_Properties(raw);
+    }
+
+    // Once true, it remains so: a module may be missing.
+    bool LacksMemory() const { return !mLibrary || mMemory.HasFailed(); }
+
+    FontFaces Read(const MappedFile& file) { return ReadAll(mLibrary.get(), file); }
+
+private:
+    Memory mMemory;
+    Library mLibrary;
+};
+
+FontFaceReader::FontFaceReader() = default;
+FontFaceReader::~FontFaceReader() = default;
+
+FontFaces FontFaceReader::Read(const std::string& path)
 {
     try {
         const MappedFile file(path);
         if (file.LacksMemory()) return MakeLackOfMemory();
         if (file.GetError()) return {{}, file.GetError(), false};
-        Memory memory;
-        FT_Library raw = nullptr;
-        if (FT_New_Library(memory.Get(), &raw) != FT_Err_Ok) return MakeLackOfMemory();
-        const Library library(raw, FT_Done_Library);
-        FT_Add_Default_Modules(raw);
-        FT_Set_Default_Properties(raw);
+        if (!mFreeType) mFreeType = std::make_unique<FreeType>();
         FontFaces result;
-        if (!memory.HasFailed()) result = ReadAll(raw, file);
-        return memory.HasFailed() ? MakeLackOfMemory() : result;
+        if (!mFreeType->LacksMemory()) result = mFreeType->Read(file);
+        if (!mFreeType->LacksMemory()) return result;
+        mFreeType.reset();
+        return MakeLackOfMemory();
     } catch (const std::bad_alloc&) {
+        mFreeType.reset();
         return MakeLackOfMemory();
     } catch (const std::exception& failure) {
         return {{}, failure.what(), false};
     }
+}
+
+FontFaces ReadFontFaces(const std::string& path) { return FontFaceReader().Read(path); }
+
+std::vector<FontFaces> ReadFontFacesOfFiles(const std::vector<std::string>& paths)
+{
+    // Few files are read before a thread has begun.
+    constexpr size_t kFilesOfThread = 32;
+    std::vector<FontFaces> results(paths.size());
+    std::atomic<size_t> next = 0;
+    const auto read = [&] {
+        FontFaceReader reader;
+        for (size_t file = next++; file < paths.size(); file = next++) {
+            results[file] = reader.Read(paths[file]);
+        }
+    };
+    const size_t most = std::max(1U, std::thread::hardware_concurrency());
+    std::vector<std::thread> threads;
+    while (threads.size() + 1 < std::min(most, paths.size() / kFilesOfThread)) {
+        try {
+            threads.emplace_back(read);
+        } catch (const std::exception&) {
+            break;  // no thread or memory for one: those that there are read all files
+        }
+    }
+    read();
+    for (std::thread& thread : threads) thread.join();
+    return results;
 }
 
 }  // namespace fonts

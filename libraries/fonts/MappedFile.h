@@ -5,7 +5,8 @@
 
 namespace fonts {
 
-// The bytes of a file, mapped into memory for reading.
+// The bytes of a file, mapped into memory for reading; of a small file, a copy of them, which takes
+// less time.
 class MappedFile {
 public:
     // An error is a line without the path, such as "empty".
@@ -22,8 +23,12 @@ public:
     bool LacksMemory() const { return mLacksMemory; }
 
 private:
+    void Copy(int file, size_t size);
+    void Map(int file, size_t size);
+
     void* mBytes = nullptr;
     size_t mSize = 0;
+    bool mIsCopy = false;
     const char* mError = nullptr;
     bool mLacksMemory = false;
 };

@@ -134,4 +134,31 @@ TEST(FontFaces, ReadsFilesThatAreCutAnywhere)
     }
 }
 
+TEST(FontFaces, ManyFilesAreReadAsEachAlone)
+{
+    const FontTestHome home;
+    const std::string small = "not a font";
+    std::vector<std::string> paths;
+    for (int number = 0; number < 40; ++number) {
+        for (const char* const name : {"DejaVuSans", "DejaVuSerif-Bold"}) {
+            paths.push_back("/usr/share/fonts/truetype/dejavu/" + std::string(name) + ".ttf");
+        }
+        const auto file = home.GetLibrary() / (std::to_string(number) + ".ttf");
+        FontTestHome::WriteFile(file, small.substr(0, static_cast<size_t>(number) % 11));
+        paths.push_back(file);
+        paths.push_back(home.GetLibrary() / "missing.ttf");
+    }
+    const std::vector<fonts::FontFaces> together = fonts::ReadFontFacesOfFiles(paths);
+    ASSERT_EQ(paths.size(), together.size());
+    for (size_t file = 0; file < paths.size(); ++file) {
+        const fonts::FontFaces alone = fonts::ReadFontFaces(paths[file]);
+        EXPECT_EQ(alone.problem, together[file].problem) << paths[file];
+        ASSERT_EQ(alone.faces.size(), together[file].faces.size()) << paths[file];
+        for (size_t face = 0; face < alone.faces.size(); ++face) {
+            EXPECT_EQ(alone.faces[face].postScriptName, together[file].faces[face].postScriptName);
+        }
+    }
+    EXPECT_THAT(fonts::ReadFontFacesOfFiles({}), IsEmpty());
+}
+
 }  // namespace

@@ -71,6 +71,14 @@ std::string Activation::FindActiveFile(const std::string& name)
     return statement.Bind(name).Step() ? statement.GetText(0) : std::string();
 }
 
+std::map<std::string, std::string> Activation::ListActiveFiles()
+{
+    Statement statement(mDatabase, "SELECT name, MIN(file) FROM active_face GROUP BY name");
+    std::map<std::string, std::string> files;
+    while (statement.Step()) files[statement.GetText(0)] = statement.GetText(1);
+    return files;
+}
+
 std::string Activation::FindReadableFile(const std::string& name)
 {
     const std::string file = mLibrary.Find(name).value_or("");

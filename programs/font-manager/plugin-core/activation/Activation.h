@@ -92,6 +92,9 @@ public:
     // The file through which the name is active in the folder; "" if it isn't.
     std::string FindActiveFile(const std::string& name);
 
+    // The same for all names that are active.
+    std::map<std::string, std::string> ListActiveFiles();
+
     // The file by which the name was active until this object found that the file is gone; "" if
     // there is none.
     std::string FindGoneFile(const std::string& name) const;

@@ -1,6 +1,6 @@
 #include "plugin-core/library/FontLibrary.h"
 
-#include <map>
+#include <unordered_map>
 
 #include "fonts/FontFaces.h"
 #include "plugin-core/library/FontFiles.h"
@@ -17,9 +17,11 @@ struct KnownFile {
     int64_t size;
 };
 
-std::map<std::string, KnownFile> LoadKnownFiles(Database& database, const std::string& folder)
+using KnownFiles = std::unordered_map<std::string, KnownFile>;
+
+KnownFiles LoadKnownFiles(Database& database, const std::string& folder)
 {
-    std::map<std::string, KnownFile> known;
+    KnownFiles known;
     Statement statement(database,
                         "SELECT path, id, modified, size FROM font_file WHERE library = ?");
     statement.Bind(folder);
@@ -30,24 +32,30 @@ std::map<std::string, KnownFile> LoadKnownFiles(Database& database, const std::s
     return known;
 }
 
-struct ReadFile {
-    FontFileState state;
-    fonts::FontFaces content;
-};
+std::vector<fonts::FontFaces> ReadFiles(const std::vector<FontFileState>& files)
+{
+    std::vector<std::string> paths;
+    paths.reserve(files.size());
+    for (const FontFileState& file : files) paths.push_back(file.path);
+    return fonts::ReadFontFacesOfFiles(paths);
+}
 
-void Store(Database& database, const std::string& folder, const std::vector<ReadFile>& files)
+void Store(Database& database, const std::string& folder, const std::vector<FontFileState>& files,
+           const std::vector<fonts::FontFaces>& contents)
 {
     Statement addFile(database,
                       "INSERT OR REPLACE INTO font_file(library, path, modified, size, problem)"
                       " VALUES(?, ?, ?, ?, ?) RETURNING id");
     Statement addFace(database,
                       "INSERT INTO font_face(file, name, face_index, is_type1) VALUES(?, ?, ?, ?)");
-    for (const ReadFile& file : files) {
-        addFile.Bind(folder).Bind(file.state.path).Bind(file.state.modified);
-        addFile.Bind(file.state.size).Bind(file.content.problem);
+    for (size_t position = 0; position < files.size(); ++position) {
+        const fonts::FontFaces& content = contents[position];
+        const int64_t modified = content.lacksMemory ? kReadAgain : files[position].modified;
+        addFile.Bind(folder).Bind(files[position].path).Bind(modified);
+        addFile.Bind(files[position].size).Bind(content.problem);
         const int64_t id = addFile.Step() ? addFile.GetNumber(0) : 0;
         addFile.Run();
-        for (const fonts::FontFace& face : file.content.faces) {
+        for (const fonts::FontFace& face : content.faces) {
             addFace.Bind(id).Bind(face.postScriptName).Bind(static_cast<int64_t>(face.index));
             addFace.Bind(static_cast<int64_t>(face.isType1)).Run();
         }
@@ -73,7 +81,7 @@ void BindAll(Statement& statement, const std::vector<std::string>& texts)
 }
 
 // The file is below a folder, or anywhere if the prefix is "". See BindBelow.
-constexpr const char* kBelow = "substr(path, 1, length(?)) = ?";
+constexpr const char* kBelow = "(substr(path, 1, length(?)) = ?)";
 
 void BindBelow(Statement& statement, const std::string& folder)
 {
@@ -104,21 +112,20 @@ void FontLibrary::Refresh()
 
 void FontLibrary::RefreshFolder(const std::string& folder)
 {
-    std::map<std::string, KnownFile> gone = LoadKnownFiles(mDatabase, folder);
-    std::vector<ReadFile> changed;
-    // Files are read before the transaction, so that other processes don't wait for it.
-    for (const FontFileState& state : ListFontFiles(folder)) {
+    KnownFiles gone = LoadKnownFiles(mDatabase, folder);
+    std::vector<FontFileState> changed;
+    for (FontFileState& state : ListFontFiles(folder)) {
         const auto known = gone.find(state.path);
         const bool isSame = known != gone.end() && known->second.modified == state.modified &&
                             known->second.size == state.size;
         if (known != gone.end()) gone.erase(known);
-        if (isSame) continue;
-        changed.push_back({state, fonts::ReadFontFaces(state.path)});
-        if (changed.back().content.lacksMemory) changed.back().state.modified = kReadAgain;
+        if (!isSame) changed.push_back(std::move(state));
     }
     mFilesRead += static_cast<int64_t>(changed.size());
     mFilesGone += static_cast<int64_t>(gone.size());
     if (changed.empty() && gone.empty()) return;
+    // Files are read before the transaction, so that other processes don't wait for it.
+    const std::vector<fonts::FontFaces> contents = ReadFiles(changed);
     Transaction transaction(mDatabase);
     // Rows that another process has changed since then are newer, and no longer match.
     Statement remove(mDatabase,
@@ -127,7 +134,7 @@ void FontLibrary::RefreshFolder(const std::string& folder)
     for (const auto& [path, file] : gone) {
         remove.Bind(file.id).Bind(path).Bind(file.modified).Bind(file.size).Run();
     }
-    Store(mDatabase, folder, changed);
+    Store(mDatabase, folder, changed, contents);
     transaction.Commit();
 }
 
@@ -214,6 +221,23 @@ std::vector<std::string> FontLibrary::ListNames(const std::string& folder, int64
     BindBelow(statement, folder);
     statement.Bind(limit).Bind(offset);
     return GetTexts(statement);
+}
+
+std::vector<FontLibrary::NamedFile> FontLibrary::ListNamedFiles()
+{
+    Statement statement(mDatabase, std::string("SELECT name, path") + kFromFaces +
+                                       MakeInFolders(mFolders) + " ORDER BY name, NOT " + kBelow +
+                                       ", is_type1, modified DESC, path");
+    BindAll(statement, mFolders);
+    BindBelow(statement, mSelection);
+    std::vector<NamedFile> files;
+    while (statement.Step()) {
+        std::string name = statement.GetText(0);
+        // The first file of each name is the one to use.
+        if (!files.empty() && files.back().postScriptName == name) continue;
+        files.push_back({std::move(name), statement.GetText(1)});
+    }
+    return files;
 }
 
 int64_t FontLibrary::CountNames(const std::string& folder)

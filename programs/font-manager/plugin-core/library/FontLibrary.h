@@ -59,6 +59,14 @@ public:
     };
     std::vector<BadFile> ListBadFiles();
 
+    struct NamedFile {
+        std::string postScriptName;
+        std::string path;  // as from Find, or else from FindAnywhere
+    };
+
+    // Returns all names in ascending order, in one query.
+    std::vector<NamedFile> ListNamedFiles();
+
     // Returns the names in a folder and the folders below it, or in all folders for "", in
     // ascending order: at most `limit` names from position `offset`.
     std::vector<std::string> ListNames(const std::string& folder, int64_t offset, int64_t limit);

@@ -149,20 +149,47 @@ void Database::ThrowFailure() const
     throw Failure(StatusCodes::kDatabaseError, line);
 }
 
-void Statement::Finalizer::operator()(sqlite3_stmt* statement) const
+void Database::Finalizer::operator()(sqlite3_stmt* statement) const
 {
     (void)sqlite3_finalize(statement);  // repeats the error of the last step, already thrown
 }
 
-Statement::Statement(Database& database, const std::string& sql) : mDatabase(database)
+Database::Prepared Database::Prepare(const std::string& sql)
 {
-    sqlite3_stmt* statement = nullptr;
-    if (sqlite3_prepare_v2(database.GetConnection(), sql.c_str(), static_cast<int>(sql.size()),
-                           &statement, nullptr) != SQLITE_OK) {
-        database.ThrowFailure();
+    if (const auto kept = mKept.find(sql); kept != mKept.end()) {
+        Prepared statement = std::move(kept->second);
+        mKept.erase(kept);
+        return statement;
     }
-    mStatement.reset(statement);
+    sqlite3_stmt* statement = nullptr;
+    if (sqlite3_prepare_v3(GetConnection(), sql.c_str(), static_cast<int>(sql.size()),
+                           SQLITE_PREPARE_PERSISTENT, &statement, nullptr) != SQLITE_OK) {
+        ThrowFailure();
+    }
+    return Prepared(statement);
 }
+
+void Database::GiveBack(Prepared statement) noexcept
+{
+    // The program has fewer texts; those with a list of folders in them differ by its length.
+    constexpr size_t kMostKept = 100;
+    if (!statement || mKept.size() >= kMostKept) return;
+    (void)sqlite3_reset(statement.get());           // repeats the error of the last step
+    (void)sqlite3_clear_bindings(statement.get());  // never fails
+    try {
+        std::string text = sqlite3_sql(statement.get());
+        mKept.emplace(std::move(text), std::move(statement));
+    } catch (const std::bad_alloc&) {
+        // It is compiled again when it is needed again.
+    }
+}
+
+Statement::Statement(Database& database, const std::string& sql)
+    : mDatabase(database), mStatement(database.Prepare(sql))
+{
+}
+
+Statement::~Statement() { mDatabase.GiveBack(std::move(mStatement)); }
 
 Statement& Statement::Bind(const std::string& text)
 {
@@ -231,6 +258,14 @@ void Transaction::Commit()
 {
     mDatabase.Execute("COMMIT");
     mOpen = false;
+}
+
+Snapshot::Snapshot(Database& database) : mDatabase(database) { database.Execute("BEGIN"); }
+
+Snapshot::~Snapshot()
+{
+    (void)sqlite3_exec(mDatabase.GetConnection(), "COMMIT", nullptr, nullptr,
+                       nullptr);  // nothing was changed
 }
 
 }  // namespace plugincore

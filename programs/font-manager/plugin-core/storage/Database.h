@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <unordered_map>
 
 #include "plugin-core/storage/Failure.h"
 
@@ -54,17 +55,35 @@ public:
     [[noreturn]] void ThrowFailure() const;
 
 private:
+    friend class Statement;
+
     struct Closer {
         void operator()(sqlite3* connection) const;
     };
+    struct Finalizer {
+        void operator()(sqlite3_stmt* statement) const;
+    };
+    using Prepared = std::unique_ptr<sqlite3_stmt, Finalizer>;
+
+    // Compiles the text, unless a statement of this text was given back. Compiling takes much
+    // longer than looking a row up.
+    Prepared Prepare(const std::string& sql);
+
+    // Keeps a statement that has ended for the next Prepare of its text.
+    void GiveBack(Prepared statement) noexcept;
+
     std::string mFile;
     std::unique_ptr<sqlite3, Closer> mConnection;
+    std::unordered_multimap<std::string, Prepared> mKept;  // by their text
 };
 
 // A prepared statement. The database has to outlive it.
 class Statement {
 public:
     Statement(Database& database, const std::string& sql);
+    ~Statement();
+    Statement(const Statement&) = delete;
+    Statement& operator=(const Statement&) = delete;
 
     // Binds the next parameter, beginning with the first one.
     Statement& Bind(const std::string& text);
@@ -83,11 +102,8 @@ public:
     int64_t GetNumber(int column) const;
 
 private:
-    struct Finalizer {
-        void operator()(sqlite3_stmt* statement) const;
-    };
     Database& mDatabase;
-    std::unique_ptr<sqlite3_stmt, Finalizer> mStatement;
+    Database::Prepared mStatement;
     int mBound = 0;
 };
 
@@ -104,6 +120,19 @@ public:
 private:
     Database& mDatabase;
     bool mOpen = true;
+};
+
+// While it exists, statements see one state of the database, whatever other processes change, and
+// take no locks of their own. For many queries in a row; changes nothing.
+class Snapshot {
+public:
+    explicit Snapshot(Database& database);
+    ~Snapshot();
+    Snapshot(const Snapshot&) = delete;
+    Snapshot& operator=(const Snapshot&) = delete;
+
+private:
+    Database& mDatabase;
 };
 
 }  // namespace plugincore

@@ -63,31 +63,65 @@ void AddBadFiles(Services& services, FontStatus& status)
     }
 }
 
+// What fontconfig says of a name.
+struct SeenFont {
+    bool isOurs = false;
+    std::string fileOfOthers;  // "" if only Vexcor has made it active, or nobody
+};
+
+SeenFont FindSeen(const ActiveFiles& active, const std::string& name)
+{
+    SeenFont seen;
+    const auto range = active.equal_range(name);
+    std::for_each(range.first, range.second, [&](const auto& entry) {
+        seen.isOurs = seen.isOurs || entry.second.isOurs;
+        if (!entry.second.isOurs) seen.fileOfOthers = entry.second.file;
+    });
+    return seen;
+}
+
+const char* GetState(const SeenFont& seen, bool isActivated)
+{
+    if (isActivated) return seen.isOurs ? "activated" : "inactive";
+    return seen.fileOfOthers.empty() ? "inactive" : "active";
+}
+
 }  // namespace
+
+std::vector<FontState> ListStates(Services& services, const ActiveFiles& active)
+{
+    std::map<std::string, std::string> files;
+    for (auto& font : services.library.ListNamedFiles()) {
+        files.emplace(std::move(font.postScriptName), std::move(font.path));
+    }
+    const std::map<std::string, std::string> activated = services.activation.ListActiveFiles();
+    for (const auto& [name, file] : activated) files[name] = file;
+    std::vector<FontState> states;
+    states.reserve(files.size());
+    for (auto& [name, file] : files) {
+        const SeenFont seen = FindSeen(active, name);
+        const bool isActivated = activated.count(name) != 0;
+        if (!isActivated && !seen.fileOfOthers.empty()) file = seen.fileOfOthers;
+        states.push_back({name, GetState(seen, isActivated), std::move(file)});
+    }
+    return states;
+}
 
 FontStatus ExplainFont(Services& services, const ActiveFiles& active, const std::string& name)
 {
     FontStatus status;
     status.name = name;
-    bool isSeen = false;
-    std::string fileOfOthers;
-    const auto range = active.equal_range(name);
-    std::for_each(range.first, range.second, [&](const auto& entry) {
-        isSeen = isSeen || entry.second.isOurs;
-        if (!entry.second.isOurs) fileOfOthers = entry.second.file;
-    });
+    const SeenFont seen = FindSeen(active, name);
     status.otherFiles = services.library.ListFiles(name);
     status.file = services.activation.FindActiveFile(name);
+    status.state = GetState(seen, !status.file.empty());
     if (!status.file.empty()) {
-        status.state = isSeen ? "activated" : "inactive";
-        status.reason = GetReasonOfActivated(services, status, isSeen);
+        status.reason = GetReasonOfActivated(services, status, seen.isOurs);
         AddHolders(services, status);
-    } else if (!fileOfOthers.empty()) {
-        status.state = "active";
+    } else if (!seen.fileOfOthers.empty()) {
         status.reason = "installed without Vexcor, which leaves it alone";
-        status.file = fileOfOthers;
+        status.file = seen.fileOfOthers;
     } else {
-        status.state = "inactive";
         status.file =
             services.library.Find(name).value_or(services.library.FindAnywhere(name).value_or(""));
         status.reason = GetReasonOfInactive(services, status);

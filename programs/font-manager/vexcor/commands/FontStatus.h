@@ -33,6 +33,17 @@ using ActiveFiles = std::multimap<std::string, plugincore::Services::ActiveFile>
 FontStatus ExplainFont(plugincore::Services& services, const ActiveFiles& active,
                        const std::string& name);
 
+// The first members of FontStatus.
+struct FontState {
+    std::string name;
+    std::string state;
+    std::string file;
+};
+
+// The states of all fonts in the library, and of those that are active through Vexcor, in ascending
+// order of their names: as ExplainFont's, with one query for all of them. Throws Failure.
+std::vector<FontState> ListStates(plugincore::Services& services, const ActiveFiles& active);
+
 // Several lines, each with its end.
 std::string WriteStatusAsText(const FontStatus& status);
 

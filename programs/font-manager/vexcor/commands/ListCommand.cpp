@@ -1,5 +1,6 @@
 #include <algorithm>
-#include <set>
+#include <string>
+#include <vector>
 
 #include "console/Console.h"
 #include "vexcor/commands/Commands.h"
@@ -11,38 +12,33 @@ namespace {
 
 constexpr size_t kStateWidth = sizeof "activated  " - 1;  // of the longest state
 
-// The names in the library, and those that Vexcor activated and that were removed from it since.
-std::set<std::string> GetNames(plugincore::Services& services)
+std::string MakeText(plugincore::Services& services, const Options& options)
 {
-    constexpr int64_t kNoLimit = -1;
-    std::set<std::string> names = services.activation.GetActive();
-    for (std::string& name : services.library.ListNames("", 0, kNoLimit)) {
-        names.insert(std::move(name));
+    const ActiveFiles active = services.ListActiveFiles();
+    const plugincore::Snapshot snapshot(services.database);
+    const std::vector<FontState> fonts = ListStates(services, active);
+    size_t width = 0;
+    for (const FontState& font : fonts) width = std::max(width, font.name.size());
+    std::string text;
+    for (const FontState& font : fonts) {
+        if (options.json) {
+            text += WriteStatusAsJson(ExplainFont(services, active, font.name));
+            continue;
+        }
+        std::string line = console::MakePrintable(font.name);
+        line.resize(width + 2, ' ');
+        line += font.state;
+        line.resize(width + 2 + kStateWidth, ' ');
+        text += line + console::MakePrintable(font.file) + "\n";
     }
-    return names;
+    return text;
 }
 
 }  // namespace
 
 int RunListCommand(plugincore::Services& services, const Options& options)
 {
-    const std::set<std::string> names = GetNames(services);
-    const ActiveFiles active = services.ListActiveFiles();
-    size_t width = 0;
-    for (const std::string& name : names) width = std::max(width, name.size());
-    std::string text;
-    for (const std::string& name : names) {
-        const FontStatus status = ExplainFont(services, active, name);
-        if (options.json) {
-            text += WriteStatusAsJson(status);
-            continue;
-        }
-        std::string line = console::MakePrintable(name);
-        line.resize(width + 2, ' ');
-        line += status.state;
-        line.resize(width + 2 + kStateWidth, ' ');
-        text += line + console::MakePrintable(status.file) + "\n";
-    }
+    const std::string text = MakeText(services, options);
     for (const auto& bad : services.library.ListBadFiles()) {
         console::PrintError(bad.path + ": skipped: " + bad.problem);
     }

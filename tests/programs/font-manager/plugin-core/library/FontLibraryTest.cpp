@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 #include "FontTestHome.h"
 #include "plugin-core/library/LibraryFolders.h"
@@ -178,6 +179,56 @@ TEST_F(FontLibraryTest, SelectionLimitsFind)
     EXPECT_NE(std::nullopt, mLibrary.FindAnywhere("DejaVuSerif"));
     mLibrary.SetSelection("");
     EXPECT_NE(std::nullopt, mLibrary.Find("DejaVuSerif"));
+}
+
+TEST_F(FontLibraryTest, ListsTheFileToUseOfEachName)
+{
+    const fs::path house = Copy("DejaVuSans", "House");
+    const fs::path newer = Copy("DejaVuSans");
+    fs::last_write_time(house, fs::last_write_time(newer) - std::chrono::hours(1));
+    const fs::path serif = Copy("DejaVuSerif");
+    mLibrary.Refresh();
+    const auto list = [this] {
+        std::vector<std::string> files;
+        for (const auto& font : mLibrary.ListNamedFiles()) {
+            files.push_back(font.postScriptName + " " + font.path);
+        }
+        return files;
+    };
+    EXPECT_THAT(list(), testing::ElementsAre("DejaVuSans " + newer.string(),
+                                             "DejaVuSerif " + serif.string()));
+    mLibrary.SetSelection(mHome.GetLibrary() / "House");
+    EXPECT_THAT(list(), testing::ElementsAre("DejaVuSans " + house.string(),
+                                             "DejaVuSerif " + serif.string()));
+}
+
+// SQLite asks the authorizer while it compiles a statement.
+TEST_F(FontLibraryTest, StatementsAreCompiledOnce)
+{
+    int compiled = 0;
+    const auto count = [](void* sum, int, const char*, const char*, const char*, const char*) {
+        ++*static_cast<int*>(sum);
+        return SQLITE_OK;
+    };
+    (void)sqlite3_set_authorizer(mDatabase.GetConnection(), count, &compiled);
+    (void)mLibrary.Find("DejaVuSans");
+    const int once = compiled;
+    EXPECT_LT(0, once);
+    (void)mLibrary.Find("DejaVuSerif");
+    EXPECT_EQ(once, compiled);
+}
+
+TEST_F(FontLibraryTest, AStatementThatIsUsedAgainHasNoParametersOfTheFirstUse)
+{
+    const std::string sql = "SELECT ifnull(?, 'none'), ifnull(?, 'none')";
+    plugincore::Statement(mDatabase, sql).Bind("a").Bind("b").Run();
+    plugincore::Statement second(mDatabase, sql);
+    plugincore::Statement atTheSameTime(mDatabase, sql);
+    ASSERT_TRUE(second.Bind("c").Step());
+    ASSERT_TRUE(atTheSameTime.Bind("d").Step());
+    EXPECT_EQ("c", second.GetText(0));
+    EXPECT_EQ("none", second.GetText(1));
+    EXPECT_EQ("d", atTheSameTime.GetText(0));
 }
 
 TEST_F(FontLibraryTest, ListsNamesInPages)
