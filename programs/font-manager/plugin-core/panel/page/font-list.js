@@ -187,7 +187,7 @@ export class FontList {
   #wantPreviews() {
     const fonts = new Map();
     for (const [, row] of [...this.#rows].sort(([left], [right]) => left - right)) {
-      if (row.font?.id !== undefined) fonts.set(String(row.font.id), row.font);
+      if (row.font?.id) fonts.set(String(row.font.id), row.font);
     }
     this.#previews.want(fonts, (key) => {
       for (const row of this.#rows.values()) {

@@ -88,6 +88,7 @@ export class FontRow {
     text.title = "";
     if (!preview?.family) {
       text.style.fontFamily = "";
+      if (preview?.failed) text.style.fontSize = "";
       text.textContent = preview?.failed ? "No preview" : "";
       return;
     }

@@ -65,7 +65,11 @@ async function toggle(font) {
 
 async function activate(name) {
   const answer = await connection.request("activate", { fonts: [name] });
-  if (answer.missing.length > 0) throw new Error("cannot be activated");
+  if (answer.missing.length > 0) {
+    const { selected } = libraries;
+    throw new Error(selected ? `not in ${selected.name}, the only library in use`
+      : "no library has it any more, or its file cannot be read");
+  }
   fonts.setState([name], "activated");
   notices.say(`${name} is active`);
 }
@@ -114,9 +118,12 @@ function showLibrary(library) {
 }
 
 function describeLibrary(library) {
-  $("place").textContent = library?.name ?? "All fonts";
-  $("place-detail").textContent = library?.path ?? "";
+  const { selected, allName } = libraries;
+  const all = selected ? `The fonts of ${selected.name} only` : "The fonts of all libraries";
+  $("place").textContent = library?.name ?? allName;
+  $("place-detail").textContent = library?.path ?? all;
   $("place-actions").hidden = !library;
+  $("remove-library").hidden = !library?.removable;
   $("use-only").setAttribute("aria-pressed", String(Boolean(library?.selected)));
 }
 

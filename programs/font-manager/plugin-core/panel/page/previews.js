@@ -22,11 +22,11 @@ export class Previews {
     this.#token = token;
   }
 
-  // Returns { family, characters } if the font is loaded, { failed: true } if it cannot be, else
-  // null.
+  // Returns { family, characters } if the font is loaded, { failed: true } if it cannot be or has
+  // no id, else null.
   get(font) {
     const key = String(font.id);
-    if (this.#failed.has(key)) return { failed: true };
+    if (!key || this.#failed.has(key)) return { failed: true };
     const loaded = this.#faces.get(key);
     if (!loaded) return null;
     this.#faces.delete(key);

@@ -20,8 +20,18 @@ export class Libraries {
     this.#onShow = onShow;
   }
 
+  // The library that fonts for documents are taken from, undefined for all.
+  get selected() {
+    return this.#libraries.find(({ selected }) => selected);
+  }
+
   get shown() {
     return this.#libraries.find(({ path }) => path === this.#shown);
+  }
+
+  // The server lists the fonts that are in use if it isn't asked for a library.
+  get allName() {
+    return this.selected ? "Fonts in use" : "All fonts";
   }
 
   set(libraries) {
@@ -38,7 +48,7 @@ export class Libraries {
 
   #draw() {
     const focused = document.activeElement?.dataset?.path;
-    const all = { name: "All fonts", path: "" };
+    const all = { name: this.allName, path: "" };
     const rows = [all, ...this.#libraries].map((library) => this.#makeRow(library));
     this.#list.replaceChildren(...rows);
     if (focused === undefined) return;
@@ -99,8 +109,9 @@ export class Documents {
     summary.dataset.key = key;
     summary.title = path ?? "";
     const count = `${fonts.length} ${fonts.length === 1 ? "font" : "fonts"}`;
-    summary.append(text("name", name || path || "Untitled"), text("number", count));
+    summary.append(text("name", name || path || "Untitled"));
     if (missing > 0) summary.append(text("mark missing", `${missing} missing`));
+    else summary.append(text("number", count));
     const list = document.createElement("ul");
     for (const font of fonts) list.append(this.#makeFont(font, key));
     details.append(summary, list, text("program", `open in ${process}`));
