@@ -39,6 +39,23 @@ export function makeFont(family, seed, postScriptName = `${family}-Regular`) {
   });
 }
 
+// Returns a collection with the fonts as its faces.
+export function makeCollection(fonts) {
+  const head = 12 + 4 * fonts.length;
+  const starts = fonts.map((_, index) =>
+    fonts.slice(0, index).reduce((place, font) => place + font.length, head));
+  const faces = fonts.map((font, index) => {
+    const face = Buffer.from(font);
+    // In a collection, tables are found from the beginning of the file.
+    for (let row = 0; row < face.readUInt16BE(4); ++row) {
+      const at = 12 + 16 * row + 8;
+      face.writeUInt32BE(face.readUInt32BE(at) + starts[index], at);
+    }
+    return face;
+  });
+  return Buffer.concat([Buffer.from("ttcf"), longs([0x10000, fonts.length, ...starts]), ...faces]);
+}
+
 // Spreads numbers that are near each other.
 function mix(number) {
   let mixed = Math.imul(number + 1, 0x9e3779b1);
