@@ -17,8 +17,8 @@ export class Connection {
   #delay = FIRST_DELAY;
   #timer = 0;
 
-  // onState(state, seconds): "connecting", "open", "busy" (no answer for a while), "lost" (the next
-  // attempt is in `seconds`) or "refused", which is final. onEvent(event): an event's object.
+  // onState(state): "connecting", "open", "busy" (no answer for a while), "lost" (another attempt
+  // follows) or "refused", which is final. onEvent(event): an event's object.
   constructor(token, onState, onEvent) {
     this.#token = token;
     this.#onState = onState;
@@ -102,7 +102,7 @@ export class Connection {
   }
 
   #wait() {
-    this.#onState("lost", this.#delay / 1000);
+    this.#onState("lost");
     this.#timer = setTimeout(() => this.open(), this.#delay);
     this.#delay = Math.min(this.#delay * 2, LONGEST_DELAY);
   }

@@ -137,8 +137,8 @@ function receiveEvent({ event, activated = [], deactivated = [] }) {
   changeTimer = setTimeout(() => connection.isOpen && loadAll(), CHANGE_DELAY);
 }
 
-function showConnection(state, seconds) {
-  if (state === shownState && state !== "lost") return;
+function showConnection(state) {
+  if (state === shownState) return;
   const wasServed = shownState === "open" || shownState === "busy";
   shownState = state;
   document.documentElement.dataset.connection = state;
@@ -158,9 +158,10 @@ function showConnection(state, seconds) {
       loadAll();
     }
   } else if (state === "lost") {
-    const wait = seconds < 1 ? "in a moment" : `in ${Math.round(seconds)} s`;
-    notices.keep("connection", `The connection is lost. The next attempt is ${wait}.`,
-      "Try now", () => connection.open());
+    // The same words at each attempt, so that screen readers say them once.
+    notices.keep("connection", "The connection is lost. This page tries again every few seconds; " +
+      "if the program has ended, open the panel from it again.", "Try now",
+      () => connection.open());
   } else if (state === "refused") {
     notices.keep("connection", "This page's token was refused. " +
       "Open the panel again from the program, or with “Vexcor panel”.");
