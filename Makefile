@@ -94,7 +94,7 @@ test-corpus:
 # Plays the panel's page in Debian's Chromium. Pictures of it are in build/panel-test.
 test-panel: stage
 	@tools/bootstrap --panel
-	node --test tests/panel/
+	node --test tests/panel/page.test.mjs tests/panel/panel.test.mjs
 
 # Runs each fuzzer of the document readers for FUZZ_SECONDS, from seeds that are generated.
 FUZZ_SECONDS = 30
