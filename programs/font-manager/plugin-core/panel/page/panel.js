@@ -222,6 +222,11 @@ document.addEventListener("keydown", (event) => {
   $("search").select();
 });
 
+// Browsers slow the timers of a page down that isn't seen.
+document.addEventListener("visibilitychange", () => {
+  if (!document.hidden && shownState === "lost") connection.open();
+});
+
 // The address with another token was opened in this tab.
 window.addEventListener("hashchange", () => takeToken() && location.reload());
 
