@@ -121,7 +121,7 @@ describe("the panel's page", () => {
     assert.equal(state.sockets.length, 1);
   });
 
-  test("says that the connection is lost, and shows the present state when it is back", async () => {
+  test("says that the connection is lost, and shows the present state after it", async () => {
     const fonts = makeFonts(3);
     const state = await open(serveFonts(fonts));
     await findRow(page, "Probe0-Regular").waitFor();
