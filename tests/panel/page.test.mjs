@@ -82,6 +82,21 @@ describe("the panel's page", () => {
     assert.ok(await page.evaluate(() => document.fonts.size) <= 130);
   });
 
+  test("fills an empty list", async () => {
+    const fonts = [];
+    const state = await open((request) => serveFonts(fonts)(request));
+    await page.getByText("There are no fonts here.").waitFor();
+    fonts.push(...makeFonts(2));
+    state.sockets[0].send('{"event":"libraries"}');
+    await findRow(page, "Probe1-Regular").waitFor();
+    fonts.length = 0;
+    state.sockets[0].send('{"event":"libraries"}');
+    await page.getByText("There are no fonts here.").waitFor();
+    fonts.push(...makeFonts(3));
+    await page.getByLabel("Search fonts").fill("Probe");
+    await findRow(page, "Probe2-Regular").waitFor();
+  });
+
   test("keeps a bounded number of fonts", async () => {
     await open(serveFonts(makeFonts(2000)));
     const grid = page.getByRole("grid");

@@ -65,7 +65,6 @@ export class FontList {
       part.isStale = true;
       part.isLoading = false;
     }
-    if (this.#parts.size === 0) this.#load(0);
     this.#draw();
   }
 
@@ -163,7 +162,8 @@ export class FontList {
       row.setCurrent(index === this.#cursor);
       row.setFont(this.#getFont(index), this.#previews);
     }
-    for (let part = Math.floor(first / PART); part * PART < end; ++part) {
+    // The first part is asked for even if the list was empty.
+    for (let part = Math.floor(first / PART); part * PART < Math.max(end, 1); ++part) {
       const known = this.#parts.get(part);
       if (!known || (known.isStale && !known.isLoading)) this.#load(part);
     }
