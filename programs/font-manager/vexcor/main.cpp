@@ -61,6 +61,8 @@ int RunCommand(const vexcor::Options& options)
             return RunWithServices(options, vexcor::RunWhyCommand);
         case vexcor::Command::kRepair:
             return vexcor::RunRepairCommand();
+        case vexcor::Command::kPanel:
+            return vexcor::RunPanelCommand(options);
     }
     return vexcor::kWrongUse;
 }
