@@ -98,6 +98,11 @@ test-corpus:
 	tools/check-corpus build/dev/programs/headless-host/headless-host \
 	    build/dev/tests/libraries/documents/document-fonts .deps/corpus docs/CORPUS.md
 
+# Plays the panel's page in Debian's Chromium. Pictures of it are in build/panel-test.
+test-panel: stage
+	@tools/bootstrap --panel
+	node --test tests/panel/page.test.mjs tests/panel/panel.test.mjs
+
 # Runs each fuzzer of the document readers for FUZZ_SECONDS, from seeds that are generated.
 FUZZ_SECONDS = 30
 test-fuzz: bootstrap

@@ -9,29 +9,47 @@
 
 #include "base/FileDescriptor.h"
 
-// A client of the panel's socket. Non-blocking.
+// A client of the panel's port: a WebSocket, or an HTTP client. Non-blocking.
 class AttackingClient {
 public:
-    // Throws std::runtime_error if the connection cannot be opened.
-    explicit AttackingClient(int port);
+    // Connects and queues the request. Throws std::runtime_error if the connection cannot be
+    // opened.
+    AttackingClient(int port, const std::string& request);
 
-    // Sends the line as soon as the socket takes it.
-    void Queue(const std::string& line) { mOutput += line + "\n"; }
+    // Sends the message as soon as the socket takes it and the server has accepted the handshake.
+    void Queue(const std::string& message);
     void Send();
     void EndOutput();
 
-    // Returns the lines that have arrived completely since the last call.
-    std::vector<std::string> ReadLines();
+    // Returns the messages that have arrived completely since the last call.
+    std::vector<std::string> ReadMessages();
+
+    // Sends the bytes as they are.
+    void SendBytes(const std::string& bytes);
+
+    // Whether the server has closed the connection, and whether it has answered with status 200
+    // before. Send looks for that.
+    bool HasEnded() const { return mHasEnded; }
+    bool IsServed() const { return mIsServed; }
 
 private:
+    void Read();
+    void ReadHandshake();
+
     base::FileDescriptor mSocket;
     std::string mInput;
     std::string mOutput;
+    std::string mFrames;  // for mOutput after the handshake
+    bool mIsOpen = false;
+    bool mHasEnded = false;
+    bool mIsServed = false;
 };
 
 struct PanelPlace {
     int port = 0;
-    std::string tokenLine;
+    std::string handshake;  // the request for a WebSocket
+    std::string tokenMessage;
+    std::string pageRequest;
     std::vector<std::string> names;  // the fonts of the library
 };
 

@@ -119,7 +119,12 @@ int Run(int count, char** arguments)
     const Framework core(arguments[1]);
     PanelPlace place;
     place.port = core.GetPort();
-    place.tokenLine = home.MakeTokenLine();
+    place.tokenMessage = home.MakeTokenMessage();
+    const std::string host = " HTTP/1.1\r\nHost: 127.0.0.1:" + std::to_string(place.port) + "\r\n";
+    place.pageRequest = "GET /" + host + "\r\n";
+    place.handshake = "GET /socket" + host +
+                      "Upgrade: websocket\r\nConnection: Upgrade\r\nSec-WebSocket-Version: 13\r\n"
+                      "Sec-WebSocket-Key: dGhlIHNhbXBsZSBub25jZQ==\r\n\r\n";
     place.names = home.GetNames();
     std::printf(
         "| attack | ticks | longest tick, ms | of the thread, ms | ticks that waited | served "

@@ -86,7 +86,7 @@ PanelHome::~PanelHome()
     fs::remove_all(mFolder, error);
 }
 
-std::string PanelHome::MakeTokenLine() const
+std::string PanelHome::MakeTokenMessage() const
 {
     return "{\"token\":\"" + ReadFile(mFolder / "state/Corvanta/panel-token") + "\"}";
 }

@@ -18,8 +18,8 @@ public:
     // The PostScript names of the library.
     const std::vector<std::string>& GetNames() const { return mNames; }
 
-    // The line with the token of the panel, without the line feed. Throws std::runtime_error.
-    std::string MakeTokenLine() const;
+    // The message with the token of the panel. Throws std::runtime_error.
+    std::string MakeTokenMessage() const;
 
 private:
     std::filesystem::path mFolder;

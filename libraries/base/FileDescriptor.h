@@ -27,6 +27,9 @@ public:
     int Get() const { return mDescriptor; }
     bool IsValid() const { return mDescriptor >= 0; }
 
+    // Returns the descriptor, which the caller owns from now on.
+    int Release() { return std::exchange(mDescriptor, -1); }
+
     // Closes the descriptor. Returns the error of close(2), with which written data can be lost;
     // the descriptor is gone all the same. Without a descriptor it does nothing and returns no
     // error.

@@ -19,7 +19,6 @@ Core& GetCore()
 Core::Running::Running(const Locations& places, Settings& settings)
     : services(places), documents(services), commands(services, documents, settings, [this] {
           watch.SetFolders(services.folders.GetFolders());
-          if (panel) panel->AnnounceLibraryChange();
       })
 {
     (void)services.Start();  // the host has no use for the list of repairs; Vexcor logs it
@@ -80,7 +79,6 @@ void Core::Idle()
     }
     mRunning->documents.ReleaseClosed();
     if (!mRunning->watch.HasChanged()) return;
-    if (mRunning->panel) mRunning->panel->AnnounceLibraryChange();
     if (!mRebuild) return;
     // The journal has no line about an idle event. This one is before those of the calls of the
     // callback.

@@ -63,6 +63,8 @@ int RunCommand(const vexcor::Options& options)
             return RunWithServices(options, vexcor::RunWithCommand);
         case vexcor::Command::kRepair:
             return vexcor::RunRepairCommand();
+        case vexcor::Command::kPanel:
+            return vexcor::RunPanelCommand(options);
     }
     return vexcor::kWrongUse;
 }

@@ -1,126 +1,151 @@
 #include "panel/PanelConnection.h"
 
-#include <netinet/in.h>
-#include <poll.h>
-#include <sys/socket.h>
-#include <unistd.h>
+#include <boost/asio/io_context.hpp>
+#include <boost/asio/ip/tcp.hpp>
+#include <boost/beast/core/buffers_to_string.hpp>
+#include <boost/beast/core/flat_buffer.hpp>
+#include <boost/beast/websocket.hpp>
+#include <chrono>
+#include <deque>
 
-#include <array>
-#include <cerrno>
-#include <system_error>
+namespace net = boost::asio;
+namespace beast = boost::beast;
+namespace websocket = boost::beast::websocket;
+using ErrorCode = boost::beast::error_code;
 
 namespace headless {
 
 namespace {
 
-std::string Describe(int code) { return std::generic_category().message(code); }
-
-bool IsForLater(int code) { return code == EAGAIN || code == EWOULDBLOCK || code == EINTR; }
+constexpr std::size_t kMostInAStep = std::size_t{64} << 10U;  // bytes to mask and send
 
 }  // namespace
 
+// The handlers refer to this object. They are called by Pump alone, and deleted with the context.
+class PanelConnection::Socket {
+public:
+    explicit Socket(int port) : mName("127.0.0.1:" + std::to_string(port))
+    {
+        mStream.read_message_max(kMaximumBuffer);
+        mStream.auto_fragment(false);
+        mStream.write_buffer_bytes(kMostInAStep);
+        const net::ip::tcp::endpoint server(net::ip::address_v4::loopback(),
+                                            static_cast<unsigned short>(port));
+        mStream.next_layer().async_connect(server, [this](ErrorCode error) {
+            if (error) return Fail(error);
+            mStream.async_handshake(mAnswer, mName, "/socket",
+                                    [this](ErrorCode code) { OnOpen(code); });
+        });
+    }
+
+    void Queue(const std::string& message)
+    {
+        mOutput.push_back(message);
+        Send();
+    }
+
+    void Pump(int milliseconds)
+    {
+        mContext.restart();  // it stops when no operation is left
+        if (mContext.poll() != 0 || milliseconds == 0) return;
+        (void)mContext.run_one_for(std::chrono::milliseconds(milliseconds));
+        (void)mContext.poll();  // both numbers of steps don't matter
+    }
+
+    std::optional<std::string> Take()
+    {
+        if (mInput.empty()) return std::nullopt;
+        std::string message = std::move(mInput.front());
+        mInput.pop_front();
+        mInputBytes -= message.size();
+        return message;
+    }
+
+    const std::string& GetError() const { return mError; }
+
+private:
+    void OnOpen(ErrorCode error)
+    {
+        if (error == websocket::error::upgrade_declined) {
+            return Fail("the server refuses a WebSocket: HTTP status " +
+                        std::to_string(mAnswer.result_int()));
+        }
+        if (error) return Fail(error);
+        mIsOpen = true;
+        mStream.text(true);
+        Receive();
+        Send();
+    }
+
+    void Send()
+    {
+        if (!mIsOpen || mIsSending || mOutput.empty() || !mError.empty()) return;
+        mIsSending = true;
+        // A failure shows in the read that waits, after messages that may explain it.
+        mStream.async_write(net::buffer(mOutput.front()), [this](ErrorCode error, std::size_t) {
+            mIsSending = false;
+            if (error) return;
+            mOutput.pop_front();
+            Send();
+        });
+    }
+
+    void Receive()
+    {
+        mStream.async_read(mBuffer, [this](ErrorCode error, std::size_t) {
+            if (error) return Fail(error);
+            mInput.push_back(beast::buffers_to_string(mBuffer.data()));
+            mInputBytes += mInput.back().size();
+            mBuffer.consume(mBuffer.size());
+            if (mInputBytes > kMaximumBuffer) {
+                mInput.clear();
+                return Fail("the answer is too long");
+            }
+            Receive();
+        });
+    }
+
+    void Fail(ErrorCode error)
+    {
+        if (error == websocket::error::message_too_big) return Fail("the answer is too long");
+        const bool isEnd = error == websocket::error::closed || error == net::error::eof ||
+                           error == beast::http::error::end_of_stream;
+        if (!isEnd) return Fail(error.message());
+        Fail(mBuffer.size() == 0 ? "the connection was closed"
+                                 : "the connection was closed in the middle of a message");
+    }
+    void Fail(const std::string& reason) { mError = mName + ": " + reason; }
+
+    net::io_context mContext{1};
+    websocket::stream<net::ip::tcp::socket> mStream{mContext};
+    std::string mName;
+    websocket::response_type mAnswer;  // to the handshake
+    beast::flat_buffer mBuffer;
+    std::deque<std::string> mInput;
+    std::size_t mInputBytes = 0;
+    std::deque<std::string> mOutput;
+    bool mIsOpen = false;
+    bool mIsSending = false;
+    std::string mError;
+};
+
+PanelConnection::PanelConnection(std::unique_ptr<Socket> socket) : mSocket(std::move(socket)) {}
+PanelConnection::~PanelConnection() = default;
+
 std::unique_ptr<PanelConnection> PanelConnection::Open(int port, std::string& error)
 {
-    const std::string name = "127.0.0.1:" + std::to_string(port);
-    const int handle = socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
-    if (handle < 0) {
-        error = name + ": " + Describe(errno);
+    try {
+        return std::unique_ptr<PanelConnection>(
+            new PanelConnection(std::make_unique<Socket>(port)));
+    } catch (const std::exception& exception) {
+        error = "127.0.0.1:" + std::to_string(port) + ": " + exception.what();
         return nullptr;
     }
-    std::unique_ptr<PanelConnection> connection(new PanelConnection(handle, name));
-    sockaddr_in address = {};
-    address.sin_family = AF_INET;
-    address.sin_port = htons(static_cast<in_port_t>(port));
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    if (connect(handle, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0) {
-        connection->mIsConnected = true;
-    } else if (errno != EINPROGRESS && errno != EINTR) {
-        error = name + ": " + Describe(errno);
-        return nullptr;
-    }
-    return connection;
 }
 
-PanelConnection::PanelConnection(int socket, std::string name)
-    : mSocket(socket), mName(std::move(name))
-{
-}
-
-PanelConnection::~PanelConnection()
-{
-    (void)close(mSocket);  // errors of pending data don't matter any more
-}
-
-void PanelConnection::Pump(int milliseconds)
-{
-    if (!mError.empty()) return;
-    pollfd waited = {mSocket, POLLIN, 0};
-    if (!mIsConnected || !mOutput.empty()) waited.events |= POLLOUT;
-    // After an interrupted wait, the next call tries again.
-    if (poll(&waited, 1, milliseconds) <= 0) return;
-    if (!mIsConnected) FinishConnecting();
-    if (mIsConnected && mError.empty()) Send();
-    if (mIsConnected && mError.empty()) Receive();
-}
-
-std::optional<std::string> PanelConnection::TakeLine()
-{
-    const std::size_t end = mInput.find('\n');
-    if (end == std::string::npos) return std::nullopt;
-    std::string line = mInput.substr(0, end);
-    mInput.erase(0, end + 1);
-    return line;
-}
-
-void PanelConnection::FinishConnecting()
-{
-    int code = 0;
-    socklen_t size = sizeof code;
-    if (getsockopt(mSocket, SOL_SOCKET, SO_ERROR, &code, &size) != 0) code = errno;
-    mIsConnected = code == 0;
-    if (!mIsConnected) Fail(Describe(code));
-}
-
-void PanelConnection::Send()
-{
-    while (!mOutput.empty()) {
-        const ssize_t count = send(mSocket, mOutput.data(), mOutput.size(), MSG_NOSIGNAL);
-        if (count < 0) {
-            const int code = errno;
-            if (IsForLater(code)) return;
-            // Lines that the server sent before it closed the connection may explain the failure.
-            Receive();
-            if (mError.empty()) Fail(Describe(code));
-            return;
-        }
-        mOutput.erase(0, static_cast<std::size_t>(count));
-    }
-}
-
-void PanelConnection::Receive()
-{
-    std::array<char, 65536> part;
-    while (true) {
-        const ssize_t count = recv(mSocket, part.data(), part.size(), 0);
-        if (count < 0) {
-            if (!IsForLater(errno)) Fail(Describe(errno));
-            return;
-        }
-        if (count == 0) {
-            const bool isHalfLine = !mInput.empty() && mInput.back() != '\n';
-            Fail(isHalfLine ? "the connection was closed in the middle of a line"
-                            : "the connection was closed");
-            return;
-        }
-        mInput.append(part.data(), static_cast<std::size_t>(count));
-        if (mInput.size() > kMaximumBuffer) {
-            mInput.clear();
-            Fail("the answer is too long");
-            return;
-        }
-    }
-}
-
-void PanelConnection::Fail(const std::string& reason) { mError = mName + ": " + reason; }
+void PanelConnection::Queue(const std::string& message) { mSocket->Queue(message); }
+void PanelConnection::Pump(int milliseconds) { mSocket->Pump(milliseconds); }
+std::optional<std::string> PanelConnection::TakeMessage() { return mSocket->Take(); }
+const std::string& PanelConnection::GetError() const { return mSocket->GetError(); }
 
 }  // namespace headless

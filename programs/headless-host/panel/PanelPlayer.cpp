@@ -86,20 +86,20 @@ std::string ReadToken()
 nlohmann::json Receive(PanelConnection& connection, const std::string& awaited,
                        const std::function<void()>& tick, int& ticks)
 {
-    std::optional<std::string> line = connection.TakeLine();
-    while (!line && connection.GetError().empty()) {
+    std::optional<std::string> message = connection.TakeMessage();
+    while (!message && connection.GetError().empty()) {
         if (ticks++ == PanelPlayer::kMaximumTicks) {
             throw Failure{"no answer to " + awaited + WithinTicks()};
         }
         connection.Pump(0);
         tick();
         connection.Pump(kBetweenTicks);
-        line = connection.TakeLine();
+        message = connection.TakeMessage();
     }
-    if (!line) throw Failure{"no answer to " + awaited + ": " + connection.GetError()};
-    nlohmann::json answer = nlohmann::json::parse(*line, nullptr, false);
+    if (!message) throw Failure{"no answer to " + awaited + ": " + connection.GetError()};
+    nlohmann::json answer = nlohmann::json::parse(*message, nullptr, false);
     if (!answer.is_object()) {
-        throw Failure{"the answer to " + awaited + " is not a JSON object: " + Quote(*line)};
+        throw Failure{"the answer to " + awaited + " is not a JSON object: " + Quote(*message)};
     }
     return answer;
 }
@@ -115,7 +115,8 @@ void PresentToken(PanelConnection& connection, const std::function<void()>& tick
     }
 }
 
-// The request as a line. `number`, from 1, is for the error line: a request that isn't UTF-8 fails.
+// The request as a message. `number`, from 1, is for the error line: a request that isn't UTF-8
+// fails.
 std::string Write(const nlohmann::json& request, std::size_t number)
 {
     try {

@@ -1,73 +1,76 @@
 #pragma once
 
-#include <deque>
-#include <functional>
+#include <cstdint>
+#include <memory>
 #include <string>
+#include <vector>
 
+#include "base/FileDescriptor.h"
 #include "plugin-core/panel/PanelQueue.h"
-#include "plugin-core/panel/PanelSocket.h"
 
 namespace plugincore {
 
-// One client of the panel's socket. Its first line must present the token; then its requests are
-// served one after the other. Any violation of the protocol closes the connection after a last
-// line. Non-blocking.
-class PanelClient {
+// What the clients of one server share.
+struct PanelContext {
+    uint16_t port = 0;
+    std::string token;
+    int64_t now = 0;                            // milliseconds of the server's clock
+    std::vector<PanelQueue::Request> requests;  // for the queue; clients append theirs
+};
+
+// Performs the operations of all clients, step by step. A step takes some microseconds and moves
+// the bytes of PanelLimits at most. Non-blocking.
+class PanelLoop {
 public:
-    // `number` identifies the client. `now` is the time in milliseconds of the server's clock, here
-    // and below.
-    PanelClient(PanelConnection connection, uint64_t number, int64_t now);
+    PanelLoop();
+    ~PanelLoop();
+    PanelLoop(const PanelLoop&) = delete;
+    PanelLoop& operator=(const PanelLoop&) = delete;
 
-    // Queues a request, whose answer arrives by Answer. The line has no line feed.
-    using Submit = std::function<void(std::string line)>;
-
-    // Receives, reads one line and sends as much as is possible now, within the limits of one step.
-    // Returns false if the caller has to delete this client.
-    bool Step(const std::string& token, const Submit& submit, int64_t now);
-
-    // Queues the answer to the request that was submitted last.
-    void Answer(const PanelLine& line, bool subscribes);
-
-    // Queues a line, which Step sends.
-    void Queue(const PanelLine& line);
-
-    // Sends the refusal, as far as that is possible without waiting. The caller has to delete this
-    // client then.
-    void Reject();
-
-    uint64_t GetNumber() const { return mNumber; }
-    bool HasToken() const { return mPhase == Phase::kServed; }
-    bool IsSubscriber() const { return HasToken() && mSubscribed; }
+    // Performs one step. Returns false if none is possible now.
+    bool Step();
 
 private:
-    enum class Phase {
-        kNew,      // hasn't presented the token
-        kServed,   // its requests are served
-        kLeaving,  // receives its last line; its input is discarded
-        kGone,     // closed, or about to be
-    };
+    friend class PanelClient;
+    struct State;
+    std::unique_ptr<State> mState;
+};
 
-    bool TakeLine(std::string& line);
-    void QueueText(std::string text);
-    void Authenticate(const std::string& token, int64_t now);
-    void SubmitRequest(const Submit& submit, int64_t now);
-    void Refuse(const std::string& error, int64_t now);
-    void Leave();
-    void Flush();
+// One connection to the panel's port: an HTTP request with its answer, or a WebSocket, whose first
+// message must present the token; then its requests are served one after the other. Any violation
+// of the protocol closes the connection. Non-blocking: PanelLoop::Step does the work.
+class PanelClient {
+public:
+    // `number` identifies the client. Loop and context have to outlive this object.
+    PanelClient(PanelLoop& loop, PanelContext& context, base::FileDescriptor socket,
+                uint64_t number);
 
-    PanelConnection mConnection;
-    uint64_t mNumber;
-    Phase mPhase = Phase::kNew;
-    bool mSubscribed = false;
-    bool mIsAwaitingAnswer = false;
-    bool mInputEnded = false;
-    bool mOutputEnded = false;
-    int64_t mSince;  // start of the time that the phase may take
-    size_t mDiscarded = 0;
-    std::string mInput;
-    std::deque<PanelLine> mOutput;
-    size_t mOutputBytes = 0;  // not sent yet
-    size_t mSent = 0;         // bytes of the first line
+    // Closes the connection.
+    ~PanelClient();
+    PanelClient(PanelClient&&) noexcept;
+    PanelClient& operator=(PanelClient&&) = delete;
+
+    // Queues the answer to the request that the client submitted last.
+    void Answer(const PanelQueue::Result& result);
+
+    // Queues a message.
+    void Queue(const PanelMessage& message);
+
+    // Refuses the client, as far as that is possible without waiting. The caller has to delete this
+    // object then.
+    void Reject();
+
+    // Closes the connection if a time limit has passed. Returns false if the connection is closed
+    // and the caller has to delete this object.
+    bool CheckTime();
+
+    uint64_t GetNumber() const;
+    bool HasToken() const;
+    bool IsSubscriber() const;
+
+private:
+    class Session;
+    std::shared_ptr<Session> mSession;
 };
 
 }  // namespace plugincore

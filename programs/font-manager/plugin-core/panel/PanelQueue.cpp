@@ -6,7 +6,7 @@
 namespace plugincore {
 namespace {
 
-constexpr const char* kOutOfMemory = "{\"error\":\"out of memory\",\"ok\":false}\n";
+constexpr const char* kOutOfMemory = "{\"error\":\"out of memory\",\"ok\":false}";
 
 }  // namespace
 
@@ -30,11 +30,32 @@ void PanelQueue::LookForEvents(Result& result)
 {
     try {
         for (std::string& event : mProtocol.TakeEvents()) {
-            event += '\n';
             result.events.push_back(std::make_shared<const std::string>(std::move(event)));
         }
     } catch (const std::exception& failure) {
         result.failure = failure.what();
+    }
+}
+
+void PanelQueue::Serve(const Request& request, Result& result)
+{
+    try {
+        if (request.isFont) {
+            constexpr int kFailed = 500;
+            result.font = std::make_shared<PanelFontPiece>();
+            result.font->status = kFailed;  // unless the next line returns
+            *result.font = mProtocol.ReadFont(request.text, request.offset);
+            return;
+        }
+        if (request.client != 0) {
+            PanelProtocol::Answer answer = mProtocol.Serve(request.text);
+            result.answer = std::make_shared<const std::string>(std::move(answer.text));
+            result.subscribes = answer.subscribes;
+        }
+        // A new subscriber isn't told of changes before its subscription: they are events now.
+        if (request.client == 0 || result.subscribes) LookForEvents(result);
+    } catch (const std::exception&) {
+        if (!request.isFont) result.answer = std::make_shared<const std::string>(kOutOfMemory);
     }
 }
 
@@ -49,18 +70,7 @@ bool PanelQueue::ServeNext()
     }
     Result result;
     result.client = request.client;
-    try {
-        if (request.client != 0) {
-            PanelProtocol::Answer answer = mProtocol.Serve(request.line);
-            answer.line += '\n';
-            result.answer = std::make_shared<const std::string>(std::move(answer.line));
-            result.subscribes = answer.subscribes;
-        }
-        // A new subscriber isn't told of changes before its subscription: they are events now.
-        if (request.client == 0 || result.subscribes) LookForEvents(result);
-    } catch (const std::exception&) {
-        result.answer = std::make_shared<const std::string>(kOutOfMemory);
-    }
+    Serve(request, result);
     const std::lock_guard<std::mutex> lock(mMutex);
     mResults.push_back(std::move(result));
     return true;

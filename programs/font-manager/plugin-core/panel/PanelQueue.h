@@ -8,12 +8,13 @@
 #include <string>
 #include <vector>
 
+#include "plugin-core/panel/PanelFontFile.h"
 #include "plugin-core/panel/PanelProtocol.h"
 
 namespace plugincore {
 
-// A line with its line feed, shared by all clients that receive it.
-using PanelLine = std::shared_ptr<const std::string>;
+// Bytes to send, shared by all clients that receive them: a message, or a part of an HTTP answer.
+using PanelMessage = std::shared_ptr<const std::string>;
 
 // The requests that wait to be served and the answers that wait to be sent. A tick of the host only
 // puts requests in and takes answers out. ServeNext, which reads the database, fontconfig and font
@@ -25,16 +26,19 @@ public:
     explicit PanelQueue(PanelProtocol& protocol) : mProtocol(protocol) {}
 
     struct Result {
-        uint64_t client = 0;            // as in the request
-        PanelLine answer;               // null for client 0
-        bool subscribes = false;        // the client receives events that come after this result
-        std::vector<PanelLine> events;  // for the clients that subscribed before this result
-        std::string failure;            // why changes couldn't be looked for; otherwise ""
+        uint64_t client = 0;  // as in the request
+        PanelMessage answer;  // null for client 0 and for fonts
+        std::shared_ptr<PanelFontPiece> font;
+        bool subscribes = false;           // the client receives events that come after this result
+        std::vector<PanelMessage> events;  // for the clients that subscribed before this result
+        std::string failure;               // why changes couldn't be looked for; otherwise ""
     };
 
     struct Request {
         uint64_t client = 0;  // identifies the client; 0 asks for a look for events
-        std::string line;     // without the line feed
+        std::string text;     // the message, or the id of the font
+        bool isFont = false;  // asks for a piece of a font file, from `offset` on
+        uint64_t offset = 0;
     };
 
     // Queues the requests and empties `requests`. Returns the results since the last call. Never
@@ -51,6 +55,7 @@ public:
     void Stop();
 
 private:
+    void Serve(const Request& request, Result& result);
     void LookForEvents(Result& result);
 
     PanelProtocol& mProtocol;

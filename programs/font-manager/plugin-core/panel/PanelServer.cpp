@@ -9,8 +9,10 @@
 namespace plugincore {
 
 PanelServer::PanelServer(PanelQueue& queue, std::string token, Clock clock)
-    : mQueue(queue), mToken(std::move(token)), mClock(std::move(clock))
+    : mQueue(queue), mClock(std::move(clock))
 {
+    mContext.port = GetPort();
+    mContext.token = std::move(token);
 }
 
 int64_t PanelServer::GetSteadyMilliseconds()
@@ -33,13 +35,14 @@ bool PanelServer::MakeRoom()
     return true;
 }
 
-void PanelServer::AcceptClients(const PanelBudget& budget, int64_t now)
+void PanelServer::AcceptClients(const PanelBudget& budget)
 {
     for (size_t accepted = 0; accepted < PanelLimits::kNewClientsInATick; ++accepted) {
         if (accepted > 0 && budget.IsSpent()) return;
-        std::optional<PanelConnection> connection = mListener.Accept();
-        if (!connection) return;
-        PanelClient client(*std::move(connection), ++mLastNumber, now);
+        base::FileDescriptor socket = mListener.Accept();
+        if (!socket.IsValid()) return;
+        PanelClient client(mLoop, mContext, std::move(socket), ++mLastNumber);
+        mMayHaveSteps = true;
         if (MakeRoom()) {
             mClients.push_back(std::move(client));
         } else {
@@ -54,29 +57,24 @@ bool PanelServer::HasSubscribers() const
                        [](const PanelClient& client) { return client.IsSubscriber(); });
 }
 
-void PanelServer::SendEvent(const PanelLine& event)
+void PanelServer::SendEvent(const PanelMessage& event)
 {
     for (PanelClient& client : mClients) {
         if (client.IsSubscriber()) client.Queue(event);
     }
 }
 
-void PanelServer::AnnounceLibraryChange()
-{
-    SendEvent(std::make_shared<const std::string>("{\"event\":\"libraries\"}\n"));
-}
-
 void PanelServer::ExchangeWithQueue()
 {
     std::string failure;
-    for (const PanelQueue::Result& result : mQueue.Exchange(mRequests)) {
-        for (const PanelLine& event : result.events) SendEvent(event);
+    for (const PanelQueue::Result& result : mQueue.Exchange(mContext.requests)) {
+        for (const PanelMessage& event : result.events) SendEvent(event);
         if (!result.failure.empty()) failure = result.failure;
         if (result.client == 0) mIsLooking = false;
         const auto client = std::find_if(
             mClients.begin(), mClients.end(),
             [&result](const PanelClient& each) { return each.GetNumber() == result.client; });
-        if (client != mClients.end()) client->Answer(result.answer, result.subscribes);
+        if (client != mClients.end()) client->Answer(result);
     }
     if (!failure.empty()) throw Failure(StatusCodes::kDatabaseError, failure);
 }
@@ -85,35 +83,36 @@ void PanelServer::LookForChanges()
 {
     if (mIsLooking || !HasSubscribers()) return;
     mIsLooking = true;
-    mRequests.push_back({});
+    mContext.requests.push_back({});
 }
 
-void PanelServer::StepClients(const PanelBudget& budget, int64_t now)
+void PanelServer::DeleteGoneClients()
 {
-    // The clients are in the order of their numbers: from the next one to the end, then the others.
-    auto client = std::find_if(mClients.begin(), mClients.end(), [this](const PanelClient& each) {
-        return each.GetNumber() >= mNextStep;
-    });
-    for (size_t rest = mClients.size(); rest > 0; --rest) {
-        if (client == mClients.end()) client = mClients.begin();
-        const uint64_t number = client->GetNumber();
-        const auto submit = [this, number](std::string line) {
-            mRequests.push_back({number, std::move(line)});
-        };
-        mNextStep = number + 1;
-        client = client->Step(mToken, submit, now) ? std::next(client) : mClients.erase(client);
-        if (budget.IsSpent()) return;
+    for (auto client = mClients.begin(); client != mClients.end();) {
+        client = client->CheckTime() ? std::next(client) : mClients.erase(client);
     }
+}
+
+void PanelServer::Step(const PanelBudget& budget)
+{
+    do {
+        if (!mLoop.Step()) {
+            mMayHaveSteps = !mClients.empty();
+            return;
+        }
+    } while (!budget.IsSpent());
 }
 
 void PanelServer::Serve(const PanelBudget& budget)
 {
-    const int64_t now = mClock();
-    AcceptClients(budget, now);
-    if (mClients.empty()) return;
+    mContext.now = mClock();
+    AcceptClients(budget);
+    if (!mMayHaveSteps) return;
+    DeleteGoneClients();
     ExchangeWithQueue();  // so that answers are sent in this tick
     LookForChanges();
-    StepClients(budget, now);
+    Step(budget);
+    DeleteGoneClients();
     ExchangeWithQueue();  // so that requests are served until the next one
 }
 

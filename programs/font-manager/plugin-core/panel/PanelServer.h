@@ -4,7 +4,6 @@
 #include <functional>
 #include <list>
 #include <string>
-#include <vector>
 
 #include "plugin-core/panel/PanelBudget.h"
 #include "plugin-core/panel/PanelClient.h"
@@ -13,7 +12,7 @@
 
 namespace plugincore {
 
-// The panel's socket and its clients. Non-blocking: Serve moves bytes between the sockets and the
+// The panel's port and its clients. Non-blocking: Serve moves bytes between the sockets and the
 // queue of requests, and its budget bounds the time of one call, whatever the clients do.
 // [main-thread]
 class PanelServer {
@@ -27,35 +26,32 @@ public:
     uint16_t GetPort() const { return mListener.GetPort(); }
     size_t GetClientCount() const { return mClients.size(); }
 
-    // Accepts at least one new client, performs a step of at least one client, then more of both
+    // Accepts at least one new client, performs at least one step of the clients, then more of both
     // until the budget is spent, and exchanges requests for answers with the queue. The next call
-    // continues with the next client. Costs one system call if there are no clients. Throws
-    // Failure.
+    // continues with the next step. Costs one system call if there are no clients. Throws Failure.
     void Serve(const PanelBudget& budget);
-
-    // Reports to the subscribers that the libraries or the selection have changed.
-    void AnnounceLibraryChange();
 
 private:
     static int64_t GetSteadyMilliseconds();
 
-    void AcceptClients(const PanelBudget& budget, int64_t now);
+    void AcceptClients(const PanelBudget& budget);
     bool MakeRoom();
     void ExchangeWithQueue();
     void LookForChanges();
-    void StepClients(const PanelBudget& budget, int64_t now);
+    void DeleteGoneClients();
+    void Step(const PanelBudget& budget);
     bool HasSubscribers() const;
-    void SendEvent(const PanelLine& event);
+    void SendEvent(const PanelMessage& event);
 
     PanelQueue& mQueue;
-    std::string mToken;
     Clock mClock;
     PanelListener mListener;
+    PanelContext mContext;
+    PanelLoop mLoop;
     std::list<PanelClient> mClients;  // the oldest first
     uint64_t mLastNumber = 0;         // of a client
-    uint64_t mNextStep = 0;           // the first client from this number on is the next to step
-    std::vector<PanelQueue::Request> mRequests;  // for the queue
-    bool mIsLooking = false;                     // a look for changes is in the queue
+    bool mIsLooking = false;          // a look for changes is in the queue
+    bool mMayHaveSteps = false;       // operations of deleted clients may not have ended
 };
 
 }  // namespace plugincore

@@ -3,8 +3,6 @@
 #include <netinet/in.h>
 #include <sys/socket.h>
 
-#include <algorithm>
-#include <array>
 #include <cerrno>
 #include <system_error>
 
@@ -19,35 +17,7 @@ namespace {
                                            std::generic_category().message(errno));
 }
 
-bool WouldBlock() { return errno == EAGAIN || errno == EWOULDBLOCK || errno == EINTR; }
-
 }  // namespace
-
-PanelConnection::State PanelConnection::Receive(std::string& bytes, size_t limit)
-{
-    std::array<char, 16384> chunk;
-    while (limit > 0) {
-        const ssize_t count =
-            recv(mSocket.Get(), chunk.data(), std::min(chunk.size(), limit), MSG_DONTWAIT);
-        if (count < 0) return WouldBlock() ? State::kOpen : State::kEnded;
-        if (count == 0) return State::kEnded;
-        bytes.append(chunk.data(), static_cast<size_t>(count));
-        limit -= static_cast<size_t>(count);
-    }
-    return State::kOpen;
-}
-
-PanelConnection::State PanelConnection::Send(const char* bytes, size_t size, size_t& sent)
-{
-    const ssize_t count = send(mSocket.Get(), bytes, size, MSG_DONTWAIT | MSG_NOSIGNAL);
-    sent = count > 0 ? static_cast<size_t>(count) : 0;
-    return count < 0 && !WouldBlock() ? State::kEnded : State::kOpen;
-}
-
-void PanelConnection::EndOutput()
-{
-    (void)shutdown(mSocket.Get(), SHUT_WR);  // fails only if the peer has closed the connection
-}
 
 PanelListener::PanelListener()
     : mSocket(socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0))
@@ -65,12 +35,11 @@ PanelListener::PanelListener()
     mPort = ntohs(address.sin_port);
 }
 
-std::optional<PanelConnection> PanelListener::Accept()
+// Not Boost.Asio's accept, whose descriptor the host's child processes would inherit.
+base::FileDescriptor PanelListener::Accept()
 {
-    base::FileDescriptor socket(
+    return base::FileDescriptor(
         accept4(mSocket.Get(), nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC));
-    if (!socket.IsValid()) return std::nullopt;  // none waits, or it was closed again
-    return PanelConnection(std::move(socket));
 }
 
 }  // namespace plugincore

@@ -108,6 +108,13 @@ std::unique_ptr<CLI::App> MakeCommandLine(Options& options)
                "Make database, activation folder and fontconfig agree again; print what was "
                "repaired",
                Command::kRepair, options);
+    CLI::App& panel = AddCommand(
+        *app, "panel",
+        "Show the font panel in the browser: libraries, fonts with previews, and documents. Prints "
+        "the panel's address, which is secret, opens it and serves it until SIGTERM, SIGINT or "
+        "SIGHUP. Fonts that the panel activates are deactivated then",
+        Command::kPanel, options);
+    panel.add_flag("--no-open", options.noOpen, "Don't open a browser");
     return app;
 }
 

@@ -22,6 +22,10 @@ int RunRepairCommand();
 // comes, or at once if another daemon runs.
 int RunWatchCommand();
 
+// Serves the panel's page to a browser until a signal of StopSignals comes. Opens the services
+// itself.
+int RunPanelCommand(const Options& options);
+
 // Writes what was repaired to the log.
 void LogRepairs(const plugincore::Activation::Repairs& repairs);
 

@@ -14,7 +14,7 @@ enum ExitStatus : int {
 };
 
 constexpr base::ProgramStatusRow kExitStatuses[] = {
-    {kSuccess, "success; why: the font is active; watch: ended by a signal"},
+    {kSuccess, "success; why: the font is active; watch, panel: ended by a signal"},
     {kNegative,
      "why: the font is not active; repair: something cannot be repaired; watch: another Vexcor is "
      "watching already"},

@@ -5,7 +5,7 @@
 
 namespace vexcor {
 
-enum class Command { kWatch, kInstall, kAdd, kList, kWhy, kRepair, kWith };
+enum class Command { kWatch, kInstall, kAdd, kList, kWhy, kRepair, kPanel, kWith };
 
 // What the command line asks for.
 struct Options {
@@ -14,6 +14,7 @@ struct Options {
     std::vector<std::string> operands;  // the files of with
     std::vector<std::string> words;     // of with: COMMAND and its arguments; empty for none
     bool json = false;                  // of list and why
+    bool noOpen = false;                // of panel
     std::string log;                    // a file; empty for none
 };
 

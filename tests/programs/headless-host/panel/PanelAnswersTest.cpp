@@ -20,11 +20,11 @@ TEST(PanelAnswers, ComeInTheOrderOfTheRequests)
                                             json{{"ok", true}, {"op", "fonts"}}));
 }
 
-TEST(PanelAnswers, TheTokenIsTheFirstLine)
+TEST(PanelAnswers, TheTokenIsTheFirstMessage)
 {
     PanelScene scene;
     ASSERT_TRUE(scene.Ask({{{"op", "libraries"}}}).ok);
-    EXPECT_THAT(scene.server.lines,
+    EXPECT_THAT(scene.server.messages,
                 ElementsAre("{\"token\":\"" + scene.token + "\"}", "{\"op\":\"libraries\"}"));
 }
 
@@ -72,7 +72,7 @@ TEST(PanelAnswers, ALongRequestIsSentWhole)
     PanelScene scene;
     const json request = {{"op", "activate"}, {"fonts", {std::string(8000000, 'f')}}};
     ASSERT_TRUE(scene.Ask({request}).ok);
-    EXPECT_EQ(request.dump(), scene.server.lines.back());
+    EXPECT_EQ(request.dump(), scene.server.messages.back());
 }
 
 TEST(PanelAnswers, TheConnectionIsClosedInTheEnd)

@@ -26,7 +26,7 @@ TEST(PanelRefusals, AWrongTokenIsRefused)
     EXPECT_EQ("the panel's token was refused: \"{\"error\":\"refused\",\"ok\":false}\"",
               answer.error);
     EXPECT_EQ(scene.server.GetPort(), answer.port);
-    EXPECT_EQ(1U, scene.server.lines.size());
+    EXPECT_EQ(1U, scene.server.messages.size());
 }
 
 TEST(PanelRefusals, WithoutATokenNothingIsSent)
@@ -34,7 +34,7 @@ TEST(PanelRefusals, WithoutATokenNothingIsSent)
     PanelScene scene;
     scene.RemoveToken();
     EXPECT_EQ("cannot read the panel's token: " + scene.GetTokenFile(), scene.Ask().error);
-    EXPECT_THAT(scene.server.lines, IsEmpty());
+    EXPECT_THAT(scene.server.messages, IsEmpty());
 }
 
 TEST(PanelRefusals, AFileWithoutATokenIsNamed)
@@ -99,7 +99,7 @@ TEST(PanelRefusals, AClosedConnectionIsReported)
               scene.Ask({{{"op", "libraries"}}}).error);
 }
 
-TEST(PanelRefusals, AnUnfinishedLineIsNoAnswer)
+TEST(PanelRefusals, AnUnfinishedMessageIsNoAnswer)
 {
     PanelScene scene;
     scene.serve = [&](const json&) {
@@ -107,11 +107,11 @@ TEST(PanelRefusals, AnUnfinishedLineIsNoAnswer)
         return "{\"ok\":true}";
     };
     EXPECT_EQ("no answer to request 1: " + Name(scene) +
-                  ": the connection was closed in the middle of a line",
+                  ": the connection was closed in the middle of a message",
               scene.Ask({{{"op", "libraries"}}}).error);
 }
 
-TEST(PanelRefusals, AWholeLineBeforeTheCloseIsAnAnswer)
+TEST(PanelRefusals, AWholeMessageBeforeTheCloseIsAnAnswer)
 {
     PanelScene scene;
     scene.serve = [&](const json&) {
@@ -121,7 +121,7 @@ TEST(PanelRefusals, AWholeLineBeforeTheCloseIsAnAnswer)
     EXPECT_TRUE(scene.Ask({{{"op", "libraries"}}}).ok);
 }
 
-TEST(PanelRefusals, ALineThatIsNoJsonIsQuoted)
+TEST(PanelRefusals, AMessageThatIsNoJsonIsQuoted)
 {
     PanelScene scene;
     scene.serve = [](const json&) { return "GET / HTTP/1.1\r\n"; };
@@ -136,7 +136,7 @@ TEST(PanelRefusals, AnAnswerThatIsNoObjectIsQuoted)
     EXPECT_EQ("the answer to the token is not a JSON object: \"[true]\"", scene.Ask().error);
 }
 
-TEST(PanelRefusals, AnEndlessLineIsAnError)
+TEST(PanelRefusals, AnEndlessMessageIsAnError)
 {
     PanelScene scene;
     scene.serve = [](const json&) { return std::string(8000000, 'x'); };
@@ -150,4 +150,22 @@ TEST(PanelRefusals, ARequestThatIsNotUtf8IsNamed)
     const PanelAnswer answer = scene.Ask({{{"op", "\xff"}}});
     EXPECT_FALSE(answer.ok);
     EXPECT_THAT(answer.error, testing::StartsWith("request 1: "));
+}
+
+TEST(PanelRefusals, AServerThatRefusesTheHandshakeIsReported)
+{
+    PanelScene scene;
+    scene.server.handshakeAnswer = "HTTP/1.1 403 Forbidden\r\nContent-Length: 0\r\n\r\n";
+    EXPECT_EQ("no answer to the token: " + Name(scene) +
+                  ": the server refuses a WebSocket: HTTP status 403",
+              scene.Ask().error);
+    EXPECT_THAT(scene.server.messages, IsEmpty());
+}
+
+TEST(PanelRefusals, AServerOfAnotherProtocolIsReported)
+{
+    PanelScene scene;
+    scene.server.handshakeAnswer = "{\"ok\":false,\"error\":\"refused\"}\n";
+    EXPECT_THAT(scene.Ask().error, testing::StartsWith("no answer to the token: " + Name(scene)));
+    EXPECT_THAT(scene.server.messages, IsEmpty());
 }

@@ -22,10 +22,10 @@ PanelScene::PanelScene()
     if (const char* const before = getenv("XDG_STATE_HOME")) mStateBefore = before;
     setenv("XDG_STATE_HOME", mFolder.c_str(), 1);
     WriteToken(token);
-    server.answer = [this](const std::string& line) {
-        const nlohmann::json request = nlohmann::json::parse(line);
+    server.answer = [this](const std::string& message) {
+        const nlohmann::json request = nlohmann::json::parse(message);
         if (request == nlohmann::json{{"token", token}}) return welcome;
-        if (server.lines.size() == 1) {
+        if (server.messages.size() == 1) {
             server.Hang();
             return std::string("{\"ok\":false,\"error\":\"refused\"}\n");
         }

@@ -39,7 +39,7 @@ public:
     bool answersRequests = true;
 
     // The server's answer to the right token.
-    std::string welcome = "{\"ok\":true,\"protocol\":1}\n";
+    std::string welcome = "{\"ok\":true,\"protocol\":2}\n";
 
     // The server's answer to a request.
     std::function<std::string(const nlohmann::json& request)> serve;

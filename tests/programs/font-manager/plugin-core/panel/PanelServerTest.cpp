@@ -8,175 +8,113 @@
 #include <deque>
 #include <thread>
 
-#include "FontTestHome.h"
-#include "PanelPeer.h"
+#include "PanelServerFixture.h"
 
-using plugincore::PanelBudget;
-using plugincore::PanelProtocol;
-using plugincore::PanelQueue;
-using plugincore::PanelServer;
 using plugincore::Services;
 
 namespace {
 
-constexpr const char* kRefusal = "{\"error\":\"refused\",\"ok\":false}\n";
-constexpr const char* kWelcome = "{\"ok\":true,\"protocol\":1}\n";
-constexpr const char* kTooLong = "{\"error\":\"the line is too long\",\"ok\":false}\n";
-constexpr const char* kUnknown = "{\"error\":\"there is no such operation\",\"ok\":false}\n";
-
-class PanelServerTest : public testing::Test {
+class PanelServerTest : public PanelServerFixture {
 protected:
-    void SetUp() override
-    {
-        FontTestHome::CopyFont("DejaVuSans", mHome.GetLibrary());
-        mServices.Start();
-    }
-    void TearDown() override { mServices.Stop(); }
-
-    // Ticks without a limit of time, and serves all requests before each.
-    void Tick(int times = 1)
-    {
-        for (int tick = 0; tick < times; ++tick) {
-            while (mQueue.ServeNext()) {
-            }
-            mServer.Serve(PanelBudget(1, [] { return 0; }));
-        }
-    }
-    // Ticks with a budget of some looks at the clock, which is the number of steps. Serves nothing.
-    void TickOfSteps(int steps)
-    {
-        int64_t time = 0;
-        mServer.Serve(PanelBudget(steps, [&time] { return time++; }));
-    }
-    // Ticks until the peer has received as many bytes as `expected` has, or the connection ends.
-    // Returns the received bytes.
-    std::string ReceiveUntil(PanelPeer& peer, const std::string& expected)
-    {
-        std::string heard;
-        for (int wait = 0; wait < 1000 && heard.size() < expected.size(); ++wait) {
-            Tick();
-            heard += peer.Receive(10);
-            if (peer.IsClosed()) break;
-        }
-        return heard;
-    }
-    std::string Exchange(PanelPeer& peer, const std::string& bytes, const std::string& expected)
-    {
-        EXPECT_EQ(static_cast<int64_t>(bytes.size()), peer.Send(bytes));
-        return ReceiveUntil(peer, expected);
-    }
-    bool IsClosed(PanelPeer& peer)
-    {
-        for (int wait = 0; wait < 1000 && !peer.IsClosed(); ++wait) {
-            Tick();
-            (void)peer.Receive(10);
-        }
-        return peer.IsClosed();
-    }
-    size_t CountClients(size_t expected)
-    {
-        for (int wait = 0; wait < 1000 && mServer.GetClientCount() != expected; ++wait) {
-            Tick();
-            std::this_thread::sleep_for(std::chrono::milliseconds(5));
-        }
-        return mServer.GetClientCount();
-    }
-    std::string Present(PanelPeer& peer) { return Exchange(peer, MakeTokenLine(), kWelcome); }
-    void Subscribe(PanelPeer& peer)
-    {
-        const std::string answer = "{\"ok\":true}\n";
-        ASSERT_EQ(answer, Exchange(peer, "{\"op\":\"subscribe\"}\n", answer));
-    }
-    std::string MakeTokenLine() const { return "{\"token\":\"" + mToken + "\"}\n"; }
-
-    // Writes blocks of 64 KiB, whatever the server answers, until the connection breaks or 100 MiB
-    // are written. Returns the answers.
-    std::string WriteUntilDropped(PanelPeer& peer)
+    // Writes pieces of a message of 64 KiB, whatever the server answers, until the connection
+    // breaks or 100 MiB are written. Returns the answers.
+    std::string WriteUntilDropped(PanelSocketPeer& peer)
     {
         constexpr int64_t kMost = 100 << 20;
-        const std::string bytes(65536, '{');
+        const std::string first = MakeFrame(std::string(65000, '{'), FrameType::kText, false);
+        const std::string next =
+            MakeFrame(std::string(65000, '{'), FrameType::kContinuation, false);
         std::string said;
         int64_t sent = 0;
+        size_t position = 0;
+        const std::string* frame = &first;
         for (int64_t count = 0; sent < kMost && count >= 0; sent += count) {
-            count = peer.Send(bytes);
+            count = peer.Send(frame->substr(position));
+            position += count > 0 ? static_cast<size_t>(count) : 0;
+            if (position == frame->size()) {
+                frame = &next;
+                position = 0;
+            }
             Tick();
-            said += peer.Receive();
+            said += peer.Hear();
+            mNow += count == 0 ? 1 : 0;  // the server reads no more, but for the farewell
         }
         EXPECT_LT(sent, kMost);
         return said;
     }
-
-    FontTestHome mHome;
-    Services mServices{plugincore::GetLocations()};
-    PanelProtocol mProtocol{mServices};
-    int64_t mNow = 1000;
-    std::string mToken = std::string(64, 'a');
-    PanelQueue mQueue{mProtocol};
-    PanelServer mServer{mQueue, mToken, [this] { return mNow; }};
 };
 
 TEST_F(PanelServerTest, ServesAClientWithTheToken)
 {
-    PanelPeer peer(mServer.GetPort());
+    PanelSocketPeer peer(mServer.GetPort());
     EXPECT_EQ(kWelcome, Present(peer));
     const std::string answer = "{\"id\":[7],\"libraries\":[],\"ok\":true}\n";
-    EXPECT_EQ(answer, Exchange(peer, "{\"op\":\"libraries\",\"id\":[7]}\n", answer));
+    EXPECT_EQ(answer, Exchange(peer, "{\"op\":\"libraries\",\"id\":[7]}", answer));
     EXPECT_EQ(1U, mServer.GetClientCount());
 }
 
 TEST_F(PanelServerTest, TokenAndRequestMayArriveTogetherAndInPieces)
 {
-    PanelPeer peer(mServer.GetPort());
-    for (const char byte : MakeTokenLine() + "{}\n") {
+    PanelSocketPeer peer(mServer.GetPort());
+    ASSERT_TRUE(Open(peer));
+    for (const char byte : MakeFrame(MakeTokenMessage()) + MakeFrame("{}")) {
         EXPECT_EQ(1, peer.Send(std::string(1, byte)));
         Tick();
     }
     const std::string answers = std::string(kWelcome) + kUnknown;
-    EXPECT_EQ(answers, ReceiveUntil(peer, answers));
+    EXPECT_EQ(answers, HearUntil(peer, answers));
 }
 
-TEST_F(PanelServerTest, RefusesAnyOtherFirstLineAndCloses)
+TEST_F(PanelServerTest, RefusesAnyOtherFirstMessageAndCloses)
 {
     const std::string half = mToken.substr(1);
-    for (const std::string& line :
-         {std::string("\n"), std::string("rubbish\n"), std::string("{\"op\":\"fonts\"}\n"),
-          "{\"token\":\"" + half + "\"}\n", "{\"token\":\"" + half + "b\"}\n",
-          "[\"" + mToken + "\"]\n", std::string("{\"token\":null}\n"), std::string(257, ' '),
-          std::string(300, ' ') + MakeTokenLine()}) {
-        PanelPeer peer(mServer.GetPort());
-        EXPECT_EQ(kRefusal, Exchange(peer, line, kRefusal)) << line;
-        EXPECT_TRUE(IsClosed(peer)) << line;
+    for (const std::string& text :
+         {std::string(), std::string("rubbish"), std::string("{\"op\":\"fonts\"}"),
+          "{\"token\":\"" + half + "\"}", "{\"token\":\"" + half + "b\"}", "[\"" + mToken + "\"]",
+          std::string("{\"token\":null}"), std::string(257, ' '),
+          std::string(300, ' ') + MakeTokenMessage()}) {
+        PanelSocketPeer peer(mServer.GetPort());
+        ASSERT_TRUE(Open(peer));
+        EXPECT_EQ(kRefusal, Exchange(peer, text, kRefusal)) << text;
+        EXPECT_TRUE(IsClosedWithFrame(peer)) << text;
+        EXPECT_EQ(1008, peer.GetCloseCode()) << text;
+        EXPECT_TRUE(IsClosed(peer)) << text;
     }
 }
 
-TEST_F(PanelServerTest, DoesNotServeLinesAfterARefusedOne)
+TEST_F(PanelServerTest, DoesNotServeMessagesAfterARefusedOne)
 {
-    PanelPeer peer(mServer.GetPort());
-    const std::string activate = "{\"op\":\"activate\",\"fonts\":[\"DejaVuSans\"]}\n";
-    EXPECT_EQ(kRefusal, Exchange(peer, "rubbish\n" + MakeTokenLine() + activate, kRefusal));
+    PanelSocketPeer peer(mServer.GetPort());
+    ASSERT_TRUE(Open(peer));
+    const std::string frames = MakeFrame("rubbish") + MakeFrame(MakeTokenMessage()) +
+                               MakeFrame("{\"op\":\"activate\",\"fonts\":[\"DejaVuSans\"]}");
+    EXPECT_EQ(static_cast<int64_t>(frames.size()), peer.Send(frames));
+    EXPECT_EQ(kRefusal, HearUntil(peer, kRefusal));
     EXPECT_TRUE(IsClosed(peer));
     EXPECT_TRUE(mServices.activation.GetActive().empty());
 }
 
-TEST_F(PanelServerTest, SendsNothingBeforeTheFirstLineHasEnded)
+TEST_F(PanelServerTest, SendsNothingBeforeTheFirstMessageHasEnded)
 {
-    PanelPeer peer(mServer.GetPort());
-    EXPECT_EQ(5, peer.Send("{\"tok"));
-    EXPECT_EQ(1U, CountClients(1));
+    PanelSocketPeer peer(mServer.GetPort());
+    ASSERT_TRUE(Open(peer));
+    const std::string frame = MakeFrame(MakeTokenMessage());
+    EXPECT_EQ(15, peer.Send(frame.substr(0, 15)));
     Tick(50);
-    EXPECT_EQ("", peer.Receive(50));
+    EXPECT_EQ("", peer.Hear(50));
     EXPECT_FALSE(peer.IsClosed());
+    EXPECT_EQ(0, peer.GetCloseCode());
 }
 
 TEST_F(PanelServerTest, RefusesAClientThatPresentsNothingInTime)
 {
-    PanelPeer peer(mServer.GetPort());
-    ASSERT_EQ(1U, CountClients(1));
+    PanelSocketPeer peer(mServer.GetPort());
+    ASSERT_TRUE(Open(peer));
     mNow += 9999;
     Tick(2);
-    EXPECT_EQ("", peer.Receive(50));
+    EXPECT_EQ("", peer.Hear(50));
     mNow += 1;
-    EXPECT_EQ(kRefusal, ReceiveUntil(peer, kRefusal));
+    EXPECT_EQ(kRefusal, HearUntil(peer, kRefusal));
     EXPECT_EQ(1U, mServer.GetClientCount());
     mNow += 2000;
     Tick();
@@ -185,51 +123,52 @@ TEST_F(PanelServerTest, RefusesAClientThatPresentsNothingInTime)
 
 TEST_F(PanelServerTest, ServedClientMayBeIdle)
 {
-    PanelPeer peer(mServer.GetPort());
+    PanelSocketPeer peer(mServer.GetPort());
     ASSERT_EQ(kWelcome, Present(peer));
     mNow += 1000000000;
-    EXPECT_EQ(kUnknown, Exchange(peer, "{}\n", kUnknown));
+    EXPECT_EQ(kUnknown, Exchange(peer, "{}", kUnknown));
 }
 
 TEST_F(PanelServerTest, RemovesAClientThatDisconnects)
 {
     {
-        PanelPeer served(mServer.GetPort());
+        PanelSocketPeer served(mServer.GetPort());
         ASSERT_EQ(kWelcome, Present(served));
-        const PanelPeer silent(mServer.GetPort());
+        const PanelSocketPeer silent(mServer.GetPort());
         EXPECT_EQ(2U, CountClients(2));
     }
     EXPECT_EQ(0U, CountClients(0));
 }
 
-TEST_F(PanelServerTest, RefusesALineWithoutEndOfAnyLength)
+TEST_F(PanelServerTest, RefusesAMessageWithoutEndOfAnyLength)
 {
-    PanelPeer stranger(mServer.GetPort());
+    PanelSocketPeer stranger(mServer.GetPort());
+    ASSERT_TRUE(Open(stranger));
     EXPECT_THAT(WriteUntilDropped(stranger), testing::AnyOf("", kRefusal));
-    PanelPeer panel(mServer.GetPort());
+    PanelSocketPeer panel(mServer.GetPort());
     ASSERT_EQ(kWelcome, Present(panel));
     EXPECT_THAT(WriteUntilDropped(panel), testing::AnyOf("", kTooLong));
     EXPECT_EQ(0U, CountClients(0));
 }
 
-TEST_F(PanelServerTest, ServesALineOfExactlyTheLimit)
+TEST_F(PanelServerTest, ServesAMessageOfExactlyTheLimit)
 {
-    PanelPeer peer(mServer.GetPort());
+    PanelSocketPeer peer(mServer.GetPort());
     ASSERT_EQ(kWelcome, Present(peer));
     const std::string blanks((64 << 10) - 2, ' ');
-    EXPECT_EQ(kUnknown, Exchange(peer, "{" + blanks + "}\n", kUnknown));
-    EXPECT_EQ(kTooLong, Exchange(peer, "{" + blanks + " }\n", kTooLong));
+    EXPECT_EQ(kUnknown, Exchange(peer, "{" + blanks + "}", kUnknown));
+    EXPECT_EQ(kTooLong, Exchange(peer, "{" + blanks + " }", kTooLong));
 }
 
 TEST_F(PanelServerTest, TickDoesNoWorkOfARequest)
 {
-    PanelPeer peer(mServer.GetPort());
+    PanelSocketPeer peer(mServer.GetPort());
     ASSERT_EQ(kWelcome, Present(peer));
-    const std::string activate = "{\"op\":\"activate\",\"fonts\":[\"DejaVuSans\"]}\n";
+    const std::string activate = MakeFrame("{\"op\":\"activate\",\"fonts\":[\"DejaVuSans\"]}");
     ASSERT_EQ(static_cast<int64_t>(activate.size()), peer.Send(activate + activate) / 2);
     const std::string mark = mServices.database.GetChangeMark();
     for (int tick = 0; tick < 50; ++tick) TickOfSteps(100);
-    EXPECT_EQ("", peer.Receive(10));
+    EXPECT_EQ("", peer.Hear(10));
     EXPECT_EQ(mark, mServices.database.GetChangeMark());
     // One request of a client is in the queue, so that its answers have the order of its requests.
     EXPECT_TRUE(mQueue.ServeNext());
@@ -237,35 +176,38 @@ TEST_F(PanelServerTest, TickDoesNoWorkOfARequest)
     EXPECT_NE(mark, mServices.database.GetChangeMark());
     const std::string answer =
         "{\"activated\":[\"DejaVuSans\"],\"alreadyActive\":[],\"missing\":[],\"ok\":true}\n";
-    EXPECT_EQ(answer, ReceiveUntil(peer, answer));
+    EXPECT_EQ(answer, HearUntil(peer, answer));
 }
 
 TEST_F(PanelServerTest, TickEndsWithItsBudgetAndTheNextOneContinues)
 {
-    std::deque<PanelPeer> peers;
+    std::deque<PanelSocketPeer> peers;
     for (int client = 0; client < 10; ++client) {
         peers.emplace_back(mServer.GetPort());
         ASSERT_EQ(kWelcome, Present(peers.back()));
     }
-    for (const PanelPeer& peer : peers) EXPECT_EQ(3, peer.Send("{}\n"));
+    for (const PanelSocketPeer& peer : peers) EXPECT_GT(peer.Say("{}"), 0);
     std::this_thread::sleep_for(std::chrono::milliseconds(20));
     const auto countRequests = [this] {
         int requests = 0;
         while (mQueue.ServeNext()) ++requests;
         return requests;
     };
-    TickOfSteps(3);
-    EXPECT_EQ(3, countRequests());
-    TickOfSteps(0);
-    EXPECT_EQ(1, countRequests());
-    TickOfSteps(100);
-    EXPECT_EQ(6, countRequests());
-    for (PanelPeer& peer : peers) EXPECT_EQ(kUnknown, ReceiveUntil(peer, kUnknown));
+    // A step is at most one request, and all clients have their turns.
+    int requests = 0;
+    for (int tick = 0; tick < 1000 && requests < 10; ++tick) {
+        TickOfSteps(tick % 3);
+        const int served = countRequests();
+        EXPECT_LE(served, std::max(tick % 3, 1));
+        requests += served;
+    }
+    EXPECT_EQ(10, requests);
+    for (PanelSocketPeer& peer : peers) EXPECT_EQ(kUnknown, HearUntil(peer, kUnknown));
 }
 
 TEST_F(PanelServerTest, TickAcceptsOneClientThoughItsBudgetIsSpent)
 {
-    std::deque<PanelPeer> peers;
+    std::deque<PanelSocketPeer> peers;
     for (int client = 0; client < 3; ++client) peers.emplace_back(mServer.GetPort());
     std::this_thread::sleep_for(std::chrono::milliseconds(20));
     for (const size_t clients : {1U, 2U, 3U}) {
@@ -276,7 +218,7 @@ TEST_F(PanelServerTest, TickAcceptsOneClientThoughItsBudgetIsSpent)
 
 TEST_F(PanelServerTest, ChangesCostSubscribersOneLookForAll)
 {
-    std::deque<PanelPeer> peers;
+    std::deque<PanelSocketPeer> peers;
     for (int client = 0; client < 20; ++client) {
         peers.emplace_back(mServer.GetPort());
         ASSERT_EQ(kWelcome, Present(peers.back()));
@@ -288,31 +230,33 @@ TEST_F(PanelServerTest, ChangesCostSubscribersOneLookForAll)
     EXPECT_TRUE(mQueue.ServeNext());
     EXPECT_FALSE(mQueue.ServeNext());
     const std::string event =
-        "{\"activated\":[\"DejaVuSans\"],\"deactivated\":[],\"event\":\"fonts\"}\n";
-    for (PanelPeer& peer : peers) EXPECT_EQ(event, ReceiveUntil(peer, event));
+        "{\"activated\":[\"DejaVuSans\"],\"deactivated\":[],\"event\":\"fonts\"}\n"
+        "{\"event\":\"documents\"}\n";
+    for (PanelSocketPeer& peer : peers) EXPECT_EQ(event, HearUntil(peer, event));
 }
 
 TEST_F(PanelServerTest, ClientThatClosesItsSideReceivesAllAnswers)
 {
-    PanelPeer peer(mServer.GetPort());
-    std::string lines = MakeTokenLine();
+    PanelSocketPeer peer(mServer.GetPort());
+    ASSERT_TRUE(Open(peer));
+    std::string frames = MakeFrame(MakeTokenMessage());
     std::string answers = kWelcome;
     for (int request = 0; request < 20; ++request) {
-        lines += "{}\n";
+        frames += MakeFrame("{}");
         answers += kUnknown;
     }
-    ASSERT_EQ(static_cast<int64_t>(lines.size()), peer.Send(lines));
+    ASSERT_EQ(static_cast<int64_t>(frames.size()), peer.Send(frames));
     peer.EndOutput();
-    EXPECT_EQ(answers, ReceiveUntil(peer, answers));
+    EXPECT_EQ(answers, HearUntil(peer, answers));
     EXPECT_TRUE(IsClosed(peer));
 }
 
 TEST_F(PanelServerTest, ClientThatDoesNotReadWaitsAndLosesNothing)
 {
-    PanelPeer peer(mServer.GetPort());
+    PanelSocketPeer peer(mServer.GetPort());
     ASSERT_EQ(kWelcome, Present(peer));
     // Each answer repeats the long id, so that the answers fill all buffers.
-    const std::string request = "{\"id\":\"" + std::string(60000, 'x') + "\"}\n";
+    const std::string request = MakeFrame("{\"id\":\"" + std::string(60000, 'x') + "\"}");
     int64_t sent = 0;
     for (int64_t count = 1, idle = 0; idle < 5; idle = count == 0 ? idle + 1 : 0) {
         const size_t position = static_cast<size_t>(sent) % request.size();
@@ -325,7 +269,7 @@ TEST_F(PanelServerTest, ClientThatDoesNotReadWaitsAndLosesNothing)
     const auto requests = sent / static_cast<int64_t>(request.size());
     int64_t answers = 0;
     for (int wait = 0; wait < 1000 && answers < requests; ++wait) {
-        const std::string got = peer.Receive(10);
+        const std::string got = peer.Hear(10);
         answers += std::count(got.begin(), got.end(), '\n');
         Tick();
     }
@@ -334,7 +278,7 @@ TEST_F(PanelServerTest, ClientThatDoesNotReadWaitsAndLosesNothing)
 
 TEST_F(PanelServerTest, DropsASubscriberThatDoesNotRead)
 {
-    PanelPeer peer(mServer.GetPort());
+    PanelSocketPeer peer(mServer.GetPort());
     ASSERT_EQ(kWelcome, Present(peer));
     Subscribe(peer);
     mServices.database.Execute("INSERT INTO active_group(id) VALUES(99)");
@@ -354,34 +298,45 @@ TEST_F(PanelServerTest, DropsASubscriberThatDoesNotRead)
 
 TEST_F(PanelServerTest, SubscribersReceiveEventsForFontsAndLibraries)
 {
-    PanelPeer subscriber(mServer.GetPort());
-    PanelPeer other(mServer.GetPort());
+    PanelSocketPeer subscriber(mServer.GetPort());
+    PanelSocketPeer other(mServer.GetPort());
     ASSERT_EQ(kWelcome, Present(subscriber));
     ASSERT_EQ(kWelcome, Present(other));
     Subscribe(subscriber);
     mServices.activation.Activate("/a.ai", {"DejaVuSans"});
-    mServer.AnnounceLibraryChange();
+    const std::string documents = "{\"event\":\"documents\"}\n";
     std::string events =
-        "{\"event\":\"libraries\"}\n"
-        "{\"activated\":[\"DejaVuSans\"],\"deactivated\":[],\"event\":\"fonts\"}\n";
-    EXPECT_EQ(events, ReceiveUntil(subscriber, events));
+        "{\"activated\":[\"DejaVuSans\"],\"deactivated\":[],\"event\":\"fonts\"}\n" + documents;
+    EXPECT_EQ(events, HearUntil(subscriber, events));
     mServices.activation.Release("/a.ai");
-    events = "{\"activated\":[],\"deactivated\":[\"DejaVuSans\"],\"event\":\"fonts\"}\n";
-    EXPECT_EQ(events, ReceiveUntil(subscriber, events));
-    EXPECT_EQ("", other.Receive());
+    events =
+        "{\"activated\":[],\"deactivated\":[\"DejaVuSans\"],\"event\":\"fonts\"}\n" + documents;
+    EXPECT_EQ(events, HearUntil(subscriber, events));
+    // A library is in the database, or a folder that appears.
+    events = "{\"event\":\"libraries\"}\n";
+    mServices.folders.Select(mHome.GetLibrary() / "House");
+    std::filesystem::create_directory(mHome.GetLibrary() / "House");
+    EXPECT_EQ(events, HearUntil(subscriber, events));
+    mServices.folders.Add(mHome.GetLibrary() / "House");
+    mServices.folders.Select("");
+    EXPECT_EQ(events, HearUntil(subscriber, events));
+    Tick(3);
+    EXPECT_EQ("", subscriber.Hear(10));
+    EXPECT_EQ("", other.Hear());
 }
 
 TEST_F(PanelServerTest, SubscriberReceivesEventsOfAnotherProcess)
 {
-    PanelPeer subscriber(mServer.GetPort());
+    PanelSocketPeer subscriber(mServer.GetPort());
     ASSERT_EQ(kWelcome, Present(subscriber));
     Subscribe(subscriber);
     Services other(plugincore::GetLocations());
     other.Start();
     other.activation.Activate("/a.ai", {"DejaVuSans"});
     const std::string event =
-        "{\"activated\":[\"DejaVuSans\"],\"deactivated\":[],\"event\":\"fonts\"}\n";
-    EXPECT_EQ(event, ReceiveUntil(subscriber, event));
+        "{\"activated\":[\"DejaVuSans\"],\"deactivated\":[],\"event\":\"fonts\"}\n"
+        "{\"event\":\"documents\"}\n";
+    EXPECT_EQ(event, HearUntil(subscriber, event));
     other.Stop();
 }
 
@@ -392,28 +347,28 @@ TEST_F(PanelServerTest, IdleClientsCannotLockThePanelOut)
         silent.emplace_back(mServer.GetPort());
         Tick();
     }
-    EXPECT_EQ(kRefusal, ReceiveUntil(silent.front(), kRefusal));
+    EXPECT_THAT(ReceiveAll(silent.front()), testing::StartsWith("HTTP/1.1 503 "));
     EXPECT_EQ(32U, CountClients(32));
-    PanelPeer panel(mServer.GetPort());
+    PanelSocketPeer panel(mServer.GetPort());
     EXPECT_EQ(kWelcome, Present(panel));
 }
 
 TEST_F(PanelServerTest, RefusesOneClientTooManyIfAllHaveTheToken)
 {
-    std::deque<PanelPeer> panels;
+    std::deque<PanelSocketPeer> panels;
     for (int client = 0; client < 32; ++client) {
         panels.emplace_back(mServer.GetPort());
         ASSERT_EQ(kWelcome, Present(panels.back()));
     }
     PanelPeer another(mServer.GetPort());
-    EXPECT_EQ(kRefusal, ReceiveUntil(another, kRefusal));
+    EXPECT_THAT(ReceiveAll(another), testing::StartsWith("HTTP/1.1 503 "));
     EXPECT_EQ(32U, mServer.GetClientCount());
-    EXPECT_EQ(kUnknown, Exchange(panels.front(), "{}\n", kUnknown));
+    EXPECT_EQ(kUnknown, Exchange(panels.front(), "{}", kUnknown));
 }
 
 TEST_F(PanelServerTest, OneTickAcceptsSixteenClients)
 {
-    std::deque<PanelPeer> peers;
+    std::deque<PanelSocketPeer> peers;
     for (int client = 0; client < 20; ++client) peers.emplace_back(mServer.GetPort());
     while (mServer.GetClientCount() < 20) {
         const size_t before = mServer.GetClientCount();
@@ -424,28 +379,29 @@ TEST_F(PanelServerTest, OneTickAcceptsSixteenClients)
 
 TEST_F(PanelServerTest, ThousandMaliciousClientsChangeNothing)
 {
-    PanelPeer panel(mServer.GetPort());
+    PanelSocketPeer panel(mServer.GetPort());
     ASSERT_EQ(kWelcome, Present(panel));
-    const std::string list = "{\"op\":\"fonts\"}\n";
-    const std::string fonts =
-        "{\"fonts\":[{\"PostScriptName\":\"DejaVuSans\",\"state\":\"inactive\"}],\"ok\":true,"
-        "\"total\":1}\n";
-    const std::string activate = "{\"op\":\"activate\",\"fonts\":[\"DejaVuSans\"]}\n";
-    std::deque<PanelPeer> peers;
+    const std::string list = "{\"op\":\"libraries\"}";
+    const std::string fonts = "{\"libraries\":[],\"ok\":true}\n";
+    const std::string activate = MakeFrame("{\"op\":\"activate\",\"fonts\":[\"DejaVuSans\"]}");
+    std::deque<PanelSocketPeer> peers;
     for (int client = 0; client < 1000; ++client) {
         if (peers.size() == 40) peers.pop_front();
-        PanelPeer& peer = peers.emplace_back(mServer.GetPort());
-        const int kind = client % 5;
+        PanelSocketPeer& peer = peers.emplace_back(mServer.GetPort());
+        if (client % 2 == 0) Tick();
+        const int kind = client % 6;
         if (kind == 0) peer.Send("\x01\xff rubbish\n\n\n");
-        if (kind == 1) peer.Send("{\"token\":\"");
-        const std::string said = kind == 2 ? WriteUntilDropped(peer) : std::string();
+        if (kind == 1) peer.Send(MakeFrame("{\"token\":\"", FrameType::kText, false));
+        const std::string said = client % 60 == 2 ? WriteUntilDropped(peer) : std::string();
         EXPECT_THAT(said, testing::AnyOf("", kRefusal));
         if (kind == 3) peer.Send(activate);
+        if (kind == 4) peer.Send(MakeFrame(std::string(64, '\xff'), FrameType::kBinary));
+        if (kind == 5) peer.EndOutput();
         Tick();
-        EXPECT_THAT(peer.Receive(), testing::AnyOf("", kRefusal));
+        EXPECT_THAT(peer.Hear(), testing::AnyOf("", kRefusal));
         ASSERT_LE(mServer.GetClientCount(), 32U);
     }
-    for (PanelPeer& peer : peers) EXPECT_THAT(peer.Receive(), testing::AnyOf("", kRefusal));
+    for (PanelSocketPeer& peer : peers) EXPECT_THAT(peer.Hear(), testing::AnyOf("", kRefusal));
     EXPECT_EQ(fonts, Exchange(panel, list, fonts));
     EXPECT_TRUE(mServices.activation.GetActive().empty());
     peers.clear();

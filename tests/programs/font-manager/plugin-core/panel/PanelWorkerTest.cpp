@@ -49,7 +49,7 @@ TEST_F(PanelWorkerTest, ActivatesForThisProcess)
     const PanelQueue::Result result = WaitForResult(worker.GetQueue());
     EXPECT_EQ(7U, result.client);
     ASSERT_NE(nullptr, result.answer);
-    EXPECT_EQ("{\"activated\":[\"DejaVuSans\"],\"alreadyActive\":[],\"missing\":[],\"ok\":true}\n",
+    EXPECT_EQ("{\"activated\":[\"DejaVuSans\"],\"alreadyActive\":[],\"missing\":[],\"ok\":true}",
               *result.answer);
     // Stop releases the holds of the process, those of the thread included.
     EXPECT_THAT(mServices.activation.GetActive(), testing::ElementsAre("DejaVuSans"));

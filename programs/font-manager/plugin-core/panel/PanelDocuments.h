@@ -1,0 +1,17 @@
+#pragma once
+
+#include <nlohmann/json.hpp>
+#include <string>
+
+#include "plugin-core/services/Services.h"
+
+namespace plugincore {
+
+// Lists the documents of all running programs that hold fonts, as docs/PANEL.md says. Throws
+// Failure of the database. [the thread of the services]
+nlohmann::json ListPanelDocuments(Services& services);
+
+// A text that differs if the holds of documents do.
+std::string MakeMarkOfDocuments(Services& services);
+
+}  // namespace plugincore
