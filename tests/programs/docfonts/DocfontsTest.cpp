@@ -55,6 +55,14 @@ protected:
         return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     }
 
+    // In place of Ghostscript: a program that writes its process id and never ends.
+    void WriteEndlessGhostscript() const
+    {
+        (void)folder.Write("gs", "#!/bin/sh\nPATH=/usr/bin:/bin\necho $$ >'" + folder.Path("pid") +
+                                     "'\nwhile :; do sleep 1; done\n");
+        std::filesystem::permissions(folder.Path("gs"), std::filesystem::perms::owner_all);
+    }
+
     std::vector<json> GetLines() const
     {
         std::vector<json> lines;
@@ -231,12 +239,43 @@ TEST_F(Docfonts, ReadsFoldersAndLists)
 
 TEST_F(Docfonts, GivesUpOnASlowFile)
 {
-    // In place of Ghostscript: a program that never ends.
-    (void)folder.Write("gs", "#!/bin/sh\nPATH=/usr/bin:/bin\nwhile :; do sleep 1; done\n");
-    std::filesystem::permissions(folder.Path("gs"), std::filesystem::perms::owner_all);
+    WriteEndlessGhostscript();
     (void)folder.Write("slow.eps", "%!PS-Adobe-3.0 EPSF-3.0\n");
     EXPECT_EQ(kFileFailed, Run("--timeout 0.3 --jobs 1 slow.eps", "PATH=\"$PWD\""));
     EXPECT_EQ("slow.eps: failed: takes longer than 0.3 s to read\n", output);
+}
+
+TEST_F(Docfonts, APlacedDocumentThatTakesTooLongCostsOnlyItself)
+{
+    WriteEndlessGhostscript();
+    (void)folder.Write("slow.eps", "%!PS-Adobe-3.0 EPSF-3.0\n");
+    (void)folder.Write("a.eps", MakeEps("One", "slow.eps"));
+    EXPECT_EQ(kFileFailed, Run("--timeout 2 --placed --json a.eps", "PATH=\"$PWD\""));
+    ASSERT_EQ(1U, GetLines().size());
+    EXPECT_EQ("read", GetLines()[0]["status"]);
+    EXPECT_EQ("failed", GetLines()[0]["placedDocuments"][0]["status"]);
+    EXPECT_THAT(errors, HasSubstr("docfonts: slow.eps: "));
+}
+
+TEST_F(Docfonts, LeavesNoPageAndNoProcessWhenInterrupted)
+{
+    WriteEndlessGhostscript();
+    (void)folder.Write("slow.eps", "%!PS-Adobe-3.0 EPSF-3.0\n");
+    (void)folder.Write("page.html", "the former page");
+    const std::string command =
+        "cd '" + folder.Path() +
+        "' && PATH=\"$PWD:$PATH\" timeout --preserve-status -s INT 1 '" DOCFONTS_PROGRAM
+        "' --html page.html slow.eps >out 2>err";
+    const int status = std::system(command.c_str());
+    EXPECT_EQ(docfonts::kInterrupted, WEXITSTATUS(status));
+    EXPECT_EQ("the former page", ReadWholeFile(folder.Path("page.html")));
+    size_t count = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(folder.Path())) {
+        count += entry.exists() ? 1 : 0;
+    }
+    EXPECT_EQ(6U, count);  // gs, pid, slow.eps, page.html, out, err
+    const std::string process = "/proc/" + ReadWholeFile(folder.Path("pid"));
+    EXPECT_FALSE(std::filesystem::exists(process.substr(0, process.find('\n'))));
 }
 
 TEST_F(Docfonts, EndsWhenNobodyReadsItsOutput)
