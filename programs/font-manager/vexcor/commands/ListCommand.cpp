@@ -6,11 +6,39 @@
 #include "vexcor/commands/Commands.h"
 #include "vexcor/commands/ExitStatus.h"
 #include "vexcor/commands/FontStatus.h"
+#include "vexcor/selection/FontSelection.h"
 
 namespace vexcor {
 namespace {
 
 constexpr size_t kStateWidth = sizeof "activated  " - 1;  // of the longest state
+
+bool IsWanted(const Options& options, const std::string& name)
+{
+    return options.operands.empty() ||
+           std::any_of(options.operands.begin(), options.operands.end(),
+                       [&](const std::string& word) { return MatchesPattern(name, word); });
+}
+
+// Reads the file only if the user asked for a family: that takes time.
+bool IsWanted(const Options& options, const std::string& name, const std::string& state,
+              const std::string& file)
+{
+    if (!IsWanted(options, name) || (!options.state.empty() && options.state != state)) {
+        return false;
+    }
+    return options.family.empty() || MatchesPattern(ReadFamily(file, name), options.family);
+}
+
+// For the completion of the shell, which calls this at each key: asks fontconfig nothing.
+bool PrintNames(plugincore::Services& services, const Options& options)
+{
+    std::string text;
+    for (const std::string& name : ListAllNames(services)) {
+        if (IsWanted(options, name)) text += console::MakePrintable(name) + "\n";
+    }
+    return console::Print(text);
+}
 
 std::string MakeText(plugincore::Services& services, const Options& options)
 {
@@ -21,6 +49,7 @@ std::string MakeText(plugincore::Services& services, const Options& options)
     for (const FontState& font : fonts) width = std::max(width, font.name.size());
     std::string text;
     for (const FontState& font : fonts) {
+        if (!IsWanted(options, font.name, font.state, font.file)) continue;
         if (options.json) {
             text += WriteStatusAsJson(ExplainFont(services, active, font.name));
             continue;
@@ -38,6 +67,7 @@ std::string MakeText(plugincore::Services& services, const Options& options)
 
 int RunListCommand(plugincore::Services& services, const Options& options)
 {
+    if (options.names) return PrintNames(services, options) ? kSuccess : kFileFailed;
     const std::string text = MakeText(services, options);
     for (const auto& bad : services.library.ListBadFiles()) {
         console::PrintError(bad.path + ": skipped: " + bad.problem);
