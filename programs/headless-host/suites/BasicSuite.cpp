@@ -19,11 +19,20 @@ nlohmann::json DescribeArguments(const char* name, int version, const std::strin
     return arguments;
 }
 
+// The call as CallFaults has it.
+std::string NameCall(const char* operation, const char* suite)
+{
+    return std::string(operation) + " " + (suite == nullptr ? "(null)" : suite);
+}
+
 // Whether the call of the basic suite shall fail, which Host::failures and Host::suiteFaults say.
-bool TakesFailure(Host& host, const char* operation, AIErr& status, std::string& exceptionType)
+//
+// suite   that the call names; can be null
+bool TakesFailure(Host& host, const char* operation, const char* suite, AIErr& status,
+                  std::string& exceptionType)
 {
     host.BeginCall(operation);
-    if (const Fault* const fault = host.suiteFaults.CountCall(operation)) {
+    if (const Fault* const fault = host.suiteFaults.CountCall(NameCall(operation, suite))) {
         status = fault->exceptionType.empty() ? fault->status : kHostBadParameter;
         exceptionType = fault->exceptionType;
         return true;
@@ -31,7 +40,7 @@ bool TakesFailure(Host& host, const char* operation, AIErr& status, std::string&
     const auto failure = host.failures.find(operation);
     if (failure == host.failures.end()) return false;
     status = failure->second;
-    host.suiteFaults.NoteFailedCall(operation, status);
+    host.suiteFaults.NoteFailedCall(NameCall(operation, suite), status);
     host.failures.erase(failure);
     return true;
 }
@@ -52,7 +61,7 @@ AIErr AcquireSuite(const char* name, int version, void* suite)
     AIErr result = kHostBadParameter;
     std::string exceptionType;
     try {
-        if (TakesFailure(*host, "AcquireSuite", result, exceptionType)) {
+        if (TakesFailure(*host, "AcquireSuite", name, result, exceptionType)) {
             // nothing is acquired
         } else if (name == nullptr || suite == nullptr) {
             host->violations.Add(kBadAcquisition,
@@ -68,7 +77,7 @@ AIErr AcquireSuite(const char* name, int version, void* suite)
             result = kHostSuccess;
         } else {
             result = kSuiteNotFoundErr;
-            host->suiteFaults.NoteFailedCall("AcquireSuite", result);
+            host->suiteFaults.NoteFailedCall(NameCall("AcquireSuite", name), result);
         }
         if (host->journal.IsOpen()) {
             host->journal.Write("suite", "AcquireSuite",
@@ -90,7 +99,7 @@ AIErr ReleaseSuite(const char* name, int version)
     std::string exceptionType;
     try {
         const SuiteRow* const row = name == nullptr ? nullptr : FindOffered(*host, name, version);
-        if (TakesFailure(*host, "ReleaseSuite", result, exceptionType)) {
+        if (TakesFailure(*host, "ReleaseSuite", name, result, exceptionType)) {
             // nothing is released
         } else if (row != nullptr) {
             if (host->suites.Release(*row)) result = kHostSuccess;

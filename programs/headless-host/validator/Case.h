@@ -26,6 +26,7 @@ struct CallCounts {
     size_t suiteCalls = 0;
     size_t coreCalls = 0;
     size_t allocations = 0;
+    size_t messages = 0;  // that the host sent, from the start to the end of the script
 };
 
 enum class CaseResult { kPassed, kFailed, kSkipped };

@@ -1,68 +1,21 @@
 #include "validator/random/RandomCases.h"
 
 #include <algorithm>
-#include <chrono>
-#include <set>
 #include <vector>
 
-#include "base/Lines.h"
-#include "system/Interrupts.h"
 #include "validator/RandomMessages.h"
-#include "validator/ShrinkScript.h"
+#include "validator/process/FailedCases.h"
 
 namespace headless {
 
 namespace {
 
-using ShrinkClock = std::chrono::steady_clock;
-
 constexpr size_t kMessagesPerScript = 200;
-constexpr size_t kMostShrinkRuns = 500;
-// A script that hangs takes its whole time limit at each run.
-constexpr auto kMostShrinkTime = std::chrono::seconds(60);
-
-struct FailedScript {
-    ValidatorCase which;
-    CaseOutcome outcome;
-};
-
 std::string JoinScript(const std::vector<std::string>& lines)
 {
     std::string script;
     for (const std::string& line : lines) script += line + "\n";
     return script;
-}
-
-std::vector<std::string> SplitScript(const std::string& script)
-{
-    std::vector<std::string> lines;
-    std::string_view rest = script;
-    while (!rest.empty()) lines.emplace_back(base::TakeLine(rest));
-    return lines;
-}
-
-int GetBrokenRule(const CaseOutcome& outcome)
-{
-    return outcome.findings.empty() ? 0 : outcome.findings.front().rule;
-}
-
-// The same case with as few lines as possible, and what it does then.
-FailedScript Shrink(const FailedScript& failed, CaseSeries& series)
-{
-    const auto end = ShrinkClock::now() + kMostShrinkTime;
-    FailedScript shortest = failed;
-    const auto fails = [&](const std::vector<std::string>& lines) {
-        if (IsInterrupted() || ShrinkClock::now() > end) return false;
-        FailedScript tried = failed;
-        tried.which.script = JoinScript(lines);
-        const std::optional<CaseOutcome> outcome = series.RunAlone(tried.which);
-        if (!outcome || GetBrokenRule(*outcome) != GetBrokenRule(failed.outcome)) return false;
-        tried.outcome = *outcome;
-        if (tried.which.script.size() <= shortest.which.script.size()) shortest = tried;
-        return true;
-    };
-    (void)ShrinkScript(SplitScript(failed.which.script), kMostShrinkRuns, fails);
-    return shortest;
 }
 
 }  // namespace
@@ -71,7 +24,7 @@ void RunRandomCases(const RandomSettings& settings, CaseSeries& series, Validato
 {
     const size_t scripts = (settings.count + kMessagesPerScript - 1) / kMessagesPerScript;
     size_t made = 0;
-    std::vector<FailedScript> failures;
+    std::vector<FailedCase> failures;
     series.Run(
         scripts,
         [&]() -> std::optional<ValidatorCase> {
@@ -101,12 +54,7 @@ void RunRandomCases(const RandomSettings& settings, CaseSeries& series, Validato
                 report.Add(which, outcome);
             }
         });
-    std::set<int> shrunk;
-    for (const FailedScript& failed : failures) {
-        const bool isFirst = shrunk.insert(GetBrokenRule(failed.outcome)).second;
-        const FailedScript reported = isFirst ? Shrink(failed, series) : failed;
-        report.Add(reported.which, series.RunWithJournal(reported.which, reported.outcome));
-    }
+    ReportFailedCases(failures, series, report);
 }
 
 }  // namespace headless
