@@ -32,6 +32,13 @@ std::vector<std::string> SplitLines(std::string_view text)
     return lines;
 }
 
+std::string JoinLines(const std::vector<std::string>& lines)
+{
+    std::string text;
+    for (const std::string& line : lines) text += line + "\n";
+    return text;
+}
+
 size_t FindLine(std::string_view text, std::string_view start)
 {
     size_t position = text.find(start);

@@ -15,6 +15,9 @@ std::string_view TakeLine(std::string_view& rest);
 // All lines without their ends.
 std::vector<std::string> SplitLines(std::string_view text);
 
+// The reverse: each line ends in LF.
+std::string JoinLines(const std::vector<std::string>& lines);
+
 // The position of the first line that begins with `start`, or npos.
 size_t FindLine(std::string_view text, std::string_view start);
 

@@ -6,6 +6,7 @@
 #include <fstream>
 #include <set>
 #include <sstream>
+#include <vector>
 
 #include "GoldenJournal.h"
 #include "ScratchFolder.h"
@@ -98,6 +99,31 @@ TEST(SimulatedSession, PortRequestsAreReplayed)
     };
     ASSERT_EQ(0, run("script script --journal journal")) << ReadText(scratch.Path("out"));
     EXPECT_EQ(0, run("replay journal")) << ReadText(scratch.Path("out"));
+}
+
+// The line with what a function of PluginCore returned follows those of the calls within it.
+TEST(SimulatedSession, AJournalThatEndsWithinAnyCallIsPlayedUpToThere)
+{
+    const ScratchFolder scratch;
+    (void)scratch.Write("script", "simulate\nstart\nshow menu\n");
+    const auto run = [&scratch](const std::string& arguments) {
+        return std::system(("cd '" + scratch.Path() + "'; '" HEADLESS_HOST_PROGRAM "' " +
+                            arguments + " --plugin '" PLUG_IN_FOLDER "' >out 2>&1 </dev/null")
+                               .c_str());
+    };
+    ASSERT_EQ(0, run("script script --journal journal")) << ReadText(scratch.Path("out"));
+    std::vector<std::string> lines;
+    std::istringstream whole(ReadText(scratch.Path("journal")));
+    for (std::string line; std::getline(whole, line);) lines.push_back(line + "\n");
+    size_t inCall = 0;  // lines from the first call within CreateMenusFromJSONBuffer on
+    while (lines.at(inCall).find("CountMenuItems") == std::string::npos) ++inCall;
+    for (size_t count = inCall; count < inCall + 12; ++count) {
+        std::string text;
+        for (size_t i = 0; i < count; ++i) text += lines.at(i);
+        (void)scratch.Write("cut", text);
+        EXPECT_EQ(0, run("replay cut")) << count << ReadText(scratch.Path("out"));
+        EXPECT_THAT(ReadText(scratch.Path("out")), testing::HasSubstr(" lines are equal\n"));
+    }
 }
 
 TEST(SessionJournals, BelongToSessions)

@@ -24,6 +24,7 @@ enum BrokenRule : int {
     kOutOfRange = 506,
     kNullArgument = 507,
     kBadArgument = 508,
+    kMemoryLost = 609,
     kSessionNotBegun = 1201,
     kSessionNotReturned = 1202,
 };

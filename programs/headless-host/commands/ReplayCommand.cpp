@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 
 #include "application/ExitStatus.h"
 #include "application/HostPlatformTable.h"
@@ -40,6 +41,13 @@ public:
     bool Open(Host& host, nlohmann::json header, std::string& error)
     {
         if (mTarget.empty()) return true;
+        // A device, for example, would be replaced by a file.
+        std::error_code absent;
+        const std::filesystem::file_status status = std::filesystem::status(mTarget, absent);
+        if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
+            error = mTarget + ": cannot be written: is not a file";
+            return false;
+        }
         if (!host.journal.Open(mDraft, error)) return false;
         mIsOpen = true;
         host.journal.WriteHeader(std::move(header));
@@ -63,7 +71,8 @@ private:
     bool mIsOpen = false;
 };
 
-void ReportAsJson(const std::string& name, const Replay& replay, size_t cutLine)
+// Returns whether it could be written.
+bool ReportAsJson(const std::string& name, const Replay& replay, size_t cutLine)
 {
     nlohmann::ordered_json report;
     report["journal"] = name;
@@ -76,17 +85,19 @@ void ReportAsJson(const std::string& name, const Replay& replay, size_t cutLine)
         report["recorded"] = difference->expected;
         report["now"] = difference->came;
     }
-    (void)console::Print(base::PrintJson(report) + "\n");  // Print reports its own failure
+    return console::Print(base::PrintJson(report) + "\n");
 }
 
 int Report(const Options& options, const Replay& replay, const JournalReader& journal)
 {
     const std::string& name = options.session;
+    bool isWritten = true;
     if (options.json) {
-        ReportAsJson(name, replay, journal.GetCutLine());
+        isWritten = ReportAsJson(name, replay, journal.GetCutLine());
     } else if (!replay.GetDifference()) {
-        (void)console::Print(name + ": " + std::to_string(replay.GetPlayedLines()) + " lines " +
-                             (options.update.empty() ? "are equal\n" : "written\n"));
+        isWritten =
+            console::Print(name + ": " + std::to_string(replay.GetPlayedLines()) + " lines " +
+                           (options.update.empty() ? "are equal\n" : "written\n"));
     }
     if (const auto& difference = replay.GetDifference()) {
         console::PrintErrorLines(
@@ -101,7 +112,7 @@ int Report(const Options& options, const Replay& replay, const JournalReader& jo
     }
     std::string error = replay.GetError().empty() ? "" : name + ": " + replay.GetError();
     if (error.empty()) error = journal.GetError();
-    if (error.empty()) return kAllOpened;
+    if (error.empty()) return isWritten ? kAllOpened : kFileNotOpened;
     console::PrintError(error);
     return kFileNotOpened;
 }

@@ -48,7 +48,13 @@ void CallFaults::FailCall(size_t number, Fault fault)
 
 void CallFaults::NoteFailedCall(const std::string& name, AIErr status)
 {
-    mFailedCalls.push_back(name + " " + std::to_string(status));
+    Note(name + " " + std::to_string(status));
+}
+
+void CallFaults::Note(std::string failedCall)
+{
+    if (mListener) mListener(failedCall);
+    mFailedCalls.push_back(std::move(failedCall));
 }
 
 const Fault* CallFaults::CountCall(const std::string& name)
@@ -57,7 +63,7 @@ const Fault* CallFaults::CountCall(const std::string& name)
     if (mFault.exceptionType.empty()) {
         NoteFailedCall(name, mFault.status);
     } else {
-        mFailedCalls.push_back(name + " " + kThrow + mFault.exceptionType);
+        Note(name + " " + kThrow + mFault.exceptionType);
     }
     return &mFault;
 }

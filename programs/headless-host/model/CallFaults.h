@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "HostTypes.h"
@@ -33,8 +35,13 @@ public:
 
     // Counts a call. Returns its fault; null if it doesn't fail. Valid until the next order.
     //
-    // name   of the operation
+    // name   of the operation; for one of the basic suite with the suite, as "ReleaseSuite AI Menu
+    //        Suite"
     const Fault* CountCall(const std::string& name);
+
+    // Called with each failed call, as GetFailedCalls has it, before the call fails.
+    using Listener = std::function<void(const std::string& failedCall)>;
+    void SetListener(Listener listener) { mListener = std::move(listener); }
 
     // Notes a call that failed for another reason than an order to FailCall.
     void NoteFailedCall(const std::string& name, AIErr status);
@@ -48,7 +55,10 @@ public:
     bool IsPending() const { return mFailingCall > mCount; }
 
 private:
+    void Note(std::string failedCall);
+
     Fault mFault;
+    Listener mListener;
     std::vector<std::string> mFailedCalls;
     size_t mCount = 0;
     size_t mFailingCall = 0;

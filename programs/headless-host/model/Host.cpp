@@ -40,9 +40,10 @@ void Host::BeginCall(const std::string& name)
     }
 }
 
-bool Host::TakeFailure(const std::string& operation, AIErr& status, std::string& exceptionType)
+bool Host::TakeFailure(const std::string& operation, const std::string& call, AIErr& status,
+                       std::string& exceptionType)
 {
-    if (const Fault* const fault = suiteFaults.CountCall(operation)) {
+    if (const Fault* const fault = suiteFaults.CountCall(call)) {
         status = fault->exceptionType.empty() ? fault->status : kHostBadParameter;
         exceptionType = fault->exceptionType;
         return true;
@@ -50,7 +51,7 @@ bool Host::TakeFailure(const std::string& operation, AIErr& status, std::string&
     const auto failure = failures.find(operation);
     if (failure == failures.end()) return false;
     status = failure->second;
-    suiteFaults.NoteFailedCall(operation, status);
+    suiteFaults.NoteFailedCall(call, status);
     failures.erase(failure);
     return true;
 }

@@ -115,8 +115,10 @@ public:
 
     // Whether this call of a suite shall fail, which `failures` and `suiteFaults` say. Counts it.
     //
+    // call                    the operation as CallFaults has it
     // status, exceptionType   out: what it shall return, and throw; the second is empty for nothing
-    bool TakeFailure(const std::string& operation, AIErr& status, std::string& exceptionType);
+    bool TakeFailure(const std::string& operation, const std::string& call, AIErr& status,
+                     std::string& exceptionType);
 
     // What happens inside of the next call of an operation or function of PluginCore, by its name.
     std::multimap<std::string, std::function<void()>> duringCalls;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <charconv>
 
 #include "base/JsonText.h"
 #include "checks/HandleType.h"
@@ -28,6 +29,18 @@ bool IsHandle(const std::string& text, std::string& type)
     return false;
 }
 
+// The host numbers its handles from 1, whatever their types; a file can have any number.
+constexpr size_t kMostNumbers = size_t{1} << 28;
+
+// Of the name of a handle; kMostNumbers if it is greater than that.
+size_t GetNumber(const std::string& name)
+{
+    size_t number = kMostNumbers;
+    const char* const end = name.data() + name.size();
+    const auto read = std::from_chars(name.data() + name.rfind('#') + 1, end, number);
+    return read.ec == std::errc() ? std::min(number, kMostNumbers) : kMostNumbers;
+}
+
 // The text without the numbers of handles, which violations have in their sentences.
 std::string DropNumbers(const std::string& text)
 {
@@ -42,8 +55,22 @@ std::string DropNumbers(const std::string& text)
 
 }  // namespace
 
+bool LineComparison::IsSame(const std::string& name) const
+{
+    const size_t number = GetNumber(name);
+    return number < mSame.size() && mSame[number];
+}
+
 bool LineComparison::Pair(const std::string& recorded, const std::string& arisen)
 {
+    const size_t number = GetNumber(recorded);
+    if (recorded == arisen && number < kMostNumbers) {
+        if (mPresent.count(recorded) != 0 || mRecorded.count(arisen) != 0) return false;
+        if (number >= mSame.size()) mSame.resize(number + 1);
+        mSame[number] = true;
+        return true;
+    }
+    if (IsSame(recorded) || IsSame(arisen)) return false;
     const auto present = mPresent.emplace(recorded, arisen);
     const auto before = mRecorded.emplace(arisen, recorded);
     return present.first->second == arisen && before.first->second == recorded;

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstddef>
 #include <map>
 #include <string>
+#include <vector>
 
 #include "replay/JournalReader.h"
 
@@ -20,13 +22,19 @@ public:
     // What a recorded handle, as "art#5", is called in this run.
     std::string GetPresentName(const std::string& recorded) const;
 
+    // How many handles are remembered by their names: those that stand for one of another name.
+    // What a plug-in does the same way has the same names, and takes a bit each.
+    size_t CountNames() const { return mPresent.size(); }
+
 private:
     std::string CompareValues(const nlohmann::json& recorded, const nlohmann::json& arisen,
                               const std::string& place);
     bool AreEqual(const std::string& recorded, std::string arisen);
     bool Pair(const std::string& recorded, const std::string& arisen);
+    bool IsSame(const std::string& name) const;
 
     const std::string mRoot;
+    std::vector<bool> mSame;                       // by the handle's number: has the same name now
     std::map<std::string, std::string> mPresent;   // by the recorded name
     std::map<std::string, std::string> mRecorded;  // by the name in this run
 };

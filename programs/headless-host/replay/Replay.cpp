@@ -223,7 +223,11 @@ const RecordedLine* Replay::FindAnswer(const std::string& function, size_t start
     size_t nested = 0;
     for (size_t i = start; i < kMostNested; ++i) {
         const RecordedLine* const line = PeekInMessage(i);
-        if (line == nullptr) return nullptr;
+        if (line == nullptr) {
+            // The journal ends within this call: what it returned isn't known.
+            mHasStopped = mHasStopped || mCompares;
+            return nullptr;
+        }
         if (line->side == "host" && line->op == "send") ++nested;
         if (line->side == "host" && line->op == "answer" && nested-- == 0) return nullptr;
         if (line->side == "core" && line->op == function && nested == 0) return line;

@@ -10,6 +10,7 @@ struct CallCounts {
     size_t suiteCalls = 0;
     size_t coreCalls = 0;
     size_t allocations = 0;
+    size_t messages = 0;  // that the host sent, from the start to the end of the script
 };
 
 }  // namespace headless

@@ -19,6 +19,12 @@ nlohmann::json DescribeArguments(const char* name, int version, const std::strin
     return arguments;
 }
 
+// The call as CallFaults has it.
+std::string NameCall(const char* operation, const char* suite)
+{
+    return std::string(operation) + " " + (suite == nullptr ? "(null)" : suite);
+}
+
 // The suite that the host offers in this version, or null.
 const SuiteRow* FindOffered(const Host& host, const char* name, int version)
 {
@@ -36,7 +42,8 @@ AIErr AcquireSuite(const char* name, int version, void* suite)
     std::string exceptionType;
     try {
         host->BeginCall("AcquireSuite");
-        if (host->TakeFailure("AcquireSuite", result, exceptionType)) {
+        if (host->TakeFailure("AcquireSuite", NameCall("AcquireSuite", name), result,
+                              exceptionType)) {
             // nothing is acquired
         } else if (name == nullptr || suite == nullptr) {
             host->violations.Add(kBadAcquisition,
@@ -52,7 +59,7 @@ AIErr AcquireSuite(const char* name, int version, void* suite)
             result = kHostSuccess;
         } else {
             result = kSuiteNotFoundErr;
-            host->suiteFaults.NoteFailedCall("AcquireSuite", result);
+            host->suiteFaults.NoteFailedCall(NameCall("AcquireSuite", name), result);
         }
         if (host->journal.IsOpen()) {
             host->journal.Write("suite", "AcquireSuite",
@@ -75,7 +82,8 @@ AIErr ReleaseSuite(const char* name, int version)
     try {
         host->BeginCall("ReleaseSuite");
         const SuiteRow* const row = name == nullptr ? nullptr : FindOffered(*host, name, version);
-        if (host->TakeFailure("ReleaseSuite", result, exceptionType)) {
+        if (host->TakeFailure("ReleaseSuite", NameCall("ReleaseSuite", name), result,
+                              exceptionType)) {
             // nothing is released
         } else if (row != nullptr) {
             if (host->suites.Release(*row)) result = kHostSuccess;

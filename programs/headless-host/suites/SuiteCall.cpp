@@ -33,7 +33,7 @@ bool SuiteCall::IsAllowed()
 
 bool SuiteCall::TakeFailure(AIErr& status, std::string& exceptionType)
 {
-    if (!host.TakeFailure(mName, status, exceptionType)) return false;
+    if (!host.TakeFailure(mName, mName, status, exceptionType)) return false;
     Out("injected",
         exceptionType.empty() ? nlohmann::json(true) : nlohmann::json("throw:" + exceptionType));
     return true;

@@ -1,5 +1,8 @@
 #include "system/TemporaryFolder.h"
 
+#include <sys/statvfs.h>
+#include <unistd.h>
+
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
@@ -26,12 +29,23 @@ void PermitDeletion(const fs::path& folder)
     }
 }
 
+// Whether this process may create files in the folder, and load them as modules.
+bool IsUsable(const char* folder)
+{
+    struct statvfs system = {};
+    return access(folder, W_OK | X_OK) == 0 && statvfs(folder, &system) == 0 &&
+           (system.f_flag & ST_NOEXEC) == 0;
+}
+
 }  // namespace
 
-TemporaryFolder::TemporaryFolder()
+TemporaryFolder::TemporaryFolder(Place place)
 {
+    constexpr char kMemory[] = "/dev/shm";
     std::error_code error;
-    const fs::path above = fs::temp_directory_path(error);
+    const bool isInMemory =
+        place == Place::kInMemory && std::getenv("TMPDIR") == nullptr && IsUsable(kMemory);
+    const fs::path above = isInMemory ? fs::path(kMemory) : fs::temp_directory_path(error);
     if (error) throw std::runtime_error("no folder for temporary files: " + error.message());
     std::string pattern = fs::absolute(above / "headless-host-XXXXXX").string();
     if (mkdtemp(pattern.data()) == nullptr) {

@@ -43,7 +43,7 @@ void RunCases(const CaseLimits& limits, const std::function<std::optional<Valida
               const CaseBody& body,
               const std::function<bool(const ValidatorCase&, const CaseOutcome&)>& done)
 {
-    const TemporaryFolder scratch;
+    const TemporaryFolder scratch(TemporaryFolder::Place::kInMemory);
     const StrayProcesses strays;
     // Destroyed first, so nothing writes to the folder any more when it is deleted.
     std::vector<std::unique_ptr<CaseProcess>> running;

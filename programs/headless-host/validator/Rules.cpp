@@ -97,6 +97,7 @@ const std::vector<RuleRow> kHostRules = {
     {606, 6, false, "memory", "Missing memory of the process ends only the message."},
     {607, 5, false, "memory", "A long life stays within the limits of time and memory."},
     {608, 6, false, "memory", "The length of a text is the one that the host reports."},
+    {609, 6, false, "memory", "No memory of the process is lost."},
     {701, 3, false, "notifiers, timers and menus", "Everything is registered once."},
     {702, 4, false, "notifiers, timers and menus", "Work with documents registers nothing more."},
     {703, 4, false, "notifiers, timers and menus",

@@ -1,9 +1,13 @@
 #include "validator/ScriptPlayer.h"
 
+#include <fcntl.h>
+
 #include <algorithm>
 
 #include "application/HostPlatformTable.h"
+#include "base/FileDescriptor.h"
 #include "base/Lines.h"
+#include "base/ReadWrite.h"
 #include "checks/BrokenRule.h"
 #include "model/PluginCode.h"
 #include "session/Session.h"
@@ -27,6 +31,14 @@ bool AsksForCalls(const std::string& line)
     return false;
 }
 
+// Without the file, a crash is not known to be the failed call's.
+void WriteFailedCall(const std::string& path, const std::string& line)
+{
+    const base::FileDescriptor file(
+        open(path.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600));
+    if (file.IsValid()) (void)base::WriteAll(file.Get(), line);
+}
+
 // Plays the lines of one script. Lives of the plug-in follow each other in one host: it forgets the
 // notifiers, timers and file formats of a plug-in that is unloaded, but its menus remain.
 class Player {
@@ -41,6 +53,11 @@ public:
             return mWorld.Write(mHost, document, path);
         };
         mOptions.frameworks = FindFrameworks();
+        for (CallFaults* const faults : {&mHost.suiteFaults, &mHost.coreFaults}) {
+            faults->SetListener([this](const std::string& call) {
+                WriteFailedCall(mFolder + "/failed-calls", call + "\n");
+            });
+        }
     }
 
     CaseOutcome Play(const std::vector<std::string>& lines, const std::string& journal)
@@ -148,6 +165,8 @@ private:
             AddFinding(mHost.violations.Rules()[i], mHost.violations.Lines()[i]);
         }
         mOutcome.counts = mWorld.GetCounts(mHost);
+        (void)mHost.handles.BeginMessage(false);
+        mOutcome.counts.messages = mHost.handles.BeginMessage(false).number - 1;
         if (plugin_code::HasAllocationFailed()) mOutcome.failedCalls.emplace_back("operator new");
         for (const CallFaults* const faults : {&mHost.suiteFaults, &mHost.coreFaults}) {
             const std::vector<std::string>& calls = faults->GetFailedCalls();

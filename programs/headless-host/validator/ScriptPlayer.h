@@ -12,7 +12,8 @@ namespace headless {
 // start. A wrong line of the script is one too: there is no other way to notice it in a sweep.
 //
 // plugin   the module, or a folder X.aip with the module X in it; absolute
-// folder   an empty folder, absolute
+// folder   an empty folder, absolute; the calls that fail are in its file "failed-calls" as soon as
+//          they do, see kFailedCallsFile
 // journal  file for the journal; empty for none
 CaseOutcome PlayScript(const ValidatorCase& which, const std::string& plugin,
                        const std::string& folder, const std::string& journal);

@@ -97,6 +97,7 @@ void ValidatorReport::Count(int rule, CaseResult result, const std::string& reas
 void ValidatorReport::Add(const ValidatorCase& which, const CaseOutcome& outcome)
 {
     const int level = GetLevel(which.rule);
+    mMessages += outcome.counts.messages;
     Count(which.rule, outcome.result, outcome.reason, 1);
     if (mSettings.isJson) Print(base::PrintJson(DescribeCase(which, level, outcome)) + "\n");
     const bool isFailed = outcome.result == CaseResult::kFailed;
@@ -146,6 +147,7 @@ std::string ValidatorReport::WriteTallies() const
         text += format(GetFamily(hundreds * kRulesOfFamily), tally);
     }
     text += format("all", mTotal);
+    if (mMessages > 0) text += "messages sent: " + std::to_string(mMessages) + "\n";
     for (const auto& [reason, cases] : mReasons) {
         text +=
             "skipped: " + base::Count(cases, "case") + ": " + base::MakePrintable(reason) + "\n";

@@ -67,6 +67,7 @@ private:
     std::optional<CaseFiles> mFiles;
     std::map<int, Tally> mFamilies;  // by the hundreds of the rules' numbers
     Tally mTotal;
+    size_t mMessages = 0;                    // of all cases whose process came to its end
     std::map<std::string, size_t> mReasons;  // for which cases were skipped
     std::vector<FailedCase> mFailed;         // those that the table shows
     std::vector<JunitCase> mJunit;

@@ -36,6 +36,12 @@ TEST(SplitLinesTest, AnEmptyTextHasAnEmptyLine)
     EXPECT_EQ(rest, "");
 }
 
+TEST(JoinLinesTest, EachLineHasAnEnd)
+{
+    EXPECT_EQ("a\n\nb\n", JoinLines({"a", "", "b"}));
+    EXPECT_EQ("", JoinLines({}));
+}
+
 constexpr std::string_view kText = "x%%A\n%%A 1\r\n%%B\r%%A 2\n %%A";
 
 TEST(FindLineTest, TheFirstOrTheLastLineThatBeginsSo)

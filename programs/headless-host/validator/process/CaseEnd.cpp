@@ -37,6 +37,27 @@ std::string GetSignalText(int signal)
     return std::string("SIG") + name + " (" + description + ")";
 }
 
+// Whether a function of a stack only hands on what its caller asks for.
+bool IsOfLibrary(std::string_view function)
+{
+    for (const std::string_view start :
+         {"operator new", "malloc", "calloc", "realloc", "__", "std::"}) {
+        if (function.rfind(start, 0) == 0) return true;
+    }
+    return false;
+}
+
+// The line of std::terminate about an exception that no one catches; empty if there is none.
+std::string FindTermination(const std::string& output)
+{
+    const std::string tail = ReadTail(output);
+    for (std::string_view rest = tail; !rest.empty();) {
+        const std::string_view line = base::TakeLine(rest);
+        if (line.rfind("terminat", 0) == 0) return base::ToMessageText(line);
+    }
+    return {};
+}
+
 }  // namespace
 
 CaseOutcome MakeFailure(BrokenRule rule, const std::string& message)
@@ -74,7 +95,9 @@ CaseOutcome DescribeEnd(const base::ProcessEnd& end, size_t bytes, const std::st
     if (end.signal == SIGKILL) {
         return MakeFailure(kNeedsTooMuchMemory, "was killed, perhaps for its use of memory");
     }
-    return MakeFailure(kCrash, "crashed: " + GetSignalText(end.signal));
+    const std::string reason = end.signal == SIGABRT ? FindTermination(output) : std::string();
+    return MakeFailure(
+        kCrash, "crashed: " + GetSignalText(end.signal) + (reason.empty() ? "" : ": " + reason));
 }
 
 std::string FindSanitizerReport(const std::string& output)
@@ -87,11 +110,40 @@ std::string FindSanitizerReport(const std::string& output)
             return base::ToMessageText(line);
         }
         if (line.find("Sanitizer: ") == std::string_view::npos) continue;
+        if (line.find("LeakSanitizer: ") != std::string_view::npos) continue;
         // "==PID==ERROR: AddressSanitizer: ..."
         const size_t start = std::min(line.find("ERROR: "), line.find("WARNING: "));
         if (start != std::string_view::npos) return base::ToMessageText(line.substr(start));
     }
     return {};
+}
+
+std::string FindLostMemory(const std::string& output)
+{
+    // "Direct leak of 5 byte(s) in 1 object(s) allocated from:", and then "#1 0x1 in Function
+    // file".
+    constexpr std::string_view kLeak = "irect leak of ";
+    constexpr std::string_view kIn = " in ";
+    const std::string tail = ReadTail(output);
+    std::string_view rest = tail;
+    std::string text;
+    while (!rest.empty()) {
+        const std::string_view line = base::TakeLine(rest);
+        const size_t leak = line.find(kLeak);
+        if (leak != std::string_view::npos && text.empty()) {
+            const size_t size = leak + kLeak.size();
+            text = "lost memory: " +
+                   base::ToMessageText(line.substr(size, line.find(" allocated", size) - size));
+            continue;
+        }
+        if (text.empty()) continue;
+        const size_t in = line.find(kIn);
+        if (line.find('#') == std::string_view::npos || in == std::string_view::npos) break;
+        const std::string_view function = line.substr(in + kIn.size());
+        if (IsOfLibrary(function)) continue;
+        return text + " of " + base::ToMessageText(function);
+    }
+    return text.empty() ? "lost memory" : text;
 }
 
 std::vector<std::string> ReadLastLines(const std::string& path, size_t most)

@@ -9,11 +9,13 @@
 #include <csignal>
 #include <cstring>
 #include <filesystem>
+#include <fstream>
 #include <new>
 #include <stdexcept>
 
 #include "base/ReadWrite.h"
 #include "checks/BrokenRule.h"
+#include "system/LeakCheck.h"
 #include "system/ShadowMemory.h"
 #include "system/TemporaryFolder.h"
 #include "validator/process/CaseEnd.h"
@@ -31,6 +33,9 @@ constexpr size_t kMostOutcomeBytes = size_t{16} << 20;
 // A plug-in that writes without end must not fill the disk within the time limit.
 constexpr size_t kMostFileBytes = size_t{256} << 20;
 constexpr mode_t kOutputMode = 0600;
+constexpr size_t kMostFailedCalls = 1000;
+// So often the time limit can pass while a case waits for a processor.
+constexpr double kMostWaiting = 20;
 // In place of an outcome, which could not be written without memory.
 constexpr char kNoMemoryLine[] = "no memory\n";
 
@@ -58,6 +63,16 @@ void PrepareChild(const CaseLimits& limits, const std::string& folder, const std
     if (limits.bytes > 0 && !kHasShadowMemory) base::LimitResource(RLIMIT_AS, limits.bytes);
 }
 
+// How long the process was ready to run and waited for a processor; 0 if the system doesn't say.
+double ReadWaitingSeconds(pid_t process)
+{
+    constexpr double kNanosecond = 1e-9;
+    double running = 0;
+    double waiting = 0;
+    std::ifstream file("/proc/" + std::to_string(process) + "/schedstat");
+    return file >> running >> waiting ? waiting * kNanosecond : 0;
+}
+
 CaseOutcome Perform(const ValidatorCase& which, const CaseBody& body, const std::string& folder)
 {
     try {
@@ -80,7 +95,13 @@ CaseOutcome Perform(const ValidatorCase& which, const CaseBody& body, const std:
     try {
         PrepareChild(limits, folder, output);
         // If it cannot be sent, the parent reports how the process ended.
-        (void)base::WriteAll(pipe, WriteOutcome(Perform(which, body, folder)) + "\n");
+        CaseOutcome outcome = Perform(which, body, folder);
+        // The process ends without the exit at which the leak checker looks by itself.
+        if (HasLostMemory()) {
+            outcome.result = CaseResult::kFailed;
+            outcome.findings.push_back({kMemoryLost, FindLostMemory(output)});
+        }
+        (void)base::WriteAll(pipe, WriteOutcome(outcome) + "\n");
     } catch (const std::bad_alloc&) {
         (void)base::WriteAll(pipe, kNoMemoryLine);
     } catch (const std::exception& exception) {
@@ -132,7 +153,7 @@ CaseProcess::~CaseProcess()
 double CaseProcess::GetSecondsLeft() const
 {
     const std::chrono::duration<double> passed = CaseClock::now() - mStart;
-    return std::max(0.0, mLimits.seconds - passed.count());
+    return std::max(0.0, mLimits.seconds + mWaited - passed.count());
 }
 
 // Returns whether the outcome is complete. Closes the pipe at its end.
@@ -157,6 +178,8 @@ bool CaseProcess::Advance()
     // In this order: what the process sent before its end is in the pipe then.
     const bool hasEnded = mProcess.HasEnded();
     if (ReadPipe() || hasEnded) return true;
+    if (GetSecondsLeft() > 0) return false;
+    mWaited = std::min(ReadWaitingSeconds(mId), mLimits.seconds * kMostWaiting);
     mIsLate = GetSecondsLeft() <= 0;
     return mIsLate;
 }
@@ -165,6 +188,9 @@ CaseOutcome CaseProcess::Finish()
 {
     const base::ProcessEnd end = mProcess.Kill();
     CaseOutcome outcome = Judge(end);
+    if (mReceived.empty()) {
+        outcome.failedCalls = ReadLastLines(mFolder + "/" + kFailedCallsFile, kMostFailedCalls);
+    }
     const std::string report = FindSanitizerReport(mOutputFile);
     if (!report.empty()) {
         // The end of the process is the sanitizer's then.

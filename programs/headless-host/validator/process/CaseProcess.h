@@ -43,7 +43,8 @@ public:
     // What poll(2) can wait for; -1 if the process has closed it, which makes its end likely.
     int GetDescriptor() const { return mPipe.Get(); }
 
-    // Until its time is over; 0 if it is.
+    // Until its time is over; 0 if it is. The time that it waits for a processor isn't its own: on
+    // a busy machine it gets more.
     double GetSecondsLeft() const;
 
 private:
@@ -59,6 +60,7 @@ private:
     base::FileDescriptor mPipe;
     std::string mReceived;
     bool mIsLate = false;
+    double mWaited = 0;  // for a processor, as far as is known, in seconds
     std::chrono::steady_clock::time_point mStart;
 };
 

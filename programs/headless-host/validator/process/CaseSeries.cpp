@@ -8,10 +8,20 @@
 
 namespace headless {
 
-CaseSeries::CaseSeries(const CaseLimits& limits, double seconds, CaseBody body,
+CaseSeries::CaseSeries(const CaseLimits& limits, double seconds, CaseBody body, Judge judge,
                        ValidatorReport& report)
-    : mLimits(limits), mSeconds(seconds), mBody(std::move(body)), mReport(report)
+    : mLimits(limits),
+      mSeconds(seconds),
+      mBody(std::move(body)),
+      mJudge(std::move(judge)),
+      mReport(report)
 {
+}
+
+CaseOutcome CaseSeries::MakeJudged(CaseOutcome outcome) const
+{
+    if (mJudge) mJudge(outcome);
+    return outcome;
 }
 
 bool CaseSeries::IsTimeOver() const
@@ -38,7 +48,7 @@ void CaseSeries::Run(size_t total, const Next& next, const Done& done)
         },
         mBody,
         [&](const ValidatorCase& which, const CaseOutcome& outcome) {
-            done(which, outcome);
+            done(which, MakeJudged(outcome));
             progress.Show(++ended, "rule " + std::to_string(which.rule) + " " + which.name);
             return true;
         });
@@ -74,8 +84,8 @@ std::optional<CaseOutcome> CaseSeries::RunAlone(const ValidatorCase& which)
     std::optional<CaseOutcome> result;
     RunCases(
         mLimits, [&rest] { return std::exchange(rest, std::nullopt); }, mBody,
-        [&result](const ValidatorCase&, const CaseOutcome& outcome) {
-            result = outcome;
+        [&](const ValidatorCase&, const CaseOutcome& outcome) {
+            result = MakeJudged(outcome);
             return true;
         });
     return result;

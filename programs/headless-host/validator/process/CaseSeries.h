@@ -18,10 +18,14 @@ public:
     using Next = std::function<std::optional<ValidatorCase>()>;
     using Done = std::function<void(const ValidatorCase&, const CaseOutcome&)>;
 
+    using Judge = std::function<void(CaseOutcome&)>;
+
     // seconds   for all series, from now on; 0: no limit
     // body      performs a case; see RunCases
+    // judge     changes what came of a case, before anyone sees it; may be empty
     // report    must outlive the object
-    CaseSeries(const CaseLimits& limits, double seconds, CaseBody body, ValidatorReport& report);
+    CaseSeries(const CaseLimits& limits, double seconds, CaseBody body, Judge judge,
+               ValidatorReport& report);
 
     // Runs the cases of a series. A case that is not begun when the time is over is reported as
     // skipped. An interrupt ends the series.
@@ -49,11 +53,14 @@ public:
     static constexpr char kTimeIsOver[] = "the time was over";
 
 private:
+    CaseOutcome MakeJudged(CaseOutcome outcome) const;
+
     using Clock = std::chrono::steady_clock;
 
     const CaseLimits mLimits;
     const double mSeconds;
     const CaseBody mBody;
+    const Judge mJudge;
     ValidatorReport& mReport;
     const Clock::time_point mStart = Clock::now();
 };

@@ -38,6 +38,8 @@ std::string WriteOutcome(const CaseOutcome& outcome)
     value["suiteCalls"] = outcome.counts.suiteCalls;
     value["coreCalls"] = outcome.counts.coreCalls;
     value["allocations"] = outcome.counts.allocations;
+    value["messages"] = outcome.counts.messages;
+    value["hasInvalidLine"] = outcome.hasInvalidLine;
     return base::PrintJson(value);
 }
 
@@ -56,6 +58,8 @@ CaseOutcome ReadOutcome(const std::string& text)
     outcome.counts.suiteCalls = value.at("suiteCalls").get<size_t>();
     outcome.counts.coreCalls = value.at("coreCalls").get<size_t>();
     outcome.counts.allocations = value.at("allocations").get<size_t>();
+    outcome.counts.messages = value.at("messages").get<size_t>();
+    outcome.hasInvalidLine = value.at("hasInvalidLine").get<bool>();
     return outcome;
 }
 

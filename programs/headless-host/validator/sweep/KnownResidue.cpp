@@ -12,11 +12,18 @@ constexpr char kShutdownEnds[] = "PluginCore must not throw; the shutdown ends w
 constexpr char kAcquiresAgain[] =
     "after a failure the next message acquires all suites again, but only one round is released";
 constexpr char kReleaseEnds[] = "the release of the suites ends with the one that failed";
+constexpr char kOnlyNumbers[] =
+    "only the numbers that failed results become are caught before the suite is released";
 constexpr char kNotLookedAt[] = "the result isn't looked at; the host refuses the null handle";
 
 const std::vector<KnownResidue> kKnownResidues = {
+    {302, "ReleaseSuite AI Menu Suite throw:", "SIGABRT (Aborted): terminate called after throwing",
+     "the holder of the menu suite releases it in its destructor, which must not throw"},
     {403, "AcquireSuite", "", kAcquiresAgain},
+    {403, "FreeBlock throw:", "suite \"SP Blocks Suite\"", kOnlyNumbers},
+    {403, "GetTimerActive throw:", "suite \"AI Timer Suite\"", kOnlyNumbers},
     {403, "ReleaseSuite", "", kReleaseEnds},
+    {403, "SetTimerActive throw:", "suite \"AI Timer Suite\"", kOnlyNumbers},
     {403, "TerminatePluginCoreInterface throw:", "", kShutdownEnds},
     {501, "AddMenuItem", "the menu item is null",
      "an item that the host refused stays in the plug-in's list, with the null handle"},

@@ -2,6 +2,8 @@
 
 #include <iterator>
 
+#include "validator/process/FailedCases.h"
+
 namespace headless {
 
 void RunSweepCases(const std::vector<SweepRule>& rules, bool isTypeloft, CaseSeries& series,
@@ -13,7 +15,12 @@ void RunSweepCases(const std::vector<SweepRule>& rules, bool isTypeloft, CaseSer
         ValidatorCase probe = MakeProbe(scenario);
         probe.rule = rules.front();
         const std::optional<CaseOutcome> outcome = series.RunAlone(probe);
-        if (!outcome) return;
+        if (!outcome && !series.IsTimeOver()) return;
+        if (!outcome) {
+            // How many cases each rule has in this scenario is not known.
+            for (const SweepRule rule : rules) report.AddSkipped(rule, 1, CaseSeries::kTimeIsOver);
+            continue;
+        }
         if (outcome->result != CaseResult::kPassed) {
             report.Add(probe, *outcome);
             continue;
@@ -24,10 +31,21 @@ void RunSweepCases(const std::vector<SweepRule>& rules, bool isTypeloft, CaseSer
         }
     }
     size_t begun = 0;
-    series.Run(cases.size(), [&]() -> std::optional<ValidatorCase> {
-        if (begun == cases.size()) return std::nullopt;
-        return cases[begun++];
-    });
+    std::vector<FailedCase> failures;
+    series.Run(
+        cases.size(),
+        [&]() -> std::optional<ValidatorCase> {
+            if (begun == cases.size()) return std::nullopt;
+            return cases[begun++];
+        },
+        [&](const ValidatorCase& which, const CaseOutcome& outcome) {
+            if (outcome.result == CaseResult::kFailed) {
+                failures.push_back({which, outcome});
+            } else {
+                report.Add(which, outcome);
+            }
+        });
+    ReportFailedCases(failures, series, report);
 }
 
 }  // namespace headless

@@ -83,3 +83,16 @@ TEST(CallFaultsTest, ALaterOrderReplacesAnEarlierOne)
     faults.NoteFailedCall("three", 9);
     EXPECT_THAT(faults.GetFailedCalls(), ElementsAre("two throw:int", "three 9"));
 }
+
+TEST(CallFaults, TheListenerHearsOfAFailedCallBeforeItFails)
+{
+    CallFaults faults;
+    std::vector<std::string> heard;
+    faults.SetListener([&heard](const std::string& call) { heard.push_back(call); });
+    faults.FailCall(2, {0, "int"});
+    (void)faults.CountCall("one");
+    EXPECT_THAT(heard, testing::IsEmpty());
+    (void)faults.CountCall("two");
+    faults.NoteFailedCall("three", 9);
+    EXPECT_THAT(heard, ElementsAre("two throw:int", "three 9"));
+}

@@ -30,6 +30,7 @@ public:
     }
     Held(const Held&) = delete;
     Held& operator=(const Held&) = delete;
+    bool IsThere() const { return mSuite != nullptr; }
     const Suite* operator->() const { return mSuite; }
 
 private:
@@ -60,6 +61,7 @@ inline void Start(SPMessageData& data)
     self = data.self;
     data.globals = &basic;
     Held<AINotifierSuite> notifiers("AI Notifier Suite", 1004);
+    if (!notifiers.IsThere()) return;
     (void)notifiers->AddNotifier(self, "Opened", "AI Document Opened Notifier", &opened);
     (void)notifiers->AddNotifier(self, "Closed", "AI Document Closed Notifier", &closed);
 }

@@ -1,4 +1,5 @@
 #include <gmock/gmock.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 
 #include <cstdlib>
@@ -124,6 +125,25 @@ TEST_F(ReplayProgram, UpdateWritesTheJournalOfTheChangedPlugin)
     EXPECT_FALSE(std::filesystem::exists(folder + "/journal.new"));
     EXPECT_EQ(0, Replay("makes-extra-call")) << errors;
     EXPECT_EQ(1, Replay("makes-calls"));
+}
+
+TEST_F(ReplayProgram, UpdateReplacesFilesOnly)
+{
+    ASSERT_EQ(0, mkfifo((folder + "/pipe").c_str(), 0600));
+    EXPECT_EQ(3, Replay("makes-calls", "journal --update pipe"));
+    EXPECT_EQ("headless-host: " + folder + "/pipe: cannot be written: is not a file\n", errors);
+    EXPECT_TRUE(std::filesystem::is_fifo(folder + "/pipe"));
+    EXPECT_FALSE(std::filesystem::exists(folder + "/pipe.new"));
+}
+
+TEST_F(ReplayProgram, AReportThatCannotBeWrittenIsAnError)
+{
+    const std::string command = "'" HEADLESS_HOST_PROGRAM "' replay '" + folder +
+                                "/journal' --plugin '" TEST_PLUGINS_FOLDER
+                                "/makes-calls.aip' >/dev/full 2>/dev/null </dev/null";
+    for (const char* const option : {"", " --json"}) {
+        EXPECT_EQ(3, WEXITSTATUS(std::system((command + option).c_str()))) << option;
+    }
 }
 
 TEST_F(ReplayProgram, AJournalCutOffIsPlayedUpToThere)

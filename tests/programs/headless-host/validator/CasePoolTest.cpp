@@ -1,23 +1,29 @@
 #include "validator/CasePool.h"
 
 #include <gmock/gmock.h>
+#include <sched.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
 #include <chrono>
 #include <csignal>
 #include <cstdlib>
+#include <ctime>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iostream>
 #include <map>
+#include <stdexcept>
 #include <thread>
 
 #include "ScratchFolder.h"
 #include "checks/BrokenRule.h"
 #include "system/Interrupts.h"
 #include "system/ShadowMemory.h"
+#include "validator/process/CaseEnd.h"
 
 using namespace headless;
 using testing::ElementsAre;
@@ -167,6 +173,57 @@ TEST_F(CasePool, ACrashIsAFindingWithItsSignal)
                            }),
                 HasSubstr("SIGSEGV (Segmentation fault)"));
     EXPECT_THAT(ExpectRule(kCrash, [](const std::string&) { std::abort(); }), HasSubstr("SIGABRT"));
+    EXPECT_THAT(ExpectRule(kCrash,
+                           [](const std::string&) {
+                               std::function<void()> fail = [] { throw std::runtime_error("why"); };
+                               [&fail]() noexcept { fail(); }();
+                           }),
+                AllOf(HasSubstr("SIGABRT (Aborted): terminat"), HasSubstr("runtime_error")));
+}
+
+// In other builds there is no leak checker.
+TEST_F(CasePool, LostMemoryIsAFindingUnderASanitizer)
+{
+    if (!kHasShadowMemory) GTEST_SKIP();
+    const CaseOutcome outcome = RunOne([](const std::string&) {
+        for (int i = 0; i < 3; ++i) {
+            auto* volatile lost = new std::array<int, 10>();
+            lost = nullptr;
+            (void)lost;
+        }
+    });
+    EXPECT_EQ(CaseResult::kFailed, outcome.result);
+    ASSERT_EQ(1U, outcome.findings.size());
+    EXPECT_EQ(kMemoryLost, outcome.findings[0].rule);
+    EXPECT_THAT(outcome.findings[0].message, HasSubstr("40 byte(s) in 1 object(s)"));
+    EXPECT_EQ(CaseResult::kPassed, RunOne([](const std::string&) {}).result);
+}
+
+TEST_F(CasePool, ALineTellsWhatAllocatedLostMemory)
+{
+    const std::string file = scratch.Path() + "/report";
+    std::ofstream(file) << "==5==ERROR: LeakSanitizer: detected memory leaks\n\n"
+                           "Direct leak of 24 byte(s) in 1 object(s) allocated from:\n"
+                           "    #0 0x1 in operator new(unsigned long) new.cpp\n"
+                           "    #1 0x2 in ReadMenus(char const*) Menus.cpp:5\n"
+                           "    #2 0x3 in main main.cpp\n\n"
+                           "SUMMARY: AddressSanitizer: 24 byte(s) leaked in 1 allocation(s).\n";
+    EXPECT_EQ("lost memory: 24 byte(s) in 1 object(s) of ReadMenus(char const*) Menus.cpp:5",
+              FindLostMemory(file));
+    EXPECT_EQ("", FindSanitizerReport(file));
+    std::ofstream(file) << "nothing\n";
+    EXPECT_EQ("lost memory", FindLostMemory(file));
+}
+
+TEST_F(CasePool, OfACrashItIsKnownWhichCallsHadFailed)
+{
+    const CaseOutcome outcome = RunOne([](const std::string& folder) {
+        fs::create_directory(folder + "/world");
+        std::ofstream(folder + "/" + kFailedCallsFile) << "AddMenuItem 5\nRelease throw:int\n";
+        std::abort();
+    });
+    EXPECT_EQ(CaseResult::kFailed, outcome.result);
+    EXPECT_THAT(outcome.failedCalls, ElementsAre("AddMenuItem 5", "Release throw:int"));
 }
 
 TEST_F(CasePool, ACaseThatTakesTooLongIsEnded)
@@ -176,6 +233,30 @@ TEST_F(CasePool, ACaseThatTakesTooLongIsEnded)
     EXPECT_EQ("did not end within 0.2 s",
               ExpectRule(kTakesTooLong, [](const std::string&) { (void)sleep(60); }));
     EXPECT_GT(std::chrono::seconds(30), std::chrono::steady_clock::now() - start);
+}
+
+TEST_F(CasePool, TheTimeThatACaseWaitsForAProcessorIsNotItsOwn)
+{
+    cpu_set_t first;
+    CPU_ZERO(&first);
+    cpu_set_t all;
+    ASSERT_EQ(0, sched_getaffinity(0, sizeof all, &all));
+    for (int processor = 0; CPU_COUNT(&first) == 0; ++processor) {
+        if (CPU_ISSET(processor, &all)) CPU_SET(processor, &first);
+    }
+    limits.seconds = 0.5;
+    limits.jobs = 8;
+    const Outcomes outcomes = Run(8, [&first](const ValidatorCase&, const std::string&) {
+        EXPECT_EQ(0, sched_setaffinity(0, sizeof first, &first));
+        timespec used = {};
+        do {
+            EXPECT_EQ(0, clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &used));
+        } while (used.tv_sec == 0 && used.tv_nsec < 150'000'000);
+        return CaseOutcome();
+    });
+    for (const auto& [name, outcome] : outcomes) {
+        EXPECT_EQ(CaseResult::kPassed, outcome.result) << name;
+    }
 }
 
 TEST_F(CasePool, TheEndOfTheProcessIsAFinding)

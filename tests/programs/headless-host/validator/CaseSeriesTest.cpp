@@ -38,7 +38,7 @@ CaseOutcome FailSecond(const ValidatorCase& which, const std::string&)
 TEST(CaseSeries, ReportsEachCase)
 {
     ValidatorReport report(kSeriesRules, {});
-    CaseSeries series(CaseLimits(), 0, FailSecond, report);
+    CaseSeries series(CaseLimits(), 0, FailSecond, {}, report);
     series.Run(5, MakeCases(5));
     EXPECT_EQ(5U, report.CountAll());
     EXPECT_EQ(1U, report.CountFailed());
@@ -48,7 +48,7 @@ TEST(CaseSeries, ReportsEachCase)
 TEST(CaseSeries, BeginsNoCaseWhenTheTimeIsOver)
 {
     ValidatorReport report(kSeriesRules, {});
-    CaseSeries series(CaseLimits(), 0.1, FailSecond, report);
+    CaseSeries series(CaseLimits(), 0.1, FailSecond, {}, report);
     std::this_thread::sleep_for(std::chrono::milliseconds(120));
     series.Run(5, MakeCases(5));
     testing::internal::CaptureStdout();
@@ -62,11 +62,23 @@ TEST(CaseSeries, BeginsNoCaseWhenTheTimeIsOver)
 TEST(CaseSeries, RunsACaseAloneWithoutAReport)
 {
     ValidatorReport report(kSeriesRules, {});
-    CaseSeries series(CaseLimits(), 0, FailSecond, report);
+    CaseSeries series(CaseLimits(), 0, FailSecond, {}, report);
     ValidatorCase second;
     second.name = "2";
     const std::optional<CaseOutcome> outcome = series.RunAlone(second);
     ASSERT_TRUE(outcome.has_value());
     EXPECT_EQ(CaseResult::kFailed, outcome->result);
     EXPECT_EQ(0U, report.CountAll());
+}
+
+TEST(CaseSeries, JudgesWhatCameOfEachCaseBeforeItIsReported)
+{
+    ValidatorReport report(kSeriesRules, {});
+    const auto pass = [](CaseOutcome& outcome) { outcome = CaseOutcome(); };
+    CaseSeries series(CaseLimits(), 0, FailSecond, pass, report);
+    series.Run(3, MakeCases(3));
+    EXPECT_EQ(0U, report.CountFailed());
+    ValidatorCase second;
+    second.name = "2";
+    EXPECT_EQ(CaseResult::kPassed, series.RunAlone(second)->result);
 }

@@ -29,7 +29,7 @@ std::vector<nlohmann::json> RunRandom(size_t count, unsigned long seed, const Ca
 {
     testing::internal::CaptureStdout();
     ValidatorReport report(kRandomRules, {true, "", ""});
-    CaseSeries series(CaseLimits(), seconds, body, report);
+    CaseSeries series(CaseLimits(), seconds, body, {}, report);
     RunRandomCases({kRandomWithModel, false, seed, count}, series, report);
     std::istringstream lines(testing::internal::GetCapturedStdout());
     std::vector<nlohmann::json> values;

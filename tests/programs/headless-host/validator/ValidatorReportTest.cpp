@@ -94,6 +94,17 @@ TEST_F(Report, TheTableCountsCasesByFamily)
     EXPECT_THAT(text, HasSubstr("skipped: 40 cases: the time was over\n"));
 }
 
+TEST_F(Report, TheTableTellsHowManyMessagesWereSent)
+{
+    CaseOutcome outcome = MakeOutcome(CaseResult::kPassed);
+    outcome.counts.messages = 1200;
+    testing::internal::CaptureStdout();
+    ValidatorReport report(kSomeRules, settings);
+    for (const char* const name : {"one", "two"}) report.Add(MakeCase(101, name), outcome);
+    report.Finish("A.aip");
+    EXPECT_THAT(testing::internal::GetCapturedStdout(), HasSubstr("messages sent: 2400\n"));
+}
+
 TEST_F(Report, TheTableShowsWhatFailedAndHowToPlayItAgain)
 {
     const std::string text = ReportThree();

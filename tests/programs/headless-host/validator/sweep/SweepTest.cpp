@@ -142,8 +142,26 @@ TEST(SweepTest, AnotherRuleOrAnotherTextIsNotLeftOut)
               MakeOutcome(505, "Unload: text range#4 was not given back", "FreeBlock 1").result);
     EXPECT_EQ(CaseResult::kPassed,
               MakeOutcome(403, "Unload", "TerminatePluginCoreInterface throw:int").result);
+    const std::string timers = "Unload: suite \"AI Timer Suite\" version 1005 was not released";
+    EXPECT_EQ(CaseResult::kPassed, MakeOutcome(403, timers, "SetTimerActive throw:int").result);
+    EXPECT_EQ(CaseResult::kFailed, MakeOutcome(403, timers, "SetTimerActive 5").result);
+    EXPECT_EQ(CaseResult::kFailed, MakeOutcome(403, timers, "FreeBlock throw:int").result);
     EXPECT_EQ(CaseResult::kFailed,
               MakeOutcome(403, "Unload", "TerminatePluginCoreInterface 5").result);
+}
+
+TEST(SweepTest, OnlyTheReleaseOfTheMenuSuiteMayEndTheProcessByAnException)
+{
+    const std::string end =
+        "crashed: SIGABRT (Aborted): terminate called after throwing an instance of 'int'";
+    const std::string menus = "ReleaseSuite AI Menu Suite throw:int";
+    EXPECT_EQ(CaseResult::kPassed, MakeOutcome(302, end, menus).result);
+    EXPECT_EQ(CaseResult::kFailed, MakeOutcome(302, end, "").result);
+    EXPECT_EQ(CaseResult::kFailed, MakeOutcome(302, end, "ReleaseSuite AI Menu Suite 5").result);
+    EXPECT_EQ(CaseResult::kFailed,
+              MakeOutcome(302, end, "ReleaseSuite AI Timer Suite throw:int").result);
+    EXPECT_EQ(CaseResult::kFailed, MakeOutcome(302, "crashed: SIGSEGV (...)", menus).result);
+    EXPECT_EQ(CaseResult::kFailed, MakeOutcome(302, "crashed: SIGABRT (Aborted)", menus).result);
 }
 
 TEST(SweepTest, OtherFindingsOfTheSameCaseRemain)
