@@ -160,16 +160,12 @@ void DocumentHtml::AppendSpecimen(const UsedFont& font, std::string& html)
 {
     const SpecimenText text = GetSpecimenText(font);
     if (font.state == FontState::kMissing || font.file.empty()) {
-        AppendUndrawn(text, "Missing. Its words, in another font:", html);
+        AppendUndrawn(text, "Missing.", html);
         return;
     }
     const Specimen specimen = mSpecimens.Add(font, text.characters);
     if (specimen.styleClass.empty()) {
-        AppendUndrawn(text,
-                      "No specimen; font file: " + specimen.problem +
-                          ". Its words, in "
-                          "another font:",
-                      html);
+        AppendUndrawn(text, "No specimen; font file: " + specimen.problem + ".", html);
     } else {
         AppendDrawn(text, specimen, font, html);
     }

@@ -114,7 +114,7 @@ void AppendDrawn(const SpecimenText& text, const Specimen& specimen, const UsedF
 void AppendUndrawn(const SpecimenText& text, const std::string& reason, std::string& html)
 {
     html += "<figure class=\"specimen undrawn\"><figcaption>";
-    AppendName(reason, html);
+    AppendName(reason + (text.isOwn ? " Its words, in another font:" : ""), html);
     html += "</figcaption>";
     if (text.isOwn) {
         html += "<div class=\"words\">";

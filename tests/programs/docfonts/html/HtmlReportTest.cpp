@@ -153,6 +153,16 @@ TEST_F(HtmlReportTest, MarksCharactersThatTheFontLacks)
     EXPECT_THAT(page, HasSubstr("The font lacks 2 characters of these"));
 }
 
+TEST_F(HtmlReportTest, KnowsFontsWithoutWords)
+{
+    DocumentReport document = MakeDocument(samplereport::MakeFont("DejaVuSans", mSans, " \n"));
+    document.fonts.push_back(samplereport::MakeFont("Garamond", "", ""));
+    const std::string page = Make({document});
+    EXPECT_THAT(page, HasSubstr("The quick brown fox"));
+    EXPECT_THAT(page, HasSubstr("A sample; the document&#39;s own words are not known."));
+    EXPECT_THAT(page, HasSubstr("<figcaption>Missing.</figcaption></figure>"));
+}
+
 TEST_F(HtmlReportTest, SaysWhyAFontHasNoSpecimen)
 {
     const std::string text = mFolder.Write("text.ttf", "text");
