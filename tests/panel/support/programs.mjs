@@ -56,7 +56,7 @@ export class Home {
 // headless-host with the plug-in, performing the lines that a test sends.
 export class Host {
   #process;
-  #output = "";
+  output = "";
 
   static async start(home) {
     const host = new Host();
@@ -68,18 +68,18 @@ export class Host {
     this.#process = spawn(join(stage, "bin/headless-host"),
       ["script", "--home", home.folder, "--library", home.library], { env: home.environment });
     for (const stream of [this.#process.stdout, this.#process.stderr]) {
-      stream.on("data", (bytes) => (this.#output += bytes));
+      stream.on("data", (bytes) => (this.output += bytes));
     }
     this.ended = new Promise((resolve) => this.#process.on("exit", resolve));
     await this.perform("ask-port");
-    this.port = await until(() => findPort(this.#process.pid), () => this.#output);
+    this.port = await until(() => findPort(this.#process.pid), () => this.output);
   }
 
   // Performs the lines. Between lines the host has ticks.
   async perform(...lines) {
     const mark = `done ${++lastMark}`;
     this.#process.stdin.write(`${lines.join("\n")}\nexec echo ${mark}\n`);
-    await until(() => this.#output.includes(`${mark}\n`), () => this.#output);
+    await until(() => this.output.includes(`${mark}\n`), () => this.output);
   }
 
   kill() {

@@ -4,12 +4,18 @@
 #include <chrono>
 
 #include "plugin-core/panel/PanelLimits.h"
+#include "plugin-core/panel/PanelToken.h"
 #include "plugin-core/storage/Failure.h"
 
 namespace plugincore {
 
-PanelServer::PanelServer(PanelQueue& queue, std::string token, Clock clock)
-    : mQueue(queue), mClock(std::move(clock))
+PanelServer::PanelServer(PanelQueue& queue, const std::string& token)
+    : PanelServer(queue, token, GetSteadyMilliseconds, GetUsualPanelPort(token))
+{
+}
+
+PanelServer::PanelServer(PanelQueue& queue, std::string token, Clock clock, uint16_t usualPort)
+    : mQueue(queue), mClock(std::move(clock)), mListener(usualPort)
 {
     mContext.port = GetPort();
     mContext.token = std::move(token);

@@ -20,8 +20,12 @@ public:
     // Returns milliseconds of a clock that is never set back.
     using Clock = std::function<int64_t()>;
 
-    // Opens the socket. The queue has to outlive this object. Throws Failure.
-    PanelServer(PanelQueue& queue, std::string token, Clock clock = GetSteadyMilliseconds);
+    // Opens the socket, on the usual port of the token if that is free. The queue has to outlive
+    // this object. Throws Failure.
+    PanelServer(PanelQueue& queue, const std::string& token);
+
+    // The same with another clock; on a port that the system chooses if `usualPort` is 0.
+    PanelServer(PanelQueue& queue, std::string token, Clock clock, uint16_t usualPort = 0);
 
     uint16_t GetPort() const { return mListener.GetPort(); }
     size_t GetClientCount() const { return mClients.size(); }
