@@ -1,7 +1,6 @@
 #include "IllustratorUtilities.h"
 
 #include <unordered_set>
-#include <utility>
 #include <vector>
 
 #include "ArtTypes.h"
@@ -19,13 +18,29 @@ void ThrowIfAIErr(int code)
     if (code != kHostSuccess) throw code;
 }
 
-// The names found so far. A repeat is found faster here than in the list of fonts.
-typedef std::unordered_set<std::string> KnownNames;
+// The fonts found so far. The record and the name are those of the last run: a document has many
+// runs, and memory of their own for each would take longer than all else but the traces.
+struct FontScan {
+    explicit FontScan(FontList& list) : fonts(list)
+    {
+        for (const SFontRecord& font : fonts) {
+            for (const auto& [key, value] : font) {
+                if (key == "PostScriptName") known.insert(value);
+            }
+        }
+    }
+
+    FontList& fonts;
+    std::unordered_set<std::string> known;  // a repeat is found faster here than in `fonts`
+    SFontRecord record;
+    std::string name;
+};
 
 // Returns 0 for a font that was added or is a repeat; kUnknownError for any other run.
-int AddNewFontNameFromTextArt(ATE::ITextRange run, FontList& fonts, KnownNames& known)
+int AddNewFontNameFromTextArt(ATE::ITextRange run, FontScan& scan)
 {
-    std::string name;
+    std::string& name = scan.name;
+    name.clear();
     const int status = GetTextRunFaceStyle(run, name);
     if (status != 0) {
         OutputIndentedAndFormattedString(0, "ERROR:  GetTextRunFaceStyle() returned %d", status);
@@ -37,10 +52,9 @@ int AddNewFontNameFromTextArt(ATE::ITextRange run, FontList& fonts, KnownNames& 
             name.c_str());
         return kUnknownError;
     }
-    SFontRecord record;
-    CrossPluginUtils::CreateFontDataForOneFont(name, record);
-    const bool isAdded = known.insert(name).second &&
-                         CrossPluginUtils::AddFontToArray(std::move(record), true, fonts);
+    CrossPluginUtils::CreateFontDataForOneFont(name, scan.record);
+    const bool isAdded = scan.known.insert(name).second &&
+                         CrossPluginUtils::AddFontToArray(scan.record, false, scan.fonts);
     if (isAdded) {
         OutputIndentedAndFormattedString(0, "AddNewFontNameFromTextArt() added '%s'", name.c_str());
     } else {
@@ -51,8 +65,7 @@ int AddNewFontNameFromTextArt(ATE::ITextRange run, FontList& fonts, KnownNames& 
 }
 
 // Sets `status` to the host's code if the frame has no text range, else to that of its last run.
-void ExamineFrame(AIArtHandle frame, int frameIndex, FontList& fonts, KnownNames& known,
-                  int& status)
+void ExamineFrame(AIArtHandle frame, int frameIndex, FontScan& scan, int& status)
 {
     ATE::_TextRange* rangeReference = nullptr;
     status = sTextFrameSuite != nullptr ? sTextFrameSuite->GetATETextRange(frame, &rangeReference)
@@ -66,7 +79,7 @@ void ExamineFrame(AIArtHandle frame, int frameIndex, FontList& fonts, KnownNames
     const ATE::ITextRange range(rangeReference);
     ATE::ITextRunsIterator runs = range.GetTextRunsIterator();
     while (runs.IsNotDone()) {
-        status = AddNewFontNameFromTextArt(runs.Item(), fonts, known);
+        status = AddNewFontNameFromTextArt(runs.Item(), scan);
         if (status != 0) {
             OutputIndentedAndFormattedString(
                 0, "WARNING: for text frame %d, AddNewFontNameFromTextArt() returned %d",
@@ -79,10 +92,10 @@ void ExamineFrame(AIArtHandle frame, int frameIndex, FontList& fonts, KnownNames
 int ExamineTextRangesInThisFrameForFontUsage(AIArtHandle** matches, int count, FontList& fonts)
 {
     int status = kUnknownError;
-    KnownNames known;
+    FontScan scan(fonts);
     for (int index = 0; index < count; ++index) {
         try {
-            ExamineFrame((*matches)[index], index, fonts, known, status);
+            ExamineFrame((*matches)[index], index, scan, status);
         } catch (const ATE::Exception& exception) {
             status = exception.error;
         }

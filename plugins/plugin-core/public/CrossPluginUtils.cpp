@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <stdexcept>
+#include <utility>
 
 #include "DebugUtils.h"
 #include "GJSONUtils.h"
@@ -72,9 +73,10 @@ void CreateFontDataForOneFont(std::string name, SFontRecord& record)
 {
     OutputIndentedAndFormattedString(1, "Entering %s('%s')", "CreateFontDataForOneFont",
                                      name.c_str());
-    record[kPostScriptName] = name;
+    std::string& stored = record[kPostScriptName];
+    stored = std::move(name);
     OutputIndentedAndFormattedString(-1, "%s() returning '%s'", "CreateFontDataForOneFont",
-                                     name.c_str());
+                                     stored.c_str());
 }
 
 bool AddFontToArray(SFontRecord record, bool checkForDuplicates, FontList& fonts)

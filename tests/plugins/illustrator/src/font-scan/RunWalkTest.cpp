@@ -68,6 +68,15 @@ TEST_F(RunWalk, ListsAFontOfTwoFramesOnce)
     EXPECT_EQ(1U, CountTraces("AddNewFontNameFromTextArt() ignored duplicate font 'A'"));
 }
 
+TEST_F(RunWalk, KeepsWhatIsInTheListAlready)
+{
+    AddFrames({{"A", "B"}});
+    fonts.emplace_back()["PostScriptName"] = "B";
+    EXPECT_EQ(0, Walk());
+    EXPECT_EQ(0, Walk());
+    EXPECT_THAT(Names(), ElementsAre("B", "A"));
+}
+
 TEST_F(RunWalk, ListsNamesThatDifferInCase)
 {
     AddFrames({{"Font-A", "font-a"}});
