@@ -22,7 +22,10 @@ constexpr size_t kMostFilesAhead = 512;
 constexpr size_t kMostBytesAhead = size_t{16} << 20;
 
 // Each worker can run one helper, which gets the remaining fifth of its share.
-size_t GetWorkerMemory(size_t workers) { return kMemoryBytes / workers / 5 * 4; }
+size_t GetWorkerMemory(size_t workers)
+{
+    return kMemoryBytes / std::min(workers, kMostWorkers) / 5 * 4;
+}
 
 std::string GetSecondsText(double seconds)
 {

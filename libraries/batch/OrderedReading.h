@@ -27,8 +27,8 @@ struct FileAnswer {
 using FileReader = std::function<std::string(const std::string& path, size_t helperBytes)>;
 
 // Calls `read` for the files of `walk`, several at a time, in worker processes, so that a file that
-// crashes or hangs the reader fails alone. All processes together use at most 1 GiB; a file that
-// needs more memory than one of several workers has is read again alone.
+// crashes or hangs the reader fails alone. Up to 8 processes together use at most 1 GiB, each one
+// more at most 120 MiB. A file that needs more memory than its process has is read again alone.
 //
 // The memory needed doesn't depend on the number of files: no file is begun that is too far behind
 // the first one that is not answered. On a terminal, a line on standard error shows the progress.

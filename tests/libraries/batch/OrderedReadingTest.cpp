@@ -97,6 +97,15 @@ TEST(OrderedReading, ReadsAFileAloneThatLacksMemory)
     for (const FileAnswer& answer : answers) EXPECT_EQ(answer.path, answer.text) << answer.error;
 }
 
+TEST(OrderedReading, GivesEnoughMemoryToManyProcesses)
+{
+    const std::vector<FileAnswer> answers = ReadThem(
+        MakeNumbers(64), {64, 30},
+        [](const std::string&, size_t helperBytes) { return std::to_string(helperBytes >> 20); });
+    ASSERT_EQ(64U, answers.size());
+    for (const FileAnswer& answer : answers) EXPECT_EQ("24", answer.text);
+}
+
 TEST(OrderedReading, ReportsWhatFails)
 {
     const std::vector<FileAnswer> answers =
