@@ -25,6 +25,13 @@ std::string_view TakeLine(std::string_view& rest)
     return line;
 }
 
+std::vector<std::string> SplitLines(std::string_view text)
+{
+    std::vector<std::string> lines;
+    while (!text.empty()) lines.emplace_back(TakeLine(text));
+    return lines;
+}
+
 size_t FindLine(std::string_view text, std::string_view start)
 {
     size_t position = text.find(start);

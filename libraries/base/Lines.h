@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
+#include <vector>
 
 // Lines of a text that end in CR, LF or CR LF, whichever each line has.
 namespace base {
@@ -9,6 +11,9 @@ namespace base {
 // Removes the first line from `rest` and returns it without its end. `rest` is empty after the last
 // line; callers loop until then.
 std::string_view TakeLine(std::string_view& rest);
+
+// All lines without their ends.
+std::vector<std::string> SplitLines(std::string_view text);
 
 // The position of the first line that begins with `start`, or npos.
 size_t FindLine(std::string_view text, std::string_view start);

@@ -9,8 +9,8 @@
 
 #include "CodeScope.h"
 #include "HostAnswer.h"
-#include "MenuWalk.h"
 #include "PluginCoreFunctions.h"
+#include "plugin-core/menus/MenuTree.h"
 
 using nlohmann::json;
 
@@ -106,7 +106,12 @@ EXPORT CreateMenusFromJSONBuffer(const char* menusJson, AddIllustratorMenuFuncti
     const CodeScope inCore(false);
     Call call(__func__, {{"menusJson", ToRecord(menusJson)}});
     const bool walks = call.answer.status == 0;
-    if (walks && !WalkMenus(menusJson, callback, help)) call.answer.status = kInvalidJson;
+    const auto add = [=](const plugincore::MenuNode& node, const char* parent) {
+        const CodeScope inPlugin(true);
+        return callback(node.id.c_str(), node.label.c_str(), node.title.c_str(), node.isChecked,
+                        node.isEnabled, node.hasSubmenu, parent, help) == 0;
+    };
+    if (walks && !plugincore::WalkMenuTree(menusJson, add)) call.answer.status = kInvalidJson;
     return call.Return();
 }
 

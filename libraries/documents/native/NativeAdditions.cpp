@@ -1,26 +1,18 @@
 #include "documents/native/NativeAdditions.h"
 
-#include <algorithm>
 #include <charconv>
 
 #include "base/Lines.h"
 #include "base/Strings.h"
 #include "base/Utf8.h"
 #include "documents/native/NativeKeys.h"
+#include "documents/native/TextLength.h"
 #include "documents/pdf/PdfDictionary.h"
 #include "documents/postscript/DscText.h"
 
 namespace documents {
 
 namespace {
-
-constexpr long long kMostCharacters = 1LL << 40;
-
-// Clamps a number from the file: a length is never 0, and sums of lengths can't overflow.
-size_t ToLength(long long number)
-{
-    return static_cast<size_t>(std::clamp(number, 1LL, kMostCharacters));
-}
 
 // GetDictionary and GetArray create the value if it is missing or has another type.
 QPDFObjectHandle GetDictionary(QPDFObjectHandle owner, const std::string& key)
@@ -61,7 +53,7 @@ void ReadLine(std::string_view line, NativeAdditions& additions)
     DscWord word;
     if (!TakeDscWord(line, word, kMostDscBytes) || word.text.empty()) return;
     if (isText) {
-        additions.texts.push_back({base::ToValidUtf8(word.text), ToLength(length)});
+        additions.texts.push_back({base::ToValidUtf8(word.text), ToLength(length, 1)});
     } else {
         additions.files.push_back(base::ToValidUtf8(word.text));
     }

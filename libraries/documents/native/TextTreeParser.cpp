@@ -1,24 +1,15 @@
 #include "documents/native/TextTreeParser.h"
 
-#include <algorithm>
-
 #include "documents/bytes/ReadBudget.h"
 #include "documents/model/DocumentBuilder.h"
 #include "documents/model/FontName.h"
 #include "documents/native/NativeKeys.h"
+#include "documents/native/TextLength.h"
 #include "documents/native/TextTreeCursor.h"
 
 namespace documents {
 
 namespace {
-
-constexpr long long kMostCharacters = 1LL << 40;
-
-// Clamps a number from the file, so that sums of lengths can't overflow.
-size_t ToLength(long long number)
-{
-    return static_cast<size_t>(std::clamp(number, 0LL, kMostCharacters));
-}
 
 class Parser {
 public:

@@ -10,6 +10,7 @@
 #include "documents/postscript/SlowDrawings.h"
 #include "model/Host.h"
 #include "model/PluginCode.h"
+#include "system/Paths.h"
 
 namespace headless {
 
@@ -67,6 +68,15 @@ void ResetHostPlatform()
     const std::lock_guard<std::mutex> lock(sDrawingMutex);
     sDrawingSeconds.clear();
     documents::UseSlowDrawings({HeadlessHostGetDrawingSeconds, HeadlessHostAddDrawingSeconds});
+}
+
+std::string FindFrameworks()
+{
+    for (const char* const place : {"../Frameworks", "../event-bus/Frameworks"}) {
+        std::string folder = MakeAbsolute(GetProgramFolder(), place);
+        if (IsFolder(folder)) return folder;
+    }
+    return {};
 }
 
 void SetPrivateFrameworks(const std::string& folder)

@@ -9,6 +9,10 @@ namespace headless {
 // have replaced an entry by a function of its module, which is a dangling pointer after the unload.
 void ResetHostPlatform();
 
+// The folder of the host's private frameworks, with the event bus: where it is installed, or in the
+// tree where it is built. Empty if there is none.
+std::string FindFrameworks();
+
 // Sets the folder of the host's private frameworks, where the plug-in finds them, until the next
 // reset. Empty for none.
 void SetPrivateFrameworks(const std::string& folder);

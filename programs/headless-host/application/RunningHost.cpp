@@ -56,7 +56,7 @@ bool SetUp(Options& options, std::string& error)
         !CheckFolder("--frameworks", MakeAbsolute(options.frameworks), error)) {
         return false;
     }
-    options.plugin = Choose(options.plugin, "Plug-ins/TypeloftSPEA.aip");
+    options.plugin = ChoosePlugin(options.plugin);
     options.frameworks = MakeAbsolute(Choose(options.frameworks, "Frameworks"));
     if (!IsFolder(options.frameworks)) options.frameworks.clear();
     if (!options.journal.empty()) options.journal = MakeAbsolute(options.journal);
@@ -87,6 +87,11 @@ void ReportViolationsAndAlerts(Host& host)
 }
 
 }  // namespace
+
+std::string ChoosePlugin(const std::string& given)
+{
+    return Choose(given, "Plug-ins/TypeloftSPEA.aip");
+}
 
 int RunHost(const Options& given, const std::function<int(RunningHost&)>& body)
 {

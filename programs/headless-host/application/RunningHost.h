@@ -22,6 +22,9 @@ struct RunningHost {
     std::function<void()> ensureStarted = {};
 };
 
+// The plug-in that the user gave, or the one that is installed with this program.
+std::string ChoosePlugin(const std::string& given);
+
 // Sets up a host as `options` say, starts it with its plug-in, calls `body` and shuts it down.
 // `body` isn't called if the plug-in cannot be loaded or refuses to run. Reports errors and the
 // plug-in's violations on standard error.

@@ -9,6 +9,7 @@
 
 #include "application/ExitStatus.h"
 #include "application/HostPlatformTable.h"
+#include "application/RunningHost.h"
 #include "base/JsonText.h"
 #include "console/Console.h"
 #include "replay/DifferenceReport.h"
@@ -21,17 +22,6 @@
 namespace headless {
 
 namespace {
-
-// The folder that the user gave, or that of the event bus where it is installed or built.
-std::string ChooseFrameworks(const Options& options)
-{
-    if (!options.frameworks.empty()) return MakeAbsolute(options.frameworks);
-    for (const char* const place : {"../Frameworks", "../event-bus/Frameworks"}) {
-        std::string folder = MakeAbsolute(GetProgramFolder(), place);
-        if (IsFolder(folder)) return folder;
-    }
-    return {};
-}
 
 // A new journal, which takes the place of the file `target` when it is complete.
 class NewJournal {
@@ -126,11 +116,10 @@ int RunReplayCommand(const Options& options)
         console::PrintError(error);
         return kFileNotOpened;
     }
-    const std::string plugin = options.plugin.empty()
-                                   ? GetProgramFolder() + "/../Plug-ins/TypeloftSPEA.aip"
-                                   : MakeAbsolute(options.plugin);
+    const std::string plugin = ChoosePlugin(options.plugin);
     NewJournal newJournal(options.update.empty() ? "" : MakeAbsolute(options.update));
-    const std::string frameworks = ChooseFrameworks(options);
+    const std::string frameworks =
+        options.frameworks.empty() ? FindFrameworks() : MakeAbsolute(options.frameworks);
     const TemporaryFolder folder;
     SimulatedWorld world(folder.GetPath());
     ReplayFonts fonts;

@@ -116,9 +116,7 @@ int RunSimulation(const Options& options, const std::string& script)
     const TemporaryFolder folder;
     ValidatorCase which;
     which.script = script;
-    const std::string plugin = options.plugin.empty()
-                                   ? GetProgramFolder() + "/../Plug-ins/TypeloftSPEA.aip"
-                                   : MakeAbsolute(options.plugin);
+    const std::string plugin = ChoosePlugin(options.plugin);
     const std::string journal =
         options.journal.empty() ? options.journal : MakeAbsolute(options.journal);
     const CaseOutcome outcome = PlayScript(which, plugin, folder.GetPath(), journal);

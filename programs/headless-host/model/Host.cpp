@@ -40,6 +40,21 @@ void Host::BeginCall(const std::string& name)
     }
 }
 
+bool Host::TakeFailure(const std::string& operation, AIErr& status, std::string& exceptionType)
+{
+    if (const Fault* const fault = suiteFaults.CountCall(operation)) {
+        status = fault->exceptionType.empty() ? fault->status : kHostBadParameter;
+        exceptionType = fault->exceptionType;
+        return true;
+    }
+    const auto failure = failures.find(operation);
+    if (failure == failures.end()) return false;
+    status = failure->second;
+    suiteFaults.NoteFailedCall(operation, status);
+    failures.erase(failure);
+    return true;
+}
+
 Host* Host::GetCurrent() { return sCurrent; }
 
 void Host::Record(const char* change, const void* handle, nlohmann::json args)

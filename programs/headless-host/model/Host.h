@@ -113,6 +113,11 @@ public:
     // The versions of suites that the host offers in another version than usual.
     std::map<std::string, int> suiteVersions;
 
+    // Whether this call of a suite shall fail, which `failures` and `suiteFaults` say. Counts it.
+    //
+    // status, exceptionType   out: what it shall return, and throw; the second is empty for nothing
+    bool TakeFailure(const std::string& operation, AIErr& status, std::string& exceptionType);
+
     // What happens inside of the next call of an operation or function of PluginCore, by its name.
     std::multimap<std::string, std::function<void()>> duringCalls;
 

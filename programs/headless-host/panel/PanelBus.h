@@ -8,6 +8,10 @@
 
 namespace headless {
 
+// The event by which the panel asks for the port of PluginCore's socket, and that of the answer.
+constexpr char kPortRequestEvent[] = "com.corvanta.portnumberrequest";
+constexpr char kPortResponseEvent[] = "com.corvanta.portnumberresponse";
+
 // The event bus as the panel uses it: listens for one type of events and sends events. Main thread
 // only.
 class PanelBus {

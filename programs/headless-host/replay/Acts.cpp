@@ -21,9 +21,6 @@ namespace {
 using nlohmann::json;
 namespace fs = std::filesystem;
 
-constexpr char kPortRequest[] = "com.corvanta.portnumberrequest";
-constexpr char kPortResponse[] = "com.corvanta.portnumberresponse";
-
 char sUnknownHandle;  // its address is a handle that no host has handed out
 
 double GetNow()
@@ -122,8 +119,8 @@ bool Replay::PerformInWorld(const RecordedLine& line)
     } else if (line.op == "panel asks") {
         mHost.journal.Write("world", line.op, args, line.result);
         std::string error;
-        mBus = PanelBus::Open(mPlace.frameworks, kPortResponse, error);
-        if (!mBus || !mBus->Send(kPortRequest, error)) throw std::runtime_error(error);
+        mBus = PanelBus::Open(mPlace.frameworks, kPortResponseEvent, error);
+        if (!mBus || !mBus->Send(kPortRequestEvent, error)) throw std::runtime_error(error);
     } else if (line.op == "file" || line.op == "clock") {
         if (line.op == "file") (void)WriteFile(args);
         if (line.op == "clock") mClockOffset = args.at("offset").get<long>();

@@ -10,9 +10,6 @@ namespace headless {
 
 namespace {
 
-constexpr char kPortRequest[] = "com.corvanta.portnumberrequest";
-constexpr char kPortResponse[] = "com.corvanta.portnumberresponse";
-
 char sNoHandle;  // its address is a handle that no host has handed out
 
 // The part of "key=value" behind the '='; false if `word` has another key.
@@ -215,8 +212,8 @@ LineResult RunAskPort(Session& session, const Words&)
     std::string error;
     // So that a replay asks at the same place.
     session.running.host.journal.Write("world", "panel asks", nlohmann::json::object(), nullptr);
-    session.portBus = PanelBus::Open(session.running.options.frameworks, kPortResponse, error);
-    if (session.portBus == nullptr || !session.portBus->Send(kPortRequest, error)) {
+    session.portBus = PanelBus::Open(session.running.options.frameworks, kPortResponseEvent, error);
+    if (session.portBus == nullptr || !session.portBus->Send(kPortRequestEvent, error)) {
         return MakeUnmet("ask-port: " + error);
     }
     return {};

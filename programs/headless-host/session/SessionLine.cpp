@@ -1,7 +1,9 @@
 #include "session/SessionLine.h"
 
 #include <algorithm>
+#include <string_view>
 
+#include "base/Lines.h"
 #include "session/ActionTable.h"
 #include "session/SessionWords.h"
 
@@ -58,11 +60,9 @@ LineResult RunLine(Session& session, const std::string& line)
 
 bool IsSimulation(const std::string& script)
 {
-    for (size_t at = 0; at < script.size();) {
-        const size_t end = std::min(script.find('\n', at), script.size());
-        const Words words = SplitSessionLine(script.substr(at, end - at)).words;
+    for (std::string_view rest = script; !rest.empty();) {
+        const Words words = SplitSessionLine(std::string(base::TakeLine(rest))).words;
         if (!words.empty()) return words == Words{"simulate"};
-        at = end + 1;
     }
     return false;
 }

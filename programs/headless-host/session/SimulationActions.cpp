@@ -6,12 +6,15 @@
 #include <cerrno>
 #include <cstring>
 
+#include "PluginCoreFunctions.h"
 #include "application/HostPlatformTable.h"
 #include "application/MissingFontsDialog.h"
+#include "base/Strings.h"
 #include "documents/model/DocumentBuilder.h"
 #include "model/PluginCode.h"
 #include "session/MessageActions.h"
 #include "simulation/SimulatedWorld.h"
+#include "suites/SuiteTable.h"
 
 namespace headless {
 
@@ -68,18 +71,21 @@ documents::Kind GetKindOfPath(const std::string& path)
     return extension == ".eps" ? documents::Kind::kEPS : documents::Kind::kIllustrator;
 }
 
-char AsLower(char letter)
+bool IsCoreFunction(const std::string& name)
 {
-    return letter >= 'A' && letter <= 'F' ? static_cast<char>(letter - 'A' + 'a') : letter;
+#define IS_NAME(function) name == #function ||
+    return PLUGIN_CORE_FUNCTIONS(IS_NAME) false;
+#undef IS_NAME
 }
 
 bool ReadBytes(const std::string& text, std::string& bytes)
 {
     constexpr std::string_view kDigits = "0123456789abcdef";
+    const std::string lower = base::ToLower(text);
     if (text.size() % 2 != 0) return false;
     for (size_t i = 0; i < text.size(); i += 2) {
-        const auto high = kDigits.find(AsLower(text[i]));
-        const auto low = kDigits.find(AsLower(text[i + 1]));
+        const auto high = kDigits.find(lower[i]);
+        const auto low = kDigits.find(lower[i + 1]);
         if (high == std::string::npos || low == std::string::npos) return false;
         bytes += static_cast<char>(high * 16 + low);
     }
@@ -180,7 +186,8 @@ LineResult RunDuring(Session& session, const Words& words)
     session.running.host.duringCalls.emplace(words[0], [&session, line] {
         const LineResult result = session.runLine(session, line);
         // A line that isn't possible in the middle of a message does nothing.
-        if (result.outcome == LineOutcome::kNotAsExpected) {
+        if (result.outcome == LineOutcome::kNotAsExpected ||
+            result.outcome == LineOutcome::kWrong) {
             session.nestedFailures.push_back(line + ": " + result.text);
         }
     });
@@ -246,7 +253,7 @@ LineResult RunDocument(Session& session, const Words& words)
         AddFrames(document, fonts, *frames, runs.value_or(fonts.size()), isEmpty);
         if (!listed.empty()) documents::DocumentBuilder(document).SetFontList(listed);
         document.kind = GetKindOfPath(words[0]);
-        document.isTemplate = words[0].size() > 4 && words[0].substr(words[0].size() - 4) == ".ait";
+        document.isTemplate = base::EndsWith(words[0], ".ait");
         document.reader = "simulated";
     }
     const std::string error = session.running.world->SetDocument(words[0], std::move(result));
@@ -273,6 +280,7 @@ LineResult RunLanguage(Session& session, const Words& words)
 
 LineResult RunLackSuite(Session& session, const Words& words)
 {
+    if (FindSuiteRow(words[0].c_str()) == nullptr) return MakeUnknown("lack-suite", words[0]);
     session.running.world->lackingSuites.insert(words[0]);
     session.running.host.lackingSuites.insert(words[0]);
     return {};
@@ -281,6 +289,7 @@ LineResult RunLackSuite(Session& session, const Words& words)
 LineResult RunSuiteVersion(Session& session, const Words& words)
 {
     int version = 0;
+    if (FindSuiteRow(words[0].c_str()) == nullptr) return MakeUnknown("suite-version", words[0]);
     if (!ReadStatus(words[1], version)) return MakeUnknown("suite-version", words[1]);
     session.running.world->suiteVersions[words[0]] = version;
     session.running.host.suiteVersions[words[0]] = version;
@@ -306,6 +315,7 @@ LineResult RunLackBus(Session&, const Words&)
 
 LineResult RunCore(Session& session, const Words& words)
 {
+    if (!IsCoreFunction(words[0])) return MakeUnknown("core", words[0]);
     CoreBehaviour behaviour;
     for (size_t i = 1; i < words.size(); ++i) {
         if (!TakeBehaviour(SplitWord(words[i]), behaviour)) return MakeUnknown("core", words[i]);
@@ -349,6 +359,7 @@ LineResult ExpectRefused(Session& session, const Words& words)
 LineResult ExpectCore(Session& session, const Words& words)
 {
     unsigned long count = 0;
+    if (!IsCoreFunction(words[0])) return MakeUnknown("expect core", words[0]);
     if (!ReadCount(words[1], count)) return MakeUnknown("expect core", words[1]);
     const size_t found = session.running.world->core.GetCount(words[0]);
     if (found == count) return {};

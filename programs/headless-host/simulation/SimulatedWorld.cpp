@@ -112,7 +112,7 @@ void SimulatedWorld::CountFrom(const Host& host)
               plugin_code::GetAllocationCount()};
 }
 
-SimulatedWorld::Counts SimulatedWorld::GetCounts(const Host& host) const
+CallCounts SimulatedWorld::GetCounts(const Host& host) const
 {
     if (mEnd) return *mEnd;
     return {host.suiteFaults.GetCount() - mStart.suiteCalls,

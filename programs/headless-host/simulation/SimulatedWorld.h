@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "model/Host.h"
+#include "simulation/CallCounts.h"
 #include "simulation/SimulatedCore.h"
 
 namespace headless {
@@ -54,13 +55,8 @@ public:
     // The calls from now on don't count either.
     void CountUpTo(const Host& host) { mEnd = GetCounts(host); }
 
-    // The calls since CountFrom, or all: of suites, of PluginCore, and allocations of the plug-in.
-    struct Counts {
-        size_t suiteCalls = 0;
-        size_t coreCalls = 0;
-        size_t allocations = 0;
-    };
-    Counts GetCounts(const Host& host) const;
+    // The calls since CountFrom, or all, up to CountUpTo.
+    CallCounts GetCounts(const Host& host) const;
 
     static constexpr char kDefaultFont[] = "Default-Regular";
 
@@ -75,8 +71,8 @@ public:
 private:
     const std::string mFolder;
     const std::string mModule;  // PluginCore's, in the folder
-    Counts mStart;
-    std::optional<Counts> mEnd;  // since mStart
+    CallCounts mStart;
+    std::optional<CallCounts> mEnd;  // since mStart
     std::set<std::string> mActive = {kDefaultFont};
     std::map<std::string, documents::OpenResult> mDocuments;
 };

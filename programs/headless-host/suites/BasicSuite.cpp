@@ -19,23 +19,6 @@ nlohmann::json DescribeArguments(const char* name, int version, const std::strin
     return arguments;
 }
 
-// Whether the call of the basic suite shall fail, which Host::failures and Host::suiteFaults say.
-bool TakesFailure(Host& host, const char* operation, AIErr& status, std::string& exceptionType)
-{
-    host.BeginCall(operation);
-    if (const Fault* const fault = host.suiteFaults.CountCall(operation)) {
-        status = fault->exceptionType.empty() ? fault->status : kHostBadParameter;
-        exceptionType = fault->exceptionType;
-        return true;
-    }
-    const auto failure = host.failures.find(operation);
-    if (failure == host.failures.end()) return false;
-    status = failure->second;
-    host.suiteFaults.NoteFailedCall(operation, status);
-    host.failures.erase(failure);
-    return true;
-}
-
 // The suite that the host offers in this version, or null.
 const SuiteRow* FindOffered(const Host& host, const char* name, int version)
 {
@@ -52,7 +35,8 @@ AIErr AcquireSuite(const char* name, int version, void* suite)
     AIErr result = kHostBadParameter;
     std::string exceptionType;
     try {
-        if (TakesFailure(*host, "AcquireSuite", result, exceptionType)) {
+        host->BeginCall("AcquireSuite");
+        if (host->TakeFailure("AcquireSuite", result, exceptionType)) {
             // nothing is acquired
         } else if (name == nullptr || suite == nullptr) {
             host->violations.Add(kBadAcquisition,
@@ -89,8 +73,9 @@ AIErr ReleaseSuite(const char* name, int version)
     AIErr result = kHostBadParameter;
     std::string exceptionType;
     try {
+        host->BeginCall("ReleaseSuite");
         const SuiteRow* const row = name == nullptr ? nullptr : FindOffered(*host, name, version);
-        if (TakesFailure(*host, "ReleaseSuite", result, exceptionType)) {
+        if (host->TakeFailure("ReleaseSuite", result, exceptionType)) {
             // nothing is released
         } else if (row != nullptr) {
             if (host->suites.Release(*row)) result = kHostSuccess;

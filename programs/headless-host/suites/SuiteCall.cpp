@@ -33,20 +33,9 @@ bool SuiteCall::IsAllowed()
 
 bool SuiteCall::TakeFailure(AIErr& status, std::string& exceptionType)
 {
-    if (const Fault* const fault = host.suiteFaults.CountCall(mName)) {
-        status = fault->exceptionType.empty() ? fault->status : kHostBadParameter;
-        exceptionType = fault->exceptionType;
-        Out("injected", exceptionType.empty() ? nlohmann::json(true)
-                                              : nlohmann::json("throw:" + exceptionType));
-        return true;
-    }
-    if (host.failures.empty()) return false;
-    const auto failure = host.failures.find(mName);
-    if (failure == host.failures.end()) return false;
-    status = failure->second;
-    host.suiteFaults.NoteFailedCall(mName, status);
-    host.failures.erase(failure);
-    Out("injected", true);
+    if (!host.TakeFailure(mName, status, exceptionType)) return false;
+    Out("injected",
+        exceptionType.empty() ? nlohmann::json(true) : nlohmann::json("throw:" + exceptionType));
     return true;
 }
 

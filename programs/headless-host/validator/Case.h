@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "simulation/CallCounts.h"
+
 namespace headless {
 
 // One script that the validator plays to a plug-in, in a process of its own.
@@ -18,14 +20,6 @@ struct ValidatorCase {
 struct Finding {
     int rule = 0;         // that it broke, which need not be the one that the case tests
     std::string message;  // one line
-};
-
-// How often the plug-in called what can be made to fail, counted from the script's first line
-// `count`, or from its start if there is none.
-struct CallCounts {
-    size_t suiteCalls = 0;
-    size_t coreCalls = 0;
-    size_t allocations = 0;
 };
 
 enum class CaseResult { kPassed, kFailed, kSkipped };

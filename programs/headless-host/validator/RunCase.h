@@ -7,7 +7,7 @@
 namespace headless {
 
 // Plays a case to the plug-in in this process, which can do that only once: it loads the module
-// and changes the environment. Writes nothing to standard output and standard error.
+// and changes the environment.
 //
 // plugin   the module, or a folder X.aip with the module X in it
 // folder   an empty folder for what the case needs; the caller deletes it

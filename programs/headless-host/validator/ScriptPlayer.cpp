@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "application/HostPlatformTable.h"
+#include "base/Lines.h"
 #include "checks/BrokenRule.h"
 #include "model/PluginCode.h"
 #include "session/Session.h"
@@ -14,16 +15,6 @@
 namespace headless {
 
 namespace {
-
-// The event bus where it is installed, or in the tree where it is built.
-std::string FindFrameworks()
-{
-    for (const char* const place : {"../Frameworks", "../event-bus/Frameworks"}) {
-        std::string folder = MakeAbsolute(GetProgramFolder(), place);
-        if (IsFolder(folder)) return folder;
-    }
-    return {};
-}
 
 // Whether a line has the words `expect call` or `expect calls`, perhaps behind `during`.
 bool AsksForCalls(const std::string& line)
@@ -156,8 +147,7 @@ private:
         for (size_t i = 0; i < mHost.violations.Lines().size(); ++i) {
             AddFinding(mHost.violations.Rules()[i], mHost.violations.Lines()[i]);
         }
-        const SimulatedWorld::Counts counts = mWorld.GetCounts(mHost);
-        mOutcome.counts = {counts.suiteCalls, counts.coreCalls, counts.allocations};
+        mOutcome.counts = mWorld.GetCounts(mHost);
         if (plugin_code::HasAllocationFailed()) mOutcome.failedCalls.emplace_back("operator new");
         for (const CallFaults* const faults : {&mHost.suiteFaults, &mHost.coreFaults}) {
             const std::vector<std::string>& calls = faults->GetFailedCalls();
@@ -183,24 +173,13 @@ private:
     bool mIsEnded = false;  // the whole script
 };
 
-std::vector<std::string> SplitLines(const std::string& text)
-{
-    std::vector<std::string> lines;
-    for (size_t at = 0; at < text.size();) {
-        const size_t end = std::min(text.find('\n', at), text.size());
-        lines.push_back(text.substr(at, end - at));
-        at = end + 1;
-    }
-    return lines;
-}
-
 }  // namespace
 
 CaseOutcome PlayScript(const ValidatorCase& which, const std::string& plugin,
                        const std::string& folder, const std::string& journal)
 {
     SimulatedWorld world(folder);
-    return Player(which, plugin, world).Play(SplitLines(which.script), journal);
+    return Player(which, plugin, world).Play(base::SplitLines(which.script), journal);
 }
 
 }  // namespace headless

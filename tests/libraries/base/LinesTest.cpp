@@ -11,31 +11,25 @@ using testing::ElementsAre;
 
 namespace {
 
-std::vector<std::string> Split(std::string_view text)
+TEST(SplitLinesTest, LinesEndInCrLfOrBoth)
 {
-    std::vector<std::string> lines;
-    while (!text.empty()) lines.emplace_back(TakeLine(text));
-    return lines;
+    EXPECT_THAT(SplitLines("a\rb\nc\r\nd"), ElementsAre("a", "b", "c", "d"));
+    EXPECT_THAT(SplitLines("a\n"), ElementsAre("a"));
 }
 
-TEST(TakeLineTest, LinesEndInCrLfOrBoth)
+TEST(SplitLinesTest, EmptyLinesAreLines)
 {
-    EXPECT_THAT(Split("a\rb\nc\r\nd"), ElementsAre("a", "b", "c", "d"));
-    EXPECT_THAT(Split("a\n"), ElementsAre("a"));
+    EXPECT_THAT(SplitLines("\n\na\r\r\n\n"), ElementsAre("", "", "a", "", ""));
+    EXPECT_THAT(SplitLines("\n\r"), ElementsAre("", ""));
 }
 
-TEST(TakeLineTest, EmptyLinesAreLines)
+TEST(SplitLinesTest, ZeroBytesBelongToTheLine)
 {
-    EXPECT_THAT(Split("\n\na\r\r\n\n"), ElementsAre("", "", "a", "", ""));
-    EXPECT_THAT(Split("\n\r"), ElementsAre("", ""));
+    EXPECT_THAT(SplitLines(std::string_view("a\0b\nc", 5)),
+                ElementsAre(std::string("a\0b", 3), "c"));
 }
 
-TEST(TakeLineTest, ZeroBytesBelongToTheLine)
-{
-    EXPECT_THAT(Split(std::string_view("a\0b\nc", 5)), ElementsAre(std::string("a\0b", 3), "c"));
-}
-
-TEST(TakeLineTest, AnEmptyTextHasAnEmptyLine)
+TEST(SplitLinesTest, AnEmptyTextHasAnEmptyLine)
 {
     std::string_view rest;
     EXPECT_EQ(TakeLine(rest), "");

@@ -17,7 +17,7 @@ constexpr const char* kFonts = "DocumentFonts";
 constexpr const char* kLinked = "LinkedDocuments";
 constexpr const char* kName = "PostScriptName";
 
-Failure MakeFailure(const std::string& reason)
+Failure MakeJsonFailure(const std::string& reason)
 {
     return {StatusCodes::kInvalidParam, "the font list that came in is ignored: " + reason};
 }
@@ -127,14 +127,15 @@ std::string WriteFontNamesWithin(std::vector<std::string>& names, size_t size)
 Usage ReadUsage(const std::string& text)
 {
     const json value = json::parse(text, nullptr, false);
-    if (value.is_discarded()) throw MakeFailure("it isn't JSON, or was cut off");
+    if (value.is_discarded()) throw MakeJsonFailure("it isn't JSON, or was cut off");
     Usage usage;
     if (value.is_array()) usage.fonts = ReadNames(value);
     if (value.is_array()) return usage;
-    if (!value.is_object()) throw MakeFailure("it is neither an object nor an array");
+    if (!value.is_object()) throw MakeJsonFailure("it is neither an object nor an array");
     const auto fonts = value.find(kFonts);
     const auto linked = value.find(kLinked);
-    if (fonts != value.end() && !fonts->is_array()) throw MakeFailure("it has no array of fonts");
+    if (fonts != value.end() && !fonts->is_array())
+        throw MakeJsonFailure("it has no array of fonts");
     if (fonts != value.end()) usage.fonts = ReadNames(*fonts);
     if (linked != value.end() && linked->is_array()) usage.linkedDocuments = ReadPaths(*linked);
     return usage;
@@ -143,7 +144,7 @@ Usage ReadUsage(const std::string& text)
 Usage ReadUsageWithFonts(const std::string& text)
 {
     Usage usage = ReadUsage(text);
-    if (!usage.fonts) throw MakeFailure("it has no array of fonts");
+    if (!usage.fonts) throw MakeJsonFailure("it has no array of fonts");
     return usage;
 }
 

@@ -5,6 +5,7 @@
 
 #include "base/JsonText.h"
 #include "base/Utf8.h"
+#include "plugin-core/menus/MenuTree.h"
 #include "plugin-core/services/Services.h"
 #include "plugin-core/storage/Locations.h"
 #include "plugin-core/storage/Settings.h"
@@ -44,7 +45,7 @@ json MakeLibraries(const MenuState& state)
         const std::string title = base::ToValidUtf8(library.name);
         json node = MakeItem(id, title, true, library.path == state.selectedLibrary);
         // The submenu has this label already, and labels must be unique.
-        if (title == MenuModel::kSelectLibrary) node["label"] = id;
+        if (title == kSelectLibraryLabel) node["label"] = id;
         nodes.push_back(std::move(node));
     }
     return nodes;
@@ -95,7 +96,7 @@ std::string MakeMenus(const MenuState& state)
         MakeItem(MenuModel::kDeactivateUnused, "Deactivate Unused Fonts", true, false),
         MakeItem(MenuModel::kShowMissing, "Show Missing Fonts", state.hasDocument, false),
         MakeSeparator("separator:libraries"),
-        MakeNode("selectLibrary", MenuModel::kSelectLibrary, MakeLibraries(state)),
+        MakeNode("selectLibrary", kSelectLibraryLabel, MakeLibraries(state)),
         MakeNode(MenuModel::kAddFolder, "Add Font Folder..."),
         MakeNode(MenuModel::kRevealLibrary, "Reveal Font Library"),
         MakeSeparator("separator:preferences"),

@@ -11,7 +11,7 @@ namespace plugincore {
 class Settings;
 struct Services;
 
-// The ids of the menu items, and the labels that have a meaning outside of the menu.
+// The ids of the menu items.
 struct MenuModel {
     static constexpr const char* kActivateFonts = "activateFonts";
     static constexpr const char* kDeactivateUnused = "deactivateUnused";
@@ -22,9 +22,6 @@ struct MenuModel {
     static constexpr const char* kAbout = "about";
     static constexpr const char* kLibrary = "library:";        // followed by the library's path
     static constexpr const char* kActivation = "activation:";  // followed by the setting's text
-
-    // The label by which the plug-in finds the submenu that it rebuilds.
-    static constexpr const char* kSelectLibrary = "Select Library";
 };
 
 // What the menu depends on.

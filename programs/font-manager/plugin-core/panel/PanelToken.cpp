@@ -21,7 +21,8 @@ namespace {
 
 constexpr size_t kDigits = 64;
 
-[[noreturn]] void Throw(const fs::path& file, const char* what, const std::error_code& error)
+[[noreturn]] void ThrowTokenFault(const fs::path& file, const char* what,
+                                  const std::error_code& error)
 {
     throw Failure(StatusCodes::kError, file.string() + ": " + what + ": " + error.message());
 }
@@ -56,7 +57,7 @@ std::string MakeToken(const fs::path& file)
 {
     std::array<unsigned char, kDigits / 2> bytes;
     if (getrandom(bytes.data(), bytes.size(), 0) != static_cast<ssize_t>(bytes.size())) {
-        Throw(file, "no random numbers for the panel's token", GetLastError());
+        ThrowTokenFault(file, "no random numbers for the panel's token", GetLastError());
     }
     constexpr const char* kHex = "0123456789abcdef";
     std::string token;
@@ -76,21 +77,21 @@ std::string LoadOrMakePanelToken(const fs::path& file)
     std::error_code error;
     const fs::path folder = file.parent_path();
     const bool isNew = fs::create_directories(folder, error);
-    if (error) Throw(folder, "cannot be created", error);
+    if (error) ThrowTokenFault(folder, "cannot be created", error);
     if (isNew && chmod(folder.c_str(), S_IRWXU) != 0) {
-        Throw(folder, "cannot be closed to other users", GetLastError());
+        ThrowTokenFault(folder, "cannot be closed to other users", GetLastError());
     }
     token = MakeToken(file);
     base::DraftFile draft(file.string() + ".XXXXXX");
     error = draft.Write(token);
-    if (error) Throw(file, "cannot be written", error);
+    if (error) ThrowTokenFault(file, "cannot be written", error);
     // A link fails if the file exists: of two processes that start at the same time, both use the
     // token of the first.
     if (!draft.LinkTo(file)) return token;
     std::string present = Load(file);
     if (!present.empty()) return present;
     error = draft.MoveTo(file);
-    if (error) Throw(file, "cannot be replaced", error);
+    if (error) ThrowTokenFault(file, "cannot be replaced", error);
     return token;
 }
 

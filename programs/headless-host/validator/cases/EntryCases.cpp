@@ -9,7 +9,7 @@ namespace {
 const char kTwoFrames[] =
     "document a.ai fonts=Known-Regular,Missing-Bold frames=2 placed=a.txt\nactive Known-Regular\n";
 
-void AddFailures(std::vector<ValidatorCase>& cases)
+void AddEntryFailures(std::vector<ValidatorCase>& cases)
 {
     // The wrappers of these operations throw.
     for (const char* const operation : {"GetStory", "GetTextRanges", "GetFont", "Initialize"}) {
@@ -85,7 +85,7 @@ void AddHandledAfterwards(std::vector<ValidatorCase>& cases)
 
 void AddEntryCases(std::vector<ValidatorCase>& cases)
 {
-    AddFailures(cases);
+    AddEntryFailures(cases);
     AddThrowingCalls(cases, 311, {"ai::Error", "ATE::Exception"});
     AddThrowingCalls(cases, 312, {"int", "std::exception", "foreign"});
     AddHandledAfterwards(cases);

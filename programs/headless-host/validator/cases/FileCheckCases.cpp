@@ -20,7 +20,7 @@ std::string Open(const std::string& path)
            "\nexpect documents 1\nsend \"AI Menu\" \"AI Go\" item=1\nchange\nclose\n" + Check(path);
 }
 
-void AddNames(std::vector<ValidatorCase>& cases)
+void AddFileNames(std::vector<ValidatorCase>& cases)
 {
     AddCase(cases, 1001, "one file", "document a.ai\n" + Check("a.ai") + "tick");
     AddCase(cases, 1001, "with active fonts",
@@ -181,7 +181,7 @@ void AddBytes(std::vector<ValidatorCase>& cases)
 
 void AddFileCheckCases(std::vector<ValidatorCase>& cases)
 {
-    AddNames(cases);
+    AddFileNames(cases);
     AddLengths(cases);
     AddKinds(cases);
     AddOrders(cases);

@@ -54,7 +54,7 @@ std::string ListFonts(size_t count)
     return fonts;
 }
 
-void AddNames(std::vector<ValidatorCase>& cases)
+void AddFontNames(std::vector<ValidatorCase>& cases)
 {
     AddCase(cases, 913, "500", Walk(ListFonts(500)));
     AddCase(cases, 913, "2000", Walk(ListFonts(2000)));
@@ -73,7 +73,7 @@ void AddNames(std::vector<ValidatorCase>& cases)
     }
 }
 
-void AddFailures(std::vector<ValidatorCase>& cases)
+void AddTextFailures(std::vector<ValidatorCase>& cases)
 {
     const std::string start =
         "document a.ai fonts=A,B,Known-Regular frames=3 runs=4 placed=p.txt\n";
@@ -113,8 +113,8 @@ void AddFailures(std::vector<ValidatorCase>& cases)
 void AddTextCases(std::vector<ValidatorCase>& cases)
 {
     AddContents(cases);
-    AddNames(cases);
-    AddFailures(cases);
+    AddFontNames(cases);
+    AddTextFailures(cases);
 }
 
 }  // namespace headless

@@ -7,8 +7,8 @@
 
 #include "base/Lines.h"
 #include "system/Interrupts.h"
-#include "validator/RandomMessages.h"
-#include "validator/ShrinkScript.h"
+#include "validator/random/RandomMessages.h"
+#include "validator/random/ShrinkScript.h"
 
 namespace headless {
 
@@ -33,14 +33,6 @@ std::string JoinScript(const std::vector<std::string>& lines)
     return script;
 }
 
-std::vector<std::string> SplitScript(const std::string& script)
-{
-    std::vector<std::string> lines;
-    std::string_view rest = script;
-    while (!rest.empty()) lines.emplace_back(base::TakeLine(rest));
-    return lines;
-}
-
 int GetBrokenRule(const CaseOutcome& outcome)
 {
     return outcome.findings.empty() ? 0 : outcome.findings.front().rule;
@@ -61,7 +53,7 @@ FailedScript Shrink(const FailedScript& failed, CaseSeries& series)
         if (tried.which.script.size() <= shortest.which.script.size()) shortest = tried;
         return true;
     };
-    (void)ShrinkScript(SplitScript(failed.which.script), kMostShrinkRuns, fails);
+    (void)ShrinkScript(base::SplitLines(failed.which.script), kMostShrinkRuns, fails);
     return shortest;
 }
 

@@ -15,7 +15,7 @@ struct CoreFunction {
     bool canRebuild;  // it is called when PluginCore may rebuild the library menu
 };
 
-constexpr CoreFunction kCoreFunctions[] = {
+constexpr CoreFunction kAnsweredFunctions[] = {
     {"ActivateChosenFonts", Output::kNumber, false},
     {"GetIDForDocument", Output::kText, false},
     {"GetMenus", Output::kMenus, false},
@@ -38,8 +38,8 @@ constexpr CoreFunction kCoreFunctions[] = {
 constexpr const char* kStatuses[] = {"1",         "-1",        "16777216",  "67108864",
                                      "83886080",  "117440512", "150994944", "201326592",
                                      "218103808", "285212672", "352321536"};
-constexpr const char* kExceptionTypes[] = {"ai::Error", "ATE::Exception", "int", "std::exception",
-                                           "foreign"};
+constexpr const char* kThrownTypes[] = {"ai::Error", "ATE::Exception", "int", "std::exception",
+                                        "foreign"};
 
 constexpr const char* kFontTexts[] = {
     R"([{"PostScriptName":"Missing-One"}])",
@@ -101,7 +101,7 @@ public:
 
     CoreLine Make()
     {
-        const CoreFunction& function = mRandom.Pick(kCoreFunctions);
+        const CoreFunction& function = mRandom.Pick(kAnsweredFunctions);
         mLine.function = function.name;
         mLine.line = "core " + mLine.function;
         if (function.canRebuild && mRandom.Once(2)) {
@@ -126,7 +126,7 @@ private:
     void AddFailure(const CoreFunction& function)
     {
         if (function.output != Output::kSettings && mRandom.Once(2)) {
-            AddKey("throw", mRandom.Pick(kExceptionTypes));
+            AddKey("throw", mRandom.Pick(kThrownTypes));
         } else {
             AddKey("status", mRandom.Pick(kStatuses));
         }
@@ -213,7 +213,7 @@ CoreLine MakeCoreLine(RandomNumbers& random) { return CoreLineMaker(random).Make
 std::string MakeFaultKind(RandomNumbers& random)
 {
     if (random.Once(2)) return random.Pick(kStatuses);
-    return std::string("throw:") + random.Pick(kExceptionTypes);
+    return std::string("throw:") + random.Pick(kThrownTypes);
 }
 
 }  // namespace headless

@@ -15,14 +15,15 @@ const Lines kFiles = {"document a.ai fonts=Missing-One frames=2",
                       "document b.ai fonts=Default-Regular,Missing-Two", "document c.ai frames=0"};
 
 // What a host may send to a plug-in at any time, one message per line.
-const Lines kMessages = {"send \"AI Timer\" \"AI Go\"",
-                         "send \"AI Menu\" \"AI Go\" item=unknown",
-                         "send \"AI Notifier\" \"AI Notify\" type=\"AI Document New Notifier\"",
-                         "send \"AI Notifier\" \"AI Notify\" type=\"AI Document Opened Notifier\"",
-                         "send \"AI Notifier\" \"AI Notify\" type=\"AI Document Closed Notifier\"",
-                         "send \"AI File Format\" \"AI Check\" path=a.ai",
-                         "send \"SP Interface\" About",
-                         "send \"SP Access\" Reload"};
+const Lines kEachMessage = {
+    "send \"AI Timer\" \"AI Go\"",
+    "send \"AI Menu\" \"AI Go\" item=unknown",
+    "send \"AI Notifier\" \"AI Notify\" type=\"AI Document New Notifier\"",
+    "send \"AI Notifier\" \"AI Notify\" type=\"AI Document Opened Notifier\"",
+    "send \"AI Notifier\" \"AI Notify\" type=\"AI Document Closed Notifier\"",
+    "send \"AI File Format\" \"AI Check\" path=a.ai",
+    "send \"SP Interface\" About",
+    "send \"SP Access\" Reload"};
 
 void AddPlainShutdowns(std::vector<ValidatorCase>& cases)
 {
@@ -43,7 +44,7 @@ void AddPlainShutdowns(std::vector<ValidatorCase>& cases)
     AddCase(cases, 1403, "saved-and-changed", Join(kFiles, {"open a.ai", "save", "change"}));
     AddCase(cases, 1403, "file-is-gone", Join(kFiles, {"open a.ai", "change", "vanish a.ai"}));
 
-    for (const std::string& message : kMessages) {
+    for (const std::string& message : kEachMessage) {
         const size_t first = message.find('"');
         std::string name = message.substr(first);
         for (char& c : name) {
@@ -51,7 +52,7 @@ void AddPlainShutdowns(std::vector<ValidatorCase>& cases)
         }
         AddCase(cases, 1404, "shutdown" + name, Join(kFiles, {"start", kShutdown, message}));
     }
-    AddCase(cases, 1404, "all-messages", Join(kFiles, Join({"start", kShutdown}, kMessages)));
+    AddCase(cases, 1404, "all-messages", Join(kFiles, Join({"start", kShutdown}, kEachMessage)));
 
     AddCase(cases, 1415, "twice", {"start", kShutdown, kShutdown});
     AddCase(
@@ -173,7 +174,7 @@ void AddRefusedLives(std::vector<ValidatorCase>& cases)
         const Lines messages =
             isIncomplete ? Lines{"send \"SP Access\" Reload", "send \"SP Interface\" About",
                                  "send \"SP Interface\" Unknown"}
-                         : kMessages;
+                         : kEachMessage;
         AddCase(cases, 1413, name,
                 Join(Join(lines, {"expect refused"}),
                      Join(messages, {kShutdown, kUnload, "expect answer 0"})));

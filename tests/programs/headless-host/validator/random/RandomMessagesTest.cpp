@@ -1,4 +1,4 @@
-#include "validator/RandomMessages.h"
+#include "validator/random/RandomMessages.h"
 
 #include <gmock/gmock.h>
 

@@ -1,4 +1,4 @@
-#include "validator/ShrinkScript.h"
+#include "validator/random/ShrinkScript.h"
 
 #include <gmock/gmock.h>
 
