@@ -1,6 +1,8 @@
 #include "docfonts/html/Specimens.h"
 
 #include <algorithm>
+#include <cmath>
+#include <cstdlib>
 #include <iterator>
 
 #include "base/Strings.h"
@@ -32,12 +34,22 @@ void Insert(char32_t character, std::u32string& sorted)
     if (place == sorted.end() || *place != character) sorted.insert(place, character);
 }
 
+// With a point in every language.
+std::string FormatThousandths(float value)
+{
+    constexpr long kUnit = 1000;
+    const long number = std::lround(value * static_cast<float>(kUnit));
+    const std::string digits = std::to_string(kUnit + std::labs(number) % kUnit);
+    return (number < 0 ? "-" : "") + std::to_string(std::labs(number) / kUnit) + "." +
+           digits.substr(1);
+}
+
 std::string FormatAxes(const std::vector<fonts::AxisValue>& axes)
 {
     std::string text;
     for (const fonts::AxisValue& axis : axes) {
         text += (text.empty() ? ";font-variation-settings:\"" : ",\"") + axis.tag + "\" " +
-                std::to_string(axis.value);
+                FormatThousandths(axis.value);
     }
     return text;
 }

@@ -24,17 +24,18 @@ struct Row {
 template <size_t kCount>
 void AppendShares(const Row (&rows)[kCount], uint64_t total, std::string& html)
 {
-    constexpr double kWidth = 1000;
-    html +=
-        "<svg class=\"shares\" aria-hidden=\"true\" viewBox=\"0 0 1000 1\""
-        " preserveAspectRatio=\"none\">";
-    double start = 0;
+    // Whole numbers: others would be written as the user's language has them.
+    constexpr uint64_t kWidth = 100'000;
+    html += "<svg class=\"shares\" aria-hidden=\"true\" viewBox=\"0 0 " + std::to_string(kWidth) +
+            " 1\" preserveAspectRatio=\"none\">";
+    uint64_t count = 0;
     for (const Row& row : rows) {
         if (row.count == 0) continue;
-        const double width = kWidth * static_cast<double>(row.count) / static_cast<double>(total);
+        const uint64_t start = kWidth * count / total;
+        count += row.count;
         html += std::string("<rect class=\"") + row.words->style + "\" x=\"" +
-                std::to_string(start) + "\" width=\"" + std::to_string(width) + "\" height=\"1\"/>";
-        start += width;
+                std::to_string(start) + "\" width=\"" +
+                std::to_string(kWidth * count / total - start) + "\" height=\"1\"/>";
     }
     html += "</svg>";
 }

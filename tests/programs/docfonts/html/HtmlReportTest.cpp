@@ -86,6 +86,7 @@ TEST_F(HtmlReportTest, SaysWhatIsHereAndWhatIsNot)
     EXPECT_THAT(page, HasSubstr("the file ends in the middle of the document"));
     EXPECT_THAT(page, HasSubstr("Drawn in NimbusSans-Bold, the style that is here."));
     EXPECT_THAT(page, HasSubstr("is at <bdi>Jobs/Autumn/logo.eps</bdi>"));
+    EXPECT_THAT(page, HasSubstr("x=\"25000\" width=\"50000\""));  // incomplete documents
     // The list of what is missing leads to both documents.
     EXPECT_THAT(page, AllOf(HasSubstr("<a href=\"#d1\"><bdi>Jobs/Autumn/Poster A1.ai"),
                             HasSubstr("<a href=\"#d4\"><bdi>Jobs/Autumn/Tickets.eps")));
