@@ -79,9 +79,11 @@ void AddList(CLI::App& app, Options& options)
     CLI::Option* const family =
         list.add_option("--family", options.family, "List only fonts whose family is like FAMILY")
             ->option_text("FAMILY");
-    CLI::Option* const state = list.add_option("--state", options.state, "List only fonts in STATE")
-                                   ->option_text("STATE")
-                                   ->check(CLI::IsMember({"active", "activated", "inactive"}));
+    CLI::Option* const state =
+        list.add_option("--state", options.state,
+                        "List only fonts in STATE: active, activated or inactive")
+            ->option_text("STATE")
+            ->check(CLI::IsMember({"active", "activated", "inactive"}));
     CLI::Option* const names =
         list.add_flag("--names", options.names, "Write only the names, one per line")
             ->excludes(family)

@@ -24,6 +24,8 @@ PassedSignals::PassedSignals()
         throw plugincore::Failure(plugincore::StatusCodes::kError,
                                   std::string("cannot receive signals: ") + std::strerror(errno));
     }
+    // A caller that ignores SIGCHLD would make the system forget how the children ended.
+    (void)signal(SIGCHLD, SIG_DFL);  // cannot fail
     // Blocked, it doesn't stop a process that gives the terminal to another group.
     (void)sigaddset(&signals, SIGTTOU);
     (void)pthread_sigmask(SIG_BLOCK, &signals, &mBefore);

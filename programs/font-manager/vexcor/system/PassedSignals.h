@@ -7,8 +7,8 @@
 namespace vexcor {
 
 // Collects the signals that a command gets in the place of Vexcor, and SIGCHLD: from the
-// constructor on they are blocked for the thread and for threads that it starts. The destructor
-// doesn't undo that. Create one, before any other thread.
+// constructor on they are blocked for the thread and for threads that it starts, and SIGCHLD isn't
+// ignored. The destructor doesn't undo that. Create one, before any other thread.
 class PassedSignals {
 public:
     // Throws Failure if the system refuses.

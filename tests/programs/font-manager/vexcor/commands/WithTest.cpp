@@ -193,7 +193,8 @@ TEST_F(WithTest, SignalsArePassedOn)
         with->Send(signal);
         EXPECT_EQ(Job::kEndedBySignal + signal, with->Wait()) << with->GetOutput();
     }
-    const auto with = StartWith(file, "trap 'echo caught; exit 5' TERM; echo on; sleep 60 & wait");
+    const auto with =
+        StartWith(file, "trap 'echo caught; exit 5' TERM; echo on; while :; do sleep 0.1; done");
     ASSERT_TRUE(with->WaitForOutput("on"));
     with->Send(SIGTERM);
     EXPECT_EQ(5, with->Wait());
@@ -207,6 +208,19 @@ TEST_F(WithTest, TheCommandIsNotStartedWithBlockedOrIgnoredSignals)
                          {"/bin/sh", "-c", "grep 'SigBlk\\|SigIgn' /proc/self/status"}));
     // The C library uses signals 32 and 33 itself.
     EXPECT_THAT(output, testing::MatchesRegex("SigBlk:\t0{16}\nSigIgn:\t[0-9a-f]{8}[08]0{7}\n"));
+}
+
+// Without a status of the command, waiting for it would have no end.
+TEST_F(WithTest, TheStatusIsKnownEvenIfTheCallerIgnoresTheEndOfItsChildren)
+{
+    const std::string file = AddDocument("a.eps", "DejaVuSans");
+    ChildProcess program({"/usr/bin/python3", "-c",
+                          "import os, signal, sys\n"
+                          "signal.signal(signal.SIGCHLD, signal.SIG_IGN)\n"
+                          "os.execv(sys.argv[1], sys.argv[1:])",
+                          VEXCOR_PROGRAM, "with", file, "--", "/bin/sh", "-c", "exit 6"},
+                         home.GetPath() / "output");
+    EXPECT_EQ(6, program.Wait()) << program.GetOutput();
 }
 
 TEST_F(WithTest, ACommandThatIsKilledWithItsGroupLeavesNoFontActive)
@@ -249,7 +263,7 @@ TEST_F(WithTest, WhateverMomentItIsKilledAtTheNextProgramDeactivatesTheFonts)
     (void)OpenServices();
     int active = 0;
     int inactive = 0;
-    for (int milliseconds = 0; milliseconds < 160; milliseconds += 2) {
+    for (int milliseconds = 0; milliseconds < 160; milliseconds += 4) {
         const auto with = StartWith(file, "sleep 0.02");
         Sleep(milliseconds);
         with->Send(SIGKILL);
