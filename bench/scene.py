@@ -61,6 +61,17 @@ class Scene:
 
     def run(self, command, peer=False):
         """Returns the seconds, the seconds of CPU and the most memory in MB of one run."""
+        for _ in range(30):
+            result, status, message = self.run_once(command, peer)
+            if status == 0:
+                return result
+            # The plug-in prefers the PluginCore of a Vexcor that runs, such as one of another test.
+            if "Missing PluginCore" not in message:
+                break
+            time.sleep(1)
+        sys.exit("%s: status %d: %s" % (command[0], status, message))
+
+    def run_once(self, command, peer):
         environment = dict(self.environment)
         if peer:
             environment["FONTCONFIG_FILE"] = self.path + "/peer.conf"
@@ -72,8 +83,6 @@ class Scene:
         process.returncode = os.waitstatus_to_exitcode(status)
         process.stderr.close()
         seconds = time.perf_counter() - start
-        if process.returncode != 0:
-            sys.exit("%s: status %d: %s" % (command[0], process.returncode,
-                                            message.decode(errors="replace")))
-        return {"seconds": seconds, "cpu": usage.ru_utime + usage.ru_stime,
-                "MB": usage.ru_maxrss / 1024}
+        result = {"seconds": seconds, "cpu": usage.ru_utime + usage.ru_stime,
+                  "MB": usage.ru_maxrss / 1024}
+        return result, process.returncode, message.decode(errors="replace")

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <nlohmann/json.hpp>
+#include <set>
 #include <sstream>
 
 #include "VexcorScene.h"
@@ -68,6 +69,31 @@ TEST_F(ProgramTest, ListAsJsonHasALineForEachFont)
     }
     EXPECT_THAT(states, testing::ElementsAre(testing::Pair("DejaVuSans", "inactive"),
                                              testing::Pair("DejaVuSerif", "activated")));
+}
+
+TEST_F(ProgramTest, ListSaysTheSameAsTextAndAsJson)
+{
+    for (const char* name : {"DejaVuSans", "DejaVuSerif", "DejaVuSansMono"}) AddFont(name);
+    const fs::path other = AddFont("DejaVuSans", "other");
+    fs::last_write_time(other, fs::last_write_time(other) - std::chrono::hours(1));
+    FontTestHome::CopyFont("DejaVuSansMono", home.GetUserFonts());
+    OpenServices().activation.Activate("/a.ai", {"DejaVuSerif"});
+    EXPECT_EQ(vexcor::kSuccess, Run({"list", "--json"}));
+    std::istringstream lines(output);
+    EXPECT_EQ(vexcor::kSuccess, Run({"list"}));
+    std::istringstream texts(output);
+    std::set<std::string> states;
+    for (std::string line, text; std::getline(lines, line) && std::getline(texts, text);) {
+        const auto font = nlohmann::json::parse(line);
+        std::istringstream words(text);
+        std::string name, state, file;
+        words >> name >> state >> file;
+        EXPECT_EQ(font.at("PostScriptName"), name);
+        EXPECT_EQ(font.at("state"), state);
+        EXPECT_EQ(font.at("file"), file);
+        states.insert(state);
+    }
+    EXPECT_THAT(states, testing::ElementsAre("activated", "active", "inactive"));
 }
 
 TEST_F(ProgramTest, WhyNamesDocumentsFileAndOtherFiles)
