@@ -76,6 +76,8 @@ void RememberItem(AIMenuItemHandle item, const char* id, const char* label, cons
 AIErr AddItem(const AIMenuSuite* menus, const char* label, const char* title, bool hasSubmenu,
               const char* parentID, const char* id)
 {
+    // After a start that failed, PluginCore can still rebuild the menu of the start before it.
+    if (gGlobals == nullptr) return kHostBadParameter;
     const bool hasTitle = title != nullptr && *title != '\0';
     AIPlatformAddMenuItemDataUS data = {
         parentID, hasTitle ? ai::UnicodeString::FromUTF8(title) : ai::UnicodeString()};

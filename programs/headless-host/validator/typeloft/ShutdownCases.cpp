@@ -179,6 +179,10 @@ void AddRefusedLives(std::vector<ValidatorCase>& cases)
                 Join(Join(lines, {"expect refused"}),
                      Join(messages, {kShutdown, kUnload, "expect answer 0"})));
     }
+    // The menu of the first start remains, and PluginCore rebuilds it.
+    AddCase(cases, 1413, "menu-of-an-earlier-start",
+            {"allow refusal", "start", "restart", "fail-call 1 throw:int",
+             "core HandleMenuSelection rebuild times=1", "menu \"Select Library/Two\""});
     AddCase(cases, 1414, "start-fails-once",
             {MakeStatusLine("InitializePluginCoreInterface", kCoreNotFound) + " times=1",
              "expect refused", "restart", "tick", ExpectCore("InitializePluginCoreInterface", 2),

@@ -58,11 +58,13 @@ void KillScene::Begin(unsigned seed)
     for (const char* const font : kFonts) FontTestHome::CopyFont(font, home.GetLibrary());
     for (int number = 0; number < kDocuments; ++number)
         FontTestHome::WriteFile(home.GetPath() / GetDocument(number), MakeDocument(number));
+    for (size_t number = kFirstSaver; number < kHosts; ++number)
+        FontTestHome::WriteFile(GetSaved(number), MakeDocument(static_cast<int>(number)));
     ASSERT_EQ(0, Run({"install"})) << output;
     (void)OpenServices();  // this process only reads the tables
 }
 
-std::unique_ptr<ChildProcess> KillScene::StartHost(size_t number)
+std::string KillScene::WriteHostScript()
 {
     std::string session;
     std::vector<int> open;
@@ -78,12 +80,42 @@ std::unique_ptr<ChildProcess> KillScene::StartHost(size_t number)
             open.erase(open.begin());
         }
     }
-    const std::string name = "host-" + std::to_string(number);
+    return session;
+}
+
+fs::path KillScene::GetSaved(size_t number) const
+{
+    return home.GetPath() / "saved" / ("s" + std::to_string(number) + ".eps");
+}
+
+std::string KillScene::WriteSaverScript(size_t number) const
+{
+    std::string session = "open '" + GetSaved(number).string() + "'\n";
+    for (int line = 0; line < 1000; ++line) session += "change\nsave\n";
+    return session;
+}
+
+std::unique_ptr<ChildProcess> KillScene::StartHost(size_t number)
+{
+    const std::string session = number < kFirstSaver ? WriteHostScript() : WriteSaverScript(number);
+    return Play("host-" + std::to_string(number), session);
+}
+
+std::unique_ptr<ChildProcess> KillScene::Play(const std::string& name, const std::string& session)
+{
     FontTestHome::WriteFile(home.GetPath() / name, session);
     return std::make_unique<ChildProcess>(
         std::vector<std::string>{HEADLESS_HOST_PROGRAM, "script", home.GetPath() / name, "--plugin",
                                  PLUG_IN_FOLDER, "--frameworks", PRIVATE_FRAMEWORKS_FOLDER},
         home.GetPath() / (name + "-output"));
+}
+
+int KillScene::PlayShortScript()
+{
+    const auto host = Play("short", "open '" + GetSaved(kFirstSaver).string() + "'\nclose\n");
+    const int status = host->Wait();
+    output = host->GetOutput();
+    return status;
 }
 
 void KillScene::StartAll()
@@ -114,17 +146,33 @@ pid_t KillScene::FindWriter()
     return isHeld ? lock.l_pid : 0;
 }
 
+std::vector<std::unique_ptr<ChildProcess>*> KillScene::ListRunning()
+{
+    std::vector<std::unique_ptr<ChildProcess>*> running;
+    if (mDaemon) running.push_back(&mDaemon);
+    for (auto& host : mHosts)
+        if (host) running.push_back(&host);
+    return running;
+}
+
+std::string KillScene::GetName(const std::unique_ptr<ChildProcess>* process) const
+{
+    if (process == &mDaemon) return "Vexcor";
+    const auto number = static_cast<size_t>(process - mHosts.data());
+    return number < kFirstSaver ? "host" : "saver";
+}
+
 std::unique_ptr<ChildProcess>* KillScene::WaitForWriter(std::chrono::microseconds sinceLock)
 {
     using Clock = std::chrono::steady_clock;
-    const auto end = Clock::now() + std::chrono::milliseconds(500);
+    const auto end = Clock::now() + std::chrono::milliseconds(100);
     pid_t writer = 0;
     for (Clock::time_point start, now = Clock::now(); now < end; now = Clock::now()) {
         const pid_t present = FindWriter();
         if (present != writer) start = now;
         writer = present;
         if (writer == 0 || now - start < sinceLock) continue;
-        for (auto* const process : {&mDaemon, &mHosts[0], &mHosts[1]})
+        for (auto* const process : ListRunning())
             if ((*process)->GetNumber() == writer) return process;
     }
     return nullptr;
@@ -132,9 +180,8 @@ std::unique_ptr<ChildProcess>* KillScene::WaitForWriter(std::chrono::microsecond
 
 std::string KillScene::KillOne()
 {
-    std::this_thread::sleep_for(std::chrono::milliseconds(Random(0, 300)));
-    const std::array<std::unique_ptr<ChildProcess>*, 3> all = {&mDaemon, &mHosts[0], &mHosts[1]};
-    std::unique_ptr<ChildProcess>* victim = all[static_cast<size_t>(std::max(0, Random(-1, 2)))];
+    const auto running = ListRunning();
+    auto* victim = running[static_cast<size_t>(Random(0, static_cast<int>(running.size()) - 1))];
     if (Random(0, 2) != 0) {
         const std::chrono::microseconds sinceLock(Random(0, 1000));
         if (auto* const writer = WaitForWriter(sinceLock)) victim = writer;
@@ -142,7 +189,33 @@ std::string KillScene::KillOne()
     (*victim)->Send(SIGKILL);
     EXPECT_THAT((*victim)->Wait(), testing::AnyOf(-SIGKILL, 0)) << (*victim)->GetOutput();
     victim->reset();
-    return victim == all[0] ? "Vexcor" : victim == all[1] ? "host 1" : "host 2";
+    return GetName(victim);
+}
+
+std::vector<std::string> KillScene::KillSome(unsigned most)
+{
+    const unsigned wanted = std::min(static_cast<unsigned>(Random(1, 3)), most);
+    std::vector<std::string> victims;
+    while (victims.size() < wanted) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(Random(0, 100)));
+        victims.push_back(KillOne());
+    }
+    return victims;
+}
+
+std::string KillScene::FindBrokenSave(bool isAfterStart) const
+{
+    for (size_t number = kFirstSaver; number < kHosts; ++number) {
+        const std::string text = ReadFile(GetSaved(number));
+        const bool isWhole = text.rfind("%!PS-Adobe", 0) == 0 &&
+                             text.find("%%EOF", text.size() - 7) != std::string::npos;
+        if (!isWhole) return "not whole: " + GetSaved(number).string();
+    }
+    if (!isAfterStart) return {};
+    for (const auto& entry : fs::directory_iterator(GetSaved(kFirstSaver).parent_path()))
+        if (entry.path().extension() != ".eps" || entry.path().filename().native()[0] != 's')
+            return "left over: " + entry.path().string();
+    return {};
 }
 
 void KillScene::EndAll()

@@ -162,6 +162,8 @@ TEST_F(FaultyPlugin, EveryTestPluginIsListedHere)
                                           "subscribes-all",
                                           "reads-two-text-ranges",
                                           "meets-faults",
+                                          "stays-busy-after-failure",
+                                          "forgets-fonts-between-saves",
                                           "throws",
                                           "well-behaved",
                                           "makes-calls",
