@@ -2,7 +2,7 @@
 .PHONY: run test test-asan test-tsan test-libcxx test-mac test-mach-o test-corpus test-fuzz
 .PHONY: test-damaged test-long coverage-mac mac mac-cross mac-cross-bundle lint stage validate
 .PHONY: validate-asan
-.PHONY: bench bench-documents bootstrap clean
+.PHONY: bench bench-documents bootstrap clean test-panel
 
 run: stage
 	tools/run-demo
@@ -90,6 +90,11 @@ test-corpus:
 	tools/corpus
 	tools/check-corpus build/dev/programs/headless-host/headless-host \
 	    build/dev/tests/libraries/documents/document-fonts .deps/corpus docs/CORPUS.md
+
+# Plays the panel's page in Debian's Chromium. Pictures of it are in build/panel-test.
+test-panel: stage
+	@tools/bootstrap --panel
+	node --test tests/panel/page.test.mjs tests/panel/panel.test.mjs
 
 # Runs each fuzzer of the document readers for FUZZ_SECONDS, from seeds that are generated.
 FUZZ_SECONDS = 30

@@ -1,0 +1,28 @@
+# add_page_files(TARGET): compiles the files of the panel's page into TARGET. The source is written
+# when CMake configures, so that the lint checks, which build nothing, find it.
+function(add_page_files target)
+    set(folder ${CMAKE_CURRENT_FUNCTION_LIST_DIR})
+    set(type_html "text/html; charset=utf-8")
+    set(type_css "text/css; charset=utf-8")
+    set(type_js "text/javascript; charset=utf-8")
+    set(PAGE_COUNT 0)
+    set(PAGE_ROWS "")
+    file(GLOB files CONFIGURE_DEPENDS ${folder}/*.html ${folder}/*.css ${folder}/*.js)
+    foreach(file ${files})
+        get_filename_component(name ${file} NAME)
+        string(REGEX REPLACE ".*\\." "" extension ${name})
+        file(READ ${file} body)
+        if(name STREQUAL "index.html")
+            set(name "")
+        endif()
+        string(APPEND PAGE_ROWS "    {\"/${name}\", \"${type_${extension}}\",\n"
+            "     R\"PAGE(${body})PAGE\"},\n")
+        math(EXPR PAGE_COUNT "${PAGE_COUNT} + 1")
+        set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${file})
+    endforeach()
+    set(source ${CMAKE_CURRENT_BINARY_DIR}/PageFiles.cpp)
+    configure_file(${folder}/PageFiles.cpp.in ${source} @ONLY)
+    # Some files are longer than the strings that every compiler has to take.
+    set_source_files_properties(${source} PROPERTIES COMPILE_OPTIONS -Wno-overlength-strings)
+    target_sources(${target} PRIVATE ${source})
+endfunction()
