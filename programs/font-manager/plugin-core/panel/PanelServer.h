@@ -20,8 +20,13 @@ public:
     // Returns milliseconds of a clock that is never set back.
     using Clock = std::function<int64_t()>;
 
-    // Opens the socket. The queue has to outlive this object. Throws Failure.
-    PanelServer(PanelQueue& queue, std::string token, Clock clock = GetSteadyMilliseconds);
+    // Opens the socket, on `port` if that is possible (see PanelListener). The queue has to outlive
+    // this object. Throws Failure.
+    PanelServer(PanelQueue& queue, std::string token, Clock clock = GetSteadyMilliseconds,
+                uint16_t port = 0);
+
+    // The same on the port of the last time, which the database keeps.
+    PanelServer(PanelQueue& queue, std::string token, Database& database);
 
     uint16_t GetPort() const { return mListener.GetPort(); }
     size_t GetClientCount() const { return mClients.size(); }

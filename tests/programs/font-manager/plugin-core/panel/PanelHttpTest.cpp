@@ -49,7 +49,7 @@ TEST_F(PanelHttpTest, ServesThePageWithoutAToken)
     EXPECT_THAT(answer, StartsWith("HTTP/1.1 200 OK\r\n"));
     EXPECT_THAT(answer, HasSubstr("\r\nContent-Type: text/html; charset=utf-8\r\n"));
     EXPECT_THAT(answer, HasSubstr("\r\nConnection: close\r\n"));
-    EXPECT_THAT(answer, HasSubstr("<!doctype html>"));
+    EXPECT_THAT(answer, HasSubstr("<!DOCTYPE html>"));
     EXPECT_THAT(answer, Not(HasSubstr(mToken)));
     const std::string head = Ask(MakeRequest("HEAD /"));
     EXPECT_EQ(answer.substr(0, answer.find("\r\n\r\n") + 4), head);
