@@ -34,7 +34,8 @@ int Core::Running::GetPanelPort()
     if (!panel) {
         auto worker = std::make_unique<PanelWorker>(services.locations);
         panel = std::make_unique<PanelServer>(worker->GetQueue(),
-                                              LoadOrMakePanelToken(services.locations.panelToken));
+                                              LoadOrMakePanelToken(services.locations.panelToken),
+                                              services.database);
         panelWorker = std::move(worker);
     }
     return panel->GetPort();

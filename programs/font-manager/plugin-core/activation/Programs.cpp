@@ -56,9 +56,10 @@ std::vector<Programs::Program> Programs::ListGone()
 
 void Programs::Forget(const std::string& identity)
 {
-    for (const char* const sql : {"DELETE FROM hold WHERE holder = ?",
-                                  "DELETE FROM document WHERE path IS NULL AND holder = ?",
-                                  "DELETE FROM program WHERE identity = ?"}) {
+    for (const char* const sql :
+         {"DELETE FROM hold WHERE holder = ?", "DELETE FROM open_document WHERE holder = ?",
+          "DELETE FROM document WHERE path IS NULL AND holder = ?",
+          "DELETE FROM program WHERE identity = ?"}) {
         Statement(mDatabase, sql).Bind(identity).Run();
     }
 }

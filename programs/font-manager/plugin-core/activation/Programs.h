@@ -39,7 +39,7 @@ public:
     // The listed programs that don't run. Takes no lock and few system calls for each program.
     std::vector<Program> ListGone();
 
-    // Removes a program, its holds and its blank documents.
+    // Removes a program, its holds, its open and its blank documents.
     void Forget(const std::string& identity);
 
     // Returns the program in words for the user: "headless-host (process 12)".

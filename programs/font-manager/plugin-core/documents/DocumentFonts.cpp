@@ -26,7 +26,11 @@ Names Select(const Names& names, Test test)
 
 void DocumentFonts::SetUsed(const std::string& path, const Names& names)
 {
-    mUsed[path] = {names.begin(), names.end()};
+    std::set<std::string> used(names.begin(), names.end());
+    const auto known = mUsed.find(path);
+    if (known != mUsed.end() && known->second == used) return;
+    mServices.documentStore.SetOpen(path, used);
+    mUsed[path] = std::move(used);
 }
 
 Names DocumentFonts::MatchFonts(const Names& names)
@@ -201,7 +205,7 @@ void DocumentFonts::Release(const std::string& path)
     mSaved.erase(path);
     mSavedAmong.erase(path);
     mRefusals.Forget(path);
-    mUsed.erase(path);
+    if (mUsed.erase(path) != 0) mServices.documentStore.SetClosed(path);
     mServices.linkedDocuments.Forget(path);
     mListed.erase(path);
     mServices.activation.Release(path);

@@ -5,33 +5,16 @@
 #include <set>
 #include <utility>
 
-#include "plugin-core/documents/FontJson.h"
-
 using nlohmann::json;
 
 namespace plugincore {
 namespace {
 
-// Documents are full paths; other holders of fonts aren't.
-constexpr const char* kHolds =
-    "SELECT document, holder, name FROM hold WHERE substr(document, 1, 1) = '/'"
-    " ORDER BY document, holder, name";
-
-// The fonts that the document needs: what it holds, and what its last usage report names. The file
-// isn't read here: a large one takes seconds, in which no request would be served.
-std::set<std::string> AddReportedFonts(Services& services, const std::string& path,
-                                       std::set<std::string> names)
-{
-    try {
-        const std::string report = services.documentStore.GetUsage(path);
-        if (report.empty()) return names;
-        const Usage usage = ReadUsage(report);
-        if (usage.fonts) names.insert(usage.fonts->begin(), usage.fonts->end());
-    } catch (const Failure&) {
-        return names;  // the report is damaged
-    }
-    return names;
-}
+// What is open, and what is held. Documents are full paths; other holders of fonts aren't.
+constexpr const char* kFontsOfDocuments =
+    "SELECT path, holder, name FROM open_document"
+    " UNION SELECT document, holder, name FROM hold WHERE substr(document, 1, 1) = '/'"
+    " ORDER BY 1, 2, 3";
 
 const char* GetState(const Services::ActiveNames& active, Services& services,
                      const std::string& name)
@@ -45,20 +28,22 @@ const char* GetState(const Services::ActiveNames& active, Services& services,
 
 json ListPanelDocuments(Services& services)
 {
-    std::map<std::pair<std::string, std::string>, std::set<std::string>> held;
+    std::map<std::pair<std::string, std::string>, std::set<std::string>> documentFonts;
     {
-        Statement statement(services.database, kHolds);
+        Statement statement(services.database, kFontsOfDocuments);
         while (statement.Step()) {
-            held[{statement.GetText(0), statement.GetText(1)}].insert(statement.GetText(2));
+            documentFonts[{statement.GetText(0), statement.GetText(1)}].insert(
+                statement.GetText(2));
         }
     }
     const Services::ActiveNames active = services.ListActive();
     json documents = json::array();
-    for (const auto& [document, names] : held) {
+    for (const auto& [document, names] : documentFonts) {
         const auto& [path, holder] = document;
         if (!IsProcessAlive(holder)) continue;
         json fonts = json::array();
-        for (const std::string& name : AddReportedFonts(services, path, names)) {
+        for (const std::string& name : names) {
+            if (name.empty()) continue;  // a document without fonts
             fonts.push_back(
                 {{"PostScriptName", name}, {"state", GetState(active, services, name)}});
         }
@@ -73,7 +58,7 @@ json ListPanelDocuments(Services& services)
 std::string MakeMarkOfDocuments(Services& services)
 {
     std::string mark;
-    Statement statement(services.database, kHolds);
+    Statement statement(services.database, kFontsOfDocuments);
     while (statement.Step()) {
         for (const int column : {0, 1, 2}) mark += statement.GetText(column) + '\n';
     }

@@ -7,11 +7,11 @@
 
 namespace plugincore {
 
-// Lists the documents of all running programs that hold fonts, as docs/PANEL.md says. Throws
+// Lists the documents that running programs have open, as docs/PANEL.md says. Throws
 // Failure of the database. [the thread of the services]
 nlohmann::json ListPanelDocuments(Services& services);
 
-// A text that differs if the holds of documents do.
+// A text that differs if the documents, their fonts or their holds do.
 std::string MakeMarkOfDocuments(Services& services);
 
 }  // namespace plugincore

@@ -4,21 +4,22 @@
 #include <chrono>
 
 #include "plugin-core/panel/PanelLimits.h"
-#include "plugin-core/panel/PanelToken.h"
 #include "plugin-core/storage/Failure.h"
 
 namespace plugincore {
 
-PanelServer::PanelServer(PanelQueue& queue, const std::string& token)
-    : PanelServer(queue, token, GetSteadyMilliseconds, GetUsualPanelPort(token))
-{
-}
-
-PanelServer::PanelServer(PanelQueue& queue, std::string token, Clock clock, uint16_t usualPort)
-    : mQueue(queue), mClock(std::move(clock)), mListener(usualPort)
+PanelServer::PanelServer(PanelQueue& queue, std::string token, Clock clock, uint16_t port)
+    : mQueue(queue), mClock(std::move(clock)), mListener(port)
 {
     mContext.port = GetPort();
     mContext.token = std::move(token);
+}
+
+// A second program leaves the port to the first one, which has it again when it starts anew.
+PanelServer::PanelServer(PanelQueue& queue, std::string token, Database& database)
+    : PanelServer(queue, std::move(token), GetSteadyMilliseconds, LoadPanelPort(database))
+{
+    if (LoadPanelPort(database) == 0) StorePanelPort(database, GetPort());
 }
 
 int64_t PanelServer::GetSteadyMilliseconds()

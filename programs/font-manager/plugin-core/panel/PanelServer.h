@@ -20,12 +20,13 @@ public:
     // Returns milliseconds of a clock that is never set back.
     using Clock = std::function<int64_t()>;
 
-    // Opens the socket, on the usual port of the token if that is free. The queue has to outlive
+    // Opens the socket, on `port` if that is possible (see PanelListener). The queue has to outlive
     // this object. Throws Failure.
-    PanelServer(PanelQueue& queue, const std::string& token);
+    PanelServer(PanelQueue& queue, std::string token, Clock clock = GetSteadyMilliseconds,
+                uint16_t port = 0);
 
-    // The same with another clock; on a port that the system chooses if `usualPort` is 0.
-    PanelServer(PanelQueue& queue, std::string token, Clock clock, uint16_t usualPort = 0);
+    // The same on the port of the last time, which the database keeps.
+    PanelServer(PanelQueue& queue, std::string token, Database& database);
 
     uint16_t GetPort() const { return mListener.GetPort(); }
     size_t GetClientCount() const { return mClients.size(); }

@@ -3,15 +3,16 @@
 #include <cstdint>
 
 #include "base/FileDescriptor.h"
+#include "plugin-core/storage/Database.h"
 
 namespace plugincore {
 
 // TCP on the loopback interface. Non-blocking.
 class PanelListener {
 public:
-    // Listens on 127.0.0.1, on the usual port; on one that the system chooses if the usual one is
-    // taken or 0. Throws Failure.
-    explicit PanelListener(uint16_t usualPort = 0);
+    // Listens on 127.0.0.1, on `port` if it isn't 0 and no other program uses it, otherwise on a
+    // port that the system chooses. Throws Failure.
+    explicit PanelListener(uint16_t port = 0);
 
     uint16_t GetPort() const { return mPort; }
 
@@ -19,10 +20,17 @@ public:
     base::FileDescriptor Accept();
 
 private:
-    bool Listen(uint16_t port);
+    bool Bind(uint16_t port);
 
     base::FileDescriptor mSocket;
     uint16_t mPort = 0;
 };
+
+// The port of the last time, so that a page which is open in a browser finds the program again that
+// was started anew; 0 if there is none. Throws Failure.
+uint16_t LoadPanelPort(Database& database);
+
+// Keeps the port for LoadPanelPort. Throws Failure.
+void StorePanelPort(Database& database, uint16_t port);
 
 }  // namespace plugincore

@@ -72,6 +72,25 @@ void DocumentStore::ForgetBlanks()
     Statement(mDatabase, "DELETE FROM document WHERE path IS NULL AND holder = ?")
         .Bind(mHolder)
         .Run();
+    Statement(mDatabase, "DELETE FROM open_document WHERE holder = ?").Bind(mHolder).Run();
+}
+
+void DocumentStore::SetOpen(const std::string& path, const std::set<std::string>& fonts)
+{
+    if (!HasFolder(path)) return;
+    Transaction transaction(mDatabase);
+    SetClosed(path);
+    Statement statement(mDatabase, "INSERT INTO open_document(path, holder, name) VALUES(?, ?, ?)");
+    for (const std::string& font : fonts.empty() ? std::set<std::string>{""} : fonts) {
+        statement.Bind(path).Bind(mHolder).Bind(font).Run();
+    }
+    transaction.Commit();
+}
+
+void DocumentStore::SetClosed(const std::string& path)
+{
+    Statement statement(mDatabase, "DELETE FROM open_document WHERE path = ? AND holder = ?");
+    statement.Bind(path).Bind(mHolder).Run();
 }
 
 }  // namespace plugincore

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <set>
 #include <string>
 
 #include "plugin-core/storage/Database.h"
@@ -36,7 +37,14 @@ public:
     // Returns the path of an id; "" for a blank document or an unknown id.
     std::string GetPath(const std::string& id);
 
-    // Deletes the blank documents of this process.
+    // Stores the fonts of a document that this process has open, for other processes. Ignores a
+    // name without a folder.
+    void SetOpen(const std::string& path, const std::set<std::string>& fonts);
+
+    // Reverses SetOpen.
+    void SetClosed(const std::string& path);
+
+    // Deletes the blank documents of this process, and what SetOpen has stored.
     void ForgetBlanks();
 
 private:

@@ -5,7 +5,7 @@
 namespace plugincore {
 namespace {
 
-constexpr int kSchemaVersion = 4;
+constexpr int kSchemaVersion = 5;
 constexpr int kBusyMilliseconds = 10000;
 
 // font_file, font_face: the index of the libraries. A file without faces has a problem instead.
@@ -58,6 +58,15 @@ CREATE INDEX active_file_group ON active_file(group_id);
 PRAGMA user_version = 4;
 )";
 
+// Added by version 5.
+// open_document: the fonts of each document that the process `holder` has open, present or not. A
+// document without fonts has the name ''.
+constexpr const char* kSchemaOfVersion5 = R"(
+CREATE TABLE open_document(path TEXT NOT NULL, holder TEXT NOT NULL, name TEXT NOT NULL,
+    PRIMARY KEY(path, holder, name));
+PRAGMA user_version = 5;
+)";
+
 int64_t GetSchemaVersion(Database& database)
 {
     Statement statement(database, "PRAGMA user_version");
@@ -77,6 +86,7 @@ void UpdateSchema(Database& database, const std::string& file)
     if (version < 2) database.Execute(kSchemaOfVersion2);
     if (version < 3) database.Execute(kSchemaOfVersion3);
     if (version < 4) database.Execute(kSchemaOfVersion4);
+    if (version < 5) database.Execute(kSchemaOfVersion5);
     transaction.Commit();
 }
 

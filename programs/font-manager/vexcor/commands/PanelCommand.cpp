@@ -138,7 +138,7 @@ void RunPanel(Services& services, const StopSignals& stop, bool opens)
     const fs::path tokenFile = services.locations.panelToken;
     const std::string token = plugincore::LoadOrMakePanelToken(tokenFile);
     plugincore::PanelWorker worker(services.locations);
-    PanelServer server(worker.GetQueue(), token);
+    PanelServer server(worker.GetQueue(), token, services.database);
     const std::string place = "http://127.0.0.1:" + std::to_string(server.GetPort()) + "/";
     // The log is no place for the token.
     console::LogAction("serving the panel at " + place);

@@ -13,6 +13,9 @@
 #include <vector>
 
 #include "CoreSession.h"
+#include "PanelPeer.h"
+#include "plugin-core/panel/PanelSocket.h"
+#include "plugin-core/storage/Locations.h"
 
 namespace {
 
@@ -83,6 +86,25 @@ TEST_F(PanelAddressTest, NoOtherAddressOfTheMachineAcceptsAConnection)
         const in_addr address = reinterpret_cast<const sockaddr_in*>(each->ifa_addr)->sin_addr;
         if (address.s_addr == htonl(INADDR_LOOPBACK)) continue;
         EXPECT_EQ(ECONNREFUSED, Connect(address)) << each->ifa_name;
+    }
+}
+
+TEST_F(PanelAddressTest, ThePortIsThatOfTheLastTimeUnlessItIsUsed)
+{
+    const PanelPeer page(mPort);
+    EXPECT_EQ(0U, mSession.core.pProcessPanelMessages(1));
+    mSession.Restart();
+    int again = 0;
+    EXPECT_EQ(0U, mSession.core.pGetSocketPort(&again));
+    EXPECT_EQ(mPort, again);
+    // A second program has another one, and doesn't take it from the first.
+    plugincore::Database database(plugincore::GetLocations().database);
+    EXPECT_EQ(mPort, plugincore::LoadPanelPort(database));
+    const plugincore::PanelListener second(plugincore::LoadPanelPort(database));
+    EXPECT_NE(mPort, second.GetPort());
+    for (const int bad : {0, 1, 1023, -1}) {
+        plugincore::StorePanelPort(database, static_cast<uint16_t>(bad));
+        EXPECT_EQ(bad == -1 ? 65535 : 0, plugincore::LoadPanelPort(database)) << bad;
     }
 }
 

@@ -159,15 +159,42 @@ TEST_F(PanelProtocolTest, ListsDocumentsOfAllProcesses)
     EXPECT_EQ(json::array(), Ask(json::object({{"op", "documents"}})).at("documents"));
     Activate({"DejaVuSerif"});
     mServices.activation.Activate("/work/a.ai", {"DejaVuSans"});
-    mServices.documentStore.StoreUsage(
-        "/work/a.ai", R"([{"PostScriptName":"Nowhere"},{"PostScriptName":"DejaVuSans-Bold"}])");
+    mServices.documentStore.SetOpen("/work/a.ai", {"Nowhere", "DejaVuSans", "DejaVuSans-Bold"});
+    mServices.documentStore.SetOpen("/work/plain.ai", {});
+    mServices.documentStore.SetOpen("Untitled-1", {"DejaVuSans"});
     const json documents = Ask(json::object({{"op", "documents"}})).at("documents");
-    ASSERT_EQ(1U, documents.size());
+    ASSERT_EQ(2U, documents.size());
+    EXPECT_EQ("/work/plain.ai", documents[1].at("path"));
+    EXPECT_EQ(json::array(), documents[1].at("fonts"));
     EXPECT_EQ("a.ai", documents[0].at("name"));
     EXPECT_EQ("/work/a.ai", documents[0].at("path"));
     EXPECT_THAT(documents[0].at("process").get<std::string>(), HasSubstr("(process "));
     EXPECT_EQ(R"([["DejaVuSans","activated"],["DejaVuSans-Bold","active"],["Nowhere","missing"]])",
               ListStates(documents[0]).dump());
+    mServices.documentStore.SetClosed("/work/plain.ai");
+    EXPECT_EQ(1U, Ask(json::object({{"op", "documents"}})).at("documents").size());
+    mServices.Stop();
+    EXPECT_EQ(json::array(), Ask(json::object({{"op", "documents"}})).at("documents"));
+}
+
+TEST_F(PanelProtocolTest, ListsNoDocumentOfAKilledProcess)
+{
+    mServices.database.Execute(
+        "INSERT INTO program VALUES('1:gone:1', 'host');"
+        "INSERT INTO open_document VALUES('/a.ai', '1:gone:1', 'DejaVuSans')");
+    EXPECT_EQ(json::array(), Ask(json::object({{"op", "documents"}})).at("documents"));
+    (void)mServices.activation.Repair();
+    plugincore::Statement rest(mServices.database, "SELECT 1 FROM open_document");
+    EXPECT_FALSE(rest.Step());
+}
+
+TEST_F(PanelProtocolTest, DocumentsThatOpenAndCloseAreEvents)
+{
+    mProtocol.BeginEvents();
+    mServices.documentStore.SetOpen("/a.ai", {"Nowhere"});
+    EXPECT_THAT(mProtocol.TakeEvents(), ElementsAre(R"({"event":"documents"})"));
+    mServices.documentStore.SetClosed("/a.ai");
+    EXPECT_THAT(mProtocol.TakeEvents(), ElementsAre(R"({"event":"documents"})"));
 }
 
 TEST_F(PanelProtocolTest, ReadsAFontFileInPieces)
