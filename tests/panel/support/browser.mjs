@@ -28,7 +28,7 @@ export async function openPage(browser, options = {}) {
   const size = { width: 1180, height: 760 };
   const context = await browser.newContext({ viewport: size, ...options });
   const page = await context.newPage();
-  page.setDefaultTimeout(15000);
+  page.setDefaultTimeout(30000);
   page.errors = [];
   page.on("pageerror", (error) => page.errors.push(String(error)));
   page.on("console", (message) => {

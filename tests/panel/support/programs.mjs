@@ -89,7 +89,7 @@ export class Host {
 }
 
 async function until(look, describe) {
-  const end = Date.now() + 20000;
+  const end = Date.now() + 60000;
   for (;;) {
     const found = look();
     if (found) return found;

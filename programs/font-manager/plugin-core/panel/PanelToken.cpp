@@ -95,16 +95,6 @@ std::string LoadOrMakePanelToken(const fs::path& file)
     return token;
 }
 
-uint16_t GetUsualPanelPort(const std::string& token)
-{
-    constexpr uint32_t kFirst = 61000;
-    constexpr uint32_t kLast = 65535;
-    constexpr uint32_t kBase = 31;
-    uint32_t sum = 0;
-    for (const char digit : token) sum = sum * kBase + static_cast<unsigned char>(digit);
-    return static_cast<uint16_t>(kFirst + sum % (kLast - kFirst + 1));
-}
-
 bool IsSameToken(const std::string& left, const std::string& right)
 {
     if (left.size() != right.size()) return false;

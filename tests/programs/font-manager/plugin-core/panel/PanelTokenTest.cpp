@@ -6,11 +6,9 @@
 
 #include <fstream>
 #include <iterator>
-#include <set>
 
 #include "CoreSession.h"
 #include "PanelPeer.h"
-#include "plugin-core/panel/PanelSocket.h"
 #include "plugin-core/storage/Failure.h"
 
 namespace fs = std::filesystem;
@@ -28,39 +26,6 @@ std::string Read(const fs::path& file)
 {
     std::ifstream stream(file, std::ios::binary);
     return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-TEST(UsualPanelPort, DependsOnTheTokenAndIsOutsideOfThoseOfConnections)
-{
-    std::set<uint16_t> ports;
-    for (const char digit : std::string("0123456789abcdef")) {
-        const uint16_t port = plugincore::GetUsualPanelPort(std::string(64, digit));
-        EXPECT_LE(61000, port);
-        ports.insert(port);
-    }
-    EXPECT_LT(8U, ports.size());
-}
-
-TEST(PanelListener, TakesItsUsualPortAgainAfterAConnection)
-{
-    const uint16_t port = plugincore::GetUsualPanelPort(std::string(64, 'f'));
-    for (int round = 0; round < 2; ++round) {
-        plugincore::PanelListener listener(port);
-        ASSERT_EQ(port, listener.GetPort());
-        const PanelPeer peer(port);
-        // The side that closes first keeps the port.
-        EXPECT_TRUE(listener.Accept().IsValid());
-    }
-}
-
-TEST(PanelListener, TakesAnotherPortIfTheUsualOneIsTaken)
-{
-    const uint16_t port = plugincore::GetUsualPanelPort(std::string(64, 'e'));
-    const plugincore::PanelListener first(port);
-    const plugincore::PanelListener second(port);
-    EXPECT_EQ(port, first.GetPort());
-    EXPECT_NE(port, second.GetPort());
-    EXPECT_NE(0, second.GetPort());
 }
 
 TEST_F(PanelTokenTest, CreatesATokenThatOnlyTheUserCanRead)
