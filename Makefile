@@ -3,6 +3,7 @@
 .PHONY: test-damaged test-long coverage-mac mac mac-cross mac-cross-bundle lint stage validate
 .PHONY: validate-asan package test-package
 .PHONY: bench bench-documents bootstrap clean
+.PHONY: test-clients
 
 run: stage
 	tools/run-demo
@@ -81,6 +82,13 @@ mac-cross:
 	cmake --preset mac-cross-tests --fresh >/dev/null
 	cmake --build --preset mac-cross-tests
 	ctest --preset mac-cross
+
+# Real programs of Debian open documents with and without `Vexcor with`.
+test-clients: bootstrap
+	@tools/bootstrap --clients
+	cmake --preset dev >/dev/null
+	cmake --build --preset dev --target Vexcor
+	tests/clients/run-tests build/dev/programs/installed/Vexcor/Vexcor
 
 # Reads real documents, which tools/corpus fetches from Debian and npm packages into .deps/corpus.
 test-corpus:

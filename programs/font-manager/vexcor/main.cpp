@@ -59,6 +59,8 @@ int RunCommand(const vexcor::Options& options)
             return RunWithServices(options, vexcor::RunListCommand);
         case vexcor::Command::kWhy:
             return RunWithServices(options, vexcor::RunWhyCommand);
+        case vexcor::Command::kWith:
+            return RunWithServices(options, vexcor::RunWithCommand);
         case vexcor::Command::kRepair:
             return vexcor::RunRepairCommand();
     }

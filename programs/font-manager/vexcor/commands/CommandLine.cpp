@@ -1,6 +1,7 @@
 #include "vexcor/commands/CommandLine.h"
 
 #include <CLI/CLI.hpp>
+#include <cstring>
 
 #include "vexcor/commands/ExitStatus.h"
 
@@ -32,6 +33,30 @@ void AddOperand(CLI::App& command, const char* name, const char* help, Options& 
         ->required()
         ->option_text(" ")
         ->check(CLI::Validator(isPresent, ""));
+}
+
+void AddWith(CLI::App& app, Options& options)
+{
+    CLI::App& with = AddCommand(
+        app, "with",
+        "Run a command while the fonts that the files need are active, those of placed files "
+        "included: Vexcor with FILE... -- COMMAND [ARG]... The files are appended to the command, "
+        "or take the place of {}: an argument with {} is repeated for each file. Without -- "
+        "COMMAND, the user's default application opens the files; Vexcor waits for it",
+        Command::kWith, options);
+    with.add_option("FILE", options.operands, "A document: .ai, .ait, .pdf or .eps")
+        ->required()
+        ->option_text(" ");
+}
+
+// Returns the position of the "--" that begins the command of `with`; `argc` if there is none.
+int FindCommandOfWith(int argc, const char* const* argv)
+{
+    int at = 1;
+    while (at < argc && argv[at][0] == '-') at += std::strcmp(argv[at], "--log") == 0 ? 2 : 1;
+    if (at >= argc || std::strcmp(argv[at], "with") != 0) return argc;
+    while (at < argc && std::strcmp(argv[at], "--") != 0) ++at;
+    return at;
 }
 
 void AddJson(CLI::App& command, Options& options)
@@ -78,6 +103,7 @@ std::unique_ptr<CLI::App> MakeCommandLine(Options& options)
         Command::kWhy, options);
     AddOperand(why, "NAME", "The PostScript name of the font", options);
     AddJson(why, options);
+    AddWith(*app, options);
     AddCommand(*app, "repair",
                "Make database, activation folder and fontconfig agree again; print what was "
                "repaired",
@@ -93,7 +119,14 @@ std::vector<console::HelpSection> ListHelpSections()
 console::ParseOutcome ParseCommandLine(int argc, const char* const* argv, Options& options,
                                        std::string& text)
 {
-    return console::ParseCommandLine(*MakeCommandLine(options), argc, argv, text);
+    const int end = FindCommandOfWith(argc, argv);
+    const console::ParseOutcome outcome =
+        console::ParseCommandLine(*MakeCommandLine(options), end, argv, text);
+    if (end == argc || outcome != console::ParseOutcome::kRun) return outcome;
+    options.words.assign(argv + end + 1, argv + argc);
+    if (!options.words.empty() && !options.words.front().empty()) return outcome;
+    text = "with: expected a command after --";
+    return console::ParseOutcome::kWrongUse;
 }
 
 }  // namespace vexcor

@@ -12,6 +12,9 @@ int RunAddCommand(plugincore::Services& services, const Options& options);
 int RunListCommand(plugincore::Services& services, const Options& options);
 int RunWhyCommand(plugincore::Services& services, const Options& options);
 
+// Returns the exit status of the command that it runs.
+int RunWithCommand(plugincore::Services& services, const Options& options);
+
 // Opens the services itself, because the database may be damaged.
 int RunRepairCommand();
 

@@ -21,6 +21,9 @@ constexpr base::ProgramStatusRow kExitStatuses[] = {
     {kWrongUse, "wrong options or arguments"},
     {kFileFailed, "a file or folder cannot be read or written"},
     {kDatabaseFailed, "the database cannot be used"},
+    {126, "with: COMMAND cannot be run"},
+    {127, "with: COMMAND was not found"},
+    {128, "with: 128 and the number of the signal that ended COMMAND or came before its start"},
 };
 
 }  // namespace vexcor

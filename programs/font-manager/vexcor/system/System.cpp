@@ -8,6 +8,7 @@
 #include <cstring>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 
 #include "plugin-core/storage/Failure.h"
 
@@ -46,6 +47,29 @@ bool HasOpen(const fs::path& process, const struct stat& wanted)
         }
     }
     return false;
+}
+
+// The fields of /proc/N/stat that are needed here.
+struct ProcessState {
+    std::string name;
+    char state = 'X';
+    int parent = 0;
+};
+
+ProcessState ReadState(const fs::path& process)
+{
+    ProcessState result;
+    std::ifstream file(process / "stat");
+    std::string line;
+    (void)std::getline(file, line);  // the process may have ended
+    // The second field is the program's name in parentheses, and may contain parentheses itself.
+    const size_t nameStart = line.find('(');
+    const size_t nameEnd = line.rfind(')');
+    if (nameStart == std::string::npos || nameEnd == std::string::npos) return result;
+    result.name = line.substr(nameStart + 1, nameEnd - nameStart - 1);
+    std::istringstream fields(line.substr(nameEnd + 1));
+    fields >> result.state >> result.parent;
+    return result;
 }
 
 }  // namespace
@@ -95,6 +119,21 @@ std::vector<int> ListProcessesWithOpenFile(const fs::path& file)
         }
     }
     return processes;
+}
+
+std::vector<ChildProcessName> ListChildren()
+{
+    std::vector<ChildProcessName> children;
+    std::error_code error;
+    fs::directory_iterator entry("/proc", error);
+    for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+        const int number = GetNumber(entry->path().filename());
+        if (number == 0) continue;
+        const ProcessState state = ReadState(entry->path());
+        const bool hasEnded = state.state == 'Z' || state.state == 'X';
+        if (state.parent == getpid() && !hasEnded) children.push_back({number, state.name});
+    }
+    return children;
 }
 
 }  // namespace vexcor

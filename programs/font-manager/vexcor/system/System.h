@@ -17,4 +17,12 @@ std::string ReadSmallFile(const std::filesystem::path& file);
 // Returns the ids of the other processes of this user that have the file open.
 std::vector<int> ListProcessesWithOpenFile(const std::filesystem::path& file);
 
+struct ChildProcessName {
+    int process;
+    std::string name;  // of the program, at most 15 bytes; "" if it can't be read
+};
+
+// Returns the children of this process that run.
+std::vector<ChildProcessName> ListChildren();
+
 }  // namespace vexcor

@@ -53,6 +53,20 @@ TEST(OptionsTest, EveryCommandTakesItsOperandAndTheLog)
     }
 }
 
+TEST(OptionsTest, WithTakesItsCommandAsItIs)
+{
+    Options options;
+    std::string text;
+    ASSERT_EQ(ParseOutcome::kRun,
+              Parse({"--log", "with", "with", "a.ai", "b.ai", "--", "list", "--help", "--", "x"},
+                    options, text))
+        << text;
+    EXPECT_EQ(Command::kWith, options.command);
+    EXPECT_THAT(options.operands, testing::ElementsAre("a.ai", "b.ai"));
+    EXPECT_THAT(options.words, testing::ElementsAre("list", "--help", "--", "x"));
+    EXPECT_EQ("with", options.log);
+}
+
 TEST(OptionsTest, TheFormerNameOfWatchWorksAndIsHidden)
 {
     Options options;
@@ -71,6 +85,10 @@ TEST(OptionsTest, WrongUseIsReportedInOneLineThatNamesIt)
         {{"bogus"}, "\"bogus\""},
         {{"add"}, "FOLDER"},
         {{"why"}, "NAME"},
+        {{"with"}, "FILE"},
+        {{"with", "--", "true"}, "FILE"},
+        {{"with", "a.ai", "--"}, "command"},
+        {{"with", "--bogus", "a.ai", "--", "true"}, "--bogus"},
         {{"why", ""}, "empty"},
         {{"why", "a", "b"}, "b"},
         {{"watch", "--json"}, "--json"},
