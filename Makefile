@@ -2,6 +2,7 @@
 .PHONY: run test test-asan test-tsan test-libcxx test-mac test-mach-o test-corpus test-fuzz
 .PHONY: test-damaged test-long coverage-mac mac mac-cross mac-cross-bundle lint stage validate
 .PHONY: validate-asan package test-package
+.PHONY: test-report
 .PHONY: bench bench-documents bootstrap clean
 .PHONY: test-clients
 
@@ -114,6 +115,14 @@ test-damaged: bootstrap
 	    ASAN_OPTIONS=detect_leaks=1:intercept_tls_get_addr=0 \
 	    tests/fuzz/mutate build/asan/programs/headless-host/headless-host $$documents \
 	    $(DAMAGED_COPIES)
+
+# Looks at the HTML reports of docfonts in Chromium. Leaves its pictures in build/report.
+test-report: bootstrap
+	@tools/bootstrap --report
+	cmake --preset dev >/dev/null
+	cmake --build --preset dev --target make-report
+	tests/programs/docfonts/html/check-report \
+	    build/dev/tests/programs/docfonts/html/make-report build/report
 
 # Takes about 25 minutes: what each change needn't wait for.
 test-long: bootstrap

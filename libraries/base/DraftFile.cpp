@@ -35,6 +35,11 @@ DraftFile::~DraftFile()
     if (!mPath.empty()) (void)unlink(mPath.c_str());  // a destructor cannot report an error
 }
 
+std::error_code DraftFile::Append(std::string_view bytes)
+{
+    return mCreationError ? mCreationError : WriteAll(mFile.Get(), bytes);
+}
+
 std::error_code DraftFile::Write(std::string_view bytes, std::optional<mode_t> mode)
 {
     if (mCreationError) return mCreationError;

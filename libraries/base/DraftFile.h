@@ -34,6 +34,10 @@ public:
     DraftFile(const DraftFile&) = delete;
     DraftFile& operator=(const DraftFile&) = delete;
 
+    // Writes the start of the file, for one that is too large for memory: Write writes its end.
+    // Returns the first error, which may be that of the creation.
+    std::error_code Append(std::string_view bytes);
+
     // Writes `bytes`, sets the permissions to `mode` if it is given (the umask isn't applied),
     // waits until all is on the disk and closes the file. To be called once. Returns the first
     // error, which may be that of the creation.

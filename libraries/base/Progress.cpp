@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <string>
 
 #include "base/Strings.h"
 
@@ -17,7 +18,7 @@ Progress* sShown = nullptr;
 }  // namespace
 
 Progress::Progress(size_t total, size_t least)
-    : mTotal(total), mIsWanted(total >= least && isatty(STDERR_FILENO) == 1)
+    : mTotal(total), mIsWanted((total == 0 || total >= least) && isatty(STDERR_FILENO) == 1)
 {
 }
 
@@ -27,7 +28,8 @@ void Progress::Show(size_t number, std::string_view text)
 {
     if (!mIsWanted) return;
     // Nothing is lost if the line can't be printed.
-    (void)std::fprintf(stderr, "%s%zu of %zu  %s", kClearLine, number, mTotal,
+    const std::string total = mTotal == 0 ? std::string() : " of " + std::to_string(mTotal);
+    (void)std::fprintf(stderr, "%s%zu%s  %s", kClearLine, number, total.c_str(),
                        MakePrintable(text).c_str());
     mIsShown = true;
     sShown = this;

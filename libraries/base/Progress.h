@@ -9,7 +9,7 @@ namespace base {
 // only. Anything else that prints must call ClearShown first. One thread.
 class Progress {
 public:
-    // total   the number of things to do
+    // total   the number of things to do; 0 if it isn't known
     // least   for fewer things than that nothing is shown
     Progress(size_t total, size_t least);
 

@@ -30,6 +30,7 @@ bool IsCommand(const CLI::App& app, const std::string& word)
 std::string FindMistakeBeforeCommand(const CLI::App& app, int argc, const char* const* argv)
 {
     std::string mistake;
+    if (app.get_subcommands({}).empty()) return mistake;
     for (int i = 1; i < argc; ++i) {
         const std::string word = argv[i];
         if (word == "--" || IsCommand(app, word)) break;

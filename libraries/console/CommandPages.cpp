@@ -8,6 +8,7 @@ namespace console {
 namespace {
 
 constexpr char kReadmeHeading[] = "## Commands\n";
+constexpr char kReadmeHeadingWithoutCommands[] = "## Usage\n";
 
 using Commands = std::vector<const CLI::App*>;
 
@@ -26,13 +27,17 @@ std::vector<const CLI::Option*> ListOptions(const CLI::App& app)
     });
 }
 
+std::string GetUsage(const CLI::App& command, const std::string& name)
+{
+    const std::string line = CLI::Formatter().make_usage(&command, name);
+    const size_t start = line.find(": ") + 2;
+    return line.substr(start, line.find('\n') - start);
+}
+
 // "headless-host open [OPTIONS] FILE..."
 std::string GetUsage(const CLI::App& app, const CLI::App& command)
 {
-    const std::string line =
-        CLI::Formatter().make_usage(&command, app.get_name() + " " + command.get_name());
-    const size_t start = line.find(": ") + 2;
-    return line.substr(start, line.find('\n') - start);
+    return GetUsage(command, app.get_name() + " " + command.get_name());
 }
 
 std::vector<HelpRow> ListArguments(const CLI::App& command)
@@ -171,7 +176,9 @@ std::string WriteManPage(const CLI::App& app, const std::vector<HelpSection>& se
                        " \\- " + EscapeRoff(MakeManDescription(app.get_description())) +
                        "\n.SH SYNOPSIS\n.nf\n";
     for (const CLI::App* command : commands) page += EscapeRoff(GetUsage(app, *command)) + "\n";
-    page += ".fi\n.SH OPTIONS\n" + MakeRoffRows(ListFlags(app)) + ".SH COMMANDS\n";
+    if (commands.empty()) page += EscapeRoff(GetUsage(app, app.get_name())) + "\n";
+    page += ".fi\n.SH OPTIONS\n" + MakeRoffRows(ListRows(app, true));
+    if (!commands.empty()) page += ".SH COMMANDS\n";
     for (const CLI::App* command : commands) {
         page += ".SS \"" + EscapeRoff(GetUsage(app, *command)) + "\"\n" +
                 EscapeRoff(command->get_description()) + "\n";
@@ -193,13 +200,17 @@ std::string WriteReadmeSection(const CLI::App& app, const std::vector<HelpSectio
 {
     const Commands commands = ListCommands(app);
     std::string text = kReadmeHeading;
+    if (commands.empty()) {
+        text = kReadmeHeadingWithoutCommands;
+        text += "\n`" + GetUsage(app, app.get_name()) + "`\n";
+    }
     for (const CLI::App* command : commands) {
         text += "\n### `" + GetUsage(app, *command) + "`\n\n" + command->get_description() + ".\n";
         const CLI::App* const other = FindSameOptions(commands, command);
         text += MakeMarkdownTable(ListRows(*command, other == nullptr));
         if (other != nullptr) text += "\n" + MakeReference(*other) + "\n";
     }
-    text += "\n## Options\n" + MakeMarkdownTable(ListFlags(app));
+    text += "\n## Options\n" + MakeMarkdownTable(ListRows(app, true));
     for (const HelpSection& section : sections) {
         text += "\n## " + section.title + "\n";
         if (!section.text.empty()) text += "\n" + section.text + "\n";
@@ -210,7 +221,8 @@ std::string WriteReadmeSection(const CLI::App& app, const std::vector<HelpSectio
 
 std::string ReplaceReadmeSection(const std::string& readme, const std::string& section)
 {
-    const size_t start = readme.find(std::string("\n") + kReadmeHeading);
+    const std::string heading = section.substr(0, section.find('\n') + 1);
+    const size_t start = readme.find("\n" + heading);
     return start == std::string::npos ? readme + "\n" + section
                                       : readme.substr(0, start + 1) + section;
 }

@@ -14,7 +14,7 @@ namespace console {
 std::string WriteManPage(const CLI::App& app, const std::vector<HelpSection>& sections);
 
 // The reference part of the program's README in Markdown, from the heading "## Commands" to the
-// end of the file.
+// end of the file; from "## Usage" for a program without commands.
 std::string WriteReadmeSection(const CLI::App& app, const std::vector<HelpSection>& sections);
 
 // `readme` with its reference part, if it has one, replaced by `section`, otherwise with `section`

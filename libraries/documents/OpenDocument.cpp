@@ -14,6 +14,7 @@
 #include "documents/pdf/PdfDescription.h"
 #include "documents/pdf/PdfFile.h"
 #include "documents/pdf/PdfReader.h"
+#include "documents/pdf/details/PageFonts.h"
 #include "documents/postscript/DscReader.h"
 #include "documents/postscript/GhostscriptReader.h"
 
@@ -92,6 +93,7 @@ OpenResult ReadPdf(std::string_view bytes, const Limits& limits, Document descri
     source.pdf = &file;
     result = AskReaders(source, limits, described);
     if (!hasNativePart) AddHostFiles(file, result.document);
+    if (result.ok && limits.hasDetails) result.document.pageFonts = ReadPageFonts(file);
     budget.Check();
     for (std::string& note : file.TakeNotes()) result.document.notes.push_back(std::move(note));
     return result;

@@ -15,6 +15,7 @@
 #include "console/CommandPages.h"
 #include "console/FishCompletion.h"
 #include "console/ZshCompletion.h"
+#include "docfonts/commands/CommandLine.h"
 #include "vexcor/commands/CommandLine.h"
 
 namespace {
@@ -44,7 +45,12 @@ Pages MakePages(const std::string& program)
         vexcor::Options options;
         return MakePages(*vexcor::MakeCommandLine(options), vexcor::ListHelpSections());
     }
-    throw std::runtime_error(program + ": unknown program; expected headless-host or Vexcor");
+    if (program == "docfonts") {
+        docfonts::Options options;
+        return MakePages(*docfonts::MakeCommandLine(options), docfonts::ListHelpSections());
+    }
+    throw std::runtime_error(program +
+                             ": unknown program; expected docfonts, headless-host or Vexcor");
 }
 
 std::string Read(const std::string& path)
@@ -69,7 +75,7 @@ int main(int argc, char** argv)
     const std::string first = argc > 1 ? argv[1] : "";
     try {
         if (argc == 2 && first != "--readme") {
-            for (const std::string program : {"headless-host", "Vexcor"}) {
+            for (const std::string program : {"docfonts", "headless-host", "Vexcor"}) {
                 const Pages pages = MakePages(program);
                 std::string start = first;
                 start.append("/").append(program);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -32,6 +33,15 @@ struct Story {
     std::vector<TextRun> runs;
 };
 
+// How much of a font's program is in the file.
+enum class Embedding { kUnknown, kNo, kSubset, kWhole };
+
+// A font of a PDF's pages. The pages of an .ai file are a copy of the document for other programs.
+struct PageFont {
+    std::string postScriptName;
+    Embedding embedding = Embedding::kUnknown;
+};
+
 struct Document {
     Kind kind = Kind::kUnknown;
     std::string creator;             // the program that wrote it; empty if unknown
@@ -50,6 +60,16 @@ struct Document {
     // drawing code needs or an interpreter has. The reader of those comments takes their names as
     // text, a PDF has none.
     std::vector<std::string> fontList;
+
+    // The rest is empty without Limits::hasDetails.
+
+    // In the file's PDF pages, by first appearance; empty if it isn't a PDF.
+    std::vector<PageFont> pageFonts;
+
+    // The first words of the text in each font, by its PostScript name: without control characters,
+    // at most kMostWordsBytes each. Not all readers know the text.
+    static constexpr size_t kMostWordsBytes = 400;
+    std::map<std::string, std::string> words;
 };
 
 struct DocumentFont {

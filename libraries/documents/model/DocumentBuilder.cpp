@@ -4,11 +4,24 @@
 #include <string>
 #include <utility>
 
+#include "base/Strings.h"
 #include "base/Utf8.h"
 #include "documents/bytes/ReadBudget.h"
 #include "documents/model/FontName.h"
 
 namespace documents {
+
+namespace {
+
+// Returns so many whole characters from the start of a text in UTF-8 as have at most `size` bytes.
+std::string_view CutText(std::string_view text, size_t size)
+{
+    if (text.size() <= size) return text;
+    while (size > 0 && (static_cast<unsigned char>(text[size]) & 0xc0) == 0x80) --size;
+    return text.substr(0, size);
+}
+
+}  // namespace
 
 size_t DocumentBuilder::AddStory(std::vector<TextRun> runs)
 {
@@ -33,6 +46,28 @@ void DocumentBuilder::AddFrameWithStory(std::vector<TextRun> runs)
 {
     const size_t story = AddStory(std::move(runs));
     (void)AddFrame(story, mDocument.stories[story].runs);  // the index isn't needed
+}
+
+bool DocumentBuilder::HasWords(const std::string& postScriptName) const
+{
+    const auto found = mDocument.words.find(base::ToValidUtf8(postScriptName));
+    return found != mDocument.words.end() && found->second.size() + 1 >= Document::kMostWordsBytes;
+}
+
+void DocumentBuilder::AddWords(const std::string& postScriptName, std::string_view text)
+{
+    if (!IsFontName(postScriptName)) return;
+    std::string& words = mDocument.words[base::ToValidUtf8(postScriptName)];
+    if (words.size() + 1 >= Document::kMostWordsBytes) return;
+    std::string added = base::ToValidUtf8(CutText(text, Document::kMostWordsBytes));
+    for (char& c : added) {
+        if (static_cast<unsigned char>(c) < ' ' || c == '\x7f') c = ' ';
+    }
+    added = base::Trim(added);
+    if (added.empty()) return;
+    if (!words.empty()) words += ' ';
+    words += added;
+    words.resize(CutText(words, Document::kMostWordsBytes).size());
 }
 
 void DocumentBuilder::SetFontList(const std::vector<std::string>& names)

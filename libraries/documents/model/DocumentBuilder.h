@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <unordered_set>
 #include <vector>
 
@@ -25,6 +26,13 @@ public:
 
     // Adds a story with these runs and a frame that shows all of it.
     void AddFrameWithStory(std::vector<TextRun> runs);
+
+    // Adds text in a font to the document's words, unless they are complete. Replaces control
+    // characters and invalid UTF-8.
+    void AddWords(const std::string& postScriptName, std::string_view text);
+
+    // Whether the words of a font are complete.
+    bool HasWords(const std::string& postScriptName) const;
 
     // Sets the document's own list of fonts, without repeats and names that are none. Fonts of the
     // text so far that a list with names lacks get a note.

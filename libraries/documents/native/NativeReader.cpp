@@ -33,7 +33,7 @@ public:
           mLimits(limits),
           mDocument(document),
           mBuilder(document),
-          mTree(contents.tree.GetView())
+          mTree(contents.tree.GetView(), limits.hasDetails)
     {
     }
 
@@ -78,7 +78,11 @@ private:
             if (isFrame) isShown[text.story] = true;
         }
         for (size_t i = 0; i < stories.size(); ++i) {
-            if (isShown[i]) mStories.emplace(i, mBuilder.AddStory(stories[i].runs));
+            if (!isShown[i]) continue;
+            mStories.emplace(i, mBuilder.AddStory(stories[i].runs));
+            for (const NativeTextTree::Words& words : stories[i].words) {
+                mBuilder.AddWords(words.postScriptName, words.text);
+            }
         }
     }
 

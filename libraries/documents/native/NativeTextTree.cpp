@@ -35,6 +35,20 @@ void AppendRun(const std::string& font, size_t length, std::vector<TextRun>& run
     if (length > 0) runs.push_back({font, length});
 }
 
+// Takes so many units of UTF-16, as which runs are measured, from the start of a text in UTF-8.
+std::string_view TakeUnits(std::string_view& text, size_t units)
+{
+    size_t end = 0;
+    for (size_t count = 0; end < text.size() && count < units; ++count) {
+        const auto first = static_cast<unsigned char>(text[end]);
+        if (first >= 0xf0) ++count;  // a pair of surrogates
+        end += first < 0x80 ? 1 : first < 0xe0 ? 2 : first < 0xf0 ? 3 : 4;
+    }
+    const std::string_view taken = text.substr(0, end);
+    text.remove_prefix(taken.size());
+    return taken;
+}
+
 // Removes the return that ends every story, which isn't part of the user's text.
 void DropLastReturn(std::vector<ParsedTextTree::Run>& runs)
 {
@@ -65,21 +79,24 @@ std::vector<NativeTextTree::Portion> MakePortions(const ParsedTextTree::Story& s
 
 }  // namespace
 
-NativeTextTree::NativeTextTree(std::string_view bytes)
+NativeTextTree::NativeTextTree(std::string_view bytes, bool hasWords)
 {
-    ParsedTextTree tree = ParseTextTree(bytes);
+    ParsedTextTree tree = ParseTextTree(bytes, hasWords);
     mStories.reserve(tree.stories.size());
     for (ParsedTextTree::Story& parsed : tree.stories) {
         DropLastReturn(parsed.runs);
         Story story;
         size_t length = 0;
+        std::string_view text = parsed.text;
         for (const ParsedTextTree::Run& run : parsed.runs) {
             length += run.length;
+            const std::string_view part = TakeUnits(text, run.length);
             const std::string* const font = FindFont(tree, run.style);
             if (font == nullptr) {
                 ++mUnknownFonts;
             } else {
                 AppendRun(*font, run.length, story.runs);
+                if (!part.empty()) story.words.push_back({*font, std::string(part)});
             }
         }
         // If a run was left out, the layout's lengths would select the wrong runs.

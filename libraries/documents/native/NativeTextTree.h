@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -20,16 +21,25 @@ public:
         size_t length = 0;
     };
 
+    // A part of the text, in one font.
+    struct Words {
+        std::string postScriptName;
+        std::string text;  // UTF-8, control characters included
+    };
+
     struct Story {
         std::vector<TextRun> runs;  // without the return that ends every story
         // By the frame's index in the story. Empty if the tree has no layout, or one that doesn't
         // fit the runs.
         std::vector<Portion> portions;
+        std::vector<Words> words;  // only if they were asked for
     };
 
     // Parses the decoded text tree, which isn't needed afterwards. Leaves out runs whose font can't
     // be resolved and counts them. Throws LimitExceeded.
-    explicit NativeTextTree(std::string_view tree);
+    //
+    // hasWords   whether the stories get the words of their first characters
+    explicit NativeTextTree(std::string_view tree, bool hasWords = false);
 
     const std::vector<Story>& GetStories() const { return mStories; }
     size_t GetUnknownFonts() const { return mUnknownFonts; }

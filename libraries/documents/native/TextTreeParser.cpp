@@ -22,7 +22,7 @@ size_t ToLength(long long number)
 
 class Parser {
 public:
-    explicit Parser(std::string_view tree) : mCursor(tree) {}
+    Parser(std::string_view tree, bool hasTexts) : mCursor(tree), mHasTexts(hasTexts) {}
 
     ParsedTextTree Parse()
     {
@@ -143,6 +143,7 @@ private:
                 if (part == treekey::kRunArray) mCursor.ForEachItem([&] { ParseRun(story); });
             });
         });
+        if (mHasTexts) story.text = TextTreeCursor(text).TakeText();
         if (hasStyleRun) return;
         // Text whose characters nobody has styled: one run, in the font of no style.
         CountItem();
@@ -220,12 +221,16 @@ private:
     }
 
     TextTreeCursor mCursor;
+    const bool mHasTexts;
     ParsedTextTree mTree;
     size_t mItems = 0;  // list items so far, limited by CountItem
 };
 
 }  // namespace
 
-ParsedTextTree ParseTextTree(std::string_view tree) { return Parser(tree).Parse(); }
+ParsedTextTree ParseTextTree(std::string_view tree, bool hasTexts)
+{
+    return Parser(tree, hasTexts).Parse();
+}
 
 }  // namespace documents

@@ -29,6 +29,7 @@ struct ParsedTextTree {
         // The frames' numbers in the document, by the frame's index in the story.
         std::vector<long long> frames;
         std::vector<FrameText> layout;  // in the order of the text
+        std::string text;               // the start of it in UTF-8; only if it was asked for
     };
 
     std::vector<std::string> fonts;  // PostScript names, used or not
@@ -39,6 +40,8 @@ struct ParsedTextTree {
 
 // Parses a decoded text tree. Returns what could be read of a damaged tree. Throws LimitExceeded
 // if the tree has too many runs.
-ParsedTextTree ParseTextTree(std::string_view tree);
+//
+// hasTexts   whether the stories get their texts
+ParsedTextTree ParseTextTree(std::string_view tree, bool hasTexts = false);
 
 }  // namespace documents

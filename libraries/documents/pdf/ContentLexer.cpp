@@ -146,7 +146,7 @@ Token ContentLexer::TakeRegular(TokenType type, size_t length)
 
 Token ContentLexer::TakeLiteralString()
 {
-    Token token{TokenType::kString, {}, 0};
+    Token token{TokenType::kString, {}, 0, false};
     size_t depth = 1;
     size_t position = 1;
     for (; position < mRest.size(); ++position) {
@@ -170,7 +170,7 @@ Token ContentLexer::TakeLiteralString()
 
 Token ContentLexer::TakeHexString()
 {
-    Token token{TokenType::kString, {}, 0};
+    Token token{TokenType::kString, {}, 0, true};
     const size_t end = std::min(mRest.find('>'), mRest.size());
     token.text = mRest.substr(1, end - 1);
     const auto digits = std::count_if(token.text.begin(), token.text.end(),

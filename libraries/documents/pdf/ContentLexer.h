@@ -22,7 +22,8 @@ struct Token {
     TokenType type = TokenType::kEnd;
     // As in the content, escapes included; a name without its slash, a string without delimiters.
     std::string_view text;
-    size_t length = 0;  // of a string: its bytes after decoding
+    size_t length = 0;   // of a string: its bytes after decoding
+    bool isHex = false;  // of a string: written as hexadecimal digits
 };
 
 // Splits the content of a PDF page into tokens. Skips what isn't a token: a stray closing

@@ -15,6 +15,7 @@ namespace {
 constexpr size_t kMaximumSaves = 65536;
 constexpr size_t kMinimumWork = 256;  // what an empty stream costs, in bytes
 constexpr long long kHiddenFlag = 2;
+constexpr size_t kMostTextBytes = 1024;  // of one operator, for the words
 
 // Returns the stream of an annotation's normal appearance in its present state; null if there is
 // none or the annotation is hidden.
@@ -78,7 +79,7 @@ void ContentWalker::Walk(std::string_view content, PdfResources& resources, cons
 {
     TakeWork(content.size());
     ContentLexer lexer(content);
-    State state{resources, depth, font, {}, 0, {}, {}, 0};
+    State state{resources, depth, font, {}, 0, {}, {}, 0, {}};
     size_t nesting = 0;
     for (Token token = lexer.Next(); token.type != TokenType::kEnd; token = lexer.Next()) {
         switch (token.type) {
@@ -87,6 +88,10 @@ void ContentWalker::Walk(std::string_view content, PdfResources& resources, cons
                 break;
             case TokenType::kString:
                 state.stringBytes += token.length;
+                if (mLimits.hasDetails && state.text.size() < kMostTextBytes) {
+                    state.text += DecodeString({token.type, token.text.substr(0, kMostTextBytes),
+                                                token.length, token.isHex});
+                }
                 break;
             case TokenType::kArrayOpen:
             case TokenType::kDictionaryOpen:
@@ -102,6 +107,7 @@ void ContentWalker::Walk(std::string_view content, PdfResources& resources, cons
                 Execute(token.text, state, lexer);
                 state.name = {};
                 state.stringBytes = 0;
+                state.text.clear();
                 nesting = 0;
                 break;
             default:
@@ -163,6 +169,7 @@ void ContentWalker::ShowText(State& state)
     if (state.stringBytes == 0 || state.font == nullptr) return;
     if (state.font->isType3) WalkGlyphs(*state.font, state);
     if (!state.font->isNamed) return;
+    if (mLimits.hasDetails) AddWords(state);
     const size_t codeBytes = state.font->codeBytes;
     const size_t length = (state.stringBytes + codeBytes - 1) / codeBytes;
     if (!state.runs.empty() && state.runs.back().postScriptName == state.font->name) {
@@ -171,6 +178,23 @@ void ContentWalker::ShowText(State& state)
     }
     if (state.runs.size() >= DocumentBuilder::kMaximumRuns) EndFrame(state);
     state.runs.push_back({state.font->name, length});
+}
+
+void ContentWalker::AddWords(const State& state)
+{
+    const PdfFont& font = *state.font;
+    if (mBuilder.HasWords(font.name)) return;
+    auto place = mTexts.find(&font);
+    if (place == mTexts.end()) {
+        ToUnicode texts;
+        if (QPDFObjectHandle(font.toUnicode).isStream()) {
+            ByteBuffer map;
+            mFile.AppendStream(font.toUnicode, map);
+            texts = ToUnicode(map.GetView());
+        }
+        place = mTexts.emplace(&font, std::move(texts)).first;
+    }
+    mBuilder.AddWords(font.name, place->second.Decode(state.text, font.codeBytes));
 }
 
 void ContentWalker::WalkGlyphs(const PdfFont& font, State& state)

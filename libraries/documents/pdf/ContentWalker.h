@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <map>
 #include <qpdf/QPDFObjectHandle.hh>
 #include <set>
 #include <string>
@@ -15,6 +16,7 @@
 #include "documents/pdf/PdfFile.h"
 #include "documents/pdf/PdfFont.h"
 #include "documents/pdf/PdfResources.h"
+#include "documents/pdf/details/ToUnicode.h"
 
 namespace documents {
 
@@ -54,6 +56,7 @@ private:
         // Operands since the last operator.
         std::string_view name;
         size_t stringBytes = 0;
+        std::string text;  // in bytes; only with Limits::hasDetails, and only the start
     };
 
     void Walk(std::string_view content, PdfResources& resources, const PdfFont* font, size_t depth);
@@ -61,6 +64,7 @@ private:
     static void Save(State& state);
     static void Restore(State& state);
     void ShowText(State& state);
+    void AddWords(const State& state);
     void WalkGlyphs(const PdfFont& font, State& state);
     void EndFrame(State& state);
     void ApplyGraphicsState(State& state);
@@ -76,6 +80,7 @@ private:
     const Limits& mLimits;
     DocumentBuilder& mBuilder;
     PdfFontTable mFonts;
+    std::map<const PdfFont*, ToUnicode> mTexts;
     // (form, font at its start, id of the resources that it inherits or 0 if it has its own): the
     // form's text depends on all three.
     std::set<std::tuple<QPDFObjGen, const PdfFont*, size_t>> mWalkedForms;

@@ -76,6 +76,7 @@ PdfFont ReadPdfFont(QPDFObjectHandle font)
         result.dictionary = font;
         return result;
     }
+    result.toUnicode = GetKeyOrNull(font, "/ToUnicode");
     QPDFObjectHandle described = font;
     if (type == "Type0") {
         QPDFObjectHandle descendants = GetKeyOrNull(font, "/DescendantFonts");

@@ -13,6 +13,7 @@ struct PdfFont {
     bool isNamed = false;  // false for Type 3 and for fonts without a name: never reported
     bool isType3 = false;
     QPDFObjectHandle dictionary;  // of a Type 3 font only: glyphs can show text in other fonts
+    QPDFObjectHandle toUnicode;   // the stream that maps codes to text; null if there is none
 };
 
 // Reads a font dictionary of any type. A Type 0 font gets the name of its descendant font;

@@ -10,10 +10,10 @@
 
 #include "application/ExitStatus.h"
 #include "application/PluginModule.h"
+#include "batch/WorkerPool.h"
 #include "console/Console.h"
 #include "system/Interrupts.h"
 #include "system/Paths.h"
-#include "system/WorkerPool.h"
 #include "validator/CasePool.h"
 #include "validator/RuleCases.h"
 #include "validator/Rules.h"
@@ -74,7 +74,8 @@ public:
           mIsTypeloft(IsTypeloft(options)),
           mReport(kRules, {options.json, options.validate.junit, options.validate.outputFolder})
     {
-        mLimits.jobs = mOptions.jobs > 0 ? mOptions.jobs : static_cast<unsigned>(GetCoreCount());
+        mLimits.jobs =
+            mOptions.jobs > 0 ? mOptions.jobs : static_cast<unsigned>(batch::GetCoreCount());
     }
 
     int Run()

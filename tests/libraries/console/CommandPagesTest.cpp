@@ -51,6 +51,38 @@ TEST(CommandPagesTest, TheManualPageEscapesWhatRoffWouldInterpret)
     EXPECT_THAT(page, HasSubstr(".SH EXIT STATUS\nOf \\fBpen\\-case\\fR.\n.TP\n\\fB0\\fR\n"));
 }
 
+TEST(CommandPagesTest, AProgramWithoutCommandsHasItsArgumentsAmongTheOptions)
+{
+    std::string file;
+    CLI::App app("Draws things.", "pen");
+    app.add_option("FILE", file, "The thing")->required();
+    const std::string section = console::WriteReadmeSection(app, {});
+    EXPECT_EQ(
+        "## Usage\n"
+        "\n`pen [OPTIONS] FILE`\n"
+        "\n## Options\n"
+        "\n| | |\n|---|---|\n"
+        "| `FILE` | The thing |\n"
+        "| `-h, --help` | Print this help message and exit |\n",
+        section);
+    EXPECT_EQ("# Pen\n\n" + section,
+              console::ReplaceReadmeSection("# Pen\n\n## Usage\n\nold\n", section));
+    const std::string page = console::WriteManPage(app, {});
+    EXPECT_THAT(page, HasSubstr(".SH SYNOPSIS\n.nf\npen [OPTIONS] FILE\n.fi\n"));
+    EXPECT_THAT(page, Not(HasSubstr("COMMANDS")));
+}
+
+TEST(CommandPagesTest, AProgramWithoutCommandsTakesAnyFirstWord)
+{
+    std::string file;
+    CLI::App app("Draws things.", "pen");
+    app.add_option("FILE", file, "The thing")->required();
+    const char* const arguments[] = {"pen", "a.ai"};
+    std::string text;
+    EXPECT_EQ(console::ParseOutcome::kRun, console::ParseCommandLine(app, 2, arguments, text));
+    EXPECT_EQ("a.ai", file);
+}
+
 TEST(CommandPagesTest, HiddenCommandsAndOptionsAreLeftOut)
 {
     SampleOptions options;

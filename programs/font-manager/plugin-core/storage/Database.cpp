@@ -107,6 +107,19 @@ Database::Database(const std::filesystem::path& file) : mFile(file)
     UpdateSchema(*this, mFile);
 }
 
+Database::Database(const std::filesystem::path& file, Access) : mFile(file)
+{
+    sqlite3* connection = nullptr;
+    const int result = sqlite3_open_v2(mFile.c_str(), &connection, SQLITE_OPEN_READONLY, nullptr);
+    mConnection.reset(connection);
+    if (result != SQLITE_OK) ThrowFailure();
+    sqlite3_busy_timeout(connection, kBusyMilliseconds);
+    if (GetSchemaVersion(*this) > kSchemaVersion) {
+        throw Failure(StatusCodes::kDatabaseError,
+                      mFile + ": was written by a newer version of this program");
+    }
+}
+
 void Database::Execute(const std::string& sql)
 {
     if (sqlite3_exec(GetConnection(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) {

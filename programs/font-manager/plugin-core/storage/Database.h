@@ -35,6 +35,11 @@ public:
     // version. A file of a newer version is an error.
     explicit Database(const std::filesystem::path& file);
 
+    enum class Access { kReadOnly };
+
+    // Opens an existing file for reading. Creates and updates nothing; a statement that would fails.
+    Database(const std::filesystem::path& file, Access access);
+
     void Execute(const std::string& sql);
 
     // Reads the whole file and returns the first damage, or "" if there is none.

@@ -1,14 +1,18 @@
-#include "system/WorkerPool.h"
+#include "batch/WorkerPool.h"
 
 #include <gmock/gmock.h>
 #include <unistd.h>
 
 #include <csignal>
+#include <functional>
 #include <map>
 #include <new>
+#include <stdexcept>
 #include <string>
+#include <utility>
+#include <vector>
 
-using namespace headless;
+using namespace batch;
 using testing::HasSubstr;
 using testing::StartsWith;
 
@@ -24,14 +28,19 @@ WorkerLimits MakeLimits(size_t workers, double seconds = 60)
     return limits;
 }
 
+// Sends the numbers 0 to `count` - 1, and returns the answers by number.
 Answers RunAll(size_t count, const WorkerLimits& limits,
                const std::function<std::string(size_t)>& work)
 {
     Answers answers;
-    EXPECT_TRUE(RunInWorkers(
-        count, limits, work,
-        [&](size_t request, WorkerAnswer answer) { answers[request] = std::move(answer); },
-        [] { return false; }));
+    WorkerPool pool(limits, [&work](const std::string& text) { return work(std::stoul(text)); });
+    for (size_t next = 0; next < count || pool.HasBusy();) {
+        for (; next < count && pool.HasIdle(); ++next) pool.Send(next, std::to_string(next));
+        for (WorkerAnswer& answer : pool.Wait()) {
+            const size_t id = answer.id;
+            answers[id] = std::move(answer);
+        }
+    }
     return answers;
 }
 
@@ -92,9 +101,23 @@ TEST(WorkerPool, ReplacesAProcessWithoutMemoryAndContinues)
     EXPECT_NE(answers.at(0).text, answers.at(2).text);
 }
 
-TEST(WorkerPool, EndsWhenInterrupted)
+TEST(WorkerPool, PassesAnyBytesOfARequest)
 {
-    EXPECT_FALSE(RunInWorkers(
-        1, MakeLimits(1), [](size_t) { return std::string(); },
-        [](size_t, const WorkerAnswer&) { FAIL(); }, [] { return true; }));
+    WorkerPool pool(MakeLimits(1), [](const std::string& text) { return text + text; });
+    pool.Send(7, std::string("a\0b\n", 4));
+    const std::vector<WorkerAnswer> answers = pool.Wait();
+    ASSERT_EQ(1U, answers.size());
+    EXPECT_EQ(7U, answers[0].id);
+    EXPECT_EQ(std::string("a\0b\na\0b\n", 8), answers[0].text);
+}
+
+TEST(WorkerPool, RefusesARequestWithoutAnIdleWorker)
+{
+    WorkerPool pool(MakeLimits(1), [](const std::string& text) {
+        (void)pause();
+        return text;
+    });
+    pool.Send(0, "a");
+    EXPECT_FALSE(pool.HasIdle());
+    EXPECT_THROW(pool.Send(1, "b"), std::logic_error);
 }
