@@ -50,11 +50,19 @@ int RunCommand(const vexcor::Options& options)
 {
     switch (options.command) {
         case vexcor::Command::kWatch:
-            return vexcor::RunWatchCommand();
+            return vexcor::RunWatchCommand(options);
         case vexcor::Command::kInstall:
             return vexcor::RunInstallCommand();
         case vexcor::Command::kAdd:
             return RunWithServices(options, vexcor::RunAddCommand);
+        case vexcor::Command::kRemove:
+            return RunWithServices(options, vexcor::RunRemoveCommand);
+        case vexcor::Command::kActivate:
+            return RunWithServices(options, vexcor::RunActivateCommand);
+        case vexcor::Command::kDeactivate:
+            return RunWithServices(options, vexcor::RunDeactivateCommand);
+        case vexcor::Command::kStatus:
+            return RunWithServices(options, vexcor::RunStatusCommand);
         case vexcor::Command::kList:
             return RunWithServices(options, vexcor::RunListCommand);
         case vexcor::Command::kWhy:

@@ -65,6 +65,7 @@ std::string GetIdentityOfThisProcess()
 
 bool IsProcessAlive(const std::string& identity)
 {
+    if (identity == kUserHolder) return true;
     const std::string pid = identity.substr(0, identity.find(':'));
     const bool isNumber = !pid.empty() && std::all_of(pid.begin(), pid.end(),
                                                       [](char c) { return c >= '0' && c <= '9'; });

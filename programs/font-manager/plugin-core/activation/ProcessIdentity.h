@@ -5,6 +5,10 @@
 // A pid can be reused; pid, boot id and start time together identify a process uniquely.
 namespace plugincore {
 
+// The holder of fonts that the user activated until further notice. No process has this identity;
+// it is always alive.
+constexpr const char* kUserHolder = "user";
+
 // Returns "<pid>:<boot id>:<start time>" of this process. Throws Failure if /proc can't be read.
 std::string GetIdentityOfThisProcess();
 

@@ -65,6 +65,7 @@ void Programs::Forget(const std::string& identity)
 
 std::string Programs::Describe(const std::string& identity)
 {
+    if (identity == kUserHolder) return "the user";
     Statement statement(mDatabase, "SELECT name FROM program WHERE identity = ?");
     const std::string name =
         statement.Bind(identity).Step() ? statement.GetText(0) : std::string("a program");

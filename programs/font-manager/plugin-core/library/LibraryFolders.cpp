@@ -97,4 +97,12 @@ bool LibraryFolders::Add(const std::string& path)
     return true;
 }
 
+bool LibraryFolders::Remove(const std::string& path)
+{
+    Statement statement(mDatabase, "DELETE FROM added_folder WHERE path = ? RETURNING path");
+    const bool isRemoved = statement.Bind(path).Step();
+    if (isRemoved) statement.Run();
+    return isRemoved;
+}
+
 }  // namespace plugincore

@@ -44,6 +44,9 @@ public:
     // Adds a folder by its absolute path. Returns false if it is a library folder already.
     bool Add(const std::string& path);
 
+    // Removes a folder that was added. Returns false if it wasn't.
+    bool Remove(const std::string& path);
+
     const std::vector<std::string>& GetRoots() const { return mRoots; }
 
 private:

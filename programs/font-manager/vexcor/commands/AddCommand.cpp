@@ -1,5 +1,7 @@
 #include <filesystem>
+#include <nlohmann/json.hpp>
 
+#include "base/JsonText.h"
 #include "base/Plural.h"
 #include "console/Console.h"
 #include "console/Log.h"
@@ -20,15 +22,24 @@ int RunAddCommand(plugincore::Services& services, const Options& options)
     if (error) throw Failure(StatusCodes::kError, options.operand + ": " + error.message());
     const fs::directory_iterator readable(folder, error);
     if (error) throw Failure(StatusCodes::kError, folder.string() + ": " + error.message());
+    bool isAdded = false;
     std::string line = folder.string() + ": is in the font library already";
     if (services.folders.Add(folder)) {
+        isAdded = true;
         services.ApplyLibraryChoice();
         services.library.Refresh();
         const int64_t count = services.library.CountNames(folder);
         line = folder.string() + ": added, with " + base::Count(static_cast<size_t>(count), "font");
     }
     console::LogAction(line);
-    return console::Print(console::MakePrintable(line) + "\n") ? kSuccess : kFileFailed;
+    std::string text = console::MakePrintable(line);
+    if (options.json) {
+        const nlohmann::ordered_json json = {{"folder", folder.string()},
+                                             {"added", isAdded},
+                                             {"fonts", services.library.CountNames(folder)}};
+        text = base::PrintJson(json);
+    }
+    return console::Print(text + "\n") ? kSuccess : kFileFailed;
 }
 
 }  // namespace vexcor

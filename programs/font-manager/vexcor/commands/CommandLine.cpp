@@ -59,9 +59,60 @@ int FindCommandOfWith(int argc, const char* const* argv)
     return at;
 }
 
-void AddJson(CLI::App& command, Options& options)
+void AddJson(CLI::App& command, Options& options,
+             const char* help = "Write JSON, one object per font and line")
 {
-    command.add_flag("--json", options.json, "Write JSON, one object per font and line");
+    command.add_flag("--json", options.json, help);
+}
+
+void AddList(CLI::App& app, Options& options)
+{
+    CLI::App& list =
+        AddCommand(app, "list",
+                   "List the fonts of the library with name, file and state (active: without "
+                   "Vexcor; activated: by Vexcor; inactive)",
+                   Command::kList, options);
+    list.add_option("PATTERN", options.operands,
+                    "List only fonts whose PostScript name is like this, with *, ? and [...], in "
+                    "upper or lower case")
+        ->option_text(" ");
+    CLI::Option* const family =
+        list.add_option("--family", options.family, "List only fonts whose family is like FAMILY")
+            ->option_text("FAMILY");
+    CLI::Option* const state = list.add_option("--state", options.state, "List only fonts in STATE")
+                                   ->option_text("STATE")
+                                   ->check(CLI::IsMember({"active", "activated", "inactive"}));
+    CLI::Option* const names =
+        list.add_flag("--names", options.names, "Write only the names, one per line")
+            ->excludes(family)
+            ->excludes(state);
+    AddJson(list, options);
+    names->excludes("--json");
+}
+
+void AddActivation(CLI::App& app, Options& options)
+{
+    constexpr char kWordHelp[] =
+        "A PostScript name or a pattern of names, a font file, a document with its fonts, or a "
+        "folder of the library";
+    CLI::App& activate = AddCommand(app, "activate",
+                                    "Activate fonts of the library until they are deactivated, "
+                                    "whatever documents are open",
+                                    Command::kActivate, options);
+    activate.add_option("NAME", options.operands, kWordHelp)->required()->option_text(" ");
+    AddJson(activate, options);
+    CLI::App& deactivate = AddCommand(app, "deactivate",
+                                      "Deactivate fonts that were activated by `Vexcor activate`; "
+                                      "those that open documents hold remain active",
+                                      Command::kDeactivate, options);
+    CLI::Option* const words =
+        deactivate.add_option("NAME", options.operands, kWordHelp)->option_text(" ");
+    deactivate.add_flag("--all", options.all, "Deactivate all of them")->excludes(words);
+    AddJson(deactivate, options);
+    deactivate.callback([&options] {
+        options.command = Command::kDeactivate;
+        if (options.operands.empty() && !options.all) throw CLI::RequiredError("NAME");
+    });
 }
 
 }  // namespace
@@ -83,6 +134,7 @@ std::unique_ptr<CLI::App> MakeCommandLine(Options& options)
         "until SIGTERM, SIGINT or SIGHUP",
         Command::kWatch, options);
     watch.alias("run");
+    AddJson(watch, options, "Write JSON, one object per event and line");
     AddCommand(*app, "install",
                "Write the path of this program to the launch information file, where the plug-in "
                "finds PluginCore when Vexcor is not running",
@@ -90,12 +142,14 @@ std::unique_ptr<CLI::App> MakeCommandLine(Options& options)
     CLI::App& add =
         AddCommand(*app, "add", "Add a folder to the font library", Command::kAdd, options);
     AddOperand(add, "FOLDER", "The folder", options);
-    CLI::App& list =
-        AddCommand(*app, "list",
-                   "List the fonts of the library with name, file and state (active: without "
-                   "Vexcor; activated: by Vexcor; inactive)",
-                   Command::kList, options);
-    AddJson(list, options);
+    AddJson(add, options, "Write a JSON object");
+    CLI::App& remove = AddCommand(
+        *app, "remove", "Remove a folder that was added; its fonts that are active remain so",
+        Command::kRemove, options);
+    AddOperand(remove, "FOLDER", "The folder", options);
+    AddJson(remove, options, "Write a JSON object");
+    AddList(*app, options);
+    AddActivation(*app, options);
     CLI::App& why = AddCommand(
         *app, "why",
         "Explain why a font is or is not active: the documents that hold it, its file, other files "
@@ -103,6 +157,12 @@ std::unique_ptr<CLI::App> MakeCommandLine(Options& options)
         Command::kWhy, options);
     AddOperand(why, "NAME", "The PostScript name of the font", options);
     AddJson(why, options);
+    CLI::App& status = AddCommand(
+        *app, "status",
+        "Show the library, the fonts that Vexcor has activated with their holders, the programs "
+        "that use the library, and problems",
+        Command::kStatus, options);
+    AddJson(status, options, "Write a JSON object");
     AddWith(*app, options);
     AddCommand(*app, "repair",
                "Make database, activation folder and fontconfig agree again; print what was "

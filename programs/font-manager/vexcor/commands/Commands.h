@@ -9,6 +9,10 @@ namespace vexcor {
 
 int RunInstallCommand();
 int RunAddCommand(plugincore::Services& services, const Options& options);
+int RunRemoveCommand(plugincore::Services& services, const Options& options);
+int RunActivateCommand(plugincore::Services& services, const Options& options);
+int RunDeactivateCommand(plugincore::Services& services, const Options& options);
+int RunStatusCommand(plugincore::Services& services, const Options& options);
 int RunListCommand(plugincore::Services& services, const Options& options);
 int RunWhyCommand(plugincore::Services& services, const Options& options);
 
@@ -20,7 +24,7 @@ int RunRepairCommand();
 
 // Opens the services itself, under the name of the daemon. Returns when a signal of StopSignals
 // comes, or at once if another daemon runs.
-int RunWatchCommand();
+int RunWatchCommand(const Options& options);
 
 // Writes what was repaired to the log.
 void LogRepairs(const plugincore::Activation::Repairs& repairs);

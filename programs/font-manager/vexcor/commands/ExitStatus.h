@@ -16,7 +16,9 @@ enum ExitStatus : int {
 constexpr base::ProgramStatusRow kExitStatuses[] = {
     {kSuccess, "success; why: the font is active; watch: ended by a signal"},
     {kNegative,
-     "why: the font is not active; repair: something cannot be repaired; watch: another Vexcor is "
+     "why: the font is not active; activate: some fonts cannot be activated; deactivate: some were "
+     "not activated; remove: the folder was not added; status: there are problems; repair: "
+     "something cannot be repaired; watch: another Vexcor is "
      "watching already"},
     {kWrongUse, "wrong options or arguments"},
     {kFileFailed, "a file or folder cannot be read or written"},

@@ -17,6 +17,8 @@ using plugincore::Services;
 namespace vexcor {
 namespace {
 
+constexpr const char* kHeldByDocuments = "held by open documents";
+
 bool IsOff(Services& services)
 {
     plugincore::Settings settings;
@@ -38,7 +40,7 @@ std::string GetReasonOfInactive(Services& services, const FontStatus& status)
 
 std::string GetReasonOfActivated(Services& services, const FontStatus& status, bool isSeen)
 {
-    if (isSeen) return "held by open documents";
+    if (isSeen) return kHeldByDocuments;
     if (!base::IsReadableFile(status.file)) {
         return std::string(plugincore::kUnreadableFile) + " any more";
     }
@@ -52,6 +54,10 @@ void AddHolders(Services& services, FontStatus& status)
             {hold.document.empty() ? "a document without a file" : hold.document,
              services.programs.Describe(hold.holder)});
     }
+    const bool isOfUser = std::all_of(
+        status.holders.begin(), status.holders.end(),
+        [](const FontStatus::Holder& holder) { return holder.document == kHeldByUser; });
+    if (isOfUser && status.reason == kHeldByDocuments) status.reason = "activated by the user";
 }
 
 void AddBadFiles(Services& services, FontStatus& status)
@@ -103,6 +109,12 @@ FontStatus ExplainFont(Services& services, const ActiveFiles& active, const std:
     return status;
 }
 
+std::string DescribeHolder(const FontStatus::Holder& holder)
+{
+    if (holder.document == kHeldByUser) return "the user, until Vexcor deactivate";
+    return holder.document + ", open in " + holder.program;
+}
+
 std::string WriteStatusAsText(const FontStatus& status)
 {
     std::string text = status.name + ": " + status.state + ": " + status.reason + "\n";
@@ -111,7 +123,7 @@ std::string WriteStatusAsText(const FontStatus& status)
     };
     if (!status.file.empty()) add("file", status.file);
     for (const FontStatus::Holder& holder : status.holders) {
-        add("held by", holder.document + ", open in " + holder.program);
+        add("held by", DescribeHolder(holder));
     }
     for (const std::string& file : status.otherFiles) add("other file with this name", file);
     for (const std::string& name : status.similarNames) add("similar name", name);

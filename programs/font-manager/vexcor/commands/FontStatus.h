@@ -25,6 +25,13 @@ struct FontStatus {
     std::vector<std::string> badFiles;      // unusable, with this file name; "PATH: reason"
 };
 
+// The document of all fonts that the user activated with `Vexcor activate`. Not the name of a
+// document: those are full paths.
+constexpr const char* kHeldByUser = "Vexcor activate";
+
+// "DOCUMENT, open in PROGRAM" for a line of text.
+std::string DescribeHolder(const FontStatus::Holder& holder);
+
 using ActiveFiles = std::multimap<std::string, plugincore::Services::ActiveFile>;
 
 // Explains the state of the font `name`. Throws Failure.

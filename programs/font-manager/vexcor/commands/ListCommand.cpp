@@ -5,11 +5,39 @@
 #include "vexcor/commands/Commands.h"
 #include "vexcor/commands/ExitStatus.h"
 #include "vexcor/commands/FontStatus.h"
+#include "vexcor/selection/FontSelection.h"
 
 namespace vexcor {
 namespace {
 
 constexpr size_t kStateWidth = sizeof "activated  " - 1;  // of the longest state
+
+bool IsWanted(const Options& options, const std::string& name)
+{
+    return options.operands.empty() ||
+           std::any_of(options.operands.begin(), options.operands.end(),
+                       [&](const std::string& word) { return MatchesPattern(name, word); });
+}
+
+// Reads the file only if the user asked for a family: that takes time.
+bool IsWanted(const Options& options, const std::string& name, const std::string& state,
+              const std::string& file)
+{
+    if (!IsWanted(options, name) || (!options.state.empty() && options.state != state)) {
+        return false;
+    }
+    return options.family.empty() || MatchesPattern(ReadFamily(file, name), options.family);
+}
+
+// For the completion of the shell, which calls this at each key: asks fontconfig nothing.
+bool PrintNames(plugincore::Services& services, const Options& options)
+{
+    std::string text;
+    for (const std::string& name : ListAllNames(services)) {
+        if (IsWanted(options, name)) text += console::MakePrintable(name) + "\n";
+    }
+    return console::Print(text);
+}
 
 // The names in the library, and those that Vexcor activated and that were removed from it since.
 std::set<std::string> GetNames(plugincore::Services& services)
@@ -26,6 +54,7 @@ std::set<std::string> GetNames(plugincore::Services& services)
 
 int RunListCommand(plugincore::Services& services, const Options& options)
 {
+    if (options.names) return PrintNames(services, options) ? kSuccess : kFileFailed;
     const std::set<std::string> names = GetNames(services);
     const ActiveFiles active = services.ListActiveFiles();
     size_t width = 0;
@@ -33,6 +62,7 @@ int RunListCommand(plugincore::Services& services, const Options& options)
     std::string text;
     for (const std::string& name : names) {
         const FontStatus status = ExplainFont(services, active, name);
+        if (!IsWanted(options, name, status.state, status.file)) continue;
         if (options.json) {
             text += WriteStatusAsJson(status);
             continue;

@@ -1,6 +1,8 @@
 #include <algorithm>
 #include <chrono>
+#include <nlohmann/json.hpp>
 
+#include "base/JsonText.h"
 #include "base/Plural.h"
 #include "console/Console.h"
 #include "console/Log.h"
@@ -34,7 +36,7 @@ constexpr milliseconds kUnwatchedInterval(10000);
 // programs start, end and are killed.
 class FontDaemon {
 public:
-    explicit FontDaemon(Services& services) : mServices(services)
+    FontDaemon(Services& services, bool isJson) : mServices(services), mIsJson(isJson)
     {
         mFolders = mServices.folders.GetFolders();
         mWatch.Watch(mFolders);
@@ -84,7 +86,7 @@ private:
         const Clock::time_point now = Clock::now();
         if (now < mNextCheck) return;
         mNextCheck = now + kProgramInterval;
-        LogRepairs(mServices.activation.RepairIfNeeded());
+        ReportRepairs(mServices.activation.RepairIfNeeded());
         std::vector<std::string> folders = mServices.folders.GetFolders();
         if (folders == mFolders && !mWatch.HasMissingFolderAppeared()) return;
         mFolders = std::move(folders);
@@ -104,6 +106,27 @@ private:
         if (counts.filesRead + counts.filesGone == 0) return;
         console::LogAction("index: " + base::Count(static_cast<size_t>(counts.filesRead), "file") +
                            " read, " + std::to_string(counts.filesGone) + " removed");
+        PrintEvent({{"event", "index"},
+                    {"filesRead", counts.filesRead},
+                    {"filesRemoved", counts.filesGone},
+                    {"fonts", counts.names}});
+    }
+
+    // Without --json only the log has events: the output was one line always.
+    void PrintEvent(const nlohmann::ordered_json& event) const
+    {
+        if (mIsJson) (void)console::Print(base::PrintJson(event) + "\n");  // needs no reader
+    }
+
+    void ReportRepairs(const plugincore::Activation::Repairs& repairs) const
+    {
+        LogRepairs(repairs);
+        if (repairs.IsEmpty()) return;
+        PrintEvent({{"event", "repaired"},
+                    {"gonePrograms", repairs.gonePrograms},
+                    {"droppedHolds", repairs.droppedHolds},
+                    {"deactivatedFiles", repairs.deactivatedFiles},
+                    {"goneFiles", repairs.goneFiles}});
     }
 
     void ReportWatchProblem()
@@ -116,6 +139,7 @@ private:
     }
 
     Services& mServices;
+    bool mIsJson;
     TreeWatch mWatch;
     std::vector<std::string> mFolders;
     bool mIsChanged = false;
@@ -135,9 +159,18 @@ std::string DescribeLibrary(Services& services)
            plugincore::JoinNames(services.library.GetFolders());
 }
 
+std::string DescribeLibraryAsJson(Services& services)
+{
+    const plugincore::FontLibrary::Counts counts = services.library.GetCounts();
+    return base::PrintJson(nlohmann::ordered_json{{"event", "watching"},
+                                                  {"fonts", counts.names},
+                                                  {"files", counts.files},
+                                                  {"folders", services.library.GetFolders()}});
+}
+
 }  // namespace
 
-int RunWatchCommand()
+int RunWatchCommand(const Options& options)
 {
     const StopSignals stop;
     Services services(plugincore::GetLocations());
@@ -147,11 +180,12 @@ int RunWatchCommand()
     }
     try {
         LogRepairs(services.Start(kProgramName));
-        FontDaemon daemon(services);
+        FontDaemon daemon(services, options.json);
         const std::string line = DescribeLibrary(services);
         console::LogAction(line);
         // The daemon works without a reader of its output, too.
-        (void)console::Print(console::MakePrintable(line) + "\n");
+        (void)console::Print(
+            (options.json ? DescribeLibraryAsJson(services) : console::MakePrintable(line)) + "\n");
         daemon.Run(stop);
     } catch (const Failure&) {
         services.Stop();

@@ -91,7 +91,7 @@ TEST(OptionsTest, WrongUseIsReportedInOneLineThatNamesIt)
         {{"with", "--bogus", "a.ai", "--", "true"}, "--bogus"},
         {{"why", ""}, "empty"},
         {{"why", "a", "b"}, "b"},
-        {{"watch", "--json"}, "--json"},
+        {{"repair", "--json"}, "--json"},
         {{"list", "--log"}, "--log"},
         {{"watch", "list"}, "list"},
         {{"--readme"}, "--readme"}};
