@@ -5,6 +5,7 @@
 #include <functional>
 #include <ios>
 #include <system_error>
+#include <utility>
 
 #include "documents/model/FileKind.h"
 

@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <fstream>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace batch {

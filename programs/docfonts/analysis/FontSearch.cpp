@@ -5,8 +5,8 @@
 #include <exception>
 #include <filesystem>
 #include <optional>
-#include <set>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 #include "base/Strings.h"

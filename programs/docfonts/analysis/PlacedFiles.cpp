@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <string_view>
 #include <system_error>
 
 #include "documents/model/FileKind.h"

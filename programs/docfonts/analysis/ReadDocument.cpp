@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <chrono>
 #include <deque>
-#include <map>
 #include <new>
 #include <set>
 #include <unordered_map>

@@ -66,6 +66,18 @@ TEST_F(DraftFileTest, ItTakesThePlaceOfTheTarget)
     EXPECT_THAT(List(), ElementsAre("f"));
 }
 
+TEST_F(DraftFileTest, ItsStartCanBeWrittenInPieces)
+{
+    DraftFile draft(GetPath("f.XXXXXX"));
+    EXPECT_FALSE(draft.Append("one "));
+    EXPECT_FALSE(draft.Append("two "));
+    EXPECT_FALSE(draft.Write("three"));
+    EXPECT_FALSE(draft.MoveTo(GetPath("f")));
+    EXPECT_EQ(Read("f"), "one two three");
+    DraftFile lost(GetPath("missing/f.XXXXXX"));
+    EXPECT_EQ(lost.Append("x"), std::errc::no_such_file_or_directory);
+}
+
 TEST_F(DraftFileTest, TheUmaskDoesNotChangeTheMode)
 {
     const mode_t before = umask(077);

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -40,6 +41,14 @@ std::string MakeEps(const std::string& fonts, const std::string& files = "")
     return text + "%%EndComments\n%%EOF\n";
 }
 
+// Whether the process whose stat file in /proc this is has not ended.
+bool IsRunning(const std::string& statFile)
+{
+    const std::string text = ReadWholeFile(statFile);
+    const size_t name = text.rfind(')');
+    return name != std::string::npos && text.substr(name, 3) != ") Z";
+}
+
 // Runs the program itself in a folder of the test, with no fonts but those that the test installs.
 class Docfonts : public testing::Test {
 protected:
@@ -53,6 +62,14 @@ protected:
         output = ReadWholeFile(folder.Path("out"));
         errors = ReadWholeFile(folder.Path("err"));
         return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    }
+
+    // In place of Ghostscript: a program that writes its process id and never ends.
+    void WriteEndlessGhostscript() const
+    {
+        (void)folder.Write("gs", "#!/bin/sh\nPATH=/usr/bin:/bin\necho $$ >'" + folder.Path("pid") +
+                                     "'\nwhile :; do sleep 1; done\n");
+        std::filesystem::permissions(folder.Path("gs"), std::filesystem::perms::owner_all);
     }
 
     std::vector<json> GetLines() const
@@ -231,12 +248,48 @@ TEST_F(Docfonts, ReadsFoldersAndLists)
 
 TEST_F(Docfonts, GivesUpOnASlowFile)
 {
-    // In place of Ghostscript: a program that never ends.
-    (void)folder.Write("gs", "#!/bin/sh\nPATH=/usr/bin:/bin\nwhile :; do sleep 1; done\n");
-    std::filesystem::permissions(folder.Path("gs"), std::filesystem::perms::owner_all);
+    WriteEndlessGhostscript();
     (void)folder.Write("slow.eps", "%!PS-Adobe-3.0 EPSF-3.0\n");
     EXPECT_EQ(kFileFailed, Run("--timeout 0.3 --jobs 1 slow.eps", "PATH=\"$PWD\""));
     EXPECT_EQ("slow.eps: failed: takes longer than 0.3 s to read\n", output);
+}
+
+TEST_F(Docfonts, APlacedDocumentThatTakesTooLongCostsOnlyItself)
+{
+    WriteEndlessGhostscript();
+    (void)folder.Write("slow.eps", "%!PS-Adobe-3.0 EPSF-3.0\n");
+    (void)folder.Write("a.eps", MakeEps("One", "slow.eps"));
+    EXPECT_EQ(kSomethingMissing, Run("--timeout 2 --placed --json a.eps", "PATH=\"$PWD\""));
+    ASSERT_EQ(1U, GetLines().size());
+    EXPECT_EQ("One", GetLines()[0]["documentFonts"][0]["PostScriptName"]);
+    const json slow = GetLines()[0]["placedDocuments"][0];
+    EXPECT_EQ("slow.eps", slow["path"]);
+    EXPECT_THAT(slow["note"].get<std::string>(), HasSubstr("Ghostscript"));
+}
+
+TEST_F(Docfonts, LeavesNoPageAndNoProcessWhenInterrupted)
+{
+    WriteEndlessGhostscript();
+    (void)folder.Write("slow.eps", "%!PS-Adobe-3.0 EPSF-3.0\n");
+    (void)folder.Write("page.html", "the former page");
+    const std::string command =
+        "cd '" + folder.Path() +
+        "' && PATH=\"$PWD:$PATH\" timeout --preserve-status -s INT 1 '" DOCFONTS_PROGRAM
+        "' --html page.html slow.eps >out 2>err";
+    const int status = std::system(command.c_str());
+    EXPECT_EQ(docfonts::kInterrupted, WEXITSTATUS(status));
+    EXPECT_EQ("the former page", ReadWholeFile(folder.Path("page.html")));
+    size_t count = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(folder.Path())) {
+        count += entry.exists() ? 1 : 0;
+    }
+    EXPECT_EQ(6U, count);  // gs, pid, slow.eps, page.html, out, err
+    // The system ends it after the process that had started it.
+    const std::string process = ReadWholeFile(folder.Path("pid"));
+    ASSERT_NE("", process);
+    const std::string state = "/proc/" + process.substr(0, process.find('\n')) + "/stat";
+    for (int i = 0; i < 100 && IsRunning(state); ++i) (void)usleep(50000);
+    EXPECT_FALSE(IsRunning(state));
 }
 
 TEST_F(Docfonts, EndsWhenNobodyReadsItsOutput)

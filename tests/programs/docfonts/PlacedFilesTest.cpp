@@ -59,7 +59,7 @@ TEST_F(PlacedFilesTest, IsADocumentByItsFirstBytes)
     ASSERT_EQ(0, mkfifo(folder.Path("job/pipe").c_str(), 0600));
     EXPECT_TRUE(IsDocumentFile(below));
     for (const std::string& path : {beside, folder.Path("job/pipe"), folder.Path("job"),
-                                   folder.Path("none"), std::string("/dev/zero")}) {
+                                    folder.Path("none"), std::string("/dev/zero")}) {
         EXPECT_FALSE(IsDocumentFile(path)) << path;
     }
 }

@@ -37,7 +37,7 @@ public:
 
     enum class Access { kReadOnly };
 
-    // Opens an existing file for reading. Creates and updates nothing; a statement that would fails.
+    // Opens an existing file for reading. Changes nothing; a statement that would change it fails.
     Database(const std::filesystem::path& file, Access access);
 
     void Execute(const std::string& sql);
