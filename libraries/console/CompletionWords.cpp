@@ -36,7 +36,8 @@ ArgumentWords ListArgumentWords(const CLI::Option& option, const std::string& na
                             part == "JOURNAL" || part == "PLUGIN";
         words.files = words.files || isFile;
         words.folders = words.folders || part == "DIR" || part == "FOLDER";
-        words.fonts = words.fonts || (part == "NAME" && option.get_positional());
+        const bool isFont = part == "NAME" || part == "PATTERN";
+        words.fonts = words.fonts || (isFont && option.get_positional());
     }
     return words;
 }

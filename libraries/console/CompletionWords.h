@@ -41,9 +41,9 @@ struct ProgramWords {
 };
 
 // Lists the words of `app`. The name of an argument decides what completes it: files for FILE,
-// PATH, LIST, JOURNAL and PLUGIN, folders for DIR and FOLDER, names of fonts for an operand NAME;
-// several are separated by '|'. An option of few values is completed by these. Commands and options
-// that are hidden from help (those with an empty group) are left out.
+// PATH, LIST, JOURNAL and PLUGIN, folders for DIR and FOLDER, names of fonts for an operand NAME or
+// PATTERN; several are separated by '|'. An option of few values is completed by these. Commands
+// and options that are hidden from help (those with an empty group) are left out.
 ProgramWords ListCompletionWords(const CLI::App& app);
 
 // The program's name as part of a function's name: "headless_host".
