@@ -3,6 +3,8 @@
 #include <ft2build.h>
 #include FT_FREETYPE_H
 
+#include <memory>
+
 #include "fonts/MappedFile.h"
 
 namespace fonts {
@@ -13,13 +15,14 @@ FaceNames ReadFaceNames(const std::string& path, int index)
     const MappedFile file(path);
     FT_Library library = nullptr;
     if (file.GetError() != nullptr || FT_Init_FreeType(&library) != FT_Err_Ok) return names;
-    FT_Face face = nullptr;
+    const std::unique_ptr<FT_LibraryRec_, FT_Error (*)(FT_Library)> owner(library,
+                                                                          FT_Done_FreeType);
+    FT_Face face = nullptr;  // ends with the library
     if (FT_New_Memory_Face(library, file.GetBytes(), static_cast<FT_Long>(file.GetSize()), index,
                            &face) == FT_Err_Ok) {
         if (face->family_name != nullptr) names.family = face->family_name;
         if (face->style_name != nullptr) names.style = face->style_name;
     }
-    (void)FT_Done_FreeType(library);  // with the face
     return names;
 }
 

@@ -9,6 +9,7 @@
 
 #include <array>
 #include <chrono>
+#include <cstdio>
 
 #include "base/FileDescriptor.h"
 #include "base/Files.h"
@@ -79,7 +80,9 @@ bool WaitForEnd(int pipe, double seconds)
 
 std::string DescribeLateDrawing(double seconds)
 {
-    return "Ghostscript took longer than " + std::to_string(static_cast<long>(seconds)) + " s";
+    char text[32];
+    (void)std::snprintf(text, sizeof text, "%.3g", seconds);  // a number always fits
+    return "Ghostscript took longer than " + std::string(text) + " s";
 }
 
 GhostscriptResult DrawWithGhostscript(std::string_view postScript, double seconds,

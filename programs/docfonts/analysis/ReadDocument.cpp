@@ -98,12 +98,8 @@ private:
     std::unordered_map<std::string, size_t> mPlaces;
 };
 
-DocumentReport ReadOne(const std::string& path, double seconds, size_t helperBytes)
+DocumentReport ReadOne(const std::string& path, documents::Limits limits)
 {
-    documents::Limits limits;
-    limits.seconds = seconds;
-    limits.helperSeconds = std::min(limits.helperSeconds, seconds);
-    limits.helperBytes = helperBytes;
     limits.hasDetails = true;
     const documents::OpenResult result = documents::OpenDocument(path, limits);
     if (!result.ok && result.error == kNoMemory) throw std::bad_alloc();
@@ -142,7 +138,10 @@ FileIdentity Identify(const std::string& path)
 DocumentReport ReadDocument(const std::string& path, const ReadingOptions& options)
 {
     const auto start = Clock::now();
-    DocumentReport report = ReadOne(path, options.seconds, options.helperBytes);
+    documents::Limits limits;
+    limits.seconds = options.seconds;
+    limits.helperBytes = options.helperBytes;
+    DocumentReport report = ReadOne(path, limits);
     if (!options.readsPlacedDocuments) return report;
     std::set<FileIdentity> visited = {Identify(path)};
     std::deque<std::string> todo;
@@ -164,7 +163,9 @@ DocumentReport ReadDocument(const std::string& path, const ReadingOptions& optio
                             std::chrono::duration<double>(Clock::now() - start).count();
         DocumentReport placed;
         if (left > 0) {
-            placed = ReadOne(file, left, options.helperBytes);
+            limits.seconds = left;
+            limits.helperSeconds = std::min(limits.helperSeconds, left);
+            placed = ReadOne(file, limits);
         } else {
             placed.path = file;
             placed.format = documents::GetKindName(documents::Kind::kUnknown);

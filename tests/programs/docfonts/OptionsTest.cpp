@@ -40,5 +40,5 @@ TEST(DocfontsOptions, AreCompletedWithoutACommand)
     docfonts::Options options;
     const std::string script = console::WriteBashCompletion(*docfonts::MakeCommandLine(options));
     EXPECT_THAT(script, testing::HasSubstr(" --missing "));
-    EXPECT_THAT(script, testing::HasSubstr("' kind=-f candidate\n"));
+    EXPECT_THAT(script, testing::HasSubstr("' kinds=files candidate\n"));
 }

@@ -66,12 +66,12 @@ const PanelFontList::Names& PanelFontList::GetNames(const PanelFont& font)
     if (known != mNames.end()) return known->second;
     if (mNames.size() >= kMostKnownNames) mNames.clear();
     Names names;
-    names.family = fonts::ReadFaceFamily(font.path, static_cast<int>(font.faceIndex));
+    names.family = fonts::ReadFaceNames(font.path, static_cast<int>(font.faceIndex));
     names.inLowerCase = base::ToLower(names.family.family + " " + names.family.style);
     return mNames.emplace(key, std::move(names)).first->second;
 }
 
-const fonts::FaceFamily& PanelFontList::GetFamily(const PanelFont& font)
+const fonts::FaceNames& PanelFontList::GetFamily(const PanelFont& font)
 {
     return GetNames(font).family;
 }

@@ -6,7 +6,7 @@
 #include <tuple>
 #include <vector>
 
-#include "fonts/FaceFamily.h"
+#include "fonts/FaceNames.h"
 #include "plugin-core/services/Services.h"
 
 namespace plugincore {
@@ -34,7 +34,7 @@ public:
     const std::vector<PanelFont>& List(const std::string& folder);
 
     // Reads the font's family unless it is known. The reference is valid until the next call.
-    const fonts::FaceFamily& GetFamily(const PanelFont& font);
+    const fonts::FaceNames& GetFamily(const PanelFont& font);
 
     // Whether each of the words is a part of the font's name, or of its family and style. The words
     // are in lower case.
@@ -42,7 +42,7 @@ public:
 
 private:
     struct Names {
-        fonts::FaceFamily family;
+        fonts::FaceNames family;
         std::string inLowerCase;
     };
     const Names& GetNames(const PanelFont& font);

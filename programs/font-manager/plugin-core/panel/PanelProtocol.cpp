@@ -150,7 +150,7 @@ json PanelProtocol::ListFonts(const json& request)
         if (!mFonts.Matches(font, words)) continue;
         const int64_t position = total++;
         if (position < offset || position >= offset + limit || bytes > kMostBytes) continue;
-        const fonts::FaceFamily& family = mFonts.GetFamily(font);
+        const fonts::FaceNames& family = mFonts.GetFamily(font);
         bytes += font.postScriptName.size() + family.family.size() + family.style.size();
         if (bytes > kMostBytes) continue;
         list.push_back({{"PostScriptName", font.postScriptName},

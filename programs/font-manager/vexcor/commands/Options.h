@@ -28,11 +28,11 @@ struct Options {
     std::vector<std::string> words;     // of with: COMMAND and its arguments; empty for none
     bool json = false;
     bool noOpen = false;  // of panel
-    bool names = false;  // of list
-    bool all = false;    // of deactivate
-    std::string family;  // of list; empty for all
-    std::string state;   // the same
-    std::string log;     // a file; empty for none
+    bool names = false;   // of list
+    bool all = false;     // of deactivate
+    std::string family;   // of list; empty for all
+    std::string state;    // the same
+    std::string log;      // a file; empty for none
 };
 
 }  // namespace vexcor

@@ -1,13 +1,12 @@
 #include "vexcor/selection/FontSelection.h"
 
 #include <fnmatch.h>
-#include <fontconfig/fontconfig.h>
 
 #include <algorithm>
 #include <filesystem>
-#include <memory>
 #include <set>
 
+#include "fonts/FaceNames.h"
 #include "fonts/FontFaces.h"
 #include "plugin-core/storage/Failure.h"
 #include "vexcor/selection/NeededFonts.h"
@@ -122,15 +121,7 @@ std::string ReadFamily(const std::string& file, const std::string& postScriptNam
         content.faces.begin(), content.faces.end(),
         [&](const fonts::FontFace& known) { return known.postScriptName == postScriptName; });
     if (face == content.faces.end()) return {};
-    int count = 0;
-    const auto* const path = reinterpret_cast<const FcChar8*>(file.c_str());
-    const std::unique_ptr<FcPattern, decltype(&FcPatternDestroy)> pattern(
-        FcFreeTypeQuery(path, static_cast<unsigned>(face->index), nullptr, &count),
-        FcPatternDestroy);
-    FcChar8* family = nullptr;
-    const bool hasFamily =
-        pattern && FcPatternGetString(pattern.get(), FC_FAMILY, 0, &family) == FcResultMatch;
-    return hasFamily ? reinterpret_cast<const char*>(family) : std::string();
+    return fonts::ReadFaceNames(file, static_cast<int>(face->index)).family;
 }
 
 }  // namespace vexcor

@@ -156,7 +156,7 @@ TEST_F(GhostscriptTest, IsEndedWithItsChildProcesses)
     // The reader waits until the pipe closes, which either process would keep open if it continued.
     Install("sleep 1000 &\nsleep 1000\n");
     EXPECT_THAT(Open(kForeign, 0.2).document.notes,
-                ElementsAre(std::string(kReason) + "Ghostscript took longer than 0 s"));
+                ElementsAre(std::string(kReason) + "Ghostscript took longer than 0.2 s"));
 }
 
 namespace {
@@ -191,7 +191,7 @@ TEST_F(SlowDrawingsTest, AreNotTriedAgainAndHaveTheSameNote)
     const OpenResult second = Open(kForeign, 0.3);
     EXPECT_EQ(1U, CountStarts());
     EXPECT_THAT(first.document.notes,
-                ElementsAre(std::string(kReason) + "Ghostscript took longer than 0 s"));
+                ElementsAre(std::string(kReason) + "Ghostscript took longer than 0.3 s"));
     EXPECT_EQ(first.document.notes, second.document.notes);
 }
 
@@ -223,5 +223,5 @@ TEST_F(SlowDrawingsTest, EndAfterTheTimeThatTheEnvironmentSays)
 {
     setenv("CORVANTA_DRAWING_SECONDS", "0.2", 1);
     EXPECT_THAT(Open(kForeign).document.notes,
-                ElementsAre(std::string(kReason) + "Ghostscript took longer than 0 s"));
+                ElementsAre(std::string(kReason) + "Ghostscript took longer than 0.2 s"));
 }
