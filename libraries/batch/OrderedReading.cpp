@@ -75,7 +75,8 @@ public:
             if (!mPool || !mPool->HasBusy()) continue;
             for (WorkerAnswer& answer : mPool->Wait()) {
                 // The first one in the list has the number of the first slot.
-                Accept(mSlots[answer.id - mFirst], std::move(answer), mCount > 1);
+                auto& slot = mSlots[answer.id - mFirst];
+                Accept(slot, std::move(answer), mCount > 1);
             }
         }
         mProgress.Clear();

@@ -20,7 +20,7 @@ std::string EscapeSpecification(const std::string& text)
 // What _arguments calls to complete an argument; " " completes nothing.
 std::string GetAction(const ArgumentWords& argument, const std::string& function)
 {
-    const std::string fonts = function + "_fonts";
+    std::string fonts = function + "_fonts";
     if (!argument.choices.empty()) {
         std::string values;
         for (const std::string& choice : argument.choices) {
@@ -32,8 +32,8 @@ std::string GetAction(const ArgumentWords& argument, const std::string& function
     if (argument.fonts && !files.empty()) {
         return "_alternative \"fonts\\:font\\:" + fonts + "\" \"files\\:file\\:" + files + "\"";
     }
-    if (argument.fonts) return fonts;
-    return files.empty() ? " " : files;
+    if (!argument.fonts) return files.empty() ? " " : files;
+    return fonts;
 }
 
 // The lines of _arguments, each after `indent`, with a backslash at the end of the line before.

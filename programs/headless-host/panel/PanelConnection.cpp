@@ -4,7 +4,7 @@
 #include <boost/asio/ip/tcp.hpp>
 #include <boost/beast/core/buffers_to_string.hpp>
 #include <boost/beast/core/flat_buffer.hpp>
-#include <boost/beast/websocket.hpp>
+#include <boost/beast/websocket.hpp>  // IWYU pragma: keep
 #include <chrono>
 #include <deque>
 

@@ -49,7 +49,7 @@ public:
         for (const QPDFObjectHandle& page : file.GetPages()) {
             Add(QPDFPageObjectHelper(page).getAttribute("/Resources", /*copy_if_shared=*/false));
             while (!mTodo.empty()) {
-                QPDFObjectHandle resources = std::move(mTodo.back());
+                QPDFObjectHandle resources = mTodo.back();
                 mTodo.pop_back();
                 AddFonts(GetKeyOrNull(resources, "/Font"));
                 AddStreams(GetKeyOrNull(resources, "/XObject"));

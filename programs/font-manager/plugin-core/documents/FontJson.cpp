@@ -134,8 +134,9 @@ Usage ReadUsage(const std::string& text)
     if (!value.is_object()) throw MakeJsonFailure("it is neither an object nor an array");
     const auto fonts = value.find(kFonts);
     const auto linked = value.find(kLinked);
-    if (fonts != value.end() && !fonts->is_array())
+    if (fonts != value.end() && !fonts->is_array()) {
         throw MakeJsonFailure("it has no array of fonts");
+    }
     if (fonts != value.end()) usage.fonts = ReadNames(*fonts);
     if (linked != value.end() && linked->is_array()) usage.linkedDocuments = ReadPaths(*linked);
     return usage;

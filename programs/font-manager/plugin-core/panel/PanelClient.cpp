@@ -5,18 +5,17 @@
 
 #include <boost/asio/io_context.hpp>
 #include <boost/asio/ip/tcp.hpp>
-#include <boost/asio/write.hpp>
+#include <boost/asio/write.hpp>  // IWYU pragma: keep
 #include <boost/beast/core/flat_buffer.hpp>
 #include <boost/beast/http/empty_body.hpp>
 #include <boost/beast/http/error.hpp>
 #include <boost/beast/http/message.hpp>
 #include <boost/beast/http/parser.hpp>
-#include <boost/beast/http/read.hpp>
-#include <boost/beast/http/write.hpp>
-#include <boost/beast/websocket.hpp>
+#include <boost/beast/http/read.hpp>   // IWYU pragma: keep
+#include <boost/beast/http/write.hpp>  // IWYU pragma: keep
+#include <boost/beast/websocket.hpp>   // IWYU pragma: keep
 #include <deque>
 #include <nlohmann/json.hpp>
-#include <optional>
 #include <sstream>
 
 #include "base/JsonText.h"

@@ -1,9 +1,6 @@
-#include <algorithm>
 #include <filesystem>
-#include <map>
 #include <nlohmann/json.hpp>
 
-#include "base/Files.h"
 #include "base/JsonText.h"
 #include "base/Plural.h"
 #include "console/Console.h"

@@ -1,5 +1,4 @@
 #include <cstring>
-#include <filesystem>
 
 #include "console/Console.h"
 #include "console/Log.h"

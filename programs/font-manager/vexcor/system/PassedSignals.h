@@ -1,6 +1,6 @@
 #pragma once
 
-#include <signal.h>
+#include <signal.h>  // IWYU pragma: keep
 
 #include "base/FileDescriptor.h"
 
