@@ -35,7 +35,7 @@ export class Home {
   }
 
   vexcor(...words) {
-    return this.run(join(stage, "Vexcor/Vexcor"), ...words);
+    return this.run(join(stage, "bin/Vexcor"), ...words);
   }
 
   // Whether a program that nobody here wrote sees the font.

@@ -1,6 +1,7 @@
 #include "TwoPlugins.h"
 
 #include <cstdlib>
+#include <regex>
 
 namespace fs = std::filesystem;
 
@@ -35,7 +36,8 @@ std::string PluginPlace::WithoutFolder(std::string text) const
          at = text.find(folderName, at)) {
         text.replace(at, folderName.size(), "FOLDER");
     }
-    return text;
+    static const std::regex sFontId("(\"id\":\"[0-9]+-[0-9]+)-[0-9]+\"");
+    return std::regex_replace(text, sFontId, "$1-DATE\"");
 }
 
 void TwoPlugins::SetUp()

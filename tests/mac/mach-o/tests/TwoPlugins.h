@@ -15,7 +15,8 @@ public:
     void RunWithJournal(const std::string& command);
 
     std::string Journal() const { return ReadFile(scratch / "journal"); }
-    // The text with FOLDER in place of the scratch folder.
+    // The text with FOLDER in place of the scratch folder, and without the dates of files that the
+    // panel's names of fonts contain.
     std::string WithoutFolder(std::string text) const;
 
     using EndToEnd::errors;
