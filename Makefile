@@ -14,7 +14,8 @@ test: bootstrap
 
 # The leak checker of clang 14 guesses where the thread-local data of a loaded module begins, and
 # sometimes reads unmapped memory. The preset sets intercept_tls_get_addr=0 to prevent that. Plug-ins
-# that are wrong on purpose, and crash, are left out.
+# that are wrong on purpose, and crash, are left out, and so is what sanitizers say nothing about: the
+# installed release.
 test-asan: bootstrap
 	cmake --preset asan >/dev/null
 	cmake --build --preset asan
@@ -190,8 +191,8 @@ bench-growth: bench
 # Runs the scripts of `make bench` once with small sizes, over the build of `make stage`.
 bench-check: bootstrap
 	cmake --preset release -DTYPELOFT_BUILD_BENCH=ON >/dev/null
-	cmake --build --preset release --target plugin-bench library-bench Vexcor headless-host \
-	    TypeloftSPEA PluginCoreFramework PlugPlugFrameworks
+	cmake --build --preset release --target plugin-bench library-bench panel-bench document-bench \
+	    Vexcor headless-host TypeloftSPEA PluginCoreFramework PlugPlugFrameworks
 	bench/measure build/release --fonts 40 --memory-fonts 40 --pairs 1 --seconds 0.001 \
 	    --json build/bench-check.json
 	bench/measure-growth build/release --most 100 --runs 1 --plot build/growth-check.svg
