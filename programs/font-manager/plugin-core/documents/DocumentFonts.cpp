@@ -4,7 +4,6 @@
 #include <iostream>
 
 #include "documents/model/FileKind.h"
-#include "documents/model/FontName.h"
 #include "plugin-core/documents/HostDocuments.h"
 #include "plugin-core/storage/ErrorLog.h"
 #include "plugin-core/storage/Failure.h"
@@ -33,28 +32,6 @@ void DocumentFonts::SetUsed(const std::string& path, const Names& names)
     mUsed[path] = std::move(used);
 }
 
-Names DocumentFonts::MatchFonts(const Names& names)
-{
-    const auto hasSuffix = [](const std::string& name) {
-        return documents::HasEncodingSuffix(name);
-    };
-    // The active fonts are listed only for the few documents that need it.
-    if (std::none_of(names.begin(), names.end(), hasSuffix)) return names;
-    const Services::ActiveNames active = mServices.ListActive();
-    (void)mServices.SelectFromLibrary(names);  // updates the index, once for all names
-    const auto exists = [&](const std::string& name) {
-        return active.ours.count(name) != 0 || active.others.count(name) != 0 ||
-               mServices.library.Find(name).has_value();
-    };
-    Names matched;
-    std::set<std::string> added;
-    for (const std::string& name : names) {
-        std::string font = documents::ChooseFontName(name, exists);
-        if (added.insert(font).second) matched.push_back(std::move(font));
-    }
-    return matched;
-}
-
 // The fonts of the text, which reports name, then the listed ones, then those in the placed files.
 Names DocumentFonts::GetAll(const std::string& path, const Usage& usage)
 {
@@ -68,7 +45,7 @@ Names DocumentFonts::GetAll(const std::string& path, const Usage& usage)
     const auto listed = mListed.find(path);
     if (listed != mListed.end()) add(listed->second);
     add(mServices.linkedDocuments.GetFonts(path, usage.linkedDocuments.value_or(Names())));
-    return MatchFonts(names);
+    return mServices.MatchFontNames(names);
 }
 
 Names DocumentFonts::Open(const std::string& path, Usage usage, ActivationMode mode)
@@ -155,8 +132,8 @@ int DocumentFonts::Activate(const std::string& path, const Names& names)
 {
     mServices.ApplyLibraryChoice();
     const Services::ActiveNames before = mServices.ListActive();
-    const Names inactive =
-        Select(MatchFonts(names), [&](const auto& name) { return before.others.count(name) == 0; });
+    const Names inactive = Select(mServices.MatchFontNames(names),
+                                  [&](const auto& name) { return before.others.count(name) == 0; });
     return ActivateInactive(path, path.empty() ? mServices.SelectFromLibrary(inactive) : inactive);
 }
 

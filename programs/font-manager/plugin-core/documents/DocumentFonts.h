@@ -109,9 +109,6 @@ public:
     }
 
 private:
-    // Returns the names under which the fonts exist (FontName.h: ChooseFontName), without repeats
-    // if one differs.
-    std::vector<std::string> MatchFonts(const std::vector<std::string>& names);
     std::vector<std::string> GetAll(const std::string& path, const Usage& usage);
     int ActivateInactive(const std::string& path, const std::vector<std::string>& wanted);
     void ActivateNew(const std::string& path, const std::vector<std::string>& names,

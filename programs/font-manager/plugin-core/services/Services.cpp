@@ -1,7 +1,9 @@
 #include "plugin-core/services/Services.h"
 
+#include <algorithm>
 #include <filesystem>
 
+#include "documents/model/FontName.h"
 #include "fonts/ActiveFonts.h"
 #include "plugin-core/services/HostDrawings.h"
 #include "plugin-core/storage/ErrorLog.h"
@@ -105,6 +107,28 @@ std::vector<std::string> Services::SelectFromLibrary(const std::vector<std::stri
     if (found.size() == names.size()) return found;
     library.Refresh();
     return library.SelectKnown(names);
+}
+
+std::vector<std::string> Services::MatchFontNames(const std::vector<std::string>& names)
+{
+    const auto hasSuffix = [](const std::string& name) {
+        return documents::HasEncodingSuffix(name);
+    };
+    // The active fonts are listed only for the few documents that need it.
+    if (std::none_of(names.begin(), names.end(), hasSuffix)) return names;
+    const ActiveNames active = ListActive();
+    (void)SelectFromLibrary(names);  // updates the index, once for all names
+    const auto exists = [&](const std::string& name) {
+        return active.ours.count(name) != 0 || active.others.count(name) != 0 ||
+               library.Find(name).has_value();
+    };
+    std::vector<std::string> matched;
+    std::set<std::string> added;
+    for (const std::string& name : names) {
+        std::string font = documents::ChooseFontName(name, exists);
+        if (added.insert(font).second) matched.push_back(std::move(font));
+    }
+    return matched;
 }
 
 std::string JoinNames(const std::vector<std::string>& names)

@@ -53,6 +53,10 @@ struct Services {
     // one of them.
     std::vector<std::string> SelectFromLibrary(const std::vector<std::string>& names);
 
+    // Returns the names under which a document's fonts exist (FontName.h: ChooseFontName), without
+    // repeats if one differs.
+    std::vector<std::string> MatchFontNames(const std::vector<std::string>& names);
+
     // Reads the user's choice of folders and of a library, which another process may have changed.
     void ApplyLibraryChoice();
 

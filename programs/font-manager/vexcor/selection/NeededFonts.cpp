@@ -4,7 +4,6 @@
 #include <filesystem>
 
 #include "documents/OpenDocument.h"
-#include "documents/model/FontName.h"
 #include "plugin-core/storage/Failure.h"
 
 using plugincore::Activation;
@@ -23,23 +22,6 @@ Names Select(const Names& names, Test test)
     Names selected;
     std::copy_if(names.begin(), names.end(), std::back_inserter(selected), test);
     return selected;
-}
-
-// The names under which the fonts exist, each once.
-Names MatchNames(Services& services, const Services::ActiveNames& active, const Names& names)
-{
-    (void)services.SelectFromLibrary(names);  // updates the index, once for all names
-    const auto exists = [&](const std::string& name) {
-        return active.ours.count(name) != 0 || active.others.count(name) != 0 ||
-               services.library.Find(name).has_value();
-    };
-    Names matched;
-    std::set<std::string> added;
-    for (const std::string& name : names) {
-        std::string font = documents::ChooseFontName(name, exists);
-        if (added.insert(font).second) matched.push_back(std::move(font));
-    }
-    return matched;
 }
 
 }  // namespace
@@ -64,7 +46,7 @@ NeededFontsResult ActivateNeededFonts(Services& services, Activation& activation
                                       const NeededFonts& needed)
 {
     const Services::ActiveNames before = services.ListActive();
-    const Names names = MatchNames(services, before, needed.names);
+    const Names names = services.MatchFontNames(needed.names);
     const std::set<std::string> held = activation.Hold(needed.path, names);
     // The tables say active and fontconfig doesn't: the folder was cleared by the user or a tool.
     if (!std::includes(before.ours.begin(), before.ours.end(), held.begin(), held.end())) {
