@@ -12,8 +12,6 @@ namespace headless {
 
 namespace {
 
-constexpr char kRequestType[] = "com.corvanta.portnumberrequest";
-constexpr char kResponseType[] = "com.corvanta.portnumberresponse";
 constexpr std::size_t kTokenLength = 64;
 constexpr int kHighestPort = 65535;
 
@@ -44,18 +42,18 @@ std::string WithinTicks()
 int AskForPort(const std::string& frameworksFolder, const std::function<void()>& tick)
 {
     std::string error;
-    const auto bus = PanelBus::Open(frameworksFolder, kResponseType, error);
-    if (!bus || !bus->Send(kRequestType, error)) throw Failure{error};
+    const auto bus = PanelBus::Open(frameworksFolder, kPortResponseEvent, error);
+    if (!bus || !bus->Send(kPortRequestEvent, error)) throw Failure{error};
     for (int count = 0; bus->GetReceived().empty(); ++count) {
         if (count == PanelPlayer::kMaximumTicks) {
-            throw Failure{"no answer to " + std::string(kRequestType) + WithinTicks()};
+            throw Failure{"no answer to " + std::string(kPortRequestEvent) + WithinTicks()};
         }
         tick();
     }
     const std::string& payload = bus->GetReceived().back();
     const std::optional<int> port = PanelPlayer::ReadPort(payload);
     if (!port) {
-        throw Failure{std::string(kResponseType) + " does not report a port: " + Quote(payload)};
+        throw Failure{std::string(kPortResponseEvent) + " does not report a port: " + Quote(payload)};
     }
     return *port;
 }
