@@ -10,29 +10,29 @@ namespace documents {
 
 namespace {
 
-enum Class : unsigned char { kRegular, kSpace, kDelimiter };
+enum TreeClass : unsigned char { kTreeWord, kTreeSpace, kTreeMark };
 
-constexpr std::array<Class, 256> MakeClasses()
+constexpr std::array<TreeClass, 256> MakeTreeClasses()
 {
-    std::array<Class, 256> classes = {};
+    std::array<TreeClass, 256> classes = {};
     for (const char c : {'/', '<', '>', '[', ']', '(', ')'}) {
-        classes[static_cast<unsigned char>(c)] = kDelimiter;
+        classes[static_cast<unsigned char>(c)] = kTreeMark;
     }
     for (const char c : {'\0', '\t', '\n', '\f', '\r', ' '}) {
-        classes[static_cast<unsigned char>(c)] = kSpace;
+        classes[static_cast<unsigned char>(c)] = kTreeSpace;
     }
     return classes;
 }
 
-constexpr std::array<Class, 256> kClasses = MakeClasses();
+constexpr std::array<TreeClass, 256> kTreeClasses = MakeTreeClasses();
 
-Class GetClass(char c) { return kClasses[static_cast<unsigned char>(c)]; }
+TreeClass GetTreeClass(char c) { return kTreeClasses[static_cast<unsigned char>(c)]; }
 
 }  // namespace
 
 void TextTreeCursor::SkipSpaces()
 {
-    while (mPosition < mTree.size() && GetClass(mTree[mPosition]) == kSpace) ++mPosition;
+    while (mPosition < mTree.size() && GetTreeClass(mTree[mPosition]) == kTreeSpace) ++mPosition;
 }
 
 void TextTreeCursor::SkipText()
@@ -46,7 +46,7 @@ void TextTreeCursor::SkipText()
 size_t TextTreeCursor::MeasureWord() const
 {
     size_t end = mPosition;
-    while (end < mTree.size() && GetClass(mTree[end]) == kRegular) ++end;
+    while (end < mTree.size() && GetTreeClass(mTree[end]) == kTreeWord) ++end;
     return end - mPosition;
 }
 
@@ -107,7 +107,7 @@ void TextTreeCursor::Skip()
             --depth;
             mPosition += c == ']' ? 1 : 2;
         } else {
-            if (GetClass(c) == kDelimiter) ++mPosition;
+            if (GetTreeClass(c) == kTreeMark) ++mPosition;
             mPosition += MeasureWord();
         }
     } while (depth > 0);
