@@ -17,6 +17,15 @@ public:
     // Does the same for bytes that were taken from the ReadBudget before.
     void AppendTaken(std::string_view bytes);
 
+    // Returns room for at least `size` bytes behind the contents, to write into, or null without
+    // memory for it. Keep it for what is known to fit: room that isn't written to takes no memory,
+    // but the process may be limited. The room is valid until the buffer changes.
+    char* GetRoom(size_t size);
+
+    // Adds the first `size` bytes of the room to the contents, which were taken from the
+    // ReadBudget.
+    void AddRoomTaken(size_t size) { mSize += size; }
+
     // Drops what is behind the first `size` bytes.
     void Truncate(size_t size) { mSize = size < mSize ? size : mSize; }
 
@@ -28,6 +37,9 @@ private:
     struct Free {
         void operator()(char* bytes) const { std::free(bytes); }
     };
+
+    // Returns false, and leaves the buffer unchanged, without memory.
+    bool Grow(size_t capacity);
 
     std::unique_ptr<char, Free> mBytes;
     size_t mSize = 0;

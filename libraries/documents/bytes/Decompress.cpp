@@ -1,12 +1,16 @@
 #include "documents/bytes/Decompress.h"
 
+#include <libdeflate.h>
 #include <zlib.h>
 #include <zstd.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <memory>
 #include <vector>
+
+#include "documents/bytes/ReadBudget.h"
 
 namespace documents {
 
@@ -24,14 +28,70 @@ struct InflateEnd {
     }
 };
 
+// InflateAtOnce doesn't look at the time, so it has to end soon: this much takes a tenth of a
+// second.
+constexpr size_t kMostAtOnce = size_t{64} << 20;
+
+struct FreeInflater {
+    void operator()(libdeflate_decompressor* inflater) const
+    {
+        libdeflate_free_decompressor(inflater);
+    }
+};
+
 struct FreeZstandard {
     void operator()(ZSTD_DStream* stream) const { (void)ZSTD_freeDStream(stream); }
 };
 
+constexpr size_t kGroup = 5;  // digits of a word in ASCII85
+
+// Reads a word from the start of `text`. Returns false if the text doesn't begin with five digits.
+bool ReadGroup(std::string_view text, uint32_t& word)
+{
+    if (text.size() < kGroup) return false;
+    bool isGroup = true;
+    word = 0;
+    for (size_t i = 0; i < kGroup; ++i) {
+        const uint32_t digit = static_cast<unsigned char>(text[i]) - uint32_t{'!'};
+        isGroup = isGroup && digit < 85;
+        word = word * 85 + digit;
+    }
+    return isGroup;
+}
+
 }  // namespace
+
+bool InflateAtOnce(std::string_view packed, ByteBuffer& output)
+{
+    // Text inflates to four to six times its packed size. Data that needs more room is inflated
+    // again from its start, so the room grows fast: pages of it that stay empty take no memory.
+    constexpr size_t kFactor = 8;
+    const size_t most = std::min(kMostAtOnce, ReadBudget::GetLeft());
+    const std::unique_ptr<libdeflate_decompressor, FreeInflater> inflater(
+        libdeflate_alloc_decompressor());
+    if (inflater == nullptr || packed.empty() || packed.size() > most) return false;
+    for (size_t room = packed.size();;) {
+        room = room > most / kFactor ? most : std::max(room * kFactor, kBlock);
+        char* const place = output.GetRoom(room);
+        if (place == nullptr) return false;
+        size_t used = 0;
+        size_t size = 0;
+        const libdeflate_result result = libdeflate_zlib_decompress_ex(
+            inflater.get(), packed.data(), packed.size(), place, room, &used, &size);
+        if (result == LIBDEFLATE_SUCCESS) {
+            ReadBudget::Take(size);
+            output.AddRoomTaken(size);
+            return true;
+        }
+        if (result != LIBDEFLATE_INSUFFICIENT_SPACE || room >= most) return false;
+    }
+}
 
 std::string InflateZlib(std::string_view packed, ByteBuffer& output)
 {
+    if (InflateAtOnce(packed, output)) return {};
+    // It is damaged, cut off or huge. zlib gives what is before the damage, and stops at the
+    // limits.
     z_stream stream = {};
     if (inflateInit(&stream) != Z_OK) return "zlib cannot be initialized";
     const std::unique_ptr<z_stream, InflateEnd> end(&stream);
@@ -88,7 +148,17 @@ bool DecodeAscii85(std::string_view text, ByteBuffer& output)
         if (used + 4 > block.size()) flush();
     };
     bool good = true;
-    for (const char c : text) {
+    for (size_t i = 0; i < text.size(); ++i) {
+        // Most of the text: five digits together.
+        uint32_t word = 0;
+        while (count == 0 && ReadGroup({text.data() + i, text.size() - i}, word) &&
+               !(isLineStart && text[i] == '%')) {
+            put(word, 4);
+            isLineStart = false;
+            i += kGroup;
+        }
+        if (i >= text.size()) break;
+        const char c = text[i];
         if (c == '~') break;
         if (c == '\r' || c == '\n') {
             isLineStart = true;

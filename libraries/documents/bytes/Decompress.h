@@ -13,6 +13,10 @@ namespace documents {
 std::string InflateZlib(std::string_view packed, ByteBuffer& output);
 std::string DecompressZstandard(std::string_view packed, ByteBuffer& output);
 
+// Does what InflateZlib does if the stream is whole, sound, of moderate size and within the
+// ReadBudget. Else returns false and leaves `output` and the budget unchanged. Some times as fast.
+bool InflateAtOnce(std::string_view packed, ByteBuffer& output);
+
 // Decodes ASCII85 up to the end mark "~>" or the end of the text and appends the bytes to `output`.
 // Ignores white space and a percent sign at the start of each line. Returns false at an invalid
 // character; what comes before it has been appended then.

@@ -1,6 +1,7 @@
 #include "documents/bytes/ReadBudget.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdio>
 #include <mutex>
 #include <new>
@@ -79,6 +80,8 @@ void ReadBudget::Take(size_t bytes)
     budget->Check();
     budget->mLeft -= bytes;
 }
+
+size_t ReadBudget::GetLeft() { return sCurrent == nullptr ? SIZE_MAX : sCurrent->mLeft; }
 
 void ReadBudget::Check() const
 {

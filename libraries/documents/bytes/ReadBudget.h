@@ -30,6 +30,9 @@ public:
     // is left or the time is over.
     static void Take(size_t bytes);
 
+    // Returns how many bytes are left of the calling thread's budget: SIZE_MAX if it has none.
+    static size_t GetLeft();
+
     // Throws LimitExceeded with this error, now and from every later Take and Check of the calling
     // thread's budget.
     [[noreturn]] static void Refuse(const std::string& error);

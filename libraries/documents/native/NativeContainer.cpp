@@ -1,9 +1,13 @@
 #include "documents/native/NativeContainer.h"
 
 #include <algorithm>
+#include <memory>
+#include <qpdf/Buffer.hh>
+#include <stdexcept>
 
 #include "base/Lines.h"
 #include "documents/bytes/Decompress.h"
+#include "documents/bytes/ReadBudget.h"
 #include "documents/native/NativeAdditions.h"
 #include "documents/native/NativeKeys.h"
 #include "documents/pdf/PdfDictionary.h"
@@ -25,8 +29,10 @@ void SetBytes(NativePart& part, std::unique_ptr<ByteBuffer> bytes)
 // the mark repeats comments of the document and is dropped.
 void Unpack(NativePart& part)
 {
-    const size_t zlib = base::FindLine(part.text, record::kCompressedData);
-    const size_t zstandard = base::FindLine(part.text, record::kZStandardData);
+    const std::string_view text = part.text;
+    const size_t zlib = base::FindLine(text, record::kCompressedData);
+    // Packed data is long: what is after its mark isn't searched again.
+    const size_t zstandard = base::FindLine(text.substr(0, zlib), record::kZStandardData);
     if (zlib == std::string_view::npos && zstandard == std::string_view::npos) return;
     auto unpacked = std::make_unique<ByteBuffer>();
     if (zlib < zstandard) {
@@ -43,6 +49,37 @@ void Unpack(NativePart& part)
     SetBytes(part, std::move(unpacked));
 }
 
+// Whether Flate is the only filter of a stream, without a predictor.
+bool IsPlainFlate(QPDFObjectHandle dictionary)
+{
+    QPDFObjectHandle filter = dictionary.getKey("/Filter");
+    if (filter.isArray() && filter.getArrayNItems() == 1) filter = filter.getArrayItem(0);
+    return filter.isName() && filter.getName() == "/FlateDecode" &&
+           dictionary.getKey("/DecodeParms").isNull();
+}
+
+// Returns false and leaves `joined` unchanged if the stream is damaged or large.
+bool InflateBlock(QPDFObjectHandle block, ByteBuffer& joined)
+{
+    std::shared_ptr<Buffer> packed;
+    try {
+        packed = block.getRawStreamData();
+    } catch (const std::runtime_error&) {
+        return false;  // the PDF library says why when it reads the stream
+    }
+    const auto* const bytes = reinterpret_cast<const char*>(packed->getBuffer());
+    return InflateAtOnce({bytes, packed->getSize()}, joined);
+}
+
+void AppendBlock(PdfFile& file, QPDFObjectHandle block, ByteBuffer& joined)
+{
+    const size_t start = joined.GetSize();
+    if (!IsPlainFlate(block.getDict()) || !InflateBlock(block, joined)) {
+        file.AppendStream(block, joined);
+    }
+    ReadBudget::Take(joined.GetSize() - start);  // the document's text, whatever it was packed in
+}
+
 NativePart JoinPrivateData(PdfFile& file)
 {
     NativePart part;
@@ -55,9 +92,7 @@ NativePart JoinPrivateData(PdfFile& file)
     for (size_t i = 1; i <= kMostBlocks; ++i) {
         QPDFObjectHandle block = GetKeyOrNull(data, record::kPrivateData + std::to_string(i));
         if (!block.isStream()) break;
-        ByteBuffer bytes;
-        file.AppendStream(block, bytes);
-        joined->Append(bytes.GetView());
+        AppendBlock(file, block, *joined);
     }
     QPDFObjectHandle count = GetKeyOrNull(data, record::kBlockCount);
     if (count.isInteger() && count.getIntValue() > 0) {

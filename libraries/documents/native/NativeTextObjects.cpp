@@ -6,7 +6,7 @@ namespace documents {
 
 namespace {
 
-constexpr size_t kMostKeptBytes = 256;
+constexpr size_t kMostContentBytes = 256;
 
 // `text` begins with a slash; returns the name after it.
 std::string_view GetName(std::string_view text)
@@ -58,11 +58,11 @@ void NativeTextObjects::Show(const DscWord& text)
     if (text.length == 0 || font.empty()) return;
     if (mRuns.empty() || mRuns.back().postScriptName != font) {
         mRuns.push_back({font, 0});
-        if (mContent.size() < kMostKeptBytes) mContent += font + '\0';
+        if (mContent.size() < kMostContentBytes) mContent += font + '\0';
     }
     mRuns.back().length += text.length;
     mEndsInReturn = text.last == '\r' || text.last == '\n';
-    if (mContent.size() < kMostKeptBytes) mContent += text.text.substr(0, kMostKeptBytes);
+    if (mContent.size() < kMostContentBytes) mContent += text.text.substr(0, kMostContentBytes);
 }
 
 bool NativeTextObjects::End(std::vector<TextRun>& runs)

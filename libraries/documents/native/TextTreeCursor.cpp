@@ -1,24 +1,38 @@
 #include "documents/native/TextTreeCursor.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 
 #include "base/Utf8.h"
-#include "documents/pdf/ContentLexer.h"
 
 namespace documents {
 
 namespace {
 
-constexpr std::string_view kDelimiters = "/<>[]()";
+enum TreeClass : unsigned char { kTreeWord, kTreeSpace, kTreeMark };
 
-bool IsDelimiter(char c) { return kDelimiters.find(c) != std::string_view::npos; }
+constexpr std::array<TreeClass, 256> MakeTreeClasses()
+{
+    std::array<TreeClass, 256> classes = {};
+    for (const char c : {'/', '<', '>', '[', ']', '(', ')'}) {
+        classes[static_cast<unsigned char>(c)] = kTreeMark;
+    }
+    for (const char c : {'\0', '\t', '\n', '\f', '\r', ' '}) {
+        classes[static_cast<unsigned char>(c)] = kTreeSpace;
+    }
+    return classes;
+}
+
+constexpr std::array<TreeClass, 256> kTreeClasses = MakeTreeClasses();
+
+TreeClass GetTreeClass(char c) { return kTreeClasses[static_cast<unsigned char>(c)]; }
 
 }  // namespace
 
 void TextTreeCursor::SkipSpaces()
 {
-    while (mPosition < mTree.size() && IsPdfSpace(mTree[mPosition])) ++mPosition;
+    while (mPosition < mTree.size() && GetTreeClass(mTree[mPosition]) == kTreeSpace) ++mPosition;
 }
 
 void TextTreeCursor::SkipText()
@@ -32,7 +46,7 @@ void TextTreeCursor::SkipText()
 size_t TextTreeCursor::MeasureWord() const
 {
     size_t end = mPosition;
-    while (end < mTree.size() && !IsPdfSpace(mTree[end]) && !IsDelimiter(mTree[end])) ++end;
+    while (end < mTree.size() && GetTreeClass(mTree[end]) == kTreeWord) ++end;
     return end - mPosition;
 }
 
@@ -93,7 +107,7 @@ void TextTreeCursor::Skip()
             --depth;
             mPosition += c == ']' ? 1 : 2;
         } else {
-            if (IsDelimiter(c)) ++mPosition;
+            if (GetTreeClass(c) == kTreeMark) ++mPosition;
             mPosition += MeasureWord();
         }
     } while (depth > 0);

@@ -37,6 +37,17 @@ Document OpenWithoutHelper(const std::string& eps)
     return OpenBytes(eps, "made.eps", limits).document;
 }
 
+// A page with private data whose only block is `block`, packed in another way than by this project.
+OpenResult OpenWithBlock(const std::string& dictionary, const std::string& block)
+{
+    return PdfMaker()
+        .SetContent("BT /F1 9 Tf (abc) Tj ET")
+        .AddPageEntries("/PieceInfo << /Illustrator << /Private 20 0 R >> >>")
+        .Set(20, "<< /AIPrivateData1 21 0 R /NumBlock 1 >>")
+        .SetStream(21, dictionary, block)
+        .Open();
+}
+
 class NativeLineEnds : public testing::TestWithParam<const char*> {};
 
 }  // namespace
@@ -51,6 +62,65 @@ INSTANTIATE_TEST_SUITE_P(All, NativeLineEnds, testing::Values("\r", "\n", "\r\n"
 TEST(NativeContainer, UncompressedBlocksAreRead)
 {
     EXPECT_EQ("native Native-Bold:4", DescribeWithReader(WrapInPdf(PackPlain(MakeText()))));
+}
+
+TEST(NativeContainer, FlateBlocksAreRead)
+{
+    const std::string text = MakeText();
+    for (const std::string filter : {"/FlateDecode", "[ /FlateDecode ]"}) {
+        const OpenResult result = OpenWithBlock("/Filter " + filter, Deflate(text));
+        EXPECT_EQ("native", result.document.reader);
+        EXPECT_EQ("Native-Bold:4", DescribeFrames(result));
+        EXPECT_THAT(result.document.notes, IsEmpty());
+    }
+}
+
+TEST(NativeContainer, FlateBlocksWithOtherFiltersOrAPredictorAreRead)
+{
+    const std::string text = MakeText();
+    std::string hex;
+    for (const char c : Deflate(text)) {
+        constexpr std::string_view kDigits = "0123456789abcdef";
+        hex += kDigits[static_cast<unsigned char>(c) >> 4];
+        hex += kDigits[c & 15];
+    }
+    EXPECT_EQ("Native-Bold:4",
+              DescribeFrames(OpenWithBlock("/Filter [ /ASCIIHexDecode /FlateDecode ]", hex + ">")));
+    // Each row begins with its predictor, here none.
+    std::string rows;
+    for (const char c : text) rows += {'\0', c};
+    EXPECT_EQ(
+        "Native-Bold:4",
+        DescribeFrames(OpenWithBlock(
+            "/Filter /FlateDecode /DecodeParms << /Predictor 10 /Columns 1 >>", Deflate(rows))));
+}
+
+TEST(NativeContainer, AFlateBlockWithAWrongChecksumOrWithoutItsEndIsRead)
+{
+    // The text isn't compressed: its last byte is in front of the checksum.
+    const std::string packed = Deflate(MakeText(), 0);
+    std::string wrong = packed;
+    wrong.back() = static_cast<char>(~wrong.back());
+    const OpenResult result = OpenWithBlock("/Filter /FlateDecode", wrong);
+    EXPECT_EQ("native Native-Bold:4", result.document.reader + " " + DescribeFrames(result));
+    EXPECT_THAT(result.document.notes, IsEmpty());
+    const OpenResult cut =
+        OpenWithBlock("/Filter /FlateDecode", packed.substr(0, packed.size() - 6));
+    EXPECT_EQ("native Native-Bold:4", cut.document.reader + " " + DescribeFrames(cut));
+    EXPECT_THAT(cut.document.notes,
+                ElementsAre("damaged: input stream is complete but output may still be valid"));
+}
+
+TEST(NativeContainer, ADamagedFlateBlockFallsBackToThePage)
+{
+    std::string packed = Deflate(MakeText(), 0);
+    packed[2] = 7;  // the type of the first block of data: there is no such type
+    const OpenResult result = OpenWithBlock("/Filter /FlateDecode", packed);
+    EXPECT_EQ("pdf", result.document.reader);
+    EXPECT_EQ("Alpha-Regular:3", DescribeFrames(result));
+    EXPECT_THAT(result.document.notes,
+                ElementsAre("the native document cannot be read: it has no format mark",
+                            "streams that cannot be decoded completely: 1"));
 }
 
 TEST(NativeContainer, ZlibBehindAHeaderIsRead)
