@@ -38,13 +38,17 @@ public:
 
     // Returns the next token; kEnd at the end of the content.
     Token Next();
+    // Does the same, but skips numbers, which are most of a page's content.
+    Token NextButNumber();
 
     // The content after the last token.
     std::string_view GetRest() const { return mRest; }
     void Skip(size_t bytes);
 
 private:
-    void SkipSpacesAndComments();
+    // `skipped`: classes of characters
+    void SkipComments(unsigned char skipped);
+    Token TakeToken(unsigned char skipped);
     Token TakeLiteralString();
     Token TakeHexString();
     Token TakeRegular(TokenType type, size_t length);
