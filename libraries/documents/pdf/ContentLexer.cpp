@@ -3,26 +3,11 @@
 #include <algorithm>
 #include <array>
 
+#include "documents/bytes/PdfCharacters.h"
+
 namespace documents {
 
 namespace {
-
-enum CharacterClass : unsigned char { kRegular, kSpace = 1, kDelimiter = 2, kNumberPart = 4 };
-
-constexpr std::array<unsigned char, 256> MakeClasses()
-{
-    std::array<unsigned char, 256> classes{};
-    for (unsigned char c : {0, 9, 10, 12, 13, 32}) classes[c] = kSpace;
-    for (char c : {'(', ')', '<', '>', '[', ']', '{', '}', '/', '%'}) {
-        classes[static_cast<unsigned char>(c)] = kDelimiter;
-    }
-    for (char c : {'0', '1', '2', '3', '4', '5', '6', '7', '8', '9', '.', '-', '+'}) {
-        classes[static_cast<unsigned char>(c)] = kNumberPart;
-    }
-    return classes;
-}
-
-constexpr std::array<unsigned char, 256> kClasses = MakeClasses();
 
 // What isn't an ordinary character of a literal string.
 constexpr std::array<bool, 256> MakeSpecial()
@@ -34,9 +19,7 @@ constexpr std::array<bool, 256> MakeSpecial()
 
 constexpr std::array<bool, 256> kIsSpecial = MakeSpecial();
 
-unsigned char GetClass(char c) { return kClasses[static_cast<unsigned char>(c)]; }
-
-bool IsNumberPart(char c) { return GetClass(c) == kNumberPart; }
+bool IsNumberPart(char c) { return GetCharacterClass(c) == kPdfNumberPart; }
 
 bool IsOctal(char c) { return c >= '0' && c <= '7'; }
 
@@ -52,7 +35,7 @@ size_t CountRegular(std::string_view text)
 {
     const char* at = text.data();
     const char* const end = at + text.size();
-    while (at != end && (GetClass(*at) & (kSpace | kDelimiter)) == 0) ++at;
+    while (at != end && (GetCharacterClass(*at) & (kPdfSpace | kPdfDelimiter)) == 0) ++at;
     return static_cast<size_t>(at - text.data());
 }
 
@@ -72,8 +55,6 @@ size_t MeasureEscape(std::string_view text, size_t& decodedBytes)
 }
 
 }  // namespace
-
-bool IsPdfSpace(char c) { return GetClass(c) == kSpace; }
 
 std::string DecodeName(std::string_view text)
 {
@@ -101,16 +82,16 @@ void ContentLexer::SkipComments(unsigned char skipped)
     const char* at = mRest.data();
     const char* const end = at + mRest.size();
     for (;;) {
-        while (at != end && (GetClass(*at) & skipped) != 0) ++at;
+        while (at != end && (GetCharacterClass(*at) & skipped) != 0) ++at;
         if (at == end || *at != '%') break;
         while (at != end && *at != '\r' && *at != '\n') ++at;
     }
     mRest.remove_prefix(static_cast<size_t>(at - mRest.data()));
 }
 
-Token ContentLexer::Next() { return TakeToken(kSpace); }
+Token ContentLexer::Next() { return TakeToken(kPdfSpace); }
 
-Token ContentLexer::NextButNumber() { return TakeToken(kSpace | kNumberPart); }
+Token ContentLexer::NextButNumber() { return TakeToken(kPdfSpace | kPdfNumberPart); }
 
 Token ContentLexer::TakeToken(unsigned char skipped)
 {

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "documents/bytes/PdfCharacters.h"
+
 namespace documents {
 
 enum class TokenType {
@@ -55,9 +57,6 @@ private:
 
     std::string_view mRest;
 };
-
-// White space in PDF: NUL, tab, line feed, form feed, carriage return and space.
-bool IsPdfSpace(char c);
 
 // Decodes the text of a name token: #xx becomes the byte.
 std::string DecodeName(std::string_view text);

@@ -16,6 +16,7 @@ namespace {
 constexpr size_t kMaximumSaves = 65536;
 constexpr size_t kMinimumWork = 256;  // what an empty stream costs, in bytes
 constexpr long long kHiddenFlag = 2;
+constexpr size_t kMostKeptBytes = size_t{1} << 20;
 constexpr size_t kMostTextBytes = 1024;  // of one operator, for the words
 
 // The name of an operator as a number; 0 for a name that is longer than those that matter.
@@ -59,12 +60,13 @@ void ContentWalker<File>::WalkPage(Object page)
 {
     Object dictionary = File::GetResources(page);
     Resources resources(dictionary, mFonts, ++mResourceCount);
-    ByteBuffer content;
+    ByteBuffer content = TakeBuffer();
     for (const Object& stream : File::GetContents(page)) {
         mFile.AppendStream(stream, content);
         content.AppendTaken("\n");
     }
     Walk(content.GetView(), resources, nullptr, 0);
+    KeepBuffer(std::move(content));
     Object annotations = page.getKey("/Annots");
     if (!annotations.isArray()) return;
     for (int index = 0; index < annotations.getArrayNItems(); ++index) {
@@ -307,7 +309,7 @@ void ContentWalker<File>::WalkForm(Object form, Resources& outer, const Font* fo
     Object dictionary = form.getDict().getKey("/Resources");
     const bool inherits = !dictionary.isDictionary();
     if (!mWalkedForms.emplace(form.getObjGen(), font, inherits ? outer.GetId() : 0).second) return;
-    ByteBuffer content;
+    ByteBuffer content = TakeBuffer();
     mFile.AppendStream(form, content);
     if (inherits) {
         Walk(content.GetView(), outer, font, depth);
@@ -315,6 +317,24 @@ void ContentWalker<File>::WalkForm(Object form, Resources& outer, const Font* fo
         Resources resources(dictionary, mFonts, ++mResourceCount);
         Walk(content.GetView(), resources, font, depth);
     }
+    KeepBuffer(std::move(content));
+}
+
+template <class File>
+ByteBuffer ContentWalker<File>::TakeBuffer()
+{
+    if (mBuffers.empty()) return {};
+    ByteBuffer buffer = std::move(mBuffers.back());
+    mBuffers.pop_back();
+    return buffer;
+}
+
+template <class File>
+void ContentWalker<File>::KeepBuffer(ByteBuffer buffer)
+{
+    if (buffer.GetSize() > kMostKeptBytes) return;
+    buffer.Truncate(0);
+    mBuffers.push_back(std::move(buffer));
 }
 
 template <class File>

@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "documents/bytes/ByteBuffer.h"
 #include "documents/model/DocumentBuilder.h"
 #include "documents/model/Limits.h"
 #include "documents/pdf/ContentLexer.h"
@@ -81,6 +82,10 @@ private:
     // streams without a filter nor a cost per stream.
     void TakeWork(size_t bytes);
 
+    // Contents are read into buffers that are used again: one for each form in a form.
+    ByteBuffer TakeBuffer();
+    void KeepBuffer(ByteBuffer buffer);
+
     File& mFile;
     const Limits& mLimits;
     DocumentBuilder& mBuilder;
@@ -94,6 +99,7 @@ private:
     std::set<const Font*> mFontsWithoutResources;  // their glyphs ask for none: walked once
     size_t mLookups = 0;                           // operators that ask for a resource
     size_t mResourceCount = 0;
+    std::vector<ByteBuffer> mBuffers;
     std::vector<std::string> mLinkedFiles;
     size_t mWork = 0;
     size_t mUnknownFonts = 0;

@@ -60,6 +60,7 @@ QuickFile::QuickFile(std::string_view bytes) : mBytes(bytes)
     mXref = ReadQuickXref(bytes, mNodes, [this](size_t position, ByteBuffer& data) {
         return ReadXrefStream(position, data);
     });
+    CheckXrefStreams();
     mObjects.resize(mXref.entries.size());
     mIsPage.resize(mXref.entries.size());
     const QuickObject trailer = GetTrailer();
@@ -283,10 +284,24 @@ QuickNode QuickFile::ReadStream(QuickParser& parser, const QuickNode& dictionary
 
 QuickNode QuickFile::ReadXrefStream(size_t position, ByteBuffer& data)
 {
+    QuickParser parser(mBytes, position, mNodes);
+    mXrefStreams.emplace_back(static_cast<size_t>(parser.NeedCount()), position);
     const QuickNode node = ReadObjectAt(position, 0);
     if (node.type != QuickType::kStream) throw Irregular("no cross-reference stream");
     AppendStream(QuickObject(*this, &node), data);
     return *node.items;
+}
+
+// To the library, a cross-reference stream is the object of its number, whatever the table says.
+void QuickFile::CheckXrefStreams() const
+{
+    for (const auto& [number, position] : mXrefStreams) {
+        if (number >= mXref.entries.size() ||
+            mXref.entries[number].place != QuickEntry::Place::kInFile ||
+            mXref.entries[number].offset != position) {
+            throw Irregular("a cross-reference stream that isn't in the table");
+        }
+    }
 }
 
 }  // namespace documents

@@ -56,6 +56,7 @@ private:
     QuickNode ReadObjectAt(size_t position, size_t number);
     QuickNode ReadStream(QuickParser& parser, const QuickNode& dictionary);
     QuickNode ReadXrefStream(size_t position, ByteBuffer& data);
+    void CheckXrefStreams() const;
     void AddPages(const QuickObject& node, size_t depth);
     void Inflate(std::string_view packed, const QuickObject& parameters, ByteBuffer& data);
 
@@ -65,6 +66,7 @@ private:
     std::vector<const QuickNode*> mObjects;  // by number; null if it isn't loaded
     size_t mLoading = 0;                     // objects that are being loaded
     std::map<size_t, ObjectStream> mObjectStreams;
+    std::vector<std::pair<size_t, size_t>> mXrefStreams;  // number and position
     std::vector<bool> mIsPage;
     std::vector<QuickObject> mPages;
 };

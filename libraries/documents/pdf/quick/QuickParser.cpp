@@ -3,32 +3,16 @@
 #include <algorithm>
 #include <charconv>
 
+#include "documents/bytes/PdfCharacters.h"
 #include "documents/pdf/ContentLexer.h"
 
 namespace documents {
 
 namespace {
 
-constexpr size_t kBlockNodes = 256;
-
-bool IsDelimiter(char c)
-{
-    switch (c) {
-        case '(':
-        case ')':
-        case '<':
-        case '>':
-        case '[':
-        case ']':
-        case '{':
-        case '}':
-        case '/':
-        case '%':
-            return true;
-        default:
-            return IsPdfSpace(c);
-    }
-}
+// Nodes of a block of memory.
+constexpr size_t kFirstBlock = 256;
+constexpr size_t kLastBlock = 4096;
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
@@ -55,15 +39,15 @@ void SortEntries(std::vector<QuickNode>& items, size_t first)
 
 const QuickNode* QuickNodes::Add(const QuickNode* nodes, size_t count)
 {
-    if (count > mSize - mUsed) {
-        mSize = std::max(count, kBlockNodes);
-        mBlocks.push_back(std::make_unique<QuickNode[]>(mSize));
-        mUsed = 0;
+    if (mBlocks.empty() || count > mBlocks.back().capacity() - mBlocks.back().size()) {
+        const size_t last = mBlocks.empty() ? 0 : mBlocks.back().capacity();
+        mBlocks.emplace_back();
+        mBlocks.back().reserve(std::max(count, std::clamp(2 * last, kFirstBlock, kLastBlock)));
     }
-    QuickNode* const place = mBlocks.empty() ? nullptr : mBlocks.back().get() + mUsed;
-    std::copy(nodes, nodes + count, place);
-    mUsed += count;
-    return place;
+    std::vector<QuickNode>& block = mBlocks.back();
+    const size_t place = block.size();
+    block.insert(block.end(), nodes, nodes + count);
+    return block.data() + place;
 }
 
 std::string_view QuickNodes::AddText(std::string text)
@@ -89,7 +73,7 @@ bool QuickParser::TakeWord(std::string_view word)
     SkipSpace();
     if (mBytes.substr(mPosition, word.size()) != word) return false;
     const size_t end = mPosition + word.size();
-    if (end < mBytes.size() && !IsDelimiter(mBytes[end])) return false;
+    if (end < mBytes.size() && !IsPdfDelimiter(mBytes[end])) return false;
     mPosition = end;
     return true;
 }
@@ -156,7 +140,7 @@ QuickNode QuickParser::ParseNumber()
         while (at != end && IsDigit(*at)) ++at;
         count += at - fraction;
     }
-    if (count == 0 || count > 15 || (at != end && !IsDelimiter(*at))) throw Irregular("number");
+    if (count == 0 || count > 15 || (at != end && !IsPdfDelimiter(*at))) throw Irregular("number");
     if (node.type == QuickType::kInteger) (void)std::from_chars(start, at, node.integer);
     mPosition = static_cast<size_t>(at - mBytes.data());
     return node;
@@ -178,7 +162,7 @@ bool QuickParser::TakeReference(QuickNode& number)
         if (at < mBytes.size() && mBytes[at] == '%') throw Irregular("a comment in a reference");
         return false;
     }
-    if (++at < mBytes.size() && !IsDelimiter(mBytes[at])) return false;
+    if (++at < mBytes.size() && !IsPdfDelimiter(mBytes[at])) return false;
     if (!isGenerationZero) throw Irregular("generation");
     number.type = QuickType::kReference;
     mPosition = at;
@@ -191,7 +175,7 @@ QuickNode QuickParser::ParseName()
     node.type = QuickType::kName;
     const size_t start = mPosition++;
     bool hasEscape = false;
-    for (; !AtEnd() && !IsDelimiter(mBytes[mPosition]); ++mPosition) {
+    for (; !AtEnd() && !IsPdfDelimiter(mBytes[mPosition]); ++mPosition) {
         if (mBytes[mPosition] == '#') hasEscape = true;
         if (mBytes[mPosition] == '\v') throw Irregular("white space of another kind");
     }

@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <deque>
-#include <memory>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -25,13 +24,15 @@ public:
     // Returns copies of `count` nodes.
     const QuickNode* Add(const QuickNode* nodes, size_t count);
 
+    // The items of containers that aren't complete, for the parsers: one after the other uses it.
+    std::vector<QuickNode>& GetStack() { return mStack; }
+
     // Returns a copy of a text that isn't in the bytes of the file.
     std::string_view AddText(std::string text);
 
 private:
-    std::vector<std::unique_ptr<QuickNode[]>> mBlocks;
-    size_t mUsed = 0;
-    size_t mSize = 0;
+    std::vector<std::vector<QuickNode>> mBlocks;  // none grows beyond its capacity
+    std::vector<QuickNode> mStack;
     std::deque<std::string> mTexts;
 };
 
@@ -43,7 +44,7 @@ public:
     static constexpr size_t kMostDepth = 100;
 
     QuickParser(std::string_view bytes, size_t position, QuickNodes& nodes)
-        : mBytes(bytes), mPosition(position), mNodes(nodes)
+        : mBytes(bytes), mPosition(position), mNodes(nodes), mStack(nodes.GetStack())
     {
     }
 
@@ -75,7 +76,7 @@ private:
     std::string_view mBytes;
     size_t mPosition;
     QuickNodes& mNodes;
-    std::vector<QuickNode> mStack;  // the items of containers that aren't complete
+    std::vector<QuickNode>& mStack;
 };
 
 }  // namespace documents

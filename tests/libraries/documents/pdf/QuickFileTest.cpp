@@ -129,6 +129,20 @@ TEST(QuickFile, LeavesFaultsToTheLibrary)
     EXPECT_TRUE(isQuick(PdfMaker().Set(5, "<< /Font << /F1 99 0 R >> >>")));
 }
 
+// The stream's number can be that of another object if startxref is damaged.
+TEST(QuickFile, LeavesAHiddenCrossReferenceStreamToTheLibrary)
+{
+    PdfMaker maker = MakeRichFile();
+    maker.Set(99, "<< >>");
+    std::string pdf = Pack(maker.Make());
+    const size_t mark = pdf.rfind("startxref\n") + 10;
+    const size_t start = std::stoul(pdf.substr(mark));
+    ASSERT_EQ("0 obj", pdf.substr(pdf.find(' ', start) + 1, 5));
+    ASSERT_LT(start + 1, pdf.find(' ', start)) << "the number needs two digits";
+    pdf.replace(mark, std::to_string(start).size(), std::to_string(start + 1));
+    EXPECT_FALSE(IsReadQuickly(pdf));
+}
+
 TEST(QuickFile, FindsTheLastOfEqualKeysAmongFewAndAmongMany)
 {
     for (const int others : {0, 3, 100}) {
