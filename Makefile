@@ -197,13 +197,19 @@ bench-check: bootstrap
 	bench/measure build/release --fonts 40 --memory-fonts 40 --pairs 1 --seconds 0.001 \
 	    --json build/bench-check.json
 	bench/measure-growth build/release --most 100 --runs 1 --plot build/growth-check.svg
+	cmake --build --preset release --target docfonts
+	bench/measure-documents build/release samples --pairs 1 --seconds 0.01 --copies 20 \
+	    --json build/bench-documents-check.json
 
-# Measures how fast real documents are read, compared with pdffonts on the same files.
+# Measures how fast real documents are read, compared with pdffonts on the same files. Writes the
+# table of docs/PERFORMANCE.md, and build/bench-documents.json.
 bench-documents: bootstrap
 	cmake --preset release -DTYPELOFT_BUILD_BENCH=ON >/dev/null
 	cmake --build --preset release --target document-bench pdf-fonts headless-host
 	tools/corpus >/dev/null
 	build/release/bench/document-bench .deps/corpus
+	cmake --build --preset release --target docfonts
+	bench/measure-documents build/release .deps/corpus --json build/bench-documents.json
 	bench/compare-speed build/release/programs/headless-host/headless-host .deps/corpus
 	bench/compare-pdf build/release/bench/pdf-fonts .deps/corpus --json build/bench-pdf.json
 

@@ -1,6 +1,8 @@
-// document-bench FOLDER [SECONDS]: measures for each reader how fast it reads its documents below
-// FOLDER: files, pages and runs per second on one core, and the median and the 95th percentile of
-// the time per file. Each reader runs for SECONDS (default 5). Ghostscript isn't used.
+// document-bench FOLDER [SECONDS [--native]]: measures for each reader how fast it reads its
+// documents below FOLDER: files, pages and runs per second on one core, and the median and the 95th
+// percentile of the time per file. Each reader runs for SECONDS (default 5). Ghostscript isn't
+// used. With --native, prints as JSON how fast native documents are read and inflated (see
+// NativeBench.h).
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -10,8 +12,11 @@
 #include <iterator>
 #include <map>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
+#include "NativeBench.h"
 #include "documents/OpenDocument.h"
 #include "documents/pdf/PdfFile.h"
 
@@ -75,10 +80,11 @@ void Measure(const std::string& reader, const std::vector<File>& files, double s
 int main(int argc, char** argv)
 {
     if (argc < 2) {
-        (void)std::fputs("usage: document-bench FOLDER [SECONDS]\n", stderr);
+        (void)std::fputs("usage: document-bench FOLDER [SECONDS [--native]]\n", stderr);
         return 2;
     }
     const double seconds = argc > 2 ? std::atof(argv[2]) : 5;
+    const bool isNative = argc > 3 && std::string_view(argv[3]) == "--native";
     std::map<std::string, std::vector<File>> readers;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(argv[1])) {
         if (!entry.is_regular_file()) continue;
@@ -86,10 +92,16 @@ int main(int argc, char** argv)
         File file;
         file.bytes.assign(std::istreambuf_iterator<char>(stream), {});
         const documents::OpenResult result = documents::OpenDocumentBytes(file.bytes, GetLimits());
-        if (!result.ok) continue;
+        if (!result.ok || (isNative && result.document.reader != "native")) continue;
         file.pages = CountPages(file.bytes);
         for (const auto& frame : result.document.frames) file.runs += frame.runs.size();
         readers[result.document.reader].push_back(std::move(file));
+    }
+    if (isNative && !readers.empty()) {
+        std::vector<std::string> files;
+        for (File& file : readers["native"]) files.push_back(std::move(file.bytes));
+        MeasureNative(files, seconds);
+        return 0;
     }
     std::printf(
         "| reader | files | files/s | pages/s | runs/s | median ms | 95 %% ms |\n"

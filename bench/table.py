@@ -31,10 +31,10 @@ class Rows:
         self.add(name, goal, peer_name, *middle, ratio)
 
 
-def read_baseline():
+def read_baseline(path=BASELINE):
     ratios = {}
-    if os.path.exists(BASELINE):
-        with open(BASELINE, encoding="utf-8") as file:
+    if os.path.exists(path):
+        with open(path, encoding="utf-8") as file:
             for line in file:
                 match = re.match(r"\| ([^|]+?) \| ([0-9.]+) \|$", line)
                 if match:
@@ -42,12 +42,12 @@ def read_baseline():
     return ratios
 
 
-def write_baseline(rows):
-    with open(BASELINE, "w", encoding="utf-8") as file:
-        file.write("# Kept ratios\n\nOurs divided by its peer or floor, in CPU time: what `make bench`"
-                   " compares with. Written by\n`bench/measure --accept`; "
+def write_baseline(rows, path=BASELINE, target="bench", script="measure"):
+    with open(path, "w", encoding="utf-8") as file:
+        file.write("# Kept ratios\n\nOurs divided by its peer or floor, in CPU time: what `make %s`"
+                   " compares with. Written by\n`bench/%s --accept`; "
                    "[docs/PERFORMANCE.md](../docs/PERFORMANCE.md) explains the rows.\n\n"
-                   "| row | ratio |\n|---|---|\n")
+                   "| row | ratio |\n|---|---|\n" % (target, script))
         for row in rows:
             file.write("| %s | %.2f |\n" % (row["name"], row["ratio"]))
 
@@ -58,8 +58,8 @@ def format_time(seconds):
     return "%.3g ms" % (seconds * 1e3) if seconds >= 1e-3 else "%.3g µs" % (seconds * 1e6)
 
 
-def print_rows(rows):
-    baseline = read_baseline()
+def print_rows(rows, path=BASELINE):
+    baseline = read_baseline(path)
     print("| row | ours | CPU | peer or floor | its time | CPU | ratio | goal | kept |")
     print("|---|---|---|---|---|---|---|---|---|")
     for row in rows:

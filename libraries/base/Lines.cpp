@@ -1,12 +1,20 @@
 #include "base/Lines.h"
 
-#include <algorithm>
+#include <cstdint>
+#include <cstring>
 
 namespace base {
 
 namespace {
 
 bool IsLineEnd(char c) { return c == '\r' || c == '\n'; }
+
+// Eight copies of a byte.
+constexpr uint64_t Repeat(unsigned char byte) { return 0x0101010101010101 * byte; }
+
+// Returns a word whose lowest set bit is the highest bit of the first zero byte; 0 if there is
+// none.
+uint64_t FindZeros(uint64_t word) { return (word - Repeat(1)) & ~word & Repeat(0x80); }
 
 bool IsLineStart(std::string_view text, size_t position)
 {
@@ -15,11 +23,28 @@ bool IsLineStart(std::string_view text, size_t position)
 
 }  // namespace
 
+size_t FindLineEnd(std::string_view text)
+{
+    // Eight bytes at a time: drawings have many megabytes.
+    size_t position = 0;
+    for (; position + sizeof(uint64_t) <= text.size(); position += sizeof(uint64_t)) {
+        uint64_t word = 0;
+        std::memcpy(&word, text.data() + position, sizeof word);
+        const uint64_t ends = FindZeros(word ^ Repeat('\r')) | FindZeros(word ^ Repeat('\n'));
+        if (ends == 0) continue;
+#if __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__
+        return position + static_cast<size_t>(__builtin_ctzll(ends)) / 8;
+#else
+        break;
+#endif
+    }
+    while (position < text.size() && !IsLineEnd(text[position])) ++position;
+    return position;
+}
+
 std::string_view TakeLine(std::string_view& rest)
 {
-    // Several times as fast as find_first_of, which matters in a drawing of many megabytes.
-    const auto* const end = std::find_if(rest.begin(), rest.end(), IsLineEnd);
-    const std::string_view line = rest.substr(0, static_cast<size_t>(end - rest.begin()));
+    const std::string_view line = rest.substr(0, FindLineEnd(rest));
     rest.remove_prefix(line.size());
     if (!rest.empty()) rest.remove_prefix(rest.substr(0, 2) == "\r\n" ? 2 : 1);
     return line;

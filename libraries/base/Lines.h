@@ -8,6 +8,9 @@
 // Lines of a text that end in CR, LF or CR LF, whichever each line has.
 namespace base {
 
+// Returns the position of the first CR or LF, or the size of `text` if there is none.
+size_t FindLineEnd(std::string_view text);
+
 // Removes the first line from `rest` and returns it without its end. `rest` is empty after the last
 // line; callers loop until then.
 std::string_view TakeLine(std::string_view& rest);

@@ -4,16 +4,6 @@
 
 namespace base {
 
-bool StartsWith(std::string_view text, std::string_view start)
-{
-    return text.substr(0, start.size()) == start;
-}
-
-bool EndsWith(std::string_view text, std::string_view end)
-{
-    return text.size() >= end.size() && text.substr(text.size() - end.size()) == end;
-}
-
 std::string_view Trim(std::string_view text, std::string_view spaces)
 {
     text.remove_prefix(std::min(text.find_first_not_of(spaces), text.size()));

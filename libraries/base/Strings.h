@@ -9,8 +9,16 @@ namespace base {
 
 constexpr std::string_view kSpaces = " \t\r\n";
 
-bool StartsWith(std::string_view text, std::string_view start);
-bool EndsWith(std::string_view text, std::string_view end);
+// Inline, so that a comparison with a constant is one of its bytes, without a call.
+inline bool StartsWith(std::string_view text, std::string_view start)
+{
+    return text.size() >= start.size() && text.compare(0, start.size(), start) == 0;
+}
+inline bool EndsWith(std::string_view text, std::string_view end)
+{
+    return text.size() >= end.size() &&
+           text.compare(text.size() - end.size(), end.size(), end) == 0;
+}
 
 // The part of `text` without the characters of `spaces` at its start and end: a view into `text`.
 std::string_view Trim(std::string_view text, std::string_view spaces = kSpaces);

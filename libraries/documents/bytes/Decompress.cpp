@@ -45,18 +45,18 @@ struct FreeZstandard {
 
 constexpr size_t kGroup = 5;  // digits of a word in ASCII85
 
-bool IsGroup(std::string_view text)
+// Reads a word from the start of `text`. Returns false if the text doesn't begin with five digits.
+bool ReadGroup(std::string_view text, uint32_t& word)
 {
-    bool isGroup = text.size() >= kGroup;
-    for (size_t i = 0; i < kGroup && isGroup; ++i) isGroup = text[i] >= '!' && text[i] <= 'u';
+    if (text.size() < kGroup) return false;
+    bool isGroup = true;
+    word = 0;
+    for (size_t i = 0; i < kGroup; ++i) {
+        const uint32_t digit = static_cast<unsigned char>(text[i]) - uint32_t{'!'};
+        isGroup = isGroup && digit < 85;
+        word = word * 85 + digit;
+    }
     return isGroup;
-}
-
-uint32_t ReadGroup(std::string_view text)
-{
-    uint32_t value = 0;
-    for (size_t i = 0; i < kGroup; ++i) value = value * 85 + static_cast<uint32_t>(text[i] - '!');
-    return value;
 }
 
 }  // namespace
@@ -150,8 +150,10 @@ bool DecodeAscii85(std::string_view text, ByteBuffer& output)
     bool good = true;
     for (size_t i = 0; i < text.size(); ++i) {
         // Most of the text: five digits together.
-        while (count == 0 && IsGroup(text.substr(i)) && !(isLineStart && text[i] == '%')) {
-            put(ReadGroup(text.substr(i)), 4);
+        uint32_t word = 0;
+        while (count == 0 && ReadGroup({text.data() + i, text.size() - i}, word) &&
+               !(isLineStart && text[i] == '%')) {
+            put(word, 4);
             isLineStart = false;
             i += kGroup;
         }

@@ -55,16 +55,24 @@ void DocumentBuilder::AddFrameWithStory(std::vector<TextRun> runs)
     (void)AddFrame(story, mDocument.stories[story].runs);  // the index isn't needed
 }
 
-bool DocumentBuilder::HasWords(const std::string& postScriptName) const
+bool DocumentBuilder::HasWords(const std::string& postScriptName)
 {
-    const auto found = mDocument.words.find(base::ToValidUtf8(postScriptName));
-    return found != mDocument.words.end() && found->second.size() + 1 >= Document::kMostWordsBytes;
+    const auto [place, isNew] = mWords.try_emplace(postScriptName, nullptr);
+    if (isNew) {
+        const auto found = mDocument.words.find(base::ToValidUtf8(postScriptName));
+        if (found != mDocument.words.end()) place->second = &found->second;
+    }
+    const std::string* const words = place->second;
+    return words != nullptr && words->size() + 1 >= Document::kMostWordsBytes;
 }
 
 void DocumentBuilder::AddWords(const std::string& postScriptName, std::string_view text)
 {
     if (!IsFontName(postScriptName)) return;
-    std::string& words = mDocument.words[base::ToValidUtf8(postScriptName)];
+    std::string*& kept = mWords[postScriptName];
+    // The strings of a map keep their places.
+    if (kept == nullptr) kept = &mDocument.words[base::ToValidUtf8(postScriptName)];
+    std::string& words = *kept;
     if (words.size() + 1 >= Document::kMostWordsBytes) return;
     std::string added = base::ToValidUtf8(CutText(text, Document::kMostWordsBytes));
     for (char& c : added) {

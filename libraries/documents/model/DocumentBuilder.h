@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
@@ -32,7 +33,7 @@ public:
     void AddWords(const std::string& postScriptName, std::string_view text);
 
     // Whether the words of a font are complete.
-    bool HasWords(const std::string& postScriptName) const;
+    bool HasWords(const std::string& postScriptName);
 
     // Sets the document's own list of fonts, without repeats and names that are none. Fonts of the
     // text so far that a list with names lacks get a note.
@@ -45,6 +46,9 @@ private:
 
     Document& mDocument;
     std::unordered_set<std::string> mFonts;
+    // The strings of the document's words, by the name as it is in the file, null if there is none
+    // so far. Text comes in many short pieces, for each of which the name would be made valid.
+    std::unordered_map<std::string, std::string*> mWords;
     size_t mRuns = 0;
     bool mHasLongNames = false;
 };

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
+#include "base/Lines.h"
 #include "base/Strings.h"
 #include "documents/native/NativeKeys.h"
 
@@ -18,14 +19,11 @@ constexpr size_t kMaximumLine = 64;  // a %%BeginData line that is longer has no
 bool NativeLines::Next(std::string_view& line)
 {
     while (mPosition < mText.size()) {
-        const char* const start = mText.data() + mPosition;
-        const char* const end = mText.data() + mText.size();
-        const char* stop = start;
-        while (stop != end && *stop != '\r' && *stop != '\n') ++stop;
-        line = {start, static_cast<size_t>(stop - start)};
-        mPosition += line.size() + (stop == end ? 0 : 1);
+        const std::string_view rest = GetRest();
+        line = rest.substr(0, base::FindLineEnd(rest));
+        mPosition += std::min(line.size() + 1, rest.size());
         if (line.empty()) continue;
-        if (base::StartsWith(line, record::kBeginData)) SkipData(line);
+        if (line.front() == '%' && base::StartsWith(line, record::kBeginData)) SkipData(line);
         return true;
     }
     return false;

@@ -29,6 +29,13 @@ bool EndsInOperator(std::string_view line, std::string_view operation)
            line[line.size() - operation.size() - 1] == ' ';
 }
 
+// Whether the line is this operator, spaces after it aside.
+bool IsOnly(std::string_view line, std::string_view operation)
+{
+    return base::StartsWith(line, operation) &&
+           base::TrimEnd(line.substr(operation.size()), kSpaces).empty();
+}
+
 // Returns the number before `key` in a line such as "2 /StoryIndex ,", or -1 if there is none.
 long long GetNumberBefore(std::string_view line, std::string_view key)
 {
@@ -81,13 +88,12 @@ private:
                 TakeComment(line);
                 break;
             case 'T':
-                line = base::TrimEnd(line, kSpaces);
-                if (line == record::kEndText) EndObject();
+                if (IsOnly(line, record::kEndText)) EndObject();
                 break;
             default:
-                line = base::TrimEnd(line, kSpaces);
                 // The operand is one digit: the kind of the text object.
-                if (line.size() == 4 && EndsInOperator(line, record::kBeginText)) {
+                if (line.size() >= 4 && line[1] == ' ' &&
+                    IsOnly(line.substr(2), record::kBeginText)) {
                     mObjects.Begin(mIsStyled);
                 }
                 break;

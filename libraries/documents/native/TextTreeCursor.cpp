@@ -1,24 +1,38 @@
 #include "documents/native/TextTreeCursor.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 
 #include "base/Utf8.h"
-#include "documents/pdf/ContentLexer.h"
 
 namespace documents {
 
 namespace {
 
-constexpr std::string_view kDelimiters = "/<>[]()";
+enum Class : unsigned char { kRegular, kSpace, kDelimiter };
 
-bool IsDelimiter(char c) { return kDelimiters.find(c) != std::string_view::npos; }
+constexpr std::array<Class, 256> MakeClasses()
+{
+    std::array<Class, 256> classes = {};
+    for (const char c : {'/', '<', '>', '[', ']', '(', ')'}) {
+        classes[static_cast<unsigned char>(c)] = kDelimiter;
+    }
+    for (const char c : {'\0', '\t', '\n', '\f', '\r', ' '}) {
+        classes[static_cast<unsigned char>(c)] = kSpace;
+    }
+    return classes;
+}
+
+constexpr std::array<Class, 256> kClasses = MakeClasses();
+
+Class GetClass(char c) { return kClasses[static_cast<unsigned char>(c)]; }
 
 }  // namespace
 
 void TextTreeCursor::SkipSpaces()
 {
-    while (mPosition < mTree.size() && IsPdfSpace(mTree[mPosition])) ++mPosition;
+    while (mPosition < mTree.size() && GetClass(mTree[mPosition]) == kSpace) ++mPosition;
 }
 
 void TextTreeCursor::SkipText()
@@ -32,7 +46,7 @@ void TextTreeCursor::SkipText()
 size_t TextTreeCursor::MeasureWord() const
 {
     size_t end = mPosition;
-    while (end < mTree.size() && !IsPdfSpace(mTree[end]) && !IsDelimiter(mTree[end])) ++end;
+    while (end < mTree.size() && GetClass(mTree[end]) == kRegular) ++end;
     return end - mPosition;
 }
 
@@ -93,7 +107,7 @@ void TextTreeCursor::Skip()
             --depth;
             mPosition += c == ']' ? 1 : 2;
         } else {
-            if (IsDelimiter(c)) ++mPosition;
+            if (GetClass(c) == kDelimiter) ++mPosition;
             mPosition += MeasureWord();
         }
     } while (depth > 0);

@@ -42,21 +42,25 @@ DscWord TakeString(std::string_view& rest, size_t most)
     std::string& text = word.text;
     size_t depth = 1;
     size_t position = 1;
+    const auto keep = [&](std::string_view plain) {
+        if (plain.empty()) return;
+        word.length += plain.size();
+        word.last = plain.back();
+        text += plain.substr(0, most - text.size());
+    };
+    size_t plain = position;  // the start of what needs no decoding
     for (; position < rest.size(); ++position) {
-        const size_t kept = text.size();
         const char c = rest[position];
-        if (c == '\\') {
-            position += TakeEscape(rest.substr(position + 1), text);
-        } else {
-            if (c == '(') ++depth;
-            if (c == ')' && --depth == 0) break;
-            text += c;
-        }
-        if (text.size() == kept) continue;
-        ++word.length;
-        word.last = text.back();
-        if (text.size() > most) text.pop_back();
+        if (c == '(') ++depth;
+        if (c == ')' && --depth == 0) break;
+        if (c != '\\') continue;
+        keep(rest.substr(plain, position - plain));
+        std::string escaped;
+        position += TakeEscape(rest.substr(position + 1), escaped);
+        keep(escaped);
+        plain = position + 1;
     }
+    keep(rest.substr(std::min(plain, rest.size()), position - plain));
     rest.remove_prefix(std::min(position + 1, rest.size()));
     return word;
 }

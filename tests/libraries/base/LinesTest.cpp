@@ -42,6 +42,26 @@ TEST(JoinLinesTest, EachLineHasAnEnd)
     EXPECT_EQ("", JoinLines({}));
 }
 
+TEST(FindLineEndTest, TheFirstCrOrLf)
+{
+    // Bytes that differ from CR and LF in one bit or by one, and a zero byte.
+    const std::string_view others("\x0c\x0e\x0b\x09\x8d\x8a\x00\x2d\x1d\x01\xff", 11);
+    for (size_t size = 0; size < 40; ++size) {
+        std::string text;
+        while (text.size() < size) text += others[text.size() % others.size()];
+        EXPECT_EQ(size, FindLineEnd(text));
+        for (size_t place = 0; place < size; ++place) {
+            for (const char end : {'\r', '\n'}) {
+                std::string lines = text;
+                lines[place] = end;
+                EXPECT_EQ(place, FindLineEnd(lines)) << size;
+                lines.back() = end == '\r' ? '\n' : '\r';
+                EXPECT_EQ(place, FindLineEnd(lines)) << size;
+            }
+        }
+    }
+}
+
 constexpr std::string_view kText = "x%%A\n%%A 1\r\n%%B\r%%A 2\n %%A";
 
 TEST(FindLineTest, TheFirstOrTheLastLineThatBeginsSo)
