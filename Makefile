@@ -192,7 +192,8 @@ bench-growth: bench
 bench-check: bootstrap
 	cmake --preset release -DTYPELOFT_BUILD_BENCH=ON >/dev/null
 	cmake --build --preset release --target plugin-bench library-bench panel-bench document-bench \
-	    Vexcor headless-host TypeloftSPEA PluginCoreFramework PlugPlugFrameworks
+	    pdf-fonts Vexcor headless-host TypeloftSPEA PluginCoreFramework PlugPlugFrameworks
+	bench/compare-pdf build/release/bench/pdf-fonts samples --pairs 1
 	bench/measure build/release --fonts 40 --memory-fonts 40 --pairs 1 --seconds 0.001 \
 	    --json build/bench-check.json
 	bench/measure-growth build/release --most 100 --runs 1 --plot build/growth-check.svg
@@ -204,12 +205,13 @@ bench-check: bootstrap
 # table of docs/PERFORMANCE.md, and build/bench-documents.json.
 bench-documents: bootstrap
 	cmake --preset release -DTYPELOFT_BUILD_BENCH=ON >/dev/null
-	cmake --build --preset release --target document-bench headless-host
+	cmake --build --preset release --target document-bench pdf-fonts headless-host
 	tools/corpus >/dev/null
 	build/release/bench/document-bench .deps/corpus
 	cmake --build --preset release --target docfonts
 	bench/measure-documents build/release .deps/corpus --json build/bench-documents.json
 	bench/compare-speed build/release/programs/headless-host/headless-host .deps/corpus
+	bench/compare-pdf build/release/bench/pdf-fonts .deps/corpus --json build/bench-pdf.json
 
 bootstrap:
 	@tools/bootstrap

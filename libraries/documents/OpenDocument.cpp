@@ -15,6 +15,7 @@
 #include "documents/pdf/PdfFile.h"
 #include "documents/pdf/PdfReader.h"
 #include "documents/pdf/details/PageFonts.h"
+#include "documents/pdf/quick/QuickParser.h"
 #include "documents/postscript/DscReader.h"
 #include "documents/postscript/GhostscriptReader.h"
 
@@ -76,10 +77,34 @@ void AddHostFiles(PdfFile& file, Document& document)
     }
 }
 
+// Returns false, with the budget's bytes as before, if the file isn't one for the quick reader.
+bool ReadQuickly(std::string_view bytes, const Limits& limits, ReadBudget& budget,
+                 Document& document)
+{
+    try {
+        Document quick = document;
+        ReadPdfQuickly(bytes, limits, quick);
+        document = std::move(quick);
+        return true;
+    } catch (const Irregular&) {
+        budget.RestoreBytes();
+    } catch (const LimitExceeded&) {
+        // The library's readers say what is too large, and where.
+        budget.RestoreBytes();
+    }
+    return false;
+}
+
 OpenResult ReadPdf(std::string_view bytes, const Limits& limits, Document described)
 {
     OpenResult result;
-    const ReadBudget budget(limits.inflatedBytes, limits.seconds);
+    ReadBudget budget(limits.inflatedBytes, limits.seconds);
+    result.ok = ReadQuickly(bytes, limits, budget, described);
+    budget.Check();
+    if (result.ok) {
+        result.document = std::move(described);
+        return result;
+    }
     PdfFile file(bytes);
     result.error = file.Open();
     budget.Check();

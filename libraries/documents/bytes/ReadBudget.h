@@ -33,6 +33,13 @@ public:
     // Returns how many bytes are left of the calling thread's budget: SIZE_MAX if it has none.
     static size_t GetLeft();
 
+    // Gives back all bytes that were taken, for a second attempt. The time isn't given back.
+    void RestoreBytes()
+    {
+        mLeft = mLimit;
+        mExceeded = false;
+    }
+
     // Throws LimitExceeded with this error, now and from every later Take and Check of the calling
     // thread's budget.
     [[noreturn]] static void Refuse(const std::string& error);

@@ -21,6 +21,13 @@ std::string_view CutText(std::string_view text, size_t size)
     return text.substr(0, size);
 }
 
+// Of most names, which are valid UTF-8 then.
+bool IsAscii(std::string_view text)
+{
+    return std::all_of(text.begin(), text.end(),
+                       [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
 }  // namespace
 
 size_t DocumentBuilder::AddStory(std::vector<TextRun> runs)
@@ -122,7 +129,9 @@ void DocumentBuilder::Clean(std::vector<TextRun>& runs)
     if (named != runs.end()) NoteLongNames();
     runs.erase(named, runs.end());
     for (TextRun& run : runs) {
-        run.postScriptName = base::ToValidUtf8(run.postScriptName);
+        if (!IsAscii(run.postScriptName)) {
+            run.postScriptName = base::ToValidUtf8(run.postScriptName);
+        }
         run.length = std::max<size_t>(run.length, 1);
     }
 }

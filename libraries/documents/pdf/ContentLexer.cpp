@@ -3,27 +3,23 @@
 #include <algorithm>
 #include <array>
 
+#include "documents/bytes/PdfCharacters.h"
+
 namespace documents {
 
 namespace {
 
-enum CharacterClass : unsigned char { kRegular, kSpace, kDelimiter };
-
-constexpr std::array<unsigned char, 256> MakeClasses()
+// What isn't an ordinary character of a literal string.
+constexpr std::array<bool, 256> MakeSpecial()
 {
-    std::array<unsigned char, 256> classes{};
-    for (unsigned char c : {0, 9, 10, 12, 13, 32}) classes[c] = kSpace;
-    for (char c : {'(', ')', '<', '>', '[', ']', '{', '}', '/', '%'}) {
-        classes[static_cast<unsigned char>(c)] = kDelimiter;
-    }
-    return classes;
+    std::array<bool, 256> special{};
+    for (char c : {'(', ')', '\\', '\n'}) special[static_cast<unsigned char>(c)] = true;
+    return special;
 }
 
-constexpr std::array<unsigned char, 256> kClasses = MakeClasses();
+constexpr std::array<bool, 256> kIsSpecial = MakeSpecial();
 
-unsigned char GetClass(char c) { return kClasses[static_cast<unsigned char>(c)]; }
-
-bool IsNumberPart(char c) { return (c >= '0' && c <= '9') || c == '.' || c == '-' || c == '+'; }
+bool IsNumberPart(char c) { return GetCharacterClass(c) == kPdfNumberPart; }
 
 bool IsOctal(char c) { return c >= '0' && c <= '7'; }
 
@@ -37,9 +33,10 @@ int GetHexValue(char c)
 
 size_t CountRegular(std::string_view text)
 {
-    size_t length = 0;
-    while (length < text.size() && GetClass(text[length]) == kRegular) ++length;
-    return length;
+    const char* at = text.data();
+    const char* const end = at + text.size();
+    while (at != end && (GetCharacterClass(*at) & (kPdfSpace | kPdfDelimiter)) == 0) ++at;
+    return static_cast<size_t>(at - text.data());
 }
 
 // `text` follows a backslash. Returns how many of its bytes belong to the escape, and sets
@@ -58,8 +55,6 @@ size_t MeasureEscape(std::string_view text, size_t& decodedBytes)
 }
 
 }  // namespace
-
-bool IsPdfSpace(char c) { return GetClass(c) == kSpace; }
 
 std::string DecodeName(std::string_view text)
 {
@@ -82,25 +77,26 @@ std::string DecodeName(std::string_view text)
 
 void ContentLexer::Skip(size_t bytes) { mRest.remove_prefix(std::min(bytes, mRest.size())); }
 
-void ContentLexer::SkipSpacesAndComments()
+void ContentLexer::SkipComments(unsigned char skipped)
 {
-    size_t position = 0;
-    while (position < mRest.size()) {
-        if (GetClass(mRest[position]) == kSpace) {
-            ++position;
-        } else if (mRest[position] == '%') {
-            position = std::min(mRest.find_first_of("\r\n", position), mRest.size());
-        } else {
-            break;
-        }
+    const char* at = mRest.data();
+    const char* const end = at + mRest.size();
+    for (;;) {
+        while (at != end && (GetCharacterClass(*at) & skipped) != 0) ++at;
+        if (at == end || *at != '%') break;
+        while (at != end && *at != '\r' && *at != '\n') ++at;
     }
-    mRest.remove_prefix(position);
+    mRest.remove_prefix(static_cast<size_t>(at - mRest.data()));
 }
 
-Token ContentLexer::Next()
+Token ContentLexer::Next() { return TakeToken(kPdfSpace); }
+
+Token ContentLexer::NextButNumber() { return TakeToken(kPdfSpace | kPdfNumberPart); }
+
+Token ContentLexer::TakeToken(unsigned char skipped)
 {
     for (;;) {
-        SkipSpacesAndComments();
+        SkipComments(skipped);
         if (mRest.empty()) return {};
         const char first = mRest.front();
         const bool isDouble = mRest.size() > 1 && mRest[1] == first;
@@ -150,6 +146,13 @@ Token ContentLexer::TakeLiteralString()
     size_t depth = 1;
     size_t position = 1;
     for (; position < mRest.size(); ++position) {
+        const size_t start = position;
+        while (position < mRest.size() &&
+               !kIsSpecial[static_cast<unsigned char>(mRest[position])]) {
+            ++position;
+        }
+        token.length += position - start;
+        if (position == mRest.size()) break;
         const char c = mRest[position];
         if (c == '\\') {
             size_t decodedBytes = 0;

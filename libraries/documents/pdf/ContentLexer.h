@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "documents/bytes/PdfCharacters.h"
+
 namespace documents {
 
 enum class TokenType {
@@ -38,22 +40,23 @@ public:
 
     // Returns the next token; kEnd at the end of the content.
     Token Next();
+    // Does the same, but skips numbers, which are most of a page's content.
+    Token NextButNumber();
 
     // The content after the last token.
     std::string_view GetRest() const { return mRest; }
     void Skip(size_t bytes);
 
 private:
-    void SkipSpacesAndComments();
+    // `skipped`: classes of characters
+    void SkipComments(unsigned char skipped);
+    Token TakeToken(unsigned char skipped);
     Token TakeLiteralString();
     Token TakeHexString();
     Token TakeRegular(TokenType type, size_t length);
 
     std::string_view mRest;
 };
-
-// White space in PDF: NUL, tab, line feed, form feed, carriage return and space.
-bool IsPdfSpace(char c);
 
 // Decodes the text of a name token: #xx becomes the byte.
 std::string DecodeName(std::string_view text);

@@ -1,12 +1,13 @@
 #include "documents/pdf/ContentWalker.h"
 
-#include <qpdf/QPDFPageObjectHelper.hh>
 #include <utility>
 
 #include "documents/bytes/ReadBudget.h"
 #include "documents/pdf/InlineImage.h"
 #include "documents/pdf/PdfDescription.h"
 #include "documents/pdf/PdfDictionary.h"
+#include "documents/pdf/PdfFile.h"
+#include "documents/pdf/quick/QuickFile.h"
 
 namespace documents {
 
@@ -15,20 +16,32 @@ namespace {
 constexpr size_t kMaximumSaves = 65536;
 constexpr size_t kMinimumWork = 256;  // what an empty stream costs, in bytes
 constexpr long long kHiddenFlag = 2;
+constexpr size_t kMostKeptBytes = size_t{1} << 20;
 constexpr size_t kMostTextBytes = 1024;  // of one operator, for the words
+
+// The name of an operator as a number; 0 for a name that is longer than those that matter.
+constexpr uint32_t GetCode(std::string_view name)
+{
+    constexpr size_t kLongest = 3;
+    uint32_t code = 0;
+    if (name.size() > kLongest) return code;
+    for (const char c : name) code = code << 8 | static_cast<unsigned char>(c);
+    return code;
+}
 
 // Returns the stream of an annotation's normal appearance in its present state; null if there is
 // none or the annotation is hidden.
-QPDFObjectHandle GetAppearance(QPDFObjectHandle annotation)
+template <class Object>
+Object GetAppearance(Object annotation)
 {
-    QPDFObjectHandle flags = GetKeyOrNull(annotation, "/F");
+    Object flags = GetKeyOrNull(annotation, "/F");
     if (flags.isInteger() && (flags.getIntValue() & kHiddenFlag) != 0) {
-        return QPDFObjectHandle::newNull();
+        return Object::newNull();
     }
-    QPDFObjectHandle appearance = GetKeyOrNull(GetKeyOrNull(annotation, "/AP"), "/N");
+    Object appearance = GetKeyOrNull(GetKeyOrNull(annotation, "/AP"), "/N");
     if (appearance.isDictionary()) {
-        QPDFObjectHandle state = GetKeyOrNull(annotation, "/AS");
-        if (!state.isName()) return QPDFObjectHandle::newNull();
+        Object state = GetKeyOrNull(annotation, "/AS");
+        if (!state.isName()) return Object::newNull();
         appearance = GetKeyOrNull(appearance, state.getName());
     }
     return appearance;
@@ -36,35 +49,39 @@ QPDFObjectHandle GetAppearance(QPDFObjectHandle annotation)
 
 }  // namespace
 
-ContentWalker::ContentWalker(PdfFile& file, const Limits& limits, DocumentBuilder& builder)
+template <class File>
+ContentWalker<File>::ContentWalker(File& file, const Limits& limits, DocumentBuilder& builder)
     : mFile(file), mLimits(limits), mBuilder(builder)
 {
 }
 
-void ContentWalker::WalkPage(QPDFObjectHandle page)
+template <class File>
+void ContentWalker<File>::WalkPage(Object page)
 {
-    QPDFObjectHandle dictionary =
-        QPDFPageObjectHelper(page).getAttribute("/Resources", /*copy_if_shared=*/false);
-    PdfResources resources(dictionary, mFonts, ++mResourceCount);
-    ByteBuffer content;
-    for (const QPDFObjectHandle& stream : page.getPageContents()) {
+    Object dictionary = File::GetResources(page);
+    Resources resources(dictionary, mFonts, ++mResourceCount);
+    ByteBuffer content = TakeBuffer();
+    for (const Object& stream : File::GetContents(page)) {
         mFile.AppendStream(stream, content);
         content.AppendTaken("\n");
     }
     Walk(content.GetView(), resources, nullptr, 0);
-    QPDFObjectHandle annotations = page.getKey("/Annots");
+    KeepBuffer(std::move(content));
+    Object annotations = page.getKey("/Annots");
     if (!annotations.isArray()) return;
     for (int index = 0; index < annotations.getArrayNItems(); ++index) {
         WalkAnnotation(annotations.getArrayItem(index), resources);
     }
 }
 
-void ContentWalker::WalkAnnotation(QPDFObjectHandle annotation, PdfResources& resources)
+template <class File>
+void ContentWalker<File>::WalkAnnotation(Object annotation, Resources& resources)
 {
     WalkForm(GetAppearance(annotation), resources, nullptr, 1);
 }
 
-void ContentWalker::TakeWork(size_t bytes)
+template <class File>
+void ContentWalker<File>::TakeWork(size_t bytes)
 {
     ReadBudget::Take(0);
     mWork += bytes + kMinimumWork;
@@ -74,14 +91,16 @@ void ContentWalker::TakeWork(size_t bytes)
     }
 }
 
-void ContentWalker::Walk(std::string_view content, PdfResources& resources, const PdfFont* font,
-                         size_t depth)
+template <class File>
+void ContentWalker<File>::Walk(std::string_view content, Resources& resources, const Font* font,
+                               size_t depth)
 {
     TakeWork(content.size());
     ContentLexer lexer(content);
     State state{resources, depth, font, {}, 0, {}, {}, 0, {}};
     size_t nesting = 0;
-    for (Token token = lexer.Next(); token.type != TokenType::kEnd; token = lexer.Next()) {
+    for (Token token = lexer.NextButNumber(); token.type != TokenType::kEnd;
+         token = lexer.NextButNumber()) {
         switch (token.type) {
             case TokenType::kName:
                 if (nesting == 0) state.name = token.text;
@@ -103,7 +122,10 @@ void ContentWalker::Walk(std::string_view content, PdfResources& resources, cons
                 break;
             case TokenType::kOperator:
                 // These are values, not operators.
-                if (token.text == "true" || token.text == "false" || token.text == "null") break;
+                if (token.text.size() >= 4 &&
+                    (token.text == "true" || token.text == "false" || token.text == "null")) {
+                    break;
+                }
                 Execute(token.text, state, lexer);
                 state.name = {};
                 state.stringBytes = 0;
@@ -117,35 +139,53 @@ void ContentWalker::Walk(std::string_view content, PdfResources& resources, cons
     EndFrame(state);
 }
 
-void ContentWalker::Execute(std::string_view operation, State& state, ContentLexer& lexer)
+template <class File>
+void ContentWalker<File>::Execute(std::string_view operation, State& state, ContentLexer& lexer)
 {
-    if (operation == "Tf" || operation == "gs" || operation == "Do" || operation == "scn" ||
-        operation == "SCN") {
-        ++mLookups;
-    }
-    if (operation == "Tj" || operation == "TJ" || operation == "'" || operation == "\"") {
-        ShowText(state);
-    } else if (operation == "Tf") {
-        state.font = state.resources.FindFont(state.name);
-        if (state.font == nullptr) ++mUnknownFonts;
-    } else if (operation == "ET") {
-        EndFrame(state);
-    } else if (operation == "q") {
-        Save(state);
-    } else if (operation == "Q") {
-        Restore(state);
-    } else if (operation == "gs") {
-        ApplyGraphicsState(state);
-    } else if (operation == "Do") {
-        Draw(state);
-    } else if (operation == "scn" || operation == "SCN") {
-        SetPattern(state);
-    } else if (operation == "BI") {
-        SkipInlineImage(lexer);
+    switch (GetCode(operation)) {
+        case GetCode("Tj"):
+        case GetCode("TJ"):
+        case GetCode("'"):
+        case GetCode("\""):
+            ShowText(state);
+            break;
+        case GetCode("Tf"):
+            ++mLookups;
+            state.font = state.resources.FindFont(state.name);
+            if (state.font == nullptr) ++mUnknownFonts;
+            break;
+        case GetCode("ET"):
+            EndFrame(state);
+            break;
+        case GetCode("q"):
+            Save(state);
+            break;
+        case GetCode("Q"):
+            Restore(state);
+            break;
+        case GetCode("gs"):
+            ++mLookups;
+            ApplyGraphicsState(state);
+            break;
+        case GetCode("Do"):
+            ++mLookups;
+            Draw(state);
+            break;
+        case GetCode("scn"):
+        case GetCode("SCN"):
+            ++mLookups;
+            SetPattern(state);
+            break;
+        case GetCode("BI"):
+            SkipInlineImage(lexer);
+            break;
+        default:
+            break;
     }
 }
 
-void ContentWalker::Save(State& state)
+template <class File>
+void ContentWalker<File>::Save(State& state)
 {
     if (state.saved.size() < kMaximumSaves) {
         state.saved.push_back(state.font);
@@ -154,7 +194,8 @@ void ContentWalker::Save(State& state)
     }
 }
 
-void ContentWalker::Restore(State& state)
+template <class File>
+void ContentWalker<File>::Restore(State& state)
 {
     if (state.savedBeyond > 0) {
         --state.savedBeyond;
@@ -164,7 +205,8 @@ void ContentWalker::Restore(State& state)
     }
 }
 
-void ContentWalker::ShowText(State& state)
+template <class File>
+void ContentWalker<File>::ShowText(State& state)
 {
     if (state.stringBytes == 0 || state.font == nullptr) return;
     if (state.font->isType3) WalkGlyphs(*state.font, state);
@@ -180,14 +222,15 @@ void ContentWalker::ShowText(State& state)
     state.runs.push_back({state.font->name, length});
 }
 
-void ContentWalker::AddWords(const State& state)
+template <class File>
+void ContentWalker<File>::AddWords(const State& state)
 {
-    const PdfFont& font = *state.font;
+    const Font& font = *state.font;
     if (mBuilder.HasWords(font.name)) return;
     auto place = mTexts.find(&font);
     if (place == mTexts.end()) {
         ToUnicode texts;
-        if (QPDFObjectHandle(font.toUnicode).isStream()) {
+        if (Object(font.toUnicode).isStream()) {
             ByteBuffer map;
             mFile.AppendStream(font.toUnicode, map);
             texts = ToUnicode(map.GetView());
@@ -197,52 +240,57 @@ void ContentWalker::AddWords(const State& state)
     mBuilder.AddWords(font.name, place->second.Decode(state.text, font.codeBytes));
 }
 
-void ContentWalker::WalkGlyphs(const PdfFont& font, State& state)
+template <class File>
+void ContentWalker<File>::WalkGlyphs(const Font& font, State& state)
 {
     if (mFontsWithoutResources.count(&font) != 0) return;
-    QPDFObjectHandle glyphs = GetKeyOrNull(font.dictionary, "/CharProcs");
-    QPDFObjectHandle dictionary = GetKeyOrNull(font.dictionary, "/Resources");
+    Object glyphs = GetKeyOrNull(font.dictionary, "/CharProcs");
+    Object dictionary = GetKeyOrNull(font.dictionary, "/Resources");
     const bool inherits = !dictionary.isDictionary();
     const size_t outerId = inherits ? state.resources.GetId() : 0;
     if (!glyphs.isDictionary() || !mWalkedFonts.emplace(&font, outerId).second) return;
     const size_t lookups = mLookups;
-    PdfResources own(dictionary, mFonts, ++mResourceCount);
-    for (const auto& [name, glyph] : glyphs.getDictAsMap()) {
-        WalkForm(glyph, inherits ? state.resources : own, nullptr, state.depth + 1);
+    Resources own(dictionary, mFonts, ++mResourceCount);
+    for (const std::string& name : glyphs.getKeys()) {
+        WalkForm(glyphs.getKey(name), inherits ? state.resources : own, nullptr, state.depth + 1);
     }
     if (lookups == mLookups) mFontsWithoutResources.insert(&font);
 }
 
-void ContentWalker::EndFrame(State& state)
+template <class File>
+void ContentWalker<File>::EndFrame(State& state)
 {
     if (!state.runs.empty()) mBuilder.AddFrameWithStory(std::move(state.runs));
     state.runs.clear();
 }
 
-void ContentWalker::ApplyGraphicsState(State& state)
+template <class File>
+void ContentWalker<File>::ApplyGraphicsState(State& state)
 {
-    QPDFObjectHandle parameters = state.resources.Find("/ExtGState", state.name);
-    QPDFObjectHandle font = GetKeyOrNull(parameters, "/Font");
+    Object parameters = state.resources.Find("/ExtGState", state.name);
+    Object font = GetKeyOrNull(parameters, "/Font");
     if (font.isArray() && font.getArrayNItems() > 0) {
         state.font = mFonts.Get(font.getArrayItem(0));
     }
-    QPDFObjectHandle mask = GetKeyOrNull(GetKeyOrNull(parameters, "/SMask"), "/G");
+    Object mask = GetKeyOrNull(GetKeyOrNull(parameters, "/SMask"), "/G");
     WalkForm(mask, state.resources, state.font, state.depth + 1);
 }
 
-void ContentWalker::Draw(State& state)
+template <class File>
+void ContentWalker<File>::Draw(State& state)
 {
-    QPDFObjectHandle object = state.resources.Find("/XObject", state.name);
+    Object object = state.resources.Find("/XObject", state.name);
     if (!object.isStream()) return;
     std::string file = GetExternalFile(object.getDict());
     if (!file.empty()) mLinkedFiles.push_back(std::move(file));
-    QPDFObjectHandle type = object.getDict().getKey("/Subtype");
+    Object type = object.getDict().getKey("/Subtype");
     if (type.isName() && type.getName() == "/Form") {
         WalkForm(object, state.resources, state.font, state.depth + 1);
     }
 }
 
-void ContentWalker::SetPattern(State& state)
+template <class File>
+void ContentWalker<File>::SetPattern(State& state)
 {
     if (state.name.empty()) return;
     // WalkForm ignores shading patterns, which are dictionaries and not streams.
@@ -250,33 +298,55 @@ void ContentWalker::SetPattern(State& state)
              state.depth + 1);
 }
 
-void ContentWalker::WalkForm(QPDFObjectHandle form, PdfResources& outer, const PdfFont* font,
-                             size_t depth)
+template <class File>
+void ContentWalker<File>::WalkForm(Object form, Resources& outer, const Font* font, size_t depth)
 {
     if (!form.isStream()) return;
     if (depth > mLimits.nesting) {
         mTooDeep = true;
         return;
     }
-    QPDFObjectHandle dictionary = form.getDict().getKey("/Resources");
+    Object dictionary = form.getDict().getKey("/Resources");
     const bool inherits = !dictionary.isDictionary();
     if (!mWalkedForms.emplace(form.getObjGen(), font, inherits ? outer.GetId() : 0).second) return;
-    ByteBuffer content;
+    ByteBuffer content = TakeBuffer();
     mFile.AppendStream(form, content);
     if (inherits) {
         Walk(content.GetView(), outer, font, depth);
     } else {
-        PdfResources resources(dictionary, mFonts, ++mResourceCount);
+        Resources resources(dictionary, mFonts, ++mResourceCount);
         Walk(content.GetView(), resources, font, depth);
     }
+    KeepBuffer(std::move(content));
 }
 
-std::vector<std::string> ContentWalker::GetNotes() const
+template <class File>
+ByteBuffer ContentWalker<File>::TakeBuffer()
+{
+    if (mBuffers.empty()) return {};
+    ByteBuffer buffer = std::move(mBuffers.back());
+    mBuffers.pop_back();
+    return buffer;
+}
+
+template <class File>
+void ContentWalker<File>::KeepBuffer(ByteBuffer buffer)
+{
+    if (buffer.GetSize() > kMostKeptBytes) return;
+    buffer.Truncate(0);
+    mBuffers.push_back(std::move(buffer));
+}
+
+template <class File>
+std::vector<std::string> ContentWalker<File>::GetNotes() const
 {
     std::vector<std::string> notes;
     if (mUnknownFonts > 0) notes.emplace_back("text asks for fonts that the page doesn't define");
     if (mTooDeep) notes.emplace_back("objects drawn within objects are nested too deeply");
     return notes;
 }
+
+template class ContentWalker<PdfFile>;
+template class ContentWalker<QuickFile>;
 
 }  // namespace documents

@@ -5,6 +5,8 @@
 #include <optional>
 #include <string_view>
 
+#include "documents/bytes/PdfCharacters.h"
+
 namespace documents {
 
 namespace {

@@ -4,19 +4,23 @@
 
 #include "base/Utf8.h"
 #include "documents/pdf/PdfDictionary.h"
+#include "documents/pdf/PdfFile.h"
 #include "documents/pdf/XmpPacket.h"
+#include "documents/pdf/quick/QuickFile.h"
 
 namespace documents {
 
 namespace {
 
-std::string GetText(QPDFObjectHandle value)
+template <class Object>
+std::string GetText(Object value)
 {
     return value.isString() ? base::ToValidUtf8(value.getUTF8Value()) : std::string();
 }
 
 // A file specification is a string or a dictionary with a string per platform.
-std::string GetSpecifiedFile(QPDFObjectHandle specification)
+template <class Object>
+std::string GetSpecifiedFile(Object specification)
 {
     if (specification.isString()) return GetText(specification);
     for (const char* key : {"/UF", "/F", "/Unix", "/Mac", "/DOS"}) {
@@ -26,19 +30,21 @@ std::string GetSpecifiedFile(QPDFObjectHandle specification)
     return {};
 }
 
-bool HasNativePart(PdfFile& file)
+template <class File>
+bool HasNativePart(File& file)
 {
     const auto& pages = file.GetPages();
-    return std::any_of(pages.begin(), pages.end(), [](QPDFObjectHandle page) {
+    return std::any_of(pages.begin(), pages.end(), [](typename File::Object page) {
         return GetKeyOrNull(page.getKey("/PieceInfo"), "/Illustrator").isDictionary();
     });
 }
 
 }  // namespace
 
-std::string GetExternalFile(QPDFObjectHandle dictionary)
+template <class Object>
+std::string GetExternalFile(Object dictionary)
 {
-    QPDFObjectHandle opi = GetKeyOrNull(dictionary, "/OPI");
+    Object opi = GetKeyOrNull(dictionary, "/OPI");
     for (const char* version : {"/2.0", "/1.3"}) {
         std::string file = GetSpecifiedFile(GetKeyOrNull(GetKeyOrNull(opi, version), "/F"));
         if (!file.empty()) return file;
@@ -47,19 +53,26 @@ std::string GetExternalFile(QPDFObjectHandle dictionary)
     return file.empty() ? GetSpecifiedFile(GetKeyOrNull(dictionary, "/F")) : file;
 }
 
-void DescribePdf(PdfFile& file, Document& document)
+template <class File>
+void DescribePdf(File& file, Document& document)
 {
-    QPDF& pdf = file.GetPdf();
+    using Object = typename File::Object;
+    Object trailer = file.GetTrailer();
     ByteBuffer packet;
-    QPDFObjectHandle metadata = GetKeyOrNull(GetKeyOrNull(pdf.getTrailer(), "/Root"), "/Metadata");
+    Object metadata = GetKeyOrNull(GetKeyOrNull(trailer, "/Root"), "/Metadata");
     if (metadata.isStream()) file.AppendStream(metadata, packet);
     const XmpFacts facts = ReadXmpPacket(packet.GetView());
     document.linkedFiles = facts.manifestFiles;
-    document.creator = GetText(GetKeyOrNull(GetKeyOrNull(pdf.getTrailer(), "/Info"), "/Creator"));
+    document.creator = GetText(GetKeyOrNull(GetKeyOrNull(trailer, "/Info"), "/Creator"));
     if (document.creator.empty()) document.creator = facts.creatorTool;
     const bool isIllustrator =
         document.creator.find("Adobe Illustrator") != std::string::npos || HasNativePart(file);
     document.kind = isIllustrator ? Kind::kIllustrator : Kind::kPDF;
 }
+
+template std::string GetExternalFile(QPDFObjectHandle dictionary);
+template std::string GetExternalFile(QuickObject dictionary);
+template void DescribePdf(PdfFile& file, Document& document);
+template void DescribePdf(QuickFile& file, Document& document);
 
 }  // namespace documents

@@ -4,6 +4,7 @@
 #include <exception>
 #include <new>
 #include <qpdf/QPDFExc.hh>
+#include <qpdf/QPDFPageObjectHelper.hh>
 #include <stdexcept>
 #include <utility>
 
@@ -160,6 +161,11 @@ std::vector<std::string> PdfFile::TakeNotes()
         mBrokenStreams = 0;
     }
     return notes;
+}
+
+QPDFObjectHandle PdfFile::GetResources(const QPDFObjectHandle& page)
+{
+    return QPDFPageObjectHelper(page).getAttribute("/Resources", /*copy_if_shared=*/false);
 }
 
 void PdfFile::AppendStream(QPDFObjectHandle stream, ByteBuffer& data)

@@ -16,6 +16,8 @@ namespace documents {
 // object. [one thread at a time]
 class PdfFile {
 public:
+    using Object = QPDFObjectHandle;
+
     explicit PdfFile(std::string_view bytes);
 
     // Opens the file. Returns "", or the reason in one line: encrypted, cut off or damaged. Throws
@@ -27,6 +29,15 @@ public:
     std::vector<std::string> TakeNotes();
 
     QPDF& GetPdf() { return *mPdf; }
+    QPDFObjectHandle GetTrailer() { return mPdf->getTrailer(); }
+
+    // The page's resources, or those that it inherits.
+    static QPDFObjectHandle GetResources(const QPDFObjectHandle& page);
+    static std::vector<QPDFObjectHandle> GetContents(QPDFObjectHandle page)
+    {
+        return page.getPageContents();
+    }
+
     const std::vector<QPDFObjectHandle>& GetPages() const { return mPages; }
 
     // Appends the decoded data of a stream to `data`. What a damaged stream gives before the damage

@@ -5,19 +5,22 @@
 #include "base/Strings.h"
 #include "documents/model/FontName.h"
 #include "documents/pdf/PdfDictionary.h"
+#include "documents/pdf/quick/QuickObject.h"
 
 namespace documents {
 
 namespace {
 
-std::string GetName(QPDFObjectHandle dictionary, const char* key)
+template <class Object>
+std::string GetName(Object dictionary, const char* key)
 {
-    QPDFObjectHandle value = GetKeyOrNull(dictionary, key);
+    Object value = GetKeyOrNull(dictionary, key);
     return value.isName() ? value.getName().substr(1) : std::string();
 }
 
 // Returns a font's name without subset prefix. A prefix alone ("ABCDEF+") is no name.
-std::string GetFontName(QPDFObjectHandle dictionary, const char* key)
+template <class Object>
+std::string GetFontName(Object dictionary, const char* key)
 {
     const std::string name = GetName(dictionary, key);
     const bool isPrefix = StripSubsetPrefix(name + "x") == "x" && name.size() > 1;
@@ -42,19 +45,21 @@ std::string RemoveEncoding(std::string name, const std::string& encoding)
 }
 
 // Two Type 3 fonts that aren't indirect objects are the same if their glyphs are.
-std::string GetGlyphsKey(QPDFObjectHandle font)
+template <class Object>
+std::string GetGlyphsKey(Object font)
 {
-    QPDFObjectHandle glyphs = GetKeyOrNull(font, "/CharProcs");
+    Object glyphs = GetKeyOrNull(font, "/CharProcs");
     std::string key = "glyphs";
     if (glyphs.isIndirect()) return key + ' ' + glyphs.getObjGen().unparse();
     if (!glyphs.isDictionary()) return key;
-    for (const auto& [name, glyph] : glyphs.getDictAsMap()) {
-        key += ' ' + QPDFObjectHandle(glyph).getObjGen().unparse();
+    for (const std::string& name : glyphs.getKeys()) {
+        key += ' ' + glyphs.getKey(name).getObjGen().unparse();
     }
     return key;
 }
 
-size_t GetCodeBytes(QPDFObjectHandle encoding)
+template <class Object>
+size_t GetCodeBytes(Object encoding)
 {
     if (!encoding.isName()) return 2;
     const std::string name = encoding.getName();
@@ -67,9 +72,10 @@ size_t GetCodeBytes(QPDFObjectHandle encoding)
 
 }  // namespace
 
-PdfFont ReadPdfFont(QPDFObjectHandle font)
+template <class Object>
+PdfFont<Object> ReadPdfFont(Object font)
 {
-    PdfFont result;
+    PdfFont<Object> result;
     const std::string type = GetName(font, "/Subtype");
     if (type == "Type3") {
         result.isType3 = true;
@@ -77,9 +83,9 @@ PdfFont ReadPdfFont(QPDFObjectHandle font)
         return result;
     }
     result.toUnicode = GetKeyOrNull(font, "/ToUnicode");
-    QPDFObjectHandle described = font;
+    Object described = font;
     if (type == "Type0") {
-        QPDFObjectHandle descendants = GetKeyOrNull(font, "/DescendantFonts");
+        Object descendants = GetKeyOrNull(font, "/DescendantFonts");
         if (descendants.isArray() && descendants.getArrayNItems() > 0) {
             described = descendants.getArrayItem(0);
         }
@@ -95,11 +101,12 @@ PdfFont ReadPdfFont(QPDFObjectHandle font)
     return result;
 }
 
-const PdfFont* PdfFontTable::Get(QPDFObjectHandle font)
+template <class Object>
+const PdfFont<Object>* PdfFontTable<Object>::Get(Object font)
 {
     if (!font.isDictionary()) return nullptr;
     if (!font.isIndirect()) {
-        PdfFont read = ReadPdfFont(font);
+        PdfFont<Object> read = ReadPdfFont(font);
         const std::string key = read.isType3 ? GetGlyphsKey(font)
                                              : read.name + '/' + std::to_string(read.codeBytes) +
                                                    (read.isNamed ? "" : "-");
@@ -109,5 +116,10 @@ const PdfFont* PdfFontTable::Get(QPDFObjectHandle font)
     if (found != mFonts.end()) return &found->second;
     return &mFonts.emplace(font.getObjGen(), ReadPdfFont(font)).first->second;
 }
+
+template PdfFont<QPDFObjectHandle> ReadPdfFont(QPDFObjectHandle font);
+template PdfFont<QuickObject> ReadPdfFont(QuickObject font);
+template class PdfFontTable<QPDFObjectHandle>;
+template class PdfFontTable<QuickObject>;
 
 }  // namespace documents

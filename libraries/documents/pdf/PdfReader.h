@@ -8,4 +8,9 @@ namespace documents {
 // is. Returns kNotMine if the source isn't a PDF.
 ReadResult ReadPdfContent(const DocumentSource& source, const Limits& limits, Document& document);
 
+// Does the whole work of OpenDocument for a PDF without a native part, without faults and without
+// rare features (quick/QuickFile.h): the description, the text of the pages and the details. Throws
+// Irregular for any other file, and then the document is to be discarded. Throws LimitExceeded.
+void ReadPdfQuickly(std::string_view bytes, const Limits& limits, Document& document);
+
 }  // namespace documents

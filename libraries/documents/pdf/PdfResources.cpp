@@ -2,22 +2,28 @@
 
 #include "documents/pdf/ContentLexer.h"
 #include "documents/pdf/PdfDictionary.h"
+#include "documents/pdf/quick/QuickObject.h"
 
 namespace documents {
 
-const PdfFont* PdfResources::FindFont(std::string_view name)
+template <class Object>
+const PdfFont<Object>* PdfResources<Object>::FindFont(std::string_view name)
 {
     const auto found = mFound.find(name);
     if (found != mFound.end()) return found->second;
-    const PdfFont* font = mFonts.Get(Find("/Font", name));
+    const PdfFont<Object>* font = mFonts.Get(Find("/Font", name));
     mFound.emplace(name, font);
     return font;
 }
 
-QPDFObjectHandle PdfResources::Find(const char* category, std::string_view name) const
+template <class Object>
+Object PdfResources<Object>::Find(const char* category, std::string_view name) const
 {
-    QPDFObjectHandle dictionary = mDictionary;
+    Object dictionary = mDictionary;
     return GetKeyOrNull(GetKeyOrNull(dictionary, category), "/" + DecodeName(name));
 }
+
+template class PdfResources<QPDFObjectHandle>;
+template class PdfResources<QuickObject>;
 
 }  // namespace documents

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <map>
-#include <qpdf/QPDFPageObjectHelper.hh>
 #include <set>
 #include <string>
 #include <utility>
@@ -12,27 +11,30 @@
 #include "documents/model/FontName.h"
 #include "documents/pdf/PdfDictionary.h"
 #include "documents/pdf/PdfFont.h"
+#include "documents/pdf/quick/QuickFile.h"
 
 namespace documents {
 
 namespace {
 
-bool HasSubsetPrefix(QPDFObjectHandle font)
+template <class Object>
+bool HasSubsetPrefix(Object font)
 {
-    QPDFObjectHandle value = GetKeyOrNull(font, "/BaseFont");
+    Object value = GetKeyOrNull(font, "/BaseFont");
     if (!value.isName()) return false;
     const std::string name = value.getName().substr(1);
     return StripSubsetPrefix(name) != CutFontName(name);
 }
 
-Embedding GetEmbedding(QPDFObjectHandle font)
+template <class Object>
+Embedding GetEmbedding(Object font)
 {
-    QPDFObjectHandle described = font;
-    QPDFObjectHandle descendants = GetKeyOrNull(font, "/DescendantFonts");
+    Object described = font;
+    Object descendants = GetKeyOrNull(font, "/DescendantFonts");
     if (descendants.isArray() && descendants.getArrayNItems() > 0) {
         described = descendants.getArrayItem(0);
     }
-    QPDFObjectHandle descriptor = GetKeyOrNull(described, "/FontDescriptor");
+    Object descriptor = GetKeyOrNull(described, "/FontDescriptor");
     for (const char* key : {"/FontFile", "/FontFile2", "/FontFile3"}) {
         if (!GetKeyOrNull(descriptor, key).isStream()) continue;
         return HasSubsetPrefix(font) || HasSubsetPrefix(described) ? Embedding::kSubset
@@ -42,14 +44,17 @@ Embedding GetEmbedding(QPDFObjectHandle font)
 }
 
 // Walks the resources without recursion: a file can nest forms as deeply as it likes.
+template <class File>
 class Search {
 public:
-    std::vector<PageFont> Run(PdfFile& file)
+    using Object = typename File::Object;
+
+    std::vector<PageFont> Run(File& file)
     {
-        for (const QPDFObjectHandle& page : file.GetPages()) {
-            Add(QPDFPageObjectHelper(page).getAttribute("/Resources", /*copy_if_shared=*/false));
+        for (const Object& page : file.GetPages()) {
+            Add(File::GetResources(page));
             while (!mTodo.empty()) {
-                QPDFObjectHandle resources = mTodo.back();
+                Object resources = mTodo.back();
                 mTodo.pop_back();
                 AddFonts(GetKeyOrNull(resources, "/Font"));
                 AddStreams(GetKeyOrNull(resources, "/XObject"));
@@ -60,7 +65,7 @@ public:
     }
 
 private:
-    void Add(QPDFObjectHandle resources)
+    void Add(Object resources)
     {
         ReadBudget::Take(0);
         if (!resources.isDictionary()) return;
@@ -68,24 +73,24 @@ private:
         mTodo.push_back(resources);
     }
 
-    void AddStreams(QPDFObjectHandle streams)
+    void AddStreams(Object streams)
     {
         if (!streams.isDictionary()) return;
         for (const std::string& key : streams.getKeys()) {
-            QPDFObjectHandle stream = streams.getKey(key);
+            Object stream = streams.getKey(key);
             if (!stream.isStream() || !mSeen.insert(stream.getObjGen()).second) continue;
             Add(stream.getDict().getKey("/Resources"));
         }
     }
 
-    void AddFonts(QPDFObjectHandle fonts)
+    void AddFonts(Object fonts)
     {
         if (!fonts.isDictionary()) return;
         for (const std::string& key : fonts.getKeys()) {
-            QPDFObjectHandle font = fonts.getKey(key);
+            Object font = fonts.getKey(key);
             if (!font.isDictionary()) continue;
             if (font.isIndirect() && !mSeen.insert(font.getObjGen()).second) continue;
-            const PdfFont read = ReadPdfFont(font);
+            const PdfFont<Object> read = ReadPdfFont(font);
             if (!read.isNamed || !IsFontName(read.name)) continue;
             const Embedding embedding = GetEmbedding(font);
             const std::string name = base::ToValidUtf8(read.name);
@@ -99,7 +104,7 @@ private:
         }
     }
 
-    std::vector<QPDFObjectHandle> mTodo;
+    std::vector<Object> mTodo;
     std::set<QPDFObjGen> mSeen;
     std::map<std::string, size_t> mPlaces;
     std::vector<PageFont> mFonts;
@@ -107,6 +112,13 @@ private:
 
 }  // namespace
 
-std::vector<PageFont> ReadPageFonts(PdfFile& file) { return Search().Run(file); }
+template <class File>
+std::vector<PageFont> ReadPageFonts(File& file)
+{
+    return Search<File>().Run(file);
+}
+
+template std::vector<PageFont> ReadPageFonts(PdfFile& file);
+template std::vector<PageFont> ReadPageFonts(QuickFile& file);
 
 }  // namespace documents

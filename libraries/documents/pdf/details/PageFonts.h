@@ -11,6 +11,7 @@ namespace documents {
 // each name once, with whether its program is in the file. Of several fonts of one name, the one
 // with the least embedded decides. Type 3 fonts and fonts without a name are left out. Throws
 // LimitExceeded.
-std::vector<PageFont> ReadPageFonts(PdfFile& file);
+template <class File>
+std::vector<PageFont> ReadPageFonts(File& file);
 
 }  // namespace documents

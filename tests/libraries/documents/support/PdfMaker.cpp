@@ -1,5 +1,7 @@
 #include "PdfMaker.h"
 
+#include <gtest/gtest.h>
+
 #include "OpenBytes.h"
 #include "documents/write/Compress.h"
 
@@ -75,7 +77,30 @@ std::string PdfMaker::Make() const
 
 documents::OpenResult PdfMaker::Open(const documents::Limits& limits) const
 {
-    return OpenBytes(Make(), "made.pdf", limits);
+    const std::string pdf = Make();
+    const documents::OpenResult result = OpenBytes(pdf, "made.pdf", limits);
+    EXPECT_EQ(DescribeAnswer(OpenBytes(MakeIrregular(pdf), "made.pdf", limits)),
+              DescribeAnswer(result));
+    return result;
+}
+
+std::string MakeIrregular(const std::string& pdf) { return "\n" + pdf; }
+
+std::string DescribeAnswer(const documents::OpenResult& result)
+{
+    const documents::Document& document = result.document;
+    std::string text = result.ok ? "read by " + document.reader : "error: " + result.error;
+    text += std::string(", ") + documents::GetKindName(document.kind) + " of " + document.creator;
+    for (const std::string& note : document.notes) text += "\nnote " + note;
+    for (const std::string& font : document.fonts) text += "\nfont " + font;
+    for (const std::string& font : document.fontList) text += "\nlisted " + font;
+    for (const std::string& file : document.linkedFiles) text += "\nplaced " + file;
+    for (const documents::PageFont& font : document.pageFonts) {
+        text += "\non pages " + font.postScriptName + " " +
+                std::to_string(static_cast<int>(font.embedding));
+    }
+    for (const auto& [font, words] : document.words) text += "\nwords " + font + " " + words;
+    return text + "\n" + DescribeFrames(result);
 }
 
 std::string Deflate(const std::string& data, int level)

@@ -22,6 +22,8 @@ public:
     PdfMaker& AddTrailerEntries(const std::string& entries);
 
     std::string Make() const;
+    // Also expects the same answer from the PDF library, which reads files with faults, as from the
+    // quick reader.
     documents::OpenResult Open(const documents::Limits& limits = {}) const;
 
 private:
@@ -34,6 +36,12 @@ private:
 // Compresses `data` as zlib does, for /FlateDecode.
 // `level` is zlib's.
 std::string Deflate(const std::string& data, int level = 9);
+
+// Makes the quick reader refuse a PDF, without another effect: its header isn't at its start.
+std::string MakeIrregular(const std::string& pdf);
+
+// Returns the whole answer as text, for comparisons.
+std::string DescribeAnswer(const documents::OpenResult& result);
 
 // Returns the runs of all frames, such as "Alpha-Regular:3 Beta-Bold:1 | Alpha-Regular:2".
 std::string DescribeFrames(const documents::OpenResult& result);
