@@ -1,7 +1,5 @@
 #include "plugin-core/library/FontLibrary.h"
 
-#include <unordered_map>
-
 #include "base/Files.h"
 #include "plugin-core/library/FontFiles.h"
 
@@ -10,27 +8,6 @@ namespace {
 
 // The modification time of a file that the next Refresh reads again, changed or not.
 constexpr int64_t kReadAgain = -1;
-
-struct KnownFile {
-    int64_t id;
-    int64_t modified;
-    int64_t size;
-};
-
-using KnownFiles = std::unordered_map<std::string, KnownFile>;
-
-KnownFiles LoadKnownFiles(Database& database, const std::string& folder)
-{
-    KnownFiles known;
-    Statement statement(database,
-                        "SELECT path, id, modified, size FROM font_file WHERE library = ?");
-    statement.Bind(folder);
-    while (statement.Step()) {
-        known[statement.GetText(0)] = {statement.GetNumber(1), statement.GetNumber(2),
-                                       statement.GetNumber(3)};
-    }
-    return known;
-}
 
 std::vector<fonts::FontFaces> ReadFiles(const std::vector<FontFileState>& files)
 {
@@ -119,16 +96,35 @@ FontLibrary::FontLibrary(Database& database, std::vector<std::string> folders)
 {
 }
 
+// Reads the whole table in its order, once for all folders: to find the rows of each folder by an
+// index takes longer, and most rows are needed.
+std::map<std::string, FontLibrary::KnownFiles> FontLibrary::LoadKnownFiles()
+{
+    std::map<std::string, KnownFiles> known;
+    for (const std::string& folder : mFolders) known[folder];
+    Statement statement(mDatabase, "SELECT library, path, id, modified, size FROM font_file");
+    while (statement.Step()) {
+        const auto folder = known.find(statement.GetText(0));
+        if (folder == known.end()) continue;
+        folder->second.emplace(
+            statement.GetText(1),
+            KnownFile{statement.GetNumber(2), statement.GetNumber(3), statement.GetNumber(4)});
+    }
+    return known;
+}
+
 void FontLibrary::Refresh()
 {
     mFilesRead = 0;
     mFilesGone = 0;
-    for (const std::string& folder : mFolders) RefreshFolder(folder);
+    for (auto& [folder, known] : LoadKnownFiles()) {
+        RefreshFolder(folder, std::move(known));
+    }
 }
 
-void FontLibrary::RefreshFolder(const std::string& folder)
+// `gone` are the files of the folder in the index.
+void FontLibrary::RefreshFolder(const std::string& folder, KnownFiles gone)
 {
-    KnownFiles gone = LoadKnownFiles(mDatabase, folder);
     std::vector<FontFileState> changed;
     for (FontFileState& state : ListFontFiles(folder)) {
         const auto known = gone.find(state.path);

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <map>
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "fonts/FaceNames.h"
@@ -96,7 +98,16 @@ public:
     const std::vector<std::string>& GetFolders() const { return mFolders; }
 
 private:
-    void RefreshFolder(const std::string& folder);
+    struct KnownFile {
+        int64_t id;
+        int64_t modified;
+        int64_t size;
+    };
+    using KnownFiles = std::unordered_map<std::string, KnownFile>;  // by path
+
+    // The files in the index, by folder.
+    std::map<std::string, KnownFiles> LoadKnownFiles();
+    void RefreshFolder(const std::string& folder, KnownFiles gone);
     std::optional<std::string> FindIn(const std::string& folder, const std::string& name);
     int64_t CountRows(const std::string& selectFromWhere);
 
