@@ -180,7 +180,7 @@ BENCH_FONT = /usr/share/fonts/truetype/dejavu/DejaVuSansMono-BoldOblique.ttf
 bench: bootstrap
 	cmake --preset release -DTYPELOFT_BUILD_BENCH=ON >/dev/null
 	cmake --build --preset release --target plugin-bench panel-bench library-bench Vexcor \
-	    headless-host TypeloftSPEA PluginCoreFramework PlugPlugFrameworks
+	    docfonts headless-host TypeloftSPEA PluginCoreFramework PlugPlugFrameworks
 	bench/measure build/release --json build/bench.json
 	build/release/bench/panel-bench $(PLUGIN_CORE) $(BENCH_FONT)
 
@@ -192,9 +192,9 @@ bench-growth: bench
 bench-check: bootstrap
 	cmake --preset release -DTYPELOFT_BUILD_BENCH=ON >/dev/null
 	cmake --build --preset release --target plugin-bench library-bench panel-bench document-bench \
-	    Vexcor headless-host TypeloftSPEA PluginCoreFramework PlugPlugFrameworks
-	bench/measure build/release --fonts 40 --memory-fonts 40 --pairs 1 --seconds 0.001 \
-	    --json build/bench-check.json
+	    Vexcor docfonts headless-host TypeloftSPEA PluginCoreFramework PlugPlugFrameworks
+	bench/measure build/release --fonts 40 --memory-fonts 40 --memory-documents 40 \
+	    --pairs 1 --seconds 0.001 --json build/bench-check.json
 	bench/measure-growth build/release --most 100 --runs 1 --plot build/growth-check.svg
 
 # Measures how fast real documents are read, compared with pdffonts on the same files.
