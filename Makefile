@@ -180,7 +180,7 @@ BENCH_FONT = /usr/share/fonts/truetype/dejavu/DejaVuSansMono-BoldOblique.ttf
 bench: bootstrap
 	cmake --preset release -DTYPELOFT_BUILD_BENCH=ON >/dev/null
 	cmake --build --preset release --target plugin-bench panel-bench library-bench Vexcor \
-	    headless-host TypeloftSPEA PluginCoreFramework PlugPlugFrameworks
+	    docfonts headless-host TypeloftSPEA PluginCoreFramework PlugPlugFrameworks
 	bench/measure build/release --json build/bench.json
 	build/release/bench/panel-bench $(PLUGIN_CORE) $(BENCH_FONT)
 
@@ -192,12 +192,11 @@ bench-growth: bench
 bench-check: bootstrap
 	cmake --preset release -DTYPELOFT_BUILD_BENCH=ON >/dev/null
 	cmake --build --preset release --target plugin-bench library-bench panel-bench document-bench \
-	    pdf-fonts Vexcor headless-host TypeloftSPEA PluginCoreFramework PlugPlugFrameworks
+	    pdf-fonts docfonts Vexcor headless-host TypeloftSPEA PluginCoreFramework PlugPlugFrameworks
 	bench/compare-pdf build/release/bench/pdf-fonts samples --pairs 1
-	bench/measure build/release --fonts 40 --memory-fonts 40 --pairs 1 --seconds 0.001 \
-	    --json build/bench-check.json
+	bench/measure build/release --fonts 40 --memory-fonts 40 --memory-documents 40 \
+	    --pairs 1 --seconds 0.001 --json build/bench-check.json
 	bench/measure-growth build/release --most 100 --runs 1 --plot build/growth-check.svg
-	cmake --build --preset release --target docfonts
 	bench/measure-documents build/release samples --pairs 1 --seconds 0.01 --copies 20 \
 	    --json build/bench-documents-check.json
 

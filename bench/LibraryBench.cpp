@@ -91,6 +91,41 @@ void ActivateFonts(benchmark::State& state)
 }
 BENCHMARK(ActivateFonts)->Unit(benchmark::kMillisecond);
 
+// The part of the activation that SQLite has: its rows, in one transaction.
+void StoreActivation(benchmark::State& state)
+{
+    plugincore::Database& database = sServices->database;
+    std::vector<std::pair<std::string, std::string>> fonts;
+    for (const std::string& name : GetFirstNames()) {
+        fonts.emplace_back(name, sServices->library.Find(name).value_or(""));
+    }
+    for (auto _ : state) {
+        plugincore::Transaction transaction(database);
+        database.Execute("INSERT INTO active_group(id) VALUES(-1)");
+        for (const auto& [name, file] : fonts) {
+            plugincore::Statement(database, "INSERT INTO active_file VALUES(?, ?, -1)")
+                .Bind(file)
+                .Bind(name)
+                .Run();
+            plugincore::Statement(database, "INSERT INTO active_face VALUES(?, ?)")
+                .Bind(name)
+                .Bind(file)
+                .Run();
+            plugincore::Statement(database, "INSERT INTO hold VALUES('/bench.ai', ?, ?, '')")
+                .Bind(name)
+                .Bind(file)
+                .Run();
+        }
+        transaction.Commit();
+        state.PauseTiming();
+        database.Execute(
+            "DELETE FROM hold WHERE holder = ''; DELETE FROM active_file WHERE group_id = -1;"
+            "DELETE FROM active_group WHERE id = -1");
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(StoreActivation)->Unit(benchmark::kMillisecond);
+
 // The floor of the activation: the links, and the rename that shows them.
 void LinkAndRename(benchmark::State& state)
 {

@@ -73,6 +73,12 @@ def print_rows(rows, path=BASELINE):
             row["name"], *times[:2], row["peer"], *times[2:], row["ratio"], row["goal"], mark))
 
 
+def print_split(parts):
+    print("\n| activate 20 fonts until fc-list has them | time |\n|---|---|")
+    for name, seconds in parts:
+        print("| %s | %s |" % (name, format_time(max(seconds, 0))))
+
+
 def print_memory(rows):
     print("\n| memory | most MB | goal |\n|---|---|---|")
     for name, goal, run in rows:

@@ -7,12 +7,12 @@
 #include FT_MULTIPLE_MASTERS_H
 #include FT_SFNT_NAMES_H
 #include FT_SYSTEM_H
+#include FT_TRUETYPE_TABLES_H
 
 #include <algorithm>
 #include <atomic>
 #include <cctype>
 #include <cstdlib>
-#include <cstring>
 #include <memory>
 #include <new>
 #include <thread>
@@ -128,15 +128,44 @@ std::string MakeInstanceName(FT_Face face, const std::string& prefix,
     return prefix.empty() || styleName.empty() ? std::string() : prefix + "-" + styleName;
 }
 
-void AddName(const std::string& name, FT_Face face, FT_Long index, FontFaces& result)
+int GetWeight(FT_Face face)
+{
+    constexpr int kRegular = 400;
+    constexpr int kBold = 700;
+    constexpr FT_UShort kNoTable = 0xffff;
+    const auto* const os2 = static_cast<const TT_OS2*>(FT_Get_Sfnt_Table(face, FT_SFNT_OS2));
+    if (os2 && os2->version != kNoTable && os2->usWeightClass != 0) return os2->usWeightClass;
+    return (face->style_flags & FT_STYLE_FLAG_BOLD) != 0 ? kBold : kRegular;
+}
+
+// The place of an instance on the weight axis; `fallback` if the font has no such axis.
+int GetWeightOfInstance(const FT_MM_Var& axes, const FT_Var_Named_Style& style, int fallback)
+{
+    constexpr FT_ULong kWeightAxis = FT_MAKE_TAG('w', 'g', 'h', 't');
+    for (FT_UInt axis = 0; axis < axes.num_axis; ++axis) {
+        if (axes.axis[axis].tag == kWeightAxis) {
+            return static_cast<int>(FT_RoundFix(style.coords[axis]) >> 16);
+        }
+    }
+    return fallback;
+}
+
+void AddName(const std::string& name, FT_Face face, FT_Long index, int weight, FontFaces& result)
 {
     const auto isSame = [&](const FontFace& other) {
         return other.postScriptName == name && (other.index & 0xffff) == (index & 0xffff);
     };
     if (name.empty() || std::any_of(result.faces.begin(), result.faces.end(), isSame)) return;
-    const char* format = FT_Get_Font_Format(face);
-    result.faces.push_back(
-        {name, static_cast<int>(index), format && std::strcmp(format, "Type 1") == 0});
+    const auto getText = [](const char* text) { return std::string(text ? text : ""); };
+    FontFace found;
+    found.postScriptName = name;
+    found.index = static_cast<int>(index);
+    found.format = getText(FT_Get_Font_Format(face));
+    found.isType1 = found.format == "Type 1";
+    found.family = getText(face->family_name);
+    found.style = getText(face->style_name);
+    found.weight = weight;
+    result.faces.push_back(std::move(found));
 }
 
 std::string GetName(FT_Face face)
@@ -152,12 +181,15 @@ void AddInstances(FT_Library library, FT_Face face, FT_Long index, FontFaces& re
     const auto release = [library](FT_MM_Var* axes) { (void)FT_Done_MM_Var(library, axes); };
     const std::unique_ptr<FT_MM_Var, decltype(release)> axes(read, release);
     const std::string prefix = GetInstancePrefix(face);
+    const int weight = GetWeight(face);
     const auto count = std::min<FT_UInt>(axes->num_namedstyles, kMostInstances);
     for (FT_UInt instance = 1; instance <= count; ++instance) {
         if (FT_Set_Named_Instance(face, instance) != FT_Err_Ok) continue;
         std::string name = GetName(face);
-        if (name.empty()) name = MakeInstanceName(face, prefix, axes->namedstyle[instance - 1]);
-        AddName(name, face, (static_cast<FT_Long>(instance) << 16) | index, result);
+        const FT_Var_Named_Style& style = axes->namedstyle[instance - 1];
+        if (name.empty()) name = MakeInstanceName(face, prefix, style);
+        AddName(name, face, (static_cast<FT_Long>(instance) << 16) | index,
+                GetWeightOfInstance(*axes, style, weight), result);
     }
 }
 
@@ -174,7 +206,7 @@ FontFaces ReadAll(FT_Library library, const MappedFile& file)
             continue;
         }
         count = std::min(face->num_faces, kMostFaces);
-        AddName(GetName(face.get()), face.get(), index, result);
+        AddName(GetName(face.get()), face.get(), index, GetWeight(face.get()), result);
         if (FT_HAS_MULTIPLE_MASTERS(face.get())) AddInstances(library, face.get(), index, result);
     }
     if (result.faces.empty()) {

@@ -7,11 +7,17 @@
 // The content of one font file, read with FreeType.
 namespace fonts {
 
-// A face with a PostScript name: a face of the file, or a named instance of a variable face.
+// A face with a PostScript name: a face of the file, or a named instance of a variable face. All of
+// it is read while the file is open for its name.
 struct FontFace {
     std::string postScriptName;
     int index = 0;  // as in FreeType: face in the low 16 bits, instance (from 1) above
     bool isType1 = false;
+    // For people, as FaceNames.h has them.
+    std::string family;
+    std::string style;
+    int weight = 0;      // 1 to 1000, as in the OS/2 table: 400 is regular, 700 bold
+    std::string format;  // FreeType's word: "TrueType", "CFF", "Type 1"
 };
 
 struct FontFaces {

@@ -12,7 +12,6 @@
 #include "base/Strings.h"
 #include "documents/model/FontName.h"
 #include "fonts/ActiveFonts.h"
-#include "fonts/FaceNames.h"
 #include "fonts/FontFaces.h"
 #include "fonts/FontconfigMessages.h"
 #include "plugin-core/library/FontLibrary.h"
@@ -39,15 +38,12 @@ public:
 
     std::vector<std::string> ListNames() { return mFonts.ListNames("", 0, INT64_MAX); }
 
-    // The first file that is still there.
     std::optional<Face> Find(const std::string& name)
     {
-        for (const std::string& file : mFonts.ListFiles(name)) {
-            for (const fonts::FontFace& face : fonts::ReadFontFaces(file).faces) {
-                if (face.postScriptName == name) return Face{file, face.index};
-            }
-        }
-        return std::nullopt;
+        const auto found = mFonts.FindPresent(name);
+        if (!found) return std::nullopt;
+        const fonts::FontFace& face = found->face;
+        return Face{found->path, face.index, fonts::FaceNames{face.family, face.style}};
     }
 
 private:
@@ -90,7 +86,7 @@ void FontSearch::ReadInstalled()
     for (const fonts::ActiveFont& font : fonts::ListActiveFonts()) {
         Face& face = mInstalled[font.postScriptName];
         // If several files have the name: one of them, the same one in every call.
-        if (face.file.empty() || font.file < face.file) face = {font.file, font.index};
+        if (face.file.empty() || font.file < face.file) face = {font.file, font.index, {}};
     }
     for (const auto& [name, face] : mInstalled) mFamilies[GetFamilyKey(name)].push_back(name);
     const std::string problem = fonts::GetFontconfigProblem();
@@ -109,7 +105,7 @@ void FontSearch::ReadLibrary()
     }
 }
 
-bool FontSearch::FindExactly(const std::string& name, UsedFont& font)
+std::optional<FontSearch::Face> FontSearch::FindExactly(const std::string& name, UsedFont& font)
 {
     const auto installed = mInstalled.find(name);
     std::optional<Face> face;
@@ -119,29 +115,30 @@ bool FontSearch::FindExactly(const std::string& name, UsedFont& font)
     } else if (mLibrary && (face = mLibrary->Find(name))) {
         font.state = FontState::kInLibrary;
     } else {
-        return false;
+        return std::nullopt;
     }
     font.file = face->file;
     font.faceIndex = face->index;
-    return true;
+    return face;
 }
 
-bool FontSearch::FindOtherStyle(const std::string& name, UsedFont& font)
+std::optional<FontSearch::Face> FontSearch::FindOtherStyle(const std::string& name, UsedFont& font)
 {
     const auto family = mFamilies.find(GetFamilyKey(name));
-    if (family == mFamilies.end()) return false;
+    if (family == mFamilies.end()) return std::nullopt;
     // The plainest one is the most useful stand-in: that with the shortest name.
     std::vector<std::string> names = family->second;
     std::sort(names.begin(), names.end(), [](const std::string& left, const std::string& right) {
         return std::make_pair(left.size(), left) < std::make_pair(right.size(), right);
     });
     for (const std::string& other : names) {
-        if (!FindExactly(other, font)) continue;
+        std::optional<Face> face = FindExactly(other, font);
+        if (!face) continue;
         font.state = FontState::kOtherStyle;
         font.otherStyle = other;
-        return true;
+        return face;
     }
-    return false;
+    return std::nullopt;
 }
 
 UsedFont FontSearch::Find(const std::string& name)
@@ -149,11 +146,14 @@ UsedFont FontSearch::Find(const std::string& name)
     UsedFont font;
     const std::string sought = documents::ChooseFontName(name, [this](const std::string& known) {
         UsedFont unused;
-        return FindExactly(known, unused);
+        return FindExactly(known, unused).has_value();
     });
-    const bool isHere = FindExactly(sought, font);
-    if (isHere || FindOtherStyle(sought, font)) {
-        const fonts::FaceNames names = fonts::ReadFaceNames(font.file, font.faceIndex);
+    std::optional<Face> face = FindExactly(sought, font);
+    const bool isHere = face.has_value();
+    if (!isHere) face = FindOtherStyle(sought, font);
+    if (face) {
+        const fonts::FaceNames names =
+            face->names ? *face->names : fonts::ReadFaceNames(face->file, face->index);
         font.family = names.family;
         if (isHere) font.style = names.style;
     }

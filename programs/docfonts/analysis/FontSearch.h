@@ -2,10 +2,12 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "docfonts/report/DocumentReport.h"
+#include "fonts/FaceNames.h"
 
 namespace docfonts {
 
@@ -32,13 +34,14 @@ private:
     struct Face {
         std::string file;
         int index = 0;
+        std::optional<fonts::FaceNames> names;  // if the index of the library has them
     };
 
     void ReadInstalled();
     void ReadLibrary();
     UsedFont Find(const std::string& name);
-    bool FindExactly(const std::string& name, UsedFont& font);
-    bool FindOtherStyle(const std::string& name, UsedFont& font);
+    std::optional<Face> FindExactly(const std::string& name, UsedFont& font);
+    std::optional<Face> FindOtherStyle(const std::string& name, UsedFont& font);
 
     std::map<std::string, Face> mInstalled;  // by PostScript name
     std::unique_ptr<Library> mLibrary;       // null if there is none

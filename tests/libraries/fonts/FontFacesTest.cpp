@@ -10,6 +10,7 @@
 #include <fstream>
 
 #include "FontTestHome.h"
+#include "fonts/FaceNames.h"
 
 namespace {
 
@@ -91,6 +92,54 @@ TEST(FontFaces, ReadsTheNamedInstancesOfAVariableFont)
     const fonts::FontFaces content = fonts::ReadFontFaces(file);
     ASSERT_THAT(GetNames(content), ElementsAre("DejaVuSansMono", "DejaVuSansMono-Heavy"));
     EXPECT_EQ(1 << 16, content.faces[1].index);
+}
+
+// What ReadFaceNames says of a face that it opens by its index.
+void ExpectNamesForPeople(const std::string& file, const fonts::FontFaces& content)
+{
+    for (const fonts::FontFace& face : content.faces) {
+        const fonts::FaceNames names = fonts::ReadFaceNames(file, face.index);
+        EXPECT_NE("", names.family) << face.postScriptName;
+        EXPECT_EQ(names.family, face.family) << face.postScriptName;
+        EXPECT_EQ(names.style, face.style) << face.postScriptName;
+    }
+}
+
+TEST(FontFaces, ReadsWhatPeopleCallAFaceInTheSamePass)
+{
+    const FontTestHome home;
+    const auto bold = FontTestHome::CopyFont("DejaVuSans-BoldOblique", home.GetLibrary());
+    const auto mono = FontTestHome::CopyFont("DejaVuSansMono", home.GetLibrary());
+    const auto both = home.GetLibrary() / "both.ttc";
+    const auto variable = home.GetLibrary() / "variable.ttf";
+    FontTestHome::WriteFile(both, MakeCollection(bold, mono));
+    FontTestHome::WriteFile(variable, MakeVariableFont(mono, {"Heavy", "Very Heavy"}));
+    for (const std::string file : {bold, mono, both, variable}) {
+        const fonts::FontFaces content = fonts::ReadFontFaces(file);
+        EXPECT_FALSE(content.faces.empty());
+        ExpectNamesForPeople(file, content);
+    }
+    EXPECT_EQ("DejaVu Sans", fonts::ReadFontFaces(both).faces.at(0).family);
+    EXPECT_EQ("Bold Oblique", fonts::ReadFontFaces(both).faces.at(0).style);
+}
+
+TEST(FontFaces, ReadsWeightAndFormat)
+{
+    const FontTestHome home;
+    const auto list = [](const std::string& file) {
+        std::vector<std::string> found;
+        for (const fonts::FontFace& face : fonts::ReadFontFaces(file).faces) {
+            found.push_back(std::to_string(face.weight) + " " + face.format);
+        }
+        return found;
+    };
+    const auto mono = FontTestHome::CopyFont("DejaVuSansMono", home.GetLibrary());
+    const auto variable = home.GetLibrary() / "variable.ttf";
+    FontTestHome::WriteFile(variable, MakeVariableFont(mono, {"Semi", "Bold"}));
+    EXPECT_THAT(list(mono), ElementsAre("400 TrueType"));
+    EXPECT_THAT(list("/usr/share/fonts/truetype/dejavu/DejaVuSans-Bold.ttf"),
+                ElementsAre("700 TrueType"));
+    EXPECT_THAT(list(variable), ElementsAre("400 TrueType", "500 TrueType", "600 TrueType"));
 }
 
 TEST(FontFaces, ReportsWhyAFileIsUnusable)

@@ -61,6 +61,13 @@ void FontTestHome::WriteFile(const fs::path& file, const std::string& bytes)
     std::ofstream(file, std::ios::binary) << bytes;
 }
 
+void FontTestHome::DamageUnnoticed(const fs::path& file)
+{
+    const fs::file_time_type modified = fs::last_write_time(file);
+    WriteFile(file, std::string(fs::file_size(file), 'x'));
+    fs::last_write_time(file, modified);
+}
+
 std::set<std::string> FontTestHome::ListOfOtherProcess()
 {
     const std::unique_ptr<FILE, int (*)(FILE*)> pipe(

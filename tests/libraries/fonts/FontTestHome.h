@@ -26,6 +26,10 @@ public:
                                           const std::filesystem::path& folder);
     static void WriteFile(const std::filesystem::path& file, const std::string& bytes);
 
+    // Overwrites the bytes of a file, and leaves it the size and modification time that it has: for
+    // whoever doesn't read it, it is unchanged.
+    static void DamageUnnoticed(const std::filesystem::path& file);
+
     // Returns the PostScript names that fc-list, another process, lists.
     static std::set<std::string> ListOfOtherProcess();
 

@@ -134,6 +134,65 @@ TEST_F(Docfonts, ReadsTheLibraryWithoutWriting)
     EXPECT_EQ(kSomethingMissing, Run("a.eps"));
 }
 
+TEST_F(Docfonts, KnowsFontsOfTheLibraryWithoutReadingTheirFiles)
+{
+    AddToLibrary("DejaVuSerif-Bold");
+    FontTestHome::DamageUnnoticed(home.GetLibrary() / "DejaVuSerif-Bold.ttf");
+    (void)folder.Write("a.eps", MakeEps("DejaVuSerif-Bold DejaVuSerif-Italic"));
+    EXPECT_EQ(kSomethingMissing, Run("--json a.eps"));
+    const json fonts = GetLines().at(0)["documentFonts"];
+    EXPECT_EQ("in the library", fonts[0]["state"]);
+    EXPECT_EQ("DejaVu Serif", fonts[0]["family"]);
+    EXPECT_EQ("Bold", fonts[0]["style"]);
+    EXPECT_EQ("only as another style", fonts[1]["state"]);
+    EXPECT_EQ("DejaVuSerif-Bold", fonts[1]["otherStyle"]);
+    EXPECT_EQ("DejaVu Serif", fonts[1]["family"]);
+}
+
+// The index is out of date until the font manager runs again.
+TEST_F(Docfonts, ReadsAFileOfTheLibraryThatChangedSinceItWasIndexed)
+{
+    AddToLibrary("DejaVuSerif");
+    const std::filesystem::path file = home.GetLibrary() / "DejaVuSerif.ttf";
+    std::filesystem::copy_file("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf", file,
+                               std::filesystem::copy_options::overwrite_existing);
+    (void)folder.Write("a.eps", MakeEps("DejaVuSerif"));
+    EXPECT_EQ(kSomethingMissing, Run("--json a.eps"));
+    EXPECT_EQ("missing", GetLines().at(0)["documentFonts"][0]["state"]);
+}
+
+TEST_F(Docfonts, ReadsADatabaseOfTheVersionBeforeFamilies)
+{
+    (void)FontTestHome::CopyFont("DejaVuSans", home.GetUserFonts());
+    AddToLibrary("DejaVuSerif-Bold");
+    const std::filesystem::path path = plugincore::GetLocations().database;
+    plugincore::Database(path).Execute(
+        "DROP TRIGGER font_face_without_family; ALTER TABLE font_face DROP COLUMN family;"
+        "ALTER TABLE font_face DROP COLUMN style; ALTER TABLE font_face DROP COLUMN weight;"
+        "ALTER TABLE font_face DROP COLUMN format; PRAGMA user_version = 5");
+    (void)folder.Write("a.eps", MakeEps("DejaVuSerif-Bold"));
+    EXPECT_EQ(kAllHere, Run("--json a.eps"));
+    EXPECT_EQ("", errors);
+    const json font = GetLines().at(0)["documentFonts"][0];
+    EXPECT_EQ("in the library", font["state"]);
+    EXPECT_EQ("DejaVu Serif", font["family"]);
+    EXPECT_EQ("Bold", font["style"]);
+}
+
+TEST_F(Docfonts, ReportsADatabaseOfANewerVersionInOneLine)
+{
+    (void)FontTestHome::CopyFont("DejaVuSans", home.GetUserFonts());
+    AddToLibrary("DejaVuSerif");
+    const std::filesystem::path path = plugincore::GetLocations().database;
+    plugincore::Database(path).Execute("PRAGMA user_version = 1000");
+    (void)folder.Write("a.eps", MakeEps("DejaVuSerif"));
+    EXPECT_EQ(kSomethingMissing, Run("a.eps"));
+    EXPECT_EQ("docfonts: " + path.string() +
+                  ": was written by a newer version of this program; fonts of the library are "
+                  "reported as missing\n",
+              errors);
+}
+
 TEST_F(Docfonts, CreatesNoDatabaseAndReportsADamagedOne)
 {
     (void)folder.Write("a.eps", MakeEps("Nowhere"));

@@ -68,11 +68,23 @@ std::vector<std::string> Walk(const std::string& root, Visit visit)
     return folders;
 }
 
+int64_t GetModified(const struct stat& status)
+{
+    constexpr int64_t kNanosecondsPerSecond = 1000000000;
+    return status.st_mtim.tv_sec * kNanosecondsPerSecond + status.st_mtim.tv_nsec;
+}
+
 }  // namespace
+
+std::optional<FontFileState> LookAtFontFile(const std::string& path)
+{
+    struct stat status = {};
+    if (stat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
+    return FontFileState{path, GetModified(status), status.st_size};
+}
 
 std::vector<FontFileState> ListFontFiles(const std::string& folder)
 {
-    constexpr int64_t kNanosecondsPerSecond = 1000000000;
     std::vector<FontFileState> files;
     const auto add = [&files](DIR* parent, const std::string& path, const char* name) {
         struct stat status = {};
@@ -80,9 +92,7 @@ std::vector<FontFileState> ListFontFiles(const std::string& folder)
             !S_ISREG(status.st_mode)) {
             return;
         }
-        const int64_t modified =
-            status.st_mtim.tv_sec * kNanosecondsPerSecond + status.st_mtim.tv_nsec;
-        files.push_back({Join(path, name), modified, status.st_size});
+        files.push_back({Join(path, name), GetModified(status), status.st_size});
     };
     (void)Walk(folder, add);  // the folders aren't needed here
     return files;

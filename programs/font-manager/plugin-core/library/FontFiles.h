@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,10 @@ struct FontFileState {
     int64_t modified = 0;  // nanoseconds since 1970
     int64_t size = 0;      // bytes
 };
+
+// Returns the state of one regular file, or of that to which a symbolic link leads. Returns nothing
+// if there is none.
+std::optional<FontFileState> LookAtFontFile(const std::string& path);
 
 // Lists all regular files below `folder` that have a font's extension, in upper or lower case.
 // Symbolic links to files are followed. Folders that are missing or can't be read are ignored.

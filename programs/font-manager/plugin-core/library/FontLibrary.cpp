@@ -1,8 +1,6 @@
 #include "plugin-core/library/FontLibrary.h"
 
-#include <unordered_map>
-
-#include "fonts/FontFaces.h"
+#include "base/Files.h"
 #include "plugin-core/library/FontFiles.h"
 
 namespace plugincore {
@@ -10,27 +8,6 @@ namespace {
 
 // The modification time of a file that the next Refresh reads again, changed or not.
 constexpr int64_t kReadAgain = -1;
-
-struct KnownFile {
-    int64_t id;
-    int64_t modified;
-    int64_t size;
-};
-
-using KnownFiles = std::unordered_map<std::string, KnownFile>;
-
-KnownFiles LoadKnownFiles(Database& database, const std::string& folder)
-{
-    KnownFiles known;
-    Statement statement(database,
-                        "SELECT path, id, modified, size FROM font_file WHERE library = ?");
-    statement.Bind(folder);
-    while (statement.Step()) {
-        known[statement.GetText(0)] = {statement.GetNumber(1), statement.GetNumber(2),
-                                       statement.GetNumber(3)};
-    }
-    return known;
-}
 
 std::vector<fonts::FontFaces> ReadFiles(const std::vector<FontFileState>& files)
 {
@@ -47,7 +24,8 @@ void Store(Database& database, const std::string& folder, const std::vector<Font
                       "INSERT OR REPLACE INTO font_file(library, path, modified, size, problem)"
                       " VALUES(?, ?, ?, ?, ?) RETURNING id");
     Statement addFace(database,
-                      "INSERT INTO font_face(file, name, face_index, is_type1) VALUES(?, ?, ?, ?)");
+                      "INSERT INTO font_face(file, name, face_index, is_type1, family, style,"
+                      " weight, format) VALUES(?, ?, ?, ?, ?, ?, ?, ?)");
     for (size_t position = 0; position < files.size(); ++position) {
         const fonts::FontFaces& content = contents[position];
         const int64_t modified = content.lacksMemory ? kReadAgain : files[position].modified;
@@ -57,7 +35,8 @@ void Store(Database& database, const std::string& folder, const std::vector<Font
         addFile.Run();
         for (const fonts::FontFace& face : content.faces) {
             addFace.Bind(id).Bind(face.postScriptName).Bind(static_cast<int64_t>(face.index));
-            addFace.Bind(static_cast<int64_t>(face.isType1)).Run();
+            addFace.Bind(static_cast<int64_t>(face.isType1)).Bind(face.family).Bind(face.style);
+            addFace.Bind(static_cast<int64_t>(face.weight)).Bind(face.format).Run();
         }
     }
 }
@@ -89,6 +68,20 @@ void BindBelow(Statement& statement, const std::string& folder)
     statement.Bind(prefix).Bind(prefix);
 }
 
+// Of a row of FindPresent.
+fonts::FontFace ReadFace(const Statement& row, const std::string& postScriptName)
+{
+    fonts::FontFace face;
+    face.postScriptName = postScriptName;
+    face.index = static_cast<int>(row.GetNumber(3));
+    face.isType1 = row.GetNumber(4) != 0;
+    face.family = row.GetText(6);
+    face.style = row.GetText(7);
+    face.weight = static_cast<int>(row.GetNumber(8));
+    face.format = row.GetText(9);
+    return face;
+}
+
 std::vector<std::string> GetTexts(Statement& statement)
 {
     std::vector<std::string> texts;
@@ -103,16 +96,35 @@ FontLibrary::FontLibrary(Database& database, std::vector<std::string> folders)
 {
 }
 
+// Reads the whole table in its order, once for all folders: to find the rows of each folder by an
+// index takes longer, and most rows are needed.
+std::map<std::string, FontLibrary::KnownFiles> FontLibrary::LoadKnownFiles()
+{
+    std::map<std::string, KnownFiles> known;
+    for (const std::string& folder : mFolders) known[folder];
+    Statement statement(mDatabase, "SELECT library, path, id, modified, size FROM font_file");
+    while (statement.Step()) {
+        const auto folder = known.find(statement.GetText(0));
+        if (folder == known.end()) continue;
+        folder->second.emplace(
+            statement.GetText(1),
+            KnownFile{statement.GetNumber(2), statement.GetNumber(3), statement.GetNumber(4)});
+    }
+    return known;
+}
+
 void FontLibrary::Refresh()
 {
     mFilesRead = 0;
     mFilesGone = 0;
-    for (const std::string& folder : mFolders) RefreshFolder(folder);
+    for (auto& [folder, known] : LoadKnownFiles()) {
+        RefreshFolder(folder, std::move(known));
+    }
 }
 
-void FontLibrary::RefreshFolder(const std::string& folder)
+// `gone` are the files of the folder in the index.
+void FontLibrary::RefreshFolder(const std::string& folder, KnownFiles gone)
 {
-    KnownFiles gone = LoadKnownFiles(mDatabase, folder);
     std::vector<FontFileState> changed;
     for (FontFileState& state : ListFontFiles(folder)) {
         const auto known = gone.find(state.path);
@@ -185,6 +197,45 @@ std::vector<std::string> FontLibrary::ListFiles(const std::string& postScriptNam
     statement.Bind(postScriptName);
     BindAll(statement, mFolders);
     return GetTexts(statement);
+}
+
+std::optional<FontLibrary::PresentFace> FontLibrary::FindPresent(const std::string& postScriptName)
+{
+    const bool knowsFamilies = mDatabase.GetVersion() >= Database::kVersionWithFamilies;
+    const std::string details =
+        knowsFamilies ? "family IS NOT NULL, family, style, weight, format" : "0, '', '', 0, ''";
+    Statement statement(mDatabase, "SELECT path, modified, size, face_index, is_type1, " + details +
+                                       kFromFaces + "name = ? AND " + MakeInFolders(mFolders) +
+                                       " ORDER BY is_type1, modified DESC, path, font_face.rowid");
+    statement.Bind(postScriptName);
+    BindAll(statement, mFolders);
+    while (statement.Step()) {
+        const std::string path = statement.GetText(0);
+        const std::optional<FontFileState> now = LookAtFontFile(path);
+        if (!now || !base::IsReadableFile(path)) continue;
+        const bool isSame =
+            now->modified == statement.GetNumber(1) && now->size == statement.GetNumber(2);
+        if (isSame && statement.GetNumber(5) != 0) {
+            return PresentFace{path, ReadFace(statement, postScriptName)};
+        }
+        for (const fonts::FontFace& face : fonts::ReadFontFaces(path).faces) {
+            if (face.postScriptName == postScriptName) return PresentFace{path, face};
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<fonts::FaceNames> FontLibrary::FindFaceNames(const std::string& path,
+                                                           const std::string& postScriptName)
+{
+    Statement statement(mDatabase, std::string("SELECT family, style") + kFromFaces +
+                                       "path = ? AND name = ? AND family IS NOT NULL AND " +
+                                       MakeInFolders(mFolders) +
+                                       " ORDER BY font_face.rowid LIMIT 1");
+    statement.Bind(path).Bind(postScriptName);
+    BindAll(statement, mFolders);
+    if (!statement.Step()) return std::nullopt;
+    return fonts::FaceNames{statement.GetText(0), statement.GetText(1)};
 }
 
 std::vector<std::string> FontLibrary::ListSimilarNames(const std::string& postScriptName)

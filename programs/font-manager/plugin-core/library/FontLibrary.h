@@ -1,16 +1,21 @@
 #pragma once
 
+#include <map>
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
+#include "fonts/FaceNames.h"
+#include "fonts/FontFaces.h"
 #include "plugin-core/storage/Database.h"
 
 namespace plugincore {
 
 // The fonts that can be activated: those in the library folders, indexed by PostScript name.
 //
-// The index is in the database. Refresh compares the modification time and size of each file, so
+// The index is in the database, with all that fonts::FontFace has, so that only Refresh opens font
+// files, each once. Refresh compares the modification time and size of each file, so
 // that only new and changed files are read. FontFiles.h says which files these are. Errors of the
 // database are thrown as Failure. [main-thread]
 class FontLibrary {
@@ -50,6 +55,20 @@ public:
     // Returns all files in all folders that have the name, the one to use first.
     std::vector<std::string> ListFiles(const std::string& postScriptName);
 
+    struct PresentFace {
+        std::string path;
+        fonts::FontFace face;
+    };
+
+    // Returns the face of the first of these files that is still there and has the name. A file
+    // that has changed since it was indexed, or is in an index of an older version, is read.
+    std::optional<PresentFace> FindPresent(const std::string& postScriptName);
+
+    // Returns what people call the face of this name in a file, or nothing if the index doesn't
+    // have it.
+    std::optional<fonts::FaceNames> FindFaceNames(const std::string& path,
+                                                  const std::string& postScriptName);
+
     // Returns the names that differ from this one only in case, spaces and hyphens.
     std::vector<std::string> ListSimilarNames(const std::string& postScriptName);
 
@@ -79,7 +98,16 @@ public:
     const std::vector<std::string>& GetFolders() const { return mFolders; }
 
 private:
-    void RefreshFolder(const std::string& folder);
+    struct KnownFile {
+        int64_t id;
+        int64_t modified;
+        int64_t size;
+    };
+    using KnownFiles = std::unordered_map<std::string, KnownFile>;  // by path
+
+    // The files in the index, by folder.
+    std::map<std::string, KnownFiles> LoadKnownFiles();
+    void RefreshFolder(const std::string& folder, KnownFiles gone);
     std::optional<std::string> FindIn(const std::string& folder, const std::string& name);
     int64_t CountRows(const std::string& selectFromWhere);
 

@@ -147,15 +147,14 @@ json PanelProtocol::ListFonts(const json& request)
                                   : active.ours.count(font.postScriptName) != 0 ? "activated"
                                                                                 : "inactive";
         if (!states.empty() && states.count(state) == 0) continue;
-        if (!mFonts.Matches(font, words)) continue;
+        if (!Matches(font, words)) continue;
         const int64_t position = total++;
         if (position < offset || position >= offset + limit || bytes > kMostBytes) continue;
-        const fonts::FaceNames& family = mFonts.GetFamily(font);
-        bytes += font.postScriptName.size() + family.family.size() + family.style.size();
+        bytes += font.postScriptName.size() + font.family.size() + font.style.size();
         if (bytes > kMostBytes) continue;
         list.push_back({{"PostScriptName", font.postScriptName},
-                        {"family", family.family},
-                        {"style", family.style},
+                        {"family", font.family},
+                        {"style", font.style},
                         {"state", state},
                         {"id", font.id}});
     }

@@ -5,7 +5,7 @@
 namespace plugincore {
 namespace {
 
-constexpr int kSchemaVersion = 5;
+constexpr int kSchemaVersion = 6;
 constexpr int kBusyMilliseconds = 10000;
 
 // font_file, font_face: the index of the libraries. A file without faces has a problem instead.
@@ -67,17 +67,29 @@ CREATE TABLE open_document(path TEXT NOT NULL, holder TEXT NOT NULL, name TEXT N
 PRAGMA user_version = 5;
 )";
 
-int64_t GetSchemaVersion(Database& database)
-{
-    Statement statement(database, "PRAGMA user_version");
-    return statement.Step() ? statement.GetNumber(0) : 0;
-}
+// Added by version 6.
+// family, style, weight, format: as FontFaces.h has them, so that lists needn't open font files.
+// The size marks all files as changed: the next refresh of the index reads them again, and until
+// then every name is found as before. The trigger does the same to what a running program of an
+// older version adds.
+constexpr const char* kSchemaOfVersion6 = R"(
+ALTER TABLE font_face ADD COLUMN family TEXT;
+ALTER TABLE font_face ADD COLUMN style TEXT;
+ALTER TABLE font_face ADD COLUMN weight INTEGER NOT NULL DEFAULT 0;
+ALTER TABLE font_face ADD COLUMN format TEXT NOT NULL DEFAULT '';
+UPDATE font_file SET size = -1;
+CREATE TRIGGER font_face_without_family AFTER INSERT ON font_face WHEN NEW.family IS NULL
+BEGIN
+    UPDATE font_file SET size = -1 WHERE id = NEW.file;
+END;
+PRAGMA user_version = 6;
+)";
 
 void UpdateSchema(Database& database, const std::string& file)
 {
-    if (GetSchemaVersion(database) == kSchemaVersion) return;
+    if (database.GetVersion() == kSchemaVersion) return;
     Transaction transaction(database);
-    const int64_t version = GetSchemaVersion(database);
+    const int64_t version = database.GetVersion();
     if (version > kSchemaVersion) {
         throw Failure(StatusCodes::kDatabaseError,
                       file + ": was written by a newer version of this program");
@@ -87,6 +99,7 @@ void UpdateSchema(Database& database, const std::string& file)
     if (version < 3) database.Execute(kSchemaOfVersion3);
     if (version < 4) database.Execute(kSchemaOfVersion4);
     if (version < 5) database.Execute(kSchemaOfVersion5);
+    if (version < 6) database.Execute(kSchemaOfVersion6);
     transaction.Commit();
 }
 
@@ -124,7 +137,7 @@ Database::Database(const std::filesystem::path& file, Access) : mFile(file)
     mConnection.reset(connection);
     if (result != SQLITE_OK) ThrowFailure();
     sqlite3_busy_timeout(connection, kBusyMilliseconds);
-    if (GetSchemaVersion(*this) > kSchemaVersion) {
+    if (GetVersion() > kSchemaVersion) {
         throw Failure(StatusCodes::kDatabaseError,
                       mFile + ": was written by a newer version of this program");
     }
@@ -135,6 +148,12 @@ void Database::Execute(const std::string& sql)
     if (sqlite3_exec(GetConnection(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) {
         ThrowFailure();
     }
+}
+
+int64_t Database::GetVersion()
+{
+    Statement statement(*this, "PRAGMA user_version");
+    return statement.Step() ? statement.GetNumber(0) : 0;
 }
 
 std::string Database::GetChangeMark()

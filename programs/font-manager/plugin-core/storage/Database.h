@@ -43,6 +43,12 @@ public:
 
     void Execute(const std::string& sql);
 
+    // The version of the tables. Only a file that was opened for reading can have an older one.
+    int64_t GetVersion();
+
+    // The first version that knows the families of fonts.
+    static constexpr int64_t kVersionWithFamilies = 6;
+
     // Reads the whole file and returns the first damage, or "" if there is none.
     std::string FindDamage();
 

@@ -20,14 +20,13 @@ bool IsWanted(const Options& options, const std::string& name)
                        [&](const std::string& word) { return MatchesPattern(name, word); });
 }
 
-// Reads the file only if the user asked for a family: that takes time.
-bool IsWanted(const Options& options, const std::string& name, const std::string& state,
-              const std::string& file)
+bool IsWanted(plugincore::Services& services, const Options& options, const FontState& font)
 {
-    if (!IsWanted(options, name) || (!options.state.empty() && options.state != state)) {
+    if (!IsWanted(options, font.name) || (!options.state.empty() && options.state != font.state)) {
         return false;
     }
-    return options.family.empty() || MatchesPattern(ReadFamily(file, name), options.family);
+    return options.family.empty() ||
+           MatchesPattern(FindFamily(services, font.file, font.name), options.family);
 }
 
 // For the completion of the shell, which calls this at each key: asks fontconfig nothing.
@@ -49,7 +48,7 @@ std::string MakeText(plugincore::Services& services, const Options& options)
     for (const FontState& font : fonts) width = std::max(width, font.name.size());
     std::string text;
     for (const FontState& font : fonts) {
-        if (!IsWanted(options, font.name, font.state, font.file)) continue;
+        if (!IsWanted(services, options, font)) continue;
         if (options.json) {
             text += WriteStatusAsJson(ExplainFont(services, active, font.name));
             continue;

@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <set>
 
-#include "fonts/FaceNames.h"
 #include "fonts/FontFaces.h"
 #include "plugin-core/storage/Failure.h"
 #include "vexcor/selection/NeededFonts.h"
@@ -114,14 +113,16 @@ FontSelection SelectFonts(Services& services, const std::string& word)
     return selection;
 }
 
-std::string ReadFamily(const std::string& file, const std::string& postScriptName)
+std::string FindFamily(Services& services, const std::string& file,
+                       const std::string& postScriptName)
 {
+    const auto indexed = services.library.FindFaceNames(file, postScriptName);
+    if (indexed) return indexed->family;
     const fonts::FontFaces content = fonts::ReadFontFaces(file);
     const auto face = std::find_if(
         content.faces.begin(), content.faces.end(),
         [&](const fonts::FontFace& known) { return known.postScriptName == postScriptName; });
-    if (face == content.faces.end()) return {};
-    return fonts::ReadFaceNames(file, static_cast<int>(face->index)).family;
+    return face == content.faces.end() ? std::string() : face->family;
 }
 
 }  // namespace vexcor

@@ -30,7 +30,8 @@ bool MatchesPattern(const std::string& name, const std::string& pattern);
 std::vector<std::string> ListAllNames(plugincore::Services& services);
 
 // Returns the family of the first face of the font file that has this PostScript name, as programs
-// show it; "" if the file can't be read or has none.
-std::string ReadFamily(const std::string& file, const std::string& postScriptName);
+// show it; "" if the file can't be read or has none. Only files that aren't in the index are read.
+std::string FindFamily(plugincore::Services& services, const std::string& file,
+                       const std::string& postScriptName);
 
 }  // namespace vexcor

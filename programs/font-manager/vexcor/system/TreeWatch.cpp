@@ -25,7 +25,8 @@ TreeWatch::TreeWatch() : mDescriptor(inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
 
 void TreeWatch::Add(const std::string& folder, std::set<int>& present)
 {
-    constexpr uint32_t kChanges = IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO |
+    // A call that sets the modification time alone is reported as IN_MODIFY and not as IN_ATTRIB.
+    constexpr uint32_t kChanges = IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO | IN_MODIFY |
                                   IN_CLOSE_WRITE | IN_ATTRIB | IN_DELETE_SELF | IN_MOVE_SELF |
                                   IN_ONLYDIR;
     const int watch = inotify_add_watch(mDescriptor.Get(), folder.c_str(), kChanges);

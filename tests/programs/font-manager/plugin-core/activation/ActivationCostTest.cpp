@@ -18,7 +18,9 @@ public:
         Statement file(mDatabase,
                        "INSERT INTO font_file(library, path, modified, size) VALUES(?, ?, 0, 0)"
                        " RETURNING id");
-        Statement face(mDatabase, "INSERT INTO font_face VALUES(?, ?, 0, 0)");
+        Statement face(mDatabase,
+                       "INSERT INTO font_face(file, name, face_index, is_type1)"
+                       " VALUES(?, ?, 0, 0)");
         for (size_t number = 0; number < count; ++number) {
             names.push_back("Face" + std::to_string(number));
             const std::string path = mFolder.Write("library/" + names.back() + ".ttf", "");

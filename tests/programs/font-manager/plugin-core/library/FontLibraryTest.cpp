@@ -155,7 +155,9 @@ TEST_F(FontLibraryTest, UpdatesADatabaseOfTheFirstVersion)
     mLibrary.Refresh();
     mDatabase.Execute(
         "DROP TABLE added_folder; DROP TABLE choice; DROP TABLE program;"
-        "DROP TABLE open_document;"
+        "DROP TABLE open_document; DROP TRIGGER font_face_without_family;"
+        "ALTER TABLE font_face DROP COLUMN family; ALTER TABLE font_face DROP COLUMN style;"
+        "ALTER TABLE font_face DROP COLUMN weight; ALTER TABLE font_face DROP COLUMN format;"
         "DROP INDEX font_file_path; DROP INDEX active_face_file; DROP INDEX active_file_group;"
         "PRAGMA user_version = 1;"
         "INSERT INTO document(id, path, usage) VALUES('7', '/a.ai', '{}')");

@@ -103,6 +103,15 @@ TEST_F(PanelProtocolTest, SearchesNamesFamiliesAndStyles)
     EXPECT_EQ(R"([["DejaVuSans-Bold","active"]])", ListStates(page).dump());
 }
 
+TEST_F(PanelProtocolTest, ListsFamiliesWithoutReadingTheFiles)
+{
+    FontTestHome::DamageUnnoticed(mHome.GetLibrary() / "House/DejaVuSerif.ttf");
+    const json answer = Ask({{"op", "fonts"}, {"search", "DejaVu serif book"}});
+    ASSERT_EQ(1, answer.at("total"));
+    EXPECT_EQ("DejaVu Serif", answer.at("fonts")[0].at("family"));
+    EXPECT_EQ("Book", answer.at("fonts")[0].at("style"));
+}
+
 TEST_F(PanelProtocolTest, ListsFontsOfSomeStates)
 {
     Activate({"DejaVuSerif"});

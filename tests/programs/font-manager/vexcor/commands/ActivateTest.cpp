@@ -178,6 +178,23 @@ TEST_F(ActivateTest, ListIsLimitedByPatternFamilyAndState)
     EXPECT_EQ(vexcor::kWrongUse, Run({"list", "--names", "--json"}));
 }
 
+TEST_F(ActivateTest, ListKnowsFamiliesWithoutReadingTheFiles)
+{
+    EXPECT_EQ(vexcor::kSuccess, Run({"list"}));
+    FontTestHome::DamageUnnoticed(home.GetLibrary() / "serif/DejaVuSerif.ttf");
+    EXPECT_EQ(vexcor::kSuccess, Run({"list", "--family", "DejaVu Serif"}));
+    EXPECT_THAT(output, StartsWith("DejaVuSerif "));
+}
+
+// Fonts that are active without Vexcor needn't be in its library.
+TEST_F(ActivateTest, ListReadsTheFamilyOfAFileOutsideOfTheLibrary)
+{
+    FontTestHome::CopyFont("DejaVuSerif", home.GetUserFonts());
+    EXPECT_EQ(vexcor::kSuccess, Run({"list", "--family", "DejaVu Serif"}));
+    EXPECT_THAT(output,
+                AllOf(StartsWith("DejaVuSerif  "), HasSubstr(home.GetUserFonts().string())));
+}
+
 TEST_F(ActivateTest, RemoveForgetsAnAddedFolder)
 {
     const fs::path mine = home.GetPath() / "mine";

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <fstream>
 #include <functional>
 #include <thread>
 
@@ -62,6 +63,45 @@ TEST_F(WatchTest, TheIndexFollowsTheLibrary)
     EXPECT_EQ(home.GetLibrary() / "other/deep/DejaVuSerif.ttf",
               OpenServices().library.Find("DejaVuSerif"));
     EXPECT_EQ(vexcor::kSuccess, End(*daemon, SIGTERM));
+}
+
+// What a host that starts now has to do for the index: the files it reads and those it removes.
+int64_t StartHost()
+{
+    plugincore::Services host(plugincore::GetLocations());
+    (void)host.Start("a host");  // there is nothing to repair
+    const plugincore::FontLibrary::Counts counts = host.library.GetCounts();
+    host.Stop();
+    return counts.filesRead + counts.filesGone;
+}
+
+TEST_F(WatchTest, AHostThatStartsAfterAChangeFindsTheIndexFresh)
+{
+    const fs::path aside = FontTestHome::CopyFont("DejaVuSans", home.GetPath() / "aside");
+    const fs::path serif = FontTestHome::CopyFont("DejaVuSerif", home.GetLibrary() / "House");
+    const fs::path sans = home.GetLibrary() / "DejaVuSans.ttf";
+    const std::string log = home.GetPath() / "log";
+    const auto daemon = StartDaemon({"--log", log});
+    EXPECT_EQ(0, StartHost());
+    // Each is one event, so that the index is refreshed once and afterwards.
+    const std::vector<std::function<void()>> changes = {
+        [&] { fs::rename(aside, sans); },
+        [&] { std::ofstream(sans, std::ios::app) << "more"; },
+        [&] { fs::last_write_time(sans, fs::last_write_time(sans) - std::chrono::hours(1)); },
+        [&] { fs::rename(serif, home.GetLibrary() / "House/Other.ttf"); },
+        [&] { fs::rename(home.GetLibrary() / "House", home.GetLibrary() / "Home"); },
+        [&] { fs::remove(sans); }};
+    for (size_t change = 0; change < changes.size(); ++change) {
+        const size_t before = ReadFile(log).size();
+        changes[change]();
+        WaitUntil([&] { return ReadFile(log).find("index: ", before) != std::string::npos; });
+        EXPECT_EQ(0, StartHost()) << change;
+    }
+    EXPECT_EQ(vexcor::kSuccess, End(*daemon, SIGTERM));
+    // Without Vexcor watch the host itself reads what has changed.
+    FontTestHome::CopyFont("DejaVuSans", home.GetLibrary());
+    EXPECT_EQ(1, StartHost());
+    EXPECT_EQ(0, StartHost());
 }
 
 TEST_F(WatchTest, WatchesFoldersThatAreAdded)

@@ -41,6 +41,15 @@ TEST_F(TreeWatchTest, SeesFilesCreatedWrittenRenamedAndRemoved)
     EXPECT_TRUE(HasChanged());
 }
 
+// As `touch -m` does, and programs that copy files with their times.
+TEST_F(TreeWatchTest, SeesThatOnlyTheModificationTimeWasSet)
+{
+    FontTestHome::WriteFile(mFolder / "a", "1");
+    Watch();
+    fs::last_write_time(mFolder / "a", fs::last_write_time(mFolder / "a") - std::chrono::hours(1));
+    EXPECT_TRUE(HasChanged());
+}
+
 TEST_F(TreeWatchTest, SeesChangesInSubfoldersOldAndNew)
 {
     fs::create_directories(mFolder / "a/b");
