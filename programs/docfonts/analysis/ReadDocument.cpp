@@ -12,6 +12,7 @@
 
 #include "docfonts/analysis/PlacedFiles.h"
 #include "documents/OpenDocument.h"
+#include "documents/model/DocumentFacts.h"
 
 namespace docfonts {
 
@@ -108,13 +109,7 @@ DocumentReport ReadOne(const std::string& path, documents::Limits limits)
     report.path = path;
     report.format = documents::GetKindName(document.kind);
     report.error = result.error;
-    report.reader = document.reader;
-    report.note = documents::JoinNotes(document);
-    report.creator = document.creator;
-    report.isTemplate = document.isTemplate;
-    report.frames = document.frames.size();
-    report.stories = document.stories.size();
-    for (const documents::TextFrame& frame : document.frames) report.runs += frame.runs.size();
+    documents::CopyFacts(document, report);
     report.fonts = FontTable(document).Take();
     std::set<std::string> seen;
     for (const std::string& file : document.linkedFiles) {

@@ -15,6 +15,7 @@ struct ValidateOptions {
     bool lists = false;
     unsigned long seed = 1;
     size_t count = 5000;  // random messages of each kind
+    size_t length = 200;  // of these, in one script
     unsigned jobs = 0;    // 0: as many as there are processors
     double seconds = 0;   // for all cases; 0: no limit
     std::string junit;

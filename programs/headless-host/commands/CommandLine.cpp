@@ -14,6 +14,8 @@ namespace {
 constexpr double kLongestSeconds = 86400;
 
 constexpr int kMostJobs = 256;
+// Of random messages in one script: more are a script that is hard to shrink.
+constexpr size_t kMostScriptLength = 100000;
 
 constexpr char kJsonHelp[] = "Write JSON, one object per file and line";
 
@@ -130,6 +132,9 @@ void AddValidateOptions(CLI::App& command, Options& options)
         .check(CLI::PositiveNumber);
     AddOption(command, "--count", "N", validate.count,
               "Send N random messages of each kind (default: 5000)");
+    AddOption(command, "--length", "N", validate.length,
+              "Send N of them in one process, from one seed (default: 200)")
+        .check(CLI::Range(size_t{1}, kMostScriptLength));
     AddOption(command, "--jobs", "N", validate.jobs,
               "Run N cases at a time (default: the number of processors)")
         .check(CLI::Range(1, kMostJobs));

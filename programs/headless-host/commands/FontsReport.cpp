@@ -6,6 +6,7 @@
 #include "base/JsonText.h"
 #include "base/Plural.h"
 #include "console/Console.h"
+#include "documents/model/DocumentFacts.h"
 
 namespace headless {
 
@@ -17,13 +18,7 @@ FontsReport MakeFontsReport(const std::string& path, const documents::OpenResult
     report.error = result.error;
     const documents::Document& document = result.document;
     report.kind = documents::GetKindName(document.kind);
-    report.reader = document.reader;
-    report.note = documents::JoinNotes(document);
-    report.creator = document.creator;
-    report.isTemplate = document.isTemplate;
-    report.frames = document.frames.size();
-    report.stories = document.stories.size();
-    for (const documents::TextFrame& frame : document.frames) report.runs += frame.runs.size();
+    documents::CopyFacts(document, report);
     report.fonts = documents::GetAllFonts(document);
     report.linkedDocuments = document.linkedFiles;
     return report;

@@ -92,6 +92,11 @@ int RunLines(RunningHost& running, Place place, const std::string& name, std::st
                                     ? result.text
                                     : name + ":" + std::to_string(number) + ": " + result.text);
         }
+        for (const std::string& failure : session.nestedFailures) {
+            console::PrintError(name + ":" + std::to_string(number) + ": " + failure);
+            status = std::max<int>(status, kNotAsExpected);
+        }
+        session.nestedFailures.clear();
         const bool isWrong =
             result.outcome == LineOutcome::kWrong || result.outcome == LineOutcome::kImpossible;
         // A typing error at the prompt doesn't end the session.

@@ -156,7 +156,8 @@ private:
         if (!IsInterrupted()) RunSweepCases(sweeps, mIsTypeloft, series, mReport);
         for (const int rule : {kRandomWithModel, kRandomWithoutModel}) {
             if (IsInterrupted() || !IsChosen(rule)) continue;
-            RunRandomCases({rule, mIsTypeloft, mOptions.seed, mOptions.count}, series, mReport);
+            RunRandomCases({rule, mIsTypeloft, mOptions.seed, mOptions.count, mOptions.length},
+                           series, mReport);
         }
     }
 

@@ -7,6 +7,7 @@
 #include "panel/PanelPlayer.h"
 #include "session/MenuTree.h"
 #include "session/SessionWords.h"
+#include "simulation/SimulatedWorld.h"
 #include "system/Interrupts.h"
 #include "system/Process.h"
 
@@ -82,6 +83,9 @@ LineResult RunSave(Session& session, const Words& words)
         return MakeImpossible("save: \"" + document.path + "\" has no file yet; use: save PATH");
     }
     const std::string name = words.empty() ? document.path : words[0];
+    const SimulatedWorld* const world = session.running.world;
+    const std::string problem = world == nullptr ? std::string() : world->CheckPath(name);
+    if (!problem.empty()) return MakeWrong("save: " + problem);
     const std::string error =
         words.empty() ? documents.Save() : documents.SaveAs(session.MakeAbsolute(name));
     return error.empty() ? LineResult() : FailFile(name, error);

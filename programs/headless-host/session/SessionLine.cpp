@@ -26,6 +26,30 @@ std::vector<std::string> ListActionNames()
     return names;
 }
 
+// The action whose further words are another line.
+constexpr char kActionWithLine[] = "during";
+constexpr size_t kWordsBeforeLine = 2;
+
+// Returns "", or one line about the first thing that is wrong with a line whatever the state of the
+// session is: its action, the number of its words, or the same of a line within it.
+std::string FindMistake(const Session& session, const Words& words)
+{
+    const std::string& name = words.front();
+    const ActionRow* const row = FindAction(name);
+    if (row == nullptr) {
+        return "unknown action \"" + name + "\"; use one of " + JoinWords(ListActionNames());
+    }
+    const size_t arguments = words.size() - 1;
+    if (arguments < row->minimum || arguments > row->maximum) return "usage: " + GetUsage(*row);
+    if (row->isSimulated && session.running.world == nullptr) {
+        return name + ": only in a file that begins with the line \"simulate\"";
+    }
+    if (name != kActionWithLine) return {};
+    const std::string mistake =
+        FindMistake(session, Words(words.begin() + kWordsBeforeLine, words.end()));
+    return mistake.empty() ? mistake : name + " " + words[1] + ": " + mistake;
+}
+
 }  // namespace
 
 LineResult RunLine(Session& session, const std::string& line)
@@ -34,20 +58,12 @@ LineResult RunLine(Session& session, const std::string& line)
     const SessionWords split = SplitSessionLine(line);
     if (!split.error.empty()) return MakeWrong(split.error);
     if (split.words.empty()) return {};
+    const std::string mistake = FindMistake(session, split.words);
+    if (!mistake.empty()) return MakeWrong(mistake);
     const std::string& name = split.words.front();
     const Words arguments(split.words.begin() + 1, split.words.end());
     const ActionRow* const row = FindAction(name);
-    if (row == nullptr) {
-        return MakeWrong("unknown action \"" + name + "\"; use one of " +
-                         JoinWords(ListActionNames()));
-    }
-    if (arguments.size() < row->minimum || arguments.size() > row->maximum) {
-        return MakeWrong("usage: " + GetUsage(*row));
-    }
     const RunningHost& running = session.running;
-    if (row->isSimulated && running.world == nullptr) {
-        return MakeWrong(name + ": only in a file that begins with the line \"simulate\"");
-    }
     if (!row->isBeforeStart && running.ensureStarted) running.ensureStarted();
     if (!row->isBeforeStart && running.application.Pump() == nullptr) {
         return MakeImpossible(name + ": no plug-in is loaded");

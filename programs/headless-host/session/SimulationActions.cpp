@@ -262,6 +262,8 @@ LineResult RunDocument(Session& session, const Words& words)
 
 LineResult RunVanish(Session& session, const Words& words)
 {
+    const std::string problem = session.running.world->CheckPath(words[0]);
+    if (!problem.empty()) return MakeWrong("vanish: " + problem);
     const std::string path = session.running.world->GetPath(words[0]);
     if (unlink(path.c_str()) == 0) return {};
     return MakeImpossible("vanish: " + words[0] + ": " + std::strerror(errno));

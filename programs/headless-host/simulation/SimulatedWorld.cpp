@@ -65,12 +65,22 @@ SimulatedWorld::SimulatedWorld(const std::string& folder)
                        "vexcor.path=" + folder + "/Vexcor/Vexcor\n");
     if (error.empty() && chdir(folder.c_str()) != 0) error = folder + ": " + std::strerror(errno);
     if (!error.empty()) throw std::runtime_error(error);
+    // Without links: the paths of the session, which are relative to it, begin like those of here.
+    mFolder = fs::current_path();
     plugin_code::HideProcesses(true);
 }
 
 std::string SimulatedWorld::GetPath(const std::string& path) const
 {
     return MakeAbsolute(mFolder, path);
+}
+
+std::string SimulatedWorld::CheckPath(const std::string& path) const
+{
+    std::error_code failure;  // a path that cannot be followed leads nowhere
+    const std::string real = fs::weakly_canonical(GetPath(path), failure);
+    const bool isInside = (failure ? GetPath(path) : real).rfind(mFolder + "/", 0) == 0;
+    return isInside ? std::string() : path + ": is outside of the simulation's folder";
 }
 
 void SimulatedWorld::SetActive(const std::vector<std::string>& names)
@@ -81,6 +91,8 @@ void SimulatedWorld::SetActive(const std::vector<std::string>& names)
 
 std::string SimulatedWorld::SetDocument(const std::string& path, documents::OpenResult result)
 {
+    const std::string problem = CheckPath(path);
+    if (!problem.empty()) return problem;
     const std::string absolute = GetPath(path);
     mDocuments[absolute] = std::move(result);
     return CreateFile(absolute, "%!PS-Adobe-3.0 EPSF-3.0\n");
@@ -95,12 +107,7 @@ documents::OpenResult SimulatedWorld::Read(const std::string& path) const
 
 std::string SimulatedWorld::Write(Host& host, DocumentObject& document, const std::string& path)
 {
-    for (const auto& other : host.GetDocuments()) {
-        if (other.get() != &document && other->hasFile && other->path == path) {
-            return "cannot be saved: another open document has this name";
-        }
-    }
-    std::string error = SetDocument(path, {true, document.content, {}});
+    const std::string error = SetDocument(path, {true, document.content, {}});
     if (!error.empty()) return "cannot be saved: " + error;
     host.MarkSaved(document, path);
     return {};

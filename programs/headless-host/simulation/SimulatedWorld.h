@@ -38,7 +38,8 @@ public:
     // What the host reads from a file.
     documents::OpenResult Read(const std::string& path) const;
 
-    // Saves a document of `host`; see Host::writer.
+    // Saves a document of `host`; see Host::writer. It may be saved over the file of another open
+    // document, which the host's own writers refuse: other hosts permit it.
     std::string Write(Host& host, DocumentObject& document, const std::string& path);
 
     // Before the plug-in is started: PluginCore lacks a function, or doesn't exist. Return false if
@@ -48,6 +49,10 @@ public:
 
     // The absolute form of a path of a script.
     std::string GetPath(const std::string& path) const;
+
+    // "", or one line that says why no file may be created or deleted at this path: a simulation
+    // changes nothing outside of its folder.
+    std::string CheckPath(const std::string& path) const;
 
     // The calls so far don't count, see GetCounts.
     void CountFrom(const Host& host);
@@ -69,7 +74,7 @@ public:
     bool mayRefuse = false;             // a plug-in that refuses to start breaks no rule
 
 private:
-    const std::string mFolder;
+    std::string mFolder;
     const std::string mModule;  // PluginCore's, in the folder
     CallCounts mStart;
     std::optional<CallCounts> mEnd;  // since mStart

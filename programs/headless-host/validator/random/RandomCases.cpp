@@ -9,15 +9,10 @@
 
 namespace headless {
 
-namespace {
-
-constexpr size_t kMessagesPerScript = 200;
-
-}  // namespace
-
 void RunRandomCases(const RandomSettings& settings, CaseSeries& series, ValidatorReport& report)
 {
-    const size_t scripts = (settings.count + kMessagesPerScript - 1) / kMessagesPerScript;
+    const size_t scripts =
+        settings.count / settings.length + (settings.count % settings.length != 0);
     size_t made = 0;
     std::vector<FailedCase> failures;
     series.Run(
@@ -33,11 +28,11 @@ void RunRandomCases(const RandomSettings& settings, CaseSeries& series, Validato
             next.rule = settings.rule;
             next.seed = settings.seed + made;
             next.name = "seed " + std::to_string(next.seed);
-            const size_t rest = settings.count - made * kMessagesPerScript;
+            const size_t rest = settings.count - made * settings.length;
             // PluginCore may refuse after a `restart`.
             next.script =
                 "allow silence\n" + base::JoinLines(MakeRandomScript(
-                                        next.seed, std::min(rest, kMessagesPerScript),
+                                        next.seed, std::min(rest, settings.length),
                                         settings.rule == kRandomWithModel, settings.isTypeloft));
             ++made;
             return next;

@@ -16,6 +16,7 @@ struct RandomSettings {
     bool isTypeloft = false;
     unsigned long seed = 1;  // of the first script; the others have the following ones
     size_t count = 0;        // of the messages of all scripts
+    size_t length = 200;     // of the messages of one script, at least 1
 };
 
 // Runs scripts of random messages and reports them. Of scripts that fail in the same way, the first

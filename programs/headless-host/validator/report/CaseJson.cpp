@@ -18,6 +18,7 @@ nlohmann::ordered_json DescribeCase(const ValidatorCase& which, int level,
         value["findings"].push_back({{"rule", finding.rule}, {"message", finding.message}});
     }
     value["seed"] = which.seed;
+    value["messages"] = outcome.counts.messages;
     value["journal"] = outcome.journal;
     return value;
 }

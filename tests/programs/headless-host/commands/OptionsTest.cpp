@@ -101,10 +101,10 @@ TEST(OptionsTest, ValidateHasOptionsOfItsOwn)
     std::string text;
     ASSERT_EQ(
         ParseOutcome::kRun,
-        Parse({"validate",  "--rule", "302",    "p.aip",   "--rule", "101",          "--level",
-               "10",        "--seed", "3",      "--count", "400",    "--jobs",       "4",
-               "--time",    "1.5",    "--json", "--junit", "j",      "--output-dir", "o",
-               "--profile", "any"},
+        Parse({"validate",  "--rule", "302",      "p.aip",   "--rule", "101",          "--level",
+               "10",        "--seed", "3",        "--count", "400",    "--jobs",       "4",
+               "--time",    "1.5",    "--json",   "--junit", "j",      "--output-dir", "o",
+               "--profile", "any",    "--length", "50"},
               options, text))
         << text;
     EXPECT_EQ(Command::kValidate, options.action);
@@ -113,6 +113,7 @@ TEST(OptionsTest, ValidateHasOptionsOfItsOwn)
     EXPECT_EQ(10, options.validate.level);
     EXPECT_EQ(3U, options.validate.seed);
     EXPECT_EQ(400U, options.validate.count);
+    EXPECT_EQ(50U, options.validate.length);
     EXPECT_EQ(4U, options.validate.jobs);
     EXPECT_EQ(1.5, options.validate.seconds);
     EXPECT_TRUE(options.json);
@@ -128,6 +129,15 @@ TEST(OptionsTest, ValidateNeedsAPluginUnlessItLists)
     EXPECT_THAT(text, HasSubstr("PLUGIN"));
     ASSERT_EQ(ParseOutcome::kRun, Parse({"validate", "--list"}, options, text)) << text;
     EXPECT_TRUE(options.validate.lists);
+}
+
+TEST(OptionsTest, ARandomScriptHasAtLeastOneMessage)
+{
+    Options options;
+    std::string text;
+    EXPECT_EQ(ParseOutcome::kWrongUse,
+              Parse({"validate", "p.aip", "--length", "0"}, options, text));
+    EXPECT_THAT(text, HasSubstr("--length"));
 }
 
 TEST(OptionsTest, AScriptIsAFileOrStandardInput)

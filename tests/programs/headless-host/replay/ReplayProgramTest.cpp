@@ -1,7 +1,9 @@
 #include <gmock/gmock.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -9,6 +11,7 @@
 #include <sstream>
 
 #include "ProgramFixture.h"
+#include "system/ShadowMemory.h"
 
 using testing::HasSubstr;
 
@@ -155,6 +158,52 @@ TEST_F(ReplayProgram, AJournalCutOffIsPlayedUpToThere)
     EXPECT_EQ("headless-host: journal: line " + std::to_string(lines) +
                   ": is cut off; played up to there\n",
               errors);
+}
+
+TEST_F(ReplayProgram, AJournalCutOffAnywhereEndsInOneLine)
+{
+    constexpr size_t kCuts = 40;
+    const std::string whole = ReadFile("journal");
+    const size_t header = whole.find('\n') + 1;
+    for (size_t i = 0; i < kCuts; ++i) {
+        const bool isBetweenLines = i % 2 == 0;  // perhaps within a message
+        const size_t place = header + (whole.size() - header) * i / kCuts;
+        const size_t start = whole.rfind('\n', place) + 1;
+        const size_t size = isBetweenLines ? start : (start + whole.find('\n', start)) / 2;
+        WriteFile("journal", whole.substr(0, size));
+        const auto lines =
+            std::count(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(size), '\n');
+        EXPECT_EQ(0, Replay("makes-calls")) << size << errors;
+        EXPECT_EQ("journal: " + std::to_string(lines - 1) + " lines are equal\n", output) << size;
+        EXPECT_EQ(isBetweenLines ? ""
+                                 : "headless-host: journal: line " + std::to_string(lines + 1) +
+                                       ": is cut off; played up to there\n",
+                  errors)
+            << size;
+    }
+}
+
+TEST_F(ReplayProgram, MemoryGrowsByLessThanTheJournal)
+{
+    if (headless::kHasShadowMemory) GTEST_SKIP() << "the sanitizer's memory is counted as well";
+    const auto measure = [this](int turns) {
+        std::string script = "simulate\ndocument a.eps fonts=Alpha\n";
+        for (int i = 0; i < turns; ++i) script += "open a.eps\nchange\nclose\n";
+        WriteFile("script", script + "tick 3\n");
+        EXPECT_EQ(0, RunProgram("script script --journal '" + folder + "/journal'", "makes-calls"))
+            << errors;
+        EXPECT_EQ(0, Replay("makes-calls")) << errors;
+        // Of all that this process waited for, the largest.
+        rusage usage = {};
+        EXPECT_EQ(0, getrusage(RUSAGE_CHILDREN, &usage));
+        return usage.ru_maxrss << 10;
+    };
+    const long few = measure(50);
+    const auto fewBytes = std::filesystem::file_size(folder + "/journal");
+    const long many = measure(1000);
+    const auto manyBytes = std::filesystem::file_size(folder + "/journal");
+    EXPECT_LT(fewBytes * 10, manyBytes);
+    EXPECT_LT(many - few, static_cast<long>(manyBytes - fewBytes));
 }
 
 TEST_F(ReplayProgram, ACompressedJournalIsRead)

@@ -121,6 +121,42 @@ TEST_F(SimulationScript, AnUnmetExpectationOfDuringIsReported)
          "new\nduring GetDocumentModified expect documents 9\nsend Test Suite");
 }
 
+TEST_F(SimulationScript, AnUnmetExpectationOfDuringIsReportedWithoutASimulationToo)
+{
+    std::ofstream(folder + "/plain")
+        << "new\nduring GetDocumentModified expect documents 9\nsend Test Suite\n";
+    EXPECT_EQ(headless::kNotAsExpected, RunProgram("script plain", "meets-faults"));
+    EXPECT_EQ(
+        "headless-host: plain:3: expect documents 9: expected number of documents 9, found 1\n",
+        errors);
+}
+
+TEST_F(SimulationScript, FilesOutsideOfItsFolderAreKept)
+{
+    const std::string outside = folder + "/outside.ai";
+    std::ofstream(outside) << "kept";
+    const std::string problem = outside + ": is outside of the simulation's folder";
+    for (const std::string action : {"document", "vanish"}) {
+        Fail(headless::kWrongUse, "line 2: " + action + ": " + problem, action + " " + outside);
+    }
+    Fail(headless::kWrongUse, "line 3: save: " + problem, "new\nsave " + outside);
+    Fail(headless::kWrongUse, "line 2: document: ../a.ai: is outside of the simulation's folder",
+         "document ../a.ai");
+    // A link to the installed file.
+    const std::string link = "Vexcor/PluginFiles/PluginCore.framework/Resources/Info.plist";
+    Fail(headless::kWrongUse,
+         "line 2: document: " + link + ": is outside of the simulation's folder",
+         "document " + link);
+    EXPECT_EQ("kept", ReadFile("outside.ai"));
+    Pass("document none/../a.ai\nopen a.ai\nexpect documents 1\nvanish ./a.ai");
+}
+
+TEST_F(SimulationScript, ItsFolderMayBeReachedOverALink)
+{
+    before = "mkdir temporary; ln -s temporary link; TMPDIR=$PWD/link";
+    Pass("document a.ai\nopen a.ai\nsave b.ai\nopen a.ai\nexpect documents 2");
+}
+
 TEST_F(SimulationScript, ALineOfDuringThatIsNotPossibleIsLeftOut)
 {
     Pass("new\nduring GetDocumentModified current 7\nsend Test Suite");

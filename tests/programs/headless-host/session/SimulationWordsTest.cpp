@@ -40,6 +40,11 @@ TEST_F(SimulationWords, AWrongArgumentIsNamed)
         {"fail-allocation -1", "fail-allocation: unknown or invalid \"-1\""},
         {"fail-allocation 0", "fail-allocation: unknown or invalid \"0\""},
         {"during GetMenus", "usage: during OPERATION LINE"},
+        {"during GetMenus new x", "during GetMenus: usage: new"},
+        {"during GetMenus during GetSettings tick 1 2",
+         "during GetMenus: during GetSettings: usage: tick [N]"},
+        {"lack-suite Nothing", "lack-suite: unknown or invalid \"Nothing\""},
+        {"core Nothing", "core: unknown or invalid \"Nothing\""},
         {"document", "usage: document PATH [KEY=VALUE]..."},
         {"document a.ai colour=red", "document: unknown or invalid \"colour=red\""},
         {"document a.ai frames=many", "document: unknown or invalid \"frames=many\""},
@@ -74,6 +79,13 @@ TEST_F(SimulationWords, AWrongArgumentIsNamed)
         const size_t number = lines.find('\n') == std::string::npos ? 2 : 3;
         Fail(kWrongUse, "line " + std::to_string(number) + ": " + message, lines);
     }
+}
+
+TEST_F(SimulationWords, AnUnknownActionOfDuringIsNamed)
+{
+    EXPECT_EQ(kWrongUse, Play("during NeverCalled opn a.ai"));
+    EXPECT_THAT(errors, testing::StartsWith("headless-host: session: line 2: during NeverCalled: "
+                                            "unknown action \"opn\"; use one of open, new, "));
 }
 
 TEST_F(SimulationWords, AnInvalidLineEndsTheScript)

@@ -59,7 +59,8 @@ private:
 
 TEST_F(FoundByChance, TheRulesWithoutChanceFindNothing)
 {
-    for (const char* const plugin : {"stays-busy-after-failure", "forgets-fonts-between-saves"}) {
+    for (const char* const plugin :
+         {"stays-busy-after-failure", "forgets-fonts-between-saves", "runs-out-of-reminders"}) {
         const std::string command =
             "'" HEADLESS_HOST_PROGRAM "' validate '" TEST_PLUGINS_FOLDER "/" + std::string(plugin) +
             ".aip' --profile any --level 4 >'" + folder + "/out' 2>&1 </dev/null";
@@ -85,5 +86,14 @@ TEST_F(FoundByChance, RandomMessagesFindAnOrderThatNoRuleHas)
                                [](const std::string& line) { return line.rfind("save", 0) == 0; }))
         << testing::PrintToString(lines);
     // By a signal, or by the report of a sanitizer.
+    EXPECT_THAT(ReadFile("out"), HasSubstr("broken: rule 302"));
+}
+
+TEST_F(FoundByChance, RandomMessagesFindACountThatNoRuleReaches)
+{
+    const std::vector<std::string> lines =
+        Validate("runs-out-of-reminders", "--rule 1601 --seed 1 --count 4000");
+    EXPECT_GT(10U, lines.size()) << testing::PrintToString(lines);
+    EXPECT_THAT(lines, Contains(StartsWith("tick ")));
     EXPECT_THAT(ReadFile("out"), HasSubstr("broken: rule 302"));
 }

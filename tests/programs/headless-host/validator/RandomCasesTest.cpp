@@ -25,12 +25,12 @@ CaseOutcome FailFromThreeLines(const ValidatorCase& which, const std::string&)
 
 // What the series reports, an object per case.
 std::vector<nlohmann::json> RunRandom(size_t count, unsigned long seed, const CaseBody& body,
-                                      double seconds = 0)
+                                      double seconds = 0, size_t length = 200)
 {
     testing::internal::CaptureStdout();
     ValidatorReport report(kRandomRules, {true, "", ""});
     CaseSeries series(CaseLimits(), seconds, body, {}, report);
-    RunRandomCases({kRandomWithModel, false, seed, count}, series, report);
+    RunRandomCases({kRandomWithModel, false, seed, count, length}, series, report);
     std::istringstream lines(testing::internal::GetCapturedStdout());
     std::vector<nlohmann::json> values;
     for (std::string line; std::getline(lines, line);)
@@ -49,6 +49,22 @@ TEST(RandomCases, HaveConsecutiveSeeds)
         EXPECT_EQ(7 + i, values[i]["seed"]);
         EXPECT_EQ("passed", values[i]["outcome"]);
     }
+}
+
+TEST(RandomCases, HaveTheLengthThatWasAskedFor)
+{
+    const CaseBody body = [](const ValidatorCase& which, const std::string&) {
+        CaseOutcome outcome;
+        outcome.result = CaseResult::kFailed;
+        outcome.findings = {{302, "crashed"}};
+        outcome.journal = {which.script};
+        return outcome;
+    };
+    const auto values = RunRandom(1500, 7, body, 0, 1000);
+    ASSERT_EQ(2U, values.size());
+    // The first is shrunk. In front of the messages are the documents that are there at first.
+    const std::string second = values[1]["journal"][0];
+    EXPECT_EQ(500 + 8 + 1, std::count(second.begin(), second.end(), '\n'));
 }
 
 TEST(RandomCases, TheFirstFailureOfAKindIsShrunk)

@@ -157,6 +157,18 @@ TEST_F(Report, JsonIsOneObjectPerCaseWithoutATable)
     EXPECT_EQ("40 cases", values[3]["case"]);
 }
 
+TEST_F(Report, JsonHasTheNumberOfMessagesThatWereSent)
+{
+    settings.isJson = true;
+    testing::internal::CaptureStdout();
+    ValidatorReport report(kSomeRules, settings);
+    CaseOutcome outcome;
+    outcome.counts.messages = 12;
+    report.Add(MakeCase(302, "twelve", "tick 12\n"), outcome);
+    const auto value = nlohmann::json::parse(testing::internal::GetCapturedStdout());
+    EXPECT_EQ(12, value["messages"]);
+}
+
 TEST_F(Report, JunitHasASuitePerFamily)
 {
     settings.junitFile = scratch.Path("junit.xml");

@@ -71,9 +71,6 @@ bool IsCheckedByHost(int number)
 // A rule that needs a wrong plug-in: not of a special plug-in, not of sweeps and random messages.
 bool NeedsPlugin(const RuleRow& rule)
 {
-    // The host refuses to save over the file of an open document: the plug-in hears nothing of it.
-    constexpr int kSaveOverOpenDocument = 809;
-    if (rule.number == kSaveOverOpenDocument) return false;
     return rule.level <= kMostLevel && !rule.isForTypeloftOnly && rule.number < kFirstSweep;
 }
 

@@ -77,6 +77,10 @@ const std::vector<Fault> kFaultsOfDocuments = {
      [] {
          if (life.Is(Moment::kFonts) && life.IsAnyFileGone()) Break();
      }},
+    {809, "takes-saved-file-for-its-own",
+     [] {
+         if (IsAboutDocument(Moment::kSavedAs) && IsFileOpenTwice()) Break();
+     }},
     {811, "forgets-document-before-it-is-closed",
      [] {
          if (IsAboutDocument(Moment::kChanged) && life.document->isClosing) Crash();
