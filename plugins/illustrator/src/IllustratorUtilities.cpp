@@ -1,6 +1,9 @@
 #include "IllustratorUtilities.h"
 
+#include <string_view>
+#include <type_traits>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "ArtTypes.h"
@@ -31,10 +34,22 @@ struct FontScan {
     }
 
     FontList& fonts;
-    std::unordered_set<std::string> known;  // a repeat is found faster here than in `fonts`
+    // The names in `fonts`, where a repeat is found faster. A name stays where it is when the list
+    // grows, because a record is moved without its parts.
+    std::unordered_set<std::string_view> known;
+    static_assert(std::is_nothrow_move_constructible_v<SFontRecord>);
     SFontRecord record;
     std::string name;
 };
+
+// Makes the record that of `name`, in the memory that its last name had.
+void FillRecord(const std::string& name, SFontRecord& record)
+{
+    std::string copy;
+    if (!record.empty()) copy = std::move(record.begin()->second);
+    copy = name;
+    CrossPluginUtils::CreateFontDataForOneFont(std::move(copy), record);
+}
 
 // Returns 0 for a font that was added or is a repeat; kUnknownError for any other run.
 int AddNewFontNameFromTextArt(ATE::ITextRange run, FontScan& scan)
@@ -52,10 +67,11 @@ int AddNewFontNameFromTextArt(ATE::ITextRange run, FontScan& scan)
             name.c_str());
         return kUnknownError;
     }
-    CrossPluginUtils::CreateFontDataForOneFont(name, scan.record);
-    const bool isAdded = scan.known.insert(name).second &&
+    FillRecord(name, scan.record);
+    const bool isAdded = scan.known.count(name) == 0 &&
                          CrossPluginUtils::AddFontToArray(scan.record, false, scan.fonts);
     if (isAdded) {
+        scan.known.insert(scan.fonts.back().begin()->second);
         OutputIndentedAndFormattedString(0, "AddNewFontNameFromTextArt() added '%s'", name.c_str());
     } else {
         OutputIndentedAndFormattedString(
