@@ -64,5 +64,5 @@ def measure_plugin(build, rows, seconds):
     plugin, empty = (get_start(results["Start/%s/manual_time" % name])
                      for name in ("Plugin", "EmptyModule"))
     more = {what: plugin[what] - empty[what] for what in plugin}
-    rows.add("startup of the plug-in, more than an empty module", "5 ms", "dlopen of an empty module",
+    rows.add("startup of the plug-in, over the peer", "5 ms", "dlopen of an empty module",
              more, empty)
