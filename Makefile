@@ -179,8 +179,8 @@ PLUGIN_CORE = build/release/programs/installed/Vexcor/PluginFiles/PluginCore.fra
 BENCH_FONT = /usr/share/fonts/truetype/dejavu/DejaVuSansMono-BoldOblique.ttf
 bench: bootstrap
 	cmake --preset release -DTYPELOFT_BUILD_BENCH=ON >/dev/null
-	cmake --build --preset release --target plugin-bench panel-bench library-bench Vexcor \
-	    docfonts headless-host TypeloftSPEA PluginCoreFramework PlugPlugFrameworks
+	cmake --build --preset release --target plugin-bench startup-bench panel-bench library-bench \
+	    Vexcor docfonts headless-host TypeloftSPEA PluginCoreFramework PlugPlugFrameworks
 	bench/measure build/release --json build/bench.json
 	build/release/bench/panel-bench $(PLUGIN_CORE) $(BENCH_FONT)
 
@@ -191,8 +191,9 @@ bench-growth: bench
 # Runs the scripts of `make bench` once with small sizes, over the build of `make stage`.
 bench-check: bootstrap
 	cmake --preset release -DTYPELOFT_BUILD_BENCH=ON >/dev/null
-	cmake --build --preset release --target plugin-bench library-bench panel-bench document-bench \
-	    pdf-fonts docfonts Vexcor headless-host TypeloftSPEA PluginCoreFramework PlugPlugFrameworks
+	cmake --build --preset release --target plugin-bench startup-bench library-bench panel-bench \
+	    document-bench pdf-fonts docfonts Vexcor headless-host TypeloftSPEA PluginCoreFramework \
+	    PlugPlugFrameworks
 	bench/compare-pdf build/release/bench/pdf-fonts samples --pairs 1
 	bench/measure build/release --fonts 40 --memory-fonts 40 --memory-documents 40 \
 	    --pairs 1 --seconds 0.001 --json build/bench-check.json

@@ -6,6 +6,7 @@
 #include <memory>
 #include <new>
 
+#include "ClearMemory.h"
 #include "DebugUtils.h"
 #include "DefaultFonts.h"
 #include "HostSuites.h"
@@ -67,7 +68,11 @@ void RegisterFormat(SPInterfaceMessage* message, AIFileFormatSuite* formats)
 // byte that is always zero.
 class FontsBuffer {
 public:
-    FontsBuffer() : mBytes(new (std::nothrow) char[kFontsBufferSize + 1]()) {}
+    FontsBuffer() : mBytes(new (std::nothrow) char[kFontsBufferSize + 1])
+    {
+        // All of it: a text for which PluginCore writes no end ends where it stopped writing.
+        if (IsAllocated()) ClearMemory(mBytes.get(), kFontsBufferSize + 1);
+    }
 
     bool IsAllocated() const { return mBytes != nullptr; }
     bool IsEmpty() const { return mBytes[0] == '\0'; }

@@ -1,6 +1,9 @@
 #include "IllustratorUtilities.h"
 
+#include <string_view>
+#include <type_traits>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "ArtTypes.h"
@@ -25,16 +28,30 @@ struct FontScan {
     {
         for (const SFontRecord& font : fonts) {
             for (const auto& [key, value] : font) {
-                if (key == "PostScriptName") known.insert(value);
+                if (key == "PostScriptName") given.insert(value);
             }
         }
     }
 
     FontList& fonts;
-    std::unordered_set<std::string> known;  // a repeat is found faster here than in `fonts`
+    // The names in `fonts`, where a repeat is found faster: those from before, and those that the
+    // scan added, none of which is a default font. A name stays where it is when the list grows,
+    // because a record is moved without its parts.
+    std::unordered_set<std::string_view> given;
+    std::unordered_set<std::string_view> added;
+    static_assert(std::is_nothrow_move_constructible_v<SFontRecord>);
     SFontRecord record;
     std::string name;
 };
+
+// Makes the record that of `name`, in the memory that its last name had.
+void FillRecord(const std::string& name, SFontRecord& record)
+{
+    std::string copy;
+    if (!record.empty()) copy = std::move(record.begin()->second);
+    copy = name;
+    CrossPluginUtils::CreateFontDataForOneFont(std::move(copy), record);
+}
 
 // Returns 0 for a font that was added or is a repeat; kUnknownError for any other run.
 int AddNewFontNameFromTextArt(ATE::ITextRange run, FontScan& scan)
@@ -46,16 +63,18 @@ int AddNewFontNameFromTextArt(ATE::ITextRange run, FontScan& scan)
         OutputIndentedAndFormattedString(0, "ERROR:  GetTextRunFaceStyle() returned %d", status);
         return kUnknownError;
     }
-    if (IsIllustratorDefaultFont(name)) {
+    const bool isRepeat = scan.added.count(name) != 0;
+    if (!isRepeat && IsIllustratorDefaultFont(name)) {
         OutputIndentedAndFormattedString(
             0, "AddNewFontNameFromTextArt() ignoring '%s' (Illustrator default font).",
             name.c_str());
         return kUnknownError;
     }
-    CrossPluginUtils::CreateFontDataForOneFont(name, scan.record);
-    const bool isAdded = scan.known.insert(name).second &&
+    FillRecord(name, scan.record);
+    const bool isAdded = !isRepeat && scan.given.count(name) == 0 &&
                          CrossPluginUtils::AddFontToArray(scan.record, false, scan.fonts);
     if (isAdded) {
+        scan.added.insert(scan.fonts.back().begin()->second);
         OutputIndentedAndFormattedString(0, "AddNewFontNameFromTextArt() added '%s'", name.c_str());
     } else {
         OutputIndentedAndFormattedString(

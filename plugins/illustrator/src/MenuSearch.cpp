@@ -38,7 +38,7 @@ const json* FindMenuNode(const json& node, const char* key, const char* value)
 
 MenuIndex::MenuIndex(const json& root, const char* key) : mKey(key) { Add(root); }
 
-const json* MenuIndex::Find(const std::string& value) const
+const json* MenuIndex::Find(std::string_view value) const
 {
     const auto found = mNodes.find(value);
     if (found != mNodes.end()) return found->second;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <nlohmann/json.hpp>
-#include <string>
+#include <string_view>
 #include <unordered_map>
 
 using nlohmann::json;
@@ -24,12 +24,12 @@ public:
     MenuIndex(const json& root, const char* key);
 
     // Throws as FindMenuNode does: if it reaches a node without the key before a match.
-    const json* Find(const std::string& value) const;
+    const json* Find(std::string_view value) const;
 
 private:
     void Add(const json& node);
 
     const char* mKey;
-    std::unordered_map<std::string, const json*> mNodes;  // the first node for each value
-    const json* mNodeWithoutKey = nullptr;                // the first; a search never gets past it
+    std::unordered_map<std::string_view, const json*> mNodes;  // the first node for each value
+    const json* mNodeWithoutKey = nullptr;  // the first; a search never gets past it
 };

@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <nlohmann/json.hpp>
 #include <string>
+#include <string_view>
+#include <utility>
 
 #include "CurrentDocument.h"
 #include "DebugUtils.h"
@@ -48,7 +50,7 @@ void RefreshAllItems(const AIMenuSuite* menus, AIMenuItemHandle item)
     const MenuIndex index(root, "id");
     for (const auto& entry : gMenuState.sMenuHandleMap) {
         // Compare as FindMenuNode does: only up to the first zero byte.
-        const std::string& id = entry.second;
+        const std::string_view id = entry.second;
         const json* const node = index.Find(id.substr(0, id.find('\0')));
         if (node != nullptr) RefreshItem(menus, entry.first, *node);
     }
@@ -87,7 +89,7 @@ int updateMenuItem(AIMenuMessage* message)
     OutputIndentedAndFormattedString(1, "Entering %s", "updateMenuItem");
     const MenuItemHelp help;
     std::string menus;
-    if (GetMenus(menus) == 0) gMenuState.sLastKnownMenuState = menus;
+    if (GetMenus(menus) == 0) gMenuState.sLastKnownMenuState = std::move(menus);
     RefreshAllItems(help.menuSuite, message->menuItem);
     OutputIndentedAndFormattedString(-1, "%s returning %d", "updateMenuItem", 0);
     return 0;

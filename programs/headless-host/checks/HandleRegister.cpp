@@ -10,7 +10,7 @@ void HandleRegister::Fill(Record& record, HandleType type)
 {
     record.type = type;
     record.serial = ++mSerial;
-    record.message = mMessage.number;
+    record.message = static_cast<uint32_t>(mMessage.number);
     record.scansArtSet = type == HandleType::kArtSet && mMessage.mayKeepArtSet;
 }
 
@@ -19,16 +19,20 @@ void* HandleRegister::IssueHandle(HandleType type, std::shared_ptr<void> object,
     void* const handle = mMemory.NewHandle();
     Record& record = mHandles.emplace_back();
     Fill(record, type);
-    record.owner = owner;
     record.object = std::move(object);
-    if (owner != nullptr) mOwned[owner].push_back(handle);
+    size_t ownerNumber = 0;
+    if (owner != nullptr && mMemory.FindHandle(owner, ownerNumber)) {
+        uint32_t& last = mHandles[ownerNumber].lastOwned;
+        record.previousOwned = last;
+        last = static_cast<uint32_t>(mHandles.size());
+    }
     return handle;
 }
 
 void* HandleRegister::IssueBlock(HandleType type, size_t size)
 {
     void* const block = mMemory.NewBlock(size);
-    Record& record = mBlocks[block];
+    BlockRecord& record = mBlocks[block];
     Fill(record, type);
     record.size = size;
     return block;
@@ -48,32 +52,26 @@ HandleRegister::Record* HandleRegister::FindRecord(const void* handle)
 }
 
 HandleRegister::Record* HandleRegister::Check(const void* handle, HandleType type,
-                                              const std::string& operation)
+                                              const CallName& operation)
 {
+    Record* const record = handle == nullptr ? nullptr : FindRecord(handle);
+    if (record != nullptr && record->type == type && record->living) return record;
     const std::string wanted = GetTypeName(type);
     if (handle == nullptr) {
         mViolations.Add(kNullHandle, operation + ": the " + wanted + " is null");
-        return nullptr;
-    }
-    Record* const record = FindRecord(handle);
-    if (record == nullptr) {
+    } else if (record == nullptr) {
         mViolations.Add(kUnknownHandle,
                         operation + ": the " + wanted + " was never handed out by the host");
-        return nullptr;
-    }
-    if (record->type != type) {
+    } else if (record->type != type) {
         mViolations.Add(kWrongHandleType, operation + ": " + Describe(handle) +
                                               " is of the wrong type, wanted is: " + wanted);
-        return nullptr;
-    }
-    if (!record->living) {
+    } else {
         mViolations.Add(kExpiredHandle, operation + ": " + Describe(handle) + " has expired");
-        return nullptr;
     }
-    return record;
+    return nullptr;
 }
 
-bool HandleRegister::Retain(const void* handle, HandleType type, const std::string& operation)
+bool HandleRegister::Retain(const void* handle, HandleType type, const CallName& operation)
 {
     Record* const record = Check(handle, type, operation);
     if (record == nullptr) return false;
@@ -81,7 +79,7 @@ bool HandleRegister::Retain(const void* handle, HandleType type, const std::stri
     return true;
 }
 
-bool HandleRegister::Release(void* handle, HandleType type, const std::string& operation)
+bool HandleRegister::Release(void* handle, HandleType type, const CallName& operation)
 {
     Record* const record = Check(handle, type, operation);
     if (record == nullptr) return false;
@@ -94,18 +92,16 @@ void HandleRegister::End(void* handle, Record& record)
     record.living = false;
     record.references = 0;
     record.object.reset();
-    if (record.size != 0 || record.type == HandleType::kBlock) {
-        mMemory.RetireBlock(handle, record.size);
+    if (record.type == HandleType::kBlock || record.type == HandleType::kMemoryHandle) {
+        mMemory.RetireBlock(handle, mBlocks.at(handle).size);
     }
-    const auto found = mOwned.find(handle);
-    if (found == mOwned.end()) return;
-    const std::vector<void*> owned = std::move(found->second);
-    mOwned.erase(found);
-    for (void* const each : owned) {
-        Record& other = *FindRecord(each);
-        if (!other.living) continue;
-        other.leaked = IsOwedByPlugin(other.type) && !other.isHostOwned;
-        End(each, other);
+    for (uint32_t number = record.lastOwned; number != 0;) {
+        Record& owned = mHandles[number - 1];
+        if (owned.living) {
+            owned.leaked = IsOwedByPlugin(owned.type) && !owned.isHostOwned;
+            End(mMemory.GetHandle(number - 1), owned);
+        }
+        number = owned.previousOwned;
     }
 }
 
@@ -142,6 +138,7 @@ std::vector<std::string> HandleRegister::ListLeaks() const
     };
     for (const Record& record : mHandles) look(record);
     std::vector<const Record*> blocks;
+    blocks.reserve(mBlocks.size());
     for (const auto& entry : mBlocks) blocks.push_back(&entry.second);
     std::sort(blocks.begin(), blocks.end(),
               [](const Record* a, const Record* b) { return a->serial < b->serial; });

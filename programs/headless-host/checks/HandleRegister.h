@@ -1,11 +1,13 @@
 #pragma once
 
+#include <cstdint>
 #include <deque>
 #include <memory>
 #include <string>
 #include <unordered_map>
 #include <vector>
 
+#include "checks/CallName.h"
 #include "checks/GuardedHandles.h"
 #include "checks/HandleType.h"
 #include "checks/RuleViolations.h"
@@ -42,7 +44,7 @@ public:
     //
     // operation   the suite's operation, for the violation
     template <class Object>
-    Object* Find(const void* handle, const std::string& operation)
+    Object* Find(const void* handle, const CallName& operation)
     {
         Record* const record = Check(handle, Object::kHandleType, operation);
         return record == nullptr ? nullptr : static_cast<Object*>(record->object.get());
@@ -59,8 +61,8 @@ public:
 
     // Adds or removes a reference; with the last reference the handle expires. Returns false, and
     // records a violation, if this is no valid handle of this type.
-    bool Retain(const void* handle, HandleType type, const std::string& operation);
-    bool Release(void* handle, HandleType type, const std::string& operation);
+    bool Retain(const void* handle, HandleType type, const CallName& operation);
+    bool Release(void* handle, HandleType type, const CallName& operation);
 
     // Makes a handle of the host expire, with all handles that it owns. Ignores unknown handles.
     void Expire(void* handle);
@@ -91,23 +93,28 @@ public:
     std::string Describe(const void* handle) const;
 
 private:
+    // No record is ever deleted, and a document with a thousand texts takes millions of handles, so
+    // the numbers have 32 bits: the records of more handles would fill 160 GB.
     struct Record {
         HandleType type = HandleType::kPlugin;
         bool living = true;
         bool isHostOwned = false;
         bool leaked = false;       // expired with its owner, unreleased
         bool scansArtSet = false;  // an art set of a message that may keep one
-        unsigned references = 1;
-        size_t serial = 0;
-        size_t message = 0;
-        size_t size = 0;
-        const void* owner = nullptr;
+        uint32_t references = 1;
+        uint32_t serial = 0;
+        uint32_t message = 0;
+        uint32_t lastOwned = 0;      // the number of a handle from 1; 0 if this one owns none
+        uint32_t previousOwned = 0;  // the same, of the same owner
         std::shared_ptr<void> object;
+    };
+    struct BlockRecord : Record {
+        size_t size = 0;
     };
 
     void* IssueHandle(HandleType type, std::shared_ptr<void> object, const void* owner);
     void Fill(Record& record, HandleType type);
-    Record* Check(const void* handle, HandleType type, const std::string& operation);
+    Record* Check(const void* handle, HandleType type, const CallName& operation);
     Record* FindRecord(const void* handle);
     const Record* FindRecord(const void* handle) const;
     void End(void* handle, Record& record);
@@ -115,9 +122,8 @@ private:
     RuleViolations& mViolations;
     GuardedHandles mMemory;
     std::deque<Record> mHandles;  // by the number of the handle
-    std::unordered_map<const void*, Record> mBlocks;
-    std::unordered_map<const void*, std::vector<void*>> mOwned;
-    size_t mSerial = 0;
+    std::unordered_map<const void*, BlockRecord> mBlocks;
+    uint32_t mSerial = 0;
     Message mMessage;
     size_t mLastMessage = 0;
 };

@@ -1,5 +1,7 @@
 #include "checks/SuiteLedger.h"
 
+#include <map>
+
 namespace headless {
 
 std::string DescribeSuite(const SuiteRow& row)
@@ -48,9 +50,12 @@ void SuiteLedger::AllowUnreleased(bool alsoBefore)
 
 std::vector<std::string> SuiteLedger::ListLeaks() const
 {
-    std::vector<std::string> lines;
+    std::map<const SuiteRow*, int> all;  // rows of one table: their addresses are in order
     for (const auto& [row, count] : mCounts) {
-        const int missing = count.references - count.unreleasedAllowed;
+        all[row] = count.references - count.unreleasedAllowed;
+    }
+    std::vector<std::string> lines;
+    for (const auto& [row, missing] : all) {
         if (missing <= 0) continue;
         lines.push_back("suite " + DescribeSuite(*row) +
                         " was not released, references left: " + std::to_string(missing));

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <map>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "checks/RuleViolations.h"
@@ -43,7 +43,7 @@ private:
     };
 
     RuleViolations& mViolations;
-    std::map<const SuiteRow*, Count> mCounts;  // rows of one table: their addresses are in order
+    std::unordered_map<const SuiteRow*, Count> mCounts;
     bool mAllowsUnreleased = false;
 };
 

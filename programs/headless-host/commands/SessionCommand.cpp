@@ -79,7 +79,8 @@ LineResult RunGuarded(Session& session, const std::string& line)
 // text   the lines if they come from a file
 int RunLines(RunningHost& running, Place place, const std::string& name, std::string text)
 {
-    Session session(running);
+    // Of other lines than those of a file it isn't known yet whether they ask for calls.
+    Session session(running, place != Place::kFile || AsksForCalls(text));
     const std::unique_ptr<LineSource> source = MakeSource(place, std::move(text), session);
     int status = kAllOpened;
     for (size_t number = 1;; ++number) {

@@ -57,13 +57,13 @@ void CallFaults::Note(std::string failedCall)
     mFailedCalls.push_back(std::move(failedCall));
 }
 
-const Fault* CallFaults::CountCall(const std::string& name)
+const Fault* CallFaults::CountCall(const char* name)
 {
     if (++mCount != mFailingCall) return nullptr;
     if (mFault.exceptionType.empty()) {
         NoteFailedCall(name, mFault.status);
     } else {
-        Note(name + " " + kThrow + mFault.exceptionType);
+        Note(std::string(name) + " " + kThrow + mFault.exceptionType);
     }
     return &mFault;
 }

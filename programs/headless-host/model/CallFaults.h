@@ -37,7 +37,7 @@ public:
     //
     // name   of the operation; for one of the basic suite with the suite, as "ReleaseSuite AI Menu
     //        Suite"
-    const Fault* CountCall(const std::string& name);
+    const Fault* CountCall(const char* name);
 
     // Called with each failed call, as GetFailedCalls has it, before the call fails.
     using Listener = std::function<void(const std::string& failedCall)>;

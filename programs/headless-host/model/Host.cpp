@@ -29,9 +29,10 @@ Host::Host(FontSource& fontSource, DocumentReader documentReader)
 
 Host::~Host() { sCurrent = nullptr; }
 
-void Host::BeginCall(const std::string& name)
+void Host::BeginCall(const char* name)
 {
     if (beforeCall) beforeCall(name);
+    if (duringCalls.empty()) return;
     for (auto found = duringCalls.find(name); found != duringCalls.end();
          found = duringCalls.find(name)) {
         const std::function<void()> act = std::move(found->second);
@@ -40,7 +41,7 @@ void Host::BeginCall(const std::string& name)
     }
 }
 
-bool Host::TakeFailure(const std::string& operation, const std::string& call, AIErr& status,
+bool Host::TakeFailure(const char* operation, const char* call, AIErr& status,
                        std::string& exceptionType)
 {
     if (const Fault* const fault = suiteFaults.CountCall(call)) {
@@ -48,6 +49,7 @@ bool Host::TakeFailure(const std::string& operation, const std::string& call, AI
         exceptionType = fault->exceptionType;
         return true;
     }
+    if (failures.empty()) return false;
     const auto failure = failures.find(operation);
     if (failure == failures.end()) return false;
     status = failure->second;

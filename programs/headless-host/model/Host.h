@@ -117,14 +117,14 @@ public:
     //
     // call                    the operation as CallFaults has it
     // status, exceptionType   out: what it shall return, and throw; the second is empty for nothing
-    bool TakeFailure(const std::string& operation, const std::string& call, AIErr& status,
+    bool TakeFailure(const char* operation, const char* call, AIErr& status,
                      std::string& exceptionType);
 
     // What happens inside of the next call of an operation or function of PluginCore, by its name.
     std::multimap<std::string, std::function<void()>> duringCalls;
 
     // Does what belongs to the beginning of a call: runs what happens inside of it.
-    void BeginCall(const std::string& name);
+    void BeginCall(const char* name);
 
     // Called by BeginCall with its argument; may be empty.
     std::function<void(const std::string& operation)> beforeCall;

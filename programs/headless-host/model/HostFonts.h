@@ -3,6 +3,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <unordered_map>
 
 #include "HostTypes.h"
 #include "checks/HandleRegister.h"
@@ -74,7 +75,7 @@ private:
     HandleRegister& mHandles;
     std::set<std::string> mActive;
     std::map<std::string, std::string> mDefaults;  // by language tag
-    std::map<std::string, AIFontKey> mKeys;
+    std::unordered_map<std::string, AIFontKey> mKeys;
 };
 
 // The font of a key.

@@ -37,7 +37,7 @@ class Session {
 public:
     // runningHost   must outlive the session
     // isObserving   whether to observe the host's journal as long as the session exists, for
-    //               `expect call`; costs time
+    //               `expect call`; makes every call of the plug-in several times as slow
     explicit Session(RunningHost& runningHost, bool isObserving = true);
     ~Session();
     Session(const Session&) = delete;

@@ -74,6 +74,18 @@ LineResult RunLine(Session& session, const std::string& line)
     return row->run(session, arguments);
 }
 
+bool AsksForCalls(const std::string& script)
+{
+    for (std::string_view rest = script; !rest.empty();) {
+        const Words words = SplitSessionLine(std::string(base::TakeLine(rest))).words;
+        for (size_t i = 1; i < words.size(); ++i) {
+            const bool isCall = words[i] == "call" || words[i] == "calls";
+            if (isCall && words[i - 1] == "expect") return true;
+        }
+    }
+    return false;
+}
+
 bool IsSimulation(const std::string& script)
 {
     for (std::string_view rest = script; !rest.empty();) {

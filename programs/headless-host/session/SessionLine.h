@@ -18,6 +18,10 @@ LineResult RunLine(Session& session, const std::string& line);
 std::vector<std::string> CompleteLine(const Session& session, const std::string& line,
                                       const std::string& word);
 
+// Whether a line of the script has the words `expect call` or `expect calls`, perhaps behind
+// `during`.
+bool AsksForCalls(const std::string& script);
+
 // Whether the first line with words is `simulate`.
 bool IsSimulation(const std::string& script);
 

@@ -71,14 +71,14 @@ void SimulatedCore::Answer(const std::string& function, const nlohmann::json& ar
 {
     ++mCounts[function];
     Host* const host = Host::GetCurrent();
-    if (host != nullptr) host->BeginCall(function);
+    if (host != nullptr) host->BeginCall(function.c_str());
     if (mAnswerer) {
         mAnswerer(function, arguments, answer);
         return;
     }
     CoreBehaviour behaviour = Take(function);
     if (const Fault* const fault =
-            host == nullptr ? nullptr : host->coreFaults.CountCall(function)) {
+            host == nullptr ? nullptr : host->coreFaults.CountCall(function.c_str())) {
         behaviour = {};
         behaviour.status = static_cast<unsigned>(fault->status);
         behaviour.exceptionType = fault->exceptionType;

@@ -42,7 +42,7 @@ AIErr AcquireSuite(const char* name, int version, void* suite)
     std::string exceptionType;
     try {
         host->BeginCall("AcquireSuite");
-        if (host->TakeFailure("AcquireSuite", NameCall("AcquireSuite", name), result,
+        if (host->TakeFailure("AcquireSuite", NameCall("AcquireSuite", name).c_str(), result,
                               exceptionType)) {
             // nothing is acquired
         } else if (name == nullptr || suite == nullptr) {
@@ -82,7 +82,7 @@ AIErr ReleaseSuite(const char* name, int version)
     try {
         host->BeginCall("ReleaseSuite");
         const SuiteRow* const row = name == nullptr ? nullptr : FindOffered(*host, name, version);
-        if (host->TakeFailure("ReleaseSuite", NameCall("ReleaseSuite", name), result,
+        if (host->TakeFailure("ReleaseSuite", NameCall("ReleaseSuite", name).c_str(), result,
                               exceptionType)) {
             // nothing is released
         } else if (row != nullptr) {

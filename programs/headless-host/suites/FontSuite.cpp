@@ -41,7 +41,7 @@ AIErr GetPostScriptFontName(AIFontKey key, char* buffer, short bufferSize)
             std::min(font->postScriptName.size(), static_cast<size_t>(bufferSize) - 1);
         std::memcpy(buffer, font->postScriptName.data(), length);
         buffer[length] = '\0';
-        call.Out("name", std::string(buffer));
+        call.Out("name", static_cast<const char*>(buffer));
         return kHostSuccess;
     });
 }

@@ -17,7 +17,7 @@ AIErr AllocateBlock(size_t size, const char* debugName, void** block)
 {
     return Answer(kBlocksSuite, "AllocateBlock", [&](SuiteCall& call) {
         call.Arg("size", size);
-        call.Arg("debugName", std::string(debugName == nullptr ? "(null)" : debugName));
+        call.Arg("debugName", debugName == nullptr ? "(null)" : debugName);
         if (!call.Require(block, "block")) return kHostBadParameter;
         *block = call.host.handles.IssueBlock(HandleType::kBlock, size);
         call.OutHandle("block", *block);

@@ -4,7 +4,7 @@ namespace headless {
 
 SuiteCall::SuiteCall(Host& theHost, const SuiteRow& row, const char* operationName)
     : host(theHost),
-      operation(std::string(row.name) + ", " + operationName),
+      operation(row.name, operationName),
       mRow(row),
       mName(operationName),
       mWanted(theHost.journal.IsOpen())
@@ -43,7 +43,9 @@ void SuiteCall::Finish(int result)
 {
     if (!mWanted) return;
     mResults["status"] = result;
-    host.journal.Write("suite", operation, mArguments, mResults);
+    if (mArguments.is_null()) mArguments = nlohmann::json::object();
+    if (mResults.is_null()) mResults = nlohmann::json::object();
+    host.journal.Write("suite", operation.Get(), mArguments, mResults);
 }
 
 }  // namespace headless

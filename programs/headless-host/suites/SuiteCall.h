@@ -63,14 +63,14 @@ public:
     void Finish(int result);
 
     Host& host;
-    const std::string operation;  // the suite and the operation, as violations name them
+    const CallName operation;  // the suite and the operation
 
 private:
     const SuiteRow& mRow;
     const char* const mName;  // of the operation alone
     const bool mWanted;
-    nlohmann::json mArguments = nlohmann::json::object();
-    nlohmann::json mResults = nlohmann::json::object();
+    nlohmann::json mArguments;  // null until there is one
+    nlohmann::json mResults;
 };
 
 // Runs a suite operation: `body` gets the call and returns the status. Catches all exceptions,

@@ -2,8 +2,6 @@
 
 #include <fcntl.h>
 
-#include <algorithm>
-
 #include "application/HostPlatformTable.h"
 #include "base/FileDescriptor.h"
 #include "base/Lines.h"
@@ -12,24 +10,12 @@
 #include "model/PluginCode.h"
 #include "session/Session.h"
 #include "session/SessionLine.h"
-#include "session/SessionWords.h"
 #include "simulation/SimulatedWorld.h"
 #include "system/Paths.h"
 
 namespace headless {
 
 namespace {
-
-// Whether a line has the words `expect call` or `expect calls`, perhaps behind `during`.
-bool AsksForCalls(const std::string& line)
-{
-    const Words words = SplitSessionLine(line).words;
-    for (size_t i = 1; i < words.size(); ++i) {
-        const bool isCall = words[i] == "call" || words[i] == "calls";
-        if (isCall && words[i - 1] == "expect") return true;
-    }
-    return false;
-}
 
 // Without the file, a crash is not known to be the failed call's.
 void WriteFailedCall(const std::string& path, const std::string& line)
@@ -87,7 +73,7 @@ private:
         const auto start = [&] { Start(application); };
         RunningHost running{mHost, application, mOptions, mFolder, &mWorld, start};
         // Lives as long as the application: lines of `during` may be performed in the shutdown.
-        Session session(running, std::any_of(lines.begin(), lines.end(), AsksForCalls));
+        Session session(running, AsksForCalls(mCase.script));
         bool isOver = false;
         while (line < lines.size() && !isOver) {
             isOver = !PlayLine(session, lines[line], line + 1);

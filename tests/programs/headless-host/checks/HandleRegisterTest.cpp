@@ -92,6 +92,42 @@ TEST_F(HandleRegisterTest, OwnedHandlesExpireWithTheirOwner)
     EXPECT_THAT(handles.ListLeaks(), IsEmpty()) << "art need not be released";
 }
 
+TEST_F(HandleRegisterTest, OnlyTheHandlesOfAnOwnerExpireWithIt)
+{
+    void* const owners[] = {handles.Issue(std::make_shared<DocumentObject>()),
+                            handles.Issue(std::make_shared<DocumentObject>())};
+    void* const inner = IssueString(owners[0]);
+    void* const free = IssueString();
+    std::vector<void*> strings;
+    for (int i = 0; i < 10; ++i) strings.push_back(IssueString(owners[i % 2]));
+    void* const innermost = IssueString(inner);
+    handles.Expire(owners[0]);
+    for (int i = 0; i < 10; ++i) {
+        const bool isLiving = handles.Peek<headless::StringObject>(strings[i]) != nullptr;
+        EXPECT_EQ(i % 2 != 0, isLiving) << i;
+        EXPECT_EQ(i % 2 != 0, handles.Retain(strings[i], HandleType::kString, "AddRef")) << i;
+    }
+    EXPECT_TRUE(handles.Retain(free, HandleType::kString, "AddRef"));
+    EXPECT_FALSE(handles.Retain(innermost, HandleType::kString, "AddRef")) << "owned by an owned";
+    EXPECT_EQ(6U, violations.Count());
+}
+
+TEST_F(HandleRegisterTest, AMemoryHandleIsUnmappedWithItsLastReference)
+{
+    auto* const block = static_cast<char*>(handles.IssueBlock(HandleType::kMemoryHandle, 20));
+    block[19] = 'x';
+    EXPECT_TRUE(handles.Release(block, HandleType::kMemoryHandle, "MdMemoryDisposeHandle"));
+    EXPECT_DEATH({ *static_cast<volatile char*>(block) = 'y'; }, "");
+}
+
+TEST_F(HandleRegisterTest, NamesTheSuiteOfAViolation)
+{
+    const headless::CallName name("AI Font Suite", "GetPostScriptFontName");
+    EXPECT_EQ(nullptr, handles.Find<DocumentObject>(nullptr, name));
+    EXPECT_THAT(violations.Lines(),
+                ElementsAre("AI Font Suite, GetPostScriptFontName: the document is null"));
+}
+
 TEST_F(HandleRegisterTest, ListsWhatThePluginHasNotReleased)
 {
     (void)IssueString();

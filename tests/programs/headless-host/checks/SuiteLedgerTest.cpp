@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "suites/SuiteTable.h"
 
 using testing::ElementsAre;
@@ -27,6 +29,19 @@ TEST_F(SuiteLedgerTest, CountsReferences)
     EXPECT_TRUE(ledger.Release(row));
     EXPECT_FALSE(ledger.IsHeld(row));
     EXPECT_THAT(ledger.ListLeaks(), IsEmpty());
+}
+
+TEST_F(SuiteLedgerTest, ListsLeaksInTheOrderOfTheSuiteTable)
+{
+    const std::vector<const char*> names = {"ATE Font Suite", "ATE Story Suite", "AI User Suite",
+                                            "AI Font Suite",  "SP Blocks Suite", "AI Timer Suite"};
+    std::for_each(names.rbegin(), names.rend(),
+                  [this](const char* name) { ledger.Acquire(*headless::FindSuiteRow(name)); });
+    const std::vector<std::string> leaks = ledger.ListLeaks();
+    ASSERT_EQ(names.size(), leaks.size());
+    for (size_t i = 0; i < names.size(); ++i) {
+        EXPECT_THAT(leaks[i], testing::StartsWith("suite \"" + std::string(names[i]) + "\""));
+    }
 }
 
 TEST_F(SuiteLedgerTest, RefusesAReleaseWithoutAReference)

@@ -1,6 +1,7 @@
 #include "SessionFixture.h"
 #include "session/ActionTable.h"
 #include "session/ExpectAction.h"
+#include "session/SessionLine.h"
 #include "session/SessionWords.h"
 
 using headless::LineOutcome;
@@ -25,6 +26,18 @@ TEST(SessionWordsTest, AQuotedWordIsReadBackUnchanged)
     for (const std::string word : {"plain", "two words", "a\"b", "it's", "", "#x", "a \\ b"}) {
         EXPECT_THAT(SplitSessionLine(headless::QuoteSessionWord(word)).words, ElementsAre(word));
     }
+}
+
+TEST(SessionLineTest, AScriptAsksForCallsIfALineExpectsOne)
+{
+    using headless::AsksForCalls;
+    EXPECT_TRUE(AsksForCalls("new\nexpect call GetMenus"));
+    EXPECT_TRUE(AsksForCalls("expect\tcalls GetMenus 2\r\nnew\n"));
+    EXPECT_TRUE(AsksForCalls("'expect' ca\"ll\" GetMenus\n"));
+    EXPECT_TRUE(AsksForCalls("during GetMenus during GetMenus expect call GetMenus\n"));
+    EXPECT_FALSE(AsksForCalls(""));
+    EXPECT_FALSE(AsksForCalls("# expect call GetMenus\nexpect documents 0\ntext expect-call\n"));
+    EXPECT_FALSE(AsksForCalls("expect\ncall GetMenus\n"));
 }
 
 class SessionTest : public SessionFixture {};

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "DialogSuppression.h"
 #include "DocumentRegistry.h"
 #include "FileFormatHook.h"
@@ -284,6 +286,37 @@ TEST_F(FileFormatCheck, AcceptsASizeLargerThanTheBuffer)
     HandleCheckFileFormat("/a.ai", json());
     EXPECT_THAT(core->calls, ::testing::Contains(
                                  "InvokeResolveDialog(\"[{\"PostScriptName\":\"A\"}]\", 4194304)"));
+}
+
+// The buffer can be memory that was used before, for instance by the check before this one.
+TEST_F(FileFormatCheck, ATextWithoutAnEndEndsWherePluginCoreStoppedWriting)
+{
+    static std::string sText;
+    core.Loader().pfHandleOpenExistingDocument = [](const char*, char* ioJson, size_t* ioSize,
+                                                    int*) -> unsigned int {
+        EXPECT_EQ(*ioSize, static_cast<size_t>(std::count(ioJson, ioJson + *ioSize, '\0')));
+        (void)sText.copy(ioJson, *ioSize);
+        return 0;
+    };
+    const std::string text = R"([{"PostScriptName":"A"}])";
+    for (const size_t size : {kBufferSize, text.size(), size_t{5000}, text.size()}) {
+        sText = text + std::string(size - text.size(), ' ');
+        core->calls.clear();
+        HandleCheckFileFormat("/a.ai", json());
+        ASSERT_EQ(3U, core->calls.size());
+        EXPECT_EQ("InvokeResolveDialog(\"" + sText + "\", 1048576)", core->calls[1]);
+    }
+}
+
+TEST_F(FileFormatCheck, APluginCoreThatWritesNothingAfterALongTextHasNothingToResolve)
+{
+    core->openAnswer = std::string(kBufferSize - 1, 'x');
+    EXPECT_THROW(HandleCheckFileFormat("/a.ai", json()), json::exception);
+    core->openAnswer.reset();
+    core->calls.clear();
+    HandleCheckFileFormat("/a.ai", json());
+    EXPECT_THAT(core->CalledNames(), ElementsAre("PluginIsEnabled", "HandleOpenExistingDocument"));
+    EXPECT_TRUE(Suppressing());
 }
 
 // Numbers can get longer when they are written again, and so can the filtered text.

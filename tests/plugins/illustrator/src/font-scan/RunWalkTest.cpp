@@ -121,6 +121,28 @@ TEST_F(RunWalk, SkipsDefaultFonts)
         HasTrace("WARNING: for text frame 0, AddNewFontNameFromTextArt() returned 352321536"));
 }
 
+TEST_F(RunWalk, SkipsADefaultFontThatIsInTheListAlready)
+{
+    SFontRecord record;
+    record["PostScriptName"] = "HostSans-Bold";
+    fonts.push_back(record);
+    AddFrames({{"A", "HostSans-Bold", "HostSans-Bold"}});
+    EXPECT_EQ(kUnknownStatus, Walk());
+    EXPECT_THAT(Names(), ElementsAre("HostSans-Bold", "A"));
+    EXPECT_TRUE(HasTrace(
+        "AddNewFontNameFromTextArt() ignoring 'HostSans-Bold' (Illustrator default font)."));
+}
+
+// The list grows, and with it the memory of the names that repeats are compared with.
+TEST_F(RunWalk, FindsTheRepeatsOfManyFonts)
+{
+    std::vector<std::string> runs;
+    for (int run = 0; run < 3000; ++run) runs.push_back("Font" + std::to_string(run % 1000));
+    AddFrames({runs});
+    EXPECT_EQ(0, Walk());
+    EXPECT_EQ(std::vector<std::string>(runs.begin(), runs.begin() + 1000), Names());
+}
+
 TEST_F(RunWalk, ReturnsUnknownIfTheLastRunIsInADefaultFont)
 {
     AddFrames({{"A"}, {"B", "HostSans-Regular"}});
