@@ -10,7 +10,7 @@ namespace {
 bool IsLineEnd(char c) { return c == '\r' || c == '\n'; }
 
 // Eight copies of a byte.
-constexpr uint64_t Repeat(unsigned char byte) { return 0x0101010101010101 * byte; }
+constexpr uint64_t Repeat(unsigned char byte) { return uint64_t{0x0101010101010101} * byte; }
 
 // Returns a word whose lowest set bit is the highest bit of the first zero byte; 0 if there is
 // none.
