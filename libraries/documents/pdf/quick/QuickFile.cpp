@@ -157,11 +157,12 @@ void QuickFile::Inflate(std::string_view packed, const QuickObject& parameters, 
         return;
     }
     const long long columns = GetIntegerOr(parameters, "/Columns", 1);
-    const long long pixelBits =
-        GetIntegerOr(parameters, "/Colors", 1) * GetIntegerOr(parameters, "/BitsPerComponent", 8);
+    const long long colors = GetIntegerOr(parameters, "/Colors", 1);
+    const long long bits = GetIntegerOr(parameters, "/BitsPerComponent", 8);
+    if (colors <= 0 || colors > 32 || bits <= 0 || bits > 16) throw Irregular("predictor");
+    const long long pixelBits = colors * bits;
     const bool isSound = predictor >= 10 && predictor <= 15 && columns > 0 &&
-                         columns < kMostRowBytes && pixelBits > 0 && pixelBits <= 64 &&
-                         columns * pixelBits < kMostRowBytes;
+                         columns < kMostRowBytes && columns * pixelBits < kMostRowBytes;
     ByteBuffer predicted;
     if (!isSound || !InflateAtOnce(packed, predicted)) throw Irregular("predictor");
     PlainSink sink(data);

@@ -124,6 +124,11 @@ TEST(QuickFile, LeavesFaultsToTheLibrary)
     EXPECT_FALSE(isQuick(PdfMaker().Set(4, "<< /Length 4 0 R >>\nstream\nq Q\nendstream")));
     EXPECT_FALSE(isQuick(PdfMaker().SetStream(4, "/Filter /FlateDecode", "no zlib")));
     EXPECT_FALSE(isQuick(PdfMaker().SetStream(4, "/Filter /LZWDecode", "q Q")));
+    EXPECT_FALSE(isQuick(PdfMaker().SetStream(
+        4,
+        "/Filter /FlateDecode /DecodeParms << /Predictor 12 /Colors 999999999999999 "
+        "/BitsPerComponent 999999999999999 >>",
+        Deflate("q Q"))));
     EXPECT_FALSE(isQuick(PdfMaker().Set(5, "<< /Font << /F1 10 1 R >> >>")));
     EXPECT_FALSE(isQuick(PdfMaker().Set(5, "<< /Font " + std::string(500, '[') + " >>")));
     EXPECT_TRUE(isQuick(PdfMaker().Set(5, "<< /Font << /F1 99 0 R >> >>")));
