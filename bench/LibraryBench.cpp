@@ -184,7 +184,8 @@ try {
     sLibrary = fs::canonical(argv[1]);
     MakeHome();
     sServices = std::make_unique<Services>(plugincore::GetLocations());
-    (void)sServices->Start();  // there is nothing to repair
+    (void)sServices->Start();           // there is nothing to repair
+    (void)fonts::GetActiveFontNames();  // fontconfig writes caches at the first look in a home
     benchmark::RunSpecifiedBenchmarks();
     sServices->Stop();
     sServices.reset();

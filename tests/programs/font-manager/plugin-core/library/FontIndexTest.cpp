@@ -93,6 +93,20 @@ TEST_F(FontIndexTest, KnowsOnlyFilesOfItsOwnFolders)
     EXPECT_FALSE(library.FindFaceNames(file, "DejaVuSans-Bold"));
 }
 
+// The user may have added what the environment names as well, or a folder inside of it.
+TEST_F(FontIndexTest, AFolderNamedTwiceOrInsideOfAnotherIsReadOnce)
+{
+    Database database(mFile);
+    const std::string root = mHome.GetLibrary();
+    FontLibrary library(database, {root, root + "/House", root});
+    library.Refresh();
+    EXPECT_EQ(3, library.GetCounts().filesRead);
+    library.Refresh();
+    EXPECT_EQ(0, library.GetCounts().filesRead);
+    EXPECT_EQ(0, library.GetCounts().filesGone);
+    EXPECT_EQ(2, library.GetCounts().names);
+}
+
 // What users have in a database: fonts that they activated, and their libraries.
 void MakeOldDatabase(const fs::path& added)
 {
