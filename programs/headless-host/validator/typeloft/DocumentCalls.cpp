@@ -29,10 +29,10 @@ void AddDisabled(std::vector<ValidatorCase>& cases)
                  {"core PluginIsEnabled flag=false", "open a.ai", "core PluginIsEnabled flag=true",
                   "open b.ai", ExpectCore("HandleOpenExistingDocument", 2)}));
     // Menus and ticks don't depend on it.
-    AddCase(
-        cases, 1111, "menus-and-ticks",
-        Join(MakeWorld(), {"core PluginIsEnabled flag=false", "show menu", "menu Command", "tick",
-                           ExpectCore("HandleMenuSelection", 1), ExpectCore("IdleEvent", 1)}));
+    AddCase(cases, 1111, "menus-and-ticks",
+            Join(MakeWorld(),
+                 {"open a.ai", "core PluginIsEnabled flag=false", "show menu", "menu Command",
+                  "tick", ExpectCore("HandleMenuSelection", 1), ExpectCore("IdleEvent", 1)}));
 
     const std::vector<std::pair<std::string, unsigned>> events = {
         {"new", 1}, {"open b.ai", 2}, {"change", 1}, {"save", 2}, {"close", 2}};
