@@ -53,7 +53,8 @@ int AskForPort(const std::string& frameworksFolder, const std::function<void()>&
     const std::string& payload = bus->GetReceived().back();
     const std::optional<int> port = PanelPlayer::ReadPort(payload);
     if (!port) {
-        throw Failure{std::string(kPortResponseEvent) + " does not report a port: " + Quote(payload)};
+        throw Failure{std::string(kPortResponseEvent) +
+                      " does not report a port: " + Quote(payload)};
     }
     return *port;
 }

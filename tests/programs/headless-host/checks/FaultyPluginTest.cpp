@@ -164,6 +164,7 @@ TEST_F(FaultyPlugin, EveryTestPluginIsListedHere)
                                           "meets-faults",
                                           "stays-busy-after-failure",
                                           "forgets-fonts-between-saves",
+                                          "runs-out-of-reminders",
                                           "throws",
                                           "well-behaved",
                                           "makes-calls",
