@@ -4,8 +4,6 @@
 #include <string>
 #include <string_view>
 
-#include "documents/bytes/PdfCharacters.h"
-
 namespace documents {
 
 enum class TokenType {

@@ -4,9 +4,9 @@
 
 #include "base/Utf8.h"
 #include "documents/pdf/PdfDictionary.h"
-#include "documents/pdf/PdfFile.h"
+#include "documents/pdf/PdfFile.h"  // IWYU pragma: keep
 #include "documents/pdf/XmpPacket.h"
-#include "documents/pdf/quick/QuickFile.h"
+#include "documents/pdf/quick/QuickFile.h"  // IWYU pragma: keep
 
 namespace documents {
 

@@ -1,5 +1,6 @@
 #include "documents/pdf/PdfFont.h"
 
+#include <qpdf/QPDFObjectHandle.hh>
 #include <string_view>
 
 #include "base/Strings.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <map>
-#include <qpdf/QPDFObjectHandle.hh>
+#include <qpdf/QPDFObjGen.hh>
 #include <string>
 
 namespace documents {

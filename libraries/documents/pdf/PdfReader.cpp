@@ -3,7 +3,7 @@
 #include "documents/model/DocumentBuilder.h"
 #include "documents/pdf/ContentWalker.h"
 #include "documents/pdf/PdfDescription.h"
-#include "documents/pdf/PdfFile.h"
+#include "documents/pdf/PdfFile.h"  // IWYU pragma: keep
 #include "documents/pdf/details/PageFonts.h"
 #include "documents/pdf/quick/QuickFile.h"
 

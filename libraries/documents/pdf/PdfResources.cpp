@@ -1,5 +1,7 @@
 #include "documents/pdf/PdfResources.h"
 
+#include <qpdf/QPDFObjectHandle.hh>
+
 #include "documents/pdf/ContentLexer.h"
 #include "documents/pdf/PdfDictionary.h"
 #include "documents/pdf/quick/QuickObject.h"

@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <map>
-#include <qpdf/QPDFObjectHandle.hh>
 #include <string>
 #include <string_view>
 

@@ -91,7 +91,7 @@ void SimulatedWorld::SetActive(const std::vector<std::string>& names)
 
 std::string SimulatedWorld::SetDocument(const std::string& path, documents::OpenResult result)
 {
-    const std::string problem = CheckPath(path);
+    std::string problem = CheckPath(path);
     if (!problem.empty()) return problem;
     const std::string absolute = GetPath(path);
     mDocuments[absolute] = std::move(result);

@@ -10,8 +10,9 @@
 #include "documents/bytes/ReadBudget.h"
 #include "documents/model/FontName.h"
 #include "documents/pdf/PdfDictionary.h"
+#include "documents/pdf/PdfFile.h"  // IWYU pragma: keep
 #include "documents/pdf/PdfFont.h"
-#include "documents/pdf/quick/QuickFile.h"
+#include "documents/pdf/quick/QuickFile.h"  // IWYU pragma: keep
 
 namespace documents {
 

@@ -3,7 +3,6 @@
 #include <vector>
 
 #include "documents/model/Document.h"
-#include "documents/pdf/PdfFile.h"
 
 namespace documents {
 

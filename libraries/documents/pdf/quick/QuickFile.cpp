@@ -1,6 +1,5 @@
 #include "documents/pdf/quick/QuickFile.h"
 
-#include <algorithm>
 #include <qpdf/Pipeline.hh>
 #include <utility>
 

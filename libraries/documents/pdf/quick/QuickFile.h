@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <map>
-#include <memory>
 #include <string_view>
 #include <vector>
 
@@ -23,7 +22,7 @@ namespace documents {
 // has the same answer as from the library alone.
 //
 // `bytes` must outlive the object. [one thread at a time]
-class QuickFile : private QuickTargets {
+class QuickFile final : private QuickTargets {
 public:
     using Object = QuickObject;
 

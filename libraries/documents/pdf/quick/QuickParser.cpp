@@ -268,7 +268,7 @@ QuickNode QuickParser::ParseDictionary(size_t depth)
         mStack.push_back(value);
     }
     mPosition += 2;
-    if (mStack.size() - first > 2 * QuickNode::kMostUnsorted) SortEntries(mStack, first);
+    if (mStack.size() - first > size_t{2} * QuickNode::kMostUnsorted) SortEntries(mStack, first);
     return MakeContainer(QuickType::kDictionary, first);
 }
 

@@ -1,9 +1,7 @@
 #include "documents/pdf/quick/QuickXref.h"
 
-#include <algorithm>
 #include <array>
 #include <set>
-#include <string>
 
 namespace documents {
 
@@ -132,8 +130,9 @@ private:
         if (index == nullptr) {
             sections = {0, static_cast<size_t>(GetInteger(FindDirect(dictionary, "/Size")))};
         } else {
-            if (index->type != QuickType::kArray || index->count % 2 != 0)
+            if (index->type != QuickType::kArray || index->count % 2 != 0) {
                 throw Irregular("/Index");
+            }
             for (size_t i = 0; i < index->count; ++i) {
                 sections.push_back(static_cast<size_t>(GetInteger(index->items + i)));
             }
