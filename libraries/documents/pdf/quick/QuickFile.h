@@ -22,7 +22,7 @@ namespace documents {
 // has the same answer as from the library alone.
 //
 // `bytes` must outlive the object. [one thread at a time]
-class QuickFile final : private QuickTargets {
+class QuickFile : private QuickTargets {
 public:
     using Object = QuickObject;
 

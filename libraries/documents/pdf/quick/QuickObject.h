@@ -42,12 +42,13 @@ class QuickObject;
 // Where references lead: a QuickFile.
 class QuickTargets {
 public:
+    virtual ~QuickTargets() = default;
+
     // Returns the value, or the object that it refers to. Throws Irregular.
     virtual QuickObject Resolve(const QuickNode* node) = 0;
 
 protected:
     QuickTargets() = default;
-    ~QuickTargets() = default;
 };
 
 // A value of a QuickFile, which must outlive it. Has the functions of the PDF library's handle that
