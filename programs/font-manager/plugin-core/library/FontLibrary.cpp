@@ -1,5 +1,8 @@
 #include "plugin-core/library/FontLibrary.h"
 
+#include <algorithm>
+#include <cstddef>
+
 #include "base/Files.h"
 #include "plugin-core/library/FontFiles.h"
 
@@ -8,6 +11,9 @@ namespace {
 
 // The modification time of a file that the next Refresh reads again, changed or not.
 constexpr int64_t kReadAgain = -1;
+
+// Of a folder: what was read of more is stored first, to keep memory small.
+constexpr size_t kFilesAtOnce = 20000;
 
 std::vector<fonts::FontFaces> ReadFiles(const std::vector<FontFileState>& files)
 {
@@ -136,9 +142,24 @@ void FontLibrary::RefreshFolder(const std::string& folder, KnownFiles gone)
     mFilesRead += static_cast<int64_t>(changed.size());
     mFilesGone += static_cast<int64_t>(gone.size());
     if (changed.empty() && gone.empty()) return;
-    // Files are read before the transaction, so that other processes don't wait for it.
-    const std::vector<fonts::FontFaces> contents = ReadFiles(changed);
-    Transaction transaction(mDatabase);
+    size_t first = 0;
+    do {
+        const size_t count = std::min(kFilesAtOnce, changed.size() - first);
+        const auto begin = changed.begin() + static_cast<std::ptrdiff_t>(first);
+        const std::vector<FontFileState> part(begin, begin + static_cast<std::ptrdiff_t>(count));
+        // Files are read before the transaction, so that other processes don't wait for it.
+        const std::vector<fonts::FontFaces> contents = ReadFiles(part);
+        Transaction transaction(mDatabase);
+        // Together with the first files: one that was moved is never missing.
+        if (first == 0) RemoveGone(gone);
+        Store(mDatabase, folder, part, contents);
+        transaction.Commit();
+        first += count;
+    } while (first < changed.size());
+}
+
+void FontLibrary::RemoveGone(const KnownFiles& gone)
+{
     // Rows that another process has changed since then are newer, and no longer match.
     Statement remove(mDatabase,
                      "DELETE FROM font_file"
@@ -146,8 +167,6 @@ void FontLibrary::RefreshFolder(const std::string& folder, KnownFiles gone)
     for (const auto& [path, file] : gone) {
         remove.Bind(file.id).Bind(path).Bind(file.modified).Bind(file.size).Run();
     }
-    Store(mDatabase, folder, changed, contents);
-    transaction.Commit();
 }
 
 std::optional<std::string> FontLibrary::FindIn(const std::string& folder, const std::string& name)

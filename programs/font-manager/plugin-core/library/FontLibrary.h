@@ -108,6 +108,7 @@ private:
     // The files in the index, by folder.
     std::map<std::string, KnownFiles> LoadKnownFiles();
     void RefreshFolder(const std::string& folder, KnownFiles gone);
+    void RemoveGone(const KnownFiles& gone);
     std::optional<std::string> FindIn(const std::string& folder, const std::string& name);
     int64_t CountRows(const std::string& selectFromWhere);
 

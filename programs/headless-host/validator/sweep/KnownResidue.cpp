@@ -12,11 +12,14 @@ constexpr char kShutdownEnds[] = "PluginCore must not throw; the shutdown ends w
 constexpr char kAcquiresAgain[] =
     "after a failure the next message acquires all suites again, but only one round is released";
 constexpr char kReleaseEnds[] = "the release of the suites ends with the one that failed";
+constexpr char kKeepsGlobals[] =
+    "an exception ends the shutdown before it clears the globals, and until then the plug-in stays";
 constexpr char kOnlyNumbers[] =
     "only the numbers that failed results become are caught before the suite is released";
 constexpr char kNotLookedAt[] = "the result isn't looked at; the host refuses the null handle";
 
 const std::vector<KnownResidue> kKnownResidues = {
+    {104, "ReleaseSuite", "refuses to be unloaded after its shutdown", kKeepsGlobals},
     {302, "ReleaseSuite AI Menu Suite throw:", "SIGABRT (Aborted): terminate called after throwing",
      "the holder of the menu suite releases it in its destructor, which must not throw"},
     {403, "AcquireSuite", "", kAcquiresAgain},
@@ -44,6 +47,9 @@ const std::vector<KnownResidue> kKnownResidues = {
     {505, "Release", "", kGivingBack},
     {505, "ReleaseSuite", "", kReleaseEnds},
     {505, "TerminatePluginCoreInterface throw:", "", kShutdownEnds},
+    {609, "GetAPIVersion throw:int", "AllocateGlobals", kShutdownEnds},
+    {609, "GetSettings throw:int", "AllocateGlobals", kShutdownEnds},
+    {609, "TerminatePluginCoreInterface throw:", "AllocateGlobals", kShutdownEnds},
 };
 
 }  // namespace

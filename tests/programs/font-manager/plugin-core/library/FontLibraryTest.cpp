@@ -87,6 +87,22 @@ TEST_F(FontLibraryTest, CountsBadFilesAndContinues)
     EXPECT_EQ(1, counts.names);
 }
 
+TEST_F(FontLibraryTest, StoresAFolderOfManyFilesInParts)
+{
+    constexpr int kFiles = 20001;  // one more than a part
+    for (int number = 0; number < kFiles; ++number) {
+        FontTestHome::WriteFile(mHome.GetLibrary() / (std::to_string(number) + ".otf"), "");
+    }
+    const fs::path gone = mHome.GetLibrary() / "0.otf";
+    mLibrary.Refresh();
+    EXPECT_EQ(kFiles, mLibrary.GetCounts().filesRead);
+    EXPECT_EQ(kFiles, mLibrary.GetCounts().badFiles);
+    fs::remove(gone);
+    mLibrary.Refresh();
+    EXPECT_EQ(0, mLibrary.GetCounts().filesRead);
+    EXPECT_EQ(kFiles - 1, mLibrary.GetCounts().badFiles);
+}
+
 TEST_F(FontLibraryTest, UsesTheNewestOfSeveralFiles)
 {
     const fs::path older = Copy("DejaVuSans", "b");

@@ -150,6 +150,20 @@ TEST(SweepTest, AnotherRuleOrAnotherTextIsNotLeftOut)
               MakeOutcome(403, "Unload", "TerminatePluginCoreInterface 5").result);
 }
 
+TEST(SweepTest, AShutdownThatAnExceptionEndsKeepsTheGlobals)
+{
+    const std::string refusal = "Unload: the plug-in refuses to be unloaded after its shutdown";
+    const std::string release = "ReleaseSuite ATE ArrayParagraphJustification Suite throw:int";
+    EXPECT_EQ(CaseResult::kPassed, MakeOutcome(104, refusal, release).result);
+    EXPECT_EQ(CaseResult::kFailed, MakeOutcome(104, refusal, "").result);
+    EXPECT_EQ(CaseResult::kFailed, MakeOutcome(104, refusal, "GetMenus throw:int").result);
+    const std::string leak = "lost memory: 32 byte(s) in 1 object(s) of AllocateGlobals(...)";
+    EXPECT_EQ(CaseResult::kPassed, MakeOutcome(609, leak, "GetSettings throw:int").result);
+    EXPECT_EQ(CaseResult::kFailed, MakeOutcome(609, leak, "").result);
+    EXPECT_EQ(CaseResult::kFailed,
+              MakeOutcome(609, "lost memory: 32 byte(s)", "GetSettings throw:int").result);
+}
+
 TEST(SweepTest, OnlyTheReleaseOfTheMenuSuiteMayEndTheProcessByAnException)
 {
     const std::string end =
