@@ -11,7 +11,8 @@
 #include "base/Utf8.h"
 #include "documents/bytes/ReadBudget.h"
 #include "documents/pdf/PdfDictionary.h"
-#include "documents/pdf/StreamFilters.h"
+#include "documents/pdf/filters/ByteSink.h"
+#include "documents/pdf/filters/StreamFilters.h"
 
 namespace documents {
 
@@ -19,19 +20,6 @@ namespace {
 
 constexpr size_t kTailBytes = 2048;
 constexpr size_t kMostRepairedBytes = size_t{128} << 20;  // a repaired file is in memory twice
-
-class ByteSink : public Pipeline {
-public:
-    explicit ByteSink(ByteBuffer& data) : Pipeline("sink", nullptr), mData(data) {}
-    void write(unsigned char const* data, size_t length) override
-    {
-        mData.AppendTaken({reinterpret_cast<const char*>(data), length});
-    }
-    void finish() override {}
-
-private:
-    ByteBuffer& mData;
-};
 
 // Warnings of 61 of 1,907 sound files.
 bool IsHarmless(const QPDFExc& warning)

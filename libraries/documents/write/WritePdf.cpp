@@ -9,7 +9,7 @@
 
 #include "base/Utf8.h"
 #include "documents/native/NativeAdditions.h"
-#include "documents/pdf/StreamFilters.h"
+#include "documents/pdf/filters/StreamFilters.h"
 #include "documents/write/WriteDocument.h"
 #include "documents/write/WriteXmp.h"
 

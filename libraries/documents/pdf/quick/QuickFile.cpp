@@ -1,11 +1,11 @@
 #include "documents/pdf/quick/QuickFile.h"
 
-#include <qpdf/Pipeline.hh>
 #include <utility>
 
 #include "documents/bytes/Decompress.h"
 #include "documents/bytes/ReadBudget.h"
-#include "documents/pdf/PngPredictor.h"
+#include "documents/pdf/filters/ByteSink.h"
+#include "documents/pdf/filters/PngPredictor.h"
 
 namespace documents {
 
@@ -14,19 +14,6 @@ namespace {
 constexpr size_t kMostLoading = 16;    // a length in an object stream whose length is ...
 constexpr size_t kMostTreeDepth = 64;  // of the pages
 constexpr long long kMostRowBytes = 1 << 24;
-
-class PlainSink : public Pipeline {
-public:
-    explicit PlainSink(ByteBuffer& data) : Pipeline("sink", nullptr), mData(data) {}
-    void write(unsigned char const* data, size_t length) override
-    {
-        mData.AppendTaken({reinterpret_cast<const char*>(data), length});
-    }
-    void finish() override {}
-
-private:
-    ByteBuffer& mData;
-};
 
 bool HasType(const QuickObject& dictionary, std::string_view type)
 {
@@ -164,7 +151,7 @@ void QuickFile::Inflate(std::string_view packed, const QuickObject& parameters, 
                          columns < kMostRowBytes && columns * pixelBits < kMostRowBytes;
     ByteBuffer predicted;
     if (!isSound || !InflateAtOnce(packed, predicted)) throw Irregular("predictor");
-    PlainSink sink(data);
+    ByteSink sink(data);
     PngPredictor decoder(&sink, static_cast<size_t>((columns * pixelBits + 7) / 8),
                          static_cast<size_t>((pixelBits + 7) / 8));
     decoder.write(reinterpret_cast<const unsigned char*>(predicted.GetView().data()),

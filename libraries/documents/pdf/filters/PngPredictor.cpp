@@ -1,4 +1,4 @@
-#include "documents/pdf/PngPredictor.h"
+#include "documents/pdf/filters/PngPredictor.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -1,4 +1,4 @@
-#include "documents/pdf/StreamFilters.h"
+#include "documents/pdf/filters/StreamFilters.h"
 
 #include <gtest/gtest.h>
 
@@ -6,8 +6,8 @@
 
 #include "PdfMaker.h"
 #include "documents/bytes/ReadBudget.h"
-#include "documents/pdf/LzwDecoder.h"
-#include "documents/pdf/PngPredictor.h"
+#include "documents/pdf/filters/LzwDecoder.h"
+#include "documents/pdf/filters/PngPredictor.h"
 
 using namespace documents;
 

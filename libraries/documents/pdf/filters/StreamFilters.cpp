@@ -1,4 +1,4 @@
-#include "documents/pdf/StreamFilters.h"
+#include "documents/pdf/filters/StreamFilters.h"
 
 #include <memory>
 #include <mutex>
@@ -11,8 +11,8 @@
 #include <string>
 
 #include "documents/bytes/ReadBudget.h"
-#include "documents/pdf/LzwDecoder.h"
-#include "documents/pdf/PngPredictor.h"
+#include "documents/pdf/filters/LzwDecoder.h"
+#include "documents/pdf/filters/PngPredictor.h"
 
 namespace documents {
 

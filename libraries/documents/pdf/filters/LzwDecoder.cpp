@@ -1,4 +1,4 @@
-#include "documents/pdf/LzwDecoder.h"
+#include "documents/pdf/filters/LzwDecoder.h"
 
 #include <stdexcept>
 
