@@ -28,17 +28,15 @@ struct FontScan {
     {
         for (const SFontRecord& font : fonts) {
             for (const auto& [key, value] : font) {
-                if (key == "PostScriptName") given.insert(value);
+                if (key == "PostScriptName") known.insert(value);
             }
         }
     }
 
     FontList& fonts;
-    // The names in `fonts`, where a repeat is found faster: those from before, and those that the
-    // scan added, none of which is a default font. A name stays where it is when the list grows,
-    // because a record is moved without its parts.
-    std::unordered_set<std::string_view> given;
-    std::unordered_set<std::string_view> added;
+    // The names in `fonts`, where a repeat is found faster. A name stays where it is when the list
+    // grows, because a record is moved without its parts.
+    std::unordered_set<std::string_view> known;
     static_assert(std::is_nothrow_move_constructible_v<SFontRecord>);
     SFontRecord record;
     std::string name;
@@ -63,18 +61,17 @@ int AddNewFontNameFromTextArt(ATE::ITextRange run, FontScan& scan)
         OutputIndentedAndFormattedString(0, "ERROR:  GetTextRunFaceStyle() returned %d", status);
         return kUnknownError;
     }
-    const bool isRepeat = scan.added.count(name) != 0;
-    if (!isRepeat && IsIllustratorDefaultFont(name)) {
+    if (IsIllustratorDefaultFont(name)) {
         OutputIndentedAndFormattedString(
             0, "AddNewFontNameFromTextArt() ignoring '%s' (Illustrator default font).",
             name.c_str());
         return kUnknownError;
     }
     FillRecord(name, scan.record);
-    const bool isAdded = !isRepeat && scan.given.count(name) == 0 &&
+    const bool isAdded = scan.known.count(name) == 0 &&
                          CrossPluginUtils::AddFontToArray(scan.record, false, scan.fonts);
     if (isAdded) {
-        scan.added.insert(scan.fonts.back().begin()->second);
+        scan.known.insert(scan.fonts.back().begin()->second);
         OutputIndentedAndFormattedString(0, "AddNewFontNameFromTextArt() added '%s'", name.c_str());
     } else {
         OutputIndentedAndFormattedString(
