@@ -20,7 +20,7 @@ constexpr size_t kMostKeptBytes = size_t{1} << 20;
 constexpr size_t kMostTextBytes = 1024;  // of one operator, for the words
 
 // The name of an operator as a number; 0 for a name that is longer than those that matter.
-constexpr uint32_t GetCode(std::string_view name)
+constexpr uint32_t GetOperatorCode(std::string_view name)
 {
     constexpr size_t kLongest = 3;
     uint32_t code = 0;
@@ -142,41 +142,41 @@ void ContentWalker<File>::Walk(std::string_view content, Resources& resources, c
 template <class File>
 void ContentWalker<File>::Execute(std::string_view operation, State& state, ContentLexer& lexer)
 {
-    switch (GetCode(operation)) {
-        case GetCode("Tj"):
-        case GetCode("TJ"):
-        case GetCode("'"):
-        case GetCode("\""):
+    switch (GetOperatorCode(operation)) {
+        case GetOperatorCode("Tj"):
+        case GetOperatorCode("TJ"):
+        case GetOperatorCode("'"):
+        case GetOperatorCode("\""):
             ShowText(state);
             break;
-        case GetCode("Tf"):
+        case GetOperatorCode("Tf"):
             ++mLookups;
             state.font = state.resources.FindFont(state.name);
             if (state.font == nullptr) ++mUnknownFonts;
             break;
-        case GetCode("ET"):
+        case GetOperatorCode("ET"):
             EndFrame(state);
             break;
-        case GetCode("q"):
+        case GetOperatorCode("q"):
             Save(state);
             break;
-        case GetCode("Q"):
+        case GetOperatorCode("Q"):
             Restore(state);
             break;
-        case GetCode("gs"):
+        case GetOperatorCode("gs"):
             ++mLookups;
             ApplyGraphicsState(state);
             break;
-        case GetCode("Do"):
+        case GetOperatorCode("Do"):
             ++mLookups;
             Draw(state);
             break;
-        case GetCode("scn"):
-        case GetCode("SCN"):
+        case GetOperatorCode("scn"):
+        case GetOperatorCode("SCN"):
             ++mLookups;
             SetPattern(state);
             break;
-        case GetCode("BI"):
+        case GetOperatorCode("BI"):
             SkipInlineImage(lexer);
             break;
         default:
