@@ -117,7 +117,7 @@ private:
     void Fail(const std::string& reason) { mError = mName + ": " + reason; }
 
     net::io_context mContext{1};
-    websocket::stream<net::ip::tcp::socket> mStream{mContext};
+    websocket::stream<net::ip::tcp::socket, false> mStream{mContext};
     std::string mName;
     websocket::response_type mAnswer;  // to the handshake
     beast::flat_buffer mBuffer;

@@ -7,9 +7,9 @@ namespace {
 ScriptedPlugPlug MakeState()
 {
     ScriptedPlugPlug state;
-    if (std::string(SCRIPTED_PLUG_PLUG_VARIANT) == "listener-fails-once") {
-        state.firstAnswers["PlugPlugAddEventListener"] = {7};
-    }
+#ifdef SCRIPTED_PLUG_PLUG_LISTENER_FAILS_ONCE
+    state.firstAnswers["PlugPlugAddEventListener"] = {7};
+#endif
     return state;
 }
 

@@ -168,7 +168,7 @@ private:
     void OnDiscarded(ErrorCode error, size_t bytes);
 
     PanelContext& mContext;
-    websocket::stream<Socket> mWebSocket;  // its socket alone until the handshake
+    websocket::stream<Socket, false> mWebSocket;  // its socket alone until the handshake
     uint64_t mNumber;
     Phase mPhase = Phase::kHeader;
     int64_t mSince;  // start of the time that the phase may take

@@ -3,13 +3,13 @@
 
 namespace {
 
-constexpr char kFile[] = "core-agent/cpp-core/src/GDateTime.";
+constexpr char kDateFile[] = "core-agent/cpp-core/src/GDateTime.";
 constexpr char kName[] = "GDateTime::kParsingError";
 constexpr unsigned int kCode = GDateTime::kParsingError;
 
 ExpectedReport Parsing(const char* expression)
 {
-    return {"Miscellaneous", expression, kCode, 1, kName, kFile};
+    return {"Miscellaneous", expression, kCode, 1, kName, kDateFile};
 }
 
 struct FaultyDate {

@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr char kFile[] = "core-agent/cpp-core/src/GScopedLock.";
+constexpr char kLockFile[] = "core-agent/cpp-core/src/GScopedLock.";
 
 class LockChecks : public testing::Test {
 protected:
@@ -25,7 +25,7 @@ TEST_F(LockChecks, FailedLockIsReportedAtDebugLevel)
     FailToLock();
     ExpectReports(log.Reports(),
                   {{"Lockable", "mLockStrategy->Lock(mLockable)", GMutex::kMutexDeadlockErr, 4,
-                    "GMutex::kMutexDeadlockErr", kFile}});
+                    "GMutex::kMutexDeadlockErr", kLockFile}});
 }
 
 TEST_F(LockChecks, FailedLockIsNotLoggedByDefault)
@@ -44,7 +44,7 @@ TEST_F(LockChecks, FailedUnlockIsReportedAtErrorLevel)
     lock.Unlock();
     ExpectReports(log.Reports(),
                   {{"Lockable", "mLockStrategy->Unlock(mLockable)", GMutex::kMutexDeadlockErr, 1,
-                    "GMutex::kMutexDeadlockErr", kFile}});
+                    "GMutex::kMutexDeadlockErr", kLockFile}});
     EXPECT_EQ(CoreErrorCodes::kSuccess,
               mutex.Lock());  // because the destructor unlocks again
 }

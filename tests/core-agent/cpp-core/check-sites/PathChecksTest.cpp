@@ -9,7 +9,7 @@
 namespace {
 
 constexpr char kSpecFile[] = "core-agent/cpp-core/src/GFileSystemSpec.";
-constexpr char kFile[] = "core-agent/cpp-core/src/GFileSystem_Posix.";
+constexpr char kPosixFile[] = "core-agent/cpp-core/src/GFileSystem_Posix.";
 constexpr char kInvalid[] = "!(strCopy.empty() || GFileSystem::OSIsValidFullPath(strCopy))";
 
 class PathChecks : public testing::Test {
@@ -30,7 +30,7 @@ protected:
                 CoreErrorCodes::kError,
                 1,
                 "CoreErrorCodes::kError",
-                kFile};
+                kPosixFile};
     }
     RecordingLog log;
 };

@@ -39,7 +39,7 @@ std::string ReadTypeloftRules()
 }
 
 // Whether the host checks the rule while any script plays.
-bool IsCheckedByHost(int rule)
+bool IsCheckedByEachScript(int rule)
 {
     return rule == headless::kSessionNotBegun || rule == headless::kSessionNotReturned;
 }
@@ -112,7 +112,7 @@ TEST(TypeloftRulesTest, EachRuleHasCasesUnlessTheHostChecksItAlways)
     for (const RuleRow& rule : headless::ListTypeloftRules()) known.insert(rule.number);
     for (const ValidatorCase& each : MakeTypeloftCases()) tested.insert(each.rule);
     for (const int rule : known) {
-        EXPECT_EQ(IsCheckedByHost(rule) ? 0U : 1U, tested.count(rule)) << rule;
+        EXPECT_EQ(IsCheckedByEachScript(rule) ? 0U : 1U, tested.count(rule)) << rule;
     }
     for (const int rule : tested) EXPECT_EQ(1U, known.count(rule)) << rule;
 }

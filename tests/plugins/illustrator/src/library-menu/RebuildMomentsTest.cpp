@@ -5,8 +5,6 @@ using ::testing::IsEmpty;
 
 namespace {
 
-const char* const kBarrier = "Unhandled exception in Typeloft plugin.";
-
 class RebuildBeforeStartup : public MenuFixture {};
 
 TEST_F(RebuildBeforeStartup, OnlyWritesATrace)

@@ -6,6 +6,8 @@
 
 constexpr AIErr kHostError = 4711;
 inline const char* const kTopGroup = "Type Plugins1";
+// Traced for an exception that Main stops.
+inline const char* const kBarrier = "Unhandled exception in Typeloft plugin.";
 
 // Tests of the menus. Each test starts without menus.
 class MenuFixture : public MessageFixture {

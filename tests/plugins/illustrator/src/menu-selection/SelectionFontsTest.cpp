@@ -7,7 +7,6 @@ using ::testing::ElementsAre;
 namespace {
 
 const char* const kNoFonts = "No fonts found in document.";
-const char* const kBarrier = "Unhandled exception in Typeloft plugin.";
 
 // Which fonts are passed to PluginCore with a command.
 class SelectionFonts : public RunningMenuFixture {

@@ -6,8 +6,6 @@ using ::testing::IsEmpty;
 
 namespace {
 
-const char* const kBarrier = "Unhandled exception in Typeloft plugin.";
-
 // The conditions under which an update refreshes the items.
 class UpdateGate : public RunningMenuFixture {
 protected:
