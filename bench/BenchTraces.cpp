@@ -1,9 +1,7 @@
 #include "BenchTraces.h"
 
-#include <cstdarg>
-#include <cstdio>
-
 #include "DebugUtils.h"
+#include "TraceText.h"
 
 namespace {
 
@@ -17,11 +15,10 @@ void OutputIndentedAndFormattedString(int /*indentChange*/, const char* format, 
 {
     ++sTraces;
     if (!sHasTraces) return;
-    char text[65536] = {};
+    char text[kTraceTextSize] = {};
     va_list arguments;
     va_start(arguments, format);
-    // The text is not used, so truncation and errors don't matter.
-    (void)std::vsnprintf(text, sizeof text, format, arguments);
+    FormatTraceText(text, format, arguments);
     va_end(arguments);
     asm volatile("" : : "r"(text) : "memory");
 }
