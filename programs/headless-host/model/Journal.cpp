@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <system_error>
 
 #include "base/JsonText.h"
 #include "base/ReadWrite.h"
@@ -33,6 +34,7 @@ bool Journal::Open(const std::string& path, std::string& error)
     mPath = path;
     mError.clear();
     mSequence = 0;
+    mBytes = 0;
     mStart = std::chrono::steady_clock::now();
     return true;
 }
@@ -61,7 +63,18 @@ void Journal::Write(const char* side, const std::string& op, const json& args, c
          at != std::string::npos; at = text.find(mLeftOut, at)) {
         text.erase(at, mLeftOut.size());
     }
-    const std::error_code failure = base::WriteAll(mFile, text);
+    Append(text);
+}
+
+void Journal::Append(const std::string& text)
+{
+    std::error_code failure;
+    if (mBytes > 0 && mBytes + text.size() > mMostBytes) {
+        if (ftruncate(mFile, 0) != 0) failure = {errno, std::generic_category()};
+        mBytes = 0;
+    }
+    mBytes += text.size();
+    if (!failure) failure = base::WriteAll(mFile, text);
     if (!failure) return;
     mError = mPath + ": cannot be written: " + failure.message();
     Close();

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <chrono>
+#include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <nlohmann/json.hpp>
 #include <string>
@@ -36,6 +38,10 @@ public:
                                         const nlohmann::json& args, const nlohmann::json& result)>;
     void SetFollower(Follower follower) { mFollower = std::move(follower); }
 
+    // Empties the file instead of making it larger than this, for those who want the last lines
+    // only. A line alone may be larger.
+    void LimitFile(size_t bytes) { mMostBytes = bytes; }
+
     // Leaves out this folder, which ends with '/', wherever a line of the file has it.
     void LeaveOut(const std::string& folder) { mLeftOut = folder; }
 
@@ -57,11 +63,14 @@ public:
 
 private:
     void Close();
+    void Append(const std::string& text);
 
     int mFile = -1;
     std::string mPath;
     std::string mError;
     std::string mLeftOut;
+    size_t mMostBytes = SIZE_MAX;
+    size_t mBytes = 0;  // of the file
     Observer mObserver;
     Follower mFollower;
     unsigned long mSequence = 0;

@@ -17,6 +17,10 @@ namespace headless {
 
 namespace {
 
+// Of a journal only the last lines are shown. One that takes more than its process may write would
+// end the process.
+constexpr size_t kMostJournalBytes = size_t{64} << 20;
+
 // Without the file, a crash is not known to be the failed call's.
 void WriteFailedCall(const std::string& path, const std::string& line)
 {
@@ -50,6 +54,7 @@ public:
     {
         std::string error;
         // A journal that cannot be written is missed only where it is shown.
+        mHost.journal.LimitFile(kMostJournalBytes);
         if (!journal.empty() && mHost.journal.Open(journal, error)) {
             mHost.journal.WriteHeader({{"host", "headless-host " HEADLESS_HOST_VERSION},
                                        {"language", mWorld.language},

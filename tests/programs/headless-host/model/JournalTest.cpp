@@ -1,3 +1,5 @@
+#include <filesystem>
+
 #include "HostFixture.h"
 #include "application/HostPlatformTable.h"
 
@@ -30,6 +32,25 @@ TEST_F(JournalTest, EmptiesAFileThatExists)
     ASSERT_EQ(1U, lines.size());
     EXPECT_EQ("new", lines[0].at("op"));
     EXPECT_EQ(1, lines[0].at("seq"));
+}
+
+TEST_F(JournalTest, KeepsTheLastLinesWithinALimit)
+{
+    constexpr size_t kMost = 1000;
+    WriteJournal();
+    host->journal.LimitFile(kMost);
+    for (int line = 1; line <= 100; ++line) {
+        host->journal.Write("host", "line", {}, line);
+        const auto lines = ReadJournal();
+        ASSERT_FALSE(lines.empty());
+        EXPECT_EQ(line, lines.back().at("result"));
+        EXPECT_GE(kMost, std::filesystem::file_size(folder + "/journal"));
+    }
+    EXPECT_LT(1U, ReadJournal().size());
+    host->journal.Write("host", std::string(2 * kMost, 'x'), {}, nullptr);
+    EXPECT_EQ(1U, ReadJournal().size()) << "a long line is alone";
+    host->journal.Write("host", "next", {}, nullptr);
+    EXPECT_EQ("next", ReadJournal().at(0).at("op"));
 }
 
 TEST_F(JournalTest, ReplacesBytesThatAreNotUtf8)
