@@ -76,6 +76,7 @@ public:
     {
         mLimits.jobs =
             mOptions.jobs > 0 ? mOptions.jobs : static_cast<unsigned>(batch::GetCoreCount());
+        mLimits.seconds = ScaleTimeLimit(mLimits.seconds, mOptions.length);
     }
 
     int Run()

@@ -9,6 +9,13 @@
 
 namespace headless {
 
+double ScaleTimeLimit(double seconds, size_t length)
+{
+    const size_t usual = RandomSettings().length;
+    if (length <= usual) return seconds;
+    return seconds * static_cast<double>(length) / static_cast<double>(usual);
+}
+
 void RunRandomCases(const RandomSettings& settings, CaseSeries& series, ValidatorReport& report)
 {
     const size_t scripts =

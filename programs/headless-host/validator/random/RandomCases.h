@@ -11,6 +11,10 @@ namespace headless {
 constexpr int kRandomWithModel = 1601;     // a real host could send all of them
 constexpr int kRandomWithoutModel = 1602;  // any message at any time
 
+// What a case may take if one of the usual length may take `seconds`: the same, or more in
+// proportion to its length.
+double ScaleTimeLimit(double seconds, size_t length);
+
 struct RandomSettings {
     int rule = kRandomWithModel;
     bool isTypeloft = false;

@@ -40,6 +40,13 @@ std::vector<nlohmann::json> RunRandom(size_t count, unsigned long seed, const Ca
 
 }  // namespace
 
+TEST(RandomCases, ALongLifeHasMoreTime)
+{
+    EXPECT_EQ(10, ScaleTimeLimit(10, 1));
+    EXPECT_EQ(10, ScaleTimeLimit(10, 200));
+    EXPECT_EQ(25, ScaleTimeLimit(10, 500));
+}
+
 TEST(RandomCases, HaveConsecutiveSeeds)
 {
     const auto values =
