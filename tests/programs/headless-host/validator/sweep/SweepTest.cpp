@@ -164,6 +164,26 @@ TEST(SweepTest, AShutdownThatAnExceptionEndsKeepsTheGlobals)
               MakeOutcome(609, "lost memory: 32 byte(s)", "GetSettings throw:int").result);
 }
 
+// Without its notifiers, which a failed startup doesn't add, the plug-in is shut down once only.
+TEST(SweepTest, AnExceptionOfAnyTypeOutOfPluginCoreEndsTheOnlyShutdown)
+{
+    const std::string refusal = "Unload: the plug-in refuses to be unloaded after its shutdown";
+    for (const char* call : {"GetAPIVersion", "GetSettings", "TerminatePluginCoreInterface"}) {
+        for (const char* type : {"int", "std::exception", "ATE::Exception"}) {
+            const std::string failed = std::string(call) + " throw:" + type;
+            for (const auto& [rule, message] : std::vector<std::pair<int, std::string>>{
+                     {104, refusal},
+                     {403, "Unload: suite \"AI User Suite\" version 1017 was not released"},
+                     {505, "Unload: block#2 was not given back"}}) {
+                EXPECT_EQ(CaseResult::kPassed, MakeOutcome(rule, message, failed).result)
+                    << rule << " " << failed;
+            }
+        }
+        EXPECT_EQ(CaseResult::kFailed,
+                  MakeOutcome(104, refusal, std::string(call) + " 117440512").result);
+    }
+}
+
 TEST(SweepTest, OnlyTheReleaseOfTheMenuSuiteMayEndTheProcessByAnException)
 {
     const std::string end =
